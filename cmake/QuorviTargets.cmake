@@ -1,0 +1,37 @@
+# What every target of the project is built with, said once.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(QUORVI_BUNDLE_DIR "${CMAKE_BINARY_DIR}/KyvarQuorvi.prefPane")
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+add_library(quorvi-options INTERFACE)
+target_compile_options(quorvi-options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+    -Wcast-qual -Wformat=2 -Werror)
+target_include_directories(quorvi-options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+
+if(QUORVI_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# A library of the project: static, position independent, so that the plug-in, the programs and the
+# tests all link the one build of it.
+function(quorvi_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_link_libraries(${name} PRIVATE quorvi-options)
+    target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>")
+endfunction()
+
+function(quorvi_program name)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE quorvi-options)
+endfunction()

@@ -1,0 +1,208 @@
+#include "plist/Value.h"
+
+#include <algorithm>
+
+#include "plist/ScalarConversion.h"
+
+namespace quorvi::plist {
+
+namespace {
+
+const Value g_nothing;
+
+template <typename EntryList>
+auto findKey(EntryList& entries, std::string_view key) {
+    return std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry.key == key; });
+}
+
+} // namespace
+
+Dictionary Dictionary::create() {
+    Dictionary dictionary;
+    dictionary.m_entries = std::make_shared<Entries>();
+    return dictionary;
+}
+
+std::size_t Dictionary::size() const {
+    return m_entries ? m_entries->size() : 0;
+}
+
+bool Dictionary::has(std::string_view key) const {
+    return !value(key).isNothing();
+}
+
+const Value& Dictionary::value(std::string_view key) const {
+    if (!m_entries)
+        return g_nothing;
+    const auto found = findKey(*m_entries, key);
+    return found == m_entries->end() ? g_nothing : found->value;
+}
+
+std::int32_t Dictionary::integer(std::string_view key) const {
+    return value(key).integer();
+}
+bool Dictionary::boolean(std::string_view key) const {
+    return value(key).boolean();
+}
+double Dictionary::real(std::string_view key) const {
+    return value(key).real();
+}
+
+std::u16string Dictionary::string(std::string_view key) const {
+    const auto* text = value(key).string();
+    return text ? *text : std::u16string();
+}
+
+Dictionary Dictionary::dictionary(std::string_view key) const {
+    return value(key).dictionary();
+}
+Array Dictionary::array(std::string_view key) const {
+    return value(key).array();
+}
+
+void Dictionary::set(std::string_view key, Value value) const {
+    if (!m_entries)
+        return;
+    const auto found = findKey(*m_entries, key);
+    if (found == m_entries->end())
+        append(std::string(key), std::move(value));
+    else
+        found->value = std::move(value);
+}
+
+void Dictionary::append(std::string key, Value value) const {
+    if (m_entries)
+        m_entries->push_back({std::move(key), std::move(value)});
+}
+
+void Dictionary::remove(std::string_view key) const {
+    if (m_entries)
+        std::erase_if(*m_entries, [&](const auto& entry) { return entry.key == key; });
+}
+
+void Dictionary::removeAll() const {
+    if (m_entries)
+        m_entries->clear();
+}
+
+const Dictionary::Entries& Dictionary::entries() const {
+    static const Entries none;
+    return m_entries ? *m_entries : none;
+}
+
+Array Array::create() {
+    Array array;
+    array.m_items = std::make_shared<Items>();
+    return array;
+}
+
+std::size_t Array::size() const {
+    return m_items ? m_items->size() : 0;
+}
+
+const Value& Array::value(std::size_t index) const {
+    return index < size() ? (*m_items)[index] : g_nothing;
+}
+
+Dictionary Array::dictionary(std::size_t index) const {
+    return value(index).dictionary();
+}
+
+void Array::append(Value value) const {
+    if (m_items)
+        m_items->push_back(std::move(value));
+}
+
+void Array::insert(std::size_t index, Value value) const {
+    if (m_items)
+        m_items->insert(
+            m_items->begin() + static_cast<std::ptrdiff_t>(std::min(index, size())), std::move(value));
+}
+
+void Array::replace(std::size_t index, Value value) const {
+    if (index < size())
+        (*m_items)[index] = std::move(value);
+}
+
+void Array::remove(std::size_t index) const {
+    if (index < size())
+        m_items->erase(m_items->begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void Array::removeAll() const {
+    if (m_items)
+        m_items->clear();
+}
+
+void Array::reserve(std::size_t count) const {
+    if (m_items)
+        m_items->reserve(count);
+}
+
+const Array::Items& Array::items() const {
+    static const Items none;
+    return m_items ? *m_items : none;
+}
+
+Value::Value(Dictionary v) {
+    if (v)
+        m_value = std::move(v);
+}
+
+Value::Value(Array v) {
+    if (v)
+        m_value = std::move(v);
+}
+
+std::int32_t Value::integer() const {
+    return toInteger(*this);
+}
+bool Value::boolean() const {
+    return toBoolean(*this);
+}
+double Value::real() const {
+    return toReal(*this);
+}
+
+Dictionary Value::dictionary() const {
+    const auto* v = std::get_if<Dictionary>(&m_value);
+    return v ? *v : Dictionary();
+}
+
+Array Value::array() const {
+    const auto* v = std::get_if<Array>(&m_value);
+    return v ? *v : Array();
+}
+
+namespace {
+
+bool sameEntries(const Dictionary& a, const Dictionary& b) {
+    return a.isSameAs(b) || (a.size() == b.size() &&
+                                std::all_of(a.entries().begin(), a.entries().end(), [&](const auto& entry) {
+                                    return b.has(entry.key) && b.value(entry.key) == entry.value;
+                                }));
+}
+
+} // namespace
+
+bool operator==(const Value& a, const Value& b) {
+    if (const auto dictionary = a.dictionary())
+        return b.dictionary() && sameEntries(dictionary, b.dictionary());
+    if (const auto array = a.array())
+        return b.array() && array.items() == b.array().items();
+    if (a.variant().index() != b.variant().index())
+        return false;
+    return std::visit(
+        [&](const auto& value) {
+            using T = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<T, Dictionary> || std::is_same_v<T, Array>)
+                return true; // compared above
+            else if constexpr (std::is_same_v<T, CarriedRef>)
+                return carriedEqual(value, std::get<T>(b.variant()));
+            else
+                return value == std::get<T>(b.variant());
+        },
+        a.variant());
+}
+
+} // namespace quorvi::plist

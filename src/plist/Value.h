@@ -1,0 +1,155 @@
+// The property-list tree: what a settings file holds, in memory.
+//
+// Dictionaries and arrays are references to shared storage: copying a Dictionary or an Array gives another
+// reference to the same one, so that an editor's "current profile" is a handle into the one live tree.
+// A default-constructed handle is nil. Every operation on nil is allowed: reads give nothing, writes do
+// nothing. Scalars are values.
+//
+// Reading is total. A missing key, an index past the end or a value of another type reads as 0, false or
+// nothing; there is no error to handle.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quorvi::plist {
+
+class Value;
+class Array;
+struct Entry;
+
+/// The bytes of a property list's data value.
+using Data = std::vector<std::uint8_t>;
+
+/// A value that the panel has no use for but keeps for the program that owns it: a date, a UID, an integer
+/// above the signed 64-bit range. Immutable, and opaque outside src/plist.
+class Carried;
+using CarriedRef = std::shared_ptr<const Carried>;
+
+/// A reference to a shared, ordered dictionary with UTF-8 keys, or nil.
+class Dictionary {
+  public:
+    using Entries = std::vector<Entry>;
+
+    Dictionary() = default; ///< nil
+    [[nodiscard]] static Dictionary create();
+
+    explicit operator bool() const { return m_entries != nullptr; }
+    /// Same storage, not equal content. Two nil handles are the same.
+    [[nodiscard]] bool isSameAs(const Dictionary& other) const { return m_entries == other.m_entries; }
+
+    [[nodiscard]] std::size_t size() const;
+    [[nodiscard]] bool has(std::string_view key) const;
+    /// The value under the key; Value() when there is none.
+    [[nodiscard]] const Value& value(std::string_view key) const;
+    [[nodiscard]] std::int32_t integer(std::string_view key) const;
+    [[nodiscard]] bool boolean(std::string_view key) const;
+    [[nodiscard]] double real(std::string_view key) const;
+    [[nodiscard]] std::u16string string(std::string_view key) const; ///< empty when it is no string
+    [[nodiscard]] Dictionary dictionary(std::string_view key) const;
+    [[nodiscard]] Array array(std::string_view key) const;
+
+    /// Replaces the value under the key in place, or appends a new entry.
+    void set(std::string_view key, Value value) const;
+    /// Appends an entry whose key is known to be new; for readers that build a dictionary in order.
+    void append(std::string key, Value value) const;
+    void remove(std::string_view key) const;
+    void removeAll() const;
+
+    /// The entries in order; empty when nil. Invalidated by any change of the dictionary.
+    [[nodiscard]] const Entries& entries() const;
+
+  private:
+    std::shared_ptr<Entries> m_entries;
+};
+
+/// A reference to a shared array, or nil.
+class Array {
+  public:
+    using Items = std::vector<Value>;
+
+    Array() = default; ///< nil
+    [[nodiscard]] static Array create();
+
+    explicit operator bool() const { return m_items != nullptr; }
+    [[nodiscard]] bool isSameAs(const Array& other) const { return m_items == other.m_items; }
+
+    [[nodiscard]] std::size_t size() const;
+    /// The item at the index; Value() past the end.
+    [[nodiscard]] const Value& value(std::size_t index) const;
+    /// The dictionary at the index; nil past the end or when the item is no dictionary.
+    [[nodiscard]] Dictionary dictionary(std::size_t index) const;
+
+    void append(Value value) const;
+    /// Inserts before the index; appends when the index is past the end.
+    void insert(std::size_t index, Value value) const;
+    void replace(std::size_t index, Value value) const; ///< nothing past the end
+    void remove(std::size_t index) const;               ///< nothing past the end
+    void removeAll() const;
+    void reserve(std::size_t count) const;
+
+    [[nodiscard]] const Items& items() const;
+
+  private:
+    std::shared_ptr<Items> m_items;
+};
+
+/// Any value of the tree, or nothing.
+class Value {
+  public:
+    Value() = default; ///< nothing; cannot be written to a property list
+    Value(bool v) : m_value(v) {}
+    Value(std::int32_t v) : m_value(std::int64_t{v}) {}
+    Value(std::int64_t v) : m_value(v) {}
+    Value(double v) : m_value(v) {}
+    /// A 32-bit float is kept as its exact value.
+    Value(float v) : m_value(double{v}) {}
+    Value(std::u16string v) : m_value(std::move(v)) {}
+    Value(const char16_t* v) : m_value(std::u16string(v)) {}
+    Value(Data v) : m_value(std::move(v)) {}
+    Value(Dictionary v); ///< nothing when nil
+    Value(Array v);      ///< nothing when nil
+    Value(CarriedRef v) : m_value(std::move(v)) {}
+    Value(const void*) = delete; // keeps stray pointers from becoming booleans
+    Value(const char*) = delete;
+
+    [[nodiscard]] bool isNothing() const { return std::holds_alternative<std::monostate>(m_value); }
+
+    /// The value as the platform's 32-bit integer: an integer's low 32 bits, a real truncated toward zero
+    /// and kept within the range (not a number is 0), a boolean as 0 or 1, a string's leading decimal number
+    /// (blanks, sign, digits; kept within the range), 0 for everything else.
+    [[nodiscard]] std::int32_t integer() const;
+    /// Numbers: not 0. Strings: true when they start with Y, y, T, t or a digit from 1 to 9, behind blanks,
+    /// a sign and zeros. False for everything else.
+    [[nodiscard]] bool boolean() const;
+    /// The value as a real number: a string's leading number, 0 for everything else that is no number.
+    [[nodiscard]] double real() const;
+    /// Nothing (a null pointer) when the value is of another type.
+    [[nodiscard]] const std::u16string* string() const { return std::get_if<std::u16string>(&m_value); }
+    [[nodiscard]] const Data* data() const { return std::get_if<Data>(&m_value); }
+    [[nodiscard]] Dictionary dictionary() const; ///< nil when the value is of another type
+    [[nodiscard]] Array array() const;           ///< nil when the value is of another type
+
+    using Variant = std::variant<std::monostate, bool, std::int64_t, double, std::u16string, Data, Dictionary,
+        Array, CarriedRef>;
+    [[nodiscard]] const Variant& variant() const { return m_value; }
+
+  private:
+    Variant m_value;
+};
+
+/// One key of a dictionary with its value.
+struct Entry {
+    std::string key;
+    Value value;
+};
+
+/// Equal content: same types, same values, same keys whatever their order.
+[[nodiscard]] bool operator==(const Value& a, const Value& b);
+
+} // namespace quorvi::plist
