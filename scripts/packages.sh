@@ -1,0 +1,16 @@
+# The Debian packages that the project needs, by purpose. Sourced by scripts/setup.
+
+packages_build=(
+    cmake ninja-build g++ pkg-config
+    qt6-base-dev
+    libplist-dev libsystemd-dev libxkbcommon-dev
+    dbus dbus-daemon
+)
+packages_display=(xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core)
+packages_test=(
+    libgtest-dev libbenchmark-dev
+    "${packages_display[@]}"
+    desktop-file-utils libxml2-utils xkb-data procps strace python3-minimal
+)
+packages_qt5=(qtbase5-dev)
+packages_check=(clang-format clang-tidy)

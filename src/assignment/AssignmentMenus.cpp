@@ -1,0 +1,133 @@
+// The nine assignment pop-ups: their menus, and what each shows of the current profile.
+
+#include <QMenu>
+
+#include "keyboard/KeyCodes.h"
+#include "keyboard/KeyNames.h"
+#include "model/CommandCodes.h"
+#include "model/Keys.h"
+#include "model/Lookups.h"
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+#include "platform/widgets/MenuItems.h"
+#include "platform/widgets/PopUpButton.h"
+
+namespace quorvi {
+
+namespace {
+
+/// Inputs 1 to 7 are buttons; 8 and 9 are the wheel's two directions.
+constexpr int kLastButton = 7;
+/// Buttons 2 to 7, as bits.
+constexpr std::uint32_t kOtherButtons = 126;
+constexpr std::uint32_t kAllButtons = 127;
+/// A submenu's fixed entry and its separator; the profiles or macros follow.
+constexpr int kFixedSubmenuItems = 2;
+
+QString nameOf(const plist::Dictionary& item) { return QString::fromStdU16String(item.string(keys::name)); }
+
+/// What an item stands for beside its tag: of a command its plain title, of a submenu's entry its pop-up.
+constexpr const char* kRepresentedObject = "representedObject";
+
+/// Some items show a decorated title while they are the selected assignment, and get this one back afterwards.
+void rememberItemTitles(const QMenu& menu) {
+    for (QAction* item : menu.actions()) {
+        item->setProperty(kRepresentedObject, titleOfItem(*item));
+        if (isItemGroup(*item))
+            rememberItemTitles(*item->menu());
+    }
+}
+
+/// Rebuilds the list behind the fixed items of every pop-up's submenu of the command.
+template <typename Tag>
+void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, int command, const plist::Array& list,
+    Tag&& tagOf) {
+    for (PopUpButton* popUp : popUps) {
+        QAction* item = popUp->itemWithTag(command);
+        QMenu* submenu = item ? item->menu() : nullptr;
+        if (!submenu)
+            continue;
+        const auto old = submenu->actions();
+        for (int index = kFixedSubmenuItems; index < static_cast<int>(old.size()); ++index)
+            delete old[index];
+        for (std::size_t index = 0; index < list.size(); ++index) {
+            const QString name = nameOf(list.dictionary(index));
+            QAction* entry = submenu->addAction(QString());
+            setTitleOfItem(*entry, name.isEmpty() ? QStringLiteral("?") : name);
+            setTagOfItem(*entry, tagOf(index));
+            entry->setProperty(kRepresentedObject, QVariant::fromValue<QObject*>(popUp));
+        }
+    }
+}
+
+} // namespace
+
+void KyvarQuorviPane::fillAssignmentMenus() {
+    fAssignmentMenus = {fViews->main.quorviMenuTop1, fViews->main.quorviMenuTop2, fViews->main.quorviMenuTop3,
+        fViews->main.quorviMenuTop4, fViews->main.quorviMenuTop5, fViews->main.quorviMenuTop6, fViews->main.quorviMenuTop7,
+        fViews->main.quorviMenuTop8, fViews->main.quorviMenuTop9};
+    for (const QMenu* commands : {fViews->menus.quorviMenuCommands, fViews->menus.quorviMenuWheelCommands})
+        rememberItemTitles(*commands);
+    for (int n = 1; n <= kAssignmentCount; ++n) {
+        PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(n - 1)];
+        const QMenu* commands = n <= kLastButton ? fViews->menus.quorviMenuCommands : fViews->menus.quorviMenuWheelCommands;
+        popUp->setMenu(copyOfMenu(*commands).release());
+        popUp->setProperty("tag", n);
+    }
+}
+
+QString KyvarQuorviPane::assignmentTitle(const plist::Dictionary& assignment, const QString& plainTitle) const {
+    const std::int32_t param = assignment.integer(keys::param1);
+    switch (assignment.integer(keys::command)) {
+    case commands::switchToProfile:
+        return locString(QStringLiteral("Profile:")) + QLatin1Char(' ') +
+               (param >= 1 ? nameOf(fProfiles.dictionary(static_cast<std::size_t>(param - 1))) : QString());
+    case commands::runMacro: {
+        const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
+        return locString(QStringLiteral("Macro:")) + QLatin1Char(' ') +
+               (index >= 0 ? nameOf(fMacros.dictionary(static_cast<std::size_t>(index))) : QString());
+    }
+    case commands::singleKey:
+        return plainTitle + QLatin1Char(' ') +
+               QString::fromStdU16String(GetKeyCombinationName(UsbToAdbKeycode(param & 0xFF),
+                   UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)));
+    default:
+        return plainTitle;
+    }
+}
+
+void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
+    const plist::Dictionary record = fButtons.dictionary(keys::button(assignment));
+    std::int32_t command = record.integer(keys::command);
+    // A mouse without a primary click could not undo that: button 1 takes it when no other button has it.
+    if (assignment == 1 && command != commands::click && KyvarFindClickInProfile(fProfile, kOtherButtons) < 0) {
+        record.set(keys::command, commands::click);
+        command = commands::click;
+    }
+    if (assignment <= kLastButton) {
+        const std::uint32_t others = kAllButtons & ~(1U << (assignment - 1));
+        popUp->setEnabled(
+            hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
+    }
+    for (const int decorated : {commands::switchToProfile, commands::runMacro, commands::singleKey}) {
+        if (QAction* item = popUp->itemWithTag(decorated)) {
+            const QString plain = item->property(kRepresentedObject).toString();
+            setTitleOfItem(*item, decorated == command ? assignmentTitle(record, plain) : plain);
+        }
+    }
+    QAction* item = popUp->itemWithTag(command);
+    popUp->selectItem(item ? item : popUp->itemWithTag(commands::noFunction));
+}
+
+void KyvarQuorviPane::updateMacrosSubmenu() {
+    const plist::Array macros = fDeviceConfig.array(keys::macros);
+    rebuildSubmenus(fAssignmentMenus, commands::runMacro, macros,
+        [&](std::size_t index) { return macros.dictionary(index).integer(keys::macroId); });
+}
+
+void KyvarQuorviPane::updateProfilesSubmenu() {
+    rebuildSubmenus(fAssignmentMenus, commands::switchToProfile, fDeviceConfig.array(keys::profiles),
+        [](std::size_t index) { return static_cast<std::int32_t>(index); });
+}
+
+} // namespace quorvi

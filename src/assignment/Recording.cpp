@@ -1,0 +1,33 @@
+// Starting and stopping the recording of a macro.
+
+#include <QPushButton>
+
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+
+namespace quorvi {
+
+void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
+    if (fRecordingMacro == start)
+        return;
+    fRecordingMacro = start;
+    fViews->main.quorviButtonStepRecord->setText(start ? fStringStop : fStringRecord);
+    fViews->main.quorviButtonStepRecord->setChecked(start);
+    sendMessageToHelper(kMessageRecording, start ? 1 : 0);
+    if (start) {
+        fLastMacroModifiers = 0;
+        fLastRecordedMacroTime = 0;
+        fRecordingOneStep = oneStep;
+    } else {
+        saveSettings(fDeviceConfig);
+    }
+    updateUI();
+    fViews->main.quorviTableSteps->viewport()->update();
+}
+
+bool KyvarQuorviPane::overrideSingleKeys() const {
+    return fRecordingMacro || fViews->quorviPanelSingleKey->isVisible();
+}
+
+} // namespace quorvi

@@ -1,0 +1,164 @@
+// The data and the selection of the four tables, told apart by table tag and column identifier.
+
+#include <QScopedValueRollback>
+
+#include "editors/NamingRule.h"
+#include "editors/TableModel.h"
+#include "editors/TableTags.h"
+#include "model/Keys.h"
+#include "model/SettingsDocument.h"
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+
+namespace quorvi {
+
+namespace {
+
+QString text(const plist::Dictionary& dictionary, std::string_view key) {
+    return QString::fromStdU16String(dictionary.string(key));
+}
+
+QString stageText(const plist::Dictionary& stage) {
+    if (!stage)
+        return {};
+    const int x = stage.integer(keys::dpiX);
+    return stage.boolean(keys::independentXY)
+               ? QStringLiteral("X = %1, Y = %2 DPI").arg(x).arg(stage.integer(keys::dpiY))
+               : QStringLiteral("%1 DPI").arg(x);
+}
+
+bool isText(const QVariant& value) { return value.userType() == QMetaType::QString; }
+
+} // namespace
+
+int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
+    if (!hasDevice())
+        return 0;
+    switch (tableTag) {
+    case kProfilesTable:
+        return static_cast<int>(fProfiles.size());
+    case kMacrosTable:
+        return static_cast<int>(fMacros.size());
+    case kStepsTable:
+        return static_cast<int>(fMacroSteps.size());
+    case kStagesTable:
+        return static_cast<int>(fEditStagesProfile.array(keys::stages).size());
+    default:
+        return 0;
+    }
+}
+
+QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int row) const {
+    const auto index = static_cast<std::size_t>(row);
+    switch (columnIdentifier) {
+    case kProfileNumberColumn:
+    case kStageNumberColumn:
+        return QString::number(row + 1);
+    case kProfileNameColumn:
+        return text(fProfiles.dictionary(index), keys::name);
+    case kProfileApplicationColumn:
+        return text(fProfiles.dictionary(index).dictionary(keys::driver), keys::application);
+    case kProfileAutoswitchColumn:
+        return fProfiles.dictionary(index).dictionary(keys::driver).boolean(keys::autoSwitch);
+    case kMacroNameColumn:
+        return text(fMacros.dictionary(index), keys::name);
+    case kStageResolutionColumn:
+        return stageText(fEditStagesProfile.array(keys::stages).dictionary(index));
+    default:
+        return QString();
+    }
+}
+
+void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier, int row) {
+    switch (columnIdentifier) {
+    case kProfileNameColumn:
+        renameProfile(value, row);
+        break;
+    case kProfileAutoswitchColumn:
+        if (row != fProfileIndex)
+            editProfileIndex(row);
+        fDriverData.set(keys::autoSwitch, value.toBool());
+        break;
+    case kMacroNameColumn:
+        renameMacro(value, row);
+        break;
+    default:
+        break;
+    }
+}
+
+void KyvarQuorviPane::renameProfile(const QVariant& value, int row) {
+    // The first profile is the one that always exists; it keeps its name.
+    if (row > 0 && isText(value)) {
+        const auto name = makeNameUnique(value.toString().toStdU16String(),
+            locString(QStringLiteral("Untitled Profile")).toStdU16String(), fProfiles, keys::name, row);
+        if (row != fProfileIndex)
+            editProfileIndex(row);
+        fProfile.set(keys::name, name);
+    }
+    cleanUpSettings(fDeviceConfig);
+    updateProfilesSubmenu();
+    updateUI();
+}
+
+void KyvarQuorviPane::renameMacro(const QVariant& value, int row) {
+    if (isText(value)) {
+        const auto name = makeNameUnique(value.toString().toStdU16String(),
+            locString(QStringLiteral("Untitled Macro")).toStdU16String(), fMacros, keys::name, row);
+        if (row != fMacroIndex)
+            editMacroIndex(row);
+        fMacro.set(keys::name, name);
+    }
+    cleanUpSettings(fDeviceConfig);
+    updateMacrosSubmenu();
+    updateUI();
+}
+
+void KyvarQuorviPane::reloadTableViewDataQuietly(KyvarQuorviTableView* table) {
+    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
+    table->reloadData();
+}
+
+void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
+    const int row = table->selectedRow();
+    switch (table->tag()) {
+    case kProfilesTable:
+        if (row >= 0 && hasDevice() && !fIgnoreTableViewSelectionChange)
+            switchToProfile(row);
+        break;
+    case kMacrosTable:
+        if (hasDevice() && !fIgnoreTableViewSelectionChange)
+            switchToMacro(row);
+        break;
+    case kStepsTable:
+        updateUI();
+        break;
+    default:
+        break;
+    }
+}
+
+void KyvarQuorviPane::switchToProfile(int row) {
+    editProfileIndex(row);
+    // A profile always starts in its default stage.
+    fStageIndex = fProfile.integer(keys::defaultStage) - 1;
+    fStage = fStages.dictionary(static_cast<std::size_t>(fStageIndex));
+    const std::int32_t x = fStage.integer(keys::dpiX);
+    const std::int32_t y = fStage.integer(keys::dpiY);
+    fSettings.set(keys::dpiX, x);
+    fSettings.set(keys::dpiY, y);
+    fSettings.set(keys::independentXY, x != y);
+    fSettings.set(keys::stage, fStageIndex + 1);
+    updateUI();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::switchToMacro(int row) {
+    editMacroIndex(row);
+    fViews->main.quorviTableSteps->reloadData();
+    fViews->main.quorviTableSteps->deselectAll();
+    updateUI();
+}
+
+} // namespace quorvi

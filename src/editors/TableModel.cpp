@@ -1,0 +1,83 @@
+#include "editors/TableModel.h"
+
+#include "editors/TableTags.h"
+#include "pane/KyvarQuorviPane.h"
+
+namespace quorvi {
+
+namespace {
+
+bool isCheckBox(int columnIdentifier) { return columnIdentifier == kProfileAutoswitchColumn; }
+
+bool isName(int columnIdentifier) {
+    return columnIdentifier == kProfileNameColumn || columnIdentifier == kMacroNameColumn;
+}
+
+} // namespace
+
+TableModel::TableModel(KyvarQuorviPane* pane, int tableTag)
+    : m_pane(pane), m_tableTag(tableTag), m_columns(tableColumns(tableTag)) {}
+
+void TableModel::reload() {
+    beginResetModel();
+    endResetModel();
+}
+
+void TableModel::setColumnEnabled(int columnIdentifier, bool enabled) {
+    const bool changed =
+        enabled ? m_disabledColumns.erase(columnIdentifier) > 0 : m_disabledColumns.insert(columnIdentifier).second;
+    if (changed && rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_pane->numberOfRowsInTableView(m_tableTag);
+}
+
+int TableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+int TableModel::identifierOf(const QModelIndex& index) const {
+    return m_columns[static_cast<std::size_t>(index.column())].identifier;
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const int identifier = identifierOf(index);
+    const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
+    if (isCheckBox(identifier))
+        return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
+    return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
+}
+
+QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return m_pane->locString(QString::fromUtf8(m_columns[static_cast<std::size_t>(section)].title));
+}
+
+Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
+    const int identifier = identifierOf(index);
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    if (!m_disabledColumns.contains(identifier))
+        flags |= Qt::ItemIsEnabled;
+    if (isCheckBox(identifier))
+        flags |= Qt::ItemIsUserCheckable;
+    if (isName(identifier))
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    const int identifier = identifierOf(index);
+    if (role != (isCheckBox(identifier) ? Qt::CheckStateRole : Qt::EditRole))
+        return false;
+    m_pane->setObjectValue(
+        isCheckBox(identifier) ? QVariant(value.toInt() == Qt::Checked) : value, identifier, index.row());
+    emit dataChanged(index, index);
+    return true;
+}
+
+} // namespace quorvi

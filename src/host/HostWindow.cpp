@@ -1,0 +1,71 @@
+#include "host/HostWindow.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+
+namespace quorvi {
+
+namespace {
+
+constexpr QSize kInitialSize(760, 560);
+
+} // namespace
+
+HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
+    : m_panes(std::move(panes)), m_list(new QListWidget(this)), m_stack(new QStackedWidget(this)) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_list);
+    layout->addWidget(m_stack, 1);
+    for (const auto& pane : m_panes) {
+        m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
+        m_stack->addWidget(pane->mainView());
+    }
+    m_list->setVisible(m_panes.size() > 1);
+    m_list->setMaximumWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + 16);
+    connect(m_list, &QListWidget::currentRowChanged, this, &HostWindow::showPane);
+
+    auto* quit = new QAction(this);
+    quit->setShortcuts({QKeySequence(QKeySequence::Quit), QKeySequence(QKeySequence::Close)});
+    connect(quit, &QAction::triggered, this, &QWidget::close);
+    addAction(quit);
+    resize(kInitialSize);
+}
+
+HostWindow::~HostWindow() {
+    showPane(-1);
+    // A pane's view dies with its pane, not with this window.
+    for (const auto& pane : m_panes)
+        pane->mainView()->setParent(nullptr);
+}
+
+void HostWindow::showPane(int index) {
+    if (m_shown == index)
+        return;
+    if (m_shown >= 0)
+        m_panes[static_cast<std::size_t>(m_shown)]->unselect();
+    m_shown = index >= 0 && index < static_cast<int>(m_panes.size()) ? index : -1;
+    if (m_shown < 0)
+        return;
+    LoadedPane& pane = *m_panes[static_cast<std::size_t>(m_shown)];
+    setWindowTitle(pane.name());
+    setWindowIcon(pane.icon());
+    m_list->setCurrentRow(m_shown);
+    m_stack->setCurrentIndex(m_shown);
+    pane.select();
+}
+
+void HostWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_shown < 0 && !event->spontaneous())
+        showPane(0);
+}
+
+void HostWindow::closeEvent(QCloseEvent* event) {
+    showPane(-1);
+    event->accept();
+}
+
+} // namespace quorvi

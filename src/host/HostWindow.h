@@ -1,0 +1,38 @@
+// The window of the small settings application.
+#pragma once
+
+#include <QListWidget>
+#include <QStackedWidget>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+#include "host/LoadedPane.h"
+
+namespace quorvi {
+
+/// Shows one pane at a time; with more than one, a list at the side chooses. The shown pane is selected while the
+/// window is open.
+class HostWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes);
+    ~HostWindow() override;
+
+    /// Hides the pane that is shown and shows this one; an index that does not exist shows none.
+    void showPane(int index);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    std::vector<std::unique_ptr<LoadedPane>> m_panes;
+    QListWidget* m_list;
+    QStackedWidget* m_stack;
+    int m_shown = -1;
+};
+
+} // namespace quorvi

@@ -1,0 +1,57 @@
+// quorvi-settings: shows preference panes in a window of their own.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+
+#include <cstdio>
+
+#include "host/HostWindow.h"
+#include "host/TerminationSignals.h"
+
+namespace {
+
+/// The panel's bundle as it lies beside this program, in the build folder or where it is installed.
+QStringList defaultBundles() {
+    const QString programs = QCoreApplication::applicationDirPath();
+    for (const char* place : {"/../KyvarQuorvi.prefPane", "/../lib/kyvar-quorvi/KyvarQuorvi.prefPane"})
+        if (QFileInfo::exists(programs + QLatin1String(place)))
+            return {QFileInfo(programs + QLatin1String(place)).canonicalFilePath()};
+    return {};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quorvi-settings"));
+    QApplication::setApplicationVersion(QStringLiteral(QUORVI_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("com.kyvar.quorvi-settings"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Shows preference panes."));
+    parser.addPositionalArgument(
+        QStringLiteral("bundle"), QStringLiteral("Preference-pane bundles to show."), QStringLiteral("[BUNDLE...]"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.process(application);
+
+    const QStringList given = parser.positionalArguments();
+    std::vector<std::unique_ptr<quorvi::LoadedPane>> panes;
+    for (const QString& path : given.isEmpty() ? defaultBundles() : given) {
+        QString error;
+        auto pane = quorvi::LoadedPane::load(path, error);
+        if (!pane) {
+            std::fprintf(stderr, "quorvi-settings: %s\n", qPrintable(error));
+            return 1;
+        }
+        panes.push_back(std::move(pane));
+    }
+    if (panes.empty()) {
+        std::fprintf(stderr, "quorvi-settings: no preference pane found\n");
+        return 1;
+    }
+    quorvi::quitOnTerminationSignals();
+    quorvi::HostWindow window(std::move(panes));
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,73 @@
+// The link to the helper application: commands out, the device list in.
+
+#include <QMetaObject>
+
+#include "pane/KyvarQuorviPane.h"
+#include "pane/loginitems/LoginItems.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr const char* kHelperName = "KyvarQuorviHelper";
+constexpr const char* kPaneProcessName = "KyvarQuorviPane";
+
+} // namespace
+
+void KyvarQuorviPane::startHelper() {
+    const std::string helper = fServices.bundle.resourcePath() + "/" + kHelperName + ".app";
+    if (findProcessByName(kHelperName, nullptr) != noErr)
+        fServices.workspace->launchApplication(QString::fromStdString(helper));
+    // Running or not, it is to start with every session from now on.
+    AddLoginItem(*fServices.loginItems, &helper, nullptr, false, true, nullptr);
+}
+
+Status KyvarQuorviPane::findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const {
+    return fServices.bus ? fServices.bus->findProcessByName(processName, psn) : procNotFound;
+}
+
+Status KyvarQuorviPane::sendMessageToHelper(FourCharCode message, std::int32_t param) {
+    return sendControlToKext(kHelperName, message, param, nullptr);
+}
+
+Status KyvarQuorviPane::sendControlToKext(
+    const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result) {
+    ProcessSerialNumber process;
+    if (const Status status = findProcessByName(processName, &process); status != noErr)
+        return status;
+    Event reply;
+    const Status status = fServices.bus->send(
+        process, makeCommand(message, param), result ? SendMode::waitReply : SendMode::noReply, &reply);
+    return status == noErr && result ? reply.getInteger(keyDirectObject, *result) : status;
+}
+
+void KyvarQuorviPane::installDeviceListHandler() {
+    if (!fServices.bus)
+        return;
+    // The name comes first: a helper that starts at this moment looks for it after taking its own, so that one of
+    // the two always finds the other.
+    (void)fServices.bus->ownName(kPaneProcessName);
+    fServices.bus->installHandler(kEventClassQuorvi, kEventDeviceList,
+        [this](const Event& event, const ProcessSerialNumber&, Event&) { return receiveDeviceList(event); });
+    fReceiveListUPP = true;
+}
+
+void KyvarQuorviPane::removeEventHandlers() {
+    if (!fServices.bus)
+        return;
+    if (std::exchange(fReceiveListUPP, false))
+        fServices.bus->removeHandler(kEventClassQuorvi, kEventDeviceList);
+    // No handler for single values is installed as yet; one that didSelect comes to install is taken back here.
+    if (std::exchange(fReceiveValueUPP, false))
+        fServices.bus->removeHandler(kEventClassQuorvi, kEventValue);
+    (void)fServices.bus->releaseName(kPaneProcessName);
+}
+
+Status KyvarQuorviPane::receiveDeviceList(const Event& event) {
+    // After the handler has answered, and also while a sheet is up.
+    if (getDeviceList(event, fDeviceList))
+        QMetaObject::invokeMethod(this, &KyvarQuorviPane::syncUIWithDeviceConfig, Qt::QueuedConnection);
+    return noErr;
+}
+
+} // namespace quorvi

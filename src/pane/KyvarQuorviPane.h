@@ -1,0 +1,193 @@
+// The controller of the panel: one class, implemented in one file per role, each in the folder of its subsystem.
+//
+// The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are handles
+// into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an error to the
+// user: an action that is not possible does nothing.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "pane/PaneServices.h"
+#include "plist/Value.h"
+#include "platform/FocusObserver.h"
+#include "platform/ModalSession.h"
+#include "platform/PreferencePane.h"
+#include "platform/events/DeviceList.h"
+#include "platform/events/EventTypes.h"
+
+namespace quorvi {
+
+class KyvarQuorviTableView;
+class EventBusNotifier;
+class Interface;
+class PopUpButton;
+class TableModel;
+
+inline constexpr int kAssignmentCount = 9;
+
+class KyvarQuorviPane final : public QObject, public PreferencePane {
+    Q_OBJECT
+
+  public:
+    explicit KyvarQuorviPane(PaneServices services);
+    ~KyvarQuorviPane() override;
+
+    // Lifecycle (pane/Lifecycle.cpp)
+    [[nodiscard]] QWidget* mainView() override;
+    void mainViewDidLoad() override;
+    void didSelect() override;
+    void willUnselect() override;
+    void sysPrefDidResignActive();
+    void sysPrefWindowDidBecomeKey();
+    void sysPrefWindowDidResignKey();
+    void tabViewDidSelectTabViewItem();
+
+    // Helper link (pane/HelperLink.cpp)
+    /// Sends the helper a message and its parameter; nothing is waited for. 0 when it was sent.
+    Status sendMessageToHelper(FourCharCode message, std::int32_t param);
+    /// Sends the named process a message. With a result, waits for the answer, 15 ticks (250 ms) at most, and stores
+    /// its number there; the result is left as it was on any error.
+    Status sendControlToKext(
+        const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result);
+    /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
+    Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
+
+    // Settings document (pane/Settings.cpp)
+    [[nodiscard]] plist::Dictionary getDefaultSettings() const;
+    [[nodiscard]] plist::Dictionary loadSettings() const;
+    /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did not.
+    bool saveSettings(const plist::Dictionary& tree);
+
+    // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
+    void syncUIWithDeviceConfig();
+    void updateUI();
+    /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
+    void updateDpiOnMouse() {}
+
+    // Device-wide settings and commands (pane/DeviceCommands.cpp)
+    void actionMenuPollingRate();
+    void actionBoxLightOnWheel();
+    void actionBoxLightOnBattery();
+    void actionButtonRestoreDefaults();
+    void actionButtonCheckUpdates();
+    void actionButtonHelp();
+
+    // Modal helpers (pane/ModalHelpers.cpp)
+    /// The text for the key in the user's language; the key itself when the string table has none.
+    [[nodiscard]] QString locString(const QString& key) const;
+    /// Runs the panel as a sheet on the pane's window; the code that ended it.
+    int modalDialog(QDialog* panel);
+    void actionButtonModalOK();
+    void actionButtonModalCancel();
+    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
+    bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
+
+    // Sensitivity (sensitivity/SensitivityControls.cpp)
+    void updateDpiText();
+    /// Shows the copies that the stages editor works on; does nothing while it is closed.
+    void updateSensitivityStagesUI();
+
+    // Button assignment (assignment/AssignmentMenus.cpp, assignment/Recording.cpp)
+    void updateMenu(PopUpButton* popUp, int assignment);
+    void updateMacrosSubmenu();
+    void updateProfilesSubmenu();
+    void startStopRecording(bool start, bool oneStep);
+    /// A capture is active: every key belongs to the panel.
+    [[nodiscard]] bool overrideSingleKeys() const;
+
+    // Lists (editors/CurrentItems.cpp, editors/TableData.cpp)
+    void editProfileIndex(std::int32_t index);
+    void editMacroIndex(std::int32_t index);
+    [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
+    [[nodiscard]] QVariant objectValueForTableColumn(int columnIdentifier, int row) const;
+    void setObjectValue(const QVariant& value, int columnIdentifier, int row);
+    void tableViewSelectionDidChange(KyvarQuorviTableView* table);
+    void reloadTableViewDataQuietly(KyvarQuorviTableView* table);
+
+    // What others may ask
+    [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
+    [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
+    [[nodiscard]] bool isRecordingMacro() const { return fRecordingMacro; }
+    [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
+    [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
+    [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
+
+  private:
+    void connectActions();
+    void connectTables();
+    [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
+    void fillAssignmentMenus();
+    [[nodiscard]] QString assignmentTitle(const plist::Dictionary& assignment, const QString& plainTitle) const;
+    void showVersion();
+    void startHelper();
+    void installDeviceListHandler();
+    void removeEventHandlers();
+    Status receiveDeviceList(const Event& event);
+
+    void selectCurrentProfileQuietly();
+    void alignIndependentAxes();
+    void alignStageWithSettings();
+    void updateSensitivityUI();
+    void updateProfilesUI();
+    void updateMacrosUI();
+    void updateStepsUI();
+    void updateLightingUI();
+    void setLight(std::int32_t bit, bool on);
+    void restoreDefaultsFrom(const plist::Dictionary& defaults);
+    void renameProfile(const QVariant& value, int row);
+    void renameMacro(const QVariant& value, int row);
+    void switchToProfile(int row);
+    void switchToMacro(int row);
+
+    PaneServices fServices;
+    std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
+    QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window was quicker
+    std::unique_ptr<Interface> fViews;
+    std::array<std::unique_ptr<TableModel>, 4> fTableModels;
+    ModalSessions fModalSessions;
+    FocusObserver fFocus;
+
+    bool fPanelIsFront = false;
+    bool fBluetoothWarningDone = false;
+    bool fReceivingValueFromHelper = false;
+    bool fIgnoreTableViewSelectionChange = false;
+    bool fReceiveListUPP = false;
+    bool fReceiveValueUPP = false;
+    DeviceList fDeviceList{};
+    std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
+    QString fStringRecord;
+    QString fStringStop;
+
+    plist::Dictionary fDeviceConfig;
+    plist::Dictionary fSettings;
+    plist::Array fProfiles;
+    plist::Dictionary fProfile;
+    plist::Dictionary fButtons;
+    plist::Array fStages;
+    plist::Dictionary fStage;
+    plist::Dictionary fDriverData;
+    plist::Array fMacros;
+    plist::Dictionary fMacro;
+    plist::Array fMacroSteps;
+    plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
+    plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
+    std::int32_t fProfileIndex = -1;
+    std::int32_t fStageIndex = -1;
+    std::int32_t fMacroIndex = -1;
+
+    bool fRecordingMacro = false;
+    bool fRecordingOneStep = false;
+    std::uint16_t fLastMacroModifiers = 0;
+    double fLastRecordedMacroTime = 0;
+};
+
+/// The one live controller of the process, or null: what the key patch and the sliders reach it by.
+extern KyvarQuorviPane* gKyvarQuorviPane;
+
+} // namespace quorvi

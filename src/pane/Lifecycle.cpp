@@ -1,0 +1,102 @@
+// Loading, showing and hiding the pane, and following the focus of its window.
+
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "assignment/EventPatch.h"
+#include "keyboard/KeyNames.h"
+#include "pane/KyvarQuorviPane.h"
+#include "platform/EventBusNotifier.h"
+#include "platform/InterfaceText.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+KyvarQuorviPane* gKyvarQuorviPane = nullptr;
+
+KyvarQuorviPane::KyvarQuorviPane(PaneServices services) : fServices(std::move(services)), fMainView(new QWidget) {
+    if (fServices.bus)
+        fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
+    setInterfaceTextLookup([this](const QString& english) { return locString(english); });
+    fViews = std::make_unique<Interface>(*fMainView);
+    setInterfaceTextLookup(nullptr);
+    connect(&fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
+    connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
+    connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
+}
+
+KyvarQuorviPane::~KyvarQuorviPane() {
+    if (gKyvarQuorviPane == this)
+        gKyvarQuorviPane = nullptr;
+    delete fMainView;
+}
+
+QWidget* KyvarQuorviPane::mainView() { return fMainView; }
+
+void KyvarQuorviPane::mainViewDidLoad() {
+    gKyvarQuorviPane = this;
+    fPanelIsFront = true;
+    fBluetoothWarningDone = false;
+    fDeviceList.count = 0;
+    connectActions();
+    connectTables();
+    fViews->main.quorviTabsMain->setCurrentIndex(0);
+    GetKeyboardInformation(
+        [this](std::u16string_view key) { return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String(); });
+    startHelper();
+    fillAssignmentMenus();
+    fStringRecord = fViews->main.quorviButtonStepRecord->text();
+    fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
+    showVersion();
+}
+
+void KyvarQuorviPane::showVersion() {
+    auto version = fServices.bundle.infoString("CFBundleShortVersionString");
+    if (!version)
+        version = fServices.bundle.infoString("CFBundleVersion");
+    if (version)
+        fViews->main.quorviTextDriverVersion->setText(QString::fromStdString(*version));
+}
+
+void KyvarQuorviPane::didSelect() {
+    fDeviceList.count = 0;
+    fFocus.start(fMainView->window());
+    installDeviceListHandler();
+    sendMessageToHelper(kMessagePaneShown, 1);
+    KyvarQuorviSwapNSAppMethods(this);
+    // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
+    updateUI();
+}
+
+void KyvarQuorviPane::willUnselect() {
+    startStopRecording(false, false);
+    KyvarQuorviSwapNSAppMethods(this);
+    sendMessageToHelper(kMessagePaneShown, 0);
+    removeEventHandlers();
+    fFocus.stop();
+    if (fDeviceConfig) {
+        saveSettings(fDeviceConfig);
+        fDeviceConfig = {};
+    }
+    editProfileIndex(-1);
+    editMacroIndex(-1);
+}
+
+void KyvarQuorviPane::sysPrefDidResignActive() { fPanelIsFront = false; }
+
+void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
+    fPanelIsFront = true;
+    updateUI();
+}
+
+void KyvarQuorviPane::sysPrefWindowDidResignKey() {
+    startStopRecording(false, false);
+    // An edit that the user left standing is called off, not committed.
+    for (KyvarQuorviTableView* table : tables())
+        table->abortEditing();
+}
+
+void KyvarQuorviPane::tabViewDidSelectTabViewItem() { startStopRecording(false, false); }
+
+} // namespace quorvi

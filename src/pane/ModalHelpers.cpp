@@ -1,0 +1,37 @@
+// The three helpers that every dialog of the panel goes through.
+
+#include <QLabel>
+
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr int kResponseOK = 1;
+constexpr int kResponseCancel = 0;
+
+} // namespace
+
+QString KyvarQuorviPane::locString(const QString& key) const {
+    return QString::fromStdU16String(fServices.bundle.localizedString(key.toStdU16String(), "Localizable"));
+}
+
+int KyvarQuorviPane::modalDialog(QDialog* panel) { return fModalSessions.run(panel, fMainView->window()); }
+
+void KyvarQuorviPane::actionButtonModalOK() { fModalSessions.stop(kResponseOK); }
+
+void KyvarQuorviPane::actionButtonModalCancel() { fModalSessions.stop(kResponseCancel); }
+
+bool KyvarQuorviPane::confirmAction(const QString& messageKey, const std::optional<QString>& item) {
+    QString question = locString(messageKey);
+    const auto mark = question.indexOf(QStringLiteral("^1"));
+    if (item && mark >= 0)
+        question.replace(mark, 2, *item);
+    // The keys of the string table separate their lines by carriage returns, which a label does not break at.
+    fViews->confirm.quorviTextConfirm->setText(question.replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    return modalDialog(fViews->quorviPanelConfirm) == kResponseOK;
+}
+
+} // namespace quorvi

@@ -1,0 +1,23 @@
+// What the controller is given to work with. The plug-in passes the user's session; a test passes what it wants to
+// watch.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "pane/loginitems/LoginItemStore.h"
+#include "platform/Bundle.h"
+#include "platform/Workspace.h"
+#include "platform/events/EventBus.h"
+
+namespace quorvi {
+
+struct PaneServices {
+    Bundle bundle;                               ///< the pane's own bundle
+    std::string homeFolder;                      ///< the settings file is below it
+    std::unique_ptr<EventBus> bus;               ///< null without a session bus: nothing is sent then
+    std::unique_ptr<Workspace> workspace;        ///< never null
+    std::unique_ptr<LoginItemStore> loginItems;  ///< never null
+};
+
+} // namespace quorvi

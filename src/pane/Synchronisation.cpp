@@ -1,0 +1,60 @@
+// A device list has arrived: the settings are read afresh and everything is rebuilt from them.
+
+#include "editors/TableModel.h"
+#include "model/Keys.h"
+#include "model/SettingsDocument.h"
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+
+namespace quorvi {
+
+void KyvarQuorviPane::syncUIWithDeviceConfig() {
+    startStopRecording(false, false);
+    fDeviceConfig = loadSettings();
+    cleanUpSettings(fDeviceConfig);
+    editProfileIndex(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId) - 1);
+    editMacroIndex(-1);
+
+    selectCurrentProfileQuietly();
+    reloadTableViewDataQuietly(fViews->main.quorviTableMacros);
+    fViews->main.quorviTableMacros->deselectAll();
+    reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
+
+    updateProfilesSubmenu();
+    updateMacrosSubmenu();
+    alignIndependentAxes();
+    alignStageWithSettings();
+    updateUI();
+    updateSensitivityStagesUI();
+
+    if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
+        modalDialog(fViews->quorviPanelNoDevice);
+}
+
+void KyvarQuorviPane::selectCurrentProfileQuietly() {
+    // The row that the file names becomes current; it is not a choice of the user, who would get the profile's
+    // default stage with it.
+    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
+    reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
+    fViews->main.quorviTableProfiles->selectRowAlone(fProfileIndex);
+}
+
+void KyvarQuorviPane::alignIndependentAxes() {
+    const bool independent = fSettings.integer(keys::dpiX) != fSettings.integer(keys::dpiY);
+    for (const plist::Dictionary& holder : {fSettings, fStage})
+        if (holder.boolean(keys::independentXY) != independent)
+            holder.set(keys::independentXY, independent);
+}
+
+void KyvarQuorviPane::alignStageWithSettings() {
+    const std::int32_t x = fSettings.integer(keys::dpiX);
+    const std::int32_t y = fSettings.integer(keys::dpiY);
+    if (fStage.integer(keys::dpiX) == x && fStage.integer(keys::dpiY) == y)
+        return;
+    fStage.set(keys::dpiX, x);
+    fStage.set(keys::dpiY, y);
+    saveSettings(fDeviceConfig);
+}
+
+} // namespace quorvi

@@ -1,0 +1,102 @@
+// Every control's value and enabled state, derived in one place from the tree, the device's presence and whether
+// a macro is being recorded, so that no two actions disagree.
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "editors/TableTags.h"
+#include "model/Keys.h"
+#include "model/Limits.h"
+#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
+#include "platform/ViewActivation.h"
+#include "platform/widgets/KyvarQuorviSlider.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/PopUpButton.h"
+#include "sensitivity/AccelerationScale.h"
+
+namespace quorvi {
+
+namespace {
+
+
+
+QString firmwareText(std::int32_t firmware) {
+    return QStringLiteral("%1.%2").arg((firmware >> 8) & 0xFF).arg(firmware & 0xFF, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+void KyvarQuorviPane::updateUI() {
+    QString title = hasDevice() ? QString::fromStdU16String(fProfile.string(keys::name))
+                                : locString(QStringLiteral("No device connected"));
+    if (title.isEmpty())
+        title = locString(QStringLiteral("Default Profile"));
+    fViews->main.quorviTextProfile->setText(title);
+    makeViewActive(fViews->main.quorviTabsMain, hasDevice());
+    fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
+    for (int n = 1; n <= kAssignmentCount; ++n)
+        updateMenu(fAssignmentMenus[static_cast<std::size_t>(n - 1)], n);
+    updateSensitivityUI();
+    fViews->main.quorviMenuPollingRate->selectItemWithTag(fSettings.integer(keys::pollingRate));
+    updateProfilesUI();
+    updateMacrosUI();
+    updateStepsUI();
+    updateLightingUI();
+    fViews->main.quorviTextFirmwareVersion->setText(
+        hasDevice() ? firmwareText(fDeviceConfig.integer(keys::firmware)) : QStringLiteral("-"));
+}
+
+void KyvarQuorviPane::updateSensitivityUI() {
+    const bool independent = fSettings.boolean(keys::independentXY);
+    // A blank keeps the label's height, so that nothing moves when the axes are separated.
+    fViews->main.quorviTextXLabel->setText(independent ? QStringLiteral("X") : QStringLiteral(" "));
+    fViews->main.quorviTextYLabel->setText(independent ? QStringLiteral("Y") : QStringLiteral(" "));
+    fViews->main.quorviSliderSensitivityY->setEnabled(independent && hasDevice());
+    updateDpiText();
+    fViews->main.quorviSliderSensitivityX->setValue(fSettings.integer(keys::dpiX));
+    fViews->main.quorviSliderSensitivityY->setValue(fSettings.integer(keys::dpiY));
+    fViews->main.quorviBoxIndependentXY->setChecked(independent);
+    fViews->main.quorviBoxSensitivityOSD->setChecked(fDriverData.boolean(keys::sensitivityDisplay));
+    const bool accelerated = fDriverData.boolean(keys::enableAcceleration);
+    fViews->main.quorviBoxAcceleration->setChecked(accelerated);
+    fViews->main.quorviSliderAcceleration->setEnabled(accelerated && hasDevice());
+    fViews->main.quorviSliderAcceleration->setFloatValue(
+        accelerationToSliderValue(static_cast<float>(fDriverData.real(keys::acceleration))));
+}
+
+void KyvarQuorviPane::updateProfilesUI() {
+    fViews->main.quorviButtonProfileAdd->setEnabled(hasDevice() && int(fProfiles.size()) < limits::profiles);
+    fViews->main.quorviButtonProfileRemove->setEnabled(hasDevice() && fViews->main.quorviTableProfiles->selectedRow() > 0);
+    fViews->main.quorviBoxProfileOSD->setChecked(fDriverData.boolean(keys::profileDisplay));
+}
+
+void KyvarQuorviPane::updateMacrosUI() {
+    const bool editable = hasDevice() && !fRecordingMacro;
+    const bool macroSelected = fViews->main.quorviTableMacros->selectedRow() >= 0;
+    makeViewActive(fViews->main.quorviTableMacros, editable);
+    fViews->main.quorviButtonMacroAdd->setEnabled(editable && int(fMacros.size()) < limits::macros);
+    fViews->main.quorviButtonMacroRemove->setEnabled(editable && macroSelected);
+    fViews->main.quorviButtonMacroGear->setEnabled(editable);
+    fViews->main.quorviTabsShowHideSteps->setCurrentIndex(hasDevice() && macroSelected ? 0 : 1);
+}
+
+void KyvarQuorviPane::updateStepsUI() {
+    const bool editable = hasDevice() && !fRecordingMacro;
+    const bool stepSelected =
+        fViews->main.quorviTableMacros->selectedRow() >= 0 && fViews->main.quorviTableSteps->selectedRow() >= 0;
+    fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
+    fViews->main.quorviButtonStepAdd->setEnabled(editable);
+    fViews->main.quorviButtonStepRemove->setEnabled(editable && stepSelected);
+    fViews->main.quorviButtonStepGear->setEnabled(editable);
+}
+
+void KyvarQuorviPane::updateLightingUI() {
+    const std::int32_t lights = fProfile.integer(keys::ledState);
+    fViews->main.quorviBoxLightOnWheel->setChecked((lights & kLightOnWheel) != 0);
+    fViews->main.quorviBoxLightOnBattery->setChecked((lights & kLightOnBattery) != 0);
+}
+
+} // namespace quorvi

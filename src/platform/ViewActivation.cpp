@@ -1,0 +1,51 @@
+#include "platform/ViewActivation.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QTabWidget>
+
+namespace quorvi {
+
+namespace {
+
+template <typename... Kinds> bool isOneOf(const QWidget* view) {
+    return (... || (qobject_cast<const Kinds*>(view) != nullptr));
+}
+
+/// Roles, not colours: a label follows when the user changes the theme.
+void recolour(QLabel* label, bool active) {
+    label->setForegroundRole(active ? QPalette::WindowText : QPalette::PlaceholderText);
+}
+
+bool isControl(const QWidget* view) {
+    return isOneOf<QAbstractButton, QAbstractSlider, QComboBox, QAbstractItemView, QAbstractSpinBox, QLineEdit,
+        QProgressBar>(view);
+}
+
+} // namespace
+
+void makeViewActive(QWidget* view, bool active) {
+    if (!view)
+        return;
+    if (auto* tabs = qobject_cast<QTabWidget*>(view)) {
+        for (int index = 0; index < tabs->count(); ++index)
+            makeViewActive(tabs->widget(index), active);
+    } else if (auto* label = qobject_cast<QLabel*>(view)) {
+        recolour(label, active);
+    } else if (isControl(view)) {
+        view->setEnabled(active);
+    } else {
+        const auto children = view->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* child : children)
+            if (!child->isWindow())
+                makeViewActive(child, active);
+    }
+}
+
+} // namespace quorvi
