@@ -2,7 +2,7 @@
 
 #include <QMenu>
 
-#include "keyboard/KeyCodes.h"
+#include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
 #include "model/CommandCodes.h"
 #include "model/Keys.h"

@@ -117,7 +117,22 @@ void KyvarQuorviPane::renameMacro(const QVariant& value, int row) {
 
 void KyvarQuorviPane::reloadTableViewDataQuietly(KyvarQuorviTableView* table) {
     const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    table->reloadData();
+    reloadData(table);
+}
+
+void KyvarQuorviPane::reloadData(KyvarQuorviTableView* table) {
+    const int row = table->selectedRow();
+    TableModel& model = *fTableModels[static_cast<std::size_t>(table->tag() - 1)];
+    model.reload();
+    if (row < 0)
+        return;
+    if (row < model.rowCount()) {
+        // The selection outlives a reload, and nothing has changed that anybody needs to hear of.
+        const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
+        table->selectRowAlone(row);
+    } else {
+        tableViewSelectionDidChange(table);
+    }
 }
 
 void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
@@ -156,7 +171,7 @@ void KyvarQuorviPane::switchToProfile(int row) {
 
 void KyvarQuorviPane::switchToMacro(int row) {
     editMacroIndex(row);
-    fViews->main.quorviTableSteps->reloadData();
+    reloadData(fViews->main.quorviTableSteps);
     fViews->main.quorviTableSteps->deselectAll();
     updateUI();
 }

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 
 #include "model/Keys.h"
+#include "model/LightState.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "platform/widgets/PopUpButton.h"
@@ -34,15 +35,15 @@ void KyvarQuorviPane::actionMenuPollingRate() {
 }
 
 void KyvarQuorviPane::setLight(std::int32_t bit, bool on) {
-    const std::int32_t lights = fProfile.integer(keys::ledState);
-    fProfile.set(keys::ledState, on ? (lights | bit) : (lights & ~bit));
+    const std::int32_t lit = fProfile.integer(keys::ledState);
+    fProfile.set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
     saveSettings(fDeviceConfig);
 }
 
-void KyvarQuorviPane::actionBoxLightOnWheel() { setLight(kLightOnWheel, fViews->main.quorviBoxLightOnWheel->isChecked()); }
+void KyvarQuorviPane::actionBoxLightOnWheel() { setLight(lights::wheel, fViews->main.quorviBoxLightOnWheel->isChecked()); }
 
 void KyvarQuorviPane::actionBoxLightOnBattery() {
-    setLight(kLightOnBattery, fViews->main.quorviBoxLightOnBattery->isChecked());
+    setLight(lights::battery, fViews->main.quorviBoxLightOnBattery->isChecked());
 }
 
 void KyvarQuorviPane::restoreDefaultsFrom(const plist::Dictionary& defaults) {

@@ -2,6 +2,8 @@
 
 #include <QMetaObject>
 
+#include <utility>
+
 #include "pane/KyvarQuorviPane.h"
 #include "pane/loginitems/LoginItems.h"
 
@@ -19,7 +21,7 @@ void KyvarQuorviPane::startHelper() {
     if (findProcessByName(kHelperName, nullptr) != noErr)
         fServices.workspace->launchApplication(QString::fromStdString(helper));
     // Running or not, it is to start with every session from now on.
-    AddLoginItem(*fServices.loginItems, &helper, nullptr, false, true, nullptr);
+    AddLoginItem(*fServices.loginItems, helper, std::nullopt, false, true, nullptr);
 }
 
 Status KyvarQuorviPane::findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const {

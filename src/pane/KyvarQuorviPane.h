@@ -140,6 +140,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void updateLightingUI();
     void setLight(std::int32_t bit, bool on);
     void restoreDefaultsFrom(const plist::Dictionary& defaults);
+    void reloadData(KyvarQuorviTableView* table);
     void renameProfile(const QVariant& value, int row);
     void renameMacro(const QVariant& value, int row);
     void switchToProfile(int row);

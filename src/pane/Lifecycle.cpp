@@ -4,6 +4,7 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
+#include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"

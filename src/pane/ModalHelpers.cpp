@@ -18,7 +18,7 @@ QString KyvarQuorviPane::locString(const QString& key) const {
     return QString::fromStdU16String(fServices.bundle.localizedString(key.toStdU16String(), "Localizable"));
 }
 
-int KyvarQuorviPane::modalDialog(QDialog* panel) { return fModalSessions.run(panel, fMainView->window()); }
+int KyvarQuorviPane::modalDialog(QDialog* panel) { return fModalSessions.run(panel); }
 
 void KyvarQuorviPane::actionButtonModalOK() { fModalSessions.stop(kResponseOK); }
 

@@ -2,8 +2,8 @@
 // watch.
 #pragma once
 
+#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
@@ -14,7 +14,7 @@ namespace quorvi {
 
 struct PaneServices {
     Bundle bundle;                               ///< the pane's own bundle
-    std::string homeFolder;                      ///< the settings file is below it
+    std::filesystem::path homeFolder;            ///< the settings file is below it
     std::unique_ptr<EventBus> bus;               ///< null without a session bus: nothing is sent then
     std::unique_ptr<Workspace> workspace;        ///< never null
     std::unique_ptr<LoginItemStore> loginItems;  ///< never null

@@ -2,7 +2,8 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/loginitems/AutostartStore.h"
+#include "pane/loginitems/AutostartLoginItemStore.h"
+#include "pane/loginitems/UserFolders.h"
 
 namespace quorvi {
 
@@ -19,7 +20,7 @@ std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundleP
         .homeFolder = homeFolder(),
         .bus = EventBus::connect(),
         .workspace = std::make_unique<DesktopWorkspace>(),
-        .loginItems = std::make_unique<AutostartStore>(executableOf),
+        .loginItems = std::make_unique<AutostartLoginItemStore>(userAutostartFolder().value_or(""), executableOf),
     });
 }
 

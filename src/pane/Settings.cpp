@@ -20,7 +20,7 @@ plist::Dictionary KyvarQuorviPane::loadSettings() const {
 }
 
 bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
-    if (!quorvi::saveSettings(tree, fServices.homeFolder))
+    if (!quorvi::saveSettings(tree, userSettingsPath(fServices.homeFolder)))
         return false;
     sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
     return true;

@@ -1,5 +1,7 @@
 // A device list has arrived: the settings are read afresh and everything is rebuilt from them.
 
+#include <QScopedValueRollback>
+
 #include "editors/TableModel.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"

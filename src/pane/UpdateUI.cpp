@@ -6,8 +6,10 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "model/Keys.h"
+#include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
@@ -20,8 +22,6 @@
 namespace quorvi {
 
 namespace {
-
-
 
 QString firmwareText(std::int32_t firmware) {
     return QStringLiteral("%1.%2").arg((firmware >> 8) & 0xFF).arg(firmware & 0xFF, 2, 10, QLatin1Char('0'));
@@ -94,9 +94,9 @@ void KyvarQuorviPane::updateStepsUI() {
 }
 
 void KyvarQuorviPane::updateLightingUI() {
-    const std::int32_t lights = fProfile.integer(keys::ledState);
-    fViews->main.quorviBoxLightOnWheel->setChecked((lights & kLightOnWheel) != 0);
-    fViews->main.quorviBoxLightOnBattery->setChecked((lights & kLightOnBattery) != 0);
+    const std::int32_t lit = fProfile.integer(keys::ledState);
+    fViews->main.quorviBoxLightOnWheel->setChecked((lit & lights::wheel) != 0);
+    fViews->main.quorviBoxLightOnBattery->setChecked((lit & lights::battery) != 0);
 }
 
 } // namespace quorvi

@@ -12,16 +12,16 @@ ModalSessions::~ModalSessions() {
         session.loop->exit(0);
 }
 
-int ModalSessions::run(QDialog* panel, QWidget* window) {
+int ModalSessions::run(QDialog* panel) {
     if (!panel || std::any_of(m_sessions.begin(), m_sessions.end(), [&](const Session& s) { return s.panel == panel; }))
         return 0;
+    QWidget* const parent = panel->parentWidget();
     // A sheet blocks its parent: a second sheet has to hang on the first, or both would take clicks.
-    QWidget* parent = m_sessions.empty() ? window : m_sessions.back().panel;
+    panel->setParent(m_sessions.empty() ? parent : m_sessions.back().panel, Qt::Sheet);
+    panel->setWindowModality(Qt::WindowModal);
     QEventLoop loop;
     const QPointer<QDialog> guard(panel);
     m_sessions.push_back({panel, &loop});
-    panel->setParent(parent, Qt::Sheet);
-    panel->setWindowModality(Qt::WindowModal);
     // Escape and the window manager's close button answer as the cancel button does.
     const auto cancel = QObject::connect(panel, &QDialog::rejected, &loop, [this] { stop(0); });
     panel->show();
@@ -32,6 +32,7 @@ int ModalSessions::run(QDialog* panel, QWidget* window) {
         return 0; // The pane went away underneath, and this object with it.
     QObject::disconnect(cancel);
     panel->hide();
+    panel->setParent(parent, Qt::Sheet);
     m_sessions.pop_back();
     return code;
 }

@@ -19,9 +19,9 @@ class ModalSessions {
     /// Ends every session that still runs, with code 0.
     ~ModalSessions();
 
-    /// Shows the panel as a sheet of the window (of the sheet in front, when there is one) and returns the code
-    /// that ended it. A panel that already runs is not run twice: the answer is 0 at once.
-    int run(QDialog* panel, QWidget* window);
+    /// Shows the panel as a sheet of its parent's window (of the sheet in front, when there is one) and returns the
+    /// code that ended it. A panel that already runs is not run twice: the answer is 0 at once.
+    int run(QDialog* panel);
     /// Ends the innermost session with the code; does nothing when none runs.
     void stop(int code);
     [[nodiscard]] bool isRunning() const { return !m_sessions.empty(); }

@@ -27,7 +27,7 @@ void KyvarQuorviPane::updateSensitivityStagesUI() {
     const int index = fEditStagesSettings.integer(keys::stage) - 1;
     const plist::Dictionary stage = stages.dictionary(static_cast<std::size_t>(index));
     const bool independent = stage.boolean(keys::independentXY);
-    fViews->stages.quorviStageTableStages->reloadData();
+    reloadData(fViews->stages.quorviStageTableStages);
     if (index >= 0 && index < static_cast<int>(stages.size()))
         fViews->stages.quorviStageTableStages->selectRowAlone(index);
     fViews->stages.quorviStageButtonAdd->setEnabled(static_cast<int>(stages.size()) < limits::stages);

@@ -1,0 +1,145 @@
+// What the panel says to the helper, and what it makes of the device lists that come back.
+
+#include <QLabel>
+
+#include "pane/PaneFixture.h"
+#include "pane/PaneTestMain.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+Event listEvent(std::size_t size, FourCharCode type) {
+    Event event{kEventClassQuorvi, kEventDeviceList, {}};
+    EventBytes bytes(size, 0);
+    bytes[0] = bytes[1] = 1; // a count that is not 0 in either byte order
+    event.putBytes(keyDirectObject, type, bytes);
+    return event;
+}
+
+} // namespace
+
+class HelperLinkTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void listsOfAnotherSizeOrTypeChangeNothing_data() {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QByteArray>("type");
+        QTest::newRow("195 bytes") << 195 << QByteArray("KYDL");
+        QTest::newRow("197 bytes") << 197 << QByteArray("KYDL");
+        QTest::newRow("another type") << 196 << QByteArray("KYDX");
+    }
+
+    void listsOfAnotherSizeOrTypeChangeNothing() {
+        QFETCH(int, size);
+        QFETCH(QByteArray, type);
+        PaneFixture fixture;
+        fixture.writeSettings(PaneFixture::sampleTree());
+        fixture.select();
+        fixture.helper->sendToPanel(listEvent(static_cast<std::size_t>(size), *fourCharCodeFromText(type.toStdString())));
+        // What follows is handled after it: when this list has arrived, the other one has been looked at.
+        fixture.helper->sendToPanel(listEvent(196, typeProcessSerialNumber));
+        fixture.find<QLabel>("quorviTextFirmwareVersion")->setText(QStringLiteral("as it was"));
+        QVERIFY(!QTest::qWaitFor([&] { return fixture.pane->hasDevice() || fixture.pane->deviceConfig(); }, 200));
+        QCOMPARE(fixture.text("quorviTextFirmwareVersion"), QStringLiteral("as it was"));
+        fixture.connectDevices(1);
+        QCOMPARE(fixture.text("quorviTextFirmwareVersion"), QStringLiteral("1.05"));
+    }
+
+    void aListWithCountZeroMeansNoDeviceWhateverFollows() {
+        PaneFixture fixture;
+        fixture.writeSettings(PaneFixture::sampleTree());
+        fixture.select();
+        clickInSheet(fixture.window.get(), "quorviPanelNoDevice", "quorviNoDeviceButtonOK");
+        fixture.connectDevices(0);
+        QCOMPARE(fixture.text("quorviTextProfile"), QStringLiteral("No device connected"));
+        QVERIFY(!fixture.isEnabled("quorviMenuPollingRate"));
+    }
+
+    void withoutTheHelperNothingIsSentAndTheFileIsStillWritten() {
+        PaneFixture fixture({.helper = false});
+        fixture.select();
+        QVERIFY(fixture.pane->sendMessageToHelper(kMessageSettingsSaved, 0) != noErr);
+        QVERIFY(fixture.pane->saveSettings(PaneFixture::sampleTree()));
+        QCOMPARE(fixture.savedSettings().integer("firmware"), 0x0105);
+    }
+
+    void aSaveThatFailsTellsNobody() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        std::filesystem::remove(fixture.settingsFile());
+        std::filesystem::create_directory(fixture.settingsFile());
+        QVERIFY(!fixture.pane->saveSettings(fixture.pane->deviceConfig()));
+        QCOMPARE(fixture.pane->sendMessageToHelper(kMessageRecording, 7), noErr);
+        QVERIFY(fixture.commandsBecome({"KyDM 7"}));
+    }
+
+    void aSaveCarriesTheIndexOfTheCurrentProfile() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        fixture.pane->editProfileIndex(1);
+        QVERIFY(fixture.pane->saveSettings(fixture.pane->deviceConfig()));
+        fixture.pane->editProfileIndex(-1);
+        QVERIFY(fixture.pane->saveSettings(fixture.pane->deviceConfig()));
+        QVERIFY(fixture.commandsBecome({"KyPR 1", "KyPR -1"}));
+    }
+
+    void aControlMessageBringsTheNumberOfTheReplyBack() {
+        PaneFixture fixture;
+        const RecordingHelper other("AnotherProcess");
+        const_cast<RecordingHelper&>(other).replyWith(-42);
+        std::int32_t result = 0;
+        QCOMPARE(fixture.pane->sendControlToKext("anotherPROCESS", kMessageRecording, 5, &result), noErr);
+        QCOMPARE(result, -42);
+        QCOMPARE(other.commands(), QStringList(QStringLiteral("KyDM 5")));
+    }
+
+    void aControlMessageWithoutAResultIsOnlySent() {
+        PaneFixture fixture;
+        const RecordingHelper other("AnotherProcess");
+        QCOMPARE(fixture.pane->sendControlToKext("AnotherProcess", kMessageRecording, 6, nullptr), noErr);
+        QTRY_COMPARE(other.commands(), QStringList(QStringLiteral("KyDM 6")));
+    }
+
+    void aControlMessageToNobodyLeavesTheResultAlone() {
+        PaneFixture fixture;
+        std::int32_t result = 99;
+        QCOMPARE(fixture.pane->sendControlToKext("Nobody", kMessageRecording, 5, &result), procNotFound);
+        QCOMPARE(result, 99);
+    }
+
+    void aProcessIsFoundInAnyLetterCaseAndInFullLengthOnly() {
+        PaneFixture fixture({.helper = false});
+        {
+            const RecordingHelper lowerCase("kyvarquorvihelper");
+            ProcessSerialNumber psn;
+            QCOMPARE(fixture.pane->findProcessByName("KyvarQuorviHelper", &psn), noErr);
+            QVERIFY(psn != ProcessSerialNumber());
+        }
+        const RecordingHelper longer("KyvarQuorviHelper2");
+        ProcessSerialNumber psn{1, 2};
+        QCOMPARE(fixture.pane->findProcessByName("KyvarQuorviHelper", &psn), procNotFound);
+        QVERIFY((psn == ProcessSerialNumber{1, 2}));
+    }
+
+    void aListIsHandledAlsoWhileASheetIsUp() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        fixture.selectTab(4);
+        bool handled = false;
+        whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* sheet) {
+            fixture.pane->deviceConfig().set("firmware", 0x0A00);
+            fixture.helper->sendDeviceList(1);
+            // The list rebuilds the pane from the file, where the firmware is the old one.
+            handled = QTest::qWaitFor([&] { return fixture.pane->deviceConfig().integer("firmware") == 0x0105; }, 5000);
+            sheet->reject();
+        });
+        fixture.click("quorviButtonRestoreDefaults");
+        QVERIFY(handled);
+    }
+};
+
+QUORVI_PANE_TEST_MAIN(HelperLinkTest)
+#include "HelperLinkTest.moc"

@@ -1,0 +1,66 @@
+#include "pane/RecordingHelper.h"
+
+#include <chrono>
+#include <stdexcept>
+
+namespace quorvi::test {
+
+RecordingHelper::RecordingHelper(const std::string& processName)
+    : m_bus(EventBus::connect()), m_sender(EventBus::connect()) {
+    if (!m_bus || !m_sender || m_bus->ownName(processName) != NameResult::owned)
+        throw std::runtime_error("no bus, or the name is taken");
+    m_bus->installHandler(kEventClassQuorvi, kEventCommand,
+        [this](const Event& event, const ProcessSerialNumber&, Event& reply) { return receive(event, reply); });
+    m_thread = std::thread([this] { serve(); });
+}
+
+RecordingHelper::~RecordingHelper() {
+    m_stop = true;
+    m_thread.join();
+}
+
+void RecordingHelper::serve() {
+    while (!m_stop && m_bus->isConnected())
+        m_bus->wait(std::chrono::milliseconds(20));
+}
+
+Status RecordingHelper::receive(const Event& event, Event& reply) {
+    std::uint32_t message = 0;
+    std::int32_t param = 0;
+    if (event.getMagnitude(keyDirectObject, message) != noErr ||
+        event.getInteger(kKeyCommandParameter, param) != noErr)
+        return errAEDescNotFound;
+    const std::lock_guard lock(m_mutex);
+    m_commands << QStringLiteral("%1 %2").arg(QString::fromStdString(fourCharText(message))).arg(param);
+    reply.putInteger(keyDirectObject, m_reply);
+    return noErr;
+}
+
+QStringList RecordingHelper::commands() const {
+    const std::lock_guard lock(m_mutex);
+    return m_commands;
+}
+
+void RecordingHelper::forget() {
+    const std::lock_guard lock(m_mutex);
+    m_commands.clear();
+}
+
+void RecordingHelper::sendDeviceList(std::uint16_t count) {
+    DeviceList list;
+    list.count = count;
+    // Entries that follow a count of 0 mean nothing; they are there to be ignored.
+    list.device[0].vendorID = 0x1209;
+    sendToPanel(makeDeviceListEvent(list));
+}
+
+void RecordingHelper::sendToPanel(const Event& event) {
+    ProcessSerialNumber panel;
+    if (m_sender->findProcessByName("KyvarQuorviPane", &panel) != noErr)
+        throw std::runtime_error("no panel is shown");
+    if (m_sender->send(panel, event) != noErr)
+        throw std::runtime_error("the event cannot be sent");
+    m_sender->process();
+}
+
+} // namespace quorvi::test

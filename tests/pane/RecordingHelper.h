@@ -1,0 +1,45 @@
+// A process on the bus that owns the helper's name and writes down what it is told, in order.
+#pragma once
+
+#include <QStringList>
+
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "platform/events/DeviceList.h"
+#include "platform/events/EventBus.h"
+
+namespace quorvi::test {
+
+class RecordingHelper {
+  public:
+    /// Owns the name before the constructor returns.
+    explicit RecordingHelper(const std::string& processName = "KyvarQuorviHelper");
+    ~RecordingHelper();
+
+    /// The commands so far, each as its four characters and its parameter: "KyPR 0".
+    [[nodiscard]] QStringList commands() const;
+    void forget();
+    /// Commands that want a reply get this number as direct object from now on.
+    void replyWith(std::int32_t number) { m_reply = number; }
+
+    /// Sends the panel that is shown a list of that many devices.
+    void sendDeviceList(std::uint16_t count);
+    void sendToPanel(const Event& event);
+
+  private:
+    void serve();
+    Status receive(const Event& event, Event& reply);
+
+    std::unique_ptr<EventBus> m_bus;    // the thread's
+    std::unique_ptr<EventBus> m_sender; // the test's own
+    mutable std::mutex m_mutex;
+    QStringList m_commands;
+    std::atomic<std::int32_t> m_reply = 0;
+    std::atomic<bool> m_stop = false;
+    std::thread m_thread;
+};
+
+} // namespace quorvi::test
