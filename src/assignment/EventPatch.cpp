@@ -37,11 +37,12 @@ std::unique_ptr<KeyDispatch> gKeyDispatch;
 } // namespace
 
 void KyvarQuorviSwapNSAppMethods(KyvarQuorviPane* pane) {
-    gPatchedPane = pane;
     if (gKeyDispatch) {
         gKeyDispatch.reset();
+        gPatchedPane = nullptr;
         return;
     }
+    gPatchedPane = pane;
     gKeyDispatch = std::make_unique<KeyDispatch>();
     QCoreApplication::instance()->installEventFilter(gKeyDispatch.get());
 }

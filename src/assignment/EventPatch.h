@@ -9,7 +9,7 @@ class KyvarQuorviPane;
 /// own inverse, so the calls have to be paired: an odd number of them leaves the host patched.
 void KyvarQuorviSwapNSAppMethods(KyvarQuorviPane* pane);
 
-/// The pane that keys are offered to; null before the first exchange.
+/// The pane that keys are offered to; null while the host's dispatch is its own.
 extern KyvarQuorviPane* gPatchedPane;
 
 } // namespace quorvi

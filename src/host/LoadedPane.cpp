@@ -11,7 +11,7 @@ namespace {
 
 QString infoText(const Bundle& bundle, const char* key, const QString& otherwise) {
     const auto text = bundle.infoString(key);
-    return text ? QString::fromStdString(*text) : otherwise;
+    return text ? QString::fromStdU16String(*text) : otherwise;
 }
 
 } // namespace

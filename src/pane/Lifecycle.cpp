@@ -43,6 +43,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
     connectActions();
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
+    fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
     GetKeyboardInformation(
         [this](std::u16string_view key) { return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String(); });
     startHelper();
@@ -57,7 +58,7 @@ void KyvarQuorviPane::showVersion() {
     if (!version)
         version = fServices.bundle.infoString("CFBundleVersion");
     if (version)
-        fViews->main.quorviTextDriverVersion->setText(QString::fromStdString(*version));
+        fViews->main.quorviTextDriverVersion->setText(QString::fromStdU16String(*version));
 }
 
 void KyvarQuorviPane::didSelect() {

@@ -203,26 +203,32 @@ class DeviceCommandsTest : public QObject {
         PaneFixture fixture;
         fixture.select();
         QString shown;
+        Qt::TextFormat format = Qt::AutoText;
         whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* sheet) {
             const auto* label = sheet->findChild<QLabel*>("quorviTextConfirm");
-            QCOMPARE(label->textFormat(), Qt::PlainText);
             shown = label->text();
+            format = label->textFormat();
             QTest::mouseClick(sheet->findChild<QPushButton*>("quorviConfirmButtonOK"), Qt::LeftButton);
         });
         QVERIFY(fixture.pane->confirmAction(message, given ? std::optional(item) : std::nullopt));
         QCOMPARE(shown, text);
+        QCOMPARE(format, Qt::PlainText); // a name may look like markup
     }
 
     void aSheetBlocksTheWindowAndReturnsItsCode() {
         PaneFixture fixture;
         fixture.select();
         auto* sheet = fixture.find<QDialog>("quorviPanelConfirm");
+        Qt::WindowModality modality = Qt::NonModal;
+        const QWidget* active = nullptr;
         whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* dialog) {
-            QCOMPARE(dialog->windowModality(), Qt::WindowModal);
-            QVERIFY(!fixture.window->windowHandle()->isActive());
+            modality = dialog->windowModality();
+            active = QApplication::activeModalWidget();
             fixture.pane->actionButtonModalOK();
         });
         QCOMPARE(fixture.pane->modalDialog(sheet), 1);
+        QCOMPARE(modality, Qt::WindowModal);
+        QCOMPARE(active, sheet);
         QVERIFY(!sheet->isVisible());
         whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* dialog) { dialog->close(); });
         QCOMPARE(fixture.pane->modalDialog(sheet), 0);

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "assignment/EventPatch.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
@@ -73,7 +74,10 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
     layout->addWidget(pane->mainView());
 }
 
-PaneFixture::~PaneFixture() = default;
+PaneFixture::~PaneFixture() {
+    if (gPatchedPane == pane.get())
+        pane->willUnselect();
+}
 
 plist::Dictionary PaneFixture::sampleTree() {
     return dictionary({{"version", 6}, {"firmware", 0x0105},

@@ -194,22 +194,15 @@ class SynchronisationTest : public QObject {
     }
 
     void fiveProfilesDisableAddingAndTwelveMacrosToo() {
-        PaneFixture four;
-        four.openWith(sampleWith("profiles", copies("profiles", 4)));
-        QVERIFY(four.isEnabled("quorviButtonProfileAdd"));
-        QVERIFY(four.isEnabled("quorviButtonMacroAdd"));
-        four.helper.reset();
-        PaneFixture five;
-        five.openWith(sampleWith("profiles", copies("profiles", 5)));
-        QVERIFY(!five.isEnabled("quorviButtonProfileAdd"));
-        five.helper.reset();
-        PaneFixture twelve;
-        twelve.openWith(sampleWith("macros", copies("macros", 12)));
-        QVERIFY(!twelve.isEnabled("quorviButtonMacroAdd"));
-        twelve.helper.reset();
-        PaneFixture eleven;
-        eleven.openWith(sampleWith("macros", copies("macros", 11)));
-        QVERIFY(eleven.isEnabled("quorviButtonMacroAdd"));
+        const auto isAddEnabled = [](const char* key, std::size_t count, const char* button) {
+            PaneFixture fixture;
+            fixture.openWith(sampleWith(key, copies(key, count)));
+            return fixture.isEnabled(button);
+        };
+        QVERIFY(isAddEnabled("profiles", 4, "quorviButtonProfileAdd"));
+        QVERIFY(!isAddEnabled("profiles", 5, "quorviButtonProfileAdd"));
+        QVERIFY(isAddEnabled("macros", 11, "quorviButtonMacroAdd"));
+        QVERIFY(!isAddEnabled("macros", 12, "quorviButtonMacroAdd"));
     }
 
     void theFirstProfileCannotBeRemoved() {
