@@ -62,10 +62,12 @@ std::vector<std::string> Bundle::pathsForResource(
         file.append(".").append(type);
 
     std::vector<std::string> paths;
-    std::error_code error;
-    for (const auto& place : m_places)
-        if (auto path = resourcePath() + "/" + place + file; fs::exists(path, error))
+    for (const auto& place : m_places) {
+        std::string path = resourcePath();
+        path.append("/").append(place).append(file);
+        if (std::error_code error; fs::exists(path, error))
             paths.push_back(std::move(path));
+    }
     return paths;
 }
 

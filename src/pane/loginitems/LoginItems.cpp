@@ -1,7 +1,8 @@
 #include "pane/loginitems/LoginItems.h"
 
-#include <algorithm>
-#include <ranges>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 #include "pane/loginitems/PathText.h"
 
@@ -52,8 +53,8 @@ Matches matchesFor(const LoginItems& items, const Application& application) {
 
 /// From the highest index down, so that the lower ones stay valid.
 void removeAt(LoginItems& items, const std::vector<std::size_t>& indices) {
-    for (const std::size_t index : std::views::reverse(indices))
-        items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
+    for (auto index = indices.rbegin(); index != indices.rend(); ++index)
+        items.erase(items.begin() + static_cast<std::ptrdiff_t>(*index));
 }
 
 void putInPlaceOf(LoginItems& items, std::vector<std::size_t> indices, LoginItem item) {

@@ -51,7 +51,7 @@ Status PropertyListLoginItemStore::read(LoginItemAccess access, LoginItems& item
     if (const Status status = ensureFile(m_path, m_calls); status != noErr)
         return status;
     auto [file, root] = plist::readPropertyListFile(m_path);
-    if (access == LoginItemAccess::Add && file == plist::FileStatus::NotPropertyList)
+    if (file == plist::FileStatus::NotPropertyList)
         root = plist::Dictionary::create();
     if (access == LoginItemAccess::Add && !root.dictionary().has(kListKey))
         root.dictionary().set(kListKey, plist::Array::create());
