@@ -1,0 +1,28 @@
+// The file-system calls that the login-item stores need, with their errors as statuses.
+#pragma once
+
+#include <string>
+
+#include "model/FileCalls.h"
+#include "platform/Status.h"
+
+namespace quorvi {
+
+/// The status that stands for an errno value; ioErr for one without a code of its own. Never memFullErr.
+[[nodiscard]] Status statusOfErrno(int error);
+
+/// Creates an empty file where there is nothing; an existing one is left as it is. fnfErr when the path
+/// cannot be reached, else the status of the failed call.
+[[nodiscard]] Status ensureFile(const std::string& path, FileCalls& calls);
+
+/// The whole content of a regular file; resNotFound when it cannot be read or is something else. `content`
+/// is set on noErr only.
+[[nodiscard]] Status readWholeFile(const std::string& path, std::string& content);
+
+/// Creates the folder and those above it for their owner alone, as the XDG base directories ask for. An
+/// existing folder is left as it is.
+[[nodiscard]] Status makeFolder(const std::string& path);
+
+[[nodiscard]] Status removeFile(const std::string& path, FileCalls& calls);
+
+} // namespace quorvi

@@ -1,0 +1,106 @@
+#include "platform/Bundle.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/Languages.h"
+#include "plist/Reader.h"
+#include "plist/Unicode.h"
+
+namespace quorvi {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kLastResort = "en";
+
+std::string withoutClosingSlashes(std::string path) {
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    return path;
+}
+
+std::vector<std::string> placesFor(const std::vector<std::string>& languages) {
+    std::vector<std::string> places;
+    const auto add = [&](const std::string& place) {
+        if (std::find(places.begin(), places.end(), place) == places.end())
+            places.push_back(place);
+    };
+    for (const auto& language : languages)
+        for (const auto& name : localizationNames(language))
+            add(name + ".lproj/");
+    add("");
+    add(std::string(kLastResort) + ".lproj/");
+    return places;
+}
+
+} // namespace
+
+Bundle::Bundle(const std::string& path) : Bundle(path, preferredLanguages()) {}
+
+Bundle::Bundle(const std::string& path, const std::vector<std::string>& languages)
+    : m_path(withoutClosingSlashes(path)), m_places(placesFor(languages)),
+      m_info(plist::readPropertyListFile(m_path + "/Contents/Info.plist").value.dictionary()) {}
+
+std::optional<std::u16string> Bundle::infoString(std::string_view key) const {
+    const auto* text = infoValue(key).string();
+    return text ? std::optional(*text) : std::nullopt;
+}
+
+std::string Bundle::resourcePath() const {
+    return m_path + "/Contents/Resources";
+}
+
+std::vector<std::string> Bundle::pathsForResource(
+    std::string_view name, std::string_view type, std::string_view directory) const {
+    std::string file(directory);
+    if (!file.empty())
+        file.append("/");
+    file.append(name);
+    if (!type.empty())
+        file.append(".").append(type);
+
+    std::vector<std::string> paths;
+    for (const auto& place : m_places) {
+        std::string path = resourcePath();
+        path.append("/").append(place).append(file);
+        if (std::error_code error; fs::exists(path, error))
+            paths.push_back(std::move(path));
+    }
+    return paths;
+}
+
+std::optional<std::string> Bundle::pathForResource(
+    std::string_view name, std::string_view type, std::string_view directory) const {
+    auto paths = pathsForResource(name, type, directory);
+    return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
+}
+
+std::string Bundle::executablePath() const {
+    std::string name = plist::toUtf8(m_info.string("CFBundleExecutable"));
+    if (name.empty())
+        name = fs::path(m_path).stem();
+    return m_path + "/Contents/Linux/" + name;
+}
+
+Bundle::StringTable Bundle::readTable(std::string_view table) const {
+    StringTable texts;
+    for (const auto& path : pathsForResource(table, "strings", {})) {
+        const auto content = plist::readPropertyListFile(path).value.dictionary();
+        for (const auto& [key, value] : content.entries())
+            if (const auto* text = value.string())
+                texts.emplace(plist::toUtf16(key), *text); // what a better place said stays
+    }
+    return texts;
+}
+
+std::u16string Bundle::localizedString(std::u16string_view key, std::string_view table) const {
+    auto known = m_tables.find(table);
+    if (known == m_tables.end())
+        known = m_tables.emplace(table, readTable(table)).first;
+    const auto text = known->second.find(key);
+    return text == known->second.end() ? std::u16string(key) : text->second;
+}
+
+} // namespace quorvi

@@ -1,0 +1,50 @@
+// A folder of a test's own, gone with everything in it when the test ends.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+namespace quorvi::test {
+
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "quorvi-XXXXXX").string();
+        if (!::mkdtemp(name.data()))
+            throw std::runtime_error("no temporary folder");
+        m_path = name;
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] std::string path(const std::string& name) const { return m_path + "/" + name; }
+
+    /// Writes a file, the folders above it included, and returns its path.
+    std::string write(const std::string& name, const std::string& content) const {
+        std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
+        std::ofstream(path(name), std::ios::binary) << content;
+        return path(name);
+    }
+
+    /// The content of a file; empty when there is none.
+    [[nodiscard]] std::string read(const std::string& name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    [[nodiscard]] bool has(const std::string& name) const { return std::filesystem::exists(path(name)); }
+
+  private:
+    std::string m_path;
+};
+
+} // namespace quorvi::test
