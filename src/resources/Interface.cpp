@@ -26,6 +26,15 @@ void scaleFonts(const QWidget& view) {
     }
 }
 
+// Some styles leave a text no room beside it.
+void widenButtons(const QWidget& view) {
+    for (QPushButton* button : view.findChildren<QPushButton*>()) {
+        if (!button->text().isEmpty())
+            button->setMinimumWidth(
+                button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
+    }
+}
+
 template <typename PanelUi>
 QDialog* addPanel(QWidget& owner, PanelUi& ui) {
     auto panel = std::make_unique<QDialog>(&owner);
@@ -109,6 +118,7 @@ Interface::Interface(QWidget& mainView) {
 
     scaleFonts(mainView);
     setSymbols(mainView);
+    widenButtons(mainView);
     markInputs(main);
 }
 

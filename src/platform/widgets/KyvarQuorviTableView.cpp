@@ -11,6 +11,12 @@ namespace quorvi {
 namespace {
 
 constexpr int rowPadding = 10;
+constexpr int headerPadding = 20;
+
+// The title in whatever language must fit.
+int titleWidth(const QAbstractItemModel& model, int section, const QFontMetrics& metrics) {
+    return metrics.horizontalAdvance(model.headerData(section, Qt::Horizontal).toString()) + headerPadding;
+}
 
 } // namespace
 
@@ -50,7 +56,8 @@ void KyvarQuorviTableView::layOutColumns() {
             return;
         if (column.widthInLetters > 0) {
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, column.widthInLetters * fontMetrics().averageCharWidth());
+            header->resizeSection(section, qMax(column.widthInLetters * fontMetrics().averageCharWidth(),
+                                               titleWidth(*model(), section, header->fontMetrics())));
         } else {
             header->setSectionResizeMode(section, QHeaderView::Stretch);
         }

@@ -107,20 +107,21 @@ void PopUpButton::showSelectedTitle() {
         setItemText(0, titleOfItem(*m_selected));
 }
 
-// The group that holds the selected item is marked too, so that the way to it shows in the opened menu.
+// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only what
+// is marked can be checked: styles draw an empty box beside every other item that can.
 void PopUpButton::markSelectedItem() {
     if (!m_menu)
         return;
+    const auto mark = [](QAction& item, bool marked) {
+        item.setCheckable(marked);
+        item.setChecked(marked);
+    };
     for (QAction* item : m_menu->actions()) {
-        if (!isItemGroup(*item))
-            continue;
-        item->setCheckable(true);
-        item->setChecked(m_selected && selectableItems(*item->menu()).contains(m_selected.data()));
+        if (isItemGroup(*item))
+            mark(*item, selectableItems(*item->menu()).contains(m_selected.data()));
     }
-    for (QAction* item : items()) {
-        item->setCheckable(true);
-        item->setChecked(item == m_selected);
-    }
+    for (QAction* item : items())
+        mark(*item, item == m_selected);
 }
 
 QPoint PopUpButton::menuPosition() const {

@@ -9,19 +9,19 @@ namespace quorvi {
 struct TableColumn {
     int identifier;     ///< tells the columns of all tables apart: 11 to 42
     const char* title;  ///< English, a key of the string table; empty for a table without a header
-    int widthInLetters; ///< 0 for the column that takes the room that the others leave
+    int widthInLetters; ///< at least, in average letters; 0 takes the room that is left
 };
 
 inline constexpr std::array profileColumns{
     TableColumn{11, "No.", 4},
     TableColumn{12, "Profile", 0},
     TableColumn{13, "Application", 20},
-    TableColumn{14, "Switch Automatically", 19},
+    TableColumn{14, "Switch Automatically", 12},
 };
 inline constexpr std::array macroColumns{TableColumn{21, "Macro", 0}};
 inline constexpr std::array stepColumns{
     TableColumn{31, "Action", 0},
-    TableColumn{32, "Delay Afterwards", 17},
+    TableColumn{32, "Delay Afterwards", 14},
 };
 inline constexpr std::array stageColumns{
     TableColumn{41, "No.", 4},
