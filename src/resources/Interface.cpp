@@ -20,7 +20,11 @@ void scaleFonts(const QWidget& view) {
         if (!heading && !widget->property("note").toBool())
             continue;
         QFont font = widget->font();
-        font.setPointSizeF(font.pointSizeF() * (heading ? headingScale : noteScale));
+        const qreal scale = heading ? headingScale : noteScale;
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(font.pointSizeF() * scale);
+        else // the desktop gives its font in pixels
+            font.setPixelSize(qRound(font.pixelSize() * scale));
         font.setBold(heading);
         widget->setFont(font);
     }

@@ -140,6 +140,7 @@ class InterfaceTest : public QObject {
 
   private slots:
     void init() {
+        cleanup();
         m_view = std::make_unique<QWidget>();
         m_interface = std::make_unique<Interface>(*m_view);
     }
@@ -263,7 +264,13 @@ class InterfaceTest : public QObject {
         }
     }
 
-    void everythingFitsTheSmallestWindow() {
+    void everythingFitsTheSmallestWindowAlsoInLargeLetters() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPixelSize(16);
+        QApplication::setFont(large);
+        init();
+        QApplication::setFont(before);
         m_view->show();
         QVERIFY(m_view->minimumSizeHint().width() <= 760);
         QVERIFY(m_view->minimumSizeHint().height() <= 560);
@@ -271,6 +278,20 @@ class InterfaceTest : public QObject {
             QVERIFY2(panel->sizeHint().width() <= 760, qPrintable(panel->objectName()));
             QVERIFY2(panel->sizeHint().height() <= 560, qPrintable(panel->objectName()));
         }
+    }
+
+    void headingsFollowTheFontOfTheDesktopInPointsAndInPixels() {
+        const QFont before = QApplication::font();
+        QFont pixels = before;
+        pixels.setPixelSize(20);
+        QApplication::setFont(pixels);
+        init();
+        QApplication::setFont(before);
+        QCOMPARE(m_interface->main.quorviTextProfile->font().pixelSize(), 27);
+        QCOMPARE(m_view->findChild<QLabel*>("textButtonsHint")->font().pixelSize(), 18);
+        init();
+        QVERIFY(m_interface->main.quorviTextProfile->font().pointSizeF() > 1.3 * before.pointSizeF());
+        QVERIFY(m_interface->main.quorviTextProfile->font().bold());
     }
 
     void sensitivitySlidersMoveByTheStepsOfTheMouse() {
