@@ -361,6 +361,20 @@ class InterfaceTest : public QObject {
         QCOMPARE(confirmed.count(), 0);
     }
 
+    void returnOnTheFocusedButtonPressesIt() {
+        QDialog* panel = m_interface->quorviPanelConfirm;
+        QPushButton* button = m_interface->confirm.quorviConfirmButtonOK;
+        QSignalSpy confirmed(button, &QPushButton::clicked);
+        panel->show();
+        panel->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(panel));
+        QVERIFY(m_interface->confirm.quorviConfirmButtonCancel->hasFocus());
+        QTest::keyClick(panel, Qt::Key_Tab);
+        QTRY_VERIFY(button->hasFocus());
+        QTest::keyClick(button, Qt::Key_Return);
+        QCOMPARE(confirmed.count(), 1);
+    }
+
     void questionGrowsWithItsText() {
         QDialog* panel = m_interface->quorviPanelConfirm;
         m_interface->confirm.quorviTextConfirm->setText("Short?");

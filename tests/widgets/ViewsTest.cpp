@@ -19,8 +19,11 @@ class ViewsTest : public QObject {
         KyvarQuorviTableView table;
         QStandardItemModel model(3, 2);
         table.setModel(&model);
+        table.resize(300, 200);
+        table.selectAll();
         table.selectRow(0);
-        table.selectRow(2);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier,
+            table.visualRect(model.index(2, 1)).center());
         QCOMPARE(table.selectionModel()->selectedRows().size(), 1);
         QCOMPARE(table.selectionModel()->selectedIndexes().size(), 2);
         QCOMPARE(table.selectionModel()->selectedRows().first().row(), 2);
