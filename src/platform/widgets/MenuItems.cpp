@@ -1,0 +1,105 @@
+#include "platform/widgets/MenuItems.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QVariant>
+
+namespace quorvi {
+
+namespace {
+
+constexpr const char* tagProperty = "tag";
+
+void copyProperties(const QObject& from, QObject& to) {
+    to.setObjectName(from.objectName());
+    for (const QByteArray& name : from.dynamicPropertyNames())
+        to.setProperty(name.constData(), from.property(name.constData()));
+}
+
+void copyItems(const QMenu& from, QMenu& to) {
+    for (const QAction* item : from.actions()) {
+        QAction* copy = nullptr;
+        if (const QMenu* submenu = item->menu()) {
+            QMenu* submenuCopy = to.addMenu(item->text());
+            copyProperties(*submenu, *submenuCopy);
+            copyItems(*submenu, *submenuCopy);
+            copy = submenuCopy->menuAction();
+        } else {
+            copy = to.addAction(item->text());
+            copy->setSeparator(item->isSeparator());
+        }
+        copyProperties(*item, *copy);
+        copy->setEnabled(item->isEnabled());
+        copy->setVisible(item->isVisible());
+    }
+}
+
+void appendSelectableItems(const QMenu& menu, QList<QAction*>& items) {
+    for (QAction* item : menu.actions()) {
+        if (isItemGroup(*item))
+            appendSelectableItems(*item->menu(), items);
+        else if (!item->isSeparator())
+            items.append(item);
+    }
+}
+
+} // namespace
+
+std::optional<int> tagOfItem(const QAction& item) {
+    const QVariant tag = item.property(tagProperty);
+    return tag.isValid() ? std::optional(tag.toInt()) : std::nullopt;
+}
+
+void setTagOfItem(QAction& item, int tag) {
+    item.setProperty(tagProperty, tag);
+}
+
+QString titleOfItem(const QAction& item) {
+    const QString text = item.text();
+    QString title;
+    title.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i) == QLatin1Char('&') && ++i == text.size())
+            break;
+        title.append(text.at(i));
+    }
+    return title;
+}
+
+void setTitleOfItem(QAction& item, const QString& title) {
+    QString text = title;
+    item.setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+bool isItemGroup(const QAction& item) {
+    return item.menu() != nullptr && !tagOfItem(item);
+}
+
+QAction* itemWithTag(const QMenu& menu, int tag) {
+    const int index = indexOfItemWithTag(menu, tag);
+    return index < 0 ? nullptr : menu.actions().at(index);
+}
+
+int indexOfItemWithTag(const QMenu& menu, int tag) {
+    const QList<QAction*> items = menu.actions();
+    for (int i = 0; i < int(items.size()); ++i) {
+        if (tagOfItem(*items.at(i)) == tag)
+            return i;
+    }
+    return -1;
+}
+
+QList<QAction*> selectableItems(const QMenu& menu) {
+    QList<QAction*> items;
+    appendSelectableItems(menu, items);
+    return items;
+}
+
+std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {
+    auto copy = std::make_unique<QMenu>();
+    copyProperties(menu, *copy);
+    copyItems(menu, *copy);
+    return copy;
+}
+
+} // namespace quorvi

@@ -1,0 +1,42 @@
+// Menu items as the panel uses them: an item is a QAction, its tag is the dynamic property "tag", and its
+// title is plain text. Menus that list names given by the user hold "&" as it stands, so titles are set and
+// read here and not through QAction::text(), where "&" marks the key.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <memory>
+#include <optional>
+
+class QAction;
+class QMenu;
+
+namespace quorvi {
+
+/// The item's tag; nothing when it carries none (a separator, a plain group of items).
+[[nodiscard]] std::optional<int> tagOfItem(const QAction& item);
+void setTagOfItem(QAction& item, int tag);
+
+/// The item's title as the user reads it, without the mark of its key.
+[[nodiscard]] QString titleOfItem(const QAction& item);
+/// Shows the title as it stands: "&" is shown, and marks no key.
+void setTitleOfItem(QAction& item, const QString& title);
+
+/// True for an item that only opens a group of further items: it has a submenu and no tag. An item with a
+/// submenu and a tag is an item itself, and its submenu lists what it can be about.
+[[nodiscard]] bool isItemGroup(const QAction& item);
+
+/// The first item of the menu itself, not of its submenus, that carries the tag; nullptr when none does.
+[[nodiscard]] QAction* itemWithTag(const QMenu& menu, int tag);
+/// The position of that item among all of the menu's own items, separators counted; -1 when there is none.
+[[nodiscard]] int indexOfItemWithTag(const QMenu& menu, int tag);
+
+/// The items that can be selected, in the order of the menu: its own items and those of its groups, without
+/// separators, groups and the lists under tagged items.
+[[nodiscard]] QList<QAction*> selectableItems(const QMenu& menu);
+
+/// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
+/// and shown states. The copy has no parent; no connection of the original is copied.
+[[nodiscard]] std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu);
+
+} // namespace quorvi

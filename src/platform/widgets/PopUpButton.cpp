@@ -1,0 +1,198 @@
+#include "platform/widgets/PopUpButton.h"
+
+#include "platform/widgets/MenuItems.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+namespace quorvi {
+
+namespace {
+
+// Wide enough for most titles. The button must not grow and shrink with the selected one.
+constexpr int widthInCharacters = 14;
+
+bool opensMenu(int key) {
+    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
+}
+
+} // namespace
+
+PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(widthInCharacters);
+}
+
+// The menu goes while the button is whole, because the button follows its items to their end.
+PopUpButton::~PopUpButton() {
+    delete m_menu;
+}
+
+void PopUpButton::setMenu(QMenu* menu) {
+    if (menu == m_menu)
+        return;
+    selectItem(nullptr);
+    delete m_menu;
+    m_menu = menu;
+    if (!menu)
+        return;
+    menu->setParent(this, menu->windowFlags());
+    connect(menu, &QMenu::triggered, this, &PopUpButton::chooseTriggeredItem);
+    connect(menu, &QMenu::aboutToHide, this, QOverload<>::of(&QWidget::update));
+}
+
+QList<QAction*> PopUpButton::items() const {
+    return m_menu ? selectableItems(*m_menu) : QList<QAction*>();
+}
+
+QAction* PopUpButton::itemWithTag(int tag) const {
+    if (!m_menu)
+        return nullptr;
+    if (QAction* item = quorvi::itemWithTag(*m_menu, tag))
+        return item;
+    for (QAction* item : items()) {
+        if (tagOfItem(*item) == tag)
+            return item;
+    }
+    return nullptr;
+}
+
+int PopUpButton::indexOfItemWithTag(int tag) const {
+    QAction* item = itemWithTag(tag);
+    return item ? int(items().indexOf(item)) : -1;
+}
+
+int PopUpButton::selectedTag() const {
+    return m_selected ? tagOfItem(*m_selected).value_or(-1) : -1;
+}
+
+void PopUpButton::selectItem(QAction* item) {
+    if (item != m_selected) {
+        if (m_selected)
+            disconnect(m_selected, nullptr, this, nullptr);
+        m_selected = items().contains(item) ? item : nullptr;
+        if (m_selected) {
+            connect(m_selected, &QAction::changed, this, &PopUpButton::showSelectedTitle);
+            connect(m_selected, &QObject::destroyed, this, &PopUpButton::showSelectedTitle);
+        }
+    }
+    markSelectedItem();
+    showSelectedTitle();
+}
+
+bool PopUpButton::selectItemWithTag(int tag) {
+    selectItem(itemWithTag(tag));
+    return m_selected != nullptr;
+}
+
+void PopUpButton::chooseTriggeredItem(QAction* item) {
+    if (!items().contains(item))
+        return;
+    selectItem(item);
+    emit itemChosen(item);
+}
+
+void PopUpButton::showSelectedTitle() {
+    if (!m_selected)
+        clear();
+    else if (count() == 0)
+        addItem(titleOfItem(*m_selected));
+    else
+        setItemText(0, titleOfItem(*m_selected));
+}
+
+// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only what
+// is marked can be checked: styles draw an empty box beside every other item that can.
+void PopUpButton::markSelectedItem() {
+    if (!m_menu)
+        return;
+    const auto mark = [](QAction& item, bool marked) {
+        item.setCheckable(marked);
+        item.setChecked(marked);
+    };
+    for (QAction* item : m_menu->actions()) {
+        if (isItemGroup(*item))
+            mark(*item, selectableItems(*item->menu()).contains(m_selected.data()));
+    }
+    for (QAction* item : items())
+        mark(*item, item == m_selected);
+}
+
+QPoint PopUpButton::menuPosition() const {
+    const QSize size = m_menu->sizeHint();
+    const QRect available = screen()->availableGeometry();
+    const int left = layoutDirection() == Qt::RightToLeft ? width() - qMax(width(), size.width()) : 0;
+    const QPoint below = mapToGlobal(QPoint(left, height()));
+    const QPoint above = mapToGlobal(QPoint(left, -size.height()));
+    const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
+    return fitsBelow || above.y() < available.top() ? below : above;
+}
+
+void PopUpButton::showPopup() {
+    if (!m_menu || m_menu->isVisible() || !isEnabled())
+        return;
+    // Items come and go while the button shows the same selection: lists of profiles and macros.
+    markSelectedItem();
+    m_menu->setMinimumWidth(width());
+    m_menu->popup(menuPosition());
+    if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
+        m_menu->setActiveAction(m_selected);
+    update();
+}
+
+void PopUpButton::hidePopup() {
+    if (m_menu)
+        m_menu->hide();
+    QComboBox::hidePopup();
+}
+
+// As the inherited one, and cuts a title that is too long with dots in every style.
+void PopUpButton::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    if (m_menu && m_menu->isVisible())
+        option.state |= QStyle::State_Sunken | QStyle::State_On;
+    const int textWidth =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, textWidth);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void PopUpButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        showPopup();
+    else
+        event->ignore();
+}
+
+void PopUpButton::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+// The arrows open the menu instead of changing the function of a mouse button unseen.
+void PopUpButton::keyPressEvent(QKeyEvent* event) {
+    if (opensMenu(event->key()))
+        showPopup();
+    else
+        event->ignore();
+}
+
+void PopUpButton::keyReleaseEvent(QKeyEvent* event) {
+    event->ignore();
+}
+
+// A wheel that scrolls past must not change what a mouse button does.
+void PopUpButton::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace quorvi

@@ -1,0 +1,129 @@
+#include "resources/Interface.h"
+
+#include "platform/widgets/SymbolIcon.h"
+
+#include <QEvent>
+#include <array>
+#include <memory>
+
+namespace quorvi {
+
+namespace {
+
+constexpr qreal headingScale = 1.35;
+constexpr qreal noteScale = 0.9;
+
+// The fonts follow the desktop's font, which an interface file cannot say.
+void scaleFonts(const QWidget& view) {
+    for (QWidget* widget : view.findChildren<QWidget*>()) {
+        const bool heading = widget->property("heading").toBool();
+        if (!heading && !widget->property("note").toBool())
+            continue;
+        QFont font = widget->font();
+        const qreal scale = heading ? headingScale : noteScale;
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(font.pointSizeF() * scale);
+        else // the desktop gives its font in pixels
+            font.setPixelSize(qRound(font.pixelSize() * scale));
+        font.setBold(heading);
+        widget->setFont(font);
+    }
+}
+
+// Some styles leave a text no room beside it.
+void widenButtons(const QWidget& view) {
+    for (QPushButton* button : view.findChildren<QPushButton*>()) {
+        if (!button->text().isEmpty())
+            button->setMinimumWidth(
+                button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
+    }
+}
+
+template <typename PanelUi>
+QDialog* addPanel(QWidget& owner, PanelUi& ui) {
+    auto panel = std::make_unique<QDialog>(&owner);
+    ui.setupUi(panel.get());
+    return panel.release();
+}
+
+void setSymbols(const QWidget& view) {
+    struct ButtonSymbol {
+        const char* name;
+        Symbol symbol;
+    };
+    static constexpr std::array symbols{
+        ButtonSymbol{"quorviButtonProfileAdd", Symbol::Add},
+        ButtonSymbol{"quorviButtonProfileRemove", Symbol::Remove},
+        ButtonSymbol{"quorviButtonProfileGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonMacroAdd", Symbol::Add},
+        ButtonSymbol{"quorviButtonMacroRemove", Symbol::Remove},
+        ButtonSymbol{"quorviButtonMacroGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonStepAdd", Symbol::Add},
+        ButtonSymbol{"quorviButtonStepRemove", Symbol::Remove},
+        ButtonSymbol{"quorviButtonStepGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonStepRecord", Symbol::Record},
+        ButtonSymbol{"quorviStageButtonAdd", Symbol::Add},
+        ButtonSymbol{"quorviStageButtonRemove", Symbol::Remove},
+    };
+    for (const ButtonSymbol& button : symbols)
+        view.findChild<QAbstractButton*>(QLatin1String(button.name))->setIcon(symbolIcon(button.symbol));
+}
+
+// Shows on the drawing which input the pop-up under the pointer or with the focus belongs to.
+class InputMarker : public QObject {
+  public:
+    InputMarker(MouseView& view, int input) : QObject(&view), m_view(view), m_input(input) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::Enter:
+        case QEvent::FocusIn:
+            m_view.setMarkedInput(m_input);
+            break;
+        case QEvent::Leave:
+        case QEvent::FocusOut:
+            if (m_view.markedInput() == m_input)
+                m_view.setMarkedInput(0);
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    MouseView& m_view;
+    int m_input;
+};
+
+void markInputs(const Ui::KyvarQuorviPane& ui) {
+    const std::array popUps{ui.quorviMenuTop1, ui.quorviMenuTop2, ui.quorviMenuTop3, ui.quorviMenuTop4,
+        ui.quorviMenuTop5, ui.quorviMenuTop6, ui.quorviMenuTop7, ui.quorviMenuTop8, ui.quorviMenuTop9};
+    int input = 0;
+    for (PopUpButton* popUp : popUps)
+        popUp->installEventFilter(std::make_unique<InputMarker>(*ui.viewMouse, ++input).release());
+}
+
+} // namespace
+
+Interface::Interface(QWidget& mainView) {
+    main.setupUi(&mainView);
+    menus = createMenus(mainView);
+    main.quorviMenuPollingRate->setMenu(createPollingRateMenu().release());
+    main.quorviTableProfiles->setMenu(menus.quorviMenuProfileGear);
+    main.quorviTableMacros->setMenu(menus.quorviMenuMacroGear);
+    main.quorviTableSteps->setMenu(menus.quorviMenuStepGear);
+
+    quorviPanelConfirm = addPanel(mainView, confirm);
+    quorviPanelNoDevice = addPanel(mainView, noDevice);
+    quorviPanelStages = addPanel(mainView, stages);
+    quorviPanelSingleKey = addPanel(mainView, singleKey);
+    quorviPanelRestore = addPanel(mainView, restore);
+
+    scaleFonts(mainView);
+    setSymbols(mainView);
+    widenButtons(mainView);
+    markInputs(main);
+}
+
+} // namespace quorvi

@@ -1,0 +1,177 @@
+#include "resources/Menus.h"
+
+#include "assignment/Commands.h"
+#include "platform/InterfaceText.h"
+#include "platform/widgets/MenuItems.h"
+
+#include <array>
+#include <span>
+
+namespace quorvi {
+
+namespace {
+
+struct Entry {
+    const char* title; // nullptr for a separator
+    int tag;
+};
+
+constexpr Entry separator{nullptr, 0};
+
+constexpr std::array profileEntries{
+    Entry{"New Profile", 11},
+    Entry{"Duplicate Profile", 15},
+    Entry{"Remove Profile…", 14},
+    separator,
+    Entry{"Assign Application…", 16},
+    Entry{"Remove Application", 17},
+    separator,
+    Entry{"Import Profile…", 12},
+    Entry{"Export Profile…", 13},
+    separator,
+    Entry{"Restore Defaults…", 18},
+};
+
+constexpr std::array macroEntries{
+    Entry{"New Macro", 21},
+    Entry{"Remove Macro…", 24},
+    separator,
+    Entry{"Import Macro…", 22},
+    Entry{"Export Macro…", 23},
+};
+
+constexpr std::array stepEntries{
+    Entry{"Record", 31},
+    Entry{"Record Step Again", 32},
+    separator,
+    Entry{"Remove Step", 33},
+    Entry{"Remove All Steps", 34},
+    separator,
+    Entry{"Use Delay of Step for All", 35},
+    Entry{"Remove All Delays", 36},
+};
+
+constexpr std::array delayEntries{
+    Entry{"None", 0},
+    Entry{"10 ms", 10},
+    Entry{"20 ms", 20},
+    Entry{"30 ms", 30},
+    Entry{"40 ms", 40},
+    Entry{"50 ms", 50},
+    Entry{"100 ms", 100},
+    Entry{"150 ms", 150},
+    Entry{"200 ms", 200},
+    Entry{"300 ms", 300},
+    Entry{"400 ms", 400},
+    Entry{"½ second", 500},
+    Entry{"1 second", 1000},
+    Entry{"2 seconds", 2000},
+    Entry{"3 seconds", 3000},
+    Entry{"4 seconds", 4000},
+    Entry{"5 seconds", 5000},
+};
+
+constexpr std::array pollingRateEntries{
+    Entry{"125 Hz", 125},
+    Entry{"500 Hz", 500},
+    Entry{"1000 Hz", 1000},
+};
+
+QAction& addItem(QMenu& menu, const char* title) {
+    QAction& item = *menu.addAction(QString());
+    setTitleOfItem(item, interfaceText(title));
+    return item;
+}
+
+QMenu& addSubmenu(QMenu& menu, const char* title) {
+    QMenu& submenu = *menu.addMenu(QString());
+    setTitleOfItem(*submenu.menuAction(), interfaceText(title));
+    return submenu;
+}
+
+void setAction(QObject& object, const char* action) {
+    object.setProperty("action", QByteArray(action));
+}
+
+void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action) {
+    for (const Entry& entry : entries) {
+        if (!entry.title) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction& item = addItem(menu, entry.title);
+        setTagOfItem(item, entry.tag);
+        if (action)
+            setAction(item, action);
+    }
+}
+
+// The fixed head of a list under an item.
+void addListHead(QMenu& list, const char* title, const char* action) {
+    QAction& item = addItem(list, title);
+    setTagOfItem(item, -1);
+    setAction(item, action);
+    list.addSeparator();
+}
+
+void addCommand(QMenu& menu, const Command& command) {
+    QAction* item = nullptr;
+    if (command.code == commandSwitchProfile) {
+        QMenu& list = addSubmenu(menu, command.title);
+        addListHead(list, "Edit Profiles…", "actionSubmenuButtonProfile:");
+        item = list.menuAction();
+    } else if (command.code == commandRunMacro) {
+        QMenu& list = addSubmenu(menu, command.title);
+        addListHead(list, "Edit Macros…", "actionSubmenuButtonMacro:");
+        item = list.menuAction();
+    } else {
+        item = &addItem(menu, command.title);
+    }
+    setTagOfItem(*item, command.code);
+}
+
+void addGroups(QMenu& menu, std::span<const CommandGroupPlace> places, bool wheel) {
+    for (const CommandGroupPlace& place : places) {
+        if (place.separatorBefore)
+            menu.addSeparator();
+        QMenu& target = place.submenuTitle ? addSubmenu(menu, place.submenuTitle) : menu;
+        for (const Command& command : commands()) {
+            if (command.group == place.group && (!wheel || command.inputs == CommandInputs::ButtonsAndWheel))
+                addCommand(target, command);
+        }
+    }
+}
+
+QMenu* addMenu(QWidget& owner, const char* name) {
+    auto menu = std::make_unique<QMenu>(&owner);
+    menu->setObjectName(QLatin1String(name));
+    return menu.release();
+}
+
+} // namespace
+
+Menus createMenus(QWidget& owner) {
+    constexpr const char* tableAction = "actionMenuTableContext:";
+    Menus menus;
+    menus.quorviMenuCommands = addMenu(owner, "quorviMenuCommands");
+    addGroups(*menus.quorviMenuCommands, buttonMenuGroups(), false);
+    menus.quorviMenuWheelCommands = addMenu(owner, "quorviMenuWheelCommands");
+    addGroups(*menus.quorviMenuWheelCommands, wheelMenuGroups(), true);
+    menus.quorviMenuProfileGear = addMenu(owner, "quorviMenuProfileGear");
+    addEntries(*menus.quorviMenuProfileGear, profileEntries, tableAction);
+    menus.quorviMenuMacroGear = addMenu(owner, "quorviMenuMacroGear");
+    addEntries(*menus.quorviMenuMacroGear, macroEntries, tableAction);
+    menus.quorviMenuStepGear = addMenu(owner, "quorviMenuStepGear");
+    addEntries(*menus.quorviMenuStepGear, stepEntries, tableAction);
+    menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay");
+    addEntries(*menus.quorviMenuStepDelay, delayEntries, nullptr);
+    return menus;
+}
+
+std::unique_ptr<QMenu> createPollingRateMenu() {
+    auto menu = std::make_unique<QMenu>();
+    addEntries(*menu, pollingRateEntries, nullptr);
+    return menu;
+}
+
+} // namespace quorvi

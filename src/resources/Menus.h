@@ -1,0 +1,29 @@
+// The panel's menus, made from tables. A menu's objectName is its outlet's name; an item carries the dynamic
+// properties "tag" and, where the controller acts on it, "action".
+#pragma once
+
+#include <QMenu>
+#include <memory>
+
+class QWidget;
+
+namespace quorvi {
+
+/// Every menu belongs to the widget that createMenus() was given.
+struct Menus {
+    QMenu* quorviMenuCommands = nullptr;      ///< what inputs 1 to 7 can do; tags are command codes
+    QMenu* quorviMenuWheelCommands = nullptr; ///< what inputs 8 and 9 can do; tags are command codes
+    QMenu* quorviMenuProfileGear = nullptr;   ///< tags 11 to 18
+    QMenu* quorviMenuMacroGear = nullptr;     ///< tags 21 to 24
+    QMenu* quorviMenuStepGear = nullptr;      ///< tags 31 to 36
+    QMenu* quorviMenuStepDelay = nullptr;     ///< delays from short to long; tags are milliseconds
+};
+
+/// In both command menus the submenus of commandSwitchProfile and commandRunMacro hold two items: the entry
+/// that opens the tab where the list is edited, and a separator. The list follows from item 2.
+[[nodiscard]] Menus createMenus(QWidget& owner);
+
+/// The rates that the mouse knows; tags are hertz.
+[[nodiscard]] std::unique_ptr<QMenu> createPollingRateMenu();
+
+} // namespace quorvi

@@ -1,0 +1,309 @@
+#include "platform/widgets/PopUpButton.h"
+#include "platform/widgets/MenuItems.h"
+#include "widgets/WidgetTestMain.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+using namespace quorvi;
+
+namespace {
+
+QAction* addItem(QMenu& menu, const QString& title, int tag) {
+    QAction* item = menu.addAction(QString());
+    setTitleOfItem(*item, title);
+    setTagOfItem(*item, tag);
+    return item;
+}
+
+// Alpha 10, separator, Group { Beta 20, Gamma 30 }, List 34 { Edit -1, separator, Named 20 }, Again 30.
+QMenu* createMenu() {
+    auto menu = std::make_unique<QMenu>();
+    addItem(*menu, "Alpha", 10);
+    menu->addSeparator();
+    QMenu* group = menu->addMenu("Group");
+    addItem(*group, "Beta", 20);
+    addItem(*group, "Gamma", 30);
+    QMenu* list = menu->addMenu("List");
+    setTagOfItem(*list->menuAction(), 34);
+    addItem(*list, "Edit", -1);
+    list->addSeparator();
+    addItem(*list, "Named", 20);
+    addItem(*menu, "Again", 30);
+    return menu.release();
+}
+
+QStringList titles(const QList<QAction*>& items) {
+    QStringList list;
+    for (const QAction* item : items)
+        list << titleOfItem(*item);
+    return list;
+}
+
+} // namespace
+
+class PopUpButtonTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init() {
+        m_button = std::make_unique<PopUpButton>();
+        m_button->setMenu(createMenu());
+        m_button->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_button.get()));
+    }
+
+    void cleanup() { m_button.reset(); }
+
+    void itemsAreThoseOfTheMenuAndItsGroupsOnly() {
+        QCOMPARE(titles(m_button->items()), QStringList({"Alpha", "Beta", "Gamma", "List", "Again"}));
+    }
+
+    void tagIsLookedUpInTheMenuBeforeItsGroups() {
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(30)), QString("Again"));
+        QCOMPARE(m_button->indexOfItemWithTag(30), 4);
+    }
+
+    void tagIsLookedUpInGroupsButNotInLists() {
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(20)), QString("Beta"));
+        QCOMPARE(m_button->indexOfItemWithTag(20), 1);
+        QVERIFY(!m_button->itemWithTag(-1));
+        QCOMPARE(m_button->indexOfItemWithTag(-1), -1);
+        QVERIFY(!m_button->itemWithTag(0));
+    }
+
+    void selectedTitleIsTheOnlyEntry() {
+        QVERIFY(m_button->selectItemWithTag(20));
+        QCOMPARE(m_button->count(), 1);
+        QCOMPARE(m_button->currentText(), QString("Beta"));
+        QVERIFY(m_button->selectItemWithTag(34));
+        QCOMPARE(m_button->count(), 1);
+        QCOMPARE(m_button->currentText(), QString("List"));
+        QCOMPARE(m_button->selectedTag(), 34);
+    }
+
+    void unknownTagSelectsNoneAndShowsNothing() {
+        m_button->selectItemWithTag(10);
+        QVERIFY(!m_button->selectItemWithTag(99));
+        QVERIFY(!m_button->selectedItem());
+        QCOMPARE(m_button->selectedTag(), -1);
+        QCOMPARE(m_button->currentText(), QString());
+    }
+
+    void nullSelectsNone() {
+        m_button->selectItemWithTag(10);
+        m_button->selectItem(nullptr);
+        QVERIFY(!m_button->selectedItem());
+        QCOMPARE(m_button->currentText(), QString());
+    }
+
+    void itemOfAListCannotBeSelected() {
+        QAction* named = m_button->itemWithTag(34)->menu()->actions().at(2);
+        m_button->selectItem(named);
+        QVERIFY(!m_button->selectedItem());
+    }
+
+    void changedTitleOfTheSelectedItemIsShown() {
+        m_button->selectItemWithTag(34);
+        setTitleOfItem(*m_button->itemWithTag(34), "Profile: A & B");
+        QCOMPARE(m_button->currentText(), QString("Profile: A & B"));
+        m_button->selectItemWithTag(10);
+        setTitleOfItem(*m_button->itemWithTag(34), "List");
+        QCOMPARE(m_button->currentText(), QString("Alpha"));
+    }
+
+    void deletedItemIsNoLongerSelected() {
+        m_button->selectItemWithTag(10);
+        delete m_button->selectedItem();
+        QVERIFY(!m_button->selectedItem());
+        QCOMPARE(m_button->currentText(), QString());
+    }
+
+    void selectedItemAndItsGroupAreChecked() {
+        m_button->selectItemWithTag(20);
+        QAction* group = m_button->menu()->actions().at(2);
+        QVERIFY(m_button->itemWithTag(20)->isChecked());
+        QVERIFY(group->isChecked());
+        m_button->selectItemWithTag(10);
+        QVERIFY(m_button->itemWithTag(10)->isChecked());
+        QVERIFY(!m_button->itemWithTag(20)->isChecked());
+        QVERIFY(!group->isChecked());
+    }
+
+    void selectingByProgramEmitsNothing() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        m_button->selectItemWithTag(10);
+        m_button->selectItem(nullptr);
+        QCOMPARE(chosen.count(), 0);
+    }
+
+    void keysOpenTheMenu_data() {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<bool>("withAlt");
+        QTest::newRow("Space") << Qt::Key_Space << false;
+        QTest::newRow("Down") << Qt::Key_Down << false;
+        QTest::newRow("Up") << Qt::Key_Up << false;
+        QTest::newRow("F4") << Qt::Key_F4 << false;
+        QTest::newRow("Alt+Down") << Qt::Key_Down << true;
+    }
+
+    void keysOpenTheMenu() {
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, withAlt);
+        m_button->selectItemWithTag(10);
+        QTest::keyClick(m_button.get(), key, withAlt ? Qt::AltModifier : Qt::NoModifier);
+        QTRY_VERIFY(m_button->menu()->isVisible());
+        QCOMPARE(m_button->selectedTag(), 10);
+        m_button->hidePopup();
+        QVERIFY(!m_button->menu()->isVisible());
+    }
+
+    void otherKeysChangeNothing() {
+        m_button->selectItemWithTag(10);
+        for (Qt::Key key : {Qt::Key_Home, Qt::Key_End, Qt::Key_PageDown, Qt::Key_A, Qt::Key_Return})
+            QTest::keyClick(m_button.get(), key);
+        QVERIFY(!m_button->menu()->isVisible());
+        QCOMPARE(m_button->currentText(), QString("Alpha"));
+    }
+
+    void clickOpensTheMenuBesideTheButton() {
+        QTest::mouseClick(m_button.get(), Qt::LeftButton);
+        QTRY_VERIFY(m_button->menu()->isVisible());
+        QCOMPARE(m_button->menu()->width() >= m_button->width(), true);
+        m_button->hidePopup();
+    }
+
+    void otherMouseButtonsDoNotOpenTheMenu() {
+        QTest::mouseClick(m_button.get(), Qt::RightButton);
+        QVERIFY(!m_button->menu()->isVisible());
+    }
+
+    void disabledButtonDoesNotOpen() {
+        m_button->setEnabled(false);
+        m_button->showPopup();
+        QVERIFY(!m_button->menu()->isVisible());
+    }
+
+    void wheelChangesNothing() {
+        m_button->selectItemWithTag(10);
+        const QPointF middle = QRectF(m_button->rect()).center();
+        QWheelEvent turn(middle, m_button->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, -120),
+            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QVERIFY(QApplication::sendEvent(m_button.get(), &turn));
+        QVERIFY(!turn.isAccepted());
+        QCOMPARE(m_button->selectedTag(), 10);
+        QVERIFY(!m_button->menu()->isVisible());
+    }
+
+    void choiceByKeySelectsAndIsAnnounced() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        m_button->selectItemWithTag(10);
+        QTest::keyClick(m_button.get(), Qt::Key_Down);
+        QTRY_VERIFY(m_button->menu()->isVisible());
+        QTest::keyClick(m_button->menu(), Qt::Key_Up); // from the first item to the last
+        QTest::keyClick(m_button->menu(), Qt::Key_Return);
+        QCOMPARE(chosen.count(), 1);
+        QCOMPARE(m_button->selectedItem(), m_button->menu()->actions().last());
+        QCOMPARE(m_button->currentText(), QString("Again"));
+    }
+
+    void choiceByMouseSelectsAndIsAnnounced() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        m_button->showPopup();
+        QTRY_VERIFY(m_button->menu()->isVisible());
+        QAction* alpha = m_button->menu()->actions().first();
+        QTest::mouseClick(
+            m_button->menu(), Qt::LeftButton, {}, m_button->menu()->actionGeometry(alpha).center());
+        QTRY_COMPARE(chosen.count(), 1);
+        QCOMPARE(chosen.first().first().value<QAction*>(), alpha);
+        QCOMPARE(m_button->selectedTag(), 10);
+    }
+
+    void choosingTheSelectedItemAgainIsAnnouncedAndKeepsItChecked() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        m_button->selectItemWithTag(10);
+        m_button->itemWithTag(10)->trigger();
+        QCOMPARE(chosen.count(), 1);
+        QVERIFY(m_button->itemWithTag(10)->isChecked());
+    }
+
+    void choiceInAGroupSelectsIt() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        QMenu* group = m_button->menu()->actions().at(2)->menu();
+        group->actions().at(1)->trigger();
+        QCOMPARE(chosen.count(), 1);
+        QCOMPARE(m_button->currentText(), QString("Gamma"));
+    }
+
+    void choiceInAListChangesNothingAndIsNotAnnounced() {
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        m_button->selectItemWithTag(10);
+        QAction* named = m_button->itemWithTag(34)->menu()->actions().at(2);
+        QSignalSpy triggered(named, &QAction::triggered);
+        named->trigger();
+        QCOMPARE(triggered.count(), 1);
+        QCOMPARE(chosen.count(), 0);
+        QCOMPARE(m_button->selectedTag(), 10);
+    }
+
+    void menuIsOwned() {
+        QPointer<QMenu> first = m_button->menu();
+        m_button->selectItemWithTag(10);
+        m_button->setMenu(createMenu());
+        QVERIFY(!first);
+        QVERIFY(!m_button->selectedItem());
+        QPointer<QMenu> second = m_button->menu();
+        m_button.reset();
+        QVERIFY(!second);
+    }
+
+    void screenReadersSeeAComboBoxWithTheSelectedTitle() {
+        m_button->selectItemWithTag(10);
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(m_button.get());
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::ComboBox);
+        QCOMPARE(accessible->text(QAccessible::Value), QString("Alpha"));
+        m_button->selectItemWithTag(20);
+        QCOMPARE(accessible->text(QAccessible::Value), QString("Beta"));
+    }
+
+    void copyOfAMenuHasItsItemsTagsAndSubmenusButNoConnections() {
+        QMenu& menu = *m_button->menu();
+        menu.actions().first()->setEnabled(false);
+        menu.actions().first()->setProperty("action", "act:");
+        const std::unique_ptr<QMenu> copy = copyOfMenu(menu);
+        QCOMPARE(titles(selectableItems(*copy)), titles(m_button->items()));
+        QCOMPARE(copy->actions().size(), menu.actions().size());
+        QVERIFY(copy->actions().at(1)->isSeparator());
+        QVERIFY(!copy->actions().first()->isEnabled());
+        QCOMPARE(copy->actions().first()->property("action").toString(), QString("act:"));
+        QCOMPARE(tagOfItem(*copy->actions().at(3)), std::optional(34));
+        QCOMPARE(copy->actions().at(3)->menu()->actions().size(), 3);
+        QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        copy->actions().last()->trigger();
+        QCOMPARE(chosen.count(), 0);
+    }
+
+    void ampersandsOfATitleAreShown() {
+        QAction item;
+        setTitleOfItem(item, "Cut & Paste && More");
+        QCOMPARE(titleOfItem(item), QString("Cut & Paste && More"));
+        item.setText("&Open");
+        QCOMPARE(titleOfItem(item), QString("Open"));
+        item.setText("Odd&");
+        QCOMPARE(titleOfItem(item), QString("Odd"));
+    }
+
+    void indexInAMenuCountsSeparators() {
+        QCOMPARE(indexOfItemWithTag(*m_button->menu(), 34), 3);
+        QCOMPARE(indexOfItemWithTag(*m_button->menu(), 20), -1);
+        QVERIFY(!quorvi::itemWithTag(*m_button->menu(), 20));
+    }
+
+  private:
+    std::unique_ptr<PopUpButton> m_button;
+};
+
+QUORVI_WIDGET_TEST_MAIN(PopUpButtonTest)
+#include "PopUpButtonTest.moc"

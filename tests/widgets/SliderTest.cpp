@@ -1,0 +1,187 @@
+#include "platform/widgets/KyvarQuorviSlider.h"
+#include "widgets/WidgetTestMain.h"
+
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+#include <limits>
+
+using namespace quorvi;
+
+class SliderTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init() {
+        m_slider = std::make_unique<KyvarQuorviSlider>();
+        m_slider->setRange(100, 6475);
+        m_slider->setSingleStep(25);
+        m_slider->setPageStep(250);
+        m_slider->setValue(1500);
+        m_slider->resize(300, 30);
+        m_slider->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_slider.get()));
+    }
+
+    void cleanup() { m_slider.reset(); }
+
+    void dragEndsOnAWholeStepAndIsAnnouncedOnce() {
+        QSignalSpy ended(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded);
+        QSignalSpy chosen(m_slider.get(), &KyvarQuorviSlider::valueChosen);
+        QTest::mousePress(m_slider.get(), Qt::LeftButton, {}, handle());
+        for (int x = handle().x(); x < 240; x += 7) {
+            dragTo(QPoint(x, handle().y()));
+            QCOMPARE((m_slider->value() - 100) % 25, 0);
+        }
+        QCOMPARE(ended.count(), 0);
+        QTest::mouseRelease(m_slider.get(), Qt::LeftButton, {}, QPoint(240, handle().y()));
+        QCOMPARE(ended.count(), 1);
+        QVERIFY(m_slider->value() > 3000);
+        QVERIFY(chosen.count() > 1);
+        QCOMPARE(chosen.last().first().toInt(), m_slider->value());
+    }
+
+    void clickWithoutADragEndsToo() {
+        QSignalSpy ended(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded);
+        QTest::mouseClick(m_slider.get(), Qt::LeftButton, {}, handle());
+        QCOMPARE(ended.count(), 1);
+        QCOMPARE(m_slider->value(), 1500);
+    }
+
+    void otherButtonDoesNotEnd() {
+        QSignalSpy ended(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded);
+        QTest::mouseClick(m_slider.get(), Qt::RightButton, {}, handle());
+        QTest::mouseRelease(m_slider.get(), Qt::LeftButton, {}, handle());
+        QCOMPARE(ended.count(), 0);
+    }
+
+    void keysMoveByWholeSteps_data() {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<int>("to");
+        QTest::newRow("right") << 1500 << Qt::Key_Right << 1525;
+        QTest::newRow("left") << 1500 << Qt::Key_Left << 1475;
+        QTest::newRow("page up") << 1500 << Qt::Key_PageUp << 1750;
+        QTest::newRow("page down") << 1500 << Qt::Key_PageDown << 1250;
+        QTest::newRow("home") << 1500 << Qt::Key_Home << 100;
+        QTest::newRow("end") << 1500 << Qt::Key_End << 6475;
+        QTest::newRow("right from between, low") << 803 << Qt::Key_Right << 825;
+        QTest::newRow("right from between, high") << 820 << Qt::Key_Right << 825;
+        QTest::newRow("left from between, low") << 803 << Qt::Key_Left << 800;
+        QTest::newRow("left from between, high") << 820 << Qt::Key_Left << 800;
+        QTest::newRow("page up to the end") << 6400 << Qt::Key_PageUp << 6475;
+        QTest::newRow("page down to the end") << 125 << Qt::Key_PageDown << 100;
+    }
+
+    void keysMoveByWholeSteps() {
+        QFETCH(int, from);
+        QFETCH(Qt::Key, key);
+        QFETCH(int, to);
+        QSignalSpy chosen(m_slider.get(), &KyvarQuorviSlider::valueChosen);
+        m_slider->setValue(from);
+        QTest::keyClick(m_slider.get(), key);
+        QCOMPARE(m_slider->value(), to);
+        QCOMPARE(chosen.count(), 1);
+        QCOMPARE(chosen.first().first().toInt(), to);
+    }
+
+    void keyAtTheEndAnnouncesNothingThenOrLater() {
+        QSignalSpy chosen(m_slider.get(), &KyvarQuorviSlider::valueChosen);
+        m_slider->setValue(6475);
+        QTest::keyClick(m_slider.get(), Qt::Key_Right);
+        m_slider->setValue(400);
+        QCOMPARE(chosen.count(), 0);
+    }
+
+    void wheelMovesByWholeSteps() {
+        m_slider->setValue(803);
+        turnWheel(120);
+        QVERIFY(m_slider->value() > 803);
+        QCOMPARE((m_slider->value() - 100) % 25, 0);
+        turnWheel(-120);
+        QCOMPARE((m_slider->value() - 100) % 25, 0);
+    }
+
+    void valueOfTheProgramStaysAsItIsAndIsNotAnnounced() {
+        QSignalSpy chosen(m_slider.get(), &KyvarQuorviSlider::valueChosen);
+        QSignalSpy ended(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded);
+        m_slider->setValue(812);
+        QCOMPARE(m_slider->value(), 812);
+        QCOMPARE(chosen.count(), 0);
+        QCOMPARE(ended.count(), 0);
+    }
+
+    void nearestStepStaysInTheRange() {
+        QCOMPARE(m_slider->nearestStep(812), 800);
+        QCOMPARE(m_slider->nearestStep(813), 825);
+        QCOMPARE(m_slider->nearestStep(-50), 100);
+        QCOMPARE(m_slider->nearestStep(9000), 6475);
+        m_slider->setRange(100, 160);
+        QCOMPARE(m_slider->nearestStep(160), 150);
+    }
+
+    void floatValueKeepsHundredths() {
+        m_slider->setRange(100, 1000);
+        m_slider->setValuesPerUnit(100);
+        m_slider->setFloatValue(4.99F);
+        QCOMPARE(m_slider->value(), 499);
+        QCOMPARE(m_slider->floatValue(), 4.99F);
+        m_slider->setFloatValue(5.0F);
+        QCOMPARE(m_slider->floatValue(), 5.0F);
+    }
+
+    void floatValueOutsideTheRangeIsTheNearestEnd() {
+        m_slider->setRange(100, 1000);
+        m_slider->setValuesPerUnit(100);
+        m_slider->setFloatValue(0.5F);
+        QCOMPARE(m_slider->floatValue(), 1.0F);
+        m_slider->setFloatValue(1e30F);
+        QCOMPARE(m_slider->floatValue(), 10.0F);
+        m_slider->setFloatValue(-1e30F);
+        QCOMPARE(m_slider->floatValue(), 1.0F);
+        m_slider->setFloatValue(std::numeric_limits<float>::quiet_NaN());
+        QCOMPARE(m_slider->floatValue(), 1.0F);
+    }
+
+    void scaleIsAtLeastOne() {
+        m_slider->setValuesPerUnit(0);
+        QCOMPARE(m_slider->valuesPerUnit(), 1);
+        QCOMPARE(m_slider->floatValue(), 1500.0F);
+    }
+
+  private:
+    [[nodiscard]] QPoint handle() const {
+        QStyleOptionSlider option;
+        option.initFrom(m_slider.get());
+        option.minimum = m_slider->minimum();
+        option.maximum = m_slider->maximum();
+        option.sliderPosition = m_slider->sliderPosition();
+        option.sliderValue = m_slider->value();
+        option.orientation = Qt::Horizontal;
+        option.subControls = QStyle::SC_All;
+        return m_slider->style()
+            ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, m_slider.get())
+            .center();
+    }
+
+    // QTest::mouseMove() moves the pointer of the display in older versions, and not all displays have one.
+    void dragTo(QPoint place) {
+        const QPointF position(place);
+        QMouseEvent move(QEvent::MouseMove, position, position, m_slider->mapToGlobal(place), Qt::NoButton,
+            Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_slider.get(), &move);
+    }
+
+    void turnWheel(int angle) {
+        const QPointF middle = QRectF(m_slider->rect()).center();
+        QWheelEvent turn(middle, m_slider->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, angle),
+            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_slider.get(), &turn);
+    }
+
+    std::unique_ptr<KyvarQuorviSlider> m_slider;
+};
+
+QUORVI_WIDGET_TEST_MAIN(SliderTest)
+#include "SliderTest.moc"

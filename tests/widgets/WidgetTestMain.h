@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QApplication>
+#include <QtTest>
+
+/// The main function of a test program of windows. Without a display it draws into memory.
+#define QUORVI_WIDGET_TEST_MAIN(TestClass)                                                                   \
+    int main(int argc, char** argv) {                                                                        \
+        if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))        \
+            qputenv("QT_QPA_PLATFORM", "offscreen");                                                         \
+        QApplication application(argc, argv);                                                                \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }
