@@ -20,7 +20,7 @@ bool waitFor(EventBus& bus, Condition&& condition) {
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;
-        bus.wait(std::chrono::milliseconds(100));
+        bus.wait(std::chrono::milliseconds(5)); // what other programs do need not wake this one
     }
     return true;
 }
