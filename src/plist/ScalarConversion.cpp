@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <system_error>
 
 namespace quorvi::plist {
 
@@ -51,17 +53,32 @@ bool leadingTruth(std::u16string_view text) {
            std::u16string_view(u"YyTt123456789").find(text.front()) != std::u16string_view::npos;
 }
 
+/// Whether a decimal outside the range of a double is too small rather than too large.
+bool isTiny(std::string_view decimal) {
+    const auto exponent = decimal.find_first_of("eE");
+    if (exponent != std::string_view::npos)
+        return decimal.substr(exponent + 1).starts_with('-');
+    return decimal.starts_with('0') || decimal.starts_with('.');
+}
+
+/// The longest decimal that matters: a double has at most 309 digits before its point.
+constexpr std::size_t kLongestReal = 400;
+
 double leadingReal(std::u16string_view text) {
     text = withoutBlanks(text);
     const bool negative = takeSign(text);
     std::string ascii;
-    for (const char16_t c : text.substr(0, 400)) {
-        if (!isDigit(c) && c != u'.' && c != u'e' && c != u'E' && c != u'+' && c != u'-')
+    for (const char16_t c : text.substr(0, kLongestReal)) {
+        if (!isDigit(c) && std::u16string_view(u".eE+-").find(c) == std::u16string_view::npos)
             break;
         ascii.push_back(static_cast<char>(c));
     }
+    if (ascii.starts_with('-')) // a second sign, which from_chars would take
+        return 0;
     double number = 0;
-    std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
+    const auto end = ascii.data() + ascii.size();
+    if (std::from_chars(ascii.data(), end, number).ec == std::errc::result_out_of_range)
+        number = isTiny(ascii) ? 0 : std::numeric_limits<double>::infinity();
     return negative ? -number : number;
 }
 
@@ -105,6 +122,9 @@ bool toBoolean(const Value& value) {
 }
 
 double toReal(const Value& value) {
+    // An integer is carried because it is above the signed range.
+    if (const auto* carried = std::get_if<CarriedRef>(&value.variant()))
+        return static_cast<double>(static_cast<std::uint64_t>(carriedInteger(*carried)));
     return convert<double>(
         value, [](std::int64_t v) { return static_cast<double>(v); }, [](double v) { return v; },
         leadingReal);

@@ -8,7 +8,7 @@ namespace quorvi::plist {
 
 namespace {
 
-const Value g_nothing;
+constinit const Value g_nothing;
 
 template <typename EntryList>
 auto findKey(EntryList& entries, std::string_view key) {
@@ -76,13 +76,19 @@ void Dictionary::append(std::string key, Value value) const {
 }
 
 void Dictionary::remove(std::string_view key) const {
+    // A copy, since the key may be a view into the very entry that erasing moves another one over.
     if (m_entries)
-        std::erase_if(*m_entries, [&](const auto& entry) { return entry.key == key; });
+        std::erase_if(*m_entries, [name = std::string(key)](const auto& entry) { return entry.key == name; });
 }
 
 void Dictionary::removeAll() const {
     if (m_entries)
         m_entries->clear();
+}
+
+void Dictionary::reserve(std::size_t count) const {
+    if (m_entries)
+        m_entries->reserve(count);
 }
 
 const Dictionary::Entries& Dictionary::entries() const {
@@ -154,6 +160,11 @@ Value::Value(Array v) {
         m_value = std::move(v);
 }
 
+Value::Value(CarriedRef v) {
+    if (v)
+        m_value = std::move(v);
+}
+
 std::int32_t Value::integer() const {
     return toInteger(*this);
 }
@@ -176,31 +187,40 @@ Array Value::array() const {
 
 namespace {
 
-bool sameEntries(const Dictionary& a, const Dictionary& b) {
-    return a.isSameAs(b) || (a.size() == b.size() &&
-                                std::all_of(a.entries().begin(), a.entries().end(), [&](const auto& entry) {
-                                    return b.has(entry.key) && b.value(entry.key) == entry.value;
-                                }));
-}
+/// One overload for each type with an equality of its own; both sides have the same type.
+struct SameContent {
+    template <typename T>
+    bool operator()(const T& a, const T& b) const {
+        return a == b;
+    }
+    bool operator()(const CarriedRef& a, const CarriedRef& b) const { return carriedEqual(a, b); }
+    bool operator()(const Array& a, const Array& b) const { return a.isSameAs(b) || a.items() == b.items(); }
+    bool operator()(const Dictionary& a, const Dictionary& b) const {
+        return a.isSameAs(b) || (a.size() == b.size() && allIn(a.entries(), b.entries()));
+    }
+
+  private:
+    /// Copies have their keys in the same order, so the same place is looked at before all others.
+    static bool allIn(const Dictionary::Entries& entries, const Dictionary::Entries& others) {
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const Entry& entry = entries[i];
+            const auto other =
+                others[i].key == entry.key ? others.begin() + std::ptrdiff_t(i) : findKey(others, entry.key);
+            if (other == others.end() || !(other->value == entry.value))
+                return false;
+        }
+        return true;
+    }
+};
 
 } // namespace
 
 bool operator==(const Value& a, const Value& b) {
-    if (const auto dictionary = a.dictionary())
-        return b.dictionary() && sameEntries(dictionary, b.dictionary());
-    if (const auto array = a.array())
-        return b.array() && array.items() == b.array().items();
     if (a.variant().index() != b.variant().index())
         return false;
     return std::visit(
         [&](const auto& value) {
-            using T = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<T, Dictionary> || std::is_same_v<T, Array>)
-                return true; // compared above
-            else if constexpr (std::is_same_v<T, CarriedRef>)
-                return carriedEqual(value, std::get<T>(b.variant()));
-            else
-                return value == std::get<T>(b.variant());
+            return SameContent()(value, std::get<std::decay_t<decltype(value)>>(b.variant()));
         },
         a.variant());
 }

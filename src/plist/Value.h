@@ -60,6 +60,7 @@ class Dictionary {
     void append(std::string key, Value value) const;
     void remove(std::string_view key) const;
     void removeAll() const;
+    void reserve(std::size_t count) const;
 
     /// The entries in order; empty when nil. Invalidated by any change of the dictionary.
     [[nodiscard]] const Entries& entries() const;
@@ -112,9 +113,9 @@ class Value {
     Value(std::u16string v) : m_value(std::move(v)) {}
     Value(const char16_t* v) : m_value(std::u16string(v)) {}
     Value(Data v) : m_value(std::move(v)) {}
-    Value(Dictionary v); ///< nothing when nil
-    Value(Array v);      ///< nothing when nil
-    Value(CarriedRef v) : m_value(std::move(v)) {}
+    Value(Dictionary v);         ///< nothing when nil
+    Value(Array v);              ///< nothing when nil
+    Value(CarriedRef v);         ///< nothing when null
     Value(const void*) = delete; // keeps stray pointers from becoming booleans
     Value(const char*) = delete;
 
@@ -127,7 +128,8 @@ class Value {
     /// Numbers: not 0. Strings: true when they start with Y, y, T, t or a digit from 1 to 9, behind blanks,
     /// a sign and zeros. False for everything else.
     [[nodiscard]] bool boolean() const;
-    /// The value as a real number: a string's leading number, 0 for everything else that is no number.
+    /// The value as a real number: a string's leading decimal number (infinite when too large, 0 when too
+    /// small), 0 for everything else that is no number.
     [[nodiscard]] double real() const;
     /// Nothing (a null pointer) when the value is of another type.
     [[nodiscard]] const std::u16string* string() const { return std::get_if<std::u16string>(&m_value); }

@@ -1,0 +1,22 @@
+// Replacing a file as a whole: after a crash or a power failure there is the old content or the new one.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "model/FileCalls.h"
+
+namespace quorvi {
+
+/// Writes the bytes into a temporary file beside the target, brings them to the disk, and lets the temporary
+/// take the target's place. True when all of that succeeded; the old file is untouched by every failure
+/// before the last step, which brings the folder to the disk, and no temporary file stays behind.
+///
+/// Symbolic links are followed, so that a settings file kept elsewhere stays there; a dangling link creates
+/// its target. An old file's mode is kept, and its owner where the system permits; a new one has the mode
+/// that the process's mask leaves of 0666. The folder must exist. Only a regular file is replaced: a folder,
+/// a device or a FIFO at the path fails at once.
+[[nodiscard]] bool replaceFileAtomically(
+    const std::filesystem::path& path, std::string_view bytes, FileCalls& calls = systemFileCalls());
+
+} // namespace quorvi

@@ -1,0 +1,29 @@
+// The system calls that change files, as one object that a caller may replace: full disks, interrupted writes
+// and failing devices cannot be had on every machine.
+#pragma once
+
+#include <cstddef>
+#include <sys/types.h>
+
+namespace quorvi {
+
+/// Each call takes and returns what the call of that name in POSIX does: -1 on failure, with errno set.
+class FileCalls {
+  public:
+    virtual ~FileCalls() = default;
+
+    virtual int openat(int folder, const char* name, int flags, mode_t mode);
+    virtual ssize_t write(int file, const void* bytes, std::size_t count);
+    virtual int fchown(int file, uid_t owner, gid_t group);
+    virtual int fchmod(int file, mode_t mode);
+    virtual int fsync(int file);
+    virtual int close(int file);
+    /// Within one folder.
+    virtual int renameat(int folder, const char* from, const char* to);
+    virtual int unlinkat(int folder, const char* name);
+};
+
+/// The calls of the system itself.
+[[nodiscard]] FileCalls& systemFileCalls();
+
+} // namespace quorvi

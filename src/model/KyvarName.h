@@ -1,0 +1,34 @@
+// Names in the record: UTF-16 little-endian units in a fixed number of bytes, padded with zeros.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "model/ConfigRecord.h"
+
+namespace quorvi {
+
+/// The number of UTF-16 units before the first zero unit, at most half the size, which is in bytes.
+/// 0 when the name is missing (null).
+[[nodiscard]] std::size_t KyvarNameLength(const std::uint8_t* name, std::size_t size);
+
+/// Zeroes `size` bytes of the buffer and stores as many bytes of the string as fit; a surrogate pair may be
+/// cut. Returns the number of bytes stored; 0 when the buffer or the string is missing (null) or the string
+/// is empty, which callers take for failure. A missing string leaves the buffer zeroed.
+std::size_t KyvarStringToName(const std::u16string* string, std::uint8_t* buffer, std::size_t size);
+
+/// The string that KyvarNameLength counts, with half a surrogate pair kept as it stands; empty when the first
+/// unit is zero. Nothing when the name is missing (null).
+[[nodiscard]] std::optional<std::u16string> KyvarNameToString(const std::uint8_t* name, std::size_t size);
+
+/// Whether the name marks a record slot as unused: its first two bytes are 0xFF.
+[[nodiscard]] bool isUnusedName(const KyvarName& name);
+
+/// Whether the first `length` bytes of two macro or profile images are equal. False, without comparing, when
+/// a buffer is missing (null) and for a length of 0 or above 1024: the whole record is never compared this
+/// way.
+[[nodiscard]] bool KyvarBuffersAreIdentical(const void* a, const void* b, std::size_t length);
+
+} // namespace quorvi

@@ -1,0 +1,105 @@
+#include "model/ProfileMapping.h"
+
+#include <algorithm>
+
+#include "model/Keys.h"
+#include "model/KyvarName.h"
+#include "model/SensitivityMapping.h"
+
+namespace quorvi {
+
+namespace {
+
+using plist::Array;
+using plist::Dictionary;
+
+void storeStages(const Array& stages, ProfileRecord& record) {
+    // The device counts stages in one byte; 256 of them are none.
+    record.stageCount =
+        std::min(static_cast<std::uint8_t>(stages.size()), static_cast<std::uint8_t>(limits::stages));
+    record.defaultStage = std::min(record.defaultStage, record.stageCount);
+    for (std::size_t i = 0; i < record.stageCount; ++i) {
+        if (const auto stage = stages.dictionary(i))
+            record.stages[i] = sensitivityCodes(stage);
+    }
+}
+
+void storeButtons(const Dictionary& buttons, ProfileRecord& record) {
+    for (int number = 1; number <= limits::buttons; ++number) {
+        const auto assignment = buttons.dictionary(keys::button(number));
+        if (!assignment)
+            continue;
+        record.buttons[static_cast<std::size_t>(number - 1)] = {
+            static_cast<std::uint8_t>(number),
+            static_cast<std::uint8_t>(assignment.integer(keys::command)),
+            static_cast<std::uint8_t>(assignment.integer(keys::param1)),
+            static_cast<std::uint8_t>(assignment.integer(keys::param2)),
+        };
+    }
+}
+
+Array readStages(const ProfileRecord& record) {
+    const auto stages = Array::create();
+    const auto count = std::min<std::size_t>(record.stageCount, record.stages.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto stage = Dictionary::create();
+        setSensitivity(stage, record.stages[i]);
+        stages.append(stage);
+    }
+    return stages;
+}
+
+Dictionary readButtons(const ProfileRecord& record) {
+    const auto buttons = Dictionary::create();
+    for (int number = 1; number <= limits::buttons; ++number) {
+        const auto& entry = record.buttons[static_cast<std::size_t>(number - 1)];
+        const auto assignment = Dictionary::create();
+        assignment.set(keys::command, std::int32_t{entry.command});
+        assignment.set(keys::param1, std::int32_t{entry.param1});
+        assignment.set(keys::param2, std::int32_t{entry.param2});
+        buttons.set(keys::button(number), assignment);
+    }
+    return buttons;
+}
+
+} // namespace
+
+bool KyvarProfileDictToStruct(
+    const Dictionary& profile, int number, ProfileRecord* record, ProfileNameEntry* nameEntry) {
+    if (!profile || !record || number < 1 || number > limits::profiles)
+        return false;
+    *record = {};
+    const auto buttons = profile.dictionary(keys::buttons);
+    const auto stages = profile.array(keys::stages);
+    if (!buttons || !stages)
+        return false;
+    record->number = static_cast<std::uint8_t>(number);
+    record->ledState = static_cast<std::uint8_t>(profile.integer(keys::ledState));
+    record->defaultStage = static_cast<std::uint8_t>(profile.integer(keys::defaultStage));
+    storeStages(stages, *record);
+    storeButtons(buttons, *record);
+    return nameEntry && KyvarStringToName(profile.value(keys::name).string(), nameEntry->name.data(),
+                            nameEntry->name.size()) > 0;
+}
+
+Dictionary KyvarProfileStructToDict(
+    const ProfileRecord* record, const ProfileNameEntry* nameEntry, const Dictionary& driver) {
+    if (!record || !nameEntry || !driver || isUnusedName(nameEntry->name))
+        return {};
+    const auto profile = Dictionary::create();
+    profile.set(keys::name, KyvarNameToString(nameEntry->name.data(), nameEntry->name.size()).value_or(u""));
+    profile.set(keys::ledState, std::int32_t{record->ledState});
+    profile.set(keys::defaultStage, std::int32_t{record->defaultStage});
+    profile.set(keys::stages, readStages(*record));
+    profile.set(keys::buttons, readButtons(*record));
+    profile.set(keys::driver, driver);
+    return profile;
+}
+
+void clearProfileSlot(int number, ProfileRecord& record, ProfileNameEntry& nameEntry) {
+    record = {};
+    record.number = static_cast<std::uint8_t>(number);
+    nameEntry.name.fill(0xFF);
+}
+
+} // namespace quorvi

@@ -1,0 +1,15 @@
+// The three sensitivity keys, which the device-wide settings and every stage of a profile share.
+#pragma once
+
+#include "model/ConfigRecord.h"
+#include "plist/Value.h"
+
+namespace quorvi {
+
+/// The codes of "dpix" and "dpiy".
+[[nodiscard]] StageEntry sensitivityCodes(const plist::Dictionary& dictionary);
+
+/// Sets "dpix", "dpiy" and "independentxy", which is true when the codes differ.
+void setSensitivity(const plist::Dictionary& dictionary, StageEntry codes);
+
+} // namespace quorvi

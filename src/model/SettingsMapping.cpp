@@ -1,0 +1,33 @@
+#include "model/SettingsMapping.h"
+
+#include "model/Keys.h"
+#include "model/PollingRate.h"
+#include "model/SensitivityMapping.h"
+
+namespace quorvi {
+
+bool KyvarSettingsDictToStruct(const plist::Dictionary& settings, SettingsRecord* record) {
+    if (!settings || !record)
+        return false;
+    *record = {};
+    record->profileId = static_cast<std::uint8_t>(settings.integer(keys::profileId));
+    record->pollingCode = pollingRateToCode(settings.integer(keys::pollingRate));
+    record->stage = static_cast<std::uint8_t>(settings.integer(keys::stage));
+    const auto codes = sensitivityCodes(settings);
+    record->dpiXCode = codes.dpiXCode;
+    record->dpiYCode = codes.dpiYCode;
+    return true;
+}
+
+plist::Dictionary KyvarSettingsStructToDict(const SettingsRecord* record) {
+    if (!record)
+        return {};
+    const auto settings = plist::Dictionary::create();
+    settings.set(keys::profileId, std::int32_t{record->profileId});
+    settings.set(keys::pollingRate, codeToPollingRate(record->pollingCode));
+    settings.set(keys::stage, std::int32_t{record->stage});
+    setSensitivity(settings, {record->dpiXCode, record->dpiYCode});
+    return settings;
+}
+
+} // namespace quorvi

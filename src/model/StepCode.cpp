@@ -1,0 +1,147 @@
+#include "model/StepCode.h"
+
+#include "model/BigEndian.h"
+#include "model/Keys.h"
+
+namespace quorvi {
+
+namespace {
+
+using plist::Array;
+using plist::Dictionary;
+
+struct Opcode {
+    std::uint8_t code;
+    std::size_t width; ///< argument bytes
+};
+
+/// The width of a number that has more than 24 bits is 0; so a negative one counts as too large.
+std::size_t bytesNeeded(std::uint32_t number) {
+    if (number > limits::longestDelay)
+        return 0;
+    return number < 0x100 ? 1 : number < 0x10000 ? 2 : 3;
+}
+
+std::size_t argumentWidth(std::uint8_t opcode) {
+    switch (opcode) {
+    case opcodes::narrow0:
+    case opcodes::narrow1:
+    case opcodes::delay8:
+        return 1;
+    case opcodes::wide0:
+    case opcodes::wide1:
+    case opcodes::delay16:
+        return 2;
+    case opcodes::delay24:
+        return 3;
+    default:
+        return 0;
+    }
+}
+
+bool isDelay(std::uint8_t opcode) {
+    return opcode >= opcodes::delay8 && opcode <= opcodes::delay24;
+}
+
+Opcode delayOpcode(std::size_t width) {
+    switch (width) {
+    case 2:
+        return {opcodes::delay16, 2};
+    case 3:
+        return {opcodes::delay24, 3};
+    default:
+        return {opcodes::delay8, 1};
+    }
+}
+
+/// The form of a command that the size of its argument asks for.
+Opcode stepOpcode(std::uint8_t command, std::size_t width) {
+    if (isDelay(command))
+        return delayOpcode(width);
+    switch (command) {
+    case opcodes::narrow0:
+    case opcodes::wide0:
+        return width > 1 ? Opcode{opcodes::wide0, 2} : Opcode{opcodes::narrow0, 1};
+    case opcodes::narrow1:
+    case opcodes::wide1:
+        return width > 1 ? Opcode{opcodes::wide1, 2} : Opcode{opcodes::narrow1, 1};
+    default:
+        return {command, 0};
+    }
+}
+
+class StepWriter {
+  public:
+    explicit StepWriter(std::span<std::uint8_t, limits::stepBytes> bytes) : m_bytes(bytes) {}
+
+    /// False, with nothing of the step written that did not fit, when there is no room.
+    bool write(const Dictionary& step) { return writeCommand(step) && writeDelay(step); }
+    [[nodiscard]] std::size_t used() const { return m_used; }
+
+  private:
+    bool writeCommand(const Dictionary& step) {
+        const auto argument = static_cast<std::uint32_t>(step.integer(keys::argument));
+        const auto width = step.has(keys::argument) ? bytesNeeded(argument) : 0;
+        const auto command = static_cast<std::uint8_t>(step.integer(keys::command));
+        return put(stepOpcode(command, width), argument);
+    }
+
+    bool writeDelay(const Dictionary& step) {
+        const auto delay = static_cast<std::uint32_t>(step.integer(keys::delay));
+        const auto width = bytesNeeded(delay);
+        return delay == 0 || width == 0 || put(delayOpcode(width), delay);
+    }
+
+    bool put(Opcode opcode, std::uint32_t argument) {
+        if (m_used + 1 + opcode.width > m_bytes.size())
+            return false;
+        m_bytes[m_used] = opcode.code;
+        storeBigEndian(m_bytes.subspan(m_used + 1, opcode.width), argument);
+        m_used += 1 + opcode.width;
+        return true;
+    }
+
+    std::span<std::uint8_t, limits::stepBytes> m_bytes;
+    std::size_t m_used = 0;
+};
+
+void addDecoded(const Array& steps, std::uint8_t opcode, std::span<const std::uint8_t> argumentBytes) {
+    const auto argument = static_cast<std::int32_t>(loadBigEndian(argumentBytes));
+    if (isDelay(opcode)) {
+        if (steps.size() > 0)
+            steps.dictionary(steps.size() - 1).set(keys::delay, argument);
+        return;
+    }
+    const auto step = Dictionary::create();
+    step.set(keys::command, std::int32_t{opcode});
+    if (!argumentBytes.empty())
+        step.set(keys::argument, argument);
+    steps.append(step);
+}
+
+} // namespace
+
+std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::stepBytes> bytes) {
+    StepWriter writer(bytes);
+    for (const auto& item : steps.items()) {
+        const auto step = item.dictionary();
+        if (step && !writer.write(step))
+            break;
+    }
+    return writer.used();
+}
+
+Array decodeSteps(std::span<const std::uint8_t> bytes) {
+    const auto steps = Array::create();
+    while (!bytes.empty()) {
+        const auto opcode = bytes[0];
+        const auto width = argumentWidth(opcode);
+        if (1 + width > bytes.size())
+            break;
+        addDecoded(steps, opcode, bytes.subspan(1, width));
+        bytes = bytes.subspan(1 + width);
+    }
+    return steps;
+}
+
+} // namespace quorvi

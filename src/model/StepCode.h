@@ -1,0 +1,38 @@
+// The byte code of a macro's steps.
+//
+// A step is one opcode byte and 0 to 3 argument bytes, big-endian; the opcode says how many. Delays have
+// opcodes of their own and belong to the step before them. Steps and delays are packed without gaps.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "model/Limits.h"
+#include "plist/Value.h"
+
+namespace quorvi {
+
+namespace opcodes {
+// The narrow and the wide form of the two step commands that have an argument.
+inline constexpr std::uint8_t narrow0 = 0;
+inline constexpr std::uint8_t narrow1 = 1;
+inline constexpr std::uint8_t wide0 = 2;
+inline constexpr std::uint8_t wide1 = 3;
+// A delay, by the bytes that it needs.
+inline constexpr std::uint8_t delay8 = 17;
+inline constexpr std::uint8_t delay16 = 18;
+inline constexpr std::uint8_t delay24 = 19;
+} // namespace opcodes
+
+/// Writes the steps from the first byte on and returns the number of bytes written. Stops before the first
+/// step or delay that does not fit; bytes behind stay as they are. Elements that are no dictionary are
+/// skipped.
+[[nodiscard]] std::size_t encodeSteps(
+    const plist::Array& steps, std::span<std::uint8_t, limits::stepBytes> bytes);
+
+/// The steps of the byte code, a new array of new dictionaries. A delay with no step before it is dropped,
+/// and so is a step or delay whose argument is cut off by the end.
+[[nodiscard]] plist::Array decodeSteps(std::span<const std::uint8_t> bytes);
+
+} // namespace quorvi

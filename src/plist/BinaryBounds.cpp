@@ -1,0 +1,206 @@
+#include "plist/BinaryBounds.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "plist/Limits.h"
+
+namespace quorvi::plist {
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr std::string_view kMagic = "bplist00";
+constexpr std::size_t kTrailerSize = 32;
+
+/// The types of the format that matter here: the high four bits of an object's first byte. The low four are
+/// its length, or 15 when a size object with the length follows.
+enum Marker : std::uint8_t {
+    Int = 0x1,
+    DataBytes = 0x4,
+    Ascii = 0x5,
+    Utf16 = 0x6,
+    List = 0xA,
+    Set = 0xC,
+    Map = 0xD
+};
+constexpr std::uint8_t kLengthFollows = 0xF;
+
+std::uint64_t bigEndian(Bytes bytes) {
+    std::uint64_t number = 0;
+    for (const std::uint8_t byte : bytes)
+        number = number << 8U | byte;
+    return number;
+}
+
+/// An object's first byte taken apart. The length is in elements.
+struct Object {
+    std::uint8_t marker = 0;
+    std::uint64_t length = 0;
+    Bytes body; ///< up to the end of all objects
+};
+
+class Walk {
+  public:
+    explicit Walk(Bytes file) : m_file(file) {}
+
+    bool run() { return readTrailer() && visit(m_root, 1); }
+
+  private:
+    enum class State : std::uint8_t { Unknown, Open, Done };
+    /// What is known of an object once it has been walked. The height is 1 for a scalar, and for a container
+    /// at least 2, so that the level of a container stays within the depth and its scalars one below.
+    struct Known {
+        State state = State::Unknown;
+        bool canBeKey = false;
+        std::uint32_t height = 1;
+        Cost cost;
+    };
+
+    bool readTrailer() {
+        if (!looksBinary(m_file) || m_file.size() < kMagic.size() + kTrailerSize || m_file.size() > kMaxBytes)
+            return false;
+        const Bytes trailer = m_file.last(kTrailerSize);
+        m_offsetSize = trailer[6];
+        m_referenceSize = trailer[7];
+        const std::uint64_t count = bigEndian(trailer.subspan(8, 8));
+        m_root = bigEndian(trailer.subspan(16, 8));
+        m_tableAt = bigEndian(trailer.subspan(24, 8));
+        const std::uint64_t tableEnd = m_file.size() - kTrailerSize;
+        if (m_offsetSize < 1 || m_offsetSize > 8 || m_referenceSize < 1 || m_referenceSize > 8)
+            return false;
+        if (count < 1 || count > kMaxNodes || m_root >= count)
+            return false;
+        if (m_tableAt < kMagic.size() || m_tableAt > tableEnd || count * m_offsetSize > tableEnd - m_tableAt)
+            return false;
+        m_known.resize(count);
+        return true;
+    }
+
+    std::optional<Object> objectAt(std::uint64_t index) const {
+        const std::uint64_t at = bigEndian(m_file.subspan(m_tableAt + index * m_offsetSize, m_offsetSize));
+        if (at < kMagic.size() || at >= m_tableAt)
+            return std::nullopt;
+        const Bytes bytes = m_file.subspan(at, m_tableAt - at);
+        Object object{static_cast<std::uint8_t>(bytes[0] >> 4U), bytes[0] & 0xFU, bytes.subspan(1)};
+        const bool isCounted = object.marker >= DataBytes && object.marker != 0x8;
+        return isCounted && object.length == kLengthFollows ? withLength(object) : object;
+    }
+
+    static std::optional<Object> withLength(Object object) {
+        if (object.body.empty() || object.body[0] >> 4U != Int || (object.body[0] & 0xFU) > 3)
+            return std::nullopt;
+        const std::size_t size = std::size_t{1} << (object.body[0] & 0xFU);
+        if (object.body.size() <= size)
+            return std::nullopt;
+        object.length = bigEndian(object.body.subspan(1, size));
+        object.body = object.body.subspan(1 + size);
+        return object;
+    }
+
+    bool visit(std::uint64_t index, std::size_t level) {
+        Known& known = m_known[index];
+        if (known.state == State::Done)
+            return level + known.height - 1 <= kMaxDepth + 1;
+        const auto object = objectAt(index);
+        if (known.state == State::Open || !object)
+            return false;
+        known.state = State::Open;
+        known.cost.nodes = 1;
+        if (!measure(*object, known, level) || !known.cost.isBearable())
+            return false;
+        known.state = State::Done;
+        return true;
+    }
+
+    bool measure(const Object& object, Known& known, std::size_t level) {
+        switch (object.marker) {
+        case List:
+        case Set:
+            return children(object, 1, known, level);
+        case Map:
+            known.cost.work = dictionaryWork(std::min(object.length, kMaxNodes));
+            return children(object, 2, known, level);
+        case DataBytes:
+        case Ascii:
+            known.canBeKey = object.marker == Ascii;
+            return text(object, 1, known);
+        case Utf16:
+            return text(object, 2, known);
+        default:
+            return true; // a number, a date or a truth; libplist checks its bytes
+        }
+    }
+
+    /// A text or data of so many bytes an element. Bytes count once here for every object, however the
+    /// objects overlap, and then once more wherever the object occurs.
+    bool text(const Object& object, std::uint64_t elementSize, Known& known) {
+        if (object.length > object.body.size() / elementSize)
+            return false;
+        known.cost.bytes = object.length * elementSize;
+        m_bytesSeen += known.cost.bytes;
+        if (m_bytesSeen > kMaxBytes)
+            return false;
+        if (object.marker == Utf16)
+            known.canBeKey = !hasZeroUnit(object.body.first(known.cost.bytes));
+        return true;
+    }
+
+    /// libplist ends the process over a key with a zero unit.
+    static bool hasZeroUnit(Bytes units) {
+        for (std::size_t i = 0; i + 1 < units.size(); i += 2) {
+            if (units[i] == 0 && units[i + 1] == 0)
+                return true;
+        }
+        return false;
+    }
+
+    /// The children of a list, or the keys and then the values of a dictionary.
+    bool children(const Object& object, std::uint64_t perElement, Known& known, std::size_t level) {
+        const std::uint64_t size = perElement * m_referenceSize;
+        if (level > kMaxDepth || object.length > object.body.size() / size)
+            return false;
+        const std::uint64_t count = object.length * perElement;
+        known.height = 2;
+        m_referencesSeen += count;
+        if (m_referencesSeen > kMaxNodes)
+            return false;
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const std::uint64_t index = bigEndian(object.body.subspan(i * m_referenceSize, m_referenceSize));
+            if (index >= m_known.size() || !visit(index, level + 1))
+                return false;
+            const Known& child = m_known[index];
+            if (perElement == 2 && i < object.length && !child.canBeKey)
+                return false;
+            known.cost += child.cost;
+            known.height = std::max(known.height, child.height + 1);
+            if (!known.cost.isBearable())
+                return false;
+        }
+        return true;
+    }
+
+    Bytes m_file;
+    std::uint64_t m_offsetSize = 0;
+    std::uint64_t m_referenceSize = 0;
+    std::uint64_t m_root = 0;
+    std::uint64_t m_tableAt = 0;
+    std::uint64_t m_bytesSeen = 0;
+    std::uint64_t m_referencesSeen = 0;
+    std::vector<Known> m_known;
+};
+
+} // namespace
+
+bool isBoundedBinary(std::span<const std::uint8_t> bytes) {
+    return Walk(bytes).run();
+}
+
+bool looksBinary(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= kMagic.size() && std::equal(kMagic.begin(), kMagic.end(), bytes.begin());
+}
+
+} // namespace quorvi::plist

@@ -1,0 +1,48 @@
+// How large a property list may be. A settings file holds some 50 KB, 1,500 values and 6 levels, so the
+// bounds are far from any real file and yet keep a hostile one from exhausting the stack, the memory or the
+// patience of the settings application that loads the panel. The writer keeps to them too: what is written
+// can be read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace quorvi::plist {
+
+/// Containers inside each other. libplist copies, writes and frees a tree by recursion, about 200 bytes of
+/// stack a level; 128 levels are safe on the smallest thread stack.
+inline constexpr std::size_t kMaxDepth = 128;
+
+/// Values and keys of a tree, shared objects of a binary file counted wherever they occur.
+inline constexpr std::uint64_t kMaxNodes = 1U << 20U;
+
+/// Bytes of a file, and of all texts and data of a tree.
+inline constexpr std::uint64_t kMaxBytes = 64U << 20U;
+
+/// libplist's work that grows with the square of the input: looking up a dictionary's keys, which anyone can
+/// choose to collide, and taking the entities out of a text. In key comparisons, so a dictionary may hold
+/// 16,384 keys; 2^27 of them take a second or two at worst.
+inline constexpr std::uint64_t kMaxWork = 1U << 27U;
+
+/// What reading a part of a property list costs.
+struct Cost {
+    std::uint64_t nodes = 0;
+    std::uint64_t bytes = 0;
+    std::uint64_t work = 0;
+
+    void operator+=(const Cost& other) {
+        nodes += other.nodes;
+        bytes += other.bytes;
+        work += other.work;
+    }
+    [[nodiscard]] bool isBearable() const {
+        return nodes <= kMaxNodes && bytes <= kMaxBytes && work <= kMaxWork;
+    }
+};
+
+/// The work of filling a dictionary, in key comparisons at worst.
+[[nodiscard]] constexpr std::uint64_t dictionaryWork(std::uint64_t keys) {
+    return keys * keys / 2;
+}
+
+} // namespace quorvi::plist

@@ -1,0 +1,45 @@
+// What libplist hands out, owned; and the surroundings that it needs. Private to this library.
+#pragma once
+
+#include <clocale>
+#include <cstdlib>
+#include <memory>
+#include <type_traits>
+
+#include <locale.h>
+#include <plist/plist.h>
+
+namespace quorvi::plist {
+
+struct NodeDeleter {
+    void operator()(plist_t node) const { plist_free(node); }
+};
+/// A libplist node that is nobody's child, with all that it holds.
+using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, NodeDeleter>;
+
+struct AllocatedDeleter {
+    // libplist documents plain free() for its iterators and keys.
+    void operator()(void* memory) const { std::free(memory); } // NOLINT(cppcoreguidelines-no-malloc)
+};
+/// Memory that libplist allocated for its caller.
+template <typename T>
+using Allocated = std::unique_ptr<T, AllocatedDeleter>;
+
+/// While it lives, this thread reads and writes numbers with a decimal point. libplist uses the C library's
+/// conversions, and the settings application has chosen the user's locale, which may have a comma.
+class NumericScope {
+  public:
+    NumericScope() : m_previous(uselocale(plain())) {}
+    ~NumericScope() { uselocale(m_previous); }
+    NumericScope(const NumericScope&) = delete;
+    NumericScope& operator=(const NumericScope&) = delete;
+
+  private:
+    static locale_t plain() {
+        static const locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
+        return c;
+    }
+    locale_t m_previous;
+};
+
+} // namespace quorvi::plist

@@ -1,0 +1,128 @@
+#include "plist/Reader.h"
+
+#include <string_view>
+
+#include "plist/BinaryBounds.h"
+#include "plist/Carried.h"
+#include "plist/Limits.h"
+#include "plist/Node.h"
+#include "plist/Unicode.h"
+#include "plist/XmlBounds.h"
+
+namespace quorvi::plist {
+
+namespace {
+
+/// Some editors start a UTF-8 file with it; libplist does not know it.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// Takes a libplist tree over into values.
+class Importer {
+  public:
+    /// Libplist settles equal keys when it reads XML, but keeps them all when it reads a binary file.
+    explicit Importer(bool keysMayRepeat) : m_keysMayRepeat(keysMayRepeat) {}
+
+    // NOLINTNEXTLINE(misc-no-recursion): the depth is bounded before libplist builds the tree
+    Value value(plist_t node) const {
+        switch (plist_get_node_type(node)) {
+        case PLIST_DICT:
+            return dictionary(node);
+        case PLIST_ARRAY:
+            return array(node);
+        case PLIST_STRING:
+            return string(node);
+        case PLIST_UINT:
+            return integer(node);
+        case PLIST_REAL: {
+            double number = 0;
+            plist_get_real_val(node, &number);
+            return number;
+        }
+        case PLIST_BOOLEAN: {
+            std::uint8_t truth = 0;
+            plist_get_bool_val(node, &truth);
+            return truth != 0;
+        }
+        case PLIST_DATA: {
+            std::uint64_t length = 0;
+            const char* bytes = plist_get_data_ptr(node, &length);
+            return bytes ? Data(bytes, bytes + length) : Data();
+        }
+        default:
+            return CarriedRef(std::make_shared<Carried>(node));
+        }
+    }
+
+  private:
+    Dictionary dictionary(plist_t node) const {
+        auto result = Dictionary::create();
+        result.reserve(plist_dict_get_size(node));
+        plist_dict_iter iterator = nullptr;
+        plist_dict_new_iter(node, &iterator);
+        const Allocated<void> owner(iterator);
+        while (true) {
+            char* text = nullptr;
+            plist_t child = nullptr;
+            plist_dict_next_item(node, iterator, &text, &child);
+            const Allocated<char> key(text);
+            if (!key || !child)
+                return result;
+            if (m_keysMayRepeat)
+                result.set(key.get(), value(child));
+            else
+                result.append(key.get(), value(child));
+        }
+    }
+
+    Array array(plist_t node) const {
+        auto result = Array::create();
+        result.reserve(plist_array_get_size(node));
+        plist_array_iter iterator = nullptr;
+        plist_array_new_iter(node, &iterator);
+        const Allocated<void> owner(iterator);
+        for (plist_t item = nullptr; plist_array_next_item(node, iterator, &item), item;)
+            result.append(value(item));
+        return result;
+    }
+
+    static Value string(plist_t node) {
+        std::uint64_t length = 0;
+        const char* text = plist_get_string_ptr(node, &length);
+        return text ? toUtf16({text, length}) : std::u16string();
+    }
+
+    /// Libplist hands out negative numbers and those above the signed range as the same 64 bits. Only the
+    /// width, which tells them apart, is compared, and a new node has the width of a signed number.
+    static Value integer(plist_t node) {
+        std::uint64_t number = 0;
+        plist_get_uint_val(node, &number);
+        const auto isWide = [&] {
+            const Node narrow(plist_new_uint(number));
+            return plist_compare_node_value(node, narrow.get()) == 0;
+        };
+        if (number > INT64_MAX && isWide())
+            return CarriedRef(std::make_shared<Carried>(node));
+        return static_cast<std::int64_t>(number);
+    }
+
+    bool m_keysMayRepeat;
+};
+
+} // namespace
+
+Value readPropertyList(std::span<const std::uint8_t> bytes) {
+    const bool binary = looksBinary(bytes);
+    std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (!binary && text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    if (binary ? !isBoundedBinary(bytes) : !isBoundedXml(text))
+        return {};
+    const NumericScope scope;
+    plist_t parsed = nullptr;
+    const auto parse = binary ? plist_from_bin : plist_from_xml;
+    parse(text.data(), static_cast<std::uint32_t>(text.size()), &parsed);
+    const Node root(parsed);
+    return root ? Importer(binary).value(root.get()) : Value();
+}
+
+} // namespace quorvi::plist

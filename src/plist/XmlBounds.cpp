@@ -1,0 +1,209 @@
+#include "plist/XmlBounds.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "plist/Limits.h"
+
+namespace quorvi::plist {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> kLeaves = {
+    "key", "string", "integer", "real", "true", "false", "data", "date"};
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+bool endsName(char c) {
+    return c == '>' || c == '<' || isBlank(c);
+}
+
+/// Cuts the text into the very tokens that libplist's reader cuts it into, quotes and all, so that the two
+/// cannot differ on what is a tag and what is the inside of a comment. Whatever that reader would stop at, or
+/// that has no business in a property list, is refused here.
+class Scanner {
+  public:
+    explicit Scanner(std::string_view xml) : m_rest(xml) {}
+
+    bool run() {
+        for (skipBlanks(); !m_rest.empty(); skipBlanks()) {
+            if (!take("<") || !token() || !m_cost.isBearable())
+                return false;
+        }
+        return m_rootDone && !m_inPlist && m_open.empty();
+    }
+
+  private:
+    /// An open container: its tag, and the number of keys in it so far.
+    struct Container {
+        std::string_view tag;
+        std::uint64_t keys = 0;
+    };
+
+    bool take(std::string_view prefix) {
+        const bool found = m_rest.starts_with(prefix);
+        if (found)
+            m_rest.remove_prefix(prefix.size());
+        return found;
+    }
+
+    void skipBlanks() {
+        m_rest.remove_prefix(lengthUntil([](char c) { return !isBlank(c); }));
+    }
+
+    /// How many characters there are before the first of the kind.
+    template <typename IsOfKind>
+    std::size_t lengthUntil(IsOfKind isOfKind) const {
+        const auto end = std::find_if(m_rest.begin(), m_rest.end(), isOfKind);
+        return static_cast<std::size_t>(end - m_rest.begin());
+    }
+
+    bool skipPast(std::string_view end) {
+        const auto at = m_rest.find(end);
+        if (at == std::string_view::npos)
+            return false;
+        m_rest.remove_prefix(at + end.size());
+        return true;
+    }
+
+    /// As skipPast, but not within double quotes.
+    bool skipUnquotedPast(std::string_view end) {
+        while (!m_rest.empty()) {
+            if (take(end))
+                return true;
+            if (!skipOne())
+                return false;
+        }
+        return false;
+    }
+
+    /// Drops one character or one quoted text.
+    bool skipOne() {
+        const bool quoted = m_rest.front() == '"';
+        m_rest.remove_prefix(1);
+        return !quoted || skipPast("\"");
+    }
+
+    bool token() {
+        if (m_rest.starts_with('?'))
+            return skipUnquotedPast("?>");
+        if (take("!--"))
+            return skipPast("-->");
+        if (take("!DOCTYPE"))
+            return documentType();
+        return tag();
+    }
+
+    bool documentType() {
+        while (!m_rest.empty()) {
+            if (take(">"))
+                return true;
+            if (take("["))
+                return skipUnquotedPast("]>");
+            if (!skipOne())
+                return false;
+        }
+        return false;
+    }
+
+    bool tag() {
+        const std::size_t nameEnd = lengthUntil(endsName);
+        const std::string_view whole = m_rest;
+        std::string_view name = m_rest.substr(0, nameEnd);
+        m_rest.remove_prefix(nameEnd);
+        while (!m_rest.empty() && m_rest.front() != '>' && m_rest.front() != '<') {
+            if (!skipOne())
+                return false;
+        }
+        const std::size_t length = whole.size() - m_rest.size();
+        if (length == 0 || !take(">"))
+            return false;
+        const bool empty = whole[length - 1] == '/';
+        if (empty && name.size() == length)
+            name.remove_suffix(1);
+        return name.starts_with('/') ? endTag(name.substr(1)) : startTag(name, empty);
+    }
+
+    bool startTag(std::string_view name, bool empty) {
+        if (name == "plist") {
+            const bool first = !m_rootDone && !m_inPlist && m_open.empty() && !empty;
+            m_inPlist = true;
+            return first;
+        }
+        if (m_rootDone)
+            return false;
+        ++m_cost.nodes;
+        if (name == "dict" || name == "array") {
+            if (!empty)
+                m_open.push_back({name});
+        } else if (std::find(kLeaves.begin(), kLeaves.end(), name) == kLeaves.end()) {
+            return false;
+        } else {
+            if (name == "key" && !m_open.empty())
+                ++m_open.back().keys;
+            if (!empty && !text(name))
+                return false;
+        }
+        m_rootDone = m_open.empty();
+        return m_open.size() <= kMaxDepth;
+    }
+
+    bool endTag(std::string_view name) {
+        if (name == "plist") {
+            const bool matches = m_rootDone && m_inPlist;
+            m_inPlist = false;
+            return matches;
+        }
+        if (m_open.empty() || m_open.back().tag != name)
+            return false;
+        m_cost.work += dictionaryWork(m_open.back().keys);
+        m_open.pop_back();
+        m_rootDone = m_open.empty();
+        return true;
+    }
+
+    /// The text of a value up to and with its end tag; comments and CDATA sections belong to it.
+    bool text(std::string_view name) {
+        const std::string_view whole = m_rest;
+        while (skipPast("<")) {
+            if (take("!--")) {
+                if (!skipPast("-->"))
+                    return false;
+            } else if (take("![CDATA[")) {
+                if (!skipPast("]]>"))
+                    return false;
+            } else {
+                countEntities(whole.substr(0, whole.size() - m_rest.size()));
+                if (!take("/") || !take(name))
+                    return false;
+                skipBlanks();
+                return take(">");
+            }
+        }
+        return false;
+    }
+
+    /// For each entity libplist moves the rest of the text, half of it on average and some 64 bytes in the
+    /// time of a key comparison.
+    void countEntities(std::string_view whole) {
+        const auto entities = static_cast<std::uint64_t>(std::count(whole.begin(), whole.end(), '&'));
+        m_cost.work += entities * whole.size() / 128;
+    }
+
+    std::string_view m_rest;
+    std::vector<Container> m_open;
+    Cost m_cost;
+    bool m_inPlist = false;
+    bool m_rootDone = false;
+};
+
+} // namespace
+
+bool isBoundedXml(std::string_view xml) {
+    // A zero byte is no XML, and libplist's reader takes it for the end of some texts and not of others.
+    return xml.size() <= kMaxBytes && xml.find('\0') == std::string_view::npos && Scanner(xml).run();
+}
+
+} // namespace quorvi::plist
