@@ -194,9 +194,9 @@ TEST(KyvarProfileStructToDict, givesAnEmptyNameForAZeroName) {
     Slot slot;
     ASSERT_TRUE(slot.store(profile()));
     slot.nameEntry.name.fill(0);
-    const auto* name = slot.read().value("name").string();
-    ASSERT_NE(name, nullptr);
-    EXPECT_EQ(*name, u"");
+    const auto read = slot.read();
+    ASSERT_NE(read.value("name").string(), nullptr);
+    EXPECT_EQ(read.string("name"), u"");
 }
 
 TEST(KyvarProfileStructToDict, givesNothingForAnEmptySlot) {

@@ -3,7 +3,7 @@
 // One thread only. Nothing happens by itself: the owner watches fd() for events() and calls process(), as any
 // event loop can. Calls that wait for an answer (names, process list, send with a reply) are bounded in time,
 // and may read further incoming messages while they wait; those stay queued, so the owner calls process()
-// again whenever hasPending() says so. onPending() tells it at once.
+// again whenever hasPending() says so, right after connect() too. onPending() tells it at once.
 //
 // When the bus goes away, every function returns its error and nothing else happens.
 #pragma once
@@ -75,10 +75,10 @@ class EventBus {
     /// There is something for process() to do now, whatever the file descriptor says.
     [[nodiscard]] bool hasPending() const;
     /// Reads, answers and dispatches everything that is there, without waiting. Handlers run from here only,
-    /// and may call anything of this class, this function included, but not destroy the object.
+    /// and may call anything of this class, this function included, but not destroy this object.
     void process();
-    /// Waits until there is something to do, at most this long, and does it. False when the time was up or
-    /// the bus is gone.
+    /// Waits until there is something to do, at most this long, and does it. False when nothing came or the
+    /// bus is gone. A negative time waits for ever.
     bool wait(std::chrono::milliseconds timeout);
     /// Called when a call left incoming messages or unsent output behind. Runs inside that call: only
     /// schedule process() there, and look at events() again.

@@ -1,0 +1,37 @@
+// What the mouse is told to do: the user's settings in the form that the device takes.
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <vector>
+
+namespace quorvi {
+
+/// The files that settings come from, in the order in which they are tried.
+struct SettingsFiles {
+    std::filesystem::path user;
+    std::filesystem::path defaults;
+
+    /// The user's file and the defaults of the panel's bundle that holds the helper's own application
+    /// (<bundle>/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper).
+    [[nodiscard]] static SettingsFiles ofThisProcess();
+};
+
+/// The configuration record, rebuilt from the settings on request.
+class DeviceSettings {
+  public:
+    explicit DeviceSettings(SettingsFiles files) : m_files(std::move(files)) {}
+
+    /// Reads the settings again. False, with the old record kept, when no file holds valid settings or they
+    /// give no record.
+    bool reload();
+
+    /// 13232 bytes; empty until the first reload that succeeds.
+    [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
+
+  private:
+    SettingsFiles m_files;
+    std::vector<std::uint8_t> m_record;
+};
+
+} // namespace quorvi

@@ -1,0 +1,116 @@
+#include "helper/Helper.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr char kHelperName[] = "KyvarQuorviHelper";
+constexpr char kPanelName[] = "KyvarQuorviPane";
+
+/// The product id that pid.codes keeps for tests and prototypes, under its vendor id.
+constexpr DeviceEntry kSimulatedMouse{
+    .vendorID = 0x1209,
+    .productID = 0x0001,
+    .releaseNum = 0x0100,
+    .interfaceNum = 0,
+    .busPower = 100,
+    .locationID = 0x00100000,
+    .deviceIndex = 0,
+    .reserved2 = 0,
+    .reserved3 = 0,
+};
+
+} // namespace
+
+Helper::Helper(EventBus& bus, SettingsFiles files) : m_bus(bus), m_settings(std::move(files)) {
+    m_bus.installHandler(kEventClassQuorvi, kEventCommand,
+        [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
+            return handleCommand(event, sender, reply);
+        });
+    m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { removePanel(psn); });
+    m_object = SimulatedMouseObject::offer(m_bus, *this);
+}
+
+Helper::~Helper() {
+    m_bus.onProcessGone(nullptr);
+    m_bus.removeHandler(kEventClassQuorvi, kEventCommand);
+}
+
+NameResult Helper::start() {
+    const NameResult result = m_bus.ownName(kHelperName, NameMode::onlyIfFree);
+    if (result != NameResult::owned)
+        return result;
+    m_settings.reload();
+    greetShownPanel();
+    return result;
+}
+
+/// A panel that launched the helper told it too early that it is shown. The helper looks for panels only once
+/// it can be found itself, and a panel does the same, so that one of the two always finds the other.
+void Helper::greetShownPanel() {
+    ProcessSerialNumber panel;
+    if (m_bus.findProcessByName(kPanelName, &panel) == noErr)
+        addPanel(panel);
+}
+
+/// Replies are for those who ask for one: the number of devices, whether the settings were taken over,
+/// whether a macro is being recorded. What it does not know it ignores.
+Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& sender, Event& reply) {
+    FourCharCode message = 0;
+    std::int32_t parameter = 0;
+    if (event.getMagnitude(keyDirectObject, message) != noErr ||
+        event.getInteger(kKeyCommandParameter, parameter) != noErr)
+        return noErr;
+    switch (message) {
+    case kMessagePaneShown:
+        parameter != 0 ? addPanel(sender) : removePanel(sender);
+        reply.putInteger(keyDirectObject, deviceList().count);
+        break;
+    case kMessageSettingsSaved:
+        reply.putInteger(keyDirectObject, m_settings.reload() ? 1 : 0);
+        break;
+    case kMessageRecording:
+        m_recording = parameter != 0;
+        reply.putInteger(keyDirectObject, m_recording ? 1 : 0);
+        break;
+    default:
+        break;
+    }
+    return noErr;
+}
+
+DeviceList Helper::deviceList() const {
+    DeviceList list;
+    if (m_attached) {
+        list.count = 1;
+        list.device[0] = kSimulatedMouse;
+    }
+    return list;
+}
+
+void Helper::attach() {
+    setAttached(true);
+}
+
+void Helper::detach() {
+    setAttached(false);
+}
+
+void Helper::setAttached(bool attached) {
+    m_attached = attached;
+    for (const auto& panel : m_panels)
+        (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
+}
+
+void Helper::addPanel(const ProcessSerialNumber& panel) {
+    m_panels.insert(panel);
+    m_bus.watchProcess(panel);
+    (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
+}
+
+void Helper::removePanel(const ProcessSerialNumber& panel) {
+    m_panels.erase(panel);
+    m_bus.unwatchProcess(panel);
+}
+
+} // namespace quorvi

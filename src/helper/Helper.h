@@ -1,0 +1,45 @@
+// The background application that owns the device: it tells the panels which devices there are, and the
+// device what the panels' user has set.
+#pragma once
+
+#include <set>
+
+#include "helper/DeviceSettings.h"
+#include "platform/events/DeviceList.h"
+#include "platform/events/SimulatedMouse.h"
+
+namespace quorvi {
+
+class Helper : public SimulatedMouseDevice {
+  public:
+    Helper(EventBus& bus, SettingsFiles files);
+    ~Helper() override;
+    Helper(const Helper&) = delete;
+    Helper& operator=(const Helper&) = delete;
+
+    /// Joins the process list and greets a panel that is shown already. Anything but owned: it shall not run.
+    [[nodiscard]] NameResult start();
+
+    void attach() override;
+    void detach() override;
+    [[nodiscard]] bool attached() const override { return m_attached; }
+    [[nodiscard]] bool recording() const override { return m_recording; }
+    [[nodiscard]] std::span<const std::uint8_t> record() const override { return m_settings.record(); }
+
+  private:
+    Status handleCommand(const Event& event, const ProcessSerialNumber& sender, Event& reply);
+    [[nodiscard]] DeviceList deviceList() const;
+    void setAttached(bool attached);
+    void addPanel(const ProcessSerialNumber& panel);
+    void removePanel(const ProcessSerialNumber& panel);
+    void greetShownPanel();
+
+    EventBus& m_bus;
+    DeviceSettings m_settings;
+    std::unique_ptr<SimulatedMouseObject> m_object;
+    std::set<ProcessSerialNumber> m_panels; ///< shown, and told of every change
+    bool m_attached = true;                 ///< a simulated mouse is plugged in until someone unplugs it
+    bool m_recording = false;
+};
+
+} // namespace quorvi

@@ -1,0 +1,65 @@
+#include "model/ConfigFileStore.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "model/AtomicFile.h"
+#include "model/Keys.h"
+#include "plist/Reader.h"
+#include "plist/Writer.h"
+
+namespace quorvi {
+
+namespace {
+
+namespace fs = std::filesystem;
+using plist::Dictionary;
+
+Dictionary topDictionary(const fs::path& path) {
+    return plist::readPropertyListFile(path).value.dictionary();
+}
+
+bool hasAll(const Dictionary& dictionary, std::initializer_list<std::string_view> required) {
+    return std::all_of(required.begin(), required.end(), [&](auto key) { return dictionary.has(key); });
+}
+
+} // namespace
+
+Dictionary storedTree(std::string_view key, const fs::path& path) {
+    return topDictionary(path).dictionary(key);
+}
+
+Dictionary KyvarLoadConfigFromFile(
+    std::string_view key, std::int32_t minimumVersion, const fs::path& first, const fs::path& second) {
+    if (key.empty())
+        return {};
+    for (const auto* path : {&first, &second}) {
+        if (path->empty())
+            continue;
+        if (const auto tree = storedTree(key, *path); KyvarValidateConfig(tree, minimumVersion))
+            return tree;
+    }
+    return {};
+}
+
+bool KyvarSaveConfigToFile(std::string_view key, const Dictionary& tree, const fs::path& path) {
+    if (key.empty() || !tree || path.empty())
+        return false;
+    auto container = topDictionary(path);
+    if (!container)
+        container = Dictionary::create();
+    container.set(key, tree);
+    const auto xml = plist::writeXml(container);
+    return xml && replaceFileAtomically(path, *xml);
+}
+
+bool KyvarValidateConfig(const Dictionary& tree, std::int32_t minimumVersion) {
+    return tree && tree.integer(keys::version) >= minimumVersion &&
+           hasAll(tree, {keys::settings, keys::profiles, keys::macros});
+}
+
+bool KyvarValidateProfile(const Dictionary& profile) {
+    return hasAll(profile, {keys::ledState, keys::defaultStage, keys::stages, keys::buttons});
+}
+
+} // namespace quorvi

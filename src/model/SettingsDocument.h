@@ -1,0 +1,33 @@
+// The panel's settings: where they are kept, and how they are loaded, repaired and saved.
+#pragma once
+
+#include <filesystem>
+
+#include "plist/Value.h"
+
+namespace quorvi {
+
+/// The user's home folder: $HOME, else that of the password database; empty when neither names one.
+[[nodiscard]] std::filesystem::path homeFolder();
+
+/// The user's settings file below the home folder; empty when the home folder is.
+[[nodiscard]] std::filesystem::path userSettingsPath(const std::filesystem::path& home);
+
+/// The tree of the defaults file, not validated, a fresh copy with every call; nil when there is none.
+[[nodiscard]] plist::Dictionary getDefaultSettings(const std::filesystem::path& defaults);
+
+/// The user's tree when it is valid, else the defaults; nil when neither is.
+[[nodiscard]] plist::Dictionary loadSettings(
+    const std::filesystem::path& userSettings, const std::filesystem::path& defaults);
+
+/// Turns button assignments to a macro that is not there, or to a profile number that no profile has, into
+/// command 0 alone. Profiles have no identifiers and assignments are not renumbered when profiles move; only
+/// numbers beyond the count are cleared. Does nothing without a tree (nil), and does not save.
+void cleanUpSettings(const plist::Dictionary& tree);
+
+/// Stores the tree in the user's settings file; see KyvarSaveConfigToFile for the result. The two folders
+/// above the file ("Library/Preferences") are created when missing, closed to others, because nobody else
+/// creates them here.
+[[nodiscard]] bool saveSettings(const plist::Dictionary& tree, const std::filesystem::path& userSettings);
+
+} // namespace quorvi

@@ -1,0 +1,59 @@
+#include "platform/events/ProcessName.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/events/EventsInterface.h"
+
+namespace quorvi::events {
+
+namespace {
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+/// Takes a decimal number off the front of the text.
+bool takeNumber(std::string_view& text, std::uint32_t& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return error == std::errc();
+}
+
+bool takeCharacter(std::string_view& text, char c) {
+    const bool there = text.starts_with(c);
+    text.remove_prefix(there ? 1 : 0);
+    return there;
+}
+
+} // namespace
+
+bool sameProcessName(std::string_view a, std::string_view b) {
+    return std::equal(
+        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::string uniqueName(const ProcessSerialNumber& psn) {
+    return std::string(":").append(std::to_string(psn.high)).append(".").append(std::to_string(psn.low));
+}
+
+std::optional<ProcessSerialNumber> psnFromUniqueName(std::string_view name) {
+    ProcessSerialNumber psn;
+    if (takeCharacter(name, ':') && takeNumber(name, psn.high) && takeCharacter(name, '.') &&
+        takeNumber(name, psn.low) && name.empty())
+        return psn;
+    return std::nullopt;
+}
+
+std::string wellKnownName(std::string_view processName) {
+    return std::string(kNamePrefix).append(processName);
+}
+
+std::optional<std::string_view> processNameOf(std::string_view wellKnownName) {
+    constexpr std::string_view prefix = kNamePrefix;
+    if (!wellKnownName.starts_with(prefix) || wellKnownName.size() == prefix.size())
+        return std::nullopt;
+    return wellKnownName.substr(prefix.size());
+}
+
+} // namespace quorvi::events

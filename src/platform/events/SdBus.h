@@ -1,0 +1,45 @@
+// Ownership of the bus library's objects, and its errors as status codes.
+#pragma once
+
+#include <memory>
+
+#include <systemd/sd-bus.h>
+
+#include "platform/Status.h"
+
+namespace quorvi::events {
+
+struct BusCloser {
+    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
+};
+struct SlotReleaser {
+    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
+};
+
+using BusPtr = std::unique_ptr<sd_bus, BusCloser>;
+using SlotPtr = std::unique_ptr<sd_bus_slot, SlotReleaser>;
+using MessageRef = std::shared_ptr<sd_bus_message>;
+
+/// Takes over a reference; null stays null.
+[[nodiscard]] inline MessageRef adopt(sd_bus_message* message) {
+    return {message, [](sd_bus_message* m) { sd_bus_message_unref(m); }};
+}
+
+/// An error answer that frees itself.
+class BusError {
+  public:
+    BusError() = default;
+    ~BusError() { sd_bus_error_free(&m_error); }
+    BusError(const BusError&) = delete;
+    BusError& operator=(const BusError&) = delete;
+
+    [[nodiscard]] sd_bus_error* get() { return &m_error; }
+
+  private:
+    sd_bus_error m_error = {nullptr, nullptr, 0};
+};
+
+/// The status for a call that failed: by the name of the error answer, else by the error number.
+[[nodiscard]] Status statusOf(const sd_bus_error& error, int errorNumber);
+
+} // namespace quorvi::events

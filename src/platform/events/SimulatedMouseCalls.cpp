@@ -1,0 +1,79 @@
+#include "platform/events/EventBusPrivate.h"
+#include "platform/events/ProcessName.h"
+#include "platform/events/SimulatedMouse.h"
+#include "platform/events/SimulatedMouseInterface.h"
+
+namespace quorvi {
+
+namespace {
+
+using namespace simulatedmouse;
+
+constexpr std::chrono::seconds kCallTimeout{1};
+
+EventBus::Private::Deadline deadline() {
+    return std::chrono::steady_clock::now() + kCallTimeout;
+}
+
+Status callMethod(const EventBus& bus, const ProcessSerialNumber& helper, const char* method) {
+    Status status = noErr;
+    (void)bus.connection().call(
+        events::uniqueName(helper).c_str(), kPath, kInterface, method, deadline(), status, "");
+    return status;
+}
+
+/// Asks for the property and hands the answer to the reader once the variant is entered.
+template <typename Read>
+Status getProperty(const EventBus& bus, const ProcessSerialNumber& helper, const char* property,
+    const char* signature, Read&& read) {
+    Status status = noErr;
+    const auto reply = bus.connection().call(events::uniqueName(helper).c_str(), kPath,
+        "org.freedesktop.DBus.Properties", "Get", deadline(), status, "ss", kInterface, property);
+    if (!reply)
+        return status;
+    const bool entered = sd_bus_message_enter_container(reply.get(), 'v', signature) > 0;
+    return entered && read(reply.get()) ? noErr : errAECoercionFail;
+}
+
+Status getBoolean(
+    const EventBus& bus, const ProcessSerialNumber& helper, const char* property, bool& result) {
+    return getProperty(bus, helper, property, "b", [&](sd_bus_message* reply) {
+        int value = 0;
+        if (sd_bus_message_read_basic(reply, 'b', &value) <= 0)
+            return false;
+        result = value != 0;
+        return true;
+    });
+}
+
+} // namespace
+
+Status attachSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper) {
+    return callMethod(bus, helper, kAttach);
+}
+
+Status detachSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper) {
+    return callMethod(bus, helper, kDetach);
+}
+
+Status getSimulatedMouseAttached(const EventBus& bus, const ProcessSerialNumber& helper, bool& attached) {
+    return getBoolean(bus, helper, kAttached, attached);
+}
+
+Status getSimulatedMouseRecording(const EventBus& bus, const ProcessSerialNumber& helper, bool& recording) {
+    return getBoolean(bus, helper, kRecording, recording);
+}
+
+Status getSimulatedMouseRecord(const EventBus& bus, const ProcessSerialNumber& helper, EventBytes& record) {
+    return getProperty(bus, helper, kRecord, kRecordSignature, [&](sd_bus_message* reply) {
+        const void* data = nullptr;
+        std::size_t size = 0;
+        if (sd_bus_message_read_array(reply, 'y', &data, &size) < 0)
+            return false;
+        const auto* bytes = static_cast<const std::uint8_t*>(data);
+        record.assign(bytes, bytes + size);
+        return true;
+    });
+}
+
+} // namespace quorvi

@@ -1,0 +1,78 @@
+#include <cstring>
+#include <memory>
+
+#include "model/AtomicFile.h"
+#include "model/ConfigFileStore.h"
+#include "model/ConfigMapping.h"
+#include "model/Keys.h"
+#include "model/Limits.h"
+#include "tools/Input.h"
+#include "tools/Verbs.h"
+
+namespace quorvi::tools {
+
+namespace {
+
+/// What keeps KyvarConfigDictToStruct from succeeding, in words.
+std::string encodingFault(const plist::Dictionary& tree) {
+    if (!tree.dictionary(keys::settings))
+        return "it holds no dictionary \"settings\"";
+    if (!tree.array(keys::profiles))
+        return "it holds no array \"profiles\"";
+    return "none of its profiles can be encoded; a profile needs \"name\", \"stages\" and \"buttons\"";
+}
+
+/// What keeps KyvarValidateConfig from succeeding, in words.
+std::string validityFault(const plist::Dictionary& tree) {
+    std::string missing;
+    for (const auto key : {keys::settings, keys::profiles, keys::macros})
+        if (!tree.has(key))
+            missing.append(missing.empty() ? "it holds no \"" : ", no \"").append(key).append("\"");
+    if (!missing.empty())
+        return missing;
+    if (!tree.has(keys::version))
+        return "it holds no \"version\"";
+    return "its version is " + std::to_string(tree.integer(keys::version)) + "; at least " +
+           std::to_string(limits::minimumVersion) + " is needed";
+}
+
+} // namespace
+
+Outcome encode(const Arguments& arguments) {
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    const auto record = std::make_unique<ConfigRecord>();
+    if (!KyvarConfigDictToStruct(settings.value, record.get()))
+        return refused(faultOf(arguments[0], encodingFault(settings.value)));
+    std::string bytes(sizeof *record, '\0');
+    std::memcpy(bytes.data(), record.get(), sizeof *record);
+    if (!replaceFileAtomically(arguments[1], bytes))
+        return refused(faultOf(arguments[1], "it cannot be written"));
+    return done();
+}
+
+Outcome decode(const Arguments& arguments) {
+    const auto bytes = readBytes(arguments[0], sizeof(ConfigRecord));
+    if (!bytes.isGood())
+        return refused(bytes.fault);
+    const auto record = std::make_unique<ConfigRecord>();
+    std::memcpy(record.get(), bytes.value.data(), sizeof *record);
+    if (!KyvarSaveConfigToFile(keys::storage, KyvarConfigStructToDict(record.get()), arguments[1]))
+        return refused(faultOf(arguments[1], "it cannot be written"));
+    return done();
+}
+
+Outcome check(const Arguments& arguments) {
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    if (!KyvarValidateConfig(settings.value, limits::minimumVersion))
+        return refused(faultOf(arguments[0], validityFault(settings.value)));
+    const auto record = std::make_unique<ConfigRecord>();
+    if (!KyvarConfigDictToStruct(settings.value, record.get()))
+        return refused(faultOf(arguments[0], encodingFault(settings.value)));
+    return done();
+}
+
+} // namespace quorvi::tools

@@ -1,0 +1,38 @@
+// The verbs of quorvictl.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/Outcome.h"
+
+namespace quorvi::tools {
+
+/// What follows the verb on the command line.
+using Arguments = std::vector<std::string>;
+
+// Settings files and records. Nothing is written unless all of the input is in order.
+
+/// SETTINGS.plist RECORD.bin: writes the device's record of the settings.
+[[nodiscard]] Outcome encode(const Arguments& arguments);
+/// RECORD.bin SETTINGS.plist: puts the record's settings into the file, whose other keys stay.
+[[nodiscard]] Outcome decode(const Arguments& arguments);
+/// SETTINGS.plist: says whether the panel and the device take the settings.
+[[nodiscard]] Outcome check(const Arguments& arguments);
+/// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
+[[nodiscard]] Outcome match(const Arguments& arguments);
+
+// The running helper.
+
+/// Prints the connected devices, one a line.
+[[nodiscard]] Outcome devices(const Arguments& arguments);
+[[nodiscard]] Outcome attach(const Arguments& arguments);
+[[nodiscard]] Outcome detach(const Arguments& arguments);
+
+/// Runs the verb that the command line names; what follows the program's own name.
+[[nodiscard]] Outcome run(const Arguments& commandLine);
+
+/// What --help prints, and what stands below the reason when the command line is wrong.
+[[nodiscard]] std::string usage();
+
+} // namespace quorvi::tools

@@ -1,0 +1,17 @@
+// The interface description files say what the running objects say.
+#include "events/BusFixture.h"
+#include "events/Introspection.h"
+#include "platform/events/EventsInterface.h"
+
+namespace quorvi::test {
+namespace {
+
+TEST(InterfaceDescription, OfEventsIsWhatTheRunningObjectOffers) {
+    const PrivateBus privateBus;
+    const Participant participant("Somebody");
+    EXPECT_EQ(interfaceElement(fileText(QUORVI_EVENTS_SOURCE "/com.kyvar.Events.xml"), "com.kyvar.Events"),
+        interfaceElement(introspect(participant.psn(), events::kPath), events::kInterface));
+}
+
+} // namespace
+} // namespace quorvi::test

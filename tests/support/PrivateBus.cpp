@@ -1,0 +1,43 @@
+#include "support/PrivateBus.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace quorvi::test {
+
+namespace {
+
+constexpr char kVariable[] = "DBUS_SESSION_BUS_ADDRESS";
+
+std::string valueOf(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value ? value : "";
+}
+
+} // namespace
+
+PrivateBus::PrivateBus() : m_earlierAddress(valueOf(kVariable)) {
+    m_daemon = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--nofork",
+        "--config-file=" QUORVI_TEST_DATA "/private-bus.conf", "--print-address=1"});
+    const auto address = m_daemon->readLine();
+    if (!address)
+        throw std::runtime_error("dbus-daemon does not start: " + m_daemon->readError());
+    m_address = *address;
+    setenv(kVariable, m_address.c_str(), 1);
+}
+
+PrivateBus::~PrivateBus() {
+    if (m_earlierAddress.empty())
+        unsetenv(kVariable);
+    else
+        setenv(kVariable, m_earlierAddress.c_str(), 1);
+    m_daemon->signal(SIGTERM); // it removes its socket
+    (void)m_daemon->wait();
+}
+
+void PrivateBus::kill() {
+    m_daemon->kill();
+}
+
+} // namespace quorvi::test

@@ -1,0 +1,30 @@
+// A session bus of the test's own, so that it neither sees nor disturbs the user's.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "support/ChildProcess.h"
+
+namespace quorvi::test {
+
+/// Starts a bus daemon and makes it the session bus of this process and of the programs that it starts, by
+/// DBUS_SESSION_BUS_ADDRESS. The earlier one comes back at the end.
+class PrivateBus {
+  public:
+    PrivateBus();
+    ~PrivateBus();
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+
+    [[nodiscard]] const std::string& address() const { return m_address; }
+    /// Ends the daemon by force; every connection is cut.
+    void kill();
+
+  private:
+    std::unique_ptr<ChildProcess> m_daemon;
+    std::string m_address;
+    std::string m_earlierAddress;
+};
+
+} // namespace quorvi::test
