@@ -39,6 +39,34 @@ int KyvarQuorviTableView::tag() const {
     return property("tag").toInt();
 }
 
+int KyvarQuorviTableView::selectedRow() const {
+    const QModelIndexList rows = selectionModel() ? selectionModel()->selectedRows() : QModelIndexList();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void KyvarQuorviTableView::selectRowAlone(int row) {
+    if (row < 0 || !model() || row >= model()->rowCount())
+        deselectAll();
+    else
+        selectRow(row);
+}
+
+void KyvarQuorviTableView::deselectAll() {
+    clearSelection();
+    // A row that is current without being selected would be what the next arrow key starts from.
+    if (selectionModel())
+        selectionModel()->clearCurrentIndex();
+}
+
+void KyvarQuorviTableView::abortEditing() {
+    if (state() != EditingState)
+        return;
+    for (int row = 0; row < model()->rowCount(); ++row)
+        for (int column = 0; column < model()->columnCount(); ++column)
+            if (QWidget* editor = indexWidget(model()->index(row, column)))
+                closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
     m_menu = menu;
 }

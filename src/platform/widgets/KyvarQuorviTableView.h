@@ -17,6 +17,14 @@ class KyvarQuorviTableView : public QTableView {
     /// The table's tag; 0 when it has none.
     [[nodiscard]] int tag() const;
 
+    /// The selected row; -1 when none is.
+    [[nodiscard]] int selectedRow() const;
+    /// Selects the row and no other, and brings it into view; a row that does not exist selects none.
+    void selectRowAlone(int row);
+    void deselectAll();
+    /// Calls an edit of a cell off that is under way: what was typed is dropped.
+    void abortEditing();
+
     /// The context menu, which belongs to the panel; nullptr when there is none.
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     void setMenu(QMenu* menu);
