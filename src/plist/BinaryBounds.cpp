@@ -50,11 +50,10 @@ class Walk {
     bool run() { return readTrailer() && visit(m_root, 1); }
 
   private:
-    enum class State : std::uint8_t { Unknown, Open, Done };
     /// What is known of an object once it has been walked. The height is 1 for a scalar, and for a container
     /// at least 2, so that the level of a container stays within the depth and its scalars one below.
     struct Known {
-        State state = State::Unknown;
+        bool walked = false;
         bool canBeKey = false;
         std::uint32_t height = 1;
         Cost cost;
@@ -101,18 +100,24 @@ class Walk {
         return object;
     }
 
+    /// Adds the object's cost to the total; walks it only where it occurs for the first time. An object
+    /// within itself ends at the depth limit.
+    // NOLINTNEXTLINE(misc-no-recursion)
     bool visit(std::uint64_t index, std::size_t level) {
         Known& known = m_known[index];
-        if (known.state == State::Done)
-            return level + known.height - 1 <= kMaxDepth + 1;
+        if (known.walked) {
+            m_total += known.cost;
+            return m_total.isBearable() && level + known.height - 1 <= kMaxDepth + 1;
+        }
         const auto object = objectAt(index);
-        if (known.state == State::Open || !object)
+        if (!object)
             return false;
-        known.state = State::Open;
-        known.cost.nodes = 1;
-        if (!measure(*object, known, level) || !known.cost.isBearable())
+        const Cost before = m_total;
+        ++m_total.nodes;
+        if (!measure(*object, known, level) || !m_total.isBearable())
             return false;
-        known.state = State::Done;
+        known.cost = m_total - before;
+        known.walked = true;
         return true;
     }
 
@@ -122,31 +127,28 @@ class Walk {
         case Set:
             return children(object, 1, known, level);
         case Map:
-            known.cost.work = dictionaryWork(std::min(object.length, kMaxNodes));
+            m_total.work += dictionaryWork(std::min(object.length, kMaxNodes));
             return children(object, 2, known, level);
         case DataBytes:
         case Ascii:
             known.canBeKey = object.marker == Ascii;
-            return text(object, 1, known);
+            return text(object, 1);
         case Utf16:
-            return text(object, 2, known);
+            if (!text(object, 2))
+                return false;
+            known.canBeKey = !hasZeroUnit(object.body.first(object.length * 2));
+            return true;
         default:
             return true; // a number, a date or a truth; libplist checks its bytes
         }
     }
 
-    /// A text or data of so many bytes an element. Bytes count once here for every object, however the
-    /// objects overlap, and then once more wherever the object occurs.
-    bool text(const Object& object, std::uint64_t elementSize, Known& known) {
-        if (object.length > object.body.size() / elementSize)
-            return false;
-        known.cost.bytes = object.length * elementSize;
-        m_bytesSeen += known.cost.bytes;
-        if (m_bytesSeen > kMaxBytes)
-            return false;
-        if (object.marker == Utf16)
-            known.canBeKey = !hasZeroUnit(object.body.first(known.cost.bytes));
-        return true;
+    /// A text or data of so many bytes an element.
+    bool text(const Object& object, std::uint64_t elementSize) {
+        const bool fits = object.length <= object.body.size() / elementSize;
+        if (fits)
+            m_total.bytes += object.length * elementSize;
+        return fits;
     }
 
     /// libplist ends the process over a key with a zero unit.
@@ -165,9 +167,6 @@ class Walk {
             return false;
         const std::uint64_t count = object.length * perElement;
         known.height = 2;
-        m_referencesSeen += count;
-        if (m_referencesSeen > kMaxNodes)
-            return false;
         for (std::uint64_t i = 0; i < count; ++i) {
             const std::uint64_t index = bigEndian(object.body.subspan(i * m_referenceSize, m_referenceSize));
             if (index >= m_known.size() || !visit(index, level + 1))
@@ -175,10 +174,7 @@ class Walk {
             const Known& child = m_known[index];
             if (perElement == 2 && i < object.length && !child.canBeKey)
                 return false;
-            known.cost += child.cost;
             known.height = std::max(known.height, child.height + 1);
-            if (!known.cost.isBearable())
-                return false;
         }
         return true;
     }
@@ -188,8 +184,7 @@ class Walk {
     std::uint64_t m_referenceSize = 0;
     std::uint64_t m_root = 0;
     std::uint64_t m_tableAt = 0;
-    std::uint64_t m_bytesSeen = 0;
-    std::uint64_t m_referencesSeen = 0;
+    Cost m_total;
     std::vector<Known> m_known;
 };
 

@@ -35,6 +35,10 @@ struct Cost {
         bytes += other.bytes;
         work += other.work;
     }
+    /// What was added since.
+    [[nodiscard]] Cost operator-(const Cost& before) const {
+        return {nodes - before.nodes, bytes - before.bytes, work - before.work};
+    }
     [[nodiscard]] bool isBearable() const {
         return nodes <= kMaxNodes && bytes <= kMaxBytes && work <= kMaxWork;
     }

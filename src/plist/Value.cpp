@@ -76,9 +76,11 @@ void Dictionary::append(std::string key, Value value) const {
 }
 
 void Dictionary::remove(std::string_view key) const {
-    // A copy, since the key may be a view into the very entry that erasing moves another one over.
-    if (m_entries)
-        std::erase_if(*m_entries, [name = std::string(key)](const auto& entry) { return entry.key == name; });
+    if (!m_entries)
+        return;
+    const auto found = findKey(*m_entries, key);
+    if (found != m_entries->end())
+        m_entries->erase(found);
 }
 
 void Dictionary::removeAll() const {

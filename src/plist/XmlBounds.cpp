@@ -89,11 +89,11 @@ class Scanner {
     bool token() {
         if (m_rest.starts_with('?'))
             return skipUnquotedPast("?>");
+        if (!m_rest.starts_with('!'))
+            return tag();
         if (take("!--"))
             return skipPast("-->");
-        if (take("!DOCTYPE"))
-            return documentType();
-        return tag();
+        return take("!DOCTYPE") && documentType();
     }
 
     bool documentType() {
@@ -136,6 +136,8 @@ class Scanner {
             return false;
         ++m_cost.nodes;
         if (name == "dict" || name == "array") {
+            if (m_open.size() == kMaxDepth)
+                return false;
             if (!empty)
                 m_open.push_back({name});
         } else if (std::find(kLeaves.begin(), kLeaves.end(), name) == kLeaves.end()) {
@@ -147,7 +149,7 @@ class Scanner {
                 return false;
         }
         m_rootDone = m_open.empty();
-        return m_open.size() <= kMaxDepth;
+        return true;
     }
 
     bool endTag(std::string_view name) {

@@ -71,7 +71,8 @@ assert d['empty'] == {}, d['empty']
 TEST_F(Interop, WeReadWhatPythonWrites) {
     for (const char* format : {"XML", "BINARY"}) {
         ASSERT_TRUE(python(std::string("f = plistlib.FMT_") + format + R"(
-plistlib.dump({'text': 'a<b>&\u00e9\U0001f600', 'items': [1, True, 2.5, -5, 2 ** 64 - 1], 'data': bytes(range(256)),
+plistlib.dump({'text': 'a<b>&\u00e9\U0001f600',
+    'items': [1, True, 2.5, -5, 2 ** 64 - 1], 'data': bytes(range(256)),
     'date': datetime.datetime(2075, 1, 2, 3, 4, 5), 'long': 'x' * 1000, 'same': ['x' * 1000] * 20},
     open(sys.argv[2], 'wb'), fmt=f)
 )"));
