@@ -9,13 +9,14 @@ namespace quorvi {
 bool KyvarSettingsDictToStruct(const plist::Dictionary& settings, SettingsRecord* record) {
     if (!settings || !record)
         return false;
-    *record = {};
-    record->profileId = static_cast<std::uint8_t>(settings.integer(keys::profileId));
-    record->pollingCode = pollingRateToCode(settings.integer(keys::pollingRate));
-    record->stage = static_cast<std::uint8_t>(settings.integer(keys::stage));
     const auto codes = sensitivityCodes(settings);
-    record->dpiXCode = codes.dpiXCode;
-    record->dpiYCode = codes.dpiYCode;
+    *record = {
+        .profileId = static_cast<std::uint8_t>(settings.integer(keys::profileId)),
+        .pollingCode = pollingRateToCode(settings.integer(keys::pollingRate)),
+        .stage = static_cast<std::uint8_t>(settings.integer(keys::stage)),
+        .dpiXCode = codes.dpiXCode,
+        .dpiYCode = codes.dpiYCode,
+    };
     return true;
 }
 
