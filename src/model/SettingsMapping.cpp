@@ -23,7 +23,7 @@ bool KyvarSettingsDictToStruct(const plist::Dictionary& settings, SettingsRecord
 plist::Dictionary KyvarSettingsStructToDict(const SettingsRecord* record) {
     if (!record)
         return {};
-    const auto settings = plist::Dictionary::create();
+    auto settings = plist::Dictionary::create();
     settings.set(keys::profileId, std::int32_t{record->profileId});
     settings.set(keys::pollingRate, codeToPollingRate(record->pollingCode));
     settings.set(keys::stage, std::int32_t{record->stage});

@@ -132,7 +132,7 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 }
 
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
-    const auto steps = Array::create();
+    auto steps = Array::create();
     while (!bytes.empty()) {
         const auto opcode = bytes[0];
         const auto width = argumentWidth(opcode);
