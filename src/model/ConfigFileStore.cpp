@@ -36,7 +36,7 @@ Dictionary KyvarLoadConfigFromFile(
     for (const auto* path : {&first, &second}) {
         if (path->empty())
             continue;
-        if (const auto tree = storedTree(key, *path); KyvarValidateConfig(tree, minimumVersion))
+        if (auto tree = storedTree(key, *path); KyvarValidateConfig(tree, minimumVersion))
             return tree;
     }
     return {};

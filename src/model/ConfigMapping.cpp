@@ -50,7 +50,7 @@ std::size_t storeProfiles(const Array& profiles, ConfigRecord& record) {
 }
 
 Array readProfiles(const ConfigRecord& record) {
-    const auto profiles = Array::create();
+    auto profiles = Array::create();
     for (std::size_t i = 0; i < record.profiles.size(); ++i) {
         if (const auto profile =
                 KyvarProfileStructToDict(&record.profiles[i], &record.profileNames[i], Dictionary::create()))
@@ -60,7 +60,7 @@ Array readProfiles(const ConfigRecord& record) {
 }
 
 Array readMacros(const ConfigRecord& record) {
-    const auto macros = Array::create();
+    auto macros = Array::create();
     for (std::size_t i = 0; i < record.macroHeaders.size(); ++i) {
         if (const auto macro = KyvarMacroStructToDict(&record.macroHeaders[i], &record.macroBodies[i]))
             macros.append(macro);
@@ -87,7 +87,7 @@ bool KyvarConfigDictToStruct(const Dictionary& tree, ConfigRecord* record) {
 Dictionary KyvarConfigStructToDict(const ConfigRecord* record) {
     if (!record)
         return {};
-    const auto tree = Dictionary::create();
+    auto tree = Dictionary::create();
     tree.set(keys::version, limits::writtenVersion);
     tree.set(keys::firmware, readFirmware(*record));
     tree.set(keys::settings, KyvarSettingsStructToDict(&record->settings));

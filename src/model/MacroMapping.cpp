@@ -48,7 +48,7 @@ Dictionary KyvarMacroStructToDict(const MacroHeader* header, const MacroBody* bo
     const auto length = loadBigEndian(header->length);
     if (length < 1 || length > sizeof(MacroBody))
         return {};
-    const auto macro = Dictionary::create();
+    auto macro = Dictionary::create();
     macro.set(keys::macroId, std::int32_t{header->macroId});
     macro.set(keys::name, KyvarNameToString(body->name.data(), body->name.size()).value_or(u""));
     macro.set(keys::delay, static_cast<std::int32_t>(loadBigEndian(body->delay)));

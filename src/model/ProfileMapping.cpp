@@ -39,7 +39,7 @@ void storeButtons(const Dictionary& buttons, ProfileRecord& record) {
 }
 
 Array readStages(const ProfileRecord& record) {
-    const auto stages = Array::create();
+    auto stages = Array::create();
     const auto count = std::min<std::size_t>(record.stageCount, record.stages.size());
     for (std::size_t i = 0; i < count; ++i) {
         const auto stage = Dictionary::create();
@@ -50,7 +50,7 @@ Array readStages(const ProfileRecord& record) {
 }
 
 Dictionary readButtons(const ProfileRecord& record) {
-    const auto buttons = Dictionary::create();
+    auto buttons = Dictionary::create();
     for (int number = 1; number <= limits::buttons; ++number) {
         const auto& entry = record.buttons[static_cast<std::size_t>(number - 1)];
         const auto assignment = Dictionary::create();
@@ -86,7 +86,7 @@ Dictionary KyvarProfileStructToDict(
     const ProfileRecord* record, const ProfileNameEntry* nameEntry, const Dictionary& driver) {
     if (!record || !nameEntry || !driver || isUnusedName(nameEntry->name))
         return {};
-    const auto profile = Dictionary::create();
+    auto profile = Dictionary::create();
     profile.set(keys::name, KyvarNameToString(nameEntry->name.data(), nameEntry->name.size()).value_or(u""));
     profile.set(keys::ledState, std::int32_t{record->ledState});
     profile.set(keys::defaultStage, std::int32_t{record->defaultStage});

@@ -9,20 +9,21 @@ namespace quorvi {
 bool KyvarSettingsDictToStruct(const plist::Dictionary& settings, SettingsRecord* record) {
     if (!settings || !record)
         return false;
-    *record = {};
-    record->profileId = static_cast<std::uint8_t>(settings.integer(keys::profileId));
-    record->pollingCode = pollingRateToCode(settings.integer(keys::pollingRate));
-    record->stage = static_cast<std::uint8_t>(settings.integer(keys::stage));
     const auto codes = sensitivityCodes(settings);
-    record->dpiXCode = codes.dpiXCode;
-    record->dpiYCode = codes.dpiYCode;
+    *record = {
+        .profileId = static_cast<std::uint8_t>(settings.integer(keys::profileId)),
+        .pollingCode = pollingRateToCode(settings.integer(keys::pollingRate)),
+        .stage = static_cast<std::uint8_t>(settings.integer(keys::stage)),
+        .dpiXCode = codes.dpiXCode,
+        .dpiYCode = codes.dpiYCode,
+    };
     return true;
 }
 
 plist::Dictionary KyvarSettingsStructToDict(const SettingsRecord* record) {
     if (!record)
         return {};
-    const auto settings = plist::Dictionary::create();
+    auto settings = plist::Dictionary::create();
     settings.set(keys::profileId, std::int32_t{record->profileId});
     settings.set(keys::pollingRate, codeToPollingRate(record->pollingCode));
     settings.set(keys::stage, std::int32_t{record->stage});

@@ -79,11 +79,11 @@ class StepWriter {
     [[nodiscard]] std::size_t used() const { return m_used; }
 
   private:
+    /// A missing argument is stored as 0 by a command that has one.
     bool writeCommand(const Dictionary& step) {
         const auto argument = static_cast<std::uint32_t>(step.integer(keys::argument));
-        const auto width = step.has(keys::argument) ? bytesNeeded(argument) : 0;
         const auto command = static_cast<std::uint8_t>(step.integer(keys::command));
-        return put(stepOpcode(command, width), argument);
+        return put(stepOpcode(command, bytesNeeded(argument)), argument);
     }
 
     bool writeDelay(const Dictionary& step) {
@@ -132,7 +132,7 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 }
 
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
-    const auto steps = Array::create();
+    auto steps = Array::create();
     while (!bytes.empty()) {
         const auto opcode = bytes[0];
         const auto width = argumentWidth(opcode);

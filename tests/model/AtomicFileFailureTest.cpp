@@ -144,6 +144,14 @@ TEST_F(AtomicFileCalls, succeedWhereAFolderCannotBeSynced) {
     EXPECT_TRUE(replace());
 }
 
+// Some file systems give all files one mode and refuse to change it.
+TEST_F(AtomicFileCalls, doNotChangeAModeThatIsRight) {
+    ::chmod(path().c_str(), 0600);
+    calls.failing = "chmod";
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(modeOf(path()), 0600U);
+}
+
 TEST_F(AtomicFileCalls, reportAFolderThatFailedToSync) {
     calls.failing = "sync folder";
     EXPECT_FALSE(replace());

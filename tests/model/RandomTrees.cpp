@@ -64,7 +64,7 @@ void RandomTrees::set(const Dictionary& dictionary, const char* key, Value value
 }
 
 Dictionary RandomTrees::numbers(std::initializer_list<const char*> keys) {
-    const auto dictionary = Dictionary::create();
+    auto dictionary = Dictionary::create();
     for (const auto* key : keys)
         set(dictionary, key, number());
     return dictionary;
@@ -72,14 +72,14 @@ Dictionary RandomTrees::numbers(std::initializer_list<const char*> keys) {
 
 template <typename Make>
 Array RandomTrees::arrayOf(std::uint32_t count, Make make) {
-    const auto array = Array::create();
+    auto array = Array::create();
     for (std::uint32_t i = 0; i < count; ++i)
         array.append(oneIn(60) ? otherType() : Value(make()));
     return array;
 }
 
 Dictionary RandomTrees::step() {
-    const auto step = numbers({"command"});
+    auto step = numbers({"command"});
     if (oneIn(2))
         set(step, "argument", number());
     if (oneIn(2))
@@ -88,7 +88,7 @@ Dictionary RandomTrees::step() {
 }
 
 Dictionary RandomTrees::macro() {
-    const auto macro = numbers({"macroid", "delay"});
+    auto macro = numbers({"macroid", "delay"});
     set(macro, "name", name());
     const auto steps = oneIn(4) ? 30 + below(40) : below(8); // some 45 fill the step bytes
     set(macro, "steps", arrayOf(steps, [&] { return step(); }));
@@ -96,7 +96,7 @@ Dictionary RandomTrees::macro() {
 }
 
 Dictionary RandomTrees::buttons() {
-    const auto buttons = Dictionary::create();
+    auto buttons = Dictionary::create();
     for (const auto* key : {"01", "02", "03", "04", "05", "06", "07", "08", "09", "10", "1"}) {
         if (!oneIn(4))
             set(buttons, key, numbers({"command", "param1", "param2"}));
@@ -105,7 +105,7 @@ Dictionary RandomTrees::buttons() {
 }
 
 Dictionary RandomTrees::profile() {
-    const auto profile = numbers({"ledstate", "defaultstage"});
+    auto profile = numbers({"ledstate", "defaultstage"});
     const auto stages = oneIn(50) ? 254 + below(5) : below(8);
     set(profile, "name", name());
     set(profile, "stages", arrayOf(stages, [&] { return numbers({"dpix", "dpiy"}); }));
@@ -114,7 +114,7 @@ Dictionary RandomTrees::profile() {
 }
 
 Dictionary RandomTrees::next() {
-    const auto tree = numbers({"version", "firmware"});
+    auto tree = numbers({"version", "firmware"});
     set(tree, "settings", numbers({"profileid", "pollingrate", "stage", "dpix", "dpiy"}));
     set(tree, "profiles", arrayOf(below(8), [&] { return profile(); }));
     set(tree, "macros", arrayOf(below(15), [&] { return macro(); }));

@@ -13,14 +13,14 @@ namespace quorvi::test {
 
 [[nodiscard]] inline plist::Dictionary dict(
     std::initializer_list<std::pair<const char*, plist::Value>> entries = {}) {
-    const auto dictionary = plist::Dictionary::create();
+    auto dictionary = plist::Dictionary::create();
     for (const auto& [key, value] : entries)
         dictionary.set(key, value);
     return dictionary;
 }
 
 [[nodiscard]] inline plist::Array list(std::initializer_list<plist::Value> items = {}) {
-    const auto array = plist::Array::create();
+    auto array = plist::Array::create();
     for (const auto& item : items)
         array.append(item);
     return array;
