@@ -1,0 +1,99 @@
+// Every outlet of the panel that is a widget: its name, its class, the action that it sends and its tag.
+#pragma once
+
+namespace quorvi::test {
+
+struct Outlet {
+    const char* name;
+    const char* className;
+    const char* action = nullptr;
+    int tag = 0;
+};
+
+inline constexpr const char* popUp = "quorvi::PopUpButton";
+inline constexpr const char* slider = "quorvi::KyvarQuorviSlider";
+inline constexpr const char* table = "quorvi::KyvarQuorviTableView";
+inline constexpr const char* assignment = "actionMenuButtonAssignment:";
+inline constexpr const char* ok = "actionButtonModalOK:";
+inline constexpr const char* cancel = "actionButtonModalCancel:";
+
+inline constexpr Outlet outlets[] = {
+    {"quorviTabsMain", "QTabWidget"},
+    {"quorviTextProfile", "QLabel"},
+    {"quorviTextConnection", "QLabel"},
+    {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},
+    {"quorviButtonCheckForUpdates", "QPushButton", "actionButtonCheckUpdates:"},
+
+    {"quorviMenuTop1", popUp, assignment},
+    {"quorviMenuTop2", popUp, assignment},
+    {"quorviMenuTop3", popUp, assignment},
+    {"quorviMenuTop4", popUp, assignment},
+    {"quorviMenuTop5", popUp, assignment},
+    {"quorviMenuTop6", popUp, assignment},
+    {"quorviMenuTop7", popUp, assignment},
+    {"quorviMenuTop8", popUp, assignment},
+    {"quorviMenuTop9", popUp, assignment},
+
+    {"quorviTextDPI", "QLabel"},
+    {"quorviTextXLabel", "QLabel"},
+    {"quorviTextYLabel", "QLabel"},
+    {"quorviSliderSensitivityX", slider, "actionSliderSensitivityX:"},
+    {"quorviSliderSensitivityY", slider, "actionSliderSensitivityY:"},
+    {"quorviBoxIndependentXY", "QCheckBox", "actionBoxIndependentXY:"},
+    {"quorviViewStages", "quorvi::StageBar"},
+    {"quorviButtonEditStages", "QPushButton", "actionButtonEditStages:"},
+    {"quorviBoxAcceleration", "QCheckBox", "actionBoxAcceleration:"},
+    {"quorviSliderAcceleration", slider, "actionSliderAcceleration:"},
+    {"quorviBoxSensitivityOSD", "QCheckBox", "actionBoxSensitivityOSD:"},
+
+    {"quorviTableProfiles", table, nullptr, 1},
+    {"quorviButtonProfileAdd", "QPushButton", "actionButtonProfileAdd:"},
+    {"quorviButtonProfileRemove", "QPushButton", "actionButtonProfileRemove:"},
+    {"quorviButtonProfileGear", "QPushButton", "actionButtonProfileGear:"},
+    {"quorviBoxProfileOSD", "QCheckBox", "actionBoxProfileOSD:"},
+
+    {"quorviTableMacros", table, nullptr, 2},
+    {"quorviButtonMacroAdd", "QPushButton", "actionButtonMacroAdd:"},
+    {"quorviButtonMacroRemove", "QPushButton", "actionButtonMacroRemove:"},
+    {"quorviButtonMacroGear", "QPushButton", "actionButtonMacroGear:"},
+    {"quorviTabsShowHideSteps", "QStackedWidget"},
+    {"quorviTableSteps", table, nullptr, 3},
+    {"quorviButtonStepAdd", "QPushButton", "actionButtonStepAdd:"},
+    {"quorviButtonStepRemove", "QPushButton", "actionButtonStepRemove:"},
+    {"quorviButtonStepGear", "QPushButton", "actionButtonStepGear:"},
+    {"quorviButtonStepRecord", "QPushButton", "actionButtonStepRecord:"},
+
+    {"quorviMenuPollingRate", popUp, "actionMenuPollingRate:"},
+    {"quorviBoxLightOnWheel", "QCheckBox", "actionBoxLightOnWheel:"},
+    {"quorviBoxLightOnBattery", "QCheckBox", "actionBoxLightOnBattery:"},
+    {"quorviTextFirmwareVersion", "QLabel"},
+    {"quorviTextDriverVersion", "QLabel"},
+    {"quorviButtonRestoreDefaults", "QPushButton", "actionButtonRestoreDefaults:"},
+
+    {"quorviPanelConfirm", "QDialog"},
+    {"quorviTextConfirm", "QLabel"},
+    {"quorviConfirmButtonOK", "QPushButton", ok},
+    {"quorviConfirmButtonCancel", "QPushButton", cancel},
+    {"quorviPanelNoDevice", "QDialog"},
+    {"quorviTextNoDevice", "QLabel"},
+    {"quorviNoDeviceButtonOK", "QPushButton", ok},
+    {"quorviPanelRestore", "QDialog"},
+    {"quorviProgressMain", "QProgressBar"},
+    {"quorviRestoreButtonCancel", "QPushButton", cancel},
+    {"quorviPanelSingleKey", "QDialog"},
+    {"quorviFieldSingleKey", "QLineEdit"},
+    {"quorviSingleKeyButtonOK", "QPushButton", ok},
+    {"quorviSingleKeyButtonCancel", "QPushButton", cancel},
+    {"quorviPanelStages", "QDialog"},
+    {"quorviStageTableStages", table, nullptr, 4},
+    {"quorviStageButtonAdd", "QPushButton", "actionButtonStageAdd:"},
+    {"quorviStageButtonRemove", "QPushButton", "actionButtonStageRemove:"},
+    {"quorviStageGroupSettings", "QGroupBox"},
+    {"quorviStageSliderX", slider, "actionSliderStagesSensitivityX:"},
+    {"quorviStageSliderY", slider, "actionSliderStagesSensitivityY:"},
+    {"quorviStageBoxIndepXY", "QCheckBox", "actionBoxStagesIndependentXY:"},
+    {"quorviStagesButtonOK", "QPushButton", ok},
+    {"quorviStagesButtonCancel", "QPushButton", cancel},
+};
+
+} // namespace quorvi::test
