@@ -8,9 +8,9 @@
 #include "model/Keys.h"
 #include "model/Lookups.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 
@@ -24,12 +24,15 @@ constexpr std::uint32_t kAllButtons = 127;
 /// A submenu's fixed entry and its separator; the profiles or macros follow.
 constexpr int kFixedSubmenuItems = 2;
 
-QString nameOf(const plist::Dictionary& item) { return QString::fromStdU16String(item.string(keys::name)); }
+QString nameOf(const plist::Dictionary& item) {
+    return QString::fromStdU16String(item.string(keys::name));
+}
 
 /// What an item stands for beside its tag: of a command its plain title, of a submenu's entry its pop-up.
 constexpr const char* kRepresentedObject = "representedObject";
 
-/// Some items show a decorated title while they are the selected assignment, and get this one back afterwards.
+/// Some items show a decorated title while they are the selected assignment, and get this one back
+/// afterwards.
 void rememberItemTitles(const QMenu& menu) {
     for (QAction* item : menu.actions()) {
         item->setProperty(kRepresentedObject, titleOfItem(*item));
@@ -40,8 +43,8 @@ void rememberItemTitles(const QMenu& menu) {
 
 /// Rebuilds the list behind the fixed items of every pop-up's submenu of the command.
 template <typename Tag>
-void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, int command, const plist::Array& list,
-    Tag&& tagOf) {
+void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, int command,
+    const plist::Array& list, Tag&& tagOf) {
     for (PopUpButton* popUp : popUps) {
         QAction* item = popUp->itemWithTag(command);
         QMenu* submenu = item ? item->menu() : nullptr;
@@ -64,19 +67,21 @@ void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, i
 
 void KyvarQuorviPane::fillAssignmentMenus() {
     fAssignmentMenus = {fViews->main.quorviMenuTop1, fViews->main.quorviMenuTop2, fViews->main.quorviMenuTop3,
-        fViews->main.quorviMenuTop4, fViews->main.quorviMenuTop5, fViews->main.quorviMenuTop6, fViews->main.quorviMenuTop7,
-        fViews->main.quorviMenuTop8, fViews->main.quorviMenuTop9};
+        fViews->main.quorviMenuTop4, fViews->main.quorviMenuTop5, fViews->main.quorviMenuTop6,
+        fViews->main.quorviMenuTop7, fViews->main.quorviMenuTop8, fViews->main.quorviMenuTop9};
     for (const QMenu* commands : {fViews->menus.quorviMenuCommands, fViews->menus.quorviMenuWheelCommands})
         rememberItemTitles(*commands);
     for (int n = 1; n <= kAssignmentCount; ++n) {
         PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(n - 1)];
-        const QMenu* commands = n <= kLastButton ? fViews->menus.quorviMenuCommands : fViews->menus.quorviMenuWheelCommands;
+        const QMenu* commands =
+            n <= kLastButton ? fViews->menus.quorviMenuCommands : fViews->menus.quorviMenuWheelCommands;
         popUp->setMenu(copyOfMenu(*commands).release());
         popUp->setProperty("tag", n);
     }
 }
 
-QString KyvarQuorviPane::assignmentTitle(const plist::Dictionary& assignment, const QString& plainTitle) const {
+QString KyvarQuorviPane::assignmentTitle(
+    const plist::Dictionary& assignment, const QString& plainTitle) const {
     const std::int32_t param = assignment.integer(keys::param1);
     switch (assignment.integer(keys::command)) {
     case commands::switchToProfile:
@@ -100,7 +105,8 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
     const plist::Dictionary record = fButtons.dictionary(keys::button(assignment));
     std::int32_t command = record.integer(keys::command);
     // A mouse without a primary click could not undo that: button 1 takes it when no other button has it.
-    if (assignment == 1 && command != commands::click && KyvarFindClickInProfile(fProfile, kOtherButtons) < 0) {
+    if (assignment == 1 && command != commands::click &&
+        KyvarFindClickInProfile(fProfile, kOtherButtons) < 0) {
         record.set(keys::command, commands::click);
         command = commands::click;
     }

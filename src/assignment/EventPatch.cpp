@@ -14,12 +14,14 @@ KyvarQuorviPane* gPatchedPane = nullptr;
 
 namespace {
 
-/// Sees every event of the host first. While a capture is active no key may reach the host, its shortcuts included:
-/// those are decided by a ShortcutOverride at the window object, which has to be accepted as well as consumed.
+/// Sees every event of the host first. While a capture is active no key may reach the host, its shortcuts
+/// included: those are decided by a ShortcutOverride at the window object, which has to be accepted as well
+/// as consumed.
 class KeyDispatch : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!isKeyEvent(event) || !watched->isWindowType() || !gPatchedPane || !gPatchedPane->overrideSingleKeys())
+        if (!isKeyEvent(event) || !watched->isWindowType() || !gPatchedPane ||
+            !gPatchedPane->overrideSingleKeys())
             return false;
         event->accept();
         return true;

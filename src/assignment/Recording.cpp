@@ -3,8 +3,8 @@
 #include <QPushButton>
 
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 

@@ -23,7 +23,8 @@ std::u16string_view withoutCounter(std::u16string_view name) {
     return isCounter ? name.substr(0, blank) : name;
 }
 
-bool isTaken(const std::u16string& name, const plist::Array& array, std::string_view key, std::int32_t ignored) {
+bool isTaken(
+    const std::u16string& name, const plist::Array& array, std::string_view key, std::int32_t ignored) {
     for (std::size_t index = 0; index < array.size(); ++index) {
         const auto* other = array.dictionary(index).value(key).string();
         if (other && *other == name && static_cast<std::int64_t>(index) != ignored)
@@ -39,8 +40,8 @@ std::u16string decimal(int number) {
 
 } // namespace
 
-std::u16string makeNameUnique(std::u16string name, const std::u16string& defaultName, const plist::Array& array,
-    std::string_view key, std::int32_t ignoringIndex) {
+std::u16string makeNameUnique(std::u16string name, const std::u16string& defaultName,
+    const plist::Array& array, std::string_view key, std::int32_t ignoringIndex) {
     if (name.empty())
         name = defaultName;
     name.resize(std::min(name.size(), limits::nameUnits));

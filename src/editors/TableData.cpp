@@ -8,8 +8,9 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/Interface.h"
+#include "sensitivity/StageText.h"
 
 namespace quorvi {
 
@@ -19,16 +20,9 @@ QString text(const plist::Dictionary& dictionary, std::string_view key) {
     return QString::fromStdU16String(dictionary.string(key));
 }
 
-QString stageText(const plist::Dictionary& stage) {
-    if (!stage)
-        return {};
-    const int x = stage.integer(keys::dpiX);
-    return stage.boolean(keys::independentXY)
-               ? QStringLiteral("X = %1, Y = %2 DPI").arg(x).arg(stage.integer(keys::dpiY))
-               : QStringLiteral("%1 DPI").arg(x);
+bool isText(const QVariant& value) {
+    return value.userType() == QMetaType::QString;
 }
-
-bool isText(const QVariant& value) { return value.userType() == QMetaType::QString; }
 
 } // namespace
 

@@ -7,7 +7,9 @@ namespace quorvi {
 
 namespace {
 
-bool isCheckBox(int columnIdentifier) { return columnIdentifier == kProfileAutoswitchColumn; }
+bool isCheckBox(int columnIdentifier) {
+    return columnIdentifier == kProfileAutoswitchColumn;
+}
 
 bool isName(int columnIdentifier) {
     return columnIdentifier == kProfileNameColumn || columnIdentifier == kMacroNameColumn;
@@ -24,8 +26,8 @@ void TableModel::reload() {
 }
 
 void TableModel::setColumnEnabled(int columnIdentifier, bool enabled) {
-    const bool changed =
-        enabled ? m_disabledColumns.erase(columnIdentifier) > 0 : m_disabledColumns.insert(columnIdentifier).second;
+    const bool changed = enabled ? m_disabledColumns.erase(columnIdentifier) > 0
+                                 : m_disabledColumns.insert(columnIdentifier).second;
     if (changed && rowCount() > 0)
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
@@ -48,7 +50,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     const int identifier = identifierOf(index);
     const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
     if (isCheckBox(identifier))
-        return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
+        return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked)
+                                          : QVariant();
     return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
 }
 

@@ -12,8 +12,8 @@
 
 namespace quorvi {
 
-/// Shows one pane at a time; with more than one, a list at the side chooses. The shown pane is selected while the
-/// window is open.
+/// Shows one pane at a time; with more than one, a list at the side chooses. The shown pane is selected while
+/// the window is open.
 class HostWindow : public QWidget {
     Q_OBJECT
 

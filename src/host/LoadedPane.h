@@ -11,12 +11,12 @@
 
 namespace quorvi {
 
-/// A pane with the plug-in that it comes from. The code stays loaded for the life of the process: a host that shows
-/// the pane again finds the plug-in's process-wide state as it left it.
+/// A pane with the plug-in that it comes from. The code stays loaded for the life of the process: a host that
+/// shows the pane again finds the plug-in's process-wide state as it left it.
 class LoadedPane {
   public:
-    /// Loads the bundle folder's plug-in and makes its pane. Nothing, and the reason in the error, when the folder
-    /// is no bundle, holds no plug-in or the plug-in is of another interface.
+    /// Loads the bundle folder's plug-in and makes its pane. Nothing, and the reason in the error, when the
+    /// folder is no bundle, holds no plug-in or the plug-in is of another interface.
     [[nodiscard]] static std::unique_ptr<LoadedPane> load(const QString& bundlePath, QString& error);
 
     [[nodiscard]] const QString& name() const { return m_name; }

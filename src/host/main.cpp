@@ -29,8 +29,8 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("com.kyvar.quorvi-settings"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Shows preference panes."));
-    parser.addPositionalArgument(
-        QStringLiteral("bundle"), QStringLiteral("Preference-pane bundles to show."), QStringLiteral("[BUNDLE...]"));
+    parser.addPositionalArgument(QStringLiteral("bundle"), QStringLiteral("Preference-pane bundles to show."),
+        QStringLiteral("[BUNDLE...]"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);

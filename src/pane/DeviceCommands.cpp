@@ -5,8 +5,8 @@
 #include "model/Keys.h"
 #include "model/LightState.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/widgets/PopUpButton.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 
@@ -40,7 +40,9 @@ void KyvarQuorviPane::setLight(std::int32_t bit, bool on) {
     saveSettings(fDeviceConfig);
 }
 
-void KyvarQuorviPane::actionBoxLightOnWheel() { setLight(lights::wheel, fViews->main.quorviBoxLightOnWheel->isChecked()); }
+void KyvarQuorviPane::actionBoxLightOnWheel() {
+    setLight(lights::wheel, fViews->main.quorviBoxLightOnWheel->isChecked());
+}
 
 void KyvarQuorviPane::actionBoxLightOnBattery() {
     setLight(lights::battery, fViews->main.quorviBoxLightOnBattery->isChecked());
@@ -56,7 +58,8 @@ void KyvarQuorviPane::restoreDefaultsFrom(const plist::Dictionary& defaults) {
 }
 
 void KyvarQuorviPane::actionButtonRestoreDefaults() {
-    if (!confirmAction(QStringLiteral("Are you sure you want to restore all settings to default?"), std::nullopt))
+    if (!confirmAction(
+            QStringLiteral("Are you sure you want to restore all settings to default?"), std::nullopt))
         return;
     if (const plist::Dictionary defaults = getDefaultSettings())
         restoreDefaultsFrom(defaults);
@@ -64,7 +67,9 @@ void KyvarQuorviPane::actionButtonRestoreDefaults() {
     saveSettings(fDeviceConfig);
 }
 
-void KyvarQuorviPane::actionButtonCheckUpdates() { fServices.workspace->openUrl(QString::fromLatin1(kUpdatesPage)); }
+void KyvarQuorviPane::actionButtonCheckUpdates() {
+    fServices.workspace->openUrl(QString::fromLatin1(kUpdatesPage));
+}
 
 void KyvarQuorviPane::actionButtonHelp() {
     fServices.workspace->openFile(

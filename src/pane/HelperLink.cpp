@@ -46,8 +46,8 @@ Status KyvarQuorviPane::sendControlToKext(
 void KyvarQuorviPane::installDeviceListHandler() {
     if (!fServices.bus)
         return;
-    // The name comes first: a helper that starts at this moment looks for it after taking its own, so that one of
-    // the two always finds the other.
+    // The name comes first: a helper that starts at this moment looks for it after taking its own, so that
+    // one of the two always finds the other.
     (void)fServices.bus->ownName(kPaneProcessName);
     fServices.bus->installHandler(kEventClassQuorvi, kEventDeviceList,
         [this](const Event& event, const ProcessSerialNumber&, Event&) { return receiveDeviceList(event); });
@@ -59,7 +59,8 @@ void KyvarQuorviPane::removeEventHandlers() {
         return;
     if (std::exchange(fReceiveListUPP, false))
         fServices.bus->removeHandler(kEventClassQuorvi, kEventDeviceList);
-    // No handler for single values is installed as yet; one that didSelect comes to install is taken back here.
+    // No handler for single values is installed as yet; one that didSelect comes to install is taken back
+    // here.
     if (std::exchange(fReceiveValueUPP, false))
         fServices.bus->removeHandler(kEventClassQuorvi, kEventValue);
     (void)fServices.bus->releaseName(kPaneProcessName);

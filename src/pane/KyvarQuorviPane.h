@@ -1,8 +1,9 @@
-// The controller of the panel: one class, implemented in one file per role, each in the folder of its subsystem.
+// The controller of the panel: one class, implemented in one file per role, each in the folder of its
+// subsystem.
 //
-// The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are handles
-// into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an error to the
-// user: an action that is not possible does nothing.
+// The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are
+// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an
+// error to the user: an action that is not possible does nothing.
 #pragma once
 
 #include <QObject>
@@ -14,12 +15,12 @@
 #include <string>
 
 #include "pane/PaneServices.h"
-#include "plist/Value.h"
 #include "platform/FocusObserver.h"
 #include "platform/ModalSession.h"
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
+#include "plist/Value.h"
 
 namespace quorvi {
 
@@ -51,8 +52,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     // Helper link (pane/HelperLink.cpp)
     /// Sends the helper a message and its parameter; nothing is waited for. 0 when it was sent.
     Status sendMessageToHelper(FourCharCode message, std::int32_t param);
-    /// Sends the named process a message. With a result, waits for the answer, 15 ticks (250 ms) at most, and stores
-    /// its number there; the result is left as it was on any error.
+    /// Sends the named process a message. With a result, waits for the answer, 15 ticks (250 ms) at most, and
+    /// stores its number there; the result is left as it was on any error.
     Status sendControlToKext(
         const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result);
     /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
@@ -61,7 +62,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     // Settings document (pane/Settings.cpp)
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings() const;
-    /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did not.
+    /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
+    /// not.
     bool saveSettings(const plist::Dictionary& tree);
 
     // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
@@ -90,6 +92,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
 
     // Sensitivity (sensitivity/SensitivityControls.cpp)
     void updateDpiText();
+    /// Draws the current profile's stages with the current one marked.
+    void updateStagesView();
     /// Shows the copies that the stages editor works on; does nothing while it is closed.
     void updateSensitivityStagesUI();
 
@@ -123,7 +127,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
     void fillAssignmentMenus();
-    [[nodiscard]] QString assignmentTitle(const plist::Dictionary& assignment, const QString& plainTitle) const;
+    [[nodiscard]] QString assignmentTitle(
+        const plist::Dictionary& assignment, const QString& plainTitle) const;
     void showVersion();
     void startHelper();
     void installDeviceListHandler();

@@ -16,13 +16,15 @@ namespace quorvi {
 
 KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 
-KyvarQuorviPane::KyvarQuorviPane(PaneServices services) : fServices(std::move(services)), fMainView(new QWidget) {
+KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
+    : fServices(std::move(services)), fMainView(new QWidget) {
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
     setInterfaceTextLookup([this](const QString& english) { return locString(english); });
     fViews = std::make_unique<Interface>(*fMainView);
     setInterfaceTextLookup(nullptr);
-    connect(&fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
+    connect(
+        &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
 }
@@ -33,7 +35,9 @@ KyvarQuorviPane::~KyvarQuorviPane() {
     delete fMainView;
 }
 
-QWidget* KyvarQuorviPane::mainView() { return fMainView; }
+QWidget* KyvarQuorviPane::mainView() {
+    return fMainView;
+}
 
 void KyvarQuorviPane::mainViewDidLoad() {
     gKyvarQuorviPane = this;
@@ -44,8 +48,9 @@ void KyvarQuorviPane::mainViewDidLoad() {
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
-    GetKeyboardInformation(
-        [this](std::u16string_view key) { return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String(); });
+    GetKeyboardInformation([this](std::u16string_view key) {
+        return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String();
+    });
     startHelper();
     fillAssignmentMenus();
     fStringRecord = fViews->main.quorviButtonStepRecord->text();
@@ -85,7 +90,9 @@ void KyvarQuorviPane::willUnselect() {
     editMacroIndex(-1);
 }
 
-void KyvarQuorviPane::sysPrefDidResignActive() { fPanelIsFront = false; }
+void KyvarQuorviPane::sysPrefDidResignActive() {
+    fPanelIsFront = false;
+}
 
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
@@ -99,6 +106,8 @@ void KyvarQuorviPane::sysPrefWindowDidResignKey() {
         table->abortEditing();
 }
 
-void KyvarQuorviPane::tabViewDidSelectTabViewItem() { startStopRecording(false, false); }
+void KyvarQuorviPane::tabViewDidSelectTabViewItem() {
+    startStopRecording(false, false);
+}
 
 } // namespace quorvi

@@ -18,11 +18,17 @@ QString KyvarQuorviPane::locString(const QString& key) const {
     return QString::fromStdU16String(fServices.bundle.localizedString(key.toStdU16String(), "Localizable"));
 }
 
-int KyvarQuorviPane::modalDialog(QDialog* panel) { return fModalSessions.run(panel); }
+int KyvarQuorviPane::modalDialog(QDialog* panel) {
+    return fModalSessions.run(panel);
+}
 
-void KyvarQuorviPane::actionButtonModalOK() { fModalSessions.stop(kResponseOK); }
+void KyvarQuorviPane::actionButtonModalOK() {
+    fModalSessions.stop(kResponseOK);
+}
 
-void KyvarQuorviPane::actionButtonModalCancel() { fModalSessions.stop(kResponseCancel); }
+void KyvarQuorviPane::actionButtonModalCancel() {
+    fModalSessions.stop(kResponseCancel);
+}
 
 bool KyvarQuorviPane::confirmAction(const QString& messageKey, const std::optional<QString>& item) {
     QString question = locString(messageKey);

@@ -1,5 +1,5 @@
-// What the controller is given to work with. The plug-in passes the user's session; a test passes what it wants to
-// watch.
+// What the controller is given to work with. The plug-in passes the user's session; a test passes what it
+// wants to watch.
 #pragma once
 
 #include <filesystem>
@@ -13,11 +13,11 @@
 namespace quorvi {
 
 struct PaneServices {
-    Bundle bundle;                               ///< the pane's own bundle
-    std::filesystem::path homeFolder;            ///< the settings file is below it
-    std::unique_ptr<EventBus> bus;               ///< null without a session bus: nothing is sent then
-    std::unique_ptr<Workspace> workspace;        ///< never null
-    std::unique_ptr<LoginItemStore> loginItems;  ///< never null
+    Bundle bundle;                              ///< the pane's own bundle
+    std::filesystem::path homeFolder;           ///< the settings file is below it
+    std::unique_ptr<EventBus> bus;              ///< null without a session bus: nothing is sent then
+    std::unique_ptr<Workspace> workspace;       ///< never null
+    std::unique_ptr<LoginItemStore> loginItems; ///< never null
 };
 
 } // namespace quorvi

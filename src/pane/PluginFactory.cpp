@@ -4,23 +4,29 @@
 #include "pane/KyvarQuorviPane.h"
 #include "pane/loginitems/AutostartLoginItemStore.h"
 #include "pane/loginitems/UserFolders.h"
+#include "platform/keyboard/XkbKeyboardLayout.h"
 
 namespace quorvi {
 
 namespace {
 
 /// The helper's program, for the autostart entry: the entry itself names the application by its bundle.
-std::string executableOf(const std::string& applicationPath) { return Bundle(applicationPath).executablePath(); }
+std::string executableOf(const std::string& applicationPath) {
+    return Bundle(applicationPath).executablePath();
+}
 
 } // namespace
 
 std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundlePath) {
+    // Keys are named as the layout that the system is set to names them.
+    SetCurrentKeyboardLayout(makeDefaultKeyboardLayout());
     return std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(bundlePath.toStdString()),
         .homeFolder = homeFolder(),
         .bus = EventBus::connect(),
         .workspace = std::make_unique<DesktopWorkspace>(),
-        .loginItems = std::make_unique<AutostartLoginItemStore>(userAutostartFolder().value_or(""), executableOf),
+        .loginItems =
+            std::make_unique<AutostartLoginItemStore>(userAutostartFolder().value_or(""), executableOf),
     });
 }
 

@@ -7,7 +7,9 @@ namespace quorvi {
 
 namespace {
 
-std::string defaultsFile(const Bundle& bundle) { return bundle.pathForResource("Defaults", "plist").value_or(""); }
+std::string defaultsFile(const Bundle& bundle) {
+    return bundle.pathForResource("Defaults", "plist").value_or("");
+}
 
 } // namespace
 

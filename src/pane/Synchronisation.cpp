@@ -6,8 +6,8 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 
@@ -35,8 +35,8 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
 }
 
 void KyvarQuorviPane::selectCurrentProfileQuietly() {
-    // The row that the file names becomes current; it is not a choice of the user, who would get the profile's
-    // default stage with it.
+    // The row that the file names becomes current; it is not a choice of the user, who would get the
+    // profile's default stage with it.
     const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
     reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
     fViews->main.quorviTableProfiles->selectRowAlone(fProfileIndex);

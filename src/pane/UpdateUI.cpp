@@ -1,5 +1,5 @@
-// Every control's value and enabled state, derived in one place from the tree, the device's presence and whether
-// a macro is being recorded, so that no two actions disagree.
+// Every control's value and enabled state, derived in one place from the tree, the device's presence and
+// whether a macro is being recorded, so that no two actions disagree.
 
 #include <QCheckBox>
 #include <QLabel>
@@ -12,11 +12,11 @@
 #include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/PopUpButton.h"
+#include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
 
 namespace quorvi {
@@ -35,6 +35,8 @@ void KyvarQuorviPane::updateUI() {
     if (title.isEmpty())
         title = locString(QStringLiteral("Default Profile"));
     fViews->main.quorviTextProfile->setText(title);
+    fViews->main.quorviTextConnection->setText(
+        hasDevice() ? locString(QStringLiteral("Connected")) : QString());
     makeViewActive(fViews->main.quorviTabsMain, hasDevice());
     fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
     for (int n = 1; n <= kAssignmentCount; ++n)
@@ -56,6 +58,7 @@ void KyvarQuorviPane::updateSensitivityUI() {
     fViews->main.quorviTextYLabel->setText(independent ? QStringLiteral("Y") : QStringLiteral(" "));
     fViews->main.quorviSliderSensitivityY->setEnabled(independent && hasDevice());
     updateDpiText();
+    updateStagesView();
     fViews->main.quorviSliderSensitivityX->setValue(fSettings.integer(keys::dpiX));
     fViews->main.quorviSliderSensitivityY->setValue(fSettings.integer(keys::dpiY));
     fViews->main.quorviBoxIndependentXY->setChecked(independent);
@@ -69,7 +72,8 @@ void KyvarQuorviPane::updateSensitivityUI() {
 
 void KyvarQuorviPane::updateProfilesUI() {
     fViews->main.quorviButtonProfileAdd->setEnabled(hasDevice() && int(fProfiles.size()) < limits::profiles);
-    fViews->main.quorviButtonProfileRemove->setEnabled(hasDevice() && fViews->main.quorviTableProfiles->selectedRow() > 0);
+    fViews->main.quorviButtonProfileRemove->setEnabled(
+        hasDevice() && fViews->main.quorviTableProfiles->selectedRow() > 0);
     fViews->main.quorviBoxProfileOSD->setChecked(fDriverData.boolean(keys::profileDisplay));
 }
 
@@ -85,8 +89,8 @@ void KyvarQuorviPane::updateMacrosUI() {
 
 void KyvarQuorviPane::updateStepsUI() {
     const bool editable = hasDevice() && !fRecordingMacro;
-    const bool stepSelected =
-        fViews->main.quorviTableMacros->selectedRow() >= 0 && fViews->main.quorviTableSteps->selectedRow() >= 0;
+    const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
+                              fViews->main.quorviTableSteps->selectedRow() >= 0;
     fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
     fViews->main.quorviButtonStepAdd->setEnabled(editable);
     fViews->main.quorviButtonStepRemove->setEnabled(editable && stepSelected);

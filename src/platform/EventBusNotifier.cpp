@@ -32,7 +32,8 @@ void EventBusNotifier::process() {
 void EventBusNotifier::schedule() {
     if (std::exchange(m_scheduled, true))
         return;
-    QMetaObject::invokeMethod(this, [this] { process(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { process(); }, Qt::QueuedConnection);
 }
 
 void EventBusNotifier::watch() {

@@ -7,8 +7,8 @@
 
 namespace quorvi {
 
-/// Tells when the application loses the focus to another one, and when the observed window gains and loses it.
-/// A sheet in front of the window takes the focus from it too.
+/// Tells when the application loses the focus to another one, and when the observed window gains and loses
+/// it. A sheet in front of the window takes the focus from it too.
 class FocusObserver : public QObject {
     Q_OBJECT
 

@@ -13,7 +13,8 @@ ModalSessions::~ModalSessions() {
 }
 
 int ModalSessions::run(QDialog* panel) {
-    if (!panel || std::any_of(m_sessions.begin(), m_sessions.end(), [&](const Session& s) { return s.panel == panel; }))
+    if (!panel ||
+        std::any_of(m_sessions.begin(), m_sessions.end(), [&](const Session& s) { return s.panel == panel; }))
         return 0;
     QWidget* const parent = panel->parentWidget();
     // A sheet blocks its parent: a second sheet has to hang on the first, or both would take clicks.

@@ -9,8 +9,8 @@ class QEventLoop;
 
 namespace quorvi {
 
-/// Runs sheets one inside another and ends the innermost one by a stop code. While a sheet is up, the event loop
-/// goes on: messages from the helper are handled, and may put a second sheet in front of the first.
+/// Runs sheets one inside another and ends the innermost one by a stop code. While a sheet is up, the event
+/// loop goes on: messages from the helper are handled, and may put a second sheet in front of the first.
 class ModalSessions {
   public:
     ModalSessions() = default;
@@ -19,8 +19,8 @@ class ModalSessions {
     /// Ends every session that still runs, with code 0.
     ~ModalSessions();
 
-    /// Shows the panel as a sheet of its parent's window (of the sheet in front, when there is one) and returns the
-    /// code that ended it. A panel that already runs is not run twice: the answer is 0 at once.
+    /// Shows the panel as a sheet of its parent's window (of the sheet in front, when there is one) and
+    /// returns the code that ended it. A panel that already runs is not run twice: the answer is 0 at once.
     int run(QDialog* panel);
     /// Ends the innermost session with the code; does nothing when none runs.
     void stop(int code);

@@ -1,9 +1,9 @@
 // What a settings application and a preference pane know of each other.
 //
-// A pane is a bundle folder (NAME.prefPane) whose Contents/Linux holds a Qt plug-in. The plug-in's root object
-// implements PreferencePaneFactory. The host calls mainViewDidLoad() once, after it has put the view into a
-// window, then didSelect() and willUnselect() in strict turn, any number of times; the last call before it
-// destroys a shown pane is willUnselect().
+// A pane is a bundle folder (NAME.prefPane) whose Contents/Linux holds a Qt plug-in. The plug-in's root
+// object implements PreferencePaneFactory. The host calls mainViewDidLoad() once, after it has put the view
+// into a window, then didSelect() and willUnselect() in strict turn, any number of times; the last call
+// before it destroys a shown pane is willUnselect().
 #pragma once
 
 #include <QObject>

@@ -14,7 +14,8 @@ namespace quorvi {
 
 namespace {
 
-template <typename... Kinds> bool isOneOf(const QWidget* view) {
+template <typename... Kinds>
+bool isOneOf(const QWidget* view) {
     return (... || (qobject_cast<const Kinds*>(view) != nullptr));
 }
 
@@ -24,8 +25,8 @@ void recolour(QLabel* label, bool active) {
 }
 
 bool isControl(const QWidget* view) {
-    return isOneOf<QAbstractButton, QAbstractSlider, QComboBox, QAbstractItemView, QAbstractSpinBox, QLineEdit,
-        QProgressBar>(view);
+    return isOneOf<QAbstractButton, QAbstractSlider, QComboBox, QAbstractItemView, QAbstractSpinBox,
+        QLineEdit, QProgressBar>(view);
 }
 
 } // namespace

@@ -6,8 +6,8 @@ class QWidget;
 namespace quorvi {
 
 /// Enables or disables every control below the view, the view itself included. Texts are not disabled but
-/// recoloured: an inactive label is greyed and still readable by a screen reader. Containers are walked through
-/// and keep their own state.
+/// recoloured: an inactive label is greyed and still readable by a screen reader. Containers are walked
+/// through and keep their own state.
 void makeViewActive(QWidget* view, bool active);
 
 } // namespace quorvi

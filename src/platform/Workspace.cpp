@@ -19,7 +19,9 @@ void DesktopWorkspace::launchApplication(const QString& bundlePath) {
     process.startDetached();
 }
 
-void DesktopWorkspace::openUrl(const QString& address) { QDesktopServices::openUrl(QUrl(address)); }
+void DesktopWorkspace::openUrl(const QString& address) {
+    QDesktopServices::openUrl(QUrl(address));
+}
 
 void DesktopWorkspace::openFile(const QString& path) {
     if (!path.isEmpty())

@@ -9,8 +9,8 @@ class Workspace {
   public:
     virtual ~Workspace() = default;
 
-    /// Starts the application bundle at the path as a process of its own, which outlives this one. Nothing waits
-    /// for it, and nothing is said when it cannot be started.
+    /// Starts the application bundle at the path as a process of its own, which outlives this one. Nothing
+    /// waits for it, and nothing is said when it cannot be started.
     virtual void launchApplication(const QString& bundlePath) = 0;
     /// Opens the page in the user's browser.
     virtual void openUrl(const QString& address) = 0;

@@ -6,10 +6,10 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/Interface.h"
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 
@@ -31,8 +31,10 @@ void KyvarQuorviPane::updateSensitivityStagesUI() {
     if (index >= 0 && index < static_cast<int>(stages.size()))
         fViews->stages.quorviStageTableStages->selectRowAlone(index);
     fViews->stages.quorviStageButtonAdd->setEnabled(static_cast<int>(stages.size()) < limits::stages);
-    // With two stages left the button is enabled and does nothing: only a single stage leaves nothing to remove.
-    fViews->stages.quorviStageButtonRemove->setEnabled(static_cast<int>(stages.size()) >= limits::minimumStages);
+    // With two stages left the button is enabled and does nothing: only a single stage leaves nothing to
+    // remove.
+    fViews->stages.quorviStageButtonRemove->setEnabled(
+        static_cast<int>(stages.size()) >= limits::minimumStages);
     makeViewActive(fViews->stages.quorviStageGroupSettings, static_cast<bool>(stage));
     fViews->stages.quorviStageSliderX->setValue(stage ? stage.integer(keys::dpiX) : kResolutionWithoutStage);
     fViews->stages.quorviStageSliderY->setValue(stage ? stage.integer(keys::dpiY) : kResolutionWithoutStage);

@@ -18,9 +18,13 @@ using namespace quorvi::test;
 namespace {
 
 /// Chooses the item with the tag the way a user's choice arrives.
-void choose(PopUpButton* popUp, int tag) { popUp->itemWithTag(tag)->trigger(); }
+void choose(PopUpButton* popUp, int tag) {
+    popUp->itemWithTag(tag)->trigger();
+}
 
-plist::Dictionary firstProfile(const plist::Dictionary& tree) { return tree.array("profiles").dictionary(0); }
+plist::Dictionary firstProfile(const plist::Dictionary& tree) {
+    return tree.array("profiles").dictionary(0);
+}
 
 plist::Dictionary sampleWithLights(std::int32_t ledState) {
     auto tree = PaneFixture::sampleTree();
@@ -72,7 +76,8 @@ class DeviceCommandsTest : public QObject {
         QTest::newRow("3, wheel off") << 3 << QByteArray("quorviBoxLightOnWheel") << 2;
         QTest::newRow("0, battery on") << 0 << QByteArray("quorviBoxLightOnBattery") << 2;
         QTest::newRow("other bits stay, wheel on") << 0x70 << QByteArray("quorviBoxLightOnWheel") << 0x71;
-        QTest::newRow("other bits stay, battery off") << 0x72 << QByteArray("quorviBoxLightOnBattery") << 0x70;
+        QTest::newRow("other bits stay, battery off")
+            << 0x72 << QByteArray("quorviBoxLightOnBattery") << 0x70;
     }
 
     void lightsChangeTheirOwnBitOfTheEditedProfileOnly() {
@@ -182,17 +187,19 @@ class DeviceCommandsTest : public QObject {
         QTest::addColumn<bool>("given");
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("text");
-        QTest::newRow("item with a mark in it") << QStringLiteral("A ^1 B") << true << QStringLiteral("x^1y")
-                                                << QStringLiteral("A x^1y B");
+        QTest::newRow("item with a mark in it")
+            << QStringLiteral("A ^1 B") << true << QStringLiteral("x^1y") << QStringLiteral("A x^1y B");
         QTest::newRow("two marks") << QStringLiteral("A ^1 B ^1") << true << QStringLiteral("i")
                                    << QStringLiteral("A i B ^1");
-        QTest::newRow("both") << QStringLiteral("^1^1") << true << QStringLiteral("^1") << QStringLiteral("^1^1");
+        QTest::newRow("both") << QStringLiteral("^1^1") << true << QStringLiteral("^1")
+                              << QStringLiteral("^1^1");
         QTest::newRow("no mark") << QStringLiteral("A") << true << QStringLiteral("i") << QStringLiteral("A");
         QTest::newRow("no item") << QStringLiteral("A ^1") << false << QString() << QStringLiteral("A ^1");
         QTest::newRow("a profile, on lines of its own")
             << QStringLiteral("Delete profile: ^1\r\rAre you sure you want to delete this profile?") << true
             << QStringLiteral("<b>&Game</b>")
-            << QStringLiteral("Delete profile: <b>&Game</b>\n\nAre you sure you want to delete this profile?");
+            << QStringLiteral(
+                   "Delete profile: <b>&Game</b>\n\nAre you sure you want to delete this profile?");
     }
 
     void theItemReplacesTheFirstMarkOfTheMessageOnly() {

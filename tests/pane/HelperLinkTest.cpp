@@ -38,11 +38,13 @@ class HelperLinkTest : public QObject {
         PaneFixture fixture;
         fixture.writeSettings(PaneFixture::sampleTree());
         fixture.select();
-        fixture.helper->sendToPanel(listEvent(static_cast<std::size_t>(size), *fourCharCodeFromText(type.toStdString())));
+        fixture.helper->sendToPanel(
+            listEvent(static_cast<std::size_t>(size), *fourCharCodeFromText(type.toStdString())));
         // What follows is handled after it: when this list has arrived, the other one has been looked at.
         fixture.helper->sendToPanel(listEvent(196, typeProcessSerialNumber));
         fixture.find<QLabel>("quorviTextFirmwareVersion")->setText(QStringLiteral("as it was"));
-        QVERIFY(!QTest::qWaitFor([&] { return fixture.pane->hasDevice() || fixture.pane->deviceConfig(); }, 200));
+        QVERIFY(
+            !QTest::qWaitFor([&] { return fixture.pane->hasDevice() || fixture.pane->deviceConfig(); }, 200));
         QCOMPARE(fixture.text("quorviTextFirmwareVersion"), QStringLiteral("as it was"));
         fixture.connectDevices(1);
         QCOMPARE(fixture.text("quorviTextFirmwareVersion"), QStringLiteral("1.05"));
@@ -133,7 +135,8 @@ class HelperLinkTest : public QObject {
             fixture.pane->deviceConfig().set("firmware", 0x0A00);
             fixture.helper->sendDeviceList(1);
             // The list rebuilds the pane from the file, where the firmware is the old one.
-            handled = QTest::qWaitFor([&] { return fixture.pane->deviceConfig().integer("firmware") == 0x0105; }, 5000);
+            handled = QTest::qWaitFor(
+                [&] { return fixture.pane->deviceConfig().integer("firmware") == 0x0105; }, 5000);
             sheet->reject();
         });
         fixture.click("quorviButtonRestoreDefaults");

@@ -27,9 +27,12 @@ class BundleWithInfo {
         std::filesystem::create_directories(contents);
         std::filesystem::create_directory_symlink(
             std::filesystem::path(QUORVI_BUNDLE) / "Contents/Resources", contents / "Resources");
-        std::ofstream(contents / "Info.plist") << "<plist version=\"1.0\"><dict>" << entries << "</dict></plist>";
+        std::ofstream(contents / "Info.plist")
+            << "<plist version=\"1.0\"><dict>" << entries << "</dict></plist>";
     }
-    [[nodiscard]] std::string path() const { return m_folder.filePath(QStringLiteral("A.prefPane")).toStdString(); }
+    [[nodiscard]] std::string path() const {
+        return m_folder.filePath(QStringLiteral("A.prefPane")).toStdString();
+    }
 
   private:
     QTemporaryDir m_folder;

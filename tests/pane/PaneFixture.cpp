@@ -81,20 +81,24 @@ PaneFixture::~PaneFixture() {
 
 plist::Dictionary PaneFixture::sampleTree() {
     return dictionary({{"version", 6}, {"firmware", 0x0105},
-        {"settings", dictionary({{"profileid", 1}, {"pollingrate", 500}, {"stage", 2}, {"dpix", 800}, {"dpiy", 800},
-                         {"independentxy", false}})},
+        {"settings", dictionary({{"profileid", 1}, {"pollingrate", 500}, {"stage", 2}, {"dpix", 800},
+                         {"dpiy", 800}, {"independentxy", false}})},
         {"profiles", array({profile(u"Desk", 2), profile(u"Game", 3)})},
         {"macros", array({macro(u"Hello", 0), macro(u"World", 3)})}});
 }
 
-std::filesystem::path PaneFixture::settingsFile() const { return userSettingsPath(home.path().toStdString()); }
+std::filesystem::path PaneFixture::settingsFile() const {
+    return userSettingsPath(home.path().toStdString());
+}
 
 void PaneFixture::writeSettings(const plist::Dictionary& tree) const {
     if (!saveSettings(tree, settingsFile()))
         qFatal("the settings cannot be written");
 }
 
-plist::Dictionary PaneFixture::savedSettings() const { return getDefaultSettings(settingsFile()); }
+plist::Dictionary PaneFixture::savedSettings() const {
+    return getDefaultSettings(settingsFile());
+}
 
 QStringList PaneFixture::autostartEntries() const {
     return QDir(home.filePath(QStringLiteral("autostart"))).entryList(QDir::Files);
@@ -115,7 +119,8 @@ void PaneFixture::select() {
 
 void PaneFixture::connectDevices(std::uint16_t count) {
     helper->sendDeviceList(count);
-    if (!QTest::qWaitFor([&] { return pane->hasDevice() == (count != 0) && pane->deviceConfig(); }, kPatienceMs))
+    if (!QTest::qWaitFor(
+            [&] { return pane->hasDevice() == (count != 0) && pane->deviceConfig(); }, kPatienceMs))
         qFatal("the device list has no effect");
     QCoreApplication::processEvents();
 }
@@ -129,9 +134,13 @@ void PaneFixture::openWith(const plist::Dictionary& tree) {
     helper->forget();
 }
 
-QString PaneFixture::text(const char* label) const { return find<QLabel>(label)->text(); }
+QString PaneFixture::text(const char* label) const {
+    return find<QLabel>(label)->text();
+}
 
-bool PaneFixture::isEnabled(const char* control) const { return find<QWidget>(control)->isEnabled(); }
+bool PaneFixture::isEnabled(const char* control) const {
+    return find<QWidget>(control)->isEnabled();
+}
 
 void PaneFixture::click(const char* control) const {
     auto* button = find<QAbstractButton>(control);
@@ -152,7 +161,9 @@ void PaneFixture::selectRow(const char* table, int row) const {
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, cell.center());
 }
 
-int PaneFixture::selectedRow(const char* table) const { return find<KyvarQuorviTableView>(table)->selectedRow(); }
+int PaneFixture::selectedRow(const char* table) const {
+    return find<KyvarQuorviTableView>(table)->selectedRow();
+}
 
 bool PaneFixture::commandsBecome(const QStringList& expected) const {
     if (QTest::qWaitFor([&] { return helper->commands() == expected; }, kPatienceMs))

@@ -17,7 +17,9 @@ namespace quorvi::test {
 class RecordingWorkspace final : public Workspace {
   public:
     explicit RecordingWorkspace(QStringList& log) : m_log(log) {}
-    void launchApplication(const QString& bundlePath) override { m_log << QStringLiteral("launch ") + bundlePath; }
+    void launchApplication(const QString& bundlePath) override {
+        m_log << QStringLiteral("launch ") + bundlePath;
+    }
     void openUrl(const QString& address) override { m_log << QStringLiteral("url ") + address; }
     void openFile(const QString& path) override { m_log << QStringLiteral("file ") + path; }
 
@@ -27,8 +29,8 @@ class RecordingWorkspace final : public Workspace {
 
 /// What the fixture is made with; the rest is as the plug-in makes it.
 struct PaneOptions {
-    bool helper = true;                ///< a recording helper runs before the panel is made
-    bool bus = true;                   ///< there is a session bus
+    bool helper = true;                     ///< a recording helper runs before the panel is made
+    bool bus = true;                        ///< there is a session bus
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
 };
 
@@ -56,7 +58,8 @@ class PaneFixture {
     /// Loads, selects, connects a mouse with these settings, and forgets the messages so far.
     void openWith(const plist::Dictionary& tree);
 
-    template <typename Widget> [[nodiscard]] Widget* find(const char* name) const {
+    template <typename Widget>
+    [[nodiscard]] Widget* find(const char* name) const {
         auto* widget = window->findChild<Widget*>(QLatin1String(name));
         if (!widget)
             qFatal("no outlet %s", name);

@@ -24,7 +24,8 @@ std::u16string unique(
 }
 
 TEST(NamingRule, ACounterGoesOnFromTwo) {
-    EXPECT_EQ(unique(u"Untitled Profile", {u"Untitled Profile", u"Untitled Profile 2"}), u"Untitled Profile 3");
+    EXPECT_EQ(
+        unique(u"Untitled Profile", {u"Untitled Profile", u"Untitled Profile 2"}), u"Untitled Profile 3");
     EXPECT_EQ(unique(u"Work 7", {u"Work 7"}), u"Work 2");
     EXPECT_EQ(unique(u"Work 0", {u"Work 0"}), u"Work 0 2");
     EXPECT_EQ(unique(u"Work 99", {u"Work 99"}), u"Work 2");

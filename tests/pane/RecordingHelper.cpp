@@ -10,7 +10,8 @@ RecordingHelper::RecordingHelper(const std::string& processName)
     if (!m_bus || !m_sender || m_bus->ownName(processName) != NameResult::owned)
         throw std::runtime_error("no bus, or the name is taken");
     m_bus->installHandler(kEventClassQuorvi, kEventCommand,
-        [this](const Event& event, const ProcessSerialNumber&, Event& reply) { return receive(event, reply); });
+        [this](
+            const Event& event, const ProcessSerialNumber&, Event& reply) { return receive(event, reply); });
     m_thread = std::thread([this] { serve(); });
 }
 

@@ -13,6 +13,7 @@
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/PopUpButton.h"
+#include "platform/widgets/StageBar.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -56,10 +57,11 @@ class SynchronisationTest : public QObject {
         QVERIFY(fixture.isEnabled("quorviButtonCheckForUpdates"));
         const auto* tabs = fixture.find<QTabWidget>("quorviTabsMain");
         for (const char* control : {"quorviMenuTop1", "quorviMenuTop9", "quorviSliderSensitivityX",
-                 "quorviBoxIndependentXY", "quorviTableProfiles", "quorviButtonProfileAdd", "quorviTableMacros",
-                 "quorviButtonMacroGear", "quorviButtonStepRecord", "quorviMenuPollingRate", "quorviBoxLightOnWheel",
-                 "quorviButtonRestoreDefaults"})
-            QVERIFY2(tabs->findChild<QWidget*>(QLatin1String(control)) && !fixture.isEnabled(control), control);
+                 "quorviBoxIndependentXY", "quorviTableProfiles", "quorviButtonProfileAdd",
+                 "quorviTableMacros", "quorviButtonMacroGear", "quorviButtonStepRecord",
+                 "quorviMenuPollingRate", "quorviBoxLightOnWheel", "quorviButtonRestoreDefaults"})
+            QVERIFY2(
+                tabs->findChild<QWidget*>(QLatin1String(control)) && !fixture.isEnabled(control), control);
         QCOMPARE(fixture.find<QLabel>("quorviTextDPI")->foregroundRole(), QPalette::PlaceholderText);
         QVERIFY(fixture.isEnabled("quorviTextDPI"));
     }
@@ -92,7 +94,8 @@ class SynchronisationTest : public QObject {
             whenSheetIsUp(fixture.window.get(), "quorviPanelNoDevice", [&](QDialog* noDevice) {
                 QCOMPARE(noDevice->parentWidget(), confirm);
                 ended << QStringLiteral("no device");
-                QTest::mouseClick(noDevice->findChild<QPushButton*>("quorviNoDeviceButtonOK"), Qt::LeftButton);
+                QTest::mouseClick(
+                    noDevice->findChild<QPushButton*>("quorviNoDeviceButtonOK"), Qt::LeftButton);
             });
             fixture.connectDevices(0);
             QTRY_COMPARE(ended.size(), 1);
@@ -133,7 +136,11 @@ class SynchronisationTest : public QObject {
         tree.array("profiles").dictionary(0).dictionary("buttons").set("03", lost);
         PaneFixture fixture;
         fixture.openWith(tree);
-        const auto repaired = fixture.pane->deviceConfig().array("profiles").dictionary(0).dictionary("buttons").dictionary("03");
+        const auto repaired = fixture.pane->deviceConfig()
+                                  .array("profiles")
+                                  .dictionary(0)
+                                  .dictionary("buttons")
+                                  .dictionary("03");
         QCOMPARE(repaired.integer("command"), 0);
         QCOMPARE(repaired.size(), 1U);
     }
@@ -309,6 +316,10 @@ class SynchronisationTest : public QObject {
         QVERIFY(!fixture.find<QCheckBox>("quorviBoxSensitivityOSD")->isChecked());
         QVERIFY(fixture.find<QCheckBox>("quorviBoxProfileOSD")->isChecked());
         QCOMPARE(fixture.find<KyvarQuorviSlider>("quorviSliderSensitivityX")->value(), 800);
+        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->stages(),
+            QStringList({"400 DPI", "800 DPI", "1600 DPI"}));
+        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->currentStage(), 1);
+        QCOMPARE(fixture.text("quorviTextConnection"), QStringLiteral("Connected"));
         QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop1")->selectedTag(), 1);
         QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop2")->selectedTag(), 2);
     }

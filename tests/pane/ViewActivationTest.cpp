@@ -25,8 +25,8 @@ class ViewActivationTest : public QObject {
         for (int page = 0; page < 2; ++page) {
             auto* box = new QGroupBox;
             auto* layout = new QVBoxLayout(box);
-            for (QWidget* control : std::initializer_list<QWidget*>{
-                     new QPushButton, new QSlider, new QComboBox, new QTableView, new QLabel(QStringLiteral("text"))})
+            for (QWidget* control : std::initializer_list<QWidget*>{new QPushButton, new QSlider,
+                     new QComboBox, new QTableView, new QLabel(QStringLiteral("text"))})
                 layout->addWidget(control);
             tabs->addTab(box, QStringLiteral("page"));
         }

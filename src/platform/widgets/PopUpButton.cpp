@@ -107,8 +107,8 @@ void PopUpButton::showSelectedTitle() {
         setItemText(0, titleOfItem(*m_selected));
 }
 
-// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only what
-// is marked can be checked: styles draw an empty box beside every other item that can.
+// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only
+// what is marked can be checked: styles draw an empty box beside every other item that can.
 void PopUpButton::markSelectedItem() {
     if (!m_menu)
         return;
