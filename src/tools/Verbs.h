@@ -22,6 +22,16 @@ using Arguments = std::vector<std::string>;
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
+// Keys. Numbers are decimal or hexadecimal behind 0x.
+
+/// CODE [MASK]: prints the name of a virtual key code with the modifiers of the modifier word, on the
+/// keyboard layout that this machine is configured with.
+[[nodiscard]] Outcome keyName(const Arguments& arguments);
+/// USAGE: prints the virtual key code of a USB keyboard usage; 255 for none.
+[[nodiscard]] Outcome usbToAdb(const Arguments& arguments);
+/// CODE: prints the USB keyboard usage of a virtual key code; 0 for none.
+[[nodiscard]] Outcome adbToUsb(const Arguments& arguments);
+
 // The running helper.
 
 /// Prints the connected devices, one a line.

@@ -33,7 +33,7 @@ class Participant {
 
     explicit Participant(
         const std::string& name, Preparation prepare = [](EventBus&) {}) {
-        m_thread = std::thread([this, name, prepare] { run(name, prepare); });
+        m_thread = std::thread([this, name, prepare = std::move(prepare)] { run(name, prepare); });
         std::unique_lock lock(m_mutex);
         m_started.wait(lock, [this] { return m_ready; });
     }

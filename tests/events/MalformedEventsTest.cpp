@@ -29,7 +29,7 @@ class MalformedEvents : public testing::Test {
         sd_bus_error error = SD_BUS_ERROR_NULL;
         sd_bus_message* reply = nullptr;
         sd_bus_call(m_bus, call, 20'000'000, &error, &reply);
-        const std::string name = error.name ? error.name : "";
+        std::string name = error.name ? error.name : "";
         sd_bus_error_free(&error);
         sd_bus_message_unref(reply);
         sd_bus_message_unref(call);

@@ -54,11 +54,16 @@ class HelperTest : public BusTest {
     [[nodiscard]] ProgramResult runToItsEnd() const {
         return runProgram({m_program.string()}, environment());
     }
-    /// Starts it and waits until it can be found.
+    /// Starts it and waits until it has loaded the settings and serves the bus.
     void start() {
         helper = launch();
         ASSERT_TRUE(
             waitFor(*bus, [&] { return bus->findProcessByName("KyvarQuorviHelper", &psn) == noErr; }));
+        // It can be found a moment before it serves.
+        ASSERT_TRUE(waitFor(*bus, [&] {
+            bool attached = false;
+            return getSimulatedMouseAttached(*bus, psn, attached) == noErr;
+        }));
     }
     /// Sends a command and gives the number in the reply; -1 when there is none.
     [[nodiscard]] int ask(FourCharCode message, std::int32_t parameter) {

@@ -7,7 +7,7 @@ namespace {
 std::string boundProfile(const std::vector<std::pair<std::string, std::string>>& binding, bool automatic) {
     std::string text = "<dict><key>driver</key><dict>";
     for (const auto& [key, value] : binding)
-        text += "<key>" + key + "</key><string>" + value + "</string>";
+        text.append("<key>").append(key).append("</key><string>").append(value).append("</string>");
     return text + "<key>autoswitch</key>" + (automatic ? "<true/>" : "<false/>") + "</dict></dict>";
 }
 

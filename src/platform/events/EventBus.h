@@ -46,6 +46,8 @@ struct ProcessEntry {
     ProcessSerialNumber psn;
     std::string name;
 
+    // The check takes the 0 that a defaulted comparison compares with for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const ProcessEntry&) const = default;
 };
 

@@ -60,6 +60,8 @@ struct ProcessSerialNumber {
     std::uint32_t high = 0;
     std::uint32_t low = 0;
 
+    // The check takes the 0 that a defaulted comparison compares with for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const ProcessSerialNumber&) const = default;
 };
 

@@ -1,0 +1,63 @@
+#include <charconv>
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+
+#include "keyboard/KeyCodeConversion.h"
+#include "keyboard/KeyNames.h"
+#include "platform/keyboard/XkbKeyboardLayout.h"
+#include "plist/Unicode.h"
+#include "tools/Verbs.h"
+
+namespace quorvi::tools {
+
+namespace {
+
+/// A whole number of 32 bits, decimal or hexadecimal behind 0x.
+std::optional<std::uint32_t> numberIn(std::string_view text) {
+    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
+    text.remove_prefix(hexadecimal ? 2 : 0);
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, hexadecimal ? 16 : 10);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    return number;
+}
+
+Outcome noNumber(const std::string& argument) {
+    return misused(argument + " is no number of 32 bits, decimal or 0x");
+}
+
+Outcome convert(const std::string& argument, std::uint8_t (*conversion)(std::uint32_t)) {
+    const auto number = numberIn(argument);
+    if (!number)
+        return noNumber(argument);
+    std::printf("%u\n", unsigned{conversion(*number)});
+    return done();
+}
+
+} // namespace
+
+Outcome keyName(const Arguments& arguments) {
+    const std::string maskArgument = arguments.size() > 1 ? arguments[1] : "0";
+    const auto code = numberIn(arguments[0]);
+    const auto mask = numberIn(maskArgument);
+    if (!code || !mask)
+        return noNumber(code ? maskArgument : arguments[0]);
+    SetCurrentKeyboardLayout(makeDefaultKeyboardLayout());
+    GetKeyboardInformation(
+        nullptr); // without a layout, the keys that have names of their own still have them
+    std::printf("%s\n", plist::toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
+    return done();
+}
+
+Outcome usbToAdb(const Arguments& arguments) {
+    return convert(arguments[0], UsbToAdbKeycode);
+}
+
+Outcome adbToUsb(const Arguments& arguments) {
+    return convert(arguments[0], AdbToUsbKeycode);
+}
+
+} // namespace quorvi::tools
