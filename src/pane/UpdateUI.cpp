@@ -15,6 +15,7 @@
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MouseView.h"
 #include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
@@ -39,6 +40,7 @@ void KyvarQuorviPane::updateUI() {
         hasDevice() ? locString(QStringLiteral("Connected")) : QString());
     makeViewActive(fViews->main.quorviTabsMain, hasDevice());
     fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
+    fViews->main.viewMouse->setEnabled(hasDevice());
     for (int n = 1; n <= kAssignmentCount; ++n)
         updateMenu(fAssignmentMenus[static_cast<std::size_t>(n - 1)], n);
     updateSensitivityUI();

@@ -1,11 +1,39 @@
 #include "platform/ModalSession.h"
 
+#include <QEvent>
 #include <QEventLoop>
 #include <QPointer>
 
 #include <algorithm>
 
 namespace quorvi {
+
+namespace {
+
+constexpr Qt::WindowFlags kSheetFlags =
+    Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+/// Keeps a sheet over the middle of its window, also while the window manager is still placing that.
+class SheetPlacement : public QObject {
+  public:
+    SheetPlacement(QWidget* sheet, QWidget* window) : m_sheet(sheet), m_window(window) {
+        window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+            place();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void place() { m_sheet->move(m_window->geometry().center() - m_sheet->rect().center()); }
+
+    QWidget* m_sheet;
+    QWidget* m_window;
+};
+
+} // namespace
 
 ModalSessions::~ModalSessions() {
     for (const Session& session : m_sessions)
@@ -18,13 +46,14 @@ int ModalSessions::run(QDialog* panel) {
         return 0;
     QWidget* const parent = panel->parentWidget();
     // A sheet blocks its parent: a second sheet has to hang on the first, or both would take clicks.
-    panel->setParent(m_sessions.empty() ? parent : m_sessions.back().panel, Qt::Sheet);
+    panel->setParent(m_sessions.empty() ? parent : m_sessions.back().panel, kSheetFlags);
     panel->setWindowModality(Qt::WindowModal);
     QEventLoop loop;
     const QPointer<QDialog> guard(panel);
     m_sessions.push_back({panel, &loop});
     // Escape and the window manager's close button answer as the cancel button does.
     const auto cancel = QObject::connect(panel, &QDialog::rejected, &loop, [this] { stop(0); });
+    const SheetPlacement placement(panel, panel->parentWidget()->window());
     panel->show();
     panel->raise();
     panel->activateWindow();
@@ -33,7 +62,7 @@ int ModalSessions::run(QDialog* panel) {
         return 0; // The pane went away underneath, and this object with it.
     QObject::disconnect(cancel);
     panel->hide();
-    panel->setParent(parent, Qt::Sheet);
+    panel->setParent(parent, kSheetFlags);
     m_sessions.pop_back();
     return code;
 }

@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,9 +20,14 @@ bool isOneOf(const QWidget* view) {
     return (... || (qobject_cast<const Kinds*>(view) != nullptr));
 }
 
-/// Roles, not colours: a label follows when the user changes the theme.
+/// An inactive text has the colour that the theme gives to disabled ones. An active text has no colour of its
+/// own and follows the theme.
 void recolour(QLabel* label, bool active) {
-    label->setForegroundRole(active ? QPalette::WindowText : QPalette::PlaceholderText);
+    QPalette palette;
+    if (!active)
+        palette.setBrush(QPalette::WindowText,
+            QApplication::palette(label).brush(QPalette::Disabled, QPalette::WindowText));
+    label->setPalette(palette);
 }
 
 bool isControl(const QWidget* view) {

@@ -241,6 +241,23 @@ class DeviceCommandsTest : public QObject {
         QCOMPARE(fixture.pane->modalDialog(sheet), 0);
     }
 
+    void aSheetFollowsItsWindow() {
+        PaneFixture fixture;
+        fixture.select();
+        QPoint distance(1000, 1000);
+        whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* dialog) {
+            fixture.window->move(fixture.window->pos() + QPoint(137, 91));
+            const auto middle = [](const QWidget* window) { return window->geometry().center(); };
+            (void)QTest::qWaitFor([&] {
+                distance = middle(dialog) - middle(fixture.window.get());
+                return distance.manhattanLength() < 60; // the window manager's frames
+            });
+            dialog->reject();
+        });
+        fixture.pane->modalDialog(fixture.find<QDialog>("quorviPanelConfirm"));
+        QVERIFY2(distance.manhattanLength() < 60, qPrintable(QString::number(distance.manhattanLength())));
+    }
+
     void theModalActionsDoNothingWithoutASheet() {
         PaneFixture fixture;
         fixture.select();

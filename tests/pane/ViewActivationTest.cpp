@@ -37,7 +37,8 @@ class ViewActivationTest : public QObject {
         QCOMPARE(enabledControls(), 0);
         for (const QLabel* label : texts()) {
             QVERIFY(label->isEnabled());
-            QCOMPARE(label->foregroundRole(), QPalette::PlaceholderText);
+            QCOMPARE(colourOf(label),
+                QApplication::palette(label).color(QPalette::Disabled, QPalette::WindowText));
         }
     }
 
@@ -46,7 +47,8 @@ class ViewActivationTest : public QObject {
         makeViewActive(root.get(), true);
         QCOMPARE(enabledControls(), 8);
         for (const QLabel* label : texts())
-            QCOMPARE(label->foregroundRole(), QPalette::WindowText);
+            QCOMPARE(
+                colourOf(label), QApplication::palette(label).color(QPalette::Active, QPalette::WindowText));
     }
 
     void containersKeepTheirOwnState() {
@@ -54,6 +56,13 @@ class ViewActivationTest : public QObject {
         for (const QGroupBox* box : root->findChildren<QGroupBox*>())
             QVERIFY(box->isEnabled());
         QVERIFY(root->findChild<QTabWidget*>()->isEnabled());
+    }
+
+    void activeAndInactiveTextsDiffer() {
+        makeViewActive(root.get(), false);
+        const QColor inactive = colourOf(texts().first());
+        makeViewActive(root.get(), true);
+        QVERIFY(inactive != colourOf(texts().first()));
     }
 
     void aTableIsDisabledAsAWhole() {
@@ -65,6 +74,9 @@ class ViewActivationTest : public QObject {
     void nothingIsNoView() { makeViewActive(nullptr, false); }
 
   private:
+    static QColor colourOf(const QLabel* label) {
+        return label->palette().color(QPalette::Active, label->foregroundRole());
+    }
     [[nodiscard]] int enabledControls() const {
         int count = 0;
         for (const QGroupBox* box : root->findChildren<QGroupBox*>())

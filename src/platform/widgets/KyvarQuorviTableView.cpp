@@ -11,12 +11,7 @@ namespace quorvi {
 namespace {
 
 constexpr int rowPadding = 10;
-constexpr int headerPadding = 20;
-
-// The title in whatever language must fit.
-int titleWidth(const QAbstractItemModel& model, int section, const QFontMetrics& metrics) {
-    return metrics.horizontalAdvance(model.headerData(section, Qt::Horizontal).toString()) + headerPadding;
-}
+constexpr int headerPadding = 8;
 
 } // namespace
 
@@ -84,8 +79,9 @@ void KyvarQuorviTableView::layOutColumns() {
             return;
         if (column.widthInLetters > 0) {
             header->setSectionResizeMode(section, QHeaderView::Interactive);
+            // The title must fit too, in whatever language and style.
             header->resizeSection(section, qMax(column.widthInLetters * fontMetrics().averageCharWidth(),
-                                               titleWidth(*model(), section, header->fontMetrics())));
+                                               header->sectionSizeHint(section) + headerPadding));
         } else {
             header->setSectionResizeMode(section, QHeaderView::Stretch);
         }
