@@ -1,16 +1,22 @@
 #include "platform/events/ProcessName.h"
 
-#include <algorithm>
+#include <array>
 #include <charconv>
 
+#include "platform/StringHelpers.h"
 #include "platform/events/EventsInterface.h"
 
 namespace quorvi::events {
 
 namespace {
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+/// A Pascal string of up to 255 bytes; no name on the bus is longer (D-Bus, "Valid Names").
+using Str255 = std::array<unsigned char, 256>;
+
+Str255 pascalString(std::string_view text) {
+    Str255 result{};
+    CStringPCopy(result.data(), std::string(text).c_str(), result.size() - 1);
+    return result;
 }
 
 /// Takes a decimal number off the front of the text.
@@ -29,8 +35,7 @@ bool takeCharacter(std::string_view& text, char c) {
 } // namespace
 
 bool sameProcessName(std::string_view a, std::string_view b) {
-    return std::equal(
-        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
+    return PStringCmp(pascalString(a).data(), pascalString(b).data()) == 0;
 }
 
 std::string uniqueName(const ProcessSerialNumber& psn) {

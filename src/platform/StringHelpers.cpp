@@ -1,4 +1,4 @@
-#include "pane/loginitems/StringHelpers.h"
+#include "platform/StringHelpers.h"
 
 #include <algorithm>
 #include <cstring>

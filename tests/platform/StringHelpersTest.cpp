@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "pane/loginitems/StringHelpers.h"
+#include "platform/StringHelpers.h"
 
 namespace quorvi::test {
 
