@@ -1,0 +1,12 @@
+// The least that a program with a Qt window can be; as large as the settings application's.
+
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QWidget window;
+    window.resize(760, 560);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,45 @@
+// What every benchmark does with its times: pairs, medians, rows of the one table.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace quorvi::bench {
+
+using Clock = std::chrono::steady_clock;
+using Microseconds = std::chrono::duration<double, std::micro>;
+
+/// The middle of several measurements, and the middles of their lower and upper halves.
+struct Figure {
+    double median = 0;
+    double lower = 0;
+    double upper = 0;
+};
+
+/// Takes at least one value.
+[[nodiscard]] Figure figureOf(std::vector<double> values);
+
+/// Each value of the first divided by its partner in the second; both are of one length.
+[[nodiscard]] std::vector<double> ratios(const std::vector<double>& values, const std::vector<double>& bases);
+
+/// Calls both in turn, first once unrecorded and then that many times, and sets each result of the first
+/// against the one of the second beside it. The order changes from pair to pair, so that neither always comes
+/// second.
+[[nodiscard]] Figure pairedRatio(
+    int pairs, const std::function<double()>& measured, const std::function<double()>& base);
+
+/// The microseconds of processor time that the calls take together, on this thread: for what computes and
+/// does not wait, so that other programs on the machine do not count.
+[[nodiscard]] double processorMicrosecondsOf(int calls, const std::function<void()>& call);
+
+/// Prints one row for bench/run: tab-separated, the goal empty when there is none. A figure that is not above
+/// its goal meets it.
+void printRow(std::string_view what, const Figure& figure, std::string_view unit, std::optional<double> goal);
+
+/// --quick is among the arguments: few pairs, only to see that everything runs.
+[[nodiscard]] bool isQuick(int argc, char** argv);
+
+} // namespace quorvi::bench

@@ -1,0 +1,100 @@
+// Loading and writing out a settings file, against what libplist alone takes for the same bytes.
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <type_traits>
+
+#include <fcntl.h>
+#include <plist/plist.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "bench/Figures.h"
+#include "bench/FullConfiguration.h"
+#include "model/ConfigFileStore.h"
+#include "model/Keys.h"
+#include "model/Limits.h"
+#include "plist/Writer.h"
+#include "support/TemporaryFolder.h"
+
+namespace quorvi::bench {
+namespace {
+
+struct NodeDeleter {
+    void operator()(plist_t node) const { plist_free(node); }
+};
+using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, NodeDeleter>;
+
+/// The file's bytes with as few calls as it takes.
+std::string readWhole(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat status {};
+    fstat(file, &status);
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    const ssize_t count = read(file, bytes.data(), bytes.size());
+    close(file);
+    bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+    return bytes;
+}
+
+Node parse(const std::string& bytes) {
+    plist_t node = nullptr;
+    plist_from_xml(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+    return Node(node);
+}
+
+void require(bool condition) {
+    if (!condition) {
+        std::fputs("The benchmark's settings file is not what it should be.\n", stderr);
+        std::exit(1);
+    }
+}
+
+void load(int pairs, int calls, const std::string& path) {
+    const auto ours = [&] {
+        require(!!KyvarLoadConfigFromFile(keys::storage, limits::minimumVersion, path, {}));
+    };
+    const auto theirs = [&] { require(!!parse(readWhole(path))); };
+    printRow("load a full settings file / libplist reads and parses it",
+        pairedRatio(
+            pairs, [&] { return processorMicrosecondsOf(calls, ours); },
+            [&] { return processorMicrosecondsOf(calls, theirs); }),
+        "x", 1.5);
+}
+
+void write(int pairs, int calls, const plist::Dictionary& content, const std::string& expected) {
+    const Node tree = parse(expected);
+    const auto ours = [&] { require(plist::writeXml(content)->size() == expected.size()); };
+    const auto theirs = [&] {
+        char* text = nullptr;
+        std::uint32_t length = 0;
+        plist_to_xml(tree.get(), &text, &length);
+        require(length == expected.size());
+        plist_to_xml_free(text);
+    };
+    printRow("write a full configuration as XML / libplist writes its own tree",
+        pairedRatio(
+            pairs, [&] { return processorMicrosecondsOf(calls, ours); },
+            [&] { return processorMicrosecondsOf(calls, theirs); }),
+        "x", 1.5);
+}
+
+void run(bool quick) {
+    const int pairs = quick ? 5 : 101;
+    constexpr int calls = 4; // milliseconds, far above what the clock and a call by pointer cost
+    const auto content = settingsFileContent();
+    const auto xml = plist::writeXml(content).value();
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("settings.plist", xml);
+    load(pairs, calls, path);
+    write(pairs, calls, content, xml);
+}
+
+} // namespace
+} // namespace quorvi::bench
+
+int main(int argc, char** argv) {
+    quorvi::bench::run(quorvi::bench::isQuick(argc, argv));
+}

@@ -1,0 +1,15 @@
+// The largest configuration that the panel edits.
+#pragma once
+
+#include "plist/Value.h"
+
+namespace quorvi::bench {
+
+/// 5 profiles with 5 stages and 9 assigned buttons each, and 12 macros of 16 steps. A new tree with every
+/// call.
+[[nodiscard]] plist::Dictionary fullConfiguration();
+
+/// The top of a settings file: the full configuration under its key, behind that many keys of other owners.
+[[nodiscard]] plist::Dictionary settingsFileContent(int otherKeys = 0);
+
+} // namespace quorvi::bench
