@@ -1,13 +1,10 @@
 #include "pane/PaneFixture.h"
 
 #include <QAbstractButton>
-#include <QDialog>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "assignment/EventPatch.h"
@@ -143,11 +140,7 @@ bool PaneFixture::isEnabled(const char* control) const {
 }
 
 void PaneFixture::click(const char* control) const {
-    auto* button = find<QAbstractButton>(control);
-    if (!button->isEnabled() || !button->isVisible())
-        qFatal("%s cannot be clicked", control);
-    // A check box takes clicks on its square and its text only.
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    clickButton(find<QAbstractButton>(control));
 }
 
 void PaneFixture::selectTab(int index) const {
@@ -170,30 +163,6 @@ bool PaneFixture::commandsBecome(const QStringList& expected) const {
         return true;
     qWarning() << "commands are" << helper->commands() << "and should be" << expected;
     return false;
-}
-
-void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action) {
-    auto* timer = new QTimer(const_cast<QWidget*>(window));
-    QElapsedTimer waiting;
-    waiting.start();
-    QObject::connect(timer, &QTimer::timeout, timer, [=, action = std::move(action)] {
-        auto* sheet = window->findChild<QDialog*>(QLatin1String(name));
-        if (!sheet || !sheet->isVisible() || !sheet->isActiveWindow()) {
-            if (waiting.hasExpired(kPatienceMs))
-                qFatal("the sheet %s does not come up", name);
-            return;
-        }
-        timer->deleteLater();
-        timer->stop();
-        action(sheet);
-    });
-    timer->start(5);
-}
-
-void clickInSheet(const QWidget* window, const char* sheet, const char* button) {
-    whenSheetIsUp(window, sheet, [button](QDialog* dialog) {
-        QTest::mouseClick(dialog->findChild<QAbstractButton*>(QLatin1String(button)), Qt::LeftButton);
-    });
 }
 
 } // namespace quorvi::test

@@ -4,13 +4,11 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 #include "pane/KyvarQuorviPane.h"
 #include "pane/RecordingHelper.h"
-
-class QDialog;
+#include "support/WindowTools.h"
 
 namespace quorvi::test {
 
@@ -60,10 +58,7 @@ class PaneFixture {
 
     template <typename Widget>
     [[nodiscard]] Widget* find(const char* name) const {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        if (!widget)
-            qFatal("no outlet %s", name);
-        return widget;
+        return outlet<Widget>(window.get(), name);
     }
     [[nodiscard]] QString text(const char* label) const;
     [[nodiscard]] bool isEnabled(const char* control) const;
@@ -82,10 +77,5 @@ class PaneFixture {
     std::unique_ptr<QWidget> window;
     std::unique_ptr<KyvarQuorviPane> pane;
 };
-
-/// Runs the action as soon as the sheet of that name is up; fails the test when it does not come.
-void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action);
-/// Clicks a sheet's button as soon as the sheet is up.
-void clickInSheet(const QWidget* window, const char* sheet, const char* button);
 
 } // namespace quorvi::test

@@ -1,0 +1,90 @@
+// Keys and clicks that come from the X server, to the real program and to the real window.
+
+#include <QTest>
+
+#include <csignal>
+
+#include "host/OpenWindow.h"
+#include "host/Session.h"
+#include "support/SessionTestMain.h"
+
+using namespace quorvi::test;
+
+namespace {
+
+constexpr int kDeviceTab = 4;
+
+/// Runs xdotool; what it prints, or nothing when it fails.
+std::optional<std::string> xdotool(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "xdotool");
+    const auto result = runProgram(arguments);
+    return result.exitCode == 0 ? std::optional(result.output) : std::nullopt;
+}
+
+/// The id of the program's window, once it is on the screen.
+std::optional<std::string> windowOf(const ChildProcess& program) {
+    const auto ids = xdotool({"search", "--sync", "--onlyvisible", "--pid", std::to_string(program.pid())});
+    return ids ? std::optional(ids->substr(0, ids->find('\n'))) : std::nullopt;
+}
+
+} // namespace
+
+class DisplayTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        if (qEnvironmentVariableIsEmpty("DISPLAY") || QGuiApplication::platformName() != QLatin1String("xcb"))
+            QSKIP("there is no X display");
+        if (!xdotool({"version"}))
+            QSKIP("there is no xdotool");
+    }
+
+    void keysSwitchALightOfTheRealProgram() {
+        const Session session;
+        session.home.awaitDeviceList();
+        const auto program = session.startSettings();
+        const auto window = windowOf(*program);
+        QVERIFY(window);
+        QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(session.recordByte(kFirstProfileLights), 3, kWindowPatienceMs);
+        const auto before = session.record();
+        QVERIFY(xdotool({"windowactivate", "--sync", *window}));
+        QVERIFY(xdotool({"key", "--repeat", std::to_string(kDeviceTab), "ctrl+Tab"}));
+        QVERIFY(xdotool({"key", "alt+w"})); // the key of "Light on the wheel"
+        QTRY_COMPARE_WITH_TIMEOUT(session.home.savedLights(), 2, kWindowPatienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            changes(before, session.record()), QStringLiteral("213: 3 -> 2"), kWindowPatienceMs);
+        QVERIFY(xdotool({"key", "ctrl+q"}));
+        QCOMPARE(program->wait(), std::optional(0));
+    }
+
+    void withoutASessionBusTheWindowIsThereAndTakesKeys() {
+        const Session session;
+        const QTemporaryDir nowhere;
+        const auto program = session.startSettings({}, withoutSessionBus(nowhere));
+        const auto window = windowOf(*program);
+        QVERIFY(window);
+        QVERIFY(program->isRunning());
+        QVERIFY(xdotool({"windowactivate", "--sync", *window}));
+        QVERIFY(xdotool({"key", "ctrl+q"}));
+        QCOMPARE(program->wait(), std::optional(0));
+    }
+
+    void aClickOfTheMouseSwitchesALight() {
+        const Session session;
+        const OpenWindow window;
+        QVERIFY(window.showsMouse());
+        window.clickTab(kDeviceTab);
+        auto* box = window.find("quorviBoxLightOnBattery");
+        const QPoint spot = box->mapToGlobal(QPoint(8, box->height() / 2));
+        const auto before = session.record();
+        QVERIFY(xdotool({"mousemove", std::to_string(spot.x()), std::to_string(spot.y()), "click", "1"}));
+        QTRY_COMPARE_WITH_TIMEOUT(session.home.savedLights(), 1, kWindowPatienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            changes(before, session.record()), QStringLiteral("213: 3 -> 1"), kWindowPatienceMs);
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(DisplayTest)
+#include "DisplayTest.moc"

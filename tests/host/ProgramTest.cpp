@@ -1,0 +1,99 @@
+// The settings application as a program: how it starts and how it ends.
+
+#include <QTest>
+
+#include <csignal>
+
+#include "host/Session.h"
+#include "support/SessionTestMain.h"
+#include "support/WindowTools.h"
+
+using namespace quorvi::test;
+
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void beingAskedToEndItSavesAndEndsInGoodOrder_data() {
+        QTest::addColumn<int>("signalNumber");
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGHUP") << SIGHUP;
+    }
+
+    void beingAskedToEndItSavesAndEndsInGoodOrder() {
+        QFETCH(int, signalNumber);
+        const Session session;
+        session.home.awaitDeviceList();
+        const auto program = session.startSettings();
+        QTRY_VERIFY_WITH_TIMEOUT(session.runs("KyvarQuorviPane"), kWindowPatienceMs);
+        QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
+        std::filesystem::remove(session.home.settingsFile());
+        program->signal(signalNumber);
+        QCOMPARE(program->wait(), std::optional(0));
+        QVERIFY(session.home.deviceListHasCome()); // what the panel had, as a whole and valid
+        QCOMPARE(session.home.savedSettings().integer("version"), 6);
+        QCOMPARE(session.home.savedSettings().array("profiles").dictionary(0).dictionary("buttons").size(),
+            std::size_t(9));
+        QTRY_VERIFY(!session.runs("KyvarQuorviPane"));
+        QCOMPARE(session.panelsToldOfDetaching(), 0);
+        QCOMPARE(session.helpers().size(), std::size_t(1));
+    }
+
+    void theHelperSurvivesAProgramThatIsKilledAndForgetsIt() {
+        const Session session;
+        session.home.awaitDeviceList();
+        const auto program = session.startSettings();
+        QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
+        const auto helpers = session.helpers();
+        QCOMPARE(helpers.size(), std::size_t(1));
+        QCOMPARE(session.panelsToldOfDetaching(), 1);
+        program->signal(SIGKILL);
+        QCOMPARE(program->wait(), std::optional(128 + SIGKILL));
+        QTRY_VERIFY(!session.runs("KyvarQuorviPane"));
+        QVERIFY(session.home.deviceListHasCome());
+        session.attach();
+        QCOMPARE(session.panelsToldOfDetaching(), 0);
+        QCOMPARE(session.helpers(), helpers);
+    }
+
+    void whatIsNoBundleEndsItWithOneLine_data() {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("nothing") << "/nowhere/A.prefPane";
+        QTest::newRow("a folder") << "/";
+        QTest::newRow("a file") << "/etc/passwd";
+        QTest::newRow("a bundle without a plug-in")
+            << QStringLiteral(QUORVI_BUNDLE "/Contents/Resources/KyvarQuorviHelper.app");
+    }
+
+    void whatIsNoBundleEndsItWithOneLine() {
+        QFETCH(QString, path);
+        const Session session;
+        const QTemporaryDir runtime;
+        const auto program =
+            session.startSettings({path.toStdString()}, {"XDG_RUNTIME_DIR=" + runtime.path().toStdString()});
+        QCOMPARE(program->wait(), std::optional(1));
+        const auto said = QString::fromStdString(program->readError());
+        QCOMPARE(said.count(QLatin1Char('\n')), 1);
+        QVERIFY2(said.startsWith(QStringLiteral("quorvi-settings: %1 ").arg(path)), qPrintable(said));
+        QCOMPARE(program->readOutput(), std::string());
+        QVERIFY(session.home.files().isEmpty());
+    }
+
+    void withoutASessionBusTheWindowOpensAndStays() {
+        const Session session;
+        const QTemporaryDir nowhere;
+        const auto program = session.startSettings({}, withoutSessionBus(nowhere));
+        // Its window comes up first, then the pane is told to load and registers the helper.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            session.home.files().contains(QStringLiteral(".config/autostart/KyvarQuorviHelper.desktop")),
+            kWindowPatienceMs);
+        QVERIFY(program->isRunning());
+        program->signal(SIGTERM);
+        QCOMPARE(program->wait(), std::optional(0));
+        QVERIFY(session.helpers().empty());
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(ProgramTest)
+#include "ProgramTest.moc"

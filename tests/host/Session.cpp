@@ -1,0 +1,143 @@
+#include "host/Session.h"
+
+#include <QTest>
+
+#include <charconv>
+#include <fstream>
+
+#include "platform/events/DeviceList.h"
+#include "platform/events/ProcessName.h"
+#include "platform/events/SimulatedMouse.h"
+#include "support/EventMonitor.h"
+#include "support/WindowTools.h"
+
+namespace quorvi::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kHelperName[] = "KyvarQuorviHelper";
+
+void require(Status status) {
+    if (status != noErr)
+        qFatal("the helper does not do as it is told: %d", int(status));
+}
+
+std::string contentOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+pid_t processId(const fs::path& folder) {
+    const std::string name = folder.filename();
+    pid_t id = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), id);
+    return error == std::errc() && *end == '\0' ? id : 0;
+}
+
+} // namespace
+
+Session::Session() = default;
+
+Session::~Session() {
+    m_bus.reset();
+    m_privateBus.reset();
+    // A helper of our own is our child, which stays until it is waited for.
+    if (!QTest::qWaitFor(
+            [this] { return helpers().empty() && (!m_helper || !m_helper->isRunning()); }, kWindowPatienceMs))
+        qFatal("the helper stays when the bus has gone");
+}
+
+void Session::startHelper() {
+    m_helper = std::make_unique<ChildProcess>(std::vector<std::string>{QUORVI_HELPER});
+    if (!QTest::qWaitFor([this] { return runs(kHelperName); }, kWindowPatienceMs))
+        qFatal("the helper does not start");
+}
+
+std::vector<pid_t> Session::helpers() const {
+    const std::string ours = "DBUS_SESSION_BUS_ADDRESS=" + m_address;
+    std::vector<pid_t> result;
+    std::error_code error;
+    for (const auto& process : fs::directory_iterator("/proc", error)) {
+        const pid_t id = processId(process.path());
+        if (id != 0 && fs::read_symlink(process.path() / "exe", error).filename() == kHelperName &&
+            contentOf(process.path() / "environ").find(ours) != std::string::npos)
+            result.push_back(id);
+    }
+    return result;
+}
+
+bool Session::runs(const std::string& processName) const {
+    return m_bus->findProcessByName(processName, nullptr) == noErr;
+}
+
+ProcessSerialNumber Session::helper() const {
+    ProcessSerialNumber psn;
+    require(m_bus->findProcessByName(kHelperName, &psn));
+    return psn;
+}
+
+void Session::attach() const {
+    require(attachSimulatedMouse(*m_bus, helper()));
+}
+
+void Session::detach() const {
+    require(detachSimulatedMouse(*m_bus, helper()));
+}
+
+bool Session::isAttached() const {
+    bool attached = false;
+    require(getSimulatedMouseAttached(*m_bus, helper(), attached));
+    return attached;
+}
+
+std::vector<std::uint8_t> Session::record() const {
+    EventBytes bytes;
+    if (runs(kHelperName))
+        require(getSimulatedMouseRecord(*m_bus, helper(), bytes));
+    return bytes;
+}
+
+int Session::recordByte(int offset) const {
+    const auto bytes = record();
+    return offset < int(bytes.size()) ? bytes[std::size_t(offset)] : -1;
+}
+
+int Session::panelsToldOfDetaching() const {
+    // The helper tells its panels in the order in which they came to the bus, so the last one is this
+    // witness.
+    const auto witness = EventBus::connect();
+    Event reply;
+    require(
+        witness->send(helper(), makeCommand(kMessagePaneShown, 1), SendMode::waitReply, &reply, kPatience));
+    EventMonitor monitor(m_address);
+    detach();
+    auto told = monitor.destinationsUntil(events::uniqueName(witness->processSerialNumber()));
+    std::erase(told, events::uniqueName(helper())); // what panels tell the helper meanwhile
+    return int(told.size()) - 1;
+}
+
+std::unique_ptr<ChildProcess> Session::startSettings(
+    const std::vector<std::string>& arguments, const std::vector<std::string>& environment) const {
+    std::vector<std::string> command{QUORVI_SETTINGS};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return std::make_unique<ChildProcess>(command, environment);
+}
+
+std::vector<std::string> withoutSessionBus(const QTemporaryDir& emptyFolder) {
+    const std::string folder = emptyFolder.path().toStdString();
+    return {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/nowhere", "XDG_RUNTIME_DIR=" + folder};
+}
+
+QString changes(const std::vector<std::uint8_t>& before, const std::vector<std::uint8_t>& after) {
+    if (before.size() != after.size())
+        return QStringLiteral("size");
+    QStringList result;
+    for (std::size_t i = 0; i < before.size(); ++i)
+        if (before[i] != after[i])
+            result << QStringLiteral("%1: %2 -> %3").arg(i).arg(before[i]).arg(after[i]);
+    return result.join(QStringLiteral(", "));
+}
+
+} // namespace quorvi::test

@@ -1,0 +1,41 @@
+// The home folder of a user who has never opened the panel.
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <filesystem>
+
+#include "plist/Value.h"
+
+namespace quorvi::test {
+
+class UserHome {
+  public:
+    UserHome();
+
+    [[nodiscard]] std::string path() const { return m_folder.path().toStdString(); }
+    [[nodiscard]] std::filesystem::path settingsFile() const;
+    /// Every file below the folder, by its path from there, in order.
+    [[nodiscard]] QStringList files() const;
+
+    /// The tree of the settings file; nil unless there is a file and it is valid.
+    [[nodiscard]] plist::Dictionary savedSettings() const;
+    [[nodiscard]] std::int32_t savedLights() const;      ///< of the first profile
+    [[nodiscard]] std::int32_t savedPollingRate() const; ///< in Hz
+    /// Puts the tree into the settings file.
+    void writeSettings(const plist::Dictionary& tree) const;
+    /// A copy of the tree that the panel's bundle comes with.
+    [[nodiscard]] static plist::Dictionary defaults();
+
+    /// Puts settings there whose current stage differs from the sensitivity in force. A panel puts that right
+    /// and saves it as soon as a device list comes in, which is how one sees from outside that it has dealt
+    /// with it.
+    void awaitDeviceList() const;
+    [[nodiscard]] bool deviceListHasCome() const;
+
+  private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace quorvi::test

@@ -1,0 +1,34 @@
+// What a user does in the panel's window, for every test that has one. Outlets are found by their names.
+#pragma once
+
+#include <QDialog>
+#include <QWidget>
+
+#include <functional>
+
+class QAbstractButton;
+
+namespace quorvi::test {
+
+/// How long a window may take for anything before a test gives up on it. Nothing waits that long when all is
+/// well.
+constexpr int kWindowPatienceMs = 10000;
+
+/// The outlet of that name below the widget; its absence ends the test program.
+template <typename Widget>
+[[nodiscard]] Widget* outlet(const QWidget* below, const char* name) {
+    auto* widget = below->findChild<Widget*>(QLatin1String(name));
+    if (!widget)
+        qFatal("no outlet %s", name);
+    return widget;
+}
+
+/// Clicks the button with the mouse; one that is disabled or hidden is an error.
+void clickButton(QAbstractButton* button);
+
+/// Runs the action as soon as the sheet of that name is up; ends the test program when it does not come.
+void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action);
+/// Clicks a sheet's button as soon as the sheet is up.
+void clickInSheet(const QWidget* window, const char* sheet, const char* button);
+
+} // namespace quorvi::test
