@@ -23,7 +23,7 @@ void KyvarQuorviPane::updateStagesView() {
     // The device carries five stages; a longer list is not worth drawing.
     QStringList texts;
     for (std::size_t index = 0; index < std::min<std::size_t>(fStages.size(), limits::stages); ++index)
-        texts << stageText(fStages.dictionary(index));
+        texts << stageShortText(fStages.dictionary(index));
     fViews->main.quorviViewStages->setStages(texts, fStageIndex);
     fViews->main.quorviViewStages->setEnabled(hasDevice());
 }

@@ -13,4 +13,11 @@ QString stageText(const plist::Dictionary& stage) {
                : QStringLiteral("%1 DPI").arg(x);
 }
 
+QString stageShortText(const plist::Dictionary& stage) {
+    const QString x = QString::number(stage.integer(keys::dpiX));
+    return stage.boolean(keys::independentXY)
+               ? QStringLiteral("%1 × %2").arg(x, QString::number(stage.integer(keys::dpiY)))
+               : x;
+}
+
 } // namespace quorvi
