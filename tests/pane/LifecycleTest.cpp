@@ -3,7 +3,9 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabWidget>
+#include <QTimer>
 
 #include <fstream>
 
@@ -99,6 +101,38 @@ class LifecycleTest : public QObject {
         };
         QCOMPARE(titles("quorviMenuTop1"), titles("quorviMenuTop7"));
         QCOMPARE(titles("quorviMenuTop8"), titles("quorviMenuTop9"));
+    }
+
+    void theGearMenusOpenWhenTheirButtonsArePressed_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QByteArray>("button");
+        QTest::addColumn<QByteArray>("menu");
+        QTest::newRow("profiles") << 2 << QByteArray("quorviButtonProfileGear")
+                                  << QByteArray("quorviMenuProfileGear");
+        QTest::newRow("macros") << 3 << QByteArray("quorviButtonMacroGear")
+                                << QByteArray("quorviMenuMacroGear");
+        QTest::newRow("steps") << 3 << QByteArray("quorviButtonStepGear") << QByteArray("quorviMenuStepGear");
+    }
+
+    void theGearMenusOpenWhenTheirButtonsArePressed() {
+        QFETCH(int, tab);
+        QFETCH(QByteArray, button);
+        QFETCH(QByteArray, menu);
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        fixture.selectTab(tab);
+        if (tab == 3)
+            fixture.selectRow("quorviTableMacros", 0);
+        auto* gear = fixture.find<QAbstractButton>(button.constData());
+        auto* gearMenu = fixture.find<QMenu>(menu.constData());
+        bool openedOnPress = false;
+        connect(gearMenu, &QMenu::aboutToShow, gearMenu, [&] {
+            openedOnPress = true;
+            QTimer::singleShot(0, gearMenu, &QMenu::close);
+        });
+        QTest::mousePress(gear, Qt::LeftButton);
+        QVERIFY(openedOnPress);
+        QVERIFY(!gear->isDown());
     }
 
     void theHelperIsLaunchedOnlyWhenItDoesNotRun() {
