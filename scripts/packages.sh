@@ -10,7 +10,7 @@ packages_display=(xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core)
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
-    desktop-file-utils libxml2-utils xkb-data procps strace python3-minimal
+    desktop-file-utils libglib2.0-bin libxml2-utils locales procps python3-minimal strace xkb-data
 )
 packages_qt5=(qtbase5-dev)
 packages_check=(clang-format clang-tidy)
