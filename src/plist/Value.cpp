@@ -76,7 +76,7 @@ void Dictionary::set(std::string_view key, Value value) const {
 
 void Dictionary::append(std::string key, Value value) const {
     if (m_entries)
-        m_entries->emplace_back(std::move(key), std::move(value));
+        m_entries->push_back({std::move(key), std::move(value)});
 }
 
 void Dictionary::remove(std::string_view key) const {
