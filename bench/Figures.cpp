@@ -7,31 +7,44 @@
 
 namespace quorvi::bench {
 
+namespace {
+
+template <typename Operation>
+std::vector<double> combined(
+    const std::vector<double>& first, const std::vector<double>& second, Operation operation) {
+    std::vector<double> result;
+    std::transform(first.begin(), first.end(), second.begin(), std::back_inserter(result), operation);
+    return result;
+}
+
+} // namespace
+
 Figure figureOf(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     const auto at = [&](std::size_t quarter) { return values[(values.size() - 1) * quarter / 4]; };
     return {.median = at(2), .lower = at(1), .upper = at(3)};
 }
 
-std::vector<double> ratios(const std::vector<double>& values, const std::vector<double>& bases) {
-    std::vector<double> result;
-    std::transform(values.begin(), values.end(), bases.begin(), std::back_inserter(result), std::divides<>());
-    return result;
+std::vector<double> Pairs::ratios() const {
+    return combined(measured, base, std::divides<>());
 }
 
-Figure pairedRatio(int pairs, const std::function<double()>& measured, const std::function<double()>& base) {
+std::vector<double> Pairs::differences() const {
+    return combined(measured, base, std::minus<>());
+}
+
+Pairs runPairs(int pairs, const std::function<double()>& measured, const std::function<double()>& base) {
     (void)measured();
     (void)base();
-    std::vector<double> values;
-    std::vector<double> bases;
+    Pairs result;
     for (int pair = 0; pair < pairs; ++pair) {
         if (pair % 2 == 0)
-            values.push_back(measured());
-        bases.push_back(base());
+            result.measured.push_back(measured());
+        result.base.push_back(base());
         if (pair % 2 != 0)
-            values.push_back(measured());
+            result.measured.push_back(measured());
     }
-    return figureOf(ratios(values, bases));
+    return result;
 }
 
 double processorMicrosecondsOf(int calls, const std::function<void()>& call) {

@@ -22,13 +22,18 @@ struct Figure {
 /// Takes at least one value.
 [[nodiscard]] Figure figureOf(std::vector<double> values);
 
-/// Each value of the first divided by its partner in the second; both are of one length.
-[[nodiscard]] std::vector<double> ratios(const std::vector<double>& values, const std::vector<double>& bases);
+/// What two things took beside each other; both lists are of one length.
+struct Pairs {
+    std::vector<double> measured;
+    std::vector<double> base;
 
-/// Calls both in turn, first once unrecorded and then that many times, and sets each result of the first
-/// against the one of the second beside it. The order changes from pair to pair, so that neither always comes
-/// second.
-[[nodiscard]] Figure pairedRatio(
+    [[nodiscard]] std::vector<double> ratios() const;
+    [[nodiscard]] std::vector<double> differences() const;
+};
+
+/// Calls both in turn, first once unrecorded and then that many times. The order changes from pair to pair,
+/// so that neither always comes second.
+[[nodiscard]] Pairs runPairs(
     int pairs, const std::function<double()>& measured, const std::function<double()>& base);
 
 /// The microseconds of processor time that the calls take together, on this thread: for what computes and

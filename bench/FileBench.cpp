@@ -52,19 +52,27 @@ void require(bool condition) {
     }
 }
 
-void load(int pairs, int calls, const std::string& path) {
+constexpr int kCalls = 4; // milliseconds, far above what the clock and a call by pointer cost
+
+Figure ratio(int pairs, const std::function<void()>& ours, const std::function<void()>& theirs) {
+    const auto time = [](const auto& call) { return processorMicrosecondsOf(kCalls, call); };
+    return figureOf(runPairs(
+        pairs, [&] { return time(ours); },
+        [&] {
+            return time(theirs);
+        }).ratios());
+}
+
+void load(int pairs, const std::string& path) {
     const auto ours = [&] {
         require(!!KyvarLoadConfigFromFile(keys::storage, limits::minimumVersion, path, {}));
     };
     const auto theirs = [&] { require(!!parse(readWhole(path))); };
-    printRow("load a full settings file / libplist reads and parses it",
-        pairedRatio(
-            pairs, [&] { return processorMicrosecondsOf(calls, ours); },
-            [&] { return processorMicrosecondsOf(calls, theirs); }),
-        "x", 1.5);
+    printRow(
+        "load a full settings file / libplist reads and parses it", ratio(pairs, ours, theirs), "x", 1.5);
 }
 
-void write(int pairs, int calls, const plist::Dictionary& content, const std::string& expected) {
+void write(int pairs, const plist::Dictionary& content, const std::string& expected) {
     const Node tree = parse(expected);
     const auto ours = [&] { require(plist::writeXml(content)->size() == expected.size()); };
     const auto theirs = [&] {
@@ -74,22 +82,18 @@ void write(int pairs, int calls, const plist::Dictionary& content, const std::st
         require(length == expected.size());
         plist_to_xml_free(text);
     };
-    printRow("write a full configuration as XML / libplist writes its own tree",
-        pairedRatio(
-            pairs, [&] { return processorMicrosecondsOf(calls, ours); },
-            [&] { return processorMicrosecondsOf(calls, theirs); }),
+    printRow("write a full configuration as XML / libplist writes its own tree", ratio(pairs, ours, theirs),
         "x", 1.5);
 }
 
 void run(bool quick) {
     const int pairs = quick ? 5 : 101;
-    constexpr int calls = 4; // milliseconds, far above what the clock and a call by pointer cost
     const auto content = settingsFileContent();
     const auto xml = plist::writeXml(content).value();
     const test::TemporaryFolder folder;
     const auto path = folder.write("settings.plist", xml);
-    load(pairs, calls, path);
-    write(pairs, calls, content, xml);
+    load(pairs, path);
+    write(pairs, content, xml);
 }
 
 } // namespace

@@ -87,7 +87,7 @@ int run(bool quick) {
         const auto& alone = times.of[name + "0"];
         printRow(name + " a full configuration", figureOf(alone), "µs", goal);
         printRow(name + " beside " + others + " other keys in the file / alone",
-            figureOf(ratios(times.of[name + others], alone)), "x", std::nullopt);
+            figureOf(Pairs{times.of[name + others], alone}.ratios()), "x", std::nullopt);
     }
     return 0;
 }

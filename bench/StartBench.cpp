@@ -79,17 +79,18 @@ void run(bool quick) {
     waitForHelper();
     FirstWindow watcher;
 
+    const auto ratio = [](int pairs, const auto& figure) {
+        return figureOf(runPairs(
+            pairs, [&] { return figure(kPanel); },
+            [&] {
+                return figure(kEmptyWindow);
+            }).ratios());
+    };
     const auto time = [&](const std::string& program) { return Start(watcher, program).microseconds(); };
-    printRow("from start to first window / an empty Qt window",
-        pairedRatio(
-            quick ? 3 : 61, [&] { return time(kPanel); }, [&] { return time(kEmptyWindow); }),
-        "x", 2.0);
-
+    printRow("from start to first window / an empty Qt window", ratio(quick ? 3 : 61, time), "x", 2.0);
     const auto memory = [&](const std::string& program) { return Start(watcher, program).memory(); };
-    printRow("memory (PSS) of the open panel / of an empty Qt window",
-        pairedRatio(
-            quick ? 1 : 5, [&] { return memory(kPanel); }, [&] { return memory(kEmptyWindow); }),
-        "x", 2.0);
+    printRow(
+        "memory (PSS) of the open panel / of an empty Qt window", ratio(quick ? 1 : 5, memory), "x", 2.0);
 
     waitUntilIdle(helper.pid());
     printRow("memory (PSS) of the helper", figureOf({proportionalMemory(helper.pid())}), "MiB", 8.0);
