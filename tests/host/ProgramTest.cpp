@@ -4,11 +4,23 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
+
 #include "host/Session.h"
 #include "support/SessionTestMain.h"
 #include "support/WindowTools.h"
 
 using namespace quorvi::test;
+
+namespace {
+
+/// What tells a file from another one that took its place.
+ino_t fileNumber(const std::filesystem::path& path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
+
+} // namespace
 
 class ProgramTest : public QObject {
     Q_OBJECT
@@ -28,9 +40,12 @@ class ProgramTest : public QObject {
         const auto program = session.startSettings();
         QTRY_VERIFY_WITH_TIMEOUT(session.runs("KyvarQuorviPane"), kWindowPatienceMs);
         QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
-        std::filesystem::remove(session.home.settingsFile());
+        // A save puts a new file in the old one's place. (Taking the file away to see it come back would not
+        // do: a second list at the start would find no settings and read the defaults.)
+        const auto before = fileNumber(session.home.settingsFile());
         program->signal(signalNumber);
         QCOMPARE(program->wait(), std::optional(0));
+        QVERIFY(fileNumber(session.home.settingsFile()) != before);
         QVERIFY(session.home.deviceListHasCome()); // what the panel had, as a whole and valid
         QCOMPARE(session.home.savedSettings().integer("version"), 6);
         QCOMPARE(session.home.savedSettings().array("profiles").dictionary(0).dictionary("buttons").size(),
