@@ -1,11 +1,9 @@
 #include "pane/loginitems/UserFolders.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <string_view>
-#include <vector>
+
+#include "model/SettingsDocument.h"
 
 namespace quorvi {
 
@@ -16,23 +14,11 @@ std::string_view environment(const char* name) {
     return value ? std::string_view(value) : std::string_view();
 }
 
-std::optional<std::string> homeFromUserDatabase() {
-    constexpr std::size_t kRecordSize = 16384;
-    std::vector<char> buffer(kRecordSize);
-    passwd record{};
-    passwd* found = nullptr;
-    if (::getpwuid_r(::getuid(), &record, buffer.data(), buffer.size(), &found) != 0 || !found ||
-        !record.pw_dir || !*record.pw_dir)
-        return std::nullopt;
-    return std::string(record.pw_dir);
-}
-
 } // namespace
 
 std::optional<std::string> userHomeFolder() {
-    if (const auto home = environment("HOME"); !home.empty())
-        return std::string(home);
-    return homeFromUserDatabase();
+    const auto home = homeFolder();
+    return home.empty() ? std::nullopt : std::optional(home.string());
 }
 
 std::string preferencesFolderIn(const std::string& homeFolder) {
