@@ -67,9 +67,17 @@ void KyvarQuorviPane::removeEventHandlers() {
 }
 
 Status KyvarQuorviPane::receiveDeviceList(const Event& event) {
-    // After the handler has answered, and also while a sheet is up.
-    if (getDeviceList(event, fDeviceList))
-        QMetaObject::invokeMethod(this, &KyvarQuorviPane::syncUIWithDeviceConfig, Qt::QueuedConnection);
+    if (getDeviceList(event, fDeviceList)) {
+        // After the handler has answered, and also while a sheet is up; but no more when the pane was hidden
+        // in between, because a hidden pane has let its settings go.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (fReceiveListUPP)
+                    syncUIWithDeviceConfig();
+            },
+            Qt::QueuedConnection);
+    }
     return noErr;
 }
 

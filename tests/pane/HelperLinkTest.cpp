@@ -18,6 +18,23 @@ Event listEvent(std::size_t size, FourCharCode type) {
     return event;
 }
 
+/// Hides the pane just before a queued call of it runs.
+class HideAtNextCall : public QObject {
+  public:
+    explicit HideAtNextCall(KyvarQuorviPane& pane) : m_pane(pane) { pane.installEventFilter(this); }
+    [[nodiscard]] bool done() const { return m_done; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MetaCall && !std::exchange(m_done, true))
+            m_pane.willUnselect();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    KyvarQuorviPane& m_pane;
+    bool m_done = false;
+};
+
 } // namespace
 
 class HelperLinkTest : public QObject {
@@ -124,6 +141,19 @@ class HelperLinkTest : public QObject {
         ProcessSerialNumber psn{1, 2};
         QCOMPARE(fixture.pane->findProcessByName("KyvarQuorviHelper", &psn), procNotFound);
         QVERIFY((psn == ProcessSerialNumber{1, 2}));
+    }
+
+    void aListThatIsStillToBeShownWhenThePaneIsHiddenIsDropped() {
+        PaneFixture fixture;
+        fixture.writeSettings(PaneFixture::sampleTree());
+        fixture.select();
+        // The list has been received; what follows from it is the next thing that the pane is called for.
+        HideAtNextCall hide(*fixture.pane);
+        fixture.helper->sendDeviceList(1);
+        QTRY_VERIFY(hide.done());
+        QCoreApplication::processEvents();
+        QVERIFY(!fixture.pane->deviceConfig());
+        QVERIFY(fixture.commandsBecome({"KyRO 1", "KyRO 0"}));
     }
 
     void aListIsHandledAlsoWhileASheetIsUp() {
