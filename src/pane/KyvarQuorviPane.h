@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 
+#include "keyboard/VirtualKeys.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
 #include "platform/ModalSession.h"
@@ -97,10 +98,12 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     /// Shows the copies that the stages editor works on; does nothing while it is closed.
     void updateSensitivityStagesUI();
 
-    // Button assignment (assignment/AssignmentMenus.cpp, assignment/Recording.cpp)
+    // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp)
     void updateMenu(PopUpButton* popUp, int assignment);
     void updateMacrosSubmenu();
     void updateProfilesSubmenu();
+
+    // Key capture (assignment/SingleKey.cpp, assignment/Recording.cpp)
     void startStopRecording(bool start, bool oneStep);
     /// A capture is active: every key belongs to the panel.
     [[nodiscard]] bool overrideSingleKeys() const;
@@ -187,6 +190,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     std::int32_t fStageIndex = -1;
     std::int32_t fMacroIndex = -1;
 
+    std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
+    std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0
+    std::uint16_t fSingleKeyLastModifiers = 0; ///< of the last event that the single-key panel saw
     bool fRecordingMacro = false;
     bool fRecordingOneStep = false;
     std::uint16_t fLastMacroModifiers = 0;
