@@ -2,8 +2,8 @@
 
 packages_build=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev
-    libplist-dev libsystemd-dev libxkbcommon-dev
+    qt6-base-dev qt6-base-private-dev
+    libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libwayland-dev libwayland-bin wayland-protocols
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core)
@@ -12,5 +12,5 @@ packages_test=(
     "${packages_display[@]}"
     desktop-file-utils libglib2.0-bin libxml2-utils locales procps python3-minimal strace xkb-data
 )
-packages_qt5=(qtbase5-dev)
+packages_qt5=(qtbase5-dev qtbase5-private-dev)
 packages_check=(clang-format clang-tidy)
