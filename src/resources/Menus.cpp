@@ -90,7 +90,7 @@ QMenu& addSubmenu(QMenu& menu, const char* title) {
 }
 
 void setAction(QObject& object, const char* action) {
-    object.setProperty("action", QByteArray(action));
+    object.setProperty(kActionProperty, QByteArray(action));
 }
 
 void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action) {
