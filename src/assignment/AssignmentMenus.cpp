@@ -28,9 +28,6 @@ QString nameOf(const plist::Dictionary& item) {
     return QString::fromStdU16String(item.string(keys::name));
 }
 
-/// What an item stands for beside its tag: of a command its plain title, of a submenu's entry its pop-up.
-constexpr const char* kRepresentedObject = "representedObject";
-
 /// Some items show a decorated title while they are the selected assignment, and get this one back
 /// afterwards.
 void rememberItemTitles(const QMenu& menu) {
@@ -41,25 +38,37 @@ void rememberItemTitles(const QMenu& menu) {
     }
 }
 
+/// The menu's item at the index, a new one at its end when it has no such item yet. An entry that stays keeps
+/// its item: the menu may be open, with that item under the pointer.
+QAction& entryAt(QMenu& menu, const QList<QAction*>& existing, qsizetype index) {
+    return index < existing.size() ? *existing[index] : *menu.addAction(QString());
+}
+
+/// Makes the items behind the fixed ones list the names; an entry sends what the first fixed item sends.
+template <typename Tag>
+void listInSubmenu(QMenu& submenu, PopUpButton& popUp, const plist::Array& list, const Tag& tagOf) {
+    const QList<QAction*> existing = submenu.actions();
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        const QString name = nameOf(list.dictionary(index));
+        QAction& entry = entryAt(submenu, existing, static_cast<qsizetype>(index) + kFixedSubmenuItems);
+        setTitleOfItem(entry, name.isEmpty() ? QStringLiteral("?") : name);
+        setTagOfItem(entry, tagOf(index));
+        entry.setProperty(kActionProperty, existing.front()->property(kActionProperty));
+        entry.setProperty(kRepresentedObject, QVariant::fromValue<QObject*>(&popUp));
+    }
+    for (auto index = existing.size() - 1; index >= static_cast<qsizetype>(list.size()) + kFixedSubmenuItems;
+         --index)
+        delete existing[index];
+}
+
 /// Rebuilds the list behind the fixed items of every pop-up's submenu of the command.
 template <typename Tag>
 void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, int command,
-    const plist::Array& list, Tag&& tagOf) {
+    const plist::Array& list, const Tag& tagOf) {
     for (PopUpButton* popUp : popUps) {
-        QAction* item = popUp->itemWithTag(command);
-        QMenu* submenu = item ? item->menu() : nullptr;
-        if (!submenu)
-            continue;
-        const auto old = submenu->actions();
-        for (int index = kFixedSubmenuItems; index < static_cast<int>(old.size()); ++index)
-            delete old[index];
-        for (std::size_t index = 0; index < list.size(); ++index) {
-            const QString name = nameOf(list.dictionary(index));
-            QAction* entry = submenu->addAction(QString());
-            setTitleOfItem(*entry, name.isEmpty() ? QStringLiteral("?") : name);
-            setTagOfItem(*entry, tagOf(index));
-            entry->setProperty(kRepresentedObject, QVariant::fromValue<QObject*>(popUp));
-        }
+        const QAction* item = popUp->itemWithTag(command);
+        if (item && item->menu())
+            listInSubmenu(*item->menu(), *popUp, list, tagOf);
     }
 }
 

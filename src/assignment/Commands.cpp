@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "model/CommandCodes.h"
+
 namespace quorvi {
 
 namespace {
@@ -12,17 +14,15 @@ constexpr auto all = CommandInputs::ButtonsAndWheel;
 
 // Codes come in blocks of sixteen, with room for later functions of the same kind.
 constexpr std::array table{
-    Command{commandNone, "No Function", CommandGroup::None, all},
-
-    Command{commandPrimaryClick, "Primary Click", CommandGroup::Click, buttonsOnly},
+    Command{commands::click, "Primary Click", CommandGroup::Click, buttonsOnly},
     Command{2, "Secondary Click", CommandGroup::Click, buttonsOnly},
     Command{3, "Middle Click", CommandGroup::Click, buttonsOnly},
     Command{4, "Double Click", CommandGroup::Click, buttonsOnly},
     Command{5, "Back", CommandGroup::Click, all},
     Command{6, "Forward", CommandGroup::Click, all},
 
-    Command{commandScrollUp, "Scroll Up", CommandGroup::Scrolling, all},
-    Command{commandScrollDown, "Scroll Down", CommandGroup::Scrolling, all},
+    Command{8, "Scroll Up", CommandGroup::Scrolling, all},
+    Command{9, "Scroll Down", CommandGroup::Scrolling, all},
     Command{10, "Scroll Left", CommandGroup::Scrolling, all},
     Command{11, "Scroll Right", CommandGroup::Scrolling, all},
 
@@ -30,12 +30,6 @@ constexpr std::array table{
     Command{17, "Sensitivity Down", CommandGroup::Sensitivity, all},
     Command{18, "Next Stage", CommandGroup::Sensitivity, all},
     Command{19, "Lowest Stage While Held", CommandGroup::Sensitivity, buttonsOnly},
-
-    Command{commandSingleKey, "Press Key", CommandGroup::Programmed, all},
-    Command{commandRunMacro, "Run Macro", CommandGroup::Programmed, all},
-    Command{commandSwitchProfile, "Switch to Profile", CommandGroup::Programmed, all},
-    Command{32, "Next Profile", CommandGroup::Programmed, all},
-    Command{33, "Previous Profile", CommandGroup::Programmed, all},
 
     Command{80, "Play or Pause", CommandGroup::Media, all},
     Command{81, "Next Track", CommandGroup::Media, all},
@@ -66,36 +60,48 @@ constexpr std::array table{
     Command{130, "Close Window", CommandGroup::Desktop, all},
     Command{131, "Take Screenshot", CommandGroup::Desktop, all},
     Command{132, "Lock Screen", CommandGroup::Desktop, all},
+
+    Command{commands::singleKey, "Press Key", CommandGroup::Programmed, all},
+    Command{commands::runMacro, "Run Macro", CommandGroup::Programmed, all},
+    Command{commands::switchToProfile, "Switch to Profile", CommandGroup::Programmed, all},
+    Command{32, "Next Profile", CommandGroup::Programmed, all},
+    Command{33, "Previous Profile", CommandGroup::Programmed, all},
+
+    Command{commands::noFunction, "No Function", CommandGroup::None, all},
 };
 
 constexpr std::array forButtons{
-    CommandGroupPlace{CommandGroup::Click, nullptr, false},
-    CommandGroupPlace{CommandGroup::Scrolling, "Scrolling", true},
-    CommandGroupPlace{CommandGroup::Sensitivity, "Sensitivity", false},
-    CommandGroupPlace{CommandGroup::Media, "Media", false},
-    CommandGroupPlace{CommandGroup::Navigation, "Navigation", false},
-    CommandGroupPlace{CommandGroup::Editing, "Editing", false},
-    CommandGroupPlace{CommandGroup::Desktop, "Desktop", false},
-    CommandGroupPlace{CommandGroup::Programmed, nullptr, true},
-    CommandGroupPlace{CommandGroup::None, nullptr, true},
+    CommandGroupPlace{CommandGroup::Click, false, false},
+    CommandGroupPlace{CommandGroup::Scrolling, true, true},
+    CommandGroupPlace{CommandGroup::Sensitivity, true, false},
+    CommandGroupPlace{CommandGroup::Media, true, false},
+    CommandGroupPlace{CommandGroup::Navigation, true, false},
+    CommandGroupPlace{CommandGroup::Editing, true, false},
+    CommandGroupPlace{CommandGroup::Desktop, true, false},
+    CommandGroupPlace{CommandGroup::Programmed, false, true},
+    CommandGroupPlace{CommandGroup::None, false, true},
 };
 
 // On the wheel scrolling is what is wanted first.
 constexpr std::array forWheel{
-    CommandGroupPlace{CommandGroup::Scrolling, nullptr, false},
-    CommandGroupPlace{CommandGroup::Click, nullptr, true},
-    CommandGroupPlace{CommandGroup::Sensitivity, "Sensitivity", true},
-    CommandGroupPlace{CommandGroup::Media, "Media", false},
-    CommandGroupPlace{CommandGroup::Navigation, "Navigation", false},
-    CommandGroupPlace{CommandGroup::Editing, "Editing", false},
-    CommandGroupPlace{CommandGroup::Desktop, "Desktop", false},
-    CommandGroupPlace{CommandGroup::Programmed, nullptr, true},
-    CommandGroupPlace{CommandGroup::None, nullptr, true},
+    CommandGroupPlace{CommandGroup::Scrolling, false, false},
+    CommandGroupPlace{CommandGroup::Click, false, true},
+    CommandGroupPlace{CommandGroup::Sensitivity, true, true},
+    CommandGroupPlace{CommandGroup::Media, true, false},
+    CommandGroupPlace{CommandGroup::Navigation, true, false},
+    CommandGroupPlace{CommandGroup::Editing, true, false},
+    CommandGroupPlace{CommandGroup::Desktop, true, false},
+    CommandGroupPlace{CommandGroup::Programmed, false, true},
+    CommandGroupPlace{CommandGroup::None, false, true},
 };
+
+constexpr std::array groupTitles{
+    "Clicks", "Scrolling", "Sensitivity", "Media", "Navigation", "Editing", "Desktop", "Your own", "Off"};
+static_assert(groupTitles.size() == static_cast<std::size_t>(CommandGroup::None) + 1);
 
 } // namespace
 
-std::span<const Command> commands() {
+std::span<const Command> commandTable() {
     return table;
 }
 
@@ -105,6 +111,10 @@ std::span<const CommandGroupPlace> buttonMenuGroups() {
 
 std::span<const CommandGroupPlace> wheelMenuGroups() {
     return forWheel;
+}
+
+const char* titleOfGroup(CommandGroup group) {
+    return groupTitles[static_cast<std::size_t>(group)];
 }
 
 const Command* findCommand(int code) {

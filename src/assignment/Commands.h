@@ -1,6 +1,6 @@
 // The functions that an input of the mouse can be given: one table, from which the menus of the buttons tab
-// and the help page are made. A code is stored in settings files and in the mouse, so it keeps its meaning
-// for ever.
+// are made and which quorvictl prints. A code is stored in settings files and in the mouse, so it keeps its
+// meaning for ever. The codes that mean something to the panel itself are named in model/CommandCodes.h.
 #pragma once
 
 #include <cstdint>
@@ -8,17 +8,7 @@
 
 namespace quorvi {
 
-/// The codes that the panel itself knows. All others it only stores.
-inline constexpr int commandNone = 0;
-inline constexpr int commandPrimaryClick = 1;
-inline constexpr int commandScrollUp = 8;
-inline constexpr int commandScrollDown = 9;
-inline constexpr int commandSwitchProfile = 34; ///< param1: number of the profile, from 1
-inline constexpr int commandSingleKey = 49;     ///< param1: USB usage of the key, param2: USB modifier bits
-inline constexpr int commandRunMacro = 65;      ///< param1: "macroid" of the macro, param2: 1
-
 enum class CommandGroup : std::uint8_t {
-    None,
     Click,
     Scrolling,
     Sensitivity,
@@ -27,6 +17,7 @@ enum class CommandGroup : std::uint8_t {
     Editing,
     Desktop,
     Programmed,
+    None,
 };
 
 /// Which inputs can have a function: the buttons (1 to 7), or the wheel (8 and 9) too. A turn of the wheel
@@ -40,16 +31,19 @@ struct Command {
     CommandInputs inputs;
 };
 
-/// How the commands of a group stand in a menu: under its title in a submenu, or without one (nullptr) among
-/// the items of the menu itself.
+/// How the commands of a group stand in a menu: in a submenu of the group's title, or among the items of the
+/// menu itself.
 struct CommandGroupPlace {
     CommandGroup group;
-    const char* submenuTitle;
+    bool inSubmenu;
     bool separatorBefore;
 };
 
-/// All commands, each group in the order in which it is shown.
-[[nodiscard]] std::span<const Command> commands();
+/// All commands, group after group, each in the order in which it is shown.
+[[nodiscard]] std::span<const Command> commandTable();
+
+/// The group's title: English, a key of the string table where a menu shows it.
+[[nodiscard]] const char* titleOfGroup(CommandGroup group);
 
 /// The groups of the two menus in order.
 [[nodiscard]] std::span<const CommandGroupPlace> buttonMenuGroups();

@@ -36,6 +36,7 @@ inline constexpr std::string_view driver = "driver";
 inline constexpr std::string_view command = "command";
 inline constexpr std::string_view param1 = "param1";
 inline constexpr std::string_view param2 = "param2";
+inline constexpr std::string_view string = "string"; ///< what the menu said, for other programs to show
 
 // A profile's driver dictionary: the application that it is bound to, and options that the device never sees.
 inline constexpr std::string_view autoSwitch = "autoswitch";

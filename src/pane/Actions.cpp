@@ -11,6 +11,7 @@
 #include "editors/TableModel.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
 
@@ -20,26 +21,50 @@ namespace {
 
 struct Action {
     const char* name;
-    void (KyvarQuorviPane::*perform)();
+    void (*perform)(KyvarQuorviPane& pane, QObject& sender);
 };
 
+void call(KyvarQuorviPane& pane, QObject& /*sender*/, void (KyvarQuorviPane::*method)()) {
+    (pane.*method)();
+}
+
+/// A method that takes its sender is for senders of that class only.
+template <typename Sender>
+void call(KyvarQuorviPane& pane, QObject& sender, void (KyvarQuorviPane::*method)(Sender*)) {
+    if (auto* wanted = qobject_cast<Sender*>(&sender))
+        (pane.*method)(wanted);
+}
+
+template <auto method>
+void perform(KyvarQuorviPane& pane, QObject& sender) {
+    call(pane, sender, method);
+}
+
 constexpr std::array kActions{
-    Action{"actionMenuPollingRate:", &KyvarQuorviPane::actionMenuPollingRate},
-    Action{"actionBoxLightOnWheel:", &KyvarQuorviPane::actionBoxLightOnWheel},
-    Action{"actionBoxLightOnBattery:", &KyvarQuorviPane::actionBoxLightOnBattery},
-    Action{"actionButtonRestoreDefaults:", &KyvarQuorviPane::actionButtonRestoreDefaults},
-    Action{"actionButtonCheckUpdates:", &KyvarQuorviPane::actionButtonCheckUpdates},
-    Action{"actionButtonHelp:", &KyvarQuorviPane::actionButtonHelp},
-    Action{"actionButtonModalOK:", &KyvarQuorviPane::actionButtonModalOK},
-    Action{"actionButtonModalCancel:", &KyvarQuorviPane::actionButtonModalCancel},
+    Action{"actionMenuButtonAssignment:", perform<&KyvarQuorviPane::actionMenuButtonAssignment>},
+    Action{"actionSubmenuButtonMacro:", perform<&KyvarQuorviPane::actionSubmenuButtonMacro>},
+    Action{"actionSubmenuButtonProfile:", perform<&KyvarQuorviPane::actionSubmenuButtonProfile>},
+    Action{"actionMenuPollingRate:", perform<&KyvarQuorviPane::actionMenuPollingRate>},
+    Action{"actionBoxLightOnWheel:", perform<&KyvarQuorviPane::actionBoxLightOnWheel>},
+    Action{"actionBoxLightOnBattery:", perform<&KyvarQuorviPane::actionBoxLightOnBattery>},
+    Action{"actionButtonRestoreDefaults:", perform<&KyvarQuorviPane::actionButtonRestoreDefaults>},
+    Action{"actionButtonCheckUpdates:", perform<&KyvarQuorviPane::actionButtonCheckUpdates>},
+    Action{"actionButtonHelp:", perform<&KyvarQuorviPane::actionButtonHelp>},
+    Action{"actionButtonModalOK:", perform<&KyvarQuorviPane::actionButtonModalOK>},
+    Action{"actionButtonModalCancel:", perform<&KyvarQuorviPane::actionButtonModalCancel>},
 };
 
 /// The action that the control or menu item names; null when it names none that is performed.
 const Action* actionOf(const QObject& sender) {
-    const QByteArray wanted = sender.property("action").toByteArray();
+    const QByteArray wanted = sender.property(kActionProperty).toByteArray();
     const auto* found = std::find_if(
         kActions.begin(), kActions.end(), [&](const Action& action) { return wanted == action.name; });
     return found == kActions.end() ? nullptr : found;
+}
+
+void performActionOf(QObject& sender, KyvarQuorviPane& pane) {
+    if (const Action* action = actionOf(sender))
+        action->perform(pane, sender);
 }
 
 /// A menu opens when its button goes down, not when it comes up again, and the button stays down meanwhile.
@@ -54,23 +79,35 @@ void openOnPress(QPushButton* button, QMenu* menu) {
 
 void KyvarQuorviPane::connectActions() {
     for (QWidget* control : fMainView->findChildren<QWidget*>()) {
-        const Action* found = actionOf(*control);
-        if (!found)
-            continue;
-        if (auto* button = qobject_cast<QAbstractButton*>(control))
-            connect(button, &QAbstractButton::clicked, this, [this, found] { (this->*found->perform)(); });
-        else if (auto* popUp = qobject_cast<PopUpButton*>(control))
-            connect(popUp, &PopUpButton::itemChosen, this, [this, found] { (this->*found->perform)(); });
+        const auto performIts = [this, control] { performActionOf(*control, *this); };
+        if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+            connect(button, &QAbstractButton::clicked, this, performIts);
+        } else if (auto* popUp = qobject_cast<PopUpButton*>(control)) {
+            connect(popUp, &PopUpButton::itemChosen, this, performIts);
+            connect(popUp, &PopUpButton::listItemChosen, this,
+                [this](QAction* item) { performActionOf(*item, *this); });
+        }
     }
     // An item that nothing would happen on is not offered.
     for (QAction* item : fMainView->findChildren<QAction*>())
-        if (item->property("action").isValid() && !actionOf(*item))
+        if (item->property(kActionProperty).isValid() && !actionOf(*item))
             item->setEnabled(false);
+    connectMenu(*fViews->menus.quorviMenuProfileGear);
+    connectMenu(*fViews->menus.quorviMenuMacroGear);
+    connectMenu(*fViews->menus.quorviMenuStepGear);
     openOnPress(fViews->main.quorviButtonProfileGear, fViews->menus.quorviMenuProfileGear);
     openOnPress(fViews->main.quorviButtonMacroGear, fViews->menus.quorviMenuMacroGear);
     openOnPress(fViews->main.quorviButtonStepGear, fViews->menus.quorviMenuStepGear);
     connect(fViews->main.quorviTabsMain, &QTabWidget::currentChanged, this,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
+}
+
+void KyvarQuorviPane::connectMenu(QMenu& menu) {
+    connect(&menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); });
+    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
+        for (QAction* item : menu.actions())
+            item->setEnabled(validateMenuItem(item) && actionOf(*item));
+    });
 }
 
 std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {

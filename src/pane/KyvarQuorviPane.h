@@ -10,9 +10,12 @@
 #include <QPointer>
 
 #include <array>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "keyboard/VirtualKeys.h"
 #include "pane/PaneServices.h"
@@ -25,6 +28,9 @@
 #include "platform/events/EventTypes.h"
 #include "plist/Value.h"
 
+class QAction;
+class QMenu;
+
 namespace quorvi {
 
 class KyvarQuorviTableView;
@@ -34,6 +40,9 @@ class PopUpButton;
 class TableModel;
 
 inline constexpr int kAssignmentCount = 9;
+
+/// The numbers of an assignment by their keys.
+using AssignmentValues = std::initializer_list<std::pair<std::string_view, std::int32_t>>;
 
 class KyvarQuorviPane final : public QObject, public PreferencePane {
     Q_OBJECT
@@ -104,6 +113,17 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void updateMenu(PopUpButton* popUp, int assignment);
     void updateMacrosSubmenu();
     void updateProfilesSubmenu();
+    /// Stores the function that the pop-up shows, saves, and shows what is stored. The function of a single
+    /// key asks for the key first.
+    void actionMenuButtonAssignment(PopUpButton* popUp);
+    /// Assigns the macro that the item stands for, or opens the macros tab when it stands for none.
+    void actionSubmenuButtonMacro(QAction* item);
+    /// Assigns the profile that the item stands for, or opens the profiles tab when it stands for none.
+    void actionSubmenuButtonProfile(QAction* item);
+
+    // Gear and context menus (pane/MenuValidation.cpp)
+    /// Whether the item can be chosen now. The item that starts and stops a recording gets its title here.
+    [[nodiscard]] bool validateMenuItem(QAction* item);
 
     // Key capture (assignment/SingleKey.cpp, assignment/Recording.cpp)
     void startStopRecording(bool start, bool oneStep);
@@ -146,11 +166,15 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
 
   private:
     void connectActions();
+    void connectMenu(QMenu& menu);
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
     void fillAssignmentMenus();
     [[nodiscard]] QString assignmentTitle(
         const plist::Dictionary& assignment, const QString& plainTitle) const;
+    [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
+    void askForSingleKey(int input);
+    void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
     void showVersion();
     void startHelper();
     void installDeviceListHandler();

@@ -1,6 +1,7 @@
 #include "resources/Menus.h"
 
 #include "assignment/Commands.h"
+#include "model/CommandCodes.h"
 #include "platform/InterfaceText.h"
 #include "platform/widgets/MenuItems.h"
 
@@ -90,7 +91,7 @@ QMenu& addSubmenu(QMenu& menu, const char* title) {
 }
 
 void setAction(QObject& object, const char* action) {
-    object.setProperty("action", QByteArray(action));
+    object.setProperty(kActionProperty, QByteArray(action));
 }
 
 void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action) {
@@ -116,11 +117,11 @@ void addListHead(QMenu& list, const char* title, const char* action) {
 
 void addCommand(QMenu& menu, const Command& command) {
     QAction* item = nullptr;
-    if (command.code == commandSwitchProfile) {
+    if (command.code == commands::switchToProfile) {
         QMenu& list = addSubmenu(menu, command.title);
         addListHead(list, "Edit Profiles…", "actionSubmenuButtonProfile:");
         item = list.menuAction();
-    } else if (command.code == commandRunMacro) {
+    } else if (command.code == commands::runMacro) {
         QMenu& list = addSubmenu(menu, command.title);
         addListHead(list, "Edit Macros…", "actionSubmenuButtonMacro:");
         item = list.menuAction();
@@ -134,8 +135,8 @@ void addGroups(QMenu& menu, std::span<const CommandGroupPlace> places, bool whee
     for (const CommandGroupPlace& place : places) {
         if (place.separatorBefore)
             menu.addSeparator();
-        QMenu& target = place.submenuTitle ? addSubmenu(menu, place.submenuTitle) : menu;
-        for (const Command& command : commands()) {
+        QMenu& target = place.inSubmenu ? addSubmenu(menu, titleOfGroup(place.group)) : menu;
+        for (const Command& command : commandTable()) {
             if (command.group == place.group && (!wheel || command.inputs == CommandInputs::ButtonsAndWheel))
                 addCommand(target, command);
         }

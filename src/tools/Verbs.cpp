@@ -36,6 +36,7 @@ constexpr std::array kVerbs{
     Verb{"match",
         "SETTINGS.plist [--auto] [--application A] [--identifier I] [--signature S] [--executable E]", 1,
         kAny, match},
+    Verb{"commands", "", 0, 0, commands},
     Verb{"key-name", "CODE [MASK]", 1, 2, keyName},
     Verb{"usb-to-adb", "USAGE", 1, 1, usbToAdb},
     Verb{"adb-to-usb", "CODE", 1, 1, adbToUsb},

@@ -22,6 +22,12 @@ using Arguments = std::vector<std::string>;
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
+// The table of functions.
+
+/// Prints the functions that inputs of the mouse can have, one a line: code, inputs, group and title, with a
+/// tab between them and in the order of the menus.
+[[nodiscard]] Outcome commands(const Arguments& arguments);
+
 // Keys. Numbers are decimal or hexadecimal behind 0x.
 
 /// CODE [MASK]: prints the name of a virtual key code with the modifiers of the modifier word, on the

@@ -28,9 +28,10 @@ TEST(CommandLine, GivesHelpAndVersionOnStandardOutput) {
     for (const char* line : {"usage: quorvictl encode SETTINGS.plist RECORD.bin\n",
              "       quorvictl decode RECORD.bin SETTINGS.plist\n", "       quorvictl check SETTINGS.plist\n",
              "       quorvictl match SETTINGS.plist [--auto] [--application A] [--identifier I]",
-             " [--signature S] [--executable E]\n", "       quorvictl key-name CODE [MASK]\n",
-             "       quorvictl usb-to-adb USAGE\n", "       quorvictl adb-to-usb CODE\n",
-             "       quorvictl devices\n", "       quorvictl attach\n", "       quorvictl detach\n"})
+             " [--signature S] [--executable E]\n", "       quorvictl commands\n",
+             "       quorvictl key-name CODE [MASK]\n", "       quorvictl usb-to-adb USAGE\n",
+             "       quorvictl adb-to-usb CODE\n", "       quorvictl devices\n", "       quorvictl attach\n",
+             "       quorvictl detach\n"})
         EXPECT_NE(help.output.find(line), std::string::npos) << line;
     expectDone({"--version"}, "quorvictl " QUORVI_VERSION "\n");
 }

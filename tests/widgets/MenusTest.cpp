@@ -1,11 +1,17 @@
 #include "resources/Menus.h"
 #include "assignment/Commands.h"
+#include "model/CommandCodes.h"
+#include "model/ConfigRecord.h"
 #include "platform/widgets/MenuItems.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <set>
+#include <type_traits>
 
 using namespace quorvi;
+
+static_assert(std::is_same_v<decltype(Command::code), decltype(ButtonAssignment::command)>,
+    "every code fits the byte that the record has for it");
 
 namespace {
 
@@ -67,7 +73,7 @@ class MenusTest : public QObject {
 
     void buttonsOfferEveryCommand() {
         std::set<int> codes;
-        for (const Command& command : commands())
+        for (const Command& command : commandTable())
             codes.insert(command.code);
         QCOMPARE(asSet(tagsOf(*m_menus.quorviMenuCommands)), codes);
         QCOMPARE(tagsOf(*m_menus.quorviMenuCommands).size(), int(codes.size()));
@@ -75,7 +81,7 @@ class MenusTest : public QObject {
 
     void wheelOffersWhatNeedsNoRelease() {
         std::set<int> codes;
-        for (const Command& command : commands()) {
+        for (const Command& command : commandTable()) {
             if (command.inputs == CommandInputs::ButtonsAndWheel)
                 codes.insert(command.code);
         }
@@ -93,7 +99,8 @@ class MenusTest : public QObject {
 
     void whatTheControllerLooksForIsInTheMenuItself() {
         for (const QMenu* menu : {m_menus.quorviMenuCommands, m_menus.quorviMenuWheelCommands}) {
-            for (int code : {commandNone, commandSwitchProfile, commandSingleKey, commandRunMacro})
+            for (int code :
+                {commands::noFunction, commands::switchToProfile, commands::singleKey, commands::runMacro})
                 QVERIFY(itemWithTag(*menu, code));
         }
     }
@@ -102,9 +109,9 @@ class MenusTest : public QObject {
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("action");
-        QTest::newRow("profiles") << commandSwitchProfile << "Edit Profiles…"
+        QTest::newRow("profiles") << commands::switchToProfile << "Edit Profiles…"
                                   << "actionSubmenuButtonProfile:";
-        QTest::newRow("macros") << commandRunMacro << "Edit Macros…"
+        QTest::newRow("macros") << commands::runMacro << "Edit Macros…"
                                 << "actionSubmenuButtonMacro:";
     }
 
@@ -125,7 +132,7 @@ class MenusTest : public QObject {
     void codesAndTitlesAreDifferent() {
         std::set<int> codes;
         std::set<QString> titles;
-        for (const Command& command : commands()) {
+        for (const Command& command : commandTable()) {
             QVERIFY2(codes.insert(command.code).second, command.title);
             QVERIFY2(titles.insert(command.title).second, command.title);
         }
@@ -148,7 +155,7 @@ class MenusTest : public QObject {
             {132, "Lock Screen"}};
         for (const auto& [code, title] : known)
             QTest::newRow(title) << code << title;
-        QCOMPARE(std::size(known), commands().size());
+        QCOMPARE(std::size(known), commandTable().size());
     }
 
     void codesNeverChange() {
@@ -156,6 +163,33 @@ class MenusTest : public QObject {
         QFETCH(QString, title);
         QVERIFY(findCommand(code));
         QCOMPARE(QString(findCommand(code)->title), title);
+    }
+
+    void codesThatThePanelKnowsMeanWhatItTakesThemFor() {
+        QCOMPARE(commands::noFunction, 0);
+        QCOMPARE(commands::click, 1);
+        QCOMPARE(commands::switchToProfile, 34);
+        QCOMPARE(commands::singleKey, 49);
+        QCOMPARE(commands::runMacro, 65);
+    }
+
+    void menusGoThroughTheTableInItsOrder() {
+        QList<int> codes;
+        for (const Command& command : commandTable())
+            codes << command.code;
+        QCOMPARE(tagsOf(*m_menus.quorviMenuCommands), codes);
+    }
+
+    void groupsOfTheTableAreWhole() {
+        std::set<CommandGroup> finished;
+        CommandGroup current = commandTable().front().group;
+        for (const Command& command : commandTable()) {
+            if (command.group == current)
+                continue;
+            finished.insert(current);
+            current = command.group;
+            QVERIFY2(!finished.count(current), command.title);
+        }
     }
 
     void unknownCodeHasNoCommand() {

@@ -236,15 +236,18 @@ class PopUpButtonTest : public QObject {
         QCOMPARE(m_button->currentText(), QString("Gamma"));
     }
 
-    void choiceInAListChangesNothingAndIsNotAnnounced() {
+    void choiceInAListChangesNothingAndIsAnnouncedAsOne() {
         QSignalSpy chosen(m_button.get(), &PopUpButton::itemChosen);
+        QSignalSpy chosenInList(m_button.get(), &PopUpButton::listItemChosen);
         m_button->selectItemWithTag(10);
         QAction* named = m_button->itemWithTag(34)->menu()->actions().at(2);
-        QSignalSpy triggered(named, &QAction::triggered);
         named->trigger();
-        QCOMPARE(triggered.count(), 1);
         QCOMPARE(chosen.count(), 0);
+        QCOMPARE(chosenInList.count(), 1);
+        QCOMPARE(chosenInList.first().first().value<QAction*>(), named);
         QCOMPARE(m_button->selectedTag(), 10);
+        m_button->itemWithTag(20)->trigger();
+        QCOMPARE(chosenInList.count(), 1);
     }
 
     void menuIsOwned() {

@@ -13,6 +13,11 @@ class QMenu;
 
 namespace quorvi {
 
+/// The dynamic property that says what an item stands for beside its tag.
+inline constexpr const char* kRepresentedObject = "representedObject";
+/// The dynamic property that names the action which an item or a control sends.
+inline constexpr const char* kActionProperty = "action";
+
 /// The item's tag; nothing when it carries none (a separator, a plain group of items).
 [[nodiscard]] std::optional<int> tagOfItem(const QAction& item);
 void setTagOfItem(QAction& item, int tag);

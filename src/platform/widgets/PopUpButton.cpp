@@ -92,8 +92,10 @@ bool PopUpButton::selectItemWithTag(int tag) {
 }
 
 void PopUpButton::chooseTriggeredItem(QAction* item) {
-    if (!items().contains(item))
+    if (!items().contains(item)) {
+        emit listItemChosen(item);
         return;
+    }
     selectItem(item);
     emit itemChosen(item);
 }

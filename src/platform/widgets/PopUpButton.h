@@ -42,10 +42,10 @@ class PopUpButton : public QComboBox {
     void hidePopup() override;
 
   signals:
-    /// The user chose an item of items(), which is selected now; also when it was selected before. Items of a
-    /// list under a tagged item do not come here: they change nothing by themselves and have their own
-    /// signal.
+    /// The user chose an item of items(), which is selected now; also when it was selected before.
     void itemChosen(QAction* item);
+    /// The user chose an item of the list under a tagged item, which changes nothing by itself.
+    void listItemChosen(QAction* item);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
