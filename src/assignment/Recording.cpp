@@ -24,10 +24,7 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
     }
     updateUI();
     fViews->main.quorviTableSteps->viewport()->update();
-}
-
-bool KyvarQuorviPane::overrideSingleKeys() const {
-    return fRecordingMacro || fViews->quorviPanelSingleKey->isVisible();
+    updateKeyboardGrab();
 }
 
 } // namespace quorvi

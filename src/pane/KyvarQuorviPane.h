@@ -20,6 +20,8 @@
 #include "keyboard/VirtualKeys.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
+#include "platform/KeyEvents.h"
+#include "platform/KeyboardGrab.h"
 #include "platform/ModalSession.h"
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
@@ -127,6 +129,18 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void startStopRecording(bool start, bool oneStep);
     /// A capture is active: every key belongs to the panel.
     [[nodiscard]] bool overrideSingleKeys() const;
+    /// A recording runs: clicks in the steps table are recorded instead of carried out.
+    [[nodiscard]] bool overrideMouseEvents() const;
+    /// A key event while a capture is active. The key is a virtual key code, 255 for none; the modifiers are
+    /// the modifier word after the event. True when the event is used up.
+    bool receiveSingleKey(std::uint8_t key, char16_t character, std::uint16_t modifiers, bool goingDown,
+        const KeyEvent& event);
+    /// Tells the single-key panel which modifiers had changed while keys did not come to it, so that the next
+    /// key is not taken for one of theirs.
+    void followModifiers(std::uint16_t modifiers) { fSingleKeyLastModifiers = modifiers; }
+    /// Takes the keyboard from the desktop exactly while a capture is active in a window of the panel's that
+    /// has the focus.
+    void updateKeyboardGrab();
 
     // Lists (editors/CurrentItems.cpp, editors/TableData.cpp)
     void editProfileIndex(std::int32_t index);
@@ -144,6 +158,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
+    /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
+    [[nodiscard]] std::uint8_t singleKeyCode() const { return fSingleKeyCode; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void connectActions();
@@ -185,6 +204,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
     ModalSessions fModalSessions;
     FocusObserver fFocus;
+    KeyboardGrab fKeyboardGrab;
 
     bool fPanelIsFront = false;
     bool fBluetoothWarningDone = false;

@@ -1,5 +1,6 @@
 // Loading, showing and hiding the pane, and following the focus of its window.
 
+#include <QGuiApplication>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -27,6 +28,8 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KyvarQuorviPane::updateKeyboardGrab);
+    fViews->quorviPanelSingleKey->installEventFilter(this);
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
@@ -79,6 +82,7 @@ void KyvarQuorviPane::didSelect() {
 void KyvarQuorviPane::willUnselect() {
     startStopRecording(false, false);
     KyvarQuorviSwapNSAppMethods(this);
+    updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);
     removeEventHandlers();
     fFocus.stop();

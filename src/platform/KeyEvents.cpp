@@ -1,0 +1,191 @@
+#include "platform/KeyEvents.h"
+
+#include "platform/keyboard/EvdevKeys.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <linux/input-event-codes.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+namespace quorvi {
+
+namespace {
+
+// Bits of an event's native modifiers: the eight real modifiers of the X keyboard extension. Shift, Lock and
+// Control have their places by definition, the others by the keymaps of xkeyboard-config.
+constexpr std::uint32_t shiftState = 0x01;
+constexpr std::uint32_t lockState = 0x02;
+constexpr std::uint32_t controlState = 0x04;
+constexpr std::uint32_t altState = 0x08;
+constexpr std::uint32_t superState = 0x40;
+constexpr std::uint32_t levelThreeState = 0x80;
+
+constexpr std::uint32_t scanCodeOf(std::uint32_t evdevKey) {
+    return evdevKey + xkbKeycodeOffset;
+}
+
+constexpr std::uint32_t capsLockScanCode = scanCodeOf(KEY_CAPSLOCK);
+/// A place of its own for ISO_Level3_Shift, on no keyboard but in every keymap (xkeyboard-config, "LVL3").
+constexpr std::uint32_t levelThreeScanCode = 92;
+
+struct FlagOfKey {
+    std::uint32_t scanCode;
+    std::uint32_t flag;
+};
+
+constexpr std::array flagsOfKeys{
+    FlagOfKey{scanCodeOf(KEY_LEFTSHIFT), shiftFlag},
+    FlagOfKey{scanCodeOf(KEY_RIGHTSHIFT), shiftFlag},
+    FlagOfKey{scanCodeOf(KEY_LEFTCTRL), controlFlag},
+    FlagOfKey{scanCodeOf(KEY_RIGHTCTRL), controlFlag},
+    FlagOfKey{scanCodeOf(KEY_LEFTALT), optionFlag},
+    FlagOfKey{scanCodeOf(KEY_RIGHTALT), optionFlag},
+    FlagOfKey{levelThreeScanCode, optionFlag},
+    FlagOfKey{scanCodeOf(KEY_LEFTMETA), commandFlag},
+    FlagOfKey{scanCodeOf(KEY_RIGHTMETA), commandFlag},
+};
+
+struct FlagOfState {
+    std::uint32_t stateBit;
+    std::uint32_t flag;
+};
+
+constexpr std::array flagsOfStates{
+    FlagOfState{shiftState, shiftFlag},
+    FlagOfState{controlState, controlFlag},
+    FlagOfState{altState, optionFlag},
+    FlagOfState{levelThreeState, optionFlag},
+    FlagOfState{superState, commandFlag},
+};
+
+/// The flag of a modifier key that works by being held; 0 for any other key.
+std::uint32_t flagOfKey(std::uint32_t scanCode) {
+    const auto* found = std::ranges::find(flagsOfKeys, scanCode, &FlagOfKey::scanCode);
+    return found == flagsOfKeys.end() ? 0 : found->flag;
+}
+
+/// The bit that the symbol on a modifier key puts into the state of later events; 0 when it is not known to.
+/// The symbol, since a keymap may have put Alt and Super in each other's places.
+std::uint32_t stateBitOf(std::uint32_t keysym) {
+    switch (keysym) {
+    case XKB_KEY_Shift_L:
+    case XKB_KEY_Shift_R:
+        return shiftState;
+    case XKB_KEY_Control_L:
+    case XKB_KEY_Control_R:
+        return controlState;
+    case XKB_KEY_Alt_L:
+    case XKB_KEY_Alt_R:
+    case XKB_KEY_Meta_L:
+    case XKB_KEY_Meta_R:
+        return altState;
+    case XKB_KEY_Super_L:
+    case XKB_KEY_Super_R:
+        return superState;
+    case XKB_KEY_ISO_Level3_Shift:
+        return levelThreeState;
+    default:
+        return 0;
+    }
+}
+
+/// A Caps Lock key that the keymap has made another key of locks nothing: it is a plain key then.
+bool isCapsLock(const QKeyEvent& event) {
+    return event.nativeScanCode() == capsLockScanCode && event.nativeVirtualKey() == XKB_KEY_Caps_Lock;
+}
+
+std::uint8_t keyCodeOf(std::uint32_t scanCode) {
+    if (scanCode <= xkbKeycodeOffset || scanCode > std::numeric_limits<std::uint16_t>::max())
+        return noKey;
+    return virtualKeycode(static_cast<std::uint16_t>(scanCode - xkbKeycodeOffset));
+}
+
+} // namespace
+
+std::uint16_t modifierWord(std::uint32_t flags) {
+    std::uint16_t word = 0;
+    if (flags & commandFlag)
+        word |= commandModifier;
+    if (flags & shiftFlag)
+        word |= shiftModifier;
+    if (flags & capsLockFlag)
+        word |= capsLockModifier;
+    if (flags & optionFlag)
+        word |= optionModifier;
+    if (flags & controlFlag)
+        word |= controlModifier;
+    return word;
+}
+
+bool isCapturableKey(const QKeyEvent& event) {
+    return flagOfKey(event.nativeScanCode()) != 0 || keyCodeOf(event.nativeScanCode()) != noKey;
+}
+
+ConvertedKey KeyEventConverter::convert(const QKeyEvent& event) {
+    const bool down = event.type() == QEvent::KeyPress;
+    const std::uint32_t scanCode = event.nativeScanCode();
+    const std::uint32_t flag = flagOfKey(scanCode);
+    const std::uint32_t ownBit = flag ? stateBitOf(event.nativeVirtualKey()) : 0;
+    reconcile(event.nativeModifiers());
+    // Of its own modifier the event itself says more than the state does.
+    const std::uint32_t otherState = event.nativeModifiers() & ~ownBit;
+
+    ConvertedKey result{{KeyEventType::FlagsChanged}, flags(otherState)};
+    if (isCapsLock(event)) {
+        // The press that unlocks takes effect with the release only: from the press on the lock is known.
+        if (down)
+            m_capsLock = (event.nativeModifiers() & lockState) == 0;
+        m_capsLockKeyHeld = down;
+    } else if (flag != 0) {
+        if (down)
+            hold({scanCode, flag, ownBit});
+        else
+            release(scanCode);
+    } else {
+        result.event.type = down ? KeyEventType::KeyDown : KeyEventType::KeyUp;
+        result.event.keyCode = keyCodeOf(scanCode);
+        result.event.character = event.text().isEmpty() ? u'\0' : event.text().at(0).unicode();
+    }
+    result.event.modifierFlags = flags(otherState);
+    return result;
+}
+
+void KeyEventConverter::forgetHeldKeys() {
+    m_held.clear();
+    m_capsLockKeyHeld = false;
+}
+
+void KeyEventConverter::reconcile(std::uint32_t state) {
+    std::erase_if(
+        m_held, [state](const HeldKey& key) { return key.stateBit != 0 && (state & key.stateBit) == 0; });
+    if (!m_capsLockKeyHeld)
+        m_capsLock = (state & lockState) != 0;
+}
+
+void KeyEventConverter::hold(const HeldKey& key) {
+    release(key.scanCode);
+    m_held.push_back(key);
+}
+
+void KeyEventConverter::release(std::uint32_t scanCode) {
+    std::erase_if(m_held, [scanCode](const HeldKey& key) { return key.scanCode == scanCode; });
+}
+
+std::uint32_t KeyEventConverter::flags(std::uint32_t state) const {
+    std::uint32_t result = m_capsLock ? capsLockFlag : 0;
+    std::uint32_t explained = 0;
+    for (const HeldKey& key : m_held) {
+        result |= key.flag;
+        explained |= key.stateBit;
+    }
+    // Modifiers that were pressed elsewhere.
+    for (const FlagOfState& bit : flagsOfStates)
+        if (state & ~explained & bit.stateBit)
+            result |= bit.flag;
+    return result;
+}
+
+} // namespace quorvi

@@ -1,0 +1,100 @@
+#include "platform/ShortcutsInhibitor.h"
+
+#include "platform/WaylandObjects.h"
+
+#include <cstring>
+#include <keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h>
+#include <wayland-client.h>
+
+namespace quorvi {
+
+namespace {
+
+template <auto destroy>
+struct Destroy {
+    template <typename Object>
+    void operator()(Object* object) const {
+        destroy(object);
+    }
+};
+
+using Queue = std::unique_ptr<wl_event_queue, Destroy<wl_event_queue_destroy>>;
+using Wrapper = std::unique_ptr<wl_display, Destroy<wl_proxy_wrapper_destroy>>;
+using Registry = std::unique_ptr<wl_registry, Destroy<wl_registry_destroy>>;
+
+void announce(void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
+    if (std::strcmp(interface, zwp_keyboard_shortcuts_inhibit_manager_v1_interface.name) == 0)
+        *static_cast<void**>(data) =
+            wl_registry_bind(registry, name, &zwp_keyboard_shortcuts_inhibit_manager_v1_interface, 1);
+}
+
+void withdraw(void*, wl_registry*, std::uint32_t) {}
+
+constexpr wl_registry_listener listener{announce, withdraw};
+
+/// Asks over a queue of its own, so that no event of Qt's is handled in the middle of it. Null when the
+/// compositor has no such object.
+void* bindManager(wl_display* display) {
+    const Queue queue(wl_display_create_queue(display));
+    const Wrapper wrapper(static_cast<wl_display*>(wl_proxy_create_wrapper(display)));
+    if (!queue || !wrapper)
+        return nullptr;
+    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper.get()), queue.get());
+    const Registry registry(wl_display_get_registry(wrapper.get()));
+    void* manager = nullptr;
+    wl_registry_add_listener(registry.get(), &listener, &manager);
+    wl_display_roundtrip_queue(display, queue.get());
+    if (manager) // which has no events; what it makes shall outlive the queue
+        wl_proxy_set_queue(static_cast<wl_proxy*>(manager), nullptr);
+    return manager;
+}
+
+} // namespace
+
+void ShortcutsInhibitor::Release::operator()(zwp_keyboard_shortcuts_inhibit_manager_v1* manager) const {
+    zwp_keyboard_shortcuts_inhibit_manager_v1_destroy(manager);
+}
+
+void ShortcutsInhibitor::Release::operator()(zwp_keyboard_shortcuts_inhibitor_v1* inhibitor) const {
+    zwp_keyboard_shortcuts_inhibitor_v1_destroy(inhibitor);
+}
+
+ShortcutsInhibitor::~ShortcutsInhibitor() {
+    stop();
+    // Once Qt has closed the connection, there is nothing left to give back to.
+    if (!waylandDisplay())
+        (void)m_manager.release();
+}
+
+void ShortcutsInhibitor::start(QWindow* window) {
+    if (m_inhibitor && m_window == window)
+        return;
+    stop();
+    wl_surface* const surface = waylandSurface(window);
+    wl_seat* const seat = waylandSeat();
+    if (!surface || !seat)
+        return;
+    bind();
+    if (!m_manager)
+        return;
+    m_window = window;
+    m_inhibitor.reset(
+        zwp_keyboard_shortcuts_inhibit_manager_v1_inhibit_shortcuts(m_manager.get(), surface, seat));
+}
+
+void ShortcutsInhibitor::stop() {
+    m_window = nullptr;
+    if (waylandDisplay())
+        m_inhibitor.reset();
+    else
+        (void)m_inhibitor.release();
+}
+
+void ShortcutsInhibitor::bind() {
+    if (m_asked)
+        return;
+    m_asked = true;
+    m_manager.reset(static_cast<zwp_keyboard_shortcuts_inhibit_manager_v1*>(bindManager(waylandDisplay())));
+}
+
+} // namespace quorvi
