@@ -5,6 +5,7 @@
 
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
+#include "platform/keyboard/XkbKeyboardLayout.h"
 #include "platform/widgets/PopUpButton.h"
 
 namespace quorvi::test {
@@ -20,7 +21,9 @@ inline plist::Dictionary assignment(AssignmentEntries entries) {
 
 class AssignmentFixture : public PaneFixture {
   public:
-    using PaneFixture::PaneFixture;
+    /// On a US keyboard, whatever this machine's is.
+    AssignmentFixture() { SetCurrentKeyboardLayout(makeKeyboardLayout(keymapNamesInText("XKBLAYOUT=us"))); }
+    ~AssignmentFixture() { SetCurrentKeyboardLayout(nullptr); }
 
     /// The sample tree. Input 1 of each profile has the primary click, 2 the secondary one, the others none.
     [[nodiscard]] static plist::Dictionary tree() {
