@@ -72,7 +72,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
 }
 
 PaneFixture::~PaneFixture() {
-    if (gPatchedPane == pane.get())
+    if (pane && gPatchedPane == pane.get())
         pane->willUnselect();
 }
 
