@@ -2,6 +2,8 @@
 
 #include <QMenu>
 
+#include <algorithm>
+
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
 #include "model/CommandCodes.h"
@@ -23,6 +25,8 @@ constexpr std::uint32_t kOtherButtons = 126;
 constexpr std::uint32_t kAllButtons = 127;
 /// A submenu's fixed entry and its separator; the profiles or macros follow.
 constexpr int kFixedSubmenuItems = 2;
+/// A menu that is open is laid out anew with every change of an item, which takes seconds beyond this length.
+constexpr std::size_t kLongestListChangedWhileOpen = 100;
 
 QString nameOf(const plist::Dictionary& item) {
     return QString::fromStdU16String(item.string(keys::name));
@@ -48,6 +52,8 @@ QAction& entryAt(QMenu& menu, const QList<QAction*>& existing, qsizetype index) 
 template <typename Tag>
 void listInSubmenu(QMenu& submenu, PopUpButton& popUp, const plist::Array& list, const Tag& tagOf) {
     const QList<QAction*> existing = submenu.actions();
+    if (std::max(list.size(), static_cast<std::size_t>(existing.size())) > kLongestListChangedWhileOpen)
+        submenu.hide();
     for (std::size_t index = 0; index < list.size(); ++index) {
         const QString name = nameOf(list.dictionary(index));
         QAction& entry = entryAt(submenu, existing, static_cast<qsizetype>(index) + kFixedSubmenuItems);

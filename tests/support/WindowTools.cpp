@@ -1,7 +1,10 @@
 #include "support/WindowTools.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
 
@@ -12,6 +15,42 @@ void clickButton(QAbstractButton* button) {
         qFatal("%s cannot be clicked", qPrintable(button->objectName()));
     // A check box takes clicks on its square and its text only.
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+}
+
+QMenu* openMenuOf(QWidget* popUp) {
+    if (!popUp->isEnabled() || !popUp->isVisible())
+        qFatal("%s cannot be opened", qPrintable(popUp->objectName()));
+    QTest::mouseClick(popUp, Qt::LeftButton);
+    const auto isOpen = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; };
+    if (!QTest::qWaitFor(isOpen, kWindowPatienceMs))
+        qFatal("the menu of %s does not open", qPrintable(popUp->objectName()));
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+QAction* itemOf(const QMenu* menu, const QString& title) {
+    for (QAction* item : menu->actions())
+        if (item->text().replace(QStringLiteral("&&"), QStringLiteral("&")) == title)
+            return item;
+    qFatal("no item %s", qPrintable(title));
+}
+
+void clickInMenu(QMenu* menu, const QStringList& titles) {
+    for (const QString& title : titles) {
+        QAction* item = itemOf(menu, title);
+        if (!item->isEnabled())
+            qFatal("the item %s cannot be chosen", qPrintable(title));
+        QMenu* submenu = item->menu();
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+        if (!submenu)
+            return;
+        if (!QTest::qWaitFor([&] { return submenu->isVisible(); }, kWindowPatienceMs))
+            qFatal("the submenu %s does not open", qPrintable(title));
+        menu = submenu;
+    }
+}
+
+void choose(QWidget* popUp, const QStringList& titles) {
+    clickInMenu(openMenuOf(popUp), titles);
 }
 
 void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action) {

@@ -7,6 +7,8 @@
 #include <functional>
 
 class QAbstractButton;
+class QAction;
+class QMenu;
 
 namespace quorvi::test {
 
@@ -25,6 +27,15 @@ template <typename Widget>
 
 /// Clicks the button with the mouse; one that is disabled or hidden is an error.
 void clickButton(QAbstractButton* button);
+
+/// Opens the pop-up's menu with the mouse and returns it.
+[[nodiscard]] QMenu* openMenuOf(QWidget* popUp);
+/// The item of the menu that a user reads as this; its absence ends the test program.
+[[nodiscard]] QAction* itemOf(const QMenu* menu, const QString& title);
+/// Clicks the items of the open menu that lead to the last one, through their submenus.
+void clickInMenu(QMenu* menu, const QStringList& titles);
+/// Opens the pop-up's menu and clicks these items.
+void choose(QWidget* popUp, const QStringList& titles);
 
 /// Runs the action as soon as the sheet of that name is up; ends the test program when it does not come.
 void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action);

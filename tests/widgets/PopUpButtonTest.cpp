@@ -298,6 +298,43 @@ class PopUpButtonTest : public QObject {
         QCOMPARE(titleOfItem(item), QString("Odd"));
     }
 
+    void aLongTitleIsCutInTheMenuOnly() {
+        QAction item;
+        setTitleOfItem(item, QString(80, 'x'));
+        QCOMPARE(shownTitleOfItem(item), QString(80, 'x'));
+        setTitleOfItem(item, QString(1000000, '&'));
+        QCOMPARE(item.text().size(), 161);
+        QCOMPARE(shownTitleOfItem(item), QString(80, '&') + QString::fromUtf8("…"));
+        QCOMPARE(titleOfItem(item), QString(1000000, '&'));
+        setTitleOfItem(item, "Short");
+        QCOMPARE(titleOfItem(item), QString("Short"));
+        QCOMPARE(shownTitleOfItem(item), QString("Short"));
+    }
+
+    void aTitleIsNotCutWithinACharacter() {
+        const QString smile = QString::fromUtf8("😀");
+        QAction item;
+        setTitleOfItem(item, QString(79, 'x') + smile);
+        QCOMPARE(shownTitleOfItem(item), QString(79, 'x') + QString::fromUtf8("…"));
+        setTitleOfItem(item, smile + "x");
+        QCOMPARE(shownTitleOfItem(item), smile + "x");
+    }
+
+    void aTitleIsShownOnOneLineAndWithoutAShortcut() {
+        QAction item;
+        setTitleOfItem(item, "Desk\tCtrl+Q\nGame");
+        QCOMPARE(item.text(), QString("Desk Ctrl+Q Game"));
+        QCOMPARE(titleOfItem(item), QString("Desk\tCtrl+Q\nGame"));
+    }
+
+    void aSelectedItemWithALongTitleIsShownCut() {
+        setTitleOfItem(*m_button->itemWithTag(10), QString(1000000, 'x'));
+        m_button->selectItemWithTag(10);
+        QCOMPARE(m_button->currentText().size(), 81);
+        const std::unique_ptr<QMenu> copy = copyOfMenu(*m_button->menu());
+        QCOMPARE(titleOfItem(*copy->actions().first()), QString(1000000, 'x'));
+    }
+
     void indexInAMenuCountsSeparators() {
         QCOMPARE(indexOfItemWithTag(*m_button->menu(), 34), 3);
         QCOMPARE(indexOfItemWithTag(*m_button->menu(), 20), -1);

@@ -9,6 +9,22 @@ namespace quorvi {
 namespace {
 
 constexpr const char* tagProperty = "tag";
+/// The title of an item that shows another text.
+constexpr const char* wholeTitleProperty = "wholeTitle";
+constexpr int longestShownTitle = 80;
+
+QString titleForDisplay(const QString& title) {
+    QString shown = title.left(longestShownTitle);
+    // A tab would put what follows where the item's shortcut stands.
+    for (QChar& character : shown)
+        if (!character.isPrint() && !character.isSurrogate())
+            character = QLatin1Char(' ');
+    if (shown.size() == title.size())
+        return shown;
+    if (shown.back().isHighSurrogate())
+        shown.chop(1);
+    return shown + QChar(0x2026);
+}
 
 void copyProperties(const QObject& from, QObject& to) {
     to.setObjectName(from.objectName());
@@ -55,6 +71,11 @@ void setTagOfItem(QAction& item, int tag) {
 }
 
 QString titleOfItem(const QAction& item) {
+    const QVariant whole = item.property(wholeTitleProperty);
+    return whole.isValid() ? whole.toString() : shownTitleOfItem(item);
+}
+
+QString shownTitleOfItem(const QAction& item) {
     const QString text = item.text();
     QString title;
     title.reserve(text.size());
@@ -67,7 +88,8 @@ QString titleOfItem(const QAction& item) {
 }
 
 void setTitleOfItem(QAction& item, const QString& title) {
-    QString text = title;
+    QString text = titleForDisplay(title);
+    item.setProperty(wholeTitleProperty, text == title ? QVariant() : QVariant(title));
     item.setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 

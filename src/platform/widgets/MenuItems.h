@@ -22,9 +22,12 @@ inline constexpr const char* kActionProperty = "action";
 [[nodiscard]] std::optional<int> tagOfItem(const QAction& item);
 void setTagOfItem(QAction& item, int tag);
 
-/// The item's title as the user reads it, without the mark of its key.
+/// The item's title, without the mark of its key.
 [[nodiscard]] QString titleOfItem(const QAction& item);
-/// Shows the title as it stands: "&" is shown, and marks no key.
+/// The title as the menu shows it: on one line, and cut with dots behind 80 UTF-16 units, because a name may
+/// be as long as a file.
+[[nodiscard]] QString shownTitleOfItem(const QAction& item);
+/// Gives the item the title: "&" is shown, and marks no key. titleOfItem() gives it back unchanged.
 void setTitleOfItem(QAction& item, const QString& title);
 
 /// True for an item that only opens a group of further items: it has a submenu and no tag. An item with a

@@ -104,9 +104,9 @@ void PopUpButton::showSelectedTitle() {
     if (!m_selected)
         clear();
     else if (count() == 0)
-        addItem(titleOfItem(*m_selected));
+        addItem(shownTitleOfItem(*m_selected));
     else
-        setItemText(0, titleOfItem(*m_selected));
+        setItemText(0, shownTitleOfItem(*m_selected));
 }
 
 // The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only
