@@ -4,9 +4,9 @@
 
 #include <csignal>
 
-#include "host/Keyboard.h"
 #include "host/OpenWindow.h"
 #include "host/Session.h"
+#include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 
 using namespace quorvi::test;

@@ -6,9 +6,9 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include "host/Keyboard.h"
 #include "host/OpenWindow.h"
 #include "host/Session.h"
+#include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 
 using namespace quorvi::test;

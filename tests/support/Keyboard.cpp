@@ -1,4 +1,4 @@
-#include "host/Keyboard.h"
+#include "support/Keyboard.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
