@@ -41,13 +41,6 @@ struct DeviceTab {
     std::vector<std::uint8_t> before;
 };
 
-QAction* itemWithTitle(const QMenu& menu, const QString& title) {
-    for (QAction* item : menu.actions())
-        if (item->text() == title)
-            return item;
-    qFatal("no item %s", qPrintable(title));
-}
-
 } // namespace
 
 class SettingsReachTheMouseTest : public QObject {
@@ -97,11 +90,7 @@ class SettingsReachTheMouseTest : public QObject {
         QFETCH(int, rate);
         QFETCH(QString, changed);
         const DeviceTab panel;
-        QTest::mouseClick(panel.window.find("quorviMenuPollingRate"), Qt::LeftButton);
-        QMenu* menu = panel.openMenu("quorviMenuPollingRate");
-        QTest::mouseClick(
-            menu, Qt::LeftButton, {}, menu->actionGeometry(itemWithTitle(*menu, title)).center());
-        QTRY_VERIFY(!menu->isVisible());
+        choose(panel.window.find("quorviMenuPollingRate"), {title});
         QCOMPARE(panel.window.selectedTitle("quorviMenuPollingRate"), title);
         QCOMPARE(panel.session.home.savedPollingRate(), rate);
         QCOMPARE(panel.changesOfTheMouse(), changed);

@@ -3,7 +3,9 @@
 #include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <QWheelEvent>
 
 using namespace quorvi;
@@ -309,6 +311,20 @@ class PopUpButtonTest : public QObject {
         setTitleOfItem(item, "Short");
         QCOMPARE(titleOfItem(item), QString("Short"));
         QCOMPARE(shownTitleOfItem(item), QString("Short"));
+    }
+
+    void aTitleThatDoesNotFitIsToldUnderThePointer() {
+        const auto told = [this] {
+            QToolTip::hideText();
+            QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), m_button->mapToGlobal(QPoint(5, 5)));
+            QApplication::sendEvent(m_button.get(), &help);
+            return QToolTip::text();
+        };
+        m_button->resize(150, m_button->height());
+        m_button->selectItemWithTag(10);
+        QCOMPARE(told(), QString());
+        setTitleOfItem(*m_button->itemWithTag(10), "Macro: <b>" + QString(40, 'x'));
+        QCOMPARE(told(), "<span>Macro: &lt;b&gt;" + QString(40, 'x') + "</span>");
     }
 
     void aTitleIsNotCutWithinACharacter() {

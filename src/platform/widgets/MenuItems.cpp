@@ -21,7 +21,7 @@ QString titleForDisplay(const QString& title) {
             character = QLatin1Char(' ');
     if (shown.size() == title.size())
         return shown;
-    if (shown.back().isHighSurrogate())
+    if (shown.at(shown.size() - 1).isHighSurrogate())
         shown.chop(1);
     return shown + QChar(0x2026);
 }

@@ -3,12 +3,14 @@
 #include "platform/widgets/MenuItems.h"
 
 #include <QAction>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace quorvi {
@@ -154,6 +156,24 @@ void PopUpButton::hidePopup() {
     QComboBox::hidePopup();
 }
 
+// The whole title cannot be seen elsewhere once it is cut. It is a name that the user gave, not markup.
+bool PopUpButton::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QComboBox::event(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const bool fits = titleThatFits(option) == currentText();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+        fits ? toolTip() : QStringLiteral("<span>%1</span>").arg(currentText().toHtmlEscaped()), this);
+    return true;
+}
+
+QString PopUpButton::titleThatFits(const QStyleOptionComboBox& option) const {
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
+}
+
 // As the inherited one, and cuts a title that is too long with dots in every style.
 void PopUpButton::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
@@ -162,9 +182,7 @@ void PopUpButton::paintEvent(QPaintEvent* /*event*/) {
     initStyleOption(&option);
     if (m_menu && m_menu->isVisible())
         option.state |= QStyle::State_Sunken | QStyle::State_On;
-    const int textWidth =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
-    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, textWidth);
+    option.currentText = titleThatFits(option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }

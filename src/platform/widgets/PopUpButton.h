@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPointer>
 
+class QStyleOptionComboBox;
+
 namespace quorvi {
 
 class PopUpButton : public QComboBox {
@@ -48,6 +50,7 @@ class PopUpButton : public QComboBox {
     void listItemChosen(QAction* item);
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,6 +62,7 @@ class PopUpButton : public QComboBox {
     void chooseTriggeredItem(QAction* item);
     void showSelectedTitle();
     void markSelectedItem();
+    [[nodiscard]] QString titleThatFits(const QStyleOptionComboBox& option) const;
     [[nodiscard]] QPoint menuPosition() const;
 
     QPointer<QMenu> m_menu;
