@@ -70,7 +70,8 @@ void KyvarQuorviPane::updateKeyboardGrab() {
 }
 
 bool KyvarQuorviPane::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Show || event->type() == QEvent::Hide)
+    // When it is shown, the panel gets the focus a little later, and only then the keyboard.
+    if (watched == fViews->quorviPanelSingleKey && event->type() == QEvent::Hide)
         updateKeyboardGrab();
     return QObject::eventFilter(watched, event);
 }

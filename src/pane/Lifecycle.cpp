@@ -33,6 +33,9 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
+    // A host that drops a shown pane must not be left asking it for keys.
+    if (gPatchedPane == this)
+        KyvarQuorviSwapNSAppMethods(this);
     if (gKyvarQuorviPane == this)
         gKyvarQuorviPane = nullptr;
     delete fMainView;

@@ -18,9 +18,7 @@ KeyboardGrab::~KeyboardGrab() {
 }
 
 void KeyboardGrab::start(QWindow* window) {
-    if (m_window != window)
-        stop();
-    m_window = window;
+    m_window = window; // a grab of our own needs no release before it goes from window to window
     if (canGrab())
         window->setKeyboardGrabEnabled(true);
     else

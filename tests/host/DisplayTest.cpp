@@ -6,6 +6,7 @@
 
 #include "host/OpenWindow.h"
 #include "host/Session.h"
+#include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 
 using namespace quorvi::test;
@@ -13,13 +14,6 @@ using namespace quorvi::test;
 namespace {
 
 constexpr int kDeviceTab = 4;
-
-/// Runs xdotool; what it prints, or nothing when it fails.
-std::optional<std::string> xdotool(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "xdotool");
-    const auto result = runProgram(arguments);
-    return result.exitCode == 0 ? std::optional(result.output) : std::nullopt;
-}
 
 /// The id of the program's window, once it is on the screen.
 std::optional<std::string> windowOf(const ChildProcess& program) {
@@ -34,10 +28,8 @@ class DisplayTest : public QObject {
 
   private slots:
     void initTestCase() {
-        if (qEnvironmentVariableIsEmpty("DISPLAY") || QGuiApplication::platformName() != QLatin1String("xcb"))
-            QSKIP("there is no X display");
-        if (!xdotool({"version"}))
-            QSKIP("there is no xdotool");
+        if (!hasDisplay())
+            QSKIP("there is no X display with xdotool");
     }
 
     void keysSwitchALightOfTheRealProgram() {
@@ -79,7 +71,7 @@ class DisplayTest : public QObject {
         auto* box = window.find("quorviBoxLightOnBattery");
         const QPoint spot = box->mapToGlobal(QPoint(8, box->height() / 2));
         const auto before = session.record();
-        QVERIFY(xdotool({"mousemove", std::to_string(spot.x()), std::to_string(spot.y()), "click", "1"}));
+        clickAt(spot);
         QTRY_COMPARE_WITH_TIMEOUT(session.home.savedLights(), 1, kWindowPatienceMs);
         QTRY_COMPARE_WITH_TIMEOUT(
             changes(before, session.record()), QStringLiteral("213: 3 -> 1"), kWindowPatienceMs);

@@ -1,0 +1,88 @@
+// The keyboard and the mouse of the X display, as a user has them, and another program on that display.
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct xcb_connection_t;
+
+namespace quorvi::test {
+
+/// Runs xdotool; what it prints, or nothing when it fails.
+std::optional<std::string> xdotool(std::vector<std::string> arguments);
+
+/// There is an X display and xdotool, and Qt uses that display.
+[[nodiscard]] bool hasDisplay();
+
+/// Puts the pointer there and clicks the left button.
+void clickAt(QPoint spot);
+
+/// Key codes of the X keyboard, which are those of the input layer plus 8.
+namespace keycodes {
+constexpr int escape = 9, tab = 23, q = 24, enter = 36, leftControl = 37, a = 38, shift = 50, rightShift = 62,
+              alt = 64, capsLock = 66, f1 = 67, f4 = 70, f11 = 95, f12 = 96, print = 107, altGr = 108,
+              leftSuper = 133, rightSuper = 134, f13 = 191;
+} // namespace keycodes
+
+/// Presses keys, and waits until this process has got each event. Keys that a test leaves down come up at its
+/// end.
+class Keyboard : public QObject {
+  public:
+    Keyboard();
+    ~Keyboard() override;
+
+    void down(int keycode);
+    void up(int keycode);
+    void tap(int keycode);
+    /// The same without waiting, for keys that may go to others.
+    void downUnseen(int keycode);
+    void upUnseen(int keycode);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void awaitEvents(int count) const;
+
+    int m_seen = 0;
+    std::vector<int> m_down;
+};
+
+/// Another program on the display, with a connection and, where it needs one, a window of its own.
+class OtherProgram {
+  public:
+    OtherProgram();
+    ~OtherProgram();
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    /// Takes the whole keyboard for itself; false when somebody else holds it.
+    [[nodiscard]] bool takeKeyboard();
+    void giveKeyboardBack();
+    [[nodiscard]] bool canTakeKeyboard();
+    /// From now on gets this key, pressed alone, wherever the focus is: as a desktop does.
+    void bindKey(int keycode);
+    /// Key presses that it got so far.
+    [[nodiscard]] int keyPresses();
+    [[nodiscard]] bool isCapsLockOn() const;
+
+    /// Shows a window in the lower right corner; where to click into it.
+    QPoint showWindow();
+    void activateWindow();
+
+  private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const;
+    };
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::uint32_t m_root = 0;
+    std::uint32_t m_window = 0;
+    int m_keyPresses = 0;
+};
+
+} // namespace quorvi::test
