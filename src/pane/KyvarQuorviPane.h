@@ -132,6 +132,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void fillAssignmentMenus();
     [[nodiscard]] QString assignmentTitle(
         const plist::Dictionary& assignment, const QString& plainTitle) const;
+    /// Reads the names of the keys from the layout in use.
+    void nameKeys();
+    /// Shows every key by its name on the layout that is in use now.
+    void keyboardLayoutDidChange();
     void showVersion();
     void startHelper();
     void installDeviceListHandler();
