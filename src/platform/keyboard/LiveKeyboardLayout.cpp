@@ -5,6 +5,7 @@
 #include "platform/keyboard/XkbKeyboardLayout.h"
 
 #include <cstdlib>
+#include <string_view>
 
 namespace quorvi {
 
@@ -15,9 +16,15 @@ class ConfiguredKeyboardLayout final : public LiveKeyboardLayout {
     [[nodiscard]] KeyboardLayoutRef read() override { return makeDefaultKeyboardLayout(); }
 };
 
-bool isSet(const char* variable) {
+std::string_view valueOf(const char* variable) {
     const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+    return value != nullptr ? value : "";
+}
+
+/// Without the folder of a relative name the connection would fail, and say so on standard error.
+bool namesCompositor() {
+    const std::string_view name = valueOf("WAYLAND_DISPLAY");
+    return name.starts_with('/') || (!name.empty() && !valueOf("XDG_RUNTIME_DIR").empty());
 }
 
 } // namespace
@@ -45,9 +52,9 @@ std::unique_ptr<LiveKeyboardLayout> configuredKeyboardLayout() {
 
 std::unique_ptr<LiveKeyboardLayout> keyboardLayoutOfEnvironment() {
     std::unique_ptr<LiveKeyboardLayout> live;
-    if (isSet("WAYLAND_DISPLAY"))
+    if (namesCompositor())
         live = connectToWaylandKeyboard();
-    if (!live && isSet("DISPLAY"))
+    if (!live && !valueOf("DISPLAY").empty())
         live = connectToX11Keyboard();
     return live ? std::move(live) : configuredKeyboardLayout();
 }
