@@ -175,6 +175,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
     void askForSingleKey(int input);
     void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
+    /// Reads the names of the keys from the layout in use.
+    void nameKeys();
+    /// Shows every key by its name on the layout that is in use now.
+    void keyboardLayoutDidChange();
     void showVersion();
     void startHelper();
     void installDeviceListHandler();

@@ -54,14 +54,27 @@ void KyvarQuorviPane::mainViewDidLoad() {
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
-    GetKeyboardInformation([this](std::u16string_view key) {
-        return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String();
-    });
+    if (fServices.keyboardLayout)
+        connect(fServices.keyboardLayout.get(), &KeyboardLayoutWatcher::layoutChanged, this,
+            &KyvarQuorviPane::keyboardLayoutDidChange);
+    nameKeys();
     startHelper();
     fillAssignmentMenus();
     fStringRecord = fViews->main.quorviButtonStepRecord->text();
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
     showVersion();
+}
+
+void KyvarQuorviPane::nameKeys() {
+    GetKeyboardInformation([this](std::u16string_view key) {
+        return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String();
+    });
+}
+
+void KyvarQuorviPane::keyboardLayoutDidChange() {
+    nameKeys();
+    reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
+    updateUI();
 }
 
 void KyvarQuorviPane::showVersion() {

@@ -7,6 +7,7 @@
 
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
+#include "platform/KeyboardLayoutWatcher.h"
 #include "platform/Workspace.h"
 #include "platform/events/EventBus.h"
 
@@ -18,6 +19,8 @@ struct PaneServices {
     std::unique_ptr<EventBus> bus;              ///< null without a session bus: nothing is sent then
     std::unique_ptr<Workspace> workspace;       ///< never null
     std::unique_ptr<LoginItemStore> loginItems; ///< never null
+    /// Null: keys are named by whatever layout is the current one when the pane is loaded.
+    std::unique_ptr<KeyboardLayoutWatcher> keyboardLayout;
 };
 
 } // namespace quorvi

@@ -4,7 +4,6 @@
 #include "pane/KyvarQuorviPane.h"
 #include "pane/loginitems/AutostartLoginItemStore.h"
 #include "pane/loginitems/UserFolders.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 namespace quorvi {
 
@@ -18,8 +17,6 @@ std::string executableOf(const std::string& applicationPath) {
 } // namespace
 
 std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundlePath) {
-    // Keys are named as the layout that the system is set to names them.
-    SetCurrentKeyboardLayout(makeDefaultKeyboardLayout());
     return std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(bundlePath.toStdString()),
         .homeFolder = homeFolder(),
@@ -27,6 +24,7 @@ std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundleP
         .workspace = std::make_unique<DesktopWorkspace>(),
         .loginItems =
             std::make_unique<AutostartLoginItemStore>(userAutostartFolder().value_or(""), executableOf),
+        .keyboardLayout = std::make_unique<KeyboardLayoutWatcher>(keyboardLayoutOfQtPlatform()),
     });
 }
 

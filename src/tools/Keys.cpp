@@ -5,13 +5,16 @@
 
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
+#include "platform/keyboard/LiveKeyboardLayout.h"
 #include "plist/Unicode.h"
 #include "tools/Verbs.h"
 
 namespace quorvi::tools {
 
 namespace {
+
+constexpr std::uint32_t kHighestKeyCode = 0xFF;
+constexpr std::uint32_t kHighestMask = 0xFFFF;
 
 /// A whole number of 32 bits, decimal or hexadecimal behind 0x.
 std::optional<std::uint32_t> numberIn(std::string_view text) {
@@ -45,9 +48,13 @@ Outcome keyName(const Arguments& arguments) {
     const auto mask = numberIn(maskArgument);
     if (!code || !mask)
         return noNumber(code ? maskArgument : arguments[0]);
-    SetCurrentKeyboardLayout(makeDefaultKeyboardLayout());
-    GetKeyboardInformation(
-        nullptr); // without a layout, the keys that have names of their own still have them
+    if (*code > kHighestKeyCode)
+        return refused(arguments[0] + " is no key code; the highest is 255");
+    if (*mask > kHighestMask)
+        return refused(maskArgument + " is no modifier mask; the highest is 0xFFFF");
+    SetCurrentKeyboardLayout(keyboardLayoutOfEnvironment()->layout());
+    // Without a layout, the keys that have names of their own still have them.
+    GetKeyboardInformation(nullptr);
     std::printf("%s\n", plist::toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
     return done();
 }

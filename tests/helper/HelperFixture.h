@@ -2,9 +2,9 @@
 #pragma once
 
 #include "events/BusFixture.h"
-#include "model/TemporaryFolder.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/SimulatedMouse.h"
+#include "support/Files.h"
 
 namespace quorvi::test {
 

@@ -95,7 +95,7 @@ TEST(RemoveLoginItemInFolderTest, TheFolderHoldsTheFile) {
     TemporaryFolder folder;
     folder.write("loginWindow.plist", kTwoItems);
     std::int16_t removed = -1;
-    EXPECT_EQ(RemoveLoginItemInFolder(folder.path(), "Helper.app", &removed), 0);
+    EXPECT_EQ(RemoveLoginItemInFolder(folder.path().native(), "Helper.app", &removed), 0);
     EXPECT_EQ(removed, 1);
     EXPECT_EQ(folder.read("loginWindow.plist").find("/a/Helper.app"), std::string::npos);
     EXPECT_NE(folder.read("loginWindow.plist").find("/b/Other.app"), std::string::npos);
@@ -107,7 +107,7 @@ TEST(RemoveLoginItemInFolderTest, MissingArgumentsAreParameterErrors) {
     EXPECT_EQ(RemoveLoginItemInFolder(std::nullopt, "x", &removed), -50);
     EXPECT_EQ(removed, 0);
     removed = 9;
-    EXPECT_EQ(RemoveLoginItemInFolder(folder.path(), std::nullopt, &removed), -50);
+    EXPECT_EQ(RemoveLoginItemInFolder(folder.path().native(), std::nullopt, &removed), -50);
     EXPECT_EQ(removed, 0);
     EXPECT_FALSE(folder.has("loginWindow.plist"));
 }
@@ -124,7 +124,7 @@ TEST(RemoveLoginItemForUserTest, TheFileLiesInThePreferencesOfTheHomeFolder) {
     TemporaryFolder home;
     home.write("Library/Preferences/loginWindow.plist", kTwoItems);
     std::int16_t removed = -1;
-    EXPECT_EQ(RemoveLoginItemForUser(home.path(), "/Other.app", &removed), 0);
+    EXPECT_EQ(RemoveLoginItemForUser(home.path().native(), "/Other.app", &removed), 0);
     EXPECT_EQ(removed, 1);
     EXPECT_EQ(home.read("Library/Preferences/loginWindow.plist").find("Other"), std::string::npos);
 }
@@ -141,7 +141,7 @@ TEST(RemoveLoginItemForUserTest, MissingArgumentsAreParameterErrors) {
 
 TEST(RemoveLoginItemForUserTest, AHomeFolderOfAThousandBytesIsTheLongest) {
     TemporaryFolder folder;
-    std::string home = folder.path() + "/";
+    std::string home = folder.path().native() + "/";
     while (home.size() < 1000 - 200)
         home += std::string(199, 'h') + "/";
     home += std::string(1000 - home.size(), 'h');

@@ -11,7 +11,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "model/TemporaryFolder.h"
+#include "support/Files.h"
 
 namespace quorvi {
 namespace {

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "model/ForkedChild.h"
-#include "model/TemporaryFolder.h"
+#include "support/Files.h"
 
 namespace quorvi {
 namespace {

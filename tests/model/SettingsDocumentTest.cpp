@@ -9,10 +9,10 @@
 #include <unistd.h>
 
 #include "model/ForkedChild.h"
-#include "model/TemporaryFolder.h"
 #include "model/Trees.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
+#include "support/Files.h"
 
 namespace quorvi {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "model/ConfigFileStore.h"
 #include "model/ConfigMapping.h"
-#include "model/TemporaryFolder.h"
 #include "model/Trees.h"
+#include "support/Files.h"
 
 namespace quorvi {
 namespace {

@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 #include "pane/KyvarQuorviPane.h"
@@ -27,8 +28,10 @@ class RecordingWorkspace final : public Workspace {
 
 /// What the fixture is made with; the rest is as the plug-in makes it.
 struct PaneOptions {
-    bool helper = true;                     ///< a recording helper runs before the panel is made
-    bool bus = true;                        ///< there is a session bus
+    bool helper = true; ///< a recording helper runs before the panel is made
+    bool bus = true;    ///< there is a session bus
+    /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
+    std::function<std::unique_ptr<KeyboardLayoutWatcher>()> keyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
 };
 

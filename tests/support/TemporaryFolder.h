@@ -5,8 +5,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace quorvi::test {
 
@@ -25,8 +27,18 @@ class TemporaryFolder {
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    [[nodiscard]] const std::string& path() const { return m_path; }
-    [[nodiscard]] std::string path(const std::string& name) const { return m_path + "/" + name; }
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+    [[nodiscard]] std::string path(const std::string& name) const { return m_path / name; }
+
+    [[nodiscard]] std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
+
+    /// The names in the folder, to see that nothing was left behind.
+    [[nodiscard]] std::set<std::string> names() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_path))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
 
     /// Writes a file, the folders above it included, and returns its path.
     std::string write(const std::string& name, const std::string& content) const {
@@ -44,7 +56,7 @@ class TemporaryFolder {
     [[nodiscard]] bool has(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
   private:
-    std::string m_path;
+    std::filesystem::path m_path;
 };
 
 } // namespace quorvi::test

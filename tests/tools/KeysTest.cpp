@@ -1,7 +1,15 @@
+#include "support/Compositors.h"
+#include "support/EnvironmentVariable.h"
+#include "support/VirtualDisplay.h"
 #include "tools/ToolFixture.h"
 
 namespace quorvi::test {
 namespace {
+
+/// What quorvictl names the key right of Tab.
+std::string nameOfFirstLetter() {
+    return quorvictl({"key-name", "12"}).output;
+}
 
 TEST(Keys, AreConvertedBetweenUsagesAndVirtualKeyCodes) {
     expectDone({"usb-to-adb", "4"}, "0\n");
@@ -24,13 +32,43 @@ TEST(Keys, AreNamedWithTheirModifiers) {
 }
 
 TEST(Keys, AreNamedByTheConfiguredLayout) {
-    setenv("XKB_DEFAULT_LAYOUT", "us", 1);
-    const auto american = quorvictl({"key-name", "12"});
-    setenv("XKB_DEFAULT_LAYOUT", "fr", 1);
-    const auto french = quorvictl({"key-name", "12"});
-    unsetenv("XKB_DEFAULT_LAYOUT");
-    EXPECT_EQ(american.output, "q\n");
-    EXPECT_EQ(french.output, "a\n");
+    for (const auto& nowhere : {std::optional<std::string>(), std::optional<std::string>(":9999")}) {
+        const EnvironmentVariable noServer("DISPLAY", nowhere);
+        const EnvironmentVariable noCompositor("WAYLAND_DISPLAY", nowhere);
+        for (const auto& [layout, name] : {std::pair("us", "q\n"), std::pair("fr", "a\n")}) {
+            const EnvironmentVariable configured("XKB_DEFAULT_LAYOUT", layout);
+            expectDone({"key-name", "12"}, name);
+        }
+    }
+}
+
+TEST(Keys, AreNamedByTheLayoutInUse) {
+    for (const char* program : {"Xvfb", "setxkbmap", "sway", "swaymsg"})
+        if (!isInstalled(program))
+            GTEST_SKIP() << program << " is not installed";
+    const EnvironmentVariable configured("XKB_DEFAULT_LAYOUT", "us");
+    const EnvironmentVariable noCompositor("WAYLAND_DISPLAY", std::nullopt);
+    const VirtualDisplay display;
+    const EnvironmentVariable server("DISPLAY", display.name());
+    ASSERT_TRUE(display.setLayout("us,ru"));
+    EXPECT_EQ(nameOfFirstLetter(), "q\n");
+    ASSERT_TRUE(display.setLayout("us,fr"));
+    ASSERT_EQ(display.lockGroup(1), 1);
+    EXPECT_EQ(nameOfFirstLetter(), "a\n");
+
+    const Sway sway(display.name());
+    const EnvironmentVariable folder("XDG_RUNTIME_DIR", sway.runtimeFolder());
+    const EnvironmentVariable compositor("WAYLAND_DISPLAY", sway.socket());
+    ASSERT_TRUE(sway.setLayout("us", "dvorak"));
+    EXPECT_EQ(nameOfFirstLetter(), "'\n");
+}
+
+TEST(Keys, ThatNoKeyboardHasAreRefused) {
+    expectRefused({"key-name", "256"}, "256 is no key code; the highest is 255");
+    expectRefused({"key-name", "0x100", "0x100"}, "0x100 is no key code; the highest is 255");
+    expectRefused({"key-name", "12", "65536"}, "65536 is no modifier mask; the highest is 0xFFFF");
+    expectRefused({"key-name", "12", "0xFFFFFFFF"}, "0xFFFFFFFF is no modifier mask; the highest is 0xFFFF");
+    expectDone({"key-name", "255", "0xFFFF"}, "Control+Command+Option+Shift+Caps Lock\n");
 }
 
 TEST(Keys, ThatAreNoNumbersAreMisused) {

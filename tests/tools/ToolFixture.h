@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "model/TemporaryFolder.h"
 #include "support/ChildProcess.h"
+#include "support/Files.h"
 
 namespace quorvi::test {
 

@@ -92,17 +92,8 @@ KeyTranslation XkbKeyboardLayout::translate(
     return behindDeadKey(holds(modifiers, controlModifier) ? withControl(unit) : unit, deadKeyState);
 }
 
-XkbContext newContext() {
-    // The names are complete when a keymap is asked for, and what is wrong with them is not the user's to
-    // read.
-    XkbContext context(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
-    if (context)
-        xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
-    return context;
-}
-
 XkbKeymap keymapFromNames(const KeymapNames& names) {
-    const XkbContext context = newContext();
+    const XkbContext context = newXkbContext();
     if (!context)
         return nullptr;
     const xkb_rule_names ruleNames{names.rules.c_str(), names.model.c_str(), names.layout.c_str(),

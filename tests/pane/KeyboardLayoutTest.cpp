@@ -1,0 +1,74 @@
+// The names of keys in the panel, while the layout changes.
+
+#include "model/CommandCodes.h"
+#include "pane/PaneFixture.h"
+#include "pane/PaneTestMain.h"
+#include "platform/keyboard/X11KeyboardLayout.h"
+#include "platform/widgets/MenuItems.h"
+#include "platform/widgets/PopUpButton.h"
+#include "support/EnvironmentVariable.h"
+#include "support/VirtualDisplay.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+constexpr std::int32_t kUsageOfQ = 0x14;
+constexpr std::int32_t kUsbCommand = 0x40;
+
+/// A tree whose second button types the key right of Tab with Command held.
+plist::Dictionary treeWithSingleKey() {
+    auto tree = PaneFixture::sampleTree();
+    const auto profiles = tree.array("profiles");
+    for (std::size_t i = 0; i < profiles.size(); ++i) {
+        const auto button = profiles.dictionary(i).dictionary("buttons").dictionary("02");
+        button.set("command", commands::singleKey);
+        button.set("param1", kUsageOfQ);
+        button.set("param2", kUsbCommand);
+    }
+    return tree;
+}
+
+} // namespace
+
+class KeyboardLayoutTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        for (const char* program : {"Xvfb", "setxkbmap"})
+            if (!isInstalled(program))
+                QSKIP(program);
+    }
+
+    // The first, since names once read stay known.
+    void aPanelWithoutALayoutOpensAllTheSame() {
+        PaneFixture fixture;
+        fixture.openWith(treeWithSingleKey());
+        const auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
+        QVERIFY(titleOfItem(*popUp->itemWithTag(commands::singleKey)).endsWith(QStringLiteral("+???")));
+    }
+
+    void namesInThePopUpsFollowTheLayoutInUse() {
+        const VirtualDisplay display;
+        QVERIFY(display.setLayout("us"));
+        PaneFixture fixture({.keyboardLayout = [&] {
+            const EnvironmentVariable variable("DISPLAY", display.name());
+            return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
+        }});
+        fixture.openWith(treeWithSingleKey());
+        const auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
+        const auto title = [popUp] { return titleOfItem(*popUp->itemWithTag(commands::singleKey)); };
+        const QString american = title();
+        QVERIFY2(american.endsWith(QStringLiteral("+q")), qPrintable(american));
+        QVERIFY(display.setLayout("fr"));
+        QTRY_VERIFY2(title().endsWith(QStringLiteral("+a")), qPrintable(title()));
+        QVERIFY(display.setLayout("us"));
+        QTRY_COMPARE(title(), american);
+        QVERIFY(fixture.commandsBecome({})); // what the user sees changes, and nothing else
+    }
+};
+
+QUORVI_PANE_TEST_MAIN(KeyboardLayoutTest)
+#include "KeyboardLayoutTest.moc"

@@ -1,0 +1,77 @@
+#include "support/Compositors.h"
+
+#include <stdexcept>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "support/WaitUntil.h"
+
+namespace quorvi::test {
+
+namespace {
+
+constexpr uid_t nobody = 65534;
+
+bool accepts(const std::string& socketPath) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    socketPath.copy(address.sun_path, sizeof address.sun_path - 1);
+    const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool connected = connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(fd);
+    return connected;
+}
+
+} // namespace
+
+std::vector<std::string> Compositor::environment() const {
+    return {"XDG_RUNTIME_DIR=" + m_folder.path().native(), "WAYLAND_DISPLAY=" + m_socket};
+}
+
+void Compositor::start(const std::vector<std::string>& command, const std::vector<std::string>& environment) {
+    m_process = std::make_unique<ChildProcess>(command, environment);
+    if (!waitUntil([&] { return accepts(m_folder.path(m_socket)) || !m_process->isRunning(); }) ||
+        !m_process->isRunning())
+        throw std::runtime_error(command.back() + " does not start: " + m_process->readError());
+}
+
+Sway::Sway(const std::string& display) : Compositor("wayland-1") {
+    const std::string configuration = folder().write("config", "xwayland disable\n");
+    std::vector<std::string> command{"sway", "--config", configuration};
+    if (getuid() == 0) { // it refuses to work for root
+        const std::string id = std::to_string(nobody);
+        command.insert(command.begin(),
+            {"setpriv", "--reuid", id, "--regid", id, "--clear-groups", "--pdeathsig", "KILL", "--"});
+        if (chown(folder().path().c_str(), nobody, nobody) != 0)
+            throw std::runtime_error("the runtime folder cannot be given away");
+    }
+    start(command,
+        {"XDG_RUNTIME_DIR=" + folder().path().native(), "HOME=" + folder().path().native(),
+            "SWAYSOCK=" + folder().path("control"), "WLR_LIBINPUT_NO_DEVICES=1", "WLR_RENDERER=pixman",
+            "WLR_BACKENDS=" + std::string(display.empty() ? "headless" : "x11"), "DISPLAY=" + display});
+}
+
+bool Sway::command(const std::string& text) const {
+    return runProgram({"swaymsg", "--socket", folder().path("control"), "--quiet", text}).exitCode == 0;
+}
+
+bool Sway::setLayout(const std::string& layout, const std::string& variant) const {
+    return command("input type:keyboard xkb_variant \"\"") &&
+           command("input type:keyboard xkb_layout \"" + layout + "\"") &&
+           (variant.empty() || command("input type:keyboard xkb_variant \"" + variant + "\"")) &&
+           command("nop"); // before it takes in another command, it writes to all its clients
+}
+
+Weston::Weston(const std::string& display) : Compositor("weston") {
+    std::vector<std::string> command{"weston", "--no-config", "--socket=weston", "--idle-time=0",
+        "--log=" + folder().path("log"), "--width=320", "--height=240"};
+    if (display.empty())
+        command.emplace_back("--backend=headless-backend.so");
+    else
+        command.insert(command.end(), {"--backend=x11-backend.so", "--use-pixman"});
+    start(command, {"XDG_RUNTIME_DIR=" + folder().path().native(), "DISPLAY=" + display});
+}
+
+} // namespace quorvi::test

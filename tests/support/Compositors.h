@@ -1,0 +1,54 @@
+// Wayland compositors of a test's own, with a runtime folder of their own.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/ChildProcess.h"
+#include "support/TemporaryFolder.h"
+
+namespace quorvi::test {
+
+/// A compositor that runs until the test lets go of it.
+class Compositor {
+  public:
+    /// What a client needs in its environment to reach it, "NAME=value".
+    [[nodiscard]] std::vector<std::string> environment() const;
+    [[nodiscard]] std::string runtimeFolder() const { return m_folder.path(); }
+    [[nodiscard]] const std::string& socket() const { return m_socket; }
+    [[nodiscard]] ChildProcess& process() { return *m_process; }
+
+  protected:
+    explicit Compositor(std::string socket) : m_socket(std::move(socket)) {}
+    [[nodiscard]] const TemporaryFolder& folder() const { return m_folder; }
+    /// Starts it and waits until it can be connected to. Ends the test program when that does not happen.
+    void start(const std::vector<std::string>& command, const std::vector<std::string>& environment);
+
+  private:
+    TemporaryFolder m_folder;
+    std::string m_socket;
+    std::unique_ptr<ChildProcess> m_process;
+};
+
+/// Sway. In a window on an X display it has that window's keyboard; without a display it has none but what
+/// clients make.
+class Sway : public Compositor {
+  public:
+    explicit Sway(const std::string& display = "");
+
+    /// Runs a command; false when it fails.
+    [[nodiscard]] bool command(const std::string& text) const;
+    /// Sets the layouts and variants of the keyboard, separated by commas. When it returns, every client has
+    /// been sent the keymap.
+    [[nodiscard]] bool setLayout(const std::string& layout, const std::string& variant = "") const;
+};
+
+/// Weston. In a window on an X display it takes that display's layout when it starts; without a display it
+/// has no keyboard.
+class Weston : public Compositor {
+  public:
+    explicit Weston(const std::string& display = "");
+};
+
+} // namespace quorvi::test
