@@ -1,6 +1,9 @@
 #include "platform/KeyboardGrab.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
+
+#include <xcb/xcb.h>
 
 namespace quorvi {
 
@@ -11,7 +14,36 @@ bool canGrab() {
     return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
+/// A grab comes and goes with focus events of its own, which say where keys go and not where the focus is. Qt
+/// takes them for changes of the focus: a grab that is asked for just when the user turns to another window
+/// would make it believe that the focus had come back, and the keyboard would never be let go.
+class GrabFocusFilter : public QAbstractNativeEventFilter {
+  public:
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    using Result = qintptr;
+#else
+    using Result = long;
+#endif
+    GrabFocusFilter() {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, Result* /*result*/) override {
+        if (eventType != "xcb_generic_event_t")
+            return false;
+        constexpr int kSentEvent = 0x80;
+        const int type = static_cast<const xcb_generic_event_t*>(message)->response_type & ~kSentEvent;
+        if (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT)
+            return false;
+        // Both events have the same layout.
+        const auto mode = static_cast<const xcb_focus_in_event_t*>(message)->mode;
+        return mode == XCB_NOTIFY_MODE_GRAB || mode == XCB_NOTIFY_MODE_UNGRAB;
+    }
+};
+
 } // namespace
+
+KeyboardGrab::KeyboardGrab() = default;
 
 KeyboardGrab::~KeyboardGrab() {
     stop();
@@ -19,16 +51,20 @@ KeyboardGrab::~KeyboardGrab() {
 
 void KeyboardGrab::start(QWindow* window) {
     m_window = window; // a grab of our own needs no release before it goes from window to window
-    if (canGrab())
-        window->setKeyboardGrabEnabled(true);
-    else
+    if (!canGrab()) {
         m_inhibitor.start(window);
+        return;
+    }
+    if (!m_focusFilter)
+        m_focusFilter = std::make_unique<GrabFocusFilter>();
+    window->setKeyboardGrabEnabled(true);
 }
 
 void KeyboardGrab::stop() {
     m_inhibitor.stop();
     if (m_window && canGrab())
         m_window->setKeyboardGrabEnabled(false);
+    m_focusFilter.reset();
     m_window = nullptr;
 }
 

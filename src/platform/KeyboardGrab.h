@@ -6,14 +6,18 @@
 #include <QPointer>
 #include <QWindow>
 
+#include <memory>
+
+class QAbstractNativeEventFilter;
+
 namespace quorvi {
 
 /// Takes the keyboard for one window: under X11 by a grab, under Wayland by asking the compositor to hold
 /// back its shortcuts. Both end with this object and with the process; on other platforms there is nothing to
-/// take.
+/// take. The focus stays where it is, and an application that loses it is told so as ever.
 class KeyboardGrab {
   public:
-    KeyboardGrab() = default;
+    KeyboardGrab();
     ~KeyboardGrab();
     KeyboardGrab(const KeyboardGrab&) = delete;
     KeyboardGrab& operator=(const KeyboardGrab&) = delete;
@@ -28,6 +32,7 @@ class KeyboardGrab {
   private:
     QPointer<QWindow> m_window;
     ShortcutsInhibitor m_inhibitor;
+    std::unique_ptr<QAbstractNativeEventFilter> m_focusFilter; ///< while the keyboard is grabbed
 };
 
 } // namespace quorvi

@@ -1,10 +1,10 @@
 #include "platform/ShortcutsInhibitor.h"
 
 #include "platform/WaylandObjects.h"
+#include "platform/keyboard/WaylandConnection.h"
 
 #include <cstring>
 #include <keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h>
-#include <wayland-client.h>
 
 namespace quorvi {
 
@@ -20,7 +20,6 @@ struct Destroy {
 
 using Queue = std::unique_ptr<wl_event_queue, Destroy<wl_event_queue_destroy>>;
 using Wrapper = std::unique_ptr<wl_display, Destroy<wl_proxy_wrapper_destroy>>;
-using Registry = std::unique_ptr<wl_registry, Destroy<wl_registry_destroy>>;
 
 void announce(void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
     if (std::strcmp(interface, zwp_keyboard_shortcuts_inhibit_manager_v1_interface.name) == 0)
@@ -40,7 +39,7 @@ void* bindManager(wl_display* display) {
     if (!queue || !wrapper)
         return nullptr;
     wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper.get()), queue.get());
-    const Registry registry(wl_display_get_registry(wrapper.get()));
+    const WaylandRegistry registry(wl_display_get_registry(wrapper.get()));
     void* manager = nullptr;
     wl_registry_add_listener(registry.get(), &listener, &manager);
     wl_display_roundtrip_queue(display, queue.get());

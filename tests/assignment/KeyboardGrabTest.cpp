@@ -69,6 +69,22 @@ class KeyboardGrabTest : public QObject {
         QTRY_VERIFY(m_other->canTakeKeyboard());
     }
 
+    void aKeyThatComesWhileTheFocusLeavesDoesNotBringItBack() {
+        m_other->showWindow();
+        focusPane();
+        QVERIFY(m_other->takeKeyboard());
+        showPanel();
+        QTRY_COMPARE(QGuiApplication::focusWindow(), panel()->windowHandle());
+        m_other->giveKeyboardBack();
+        // The display has another window in front already, and this process has not heard of it.
+        m_other->activateWindow();
+        QVERIFY(panel()->isActiveWindow());
+        m_fixture->pane->updateKeyboardGrab();
+        QTRY_VERIFY(m_other->canTakeKeyboard());
+        QVERIFY(!panel()->isActiveWindow());
+        panel()->hide();
+    }
+
     void aHiddenPaneHoldsNothingAlthoughItsPanelIsShown() {
         showPanel();
         QTRY_VERIFY(!m_other->canTakeKeyboard());
