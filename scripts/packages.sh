@@ -3,14 +3,15 @@
 packages_build=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-private-dev
-    libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libwayland-dev libwayland-bin wayland-protocols
+    libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
     dbus dbus-daemon
 )
-packages_display=(xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core)
+packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
     desktop-file-utils libglib2.0-bin libxml2-utils locales procps python3-minimal strace xkb-data
+    sway weston wtype qt6-wayland
 )
-packages_qt5=(qtbase5-dev qtbase5-private-dev)
+packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
 packages_check=(clang-format clang-tidy)

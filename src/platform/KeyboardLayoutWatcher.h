@@ -11,9 +11,9 @@
 
 namespace quorvi {
 
-/// The layout of the display server that Qt works with: of the X11 server, of the Wayland compositor over Qt's
-/// own connection, since that one has the focus; on any other platform the configured layout. Never null. It
-/// must not outlive the application object.
+/// The layout of the display server that Qt works with: of the X11 server, of the Wayland compositor over
+/// Qt's own connection, since that one has the focus; on any other platform the configured layout. Never
+/// null. It must not outlive the application object.
 [[nodiscard]] std::unique_ptr<LiveKeyboardLayout> keyboardLayoutOfQtPlatform();
 
 /// Makes a live layout the current one for as long as it lives, and says when it changes. Nothing wakes up in

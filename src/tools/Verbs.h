@@ -30,8 +30,8 @@ using Arguments = std::vector<std::string>;
 
 // Keys. Numbers are decimal or hexadecimal behind 0x.
 
-/// CODE [MASK]: prints the name of a virtual key code (0 to 255) with the modifiers of the modifier word (0 to
-/// 0xFFFF), on the keyboard layout in use: of the display server, else as this machine is configured.
+/// CODE [MASK]: prints the name of a virtual key code (0 to 255) with the modifiers of the modifier word (0
+/// to 0xFFFF), on the keyboard layout in use: of the display server, else as this machine is configured.
 [[nodiscard]] Outcome keyName(const Arguments& arguments);
 /// USAGE: prints the virtual key code of a USB keyboard usage; 255 for none.
 [[nodiscard]] Outcome usbToAdb(const Arguments& arguments);

@@ -239,6 +239,19 @@ TEST_F(LiveWayland, theCompositorComesBeforeTheServerAndTheServerBeforeTheConfig
     }
 }
 
+TEST_F(LiveWayland, aCompositorByItsPathNeedsNoRuntimeFolder) {
+    const ConfiguredDvorak configured;
+    const VirtualDisplay display;
+    const Sway sway(display.name());
+    ASSERT_TRUE(sway.setLayout("fr"));
+    const EnvironmentVariable noDisplay("DISPLAY", std::nullopt);
+    const EnvironmentVariable noFolder("XDG_RUNTIME_DIR", std::nullopt);
+    const EnvironmentVariable path("WAYLAND_DISPLAY", sway.runtimeFolder() + "/" + sway.socket());
+    EXPECT_EQ(nameOfFirstLetter(*keyboardLayoutOfEnvironment()), u"a");
+    const EnvironmentVariable relative("WAYLAND_DISPLAY", sway.socket());
+    EXPECT_EQ(nameOfFirstLetter(*keyboardLayoutOfEnvironment()), firstLetterOfDvorak);
+}
+
 TEST_F(LiveWeston, aCompositorWithoutAKeyboardGivesWayToTheServer) {
     const VirtualDisplay display;
     ASSERT_TRUE(display.setLayout("fr"));

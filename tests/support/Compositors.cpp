@@ -39,18 +39,21 @@ void Compositor::start(const std::vector<std::string>& command, const std::vecto
 
 Sway::Sway(const std::string& display) : Compositor("wayland-1") {
     const std::string configuration = folder().write("config", "xwayland disable\n");
-    std::vector<std::string> command{"sway", "--config", configuration};
+    std::vector<std::string> program{"sway", "--config", configuration};
     if (getuid() == 0) { // it refuses to work for root
         const std::string id = std::to_string(nobody);
-        command.insert(command.begin(),
+        program.insert(program.begin(),
             {"setpriv", "--reuid", id, "--regid", id, "--clear-groups", "--pdeathsig", "KILL", "--"});
         if (chown(folder().path().c_str(), nobody, nobody) != 0)
             throw std::runtime_error("the runtime folder cannot be given away");
     }
-    start(command,
+    start(program,
         {"XDG_RUNTIME_DIR=" + folder().path().native(), "HOME=" + folder().path().native(),
             "SWAYSOCK=" + folder().path("control"), "WLR_LIBINPUT_NO_DEVICES=1", "WLR_RENDERER=pixman",
             "WLR_BACKENDS=" + std::string(display.empty() ? "headless" : "x11"), "DISPLAY=" + display});
+    // Clients can connect before it has its keyboard and takes in commands.
+    if (!waitUntil([this] { return command("nop"); }))
+        throw std::runtime_error("sway takes no commands: " + process().readError());
 }
 
 bool Sway::command(const std::string& text) const {
