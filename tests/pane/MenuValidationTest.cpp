@@ -10,6 +10,8 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MenuItems.h"
 
+Q_DECLARE_METATYPE(quorvi::plist::Dictionary)
+
 using namespace quorvi;
 using namespace quorvi::test;
 
