@@ -53,6 +53,29 @@ struct Desktop {
 class WaylandCaptureTest : public QObject {
     Q_OBJECT
 
+    [[nodiscard]] QDialog* panel() const { return m_fixture->find<QDialog>("quorviPanelSingleKey"); }
+    [[nodiscard]] QString shown() const { return m_fixture->find<QLineEdit>("quorviFieldSingleKey")->text(); }
+
+    [[nodiscard]] bool wasTaken() const {
+        return std::filesystem::exists(m_desktop->sway.runtimeFolder() + "/F2");
+    }
+    /// Presses F2 until the compositor carries its shortcut out: it learns of the end of a capture by another
+    /// way than of keys.
+    [[nodiscard]] bool compositorTakesF2() {
+        return QTest::qWaitFor(
+                   [this] {
+                       m_keyboard->downUnseen(kF2);
+                       m_keyboard->upUnseen(kF2);
+                       return wasTaken();
+                   },
+                   kWindowPatienceMs) &&
+               std::filesystem::remove(m_desktop->sway.runtimeFolder() + "/F2");
+    }
+
+    const Desktop* m_desktop;
+    std::unique_ptr<PaneFixture> m_fixture;
+    std::unique_ptr<Keyboard> m_keyboard;
+
   public:
     explicit WaylandCaptureTest(const Desktop* desktop) : m_desktop(desktop) {}
 
@@ -111,30 +134,6 @@ class WaylandCaptureTest : public QObject {
         QVERIFY(!wasTaken());
         QVERIFY(compositorTakesF2());
     }
-
-  private:
-    [[nodiscard]] QDialog* panel() const { return m_fixture->find<QDialog>("quorviPanelSingleKey"); }
-    [[nodiscard]] QString shown() const { return m_fixture->find<QLineEdit>("quorviFieldSingleKey")->text(); }
-
-    [[nodiscard]] bool wasTaken() const {
-        return std::filesystem::exists(m_desktop->sway.runtimeFolder() + "/F2");
-    }
-    /// Presses F2 until the compositor carries its shortcut out: it learns of the end of a capture by another
-    /// way than of keys.
-    [[nodiscard]] bool compositorTakesF2() {
-        return QTest::qWaitFor(
-                   [this] {
-                       m_keyboard->downUnseen(kF2);
-                       m_keyboard->upUnseen(kF2);
-                       return wasTaken();
-                   },
-                   kWindowPatienceMs) &&
-               std::filesystem::remove(m_desktop->sway.runtimeFolder() + "/F2");
-    }
-
-    const Desktop* m_desktop;
-    std::unique_ptr<PaneFixture> m_fixture;
-    std::unique_ptr<Keyboard> m_keyboard;
 };
 
 int main(int argc, char** argv) {
