@@ -79,14 +79,19 @@ void ShortcutsInhibitor::start(QWindow* window) {
     m_window = window;
     m_inhibitor.reset(
         zwp_keyboard_shortcuts_inhibit_manager_v1_inhibit_shortcuts(m_manager.get(), surface, seat));
+    wl_display_flush(waylandDisplay()); // the next key counts
 }
 
 void ShortcutsInhibitor::stop() {
     m_window = nullptr;
-    if (waylandDisplay())
+    if (!m_inhibitor)
+        return;
+    if (wl_display* const display = waylandDisplay()) {
         m_inhibitor.reset();
-    else
+        wl_display_flush(display);
+    } else {
         (void)m_inhibitor.release();
+    }
 }
 
 void ShortcutsInhibitor::bind() {

@@ -12,6 +12,27 @@ using namespace quorvi::test;
 class KeyboardGrabTest : public QObject {
     Q_OBJECT
 
+    [[nodiscard]] QDialog* panel() const { return m_fixture->find<QDialog>("quorviPanelSingleKey"); }
+
+    void showPanel() {
+        panel()->show();
+        panel()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(panel()));
+    }
+    void focusPane() {
+        m_fixture->window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_fixture->window.get()));
+    }
+    /// A round trip through the display and back, after which nothing is under way that was caused before it.
+    [[nodiscard]] bool nothingMoreHappens() {
+        const bool answered = xdotool({"getmouselocation"}).has_value();
+        QCoreApplication::processEvents();
+        return answered;
+    }
+
+    std::unique_ptr<PaneFixture> m_fixture;
+    std::unique_ptr<OtherProgram> m_other;
+
   private slots:
     void initTestCase() {
         if (!hasDisplay())
@@ -130,28 +151,6 @@ class KeyboardGrabTest : public QObject {
         QTRY_VERIFY(!m_other->canTakeKeyboard());
         m_fixture->pane->startStopRecording(false, false);
     }
-
-  private:
-    [[nodiscard]] QDialog* panel() const { return m_fixture->find<QDialog>("quorviPanelSingleKey"); }
-
-    void showPanel() {
-        panel()->show();
-        panel()->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(panel()));
-    }
-    void focusPane() {
-        m_fixture->window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_fixture->window.get()));
-    }
-    /// A round trip through the display and back, after which nothing is under way that was caused before it.
-    [[nodiscard]] bool nothingMoreHappens() {
-        const bool answered = xdotool({"getmouselocation"}).has_value();
-        QCoreApplication::processEvents();
-        return answered;
-    }
-
-    std::unique_ptr<PaneFixture> m_fixture;
-    std::unique_ptr<OtherProgram> m_other;
 };
 
 QUORVI_PANE_TEST_MAIN(KeyboardGrabTest)

@@ -23,6 +23,29 @@ constexpr char kSheet[] = "quorviPanelSingleKey";
 class SingleKeyCaptureTest : public QObject {
     Q_OBJECT
 
+    [[nodiscard]] QDialog* sheet() const { return m_window->find<QDialog>(kSheet); }
+    [[nodiscard]] QString shown() const { return m_window->find<QLineEdit>("quorviFieldSingleKey")->text(); }
+
+    /// Opens the sheet for button 2, does that in it, and closes it with the button.
+    void inSheet(std::function<void()> action, const char* closing = "quorviSingleKeyButtonCancel") {
+        bool closed = false;
+        whenSheetIsUp(&m_window->host(), kSheet, [&, action = std::move(action)](QDialog* dialog) {
+            action();
+            clickButton(outlet<QAbstractButton>(dialog, closing));
+            closed = true;
+        });
+        for (QAction* item : m_window->find("quorviMenuTop2")->findChildren<QAction*>())
+            if (item->property("tag") == kSingleKeyCommand)
+                item->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(closed && !sheet()->isVisible(), kWindowPatienceMs);
+        m_window->waitUntilActive();
+    }
+
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<OpenWindow> m_window;
+    std::unique_ptr<Keyboard> m_keyboard;
+    std::unique_ptr<OtherProgram> m_other;
+
   private slots:
     void initTestCase() {
         if (!hasDisplay())
@@ -261,30 +284,6 @@ class SingleKeyCaptureTest : public QObject {
         QCOMPARE(stored().integer("param1"), 0x3A);
         QCOMPARE(stored().integer("param2"), 0);
     }
-
-  private:
-    [[nodiscard]] QDialog* sheet() const { return m_window->find<QDialog>(kSheet); }
-    [[nodiscard]] QString shown() const { return m_window->find<QLineEdit>("quorviFieldSingleKey")->text(); }
-
-    /// Opens the sheet for button 2, does that in it, and closes it with the button.
-    void inSheet(std::function<void()> action, const char* closing = "quorviSingleKeyButtonCancel") {
-        bool closed = false;
-        whenSheetIsUp(&m_window->host(), kSheet, [&, action = std::move(action)](QDialog* dialog) {
-            action();
-            clickButton(outlet<QAbstractButton>(dialog, closing));
-            closed = true;
-        });
-        for (QAction* item : m_window->find("quorviMenuTop2")->findChildren<QAction*>())
-            if (item->property("tag") == kSingleKeyCommand)
-                item->trigger();
-        QTRY_VERIFY_WITH_TIMEOUT(closed && !sheet()->isVisible(), kWindowPatienceMs);
-        m_window->waitUntilActive();
-    }
-
-    std::unique_ptr<Session> m_session;
-    std::unique_ptr<OpenWindow> m_window;
-    std::unique_ptr<Keyboard> m_keyboard;
-    std::unique_ptr<OtherProgram> m_other;
 };
 
 QUORVI_SESSION_TEST_MAIN(SingleKeyCaptureTest)
