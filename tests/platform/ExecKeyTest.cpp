@@ -83,6 +83,7 @@ TEST(ExecProgramNameTest, LooksThroughEnv) {
     EXPECT_EQ(execProgramName("env -i A=B prog"), "prog");
     EXPECT_EQ(execProgramName("env -u NAME --chdir /srv -C / prog"), "prog");
     EXPECT_EQ(execProgramName("env --unset=NAME -- A=B prog"), "prog");
+    EXPECT_EQ(execProgramName("env --unset NAME -u OTHER -- -prog"), "-prog");
     EXPECT_EQ(execProgramName("env A=B env C=D prog"), "prog");
 }
 

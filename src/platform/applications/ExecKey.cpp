@@ -82,20 +82,16 @@ using Words = std::vector<std::string>;
 
 /// Where the command of an "env" begins: behind its options and its variables.
 Words::const_iterator envCommand(Words::const_iterator word, Words::const_iterator end) {
-    bool options = true;
+    bool options = true; // only in front of the variables
     for (; word != end; ++word) {
-        if (options && *word == "--") {
-            options = false;
-        } else if (options && word->starts_with('-')) {
-            const bool takesNext = std::find(kEnvOptionsWithValue.begin(), kEnvOptionsWithValue.end(),
-                                       *word) != kEnvOptionsWithValue.end();
-            if (takesNext && std::next(word) != end)
-                ++word;
-        } else if (word->find('=') == std::string::npos) {
+        const bool isOption = options && word->starts_with('-');
+        if (!isOption && word->find('=') == std::string::npos)
             break;
-        } else {
-            options = false;
-        }
+        options = isOption && *word != "--";
+        const bool takesNext = isOption && std::find(kEnvOptionsWithValue.begin(), kEnvOptionsWithValue.end(),
+                                               *word) != kEnvOptionsWithValue.end();
+        if (takesNext && std::next(word) != end)
+            ++word;
     }
     return word;
 }
