@@ -10,7 +10,8 @@ packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
-    desktop-file-utils libglib2.0-bin libxml2-utils locales procps python3-minimal strace xkb-data
+    desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
+    shared-mime-info strace xkb-data
     sway weston wtype qt6-wayland
 )
 packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)

@@ -19,9 +19,24 @@ std::string_view messagesLocale() {
     return {};
 }
 
+/// "@euro" of "de_DE.UTF-8@euro"
+std::string_view modifierOf(std::string_view locale) {
+    return locale.substr(std::min(locale.find('@'), locale.size()));
+}
+
 /// "de_DE.UTF-8@euro" → "de_DE"
-std::string_view withoutCodeset(std::string_view locale) {
+std::string_view withoutCodesetAndModifier(std::string_view locale) {
     return locale.substr(0, locale.find_first_of(".@"));
+}
+
+/// "de_DE.UTF-8@euro" → "de_DE@euro"
+std::string withoutCodeset(std::string_view locale) {
+    return std::string(withoutCodesetAndModifier(locale)).append(modifierOf(locale));
+}
+
+void addOnce(std::vector<std::string>& list, std::string name) {
+    if (std::find(list.begin(), list.end(), name) == list.end())
+        list.push_back(std::move(name));
 }
 
 bool isUntranslated(std::string_view language) {
@@ -39,25 +54,33 @@ bool isName(std::string_view language) {
 
 } // namespace
 
-std::vector<std::string> preferredLanguages() {
-    const auto locale = withoutCodeset(messagesLocale());
-    if (isUntranslated(locale))
+std::vector<std::string> preferredLocales() {
+    const auto own = withoutCodeset(messagesLocale());
+    if (isUntranslated(withoutCodesetAndModifier(own)))
         return {};
     std::string list(environment("LANGUAGE"));
-    list.append(":").append(locale);
+    list.append(":").append(own);
 
-    std::vector<std::string> languages;
+    std::vector<std::string> locales;
     for (std::string_view rest = list; !rest.empty();) {
         const auto end = std::min(rest.find(':'), rest.size());
-        const auto language = withoutCodeset(rest.substr(0, end));
+        auto locale = withoutCodeset(rest.substr(0, end));
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (isUntranslated(language) || !isName(language) ||
-            std::find(languages.begin(), languages.end(), language) != languages.end())
+        const auto language = withoutCodesetAndModifier(locale);
+        if (isUntranslated(language) || !isName(locale))
             continue;
-        languages.emplace_back(language);
-        if (isEnglish(language))
+        const bool isLast = isEnglish(language);
+        addOnce(locales, std::move(locale));
+        if (isLast)
             break;
     }
+    return locales;
+}
+
+std::vector<std::string> preferredLanguages() {
+    std::vector<std::string> languages;
+    for (const auto& locale : preferredLocales())
+        addOnce(languages, std::string(withoutCodesetAndModifier(locale)));
     return languages;
 }
 
@@ -70,6 +93,17 @@ std::vector<std::string> localizationNames(std::string_view language) {
     std::replace(other.begin(), other.end(), language[separator], language[separator] == '_' ? '-' : '_');
     names.push_back(std::move(other));
     names.emplace_back(language.substr(0, separator));
+    return names;
+}
+
+std::vector<std::string> desktopEntryLocales(std::string_view locale) {
+    const auto territory = withoutCodesetAndModifier(locale);
+    const auto language = territory.substr(0, territory.find('_'));
+    const auto modifier = modifierOf(locale);
+    std::vector<std::string> names;
+    for (const auto name : {territory, language})
+        for (const auto mark : {modifier, std::string_view()})
+            addOnce(names, std::string(name).append(mark));
     return names;
 }
 

@@ -14,8 +14,16 @@ namespace quorvi {
 /// needed. Empty for the "C" and "POSIX" locales.
 [[nodiscard]] std::vector<std::string> preferredLanguages();
 
+/// The same with their modifiers, as in "sr_RS@latin": the names by which desktop entries tell languages
+/// apart.
+[[nodiscard]] std::vector<std::string> preferredLocales();
+
 /// The names of the "*.lproj" folders that serve a locale name, without the extension, the best one first:
 /// "pt_BR" gives "pt_BR", "pt-BR", "pt".
 [[nodiscard]] std::vector<std::string> localizationNames(std::string_view language);
+
+/// The marks of a desktop entry's texts that serve a locale name, the best one first: "sr_RS@latin" gives
+/// "sr_RS@latin", "sr_RS", "sr@latin", "sr" (freedesktop.org, Desktop Entry, "Localized values for keys").
+[[nodiscard]] std::vector<std::string> desktopEntryLocales(std::string_view locale);
 
 } // namespace quorvi

@@ -53,6 +53,7 @@ int ModalSessions::run(QDialog* panel) {
     m_sessions.push_back({panel, &loop});
     // Escape and the window manager's close button answer as the cancel button does.
     const auto cancel = QObject::connect(panel, &QDialog::rejected, &loop, [this] { stop(0); });
+    const auto accept = QObject::connect(panel, &QDialog::accepted, &loop, [this] { stop(1); });
     const SheetPlacement placement(panel, panel->parentWidget()->window());
     panel->show();
     panel->raise();
@@ -61,6 +62,7 @@ int ModalSessions::run(QDialog* panel) {
     if (!guard)
         return 0; // The pane went away underneath, and this object with it.
     QObject::disconnect(cancel);
+    QObject::disconnect(accept);
     panel->hide();
     panel->setParent(parent, kSheetFlags);
     m_sessions.pop_back();

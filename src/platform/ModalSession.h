@@ -20,7 +20,8 @@ class ModalSessions {
     ~ModalSessions();
 
     /// Shows the panel as a sheet of its parent's window (of the sheet in front, when there is one) and
-    /// returns the code that ended it. A panel that already runs is not run twice: the answer is 0 at once.
+    /// returns the code that ended it: that of stop(), or 1 and 0 when the panel accepts or rejects itself. A
+    /// panel that already runs is not run twice: the answer is 0 at once.
     int run(QDialog* panel);
     /// Ends the innermost session with the code; does nothing when none runs.
     void stop(int code);

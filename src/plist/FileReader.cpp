@@ -1,72 +1,15 @@
 #include "plist/Reader.h"
 
-#include <cerrno>
-#include <optional>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "plist/Limits.h"
+#include "plist/RegularFile.h"
 
 namespace quorvi::plist {
 
-namespace {
-
-class File {
-  public:
-    // Without O_NONBLOCK opening a FIFO waits for a writer, before there is anything to look at.
-    explicit File(const char* path)
-        : m_descriptor(open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {}
-    ~File() {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-
-    /// The size of the regular file; nothing when it is none.
-    std::optional<std::uint64_t> size() const {
-        struct stat status {};
-        if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-            return std::nullopt;
-        return static_cast<std::uint64_t>(status.st_size);
-    }
-
-    /// Fills the bytes from here on and says how many there were; nothing when reading fails.
-    std::optional<std::size_t> read(std::span<std::uint8_t> bytes) const {
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count = ::read(m_descriptor, bytes.data() + done, bytes.size() - done);
-            if (count < 0 && errno == EINTR)
-                continue;
-            if (count < 0)
-                return std::nullopt;
-            if (count == 0)
-                break;
-            done += static_cast<std::size_t>(count);
-        }
-        return done;
-    }
-
-  private:
-    int m_descriptor;
-};
-
-} // namespace
-
 FileContents readPropertyListFile(const std::filesystem::path& path) {
-    const File file(path.c_str());
-    const auto size = file.size();
-    if (!size)
-        return {FileStatus::NotReadable, {}};
-    if (*size > kMaxBytes)
-        return {FileStatus::TooLarge, {}};
-    Data bytes(*size);
-    const auto count = file.read(bytes);
-    if (!count)
-        return {FileStatus::NotReadable, {}};
-    Value value = readPropertyList(std::span(bytes).first(*count));
+    Data bytes;
+    if (const auto status = readRegularFile(path, kMaxBytes, bytes); status != FileStatus::Ok)
+        return {status, {}};
+    Value value = readPropertyList(bytes);
     const auto status = value.isNothing() ? FileStatus::NotPropertyList : FileStatus::Ok;
     return {status, std::move(value)};
 }

@@ -59,42 +59,11 @@ TEST(DesktopEntryTest, ASwitchedOffEntryIsHidden) {
         "X-KyvarQuorvi-Hide=false\n");
 }
 
-TEST(DesktopEntryTest, TheProgramIsQuoted) {
-    EXPECT_EQ(execLine("/a b"), "\"/a b\"");
-    EXPECT_EQ(execLine("/a\"b"), "\"/a\\\"b\"");
-    EXPECT_EQ(execLine("/a`b"), "\"/a\\`b\"");
-    EXPECT_EQ(execLine("/a$b"), "\"/a\\$b\"");
-    EXPECT_EQ(execLine("/a\\b"), "\"/a\\\\b\"");
-}
-
-TEST(DesktopEntryTest, WhatAProgramsPathMustNotHoldIsGivenAsAnArgument) {
-    EXPECT_EQ(execLine("/100%/x"), "nice -n 0 \"/100%%/x\"");
-    EXPECT_EQ(execLine("/a=b"), "nice -n 0 \"/a=b\"");
-}
-
 TEST(DesktopEntryTest, ALiteralBackslashTakesFourInTheFile) {
     const auto text = desktopEntryText({"/a\\b", false, false}, "/a\\b$c");
     ASSERT_TRUE(text);
     EXPECT_NE(text->find("\nExec=\"/a\\\\\\\\b\\\\$c\"\n"), std::string::npos);
     EXPECT_NE(text->find("\nX-KyvarQuorvi-Path=/a\\\\b\n"), std::string::npos);
-}
-
-TEST(DesktopEntryTest, ValuesAreEscapedBothWays) {
-    const std::vector<std::pair<std::string, std::string>> values = {
-        {"plain", "plain"},
-        {"a b", "a b"},
-        {"  a b ", "\\s\\sa b\\s"},
-        {"   ", "\\s\\s\\s"},
-        {"a\\sb", "a\\\\sb"},
-        {"a\nb\tc\rd", "a\\nb\\tc\\rd"},
-        {"", ""},
-    };
-    for (const auto& [plain, escaped] : values) {
-        EXPECT_EQ(escapedValue(plain), escaped);
-        EXPECT_EQ(unescapedValue(escaped), plain);
-    }
-    EXPECT_EQ(unescapedValue("a\\qb"), "a\\qb");
-    EXPECT_EQ(unescapedValue("a\\"), "a\\");
 }
 
 TEST(DesktopEntryTest, WhatNoEntryCanSayGivesNoText) {

@@ -57,4 +57,30 @@ TEST(LocalizationNamesTest, BothSpellingsThenTheLanguageAlone) {
     EXPECT_EQ(localizationNames("de"), Names{"de"});
 }
 
+TEST(PreferredLocalesTest, ModifiersAreKept) {
+    const EnvironmentVariable v1("LANGUAGE", "sr_RS.UTF-8@latin:sr@latin:sr_RS.UTF-8@latin:de");
+    const EnvironmentVariable v2("LC_ALL", "ca_ES.UTF-8@valencia");
+    EXPECT_EQ(preferredLocales(), (Names{"sr_RS@latin", "sr@latin", "de", "ca_ES@valencia"}));
+    EXPECT_EQ(preferredLanguages(), (Names{"sr_RS", "sr", "de", "ca_ES"}));
+}
+
+TEST(PreferredLocalesTest, NothingComesAfterEnglish) {
+    const EnvironmentVariable v1("LANGUAGE", "fr:en_GB@oed:de");
+    const EnvironmentVariable v2("LC_ALL", "it_IT");
+    EXPECT_EQ(preferredLocales(), (Names{"fr", "en_GB@oed"}));
+}
+
+TEST(PreferredLocalesTest, APlainLocaleHasNone) {
+    const EnvironmentVariable v1("LANGUAGE", "de");
+    const EnvironmentVariable v2("LC_ALL", "C.UTF-8");
+    EXPECT_EQ(preferredLocales(), Names{});
+}
+
+TEST(DesktopEntryLocalesTest, TheMoreExactNameComesFirst) {
+    EXPECT_EQ(desktopEntryLocales("sr_RS@latin"), (Names{"sr_RS@latin", "sr_RS", "sr@latin", "sr"}));
+    EXPECT_EQ(desktopEntryLocales("pt_BR"), (Names{"pt_BR", "pt"}));
+    EXPECT_EQ(desktopEntryLocales("ca@valencia"), (Names{"ca@valencia", "ca"}));
+    EXPECT_EQ(desktopEntryLocales("de"), Names{"de"});
+}
+
 } // namespace quorvi::test

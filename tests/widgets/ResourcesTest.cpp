@@ -1,5 +1,7 @@
 #include "assignment/Commands.h"
 #include "platform/InterfaceText.h"
+#include "platform/applications/ApplicationPanel.h"
+#include "platform/applications/OtherApplicationDialog.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/TableColumns.h"
 #include "resources/Interface.h"
@@ -41,6 +43,8 @@ class ResourcesTest : public QObject {
         });
         QWidget view;
         Interface interface(view);
+        const ApplicationPanel applicationPanel;
+        const OtherApplicationDialog otherApplication;
         for (int tag = 1; tag <= 4; ++tag) {
             for (const TableColumn& column : tableColumns(tag))
                 asked << column.title;
@@ -56,7 +60,8 @@ class ResourcesTest : public QObject {
                  "Untitled Macro", "Profile:", "Macro:", "Press", "Release", "Press button", "Release button",
                  "Are you sure you want to restore all settings to default?",
                  "Delete profile: ^1\r\rAre you sure you want to delete this profile?",
-                 "Delete macro: ^1\r\rAre you sure you want to delete this macro?", "(none)", "???", "F"})
+                 "Delete macro: ^1\r\rAre you sure you want to delete this macro?", "(none)", "???", "F",
+                 "No installed applications were found.", "No application matches the search."})
             QVERIFY2(strings.contains(text), text);
         QVERIFY(!strings.value("Delete macro: ^1\r\rAre you sure you want to delete this macro?")
                      .toString()

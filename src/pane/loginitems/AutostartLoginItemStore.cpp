@@ -7,6 +7,7 @@
 
 #include "model/AtomicFile.h"
 #include "pane/loginitems/Files.h"
+#include "platform/applications/DesktopEntryKeys.h"
 
 namespace quorvi {
 
@@ -75,10 +76,7 @@ Status AutostartLoginItemStore::read(LoginItemAccess access, LoginItems& items) 
     std::vector<Element> elements;
     LoginItems list;
     for (const auto& name : names) {
-        std::string text;
-        if (readWholeFile(pathOf(name), text) != noErr)
-            continue;
-        if (const auto entry = parseDesktopEntry(text)) {
+        if (const auto entry = parseDesktopEntry(desktopEntryFileText(pathOf(name)))) {
             list.push_back({entry->applicationPath, entry->hide, elements.size(), false});
             elements.push_back({name, *entry});
         }

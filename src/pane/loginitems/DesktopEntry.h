@@ -28,14 +28,4 @@ struct DesktopEntry {
 /// ".app". "/" has the name "/".
 [[nodiscard]] std::string displayName(std::string_view applicationPath);
 
-/// The Exec value, before the general escapes, that runs the program at `path`, with no argument: quoted, so
-/// that no shell or field-code character in it means anything.
-[[nodiscard]] std::string execLine(std::string_view path);
-
-/// The general escapes of a value: backslash, newline, tab, carriage return, and the blanks at its
-/// two ends, which readers cut off.
-[[nodiscard]] std::string escapedValue(std::string_view value);
-/// The other way. An unknown escape is kept as it stands.
-[[nodiscard]] std::string unescapedValue(std::string_view value);
-
 } // namespace quorvi

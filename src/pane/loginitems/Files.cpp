@@ -5,8 +5,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace quorvi {
 
@@ -44,18 +42,6 @@ Status ensureFile(const std::string& path, FileCalls& calls) {
     if (file < 0)
         return statusOfErrno(errno);
     return calls.close(file) == 0 ? noErr : statusOfErrno(errno);
-}
-
-Status readWholeFile(const std::string& path, std::string& content) {
-    std::error_code error;
-    if (!fs::is_regular_file(path, error)) // a FIFO would never end
-        return resNotFound;
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (!file)
-        return resNotFound;
-    content = std::move(bytes);
-    return noErr;
 }
 
 Status makeFolder(const std::string& path) {

@@ -15,10 +15,6 @@ namespace quorvi {
 /// cannot be reached, else the status of the failed call.
 [[nodiscard]] Status ensureFile(const std::string& path, FileCalls& calls);
 
-/// The whole content of a regular file; resNotFound when it cannot be read or is something else. `content`
-/// is set on noErr only.
-[[nodiscard]] Status readWholeFile(const std::string& path, std::string& content);
-
 /// Creates the folder and those above it for their owner alone, as the XDG base directories ask for. An
 /// existing folder is left as it is.
 [[nodiscard]] Status makeFolder(const std::string& path);

@@ -1,0 +1,107 @@
+#include "platform/applications/InstalledApplications.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QSet>
+#include <QStandardPaths>
+#include <QStringList>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "platform/Languages.h"
+#include "platform/applications/ApplicationInformation.h"
+#include "platform/applications/DesktopEntryKeys.h"
+
+namespace quorvi {
+
+namespace {
+
+QString textOf(const std::optional<std::string>& value) {
+    return value ? QString::fromStdString(*value) : QString();
+}
+
+/// What is the same for every entry of one reading.
+struct Surroundings {
+    std::vector<std::string> locales = preferredLocales();
+    QStringList desktops =
+        qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+};
+
+/// The first of the desktop's names that either list has decides (freedesktop.org, Desktop Entry,
+/// "Recognized desktop entry keys").
+bool isForDesktop(const DesktopEntryKeys& keys, const QStringList& desktops) {
+    const auto onlyShowIn = keys.list("OnlyShowIn");
+    const auto notShowIn = keys.list("NotShowIn");
+    const auto has = [](const std::vector<std::string>& list, const std::string& name) {
+        return std::find(list.begin(), list.end(), name) != list.end();
+    };
+    for (const QString& desktop : desktops) {
+        const std::string name = desktop.toStdString();
+        if (has(onlyShowIn, name))
+            return true;
+        if (has(notShowIn, name))
+            return false;
+    }
+    return onlyShowIn.empty();
+}
+
+bool isThere(const QString& program) {
+    return program.isEmpty() || !QStandardPaths::findExecutable(program).isEmpty();
+}
+
+bool isShown(const DesktopEntryKeys& keys, const Surroundings& surroundings) {
+    return keys.value("Type") == "Application" && !keys.boolean("Hidden") && !keys.boolean("NoDisplay") &&
+           isForDesktop(keys, surroundings.desktops) && isThere(textOf(keys.value("TryExec")));
+}
+
+/// The application of an entry, unless it is not to be shown.
+std::optional<InstalledApplication> readApplication(
+    const QString& path, const QString& id, const Surroundings& surroundings) {
+    const std::string text = desktopEntryFileText(QFile::encodeName(path).toStdString());
+    const DesktopEntryKeys keys(text);
+    const auto information = applicationInformation(keys, id);
+    if (!information || !isShown(keys, surroundings))
+        return std::nullopt;
+    const QString untranslated = QString::fromStdU16String(information->name).simplified();
+    QString name = textOf(keys.localizedValue("Name", surroundings.locales)).simplified();
+    if (name.isEmpty())
+        name = untranslated;
+    const QStringList searchTexts{name, untranslated, QString::fromStdU16String(information->executable)};
+    return InstalledApplication{id, name, searchTexts.join(QLatin1Char('\n')),
+        textOf(keys.localizedValue("Icon", surroundings.locales)), path};
+}
+
+/// The paths of a folder's entries, those of its subfolders included, in the order of their names.
+QStringList entriesIn(const QString& folder) {
+    QStringList paths;
+    for (QDirIterator entry(folder, {QStringLiteral("*.desktop")}, QDir::Files | QDir::Hidden | QDir::System,
+             QDirIterator::Subdirectories);
+         entry.hasNext();)
+        paths.append(entry.next());
+    paths.sort();
+    return paths;
+}
+
+} // namespace
+
+std::vector<InstalledApplication> installedApplications() {
+    const Surroundings surroundings;
+    const QStringList folders = applicationFolders();
+    std::vector<InstalledApplication> applications;
+    QSet<QString> ids;
+    for (const QString& folder : folders) {
+        for (const QString& path : entriesIn(folder)) {
+            const QString id = desktopFileId(path, folders);
+            if (ids.contains(id))
+                continue;
+            ids.insert(id);
+            if (auto application = readApplication(path, id, surroundings))
+                applications.push_back(std::move(*application));
+        }
+    }
+    return applications;
+}
+
+} // namespace quorvi

@@ -1,0 +1,23 @@
+// The file panel for an application that is not among the installed ones.
+#pragma once
+
+#include <QFileDialog>
+
+namespace quorvi {
+
+/// Chooses one file, or one application bundle: a folder "*.app", which is opened like a file instead of
+/// being entered. This is Qt's own panel, because those of the desktops choose either files or folders. The
+/// choice comes by fileSelected().
+class OtherApplicationDialog : public QFileDialog {
+    Q_OBJECT
+
+  public:
+    explicit OtherApplicationDialog(QWidget* parent = nullptr);
+
+    void accept() override;
+
+  private:
+    void enter(const QString& folder);
+};
+
+} // namespace quorvi
