@@ -2,7 +2,7 @@
 
 #include <QScopedValueRollback>
 
-#include "editors/NamingRule.h"
+#include "model/NamingRule.h"
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "model/Keys.h"

@@ -1,5 +1,6 @@
 #include "tools/Input.h"
 
+#include <charconv>
 #include <fstream>
 
 #include "model/Keys.h"
@@ -10,19 +11,6 @@ namespace quorvi::tools {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Why the file cannot be read at all; empty when it is a regular file. A FIFO or a device might never end.
-std::string faultOfKind(const fs::path& path) {
-    std::error_code error;
-    const auto status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found)
-        return "there is no such file";
-    if (error)
-        return error.message();
-    if (status.type() == fs::file_type::directory)
-        return "it is a directory";
-    return status.type() == fs::file_type::regular ? "" : "it is not a regular file";
-}
 
 std::string faultOfContents(const fs::path& path, plist::FileStatus status) {
     std::error_code error;
@@ -41,16 +29,43 @@ std::string faultOfContents(const fs::path& path, plist::FileStatus status) {
 
 } // namespace
 
-std::string faultOf(const fs::path& path, std::string_view reason) {
-    std::string text = path.string();
+std::string oneLine(std::string text) {
     for (char& c : text)
         if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
             c = '?';
-    return (text.empty() ? "\"\"" : text).append(": ").append(reason);
+    return text;
+}
+
+std::optional<std::uint32_t> numberIn(std::string_view text) {
+    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
+    text.remove_prefix(hexadecimal ? 2 : 0);
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, hexadecimal ? 16 : 10);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    return number;
+}
+
+std::string faultOf(const fs::path& path, std::string_view reason) {
+    std::string text = oneLine(path.string());
+    return (text.empty() ? std::string("\"\"") : text).append(": ").append(reason);
+}
+
+std::string faultOfFile(const fs::path& path) {
+    std::error_code error;
+    const auto status = fs::status(path, error);
+    if (status.type() == fs::file_type::not_found)
+        return "there is no such file";
+    if (error)
+        return error.message();
+    if (status.type() == fs::file_type::directory)
+        return "it is a directory";
+    return status.type() == fs::file_type::regular ? "" : "it is not a regular file";
 }
 
 Input<plist::Dictionary> readSettings(const fs::path& path) {
-    if (const auto fault = faultOfKind(path); !fault.empty())
+    if (const auto fault = faultOfFile(path); !fault.empty())
         return {{}, faultOf(path, fault)};
     const auto contents = plist::readPropertyListFile(path);
     if (const auto fault = faultOfContents(path, contents.status); !fault.empty())
@@ -65,7 +80,7 @@ Input<plist::Dictionary> readSettings(const fs::path& path) {
 }
 
 Input<std::vector<std::uint8_t>> readBytes(const fs::path& path, std::size_t size) {
-    if (const auto fault = faultOfKind(path); !fault.empty())
+    if (const auto fault = faultOfFile(path); !fault.empty())
         return {{}, faultOf(path, fault)};
     std::error_code error;
     const auto actual = fs::file_size(path, error);

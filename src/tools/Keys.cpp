@@ -1,4 +1,3 @@
-#include <charconv>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -7,6 +6,7 @@
 #include "keyboard/KeyNames.h"
 #include "platform/keyboard/LiveKeyboardLayout.h"
 #include "plist/Unicode.h"
+#include "tools/Input.h"
 #include "tools/Verbs.h"
 
 namespace quorvi::tools {
@@ -15,18 +15,6 @@ namespace {
 
 constexpr std::uint32_t kHighestKeyCode = 0xFF;
 constexpr std::uint32_t kHighestMask = 0xFFFF;
-
-/// A whole number of 32 bits, decimal or hexadecimal behind 0x.
-std::optional<std::uint32_t> numberIn(std::string_view text) {
-    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
-    text.remove_prefix(hexadecimal ? 2 : 0);
-    std::uint32_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, hexadecimal ? 16 : 10);
-    if (error != std::errc() || stop != end)
-        return std::nullopt;
-    return number;
-}
 
 Outcome noNumber(const std::string& argument) {
     return misused(argument + " is no number of 32 bits, decimal or 0x");

@@ -22,6 +22,18 @@ using Arguments = std::vector<std::string>;
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
+// Profiles and macros, by the rules of the panel's own lists. A panel that is open does not see the change
+// before the mouse is plugged in again.
+
+/// SETTINGS.plist: prints number, name and application of each profile, the current one marked.
+[[nodiscard]] Outcome profiles(const Arguments& arguments);
+/// SETTINGS.plist: prints identifier, number of steps and name of each macro.
+[[nodiscard]] Outcome macros(const Arguments& arguments);
+/// SETTINGS.plist FILE: adds the profile or macro in the file and prints the name that it got.
+[[nodiscard]] Outcome importItem(const Arguments& arguments);
+/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file.
+[[nodiscard]] Outcome exportItem(const Arguments& arguments);
+
 // The table of functions.
 
 /// Prints the functions that inputs of the mouse can have, one a line: code, inputs, group and title, with a

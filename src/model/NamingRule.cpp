@@ -1,4 +1,4 @@
-#include "editors/NamingRule.h"
+#include "model/NamingRule.h"
 
 #include <algorithm>
 

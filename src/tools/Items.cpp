@@ -1,0 +1,135 @@
+#include <cstdio>
+
+#include "model/ConfigFileStore.h"
+#include "model/ItemFile.h"
+#include "model/Keys.h"
+#include "model/Limits.h"
+#include "model/Lookups.h"
+#include "plist/Unicode.h"
+#include "tools/Input.h"
+#include "tools/Verbs.h"
+
+namespace quorvi::tools {
+
+namespace {
+
+std::string text(const plist::Dictionary& item, std::string_view key) {
+    return oneLine(plist::toUtf8(item.string(key)));
+}
+
+/// What sets a profile apart from a macro here.
+struct Kind {
+    const char* name;
+    std::string_view list; ///< the key of the tree's array
+    int most;
+    const char16_t* defaultName;
+    plist::Dictionary (*read)(const std::filesystem::path&);
+    const char* needs;
+};
+
+const Kind kProfile{"profile", keys::profiles, limits::profiles, u"Untitled Profile", readProfileFile,
+    "\"ledstate\", \"defaultstage\", \"stages\" and \"buttons\""};
+const Kind kMacro{
+    "macro", keys::macros, limits::macros, u"Untitled Macro", readMacroFile, "\"name\" and \"steps\""};
+
+struct FoundItem {
+    const Kind* kind = nullptr; ///< null when the file holds neither
+    plist::Dictionary item;
+};
+
+/// A file says by its content what it is. Nothing is a profile and a macro at once unless someone made it so,
+/// and then it is a profile.
+FoundItem itemIn(const std::filesystem::path& file) {
+    for (const Kind* kind : {&kProfile, &kMacro})
+        if (const plist::Dictionary item = kind->read(file))
+            return {kind, item};
+    return {};
+}
+
+Outcome add(const FoundItem& found, const plist::Dictionary& tree, const std::string& settings) {
+    const Kind& kind = *found.kind;
+    const plist::Array list = tree.array(kind.list);
+    if (!list)
+        return refused(faultOf(settings, "it holds no array \"" + std::string(kind.list) + "\""));
+    if (static_cast<int>(list.size()) >= kind.most)
+        return refused(faultOf(settings, "it holds " + std::to_string(list.size()) + " of at most " +
+                                             std::to_string(kind.most) + " " + std::string(kind.list)));
+    appendItem(list, found.item, kind.defaultName);
+    if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
+        return refused(faultOf(settings, "it cannot be written"));
+    std::printf("%s\n", text(found.item, keys::name).c_str());
+    return done();
+}
+
+/// The profile with the number, or the first macro with the identifier; nil when there is none.
+plist::Dictionary itemOf(const Kind& kind, const plist::Dictionary& tree, std::uint32_t number) {
+    const plist::Array list = tree.array(kind.list);
+    if (&kind == &kProfile)
+        return number >= 1 ? list.dictionary(number - 1) : plist::Dictionary();
+    const int index = KyvarFindMacroInArray(static_cast<std::int32_t>(number), nullptr, list);
+    return index >= 0 ? list.dictionary(static_cast<std::size_t>(index)) : plist::Dictionary();
+}
+
+} // namespace
+
+Outcome profiles(const Arguments& arguments) {
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    const plist::Array list = settings.value.array(keys::profiles);
+    const std::int32_t current = settings.value.dictionary(keys::settings).integer(keys::profileId);
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        const plist::Dictionary profile = list.dictionary(index);
+        const auto number = static_cast<std::int32_t>(index) + 1;
+        std::printf("%d%s\t%s\t%s\n", number, number == current ? "*" : "", text(profile, keys::name).c_str(),
+            text(profile.dictionary(keys::driver), keys::application).c_str());
+    }
+    return done();
+}
+
+Outcome macros(const Arguments& arguments) {
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    const plist::Array list = settings.value.array(keys::macros);
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        const plist::Dictionary macro = list.dictionary(index);
+        std::printf("%d\t%zu\t%s\n", macro.integer(keys::macroId), macro.array(keys::steps).size(),
+            text(macro, keys::name).c_str());
+    }
+    return done();
+}
+
+Outcome importItem(const Arguments& arguments) {
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    if (const std::string fault = faultOfFile(arguments[1]); !fault.empty())
+        return refused(faultOf(arguments[1], fault));
+    const FoundItem found = itemIn(arguments[1]);
+    if (!found.kind)
+        return refused(
+            faultOf(arguments[1], std::string("it is neither a profile, which needs ") + kProfile.needs +
+                                      ", nor a macro, which needs " + kMacro.needs));
+    return add(found, settings.value, arguments[0]);
+}
+
+Outcome exportItem(const Arguments& arguments) {
+    const bool isProfile = arguments[1] == kProfile.name;
+    if (!isProfile && arguments[1] != kMacro.name)
+        return misused("export takes SETTINGS.plist profile|macro NUMBER FILE");
+    const auto number = numberIn(arguments[2]);
+    if (!number)
+        return misused(arguments[2] + " is no number of 32 bits, decimal or 0x");
+    const auto settings = readSettings(arguments[0]);
+    if (!settings.isGood())
+        return refused(settings.fault);
+    const plist::Dictionary item = itemOf(isProfile ? kProfile : kMacro, settings.value, *number);
+    if (!item)
+        return refused(faultOf(arguments[0], "it holds no " + arguments[1] + " " + std::to_string(*number)));
+    if (!writeItemFile(item, arguments[3]))
+        return refused(faultOf(arguments[3], "it cannot be written"));
+    return done();
+}
+
+} // namespace quorvi::tools

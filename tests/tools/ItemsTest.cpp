@@ -1,0 +1,126 @@
+// Profiles and macros on the command line.
+
+#include "plist/Reader.h"
+#include "tools/ToolFixture.h"
+
+namespace quorvi::test {
+namespace {
+
+std::string profileXml(const std::string& name, const std::string& application = "") {
+    return "<dict><key>name</key><string>" + name +
+           "</string><key>ledstate</key><integer>3</integer><key>defaultstage</key><integer>1</integer>"
+           "<key>stages</key><array/><key>buttons</key><dict/><key>driver</key><dict><key>application</key>"
+           "<string>" +
+           application + "</string></dict></dict>";
+}
+
+std::string macroXml(int id, const std::string& name) {
+    return "<dict><key>macroid</key><integer>" + std::to_string(id) + "</integer><key>name</key><string>" +
+           name + "</string><key>steps</key><array><dict/><dict/></array></dict>";
+}
+
+std::string plistXml(const std::string& content) {
+    return "<plist version=\"1.0\">" + content + "</plist>";
+}
+
+class Items : public testing::Test {
+  protected:
+    Items() { writeSettings({profileXml("Desk"), profileXml("Spiel", "Bild")}, {macroXml(7, "Jump")}); }
+
+    void writeSettings(const std::vector<std::string>& profiles, const std::vector<std::string>& macros) {
+        std::string text = "<dict><key>other</key><integer>5</integer><key>quorvi</key><dict>"
+                           "<key>settings</key><dict><key>profileid</key><integer>2</integer></dict>"
+                           "<key>profiles</key><array>";
+        for (const auto& profile : profiles)
+            text += profile;
+        text += "</array><key>macros</key><array>";
+        for (const auto& macro : macros)
+            text += macro;
+        writeFile(settings, plistXml(text + "</array></dict></dict>"));
+    }
+    std::string fileWith(const std::string& content) {
+        writeFile(file, plistXml(content));
+        return file;
+    }
+
+    TemporaryFolder folder;
+    std::string settings = folder / "settings.plist";
+    std::string file = folder / "item";
+};
+
+TEST_F(Items, ProfilesAreListedWithNumberNameAndApplicationAndTheCurrentOneIsMarked) {
+    expectDone({"profiles", settings}, "1\tDesk\t\n2*\tSpiel\tBild\n");
+}
+
+TEST_F(Items, MacrosAreListedWithIdentifierStepsAndName) {
+    expectDone({"macros", settings}, "7\t2\tJump\n");
+}
+
+TEST_F(Items, AListStaysOneLineAnItemWhateverTheNames) {
+    writeSettings({profileXml("a\nb\tc")}, {});
+    expectDone({"profiles", settings}, "1\ta?b?c\t\n");
+}
+
+TEST_F(Items, AnImportedProfileGetsAUniqueNameAndTheRestOfTheFileStays) {
+    expectDone({"import", settings, fileWith(profileXml("Desk"))}, "Desk 2\n");
+    expectDone({"import", settings, file}, "Desk 3\n");
+    expectDone({"profiles", settings}, "1\tDesk\t\n2*\tSpiel\tBild\n3\tDesk 2\t\n4\tDesk 3\t\n");
+    EXPECT_EQ(plist::readPropertyListFile(settings).value.dictionary().integer("other"), 5);
+}
+
+TEST_F(Items, AnImportedMacroKeepsItsIdentifier) {
+    expectDone({"import", settings, fileWith(macroXml(7, "Jump"))}, "Jump 2\n");
+    expectDone({"macros", settings}, "7\t2\tJump\n7\t2\tJump 2\n");
+}
+
+TEST_F(Items, AnExportedItemIsTheOneThatIsImported) {
+    expectDone({"export", settings, "profile", "2", file}, "");
+    EXPECT_EQ(plist::readPropertyListFile(file).value.dictionary().string("name"), u"Spiel");
+    expectDone({"export", settings, "macro", "7", file}, "");
+    expectDone({"import", settings, file}, "Jump 2\n");
+}
+
+TEST_F(Items, AFullListTakesNoMore) {
+    writeSettings(
+        std::vector<std::string>(5, profileXml("P")), std::vector<std::string>(12, macroXml(1, "M")));
+    const std::string before = readFile(settings);
+    expectRefused(
+        {"import", settings, fileWith(profileXml("Q"))}, settings + ": it holds 5 of at most 5 profiles");
+    expectRefused(
+        {"import", settings, fileWith(macroXml(2, "N"))}, settings + ": it holds 12 of at most 12 macros");
+    EXPECT_EQ(readFile(settings), before);
+}
+
+TEST_F(Items, WhatIsNeitherAProfileNorAMacroIsRefused) {
+    const std::string reason =
+        ": it is neither a profile, which needs \"ledstate\", \"defaultstage\", \"stages\" "
+        "and \"buttons\", nor a macro, which needs \"name\" and \"steps\"";
+    expectRefused(
+        {"import", settings, fileWith("<dict><key>name</key><string>x</string></dict>")}, file + reason);
+    expectRefused({"import", settings, fileWith("<array/>")}, file + reason);
+    expectRefused(
+        {"import", settings, folder / "none"}, (folder / "none").string() + ": there is no such file");
+}
+
+TEST_F(Items, AnItemThatIsNotThereIsNotExported) {
+    expectRefused({"export", settings, "profile", "0", file}, settings + ": it holds no profile 0");
+    expectRefused({"export", settings, "profile", "3", file}, settings + ": it holds no profile 3");
+    expectRefused({"export", settings, "macro", "8", file}, settings + ": it holds no macro 8");
+    expectRefused(
+        {"export", settings, "macro", "0xFFFFFFFF", file}, settings + ": it holds no macro 4294967295");
+    expectRefused({"export", settings, "macro", "7", folder / "none" / "x"},
+        (folder / "none" / "x").string() + ": it cannot be written");
+    EXPECT_EQ(folder.names(), std::set<std::string>{"settings.plist"});
+}
+
+TEST_F(Items, AWrongCommandLineIsMisused) {
+    expectMisused({"profiles"}, "profiles takes SETTINGS.plist");
+    expectMisused({"macros", "a", "b"}, "macros takes SETTINGS.plist");
+    expectMisused({"import", settings}, "import takes SETTINGS.plist FILE");
+    expectMisused(
+        {"export", settings, "stage", "1", file}, "export takes SETTINGS.plist profile|macro NUMBER FILE");
+    expectMisused({"export", settings, "profile", "one", file}, "one is no number of 32 bits, decimal or 0x");
+}
+
+} // namespace
+} // namespace quorvi::test
