@@ -1,12 +1,10 @@
 // What a choice in an assignment pop-up stores. Every choice is saved, and shown as it was stored.
 
 #include <QAction>
-#include <QLineEdit>
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
 #include "keyboard/KeyCodeConversion.h"
-#include "keyboard/KeyNames.h"
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
@@ -65,8 +63,7 @@ void KyvarQuorviPane::askForSingleKey(int input) {
     const bool hasKey = before.integer(keys::command) == commands::singleKey;
     fSingleKeyCode = hasKey ? UsbToAdbKeycode(before.integer(keys::param1) & 0xFF) : noKey;
     fSingleKeyModifiers = hasKey ? UsbToAdbModifiers(before.integer(keys::param2) & 0xFF) : 0;
-    fViews->singleKey.quorviFieldSingleKey->setText(
-        QString::fromStdU16String(GetKeyCombinationName(fSingleKeyCode, fSingleKeyModifiers)));
+    showSingleKey();
     const QPointer<KyvarQuorviPane> guard(this);
     const bool confirmed = modalDialog(fViews->quorviPanelSingleKey) == 1;
     if (!guard)

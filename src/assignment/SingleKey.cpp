@@ -52,12 +52,16 @@ bool KyvarQuorviPane::receiveSingleKey(std::uint8_t key, char16_t /*character*/,
     // One key is captured, without the modifiers that are held with it.
     fSingleKeyCode = key;
     fSingleKeyModifiers = 0;
+    showSingleKey();
+    return true;
+}
+
+void KyvarQuorviPane::showSingleKey() {
     QLineEdit* const field = fViews->singleKey.quorviFieldSingleKey;
-    field->setText(QString::fromStdU16String(GetKeyCombinationName(key, 0)));
+    field->setText(QString::fromStdU16String(GetKeyCombinationName(fSingleKeyCode, fSingleKeyModifiers)));
     // A line edit tells of edited text, which screen readers read out where the focus is. Here it never is.
     QAccessibleValueChangeEvent change(field, field->text());
     QAccessible::updateAccessibility(&change);
-    return true;
 }
 
 void KyvarQuorviPane::updateKeyboardGrab() {

@@ -2,10 +2,10 @@
 
 #include <QScopedValueRollback>
 
-#include "model/NamingRule.h"
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "model/Keys.h"
+#include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -85,8 +85,8 @@ void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier
 void KyvarQuorviPane::renameProfile(const QVariant& value, int row) {
     // The first profile is the one that always exists; it keeps its name.
     if (row > 0 && isText(value)) {
-        const auto name = makeNameUnique(value.toString().toStdU16String(),
-            locString(QStringLiteral("Untitled Profile")).toStdU16String(), fProfiles, keys::name, row);
+        const std::u16string name =
+            makeNameUnique(value.toString().toStdU16String(), untitledProfile(), fProfiles, keys::name, row);
         if (row != fProfileIndex)
             editProfileIndex(row);
         fProfile.set(keys::name, name);
@@ -98,8 +98,8 @@ void KyvarQuorviPane::renameProfile(const QVariant& value, int row) {
 
 void KyvarQuorviPane::renameMacro(const QVariant& value, int row) {
     if (isText(value)) {
-        const auto name = makeNameUnique(value.toString().toStdU16String(),
-            locString(QStringLiteral("Untitled Macro")).toStdU16String(), fMacros, keys::name, row);
+        const std::u16string name =
+            makeNameUnique(value.toString().toStdU16String(), untitledMacro(), fMacros, keys::name, row);
         if (row != fMacroIndex)
             editMacroIndex(row);
         fMacro.set(keys::name, name);
@@ -165,8 +165,7 @@ void KyvarQuorviPane::switchToProfile(int row) {
 
 void KyvarQuorviPane::switchToMacro(int row) {
     editMacroIndex(row);
-    reloadData(fViews->main.quorviTableSteps);
-    fViews->main.quorviTableSteps->deselectAll();
+    showStepsOfMacro();
     updateUI();
 }
 

@@ -47,6 +47,13 @@ constexpr std::array kActions{
     Action{"actionMenuPollingRate:", perform<&KyvarQuorviPane::actionMenuPollingRate>},
     Action{"actionBoxLightOnWheel:", perform<&KyvarQuorviPane::actionBoxLightOnWheel>},
     Action{"actionBoxLightOnBattery:", perform<&KyvarQuorviPane::actionBoxLightOnBattery>},
+    Action{"actionMenuTableContext:", perform<&KyvarQuorviPane::actionMenuTableContext>},
+    Action{"actionButtonProfileAdd:", perform<&KyvarQuorviPane::actionButtonProfileAdd>},
+    Action{"actionButtonProfileRemove:", perform<&KyvarQuorviPane::actionButtonProfileRemove>},
+    Action{"actionBoxProfileOSD:", perform<&KyvarQuorviPane::actionBoxProfileOSD>},
+    Action{"actionButtonMacroAdd:", perform<&KyvarQuorviPane::actionButtonMacroAdd>},
+    Action{"actionButtonMacroRemove:", perform<&KyvarQuorviPane::actionButtonMacroRemove>},
+    Action{"actionButtonStepRemove:", perform<&KyvarQuorviPane::actionButtonStepRemove>},
     Action{"actionButtonRestoreDefaults:", perform<&KyvarQuorviPane::actionButtonRestoreDefaults>},
     Action{"actionButtonCheckUpdates:", perform<&KyvarQuorviPane::actionButtonCheckUpdates>},
     Action{"actionButtonHelp:", perform<&KyvarQuorviPane::actionButtonHelp>},
@@ -120,6 +127,7 @@ void KyvarQuorviPane::connectTables() {
         auto& model = fTableModels[static_cast<std::size_t>(table->tag() - 1)];
         model = std::make_unique<TableModel>(this, table->tag());
         table->setModel(model.get());
+        table->setDelegate(this);
         connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, table] { tableViewSelectionDidChange(table); });
     }

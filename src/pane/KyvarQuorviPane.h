@@ -26,14 +26,16 @@
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
 class QAction;
+class QFileDialog;
 class QMenu;
 
 namespace quorvi {
 
-class KyvarQuorviTableView;
+class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
 class PopUpButton;
@@ -44,7 +46,7 @@ inline constexpr int kAssignmentCount = 9;
 /// The numbers of an assignment by their keys.
 using AssignmentValues = std::initializer_list<std::pair<std::string_view, std::int32_t>>;
 
-class KyvarQuorviPane final : public QObject, public PreferencePane {
+class KyvarQuorviPane final : public QObject, public PreferencePane, private TableDelegate {
     Q_OBJECT
 
   public:
@@ -133,8 +135,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     [[nodiscard]] bool overrideMouseEvents() const;
     /// A key event while a capture is active. The key is a virtual key code, 255 for none; the modifiers are
     /// the modifier word after the event. True when the event is used up.
-    bool receiveSingleKey(std::uint8_t key, char16_t character, std::uint16_t modifiers, bool goingDown,
-        const KeyEvent& event);
+    bool receiveSingleKey(
+        std::uint8_t key, char16_t character, std::uint16_t modifiers, bool goingDown, const KeyEvent& event);
     /// Tells the single-key panel which modifiers had changed while keys did not come to it, so that the next
     /// key is not taken for one of theirs.
     void followModifiers(std::uint16_t modifiers) { fSingleKeyLastModifiers = modifiers; }
@@ -142,7 +144,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     /// has the focus.
     void updateKeyboardGrab();
 
-    // Lists (editors/CurrentItems.cpp, editors/TableData.cpp)
+    // Lists (editors/CurrentItems.cpp, editors/TableData.cpp, editors/TableEvents.cpp,
+    // editors/ContextMenu.cpp)
     void editProfileIndex(std::int32_t index);
     void editMacroIndex(std::int32_t index);
     [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
@@ -150,6 +153,38 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void setObjectValue(const QVariant& value, int columnIdentifier, int row);
     void tableViewSelectionDidChange(KyvarQuorviTableView* table);
     void reloadTableViewDataQuietly(KyvarQuorviTableView* table);
+    bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) override;
+    void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) override;
+    /// Performs the command of a context or gear menu's item.
+    void actionMenuTableContext(QAction* item);
+
+    // Profiles (editors/ProfilesEditor.cpp)
+    /// Appends a new profile, or a copy of the current one, makes it current and lets its name be edited.
+    /// Does nothing when there are five.
+    void createNewProfile(bool duplicate);
+    void actionButtonProfileAdd();
+    void actionButtonProfileRemove();
+    void actionBoxProfileOSD();
+    /// Binds the current profile to the application: a bundle, a desktop entry or any other file. One without
+    /// a name or a program changes nothing.
+    void assignApplication(const QString& path);
+    void assignApplication(const ApplicationPanel* panel, int returnCode);
+
+    // Macros and their steps (editors/MacrosEditor.cpp, editors/StepsEditor.cpp)
+    void actionButtonMacroAdd();
+    void actionButtonMacroRemove();
+    void actionButtonStepRemove();
+    /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
+    /// to wait for.
+    void setDelayForAllSteps(std::int32_t milliseconds);
+
+    // Import and export (editors/ImportExport.cpp). The panels end with QDialog::Accepted or not.
+    void exportProfile(const QFileDialog* panel, int returnCode) const;
+    void exportMacro(const QFileDialog* panel, int returnCode) const;
+    void importProfile(const QFileDialog* panel, int returnCode);
+    void importMacro(const QFileDialog* panel, int returnCode);
+    void importProfileCompletion(const QString& path);
+    void importMacroCompletion(const QString& path);
 
     // What others may ask
     [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
@@ -174,6 +209,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
         const plist::Dictionary& assignment, const QString& plainTitle) const;
     [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
     void askForSingleKey(int input);
+    /// Shows the captured key in the single-key panel.
+    void showSingleKey();
     void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
     /// Reads the names of the keys from the layout in use.
     void nameKeys();
@@ -200,6 +237,23 @@ class KyvarQuorviPane final : public QObject, public PreferencePane {
     void renameMacro(const QVariant& value, int row);
     void switchToProfile(int row);
     void switchToMacro(int row);
+    void showStepsOfMacro();
+    void performTableCommand(int tag);
+    [[nodiscard]] std::u16string untitledProfile() const;
+    [[nodiscard]] std::u16string untitledMacro() const;
+    void appendProfile(const plist::Dictionary& profile);
+    void appendMacro(const plist::Dictionary& macro);
+    [[nodiscard]] bool canRemoveProfile() const;
+    void showApplicationPanel();
+    void askForApplication();
+    void removeApplication();
+    void showProfileApplication();
+    void removeAllSteps();
+    void useDelayOfStepForAll();
+    void showImportProfilePanel();
+    void showExportProfilePanel();
+    void showImportMacroPanel();
+    void showExportMacroPanel();
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus

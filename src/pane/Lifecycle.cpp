@@ -74,6 +74,7 @@ void KyvarQuorviPane::nameKeys() {
 void KyvarQuorviPane::keyboardLayoutDidChange() {
     nameKeys();
     reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
+    showSingleKey();
     updateUI();
 }
 

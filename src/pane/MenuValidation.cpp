@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "editors/MenuTags.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
@@ -18,35 +19,35 @@ bool KyvarQuorviPane::validateMenuItem(QAction* item) {
     const bool roomForProfile = fProfiles.size() < limits::profiles;
     const bool stepIsSelected = fViews->main.quorviTableSteps->selectedRow() >= 0;
     switch (tagOfItem(*item).value_or(0)) {
-    case 11: // new profile
-    case 12: // import profile
+    case kNewProfileItem:
+    case kImportProfileItem:
         return roomForProfile;
-    case 13: // export profile
-    case 16: // assign application
-    case 18: // restore defaults
+    case kExportProfileItem:
+    case kAssignApplicationItem:
+    case kRestoreDefaultsItem:
         return profileIsCurrent;
-    case 14: // remove profile: the first one always stays
+    case kRemoveProfileItem: // the first one always stays
         return fProfileIndex > 0;
-    case 15: // duplicate profile
+    case kDuplicateProfileItem:
         return profileIsCurrent && roomForProfile;
-    case 17: // remove application
+    case kRemoveApplicationItem:
         return profileIsCurrent && !fDriverData.string(keys::application).empty();
-    case 21: // new macro
-    case 22: // import macro
+    case kNewMacroItem:
+    case kImportMacroItem:
         return fMacros.size() < limits::macros;
-    case 23: // export macro
-    case 24: // remove macro
+    case kExportMacroItem:
+    case kRemoveMacroItem:
         return fViews->main.quorviTableMacros->selectedRow() >= 0;
-    case 31: // record or stop
+    case kRecordItem:
         setTitleOfItem(*item, fRecordingMacro ? fStringStop : fStringRecord);
         return true;
-    case 32: // record the step again
+    case kRecordStepItem:
         return stepIsSelected && !fRecordingMacro;
-    case 33: // remove step
-    case 35: // delay of the step for all
+    case kRemoveStepItem:
+    case kUseDelayForAllItem:
         return stepIsSelected;
-    case 34: // remove all steps
-    case 36: // remove all delays
+    case kRemoveAllStepsItem:
+    case kRemoveAllDelaysItem:
         return fMacroSteps.size() > 0;
     default:
         return true;

@@ -1,5 +1,8 @@
 // The names of keys in the panel, while the layout changes.
 
+#include <QAbstractButton>
+#include <QLineEdit>
+
 #include "model/CommandCodes.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
@@ -67,6 +70,31 @@ class KeyboardLayoutTest : public QObject {
         QVERIFY(display.setLayout("us"));
         QTRY_COMPARE(title(), american);
         QVERIFY(fixture.commandsBecome({})); // what the user sees changes, and nothing else
+    }
+
+    void theOpenSingleKeyPanelFollowsTheLayoutInUse() {
+        const VirtualDisplay display;
+        QVERIFY(display.setLayout("us"));
+        PaneFixture fixture({.keyboardLayout = [&] {
+            const EnvironmentVariable variable("DISPLAY", display.name());
+            return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
+        }});
+        fixture.openWith(treeWithSingleKey());
+        QStringList shown;
+        whenSheetIsUp(fixture.window.get(), "quorviPanelSingleKey", [&](QDialog* sheet) {
+            auto* field = outlet<QLineEdit>(sheet, "quorviFieldSingleKey");
+            shown << field->text();
+            if (!display.setLayout("fr") ||
+                !QTest::qWaitFor([&] { return field->text() != shown.first(); }, kWindowPatienceMs))
+                qFatal("the field does not follow the layout");
+            shown << field->text();
+            clickButton(outlet<QAbstractButton>(sheet, "quorviSingleKeyButtonCancel"));
+        });
+        fixture.find<PopUpButton>("quorviMenuTop2")->itemWithTag(commands::singleKey)->trigger();
+        QTRY_COMPARE(shown.size(), 2);
+        QVERIFY2(shown.first().endsWith(QStringLiteral("+q")), qPrintable(shown.first()));
+        QVERIFY2(shown.last().endsWith(QStringLiteral("+a")), qPrintable(shown.last()));
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
     }
 };
 

@@ -11,12 +11,21 @@
 
 using namespace quorvi;
 
+/// Leaves everything to the table.
+class IdleDelegate : public TableDelegate {
+  public:
+    bool handleMouseEvent(const QMouseEvent&, int, KyvarQuorviTableView*) override { return false; }
+    void handleKeyPressed(char16_t, KyvarQuorviTableView*, int) override {}
+};
+
 class ViewsTest : public QObject {
     Q_OBJECT
 
   private slots:
     void tableSelectsOneWholeRow() {
         KyvarQuorviTableView table;
+        IdleDelegate delegate;
+        table.setDelegate(&delegate);
         QStandardItemModel model(3, 2);
         table.setModel(&model);
         table.resize(300, 200);

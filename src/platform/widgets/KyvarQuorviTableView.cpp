@@ -2,8 +2,11 @@
 
 #include "platform/widgets/TableColumns.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QVariant>
 
 namespace quorvi {
@@ -12,6 +15,32 @@ namespace {
 
 constexpr int rowPadding = 10;
 constexpr int headerPadding = 8;
+
+int mouseEventType(const QMouseEvent& event) {
+    const bool down = event.type() != QEvent::MouseButtonRelease;
+    switch (event.button()) {
+    case Qt::LeftButton:
+        return down ? kLeftMouseDown : kLeftMouseUp;
+    case Qt::RightButton:
+        return down ? kRightMouseDown : kRightMouseUp;
+    default:
+        return down ? kOtherMouseDown : kOtherMouseUp;
+    }
+}
+
+/// The character of a delete key; 0 for any other key.
+char16_t deleteCharacter(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Backspace)
+        return kDeleteKeyCharacter;
+    if (event.key() == Qt::Key_Delete)
+        return kForwardDeleteKeyCharacter;
+    const QString text = event.text();
+    const char16_t first = text.isEmpty() ? u'\0' : text.front().unicode();
+    return first == kDeleteKeyCharacter || first == kForwardDeleteKeyCharacter ||
+                   first == kDeleteCharacterKeyCharacter
+               ? first
+               : u'\0';
+}
 
 } // namespace
 
@@ -22,6 +51,8 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent)
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
+    // A key typed by chance must not begin to replace a name.
+    setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -53,6 +84,21 @@ void KyvarQuorviTableView::deselectAll() {
         selectionModel()->clearCurrentIndex();
 }
 
+void KyvarQuorviTableView::editCell(int column, int row) {
+    if (model())
+        edit(model()->index(row, column));
+}
+
+bool KyvarQuorviTableView::editSelectedRow() {
+    const int row = selectedRow();
+    for (int column = 0; row >= 0 && column < model()->columnCount(); ++column) {
+        const QModelIndex cell = model()->index(row, column);
+        if (cell.flags() & Qt::ItemIsEditable)
+            return edit(cell, EditKeyPressed, nullptr);
+    }
+    return false;
+}
+
 void KyvarQuorviTableView::abortEditing() {
     if (state() != EditingState)
         return;
@@ -64,6 +110,74 @@ void KyvarQuorviTableView::abortEditing() {
 
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
     m_menu = menu;
+}
+
+QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
+    if (!isEnabled())
+        return nullptr;
+    if (event.reason() == QContextMenuEvent::Mouse)
+        selectRowAlone(rowAt(event.pos().y()));
+    return m_menu;
+}
+
+bool KyvarQuorviTableView::delegateTakes(const QMouseEvent& event) {
+    const bool taken = !m_delegate || m_delegate->handleMouseEvent(event, mouseEventType(event), this);
+    if (event.button() == Qt::RightButton && event.type() != QEvent::MouseButtonRelease)
+        m_rightPressWasTaken = taken;
+    return taken;
+}
+
+// Here and not in the handlers of single events, because a disabled table has to ask too.
+bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+        if (delegateTakes(*static_cast<QMouseEvent*>(event))) {
+            event->accept();
+            return true;
+        }
+        break;
+    case QEvent::ContextMenu:
+        if (m_rightPressWasTaken &&
+            static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse)
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QTableView::viewportEvent(event);
+}
+
+void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
+    const char16_t character = deleteCharacter(*event);
+    if (event->key() == Qt::Key_F2 && editSelectedRow())
+        return;
+    if (character != 0 && isEnabled() && m_delegate)
+        m_delegate->handleKeyPressed(character, this, selectedRow());
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void KyvarQuorviTableView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = menuForEvent(*event);
+    if (!menu)
+        return;
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QRect row = visualRect(model()->index(selectedRow(), 0));
+    menu->popup(byKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+    event->accept();
+}
+
+// A check box is about its own row, whichever is selected.
+QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const {
+    const bool pressed =
+        event && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease ||
+                     event->type() == QEvent::MouseMove);
+    if (pressed && index.isValid() && (index.flags() & Qt::ItemIsUserCheckable))
+        return QItemSelectionModel::NoUpdate;
+    return QTableView::selectionCommand(index, event);
 }
 
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {

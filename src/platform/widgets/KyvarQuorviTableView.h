@@ -8,6 +8,33 @@
 
 namespace quorvi {
 
+class KyvarQuorviTableView;
+
+// The kinds of mouse event that a table tells its delegate of.
+inline constexpr int kLeftMouseDown = 1;
+inline constexpr int kLeftMouseUp = 2;
+inline constexpr int kRightMouseDown = 3;
+inline constexpr int kRightMouseUp = 4;
+inline constexpr int kOtherMouseDown = 25;
+inline constexpr int kOtherMouseUp = 26;
+
+// The keys that a table hands to its delegate.
+inline constexpr char16_t kDeleteKeyCharacter = 0x7F; ///< Backspace
+inline constexpr char16_t kForwardDeleteKeyCharacter = 0xF728;
+inline constexpr char16_t kDeleteCharacterKeyCharacter = 0xF73E;
+
+/// Who is asked before a table acts on a mouse button or a delete key.
+class TableDelegate {
+  public:
+    virtual ~TableDelegate() = default;
+
+    /// True when the event is dealt with and the table is not to act on it. The type is one of those above; a
+    /// double click comes as one more press.
+    virtual bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) = 0;
+    /// One of the three keys above was pressed in the table; the row is the selected one, -1 for none.
+    virtual void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) = 0;
+};
+
 class KyvarQuorviTableView : public QTableView {
     Q_OBJECT
 
@@ -22,20 +49,40 @@ class KyvarQuorviTableView : public QTableView {
     /// Selects the row and no other, and brings it into view; a row that does not exist selects none.
     void selectRowAlone(int row);
     void deselectAll();
+    /// Starts an edit of the cell, with its text selected.
+    void editCell(int column, int row);
     /// Calls an edit of a cell off that is under way: what was typed is dropped.
     void abortEditing();
 
     /// The context menu, which belongs to the panel; nullptr when there is none.
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     void setMenu(QMenu* menu);
+    /// The menu to open on the event; nullptr for none, and always while the table is disabled. A click picks
+    /// the row under it first, or none where there is no row; the menu key leaves the selection.
+    [[nodiscard]] QMenu* menuForEvent(const QContextMenuEvent& event);
+
+    /// Without a delegate the table does nothing on mouse buttons.
+    void setDelegate(TableDelegate* delegate) { m_delegate = delegate; }
 
     /// Lays the columns of the new model out as tableColumns() of this tag says.
     void setModel(QAbstractItemModel* model) override;
 
+  protected:
+    bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
+
   private:
     void layOutColumns();
+    [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
+    /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
+    bool editSelectedRow();
 
     QPointer<QMenu> m_menu;
+    TableDelegate* m_delegate = nullptr;
+    bool m_rightPressWasTaken = false;
 };
 
 } // namespace quorvi

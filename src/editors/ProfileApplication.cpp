@@ -1,0 +1,68 @@
+// The application that a profile is bound to.
+
+#include <array>
+
+#include "model/Keys.h"
+#include "pane/KyvarQuorviPane.h"
+#include "platform/InterfaceText.h"
+#include "platform/applications/ApplicationInformation.h"
+#include "platform/applications/ApplicationPanel.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+namespace {
+
+/// What binds a profile to an application, all of it texts.
+constexpr std::array kApplicationKeys{keys::application, keys::identifier, keys::signature, keys::executable};
+
+} // namespace
+
+void KyvarQuorviPane::showApplicationPanel() {
+    // As a sheet does, it comes when the command that asked for it is done.
+    QMetaObject::invokeMethod(this, &KyvarQuorviPane::askForApplication, Qt::QueuedConnection);
+}
+
+void KyvarQuorviPane::askForApplication() {
+    setInterfaceTextLookup([this](const QString& english) { return locString(english); });
+    const QPointer<ApplicationPanel> panel = new ApplicationPanel(fMainView);
+    setInterfaceTextLookup(nullptr);
+    const int returnCode = modalDialog(panel);
+    if (!panel)
+        return; // The pane went away underneath, and the panel with it.
+    assignApplication(panel, returnCode);
+    delete panel;
+}
+
+void KyvarQuorviPane::assignApplication(const ApplicationPanel* panel, int returnCode) {
+    if (returnCode == QDialog::Accepted)
+        assignApplication(panel->chosenPath());
+}
+
+void KyvarQuorviPane::assignApplication(const QString& path) {
+    const auto application = applicationInformation(path);
+    if (!application)
+        return;
+    fDriverData.set(keys::application, application->name);
+    fDriverData.set(keys::identifier, application->identifier);
+    fDriverData.set(keys::signature, application->signature);
+    fDriverData.set(keys::executable, application->executable);
+    showProfileApplication();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::removeApplication() {
+    if (fProfileIndex < 0 || fDriverData.string(keys::application).empty())
+        return;
+    for (const std::string_view key : kApplicationKeys)
+        fDriverData.set(key, u"");
+    showProfileApplication();
+}
+
+void KyvarQuorviPane::showProfileApplication() {
+    reloadData(fViews->main.quorviTableProfiles);
+    updateProfilesSubmenu();
+    updateUI();
+}
+
+} // namespace quorvi

@@ -1,0 +1,33 @@
+// What the tables ask before they act on a mouse button or a delete key.
+
+#include "editors/TableTags.h"
+#include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+
+namespace quorvi {
+
+bool KyvarQuorviPane::handleMouseEvent(
+    const QMouseEvent& /*event*/, int /*type*/, KyvarQuorviTableView* /*table*/) {
+    return overrideMouseEvents();
+}
+
+void KyvarQuorviPane::handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int /*row*/) {
+    if (key != kDeleteKeyCharacter && key != kForwardDeleteKeyCharacter &&
+        key != kDeleteCharacterKeyCharacter)
+        return;
+    switch (table->tag()) {
+    case kProfilesTable:
+        actionButtonProfileRemove();
+        break;
+    case kMacrosTable:
+        actionButtonMacroRemove();
+        break;
+    case kStepsTable:
+        actionButtonStepRemove();
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace quorvi

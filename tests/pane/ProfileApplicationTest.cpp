@@ -1,0 +1,167 @@
+// Binding a profile to an application, with the real chooser.
+
+#include <QDir>
+#include <QListView>
+
+#include "pane/ListTools.h"
+#include "pane/PaneTestMain.h"
+#include "platform/applications/ApplicationPanel.h"
+#include "support/EnvironmentVariable.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+constexpr const char* kProfiles = "quorviTableProfiles";
+constexpr const char* kGear = "quorviButtonProfileGear";
+
+void writeText(const QString& path, const QByteArray& text) {
+    QDir().mkpath(path.section(QLatin1Char('/'), 0, -2));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("the file cannot be written");
+}
+
+class ApplicationFixture : public PaneFixture {
+  public:
+    explicit ApplicationFixture(const plist::Dictionary& tree = sampleTree()) {
+        writeText(m_data.filePath(QStringLiteral("applications/org.bild.Bild.desktop")),
+            "[Desktop Entry]\nType=Application\nName=Bild\nName[de]=Bilder\nExec=/usr/bin/bild %U\n");
+        openWith(tree);
+        selectTab(2);
+        window->resize(900, 700);
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QString path(const char* name) const { return m_data.filePath(QLatin1String(name)); }
+    [[nodiscard]] plist::Dictionary savedDriver(std::size_t profile) const {
+        return savedSettings().array("profiles").dictionary(profile).dictionary("driver");
+    }
+    /// Runs the action on the chooser as soon as it is open.
+    void whenChooserIsOpen(std::function<void(ApplicationPanel*)> action) const {
+        auto* timer = new QTimer(window.get());
+        connectTimer(timer, std::move(action));
+        timer->start(5);
+    }
+    [[nodiscard]] ApplicationPanel* chooser() const { return window->findChild<ApplicationPanel*>(); }
+
+  private:
+    void connectTimer(QTimer* timer, std::function<void(ApplicationPanel*)> action) const {
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, action = std::move(action)] {
+            ApplicationPanel* panel = chooser();
+            if (!panel || !panel->isVisible() || !panel->isActiveWindow())
+                return;
+            timer->stop();
+            timer->deleteLater();
+            action(panel);
+        });
+    }
+
+    QTemporaryDir m_data;
+    EnvironmentVariable m_dataHome{"XDG_DATA_HOME", m_data.path().toStdString()};
+    EnvironmentVariable m_dataFolders{"XDG_DATA_DIRS", m_data.filePath(QStringLiteral("none")).toStdString()};
+};
+
+QList<QString> binding(const plist::Dictionary& driver) {
+    QList<QString> texts;
+    for (const char* key : {"application", "identifier", "signature", "executable"})
+        texts << QString::fromStdU16String(driver.string(key));
+    return texts;
+}
+
+} // namespace
+
+class ProfileApplicationTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void anInstalledApplicationIsFoundByTypingAndBoundToTheProfile() {
+        ApplicationFixture fixture;
+        fixture.selectRow(kProfiles, 1);
+        QVERIFY(fixture.commandsBecome({"KyPR 1"}));
+        bool shown = false;
+        fixture.whenChooserIsOpen([&](ApplicationPanel* panel) {
+            shown = true;
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("bil"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+            QTest::keyClick(panel->windowHandle(), Qt::Key_Return);
+        });
+        chooseInGearMenu(fixture, kGear, 16);
+        QVERIFY(fixture.commandsBecome({"KyPR 1", "KyPR 1", "KyPR 1"})); // the menu's, and the choice's
+        QVERIFY(shown);
+        QCOMPARE(binding(fixture.savedDriver(1)), QList<QString>({"Bild", "org.bild.Bild", "", "bild"}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"", "Bild"}));
+        QTRY_VERIFY(!fixture.chooser());
+    }
+
+    void cancellingChangesNothing() {
+        ApplicationFixture fixture;
+        bool shown = false;
+        fixture.whenChooserIsOpen([&](ApplicationPanel* panel) {
+            shown = true;
+            QTest::keyClick(panel->windowHandle(), Qt::Key_Escape);
+        });
+        chooseInGearMenu(fixture, kGear, 16);
+        QTRY_VERIFY(shown && !fixture.chooser());
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QVERIFY(plist::Value(fixture.savedSettings()) == plist::Value(PaneFixture::sampleTree()));
+    }
+
+    void aBundleWithoutANameGoesByItsFileName() {
+        ApplicationFixture fixture;
+        writeText(fixture.path("Maler.app/Contents/Info.plist"),
+            "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>maler</string>"
+            "<key>CFBundleIdentifier</key><string>org.maler</string>"
+            "<key>CFBundleSignature</key><string>????" "</string></dict></plist>");
+        fixture.pane->assignApplication(fixture.path("Maler.app"));
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"Maler", "org.maler", "", "maler"}));
+    }
+
+    void aPlainProgramGoesByItsFileNameAlone() {
+        ApplicationFixture fixture;
+        writeText(fixture.path("games/spiel"), "#!/bin/sh\n");
+        fixture.pane->assignApplication(fixture.path("games/spiel"));
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"spiel", "", "", "spiel"}));
+    }
+
+    void aChoiceWithoutAProgramChangesNothing() {
+        ApplicationFixture fixture;
+        writeText(fixture.path("Leer.app/Contents/Info.plist"), "<plist version=\"1.0\"><dict/></plist>");
+        fixture.pane->assignApplication(fixture.path("Leer.app"));
+        fixture.pane->assignApplication(QString());
+        QVERIFY(fixture.commandsBecome({}));
+    }
+
+    void removingTheBindingEmptiesItsFourTextsAndKeepsTheirKeys() {
+        auto tree = PaneFixture::sampleTree();
+        const auto driver = tree.array("profiles").dictionary(0).dictionary("driver");
+        for (const char* key : {"application", "identifier", "signature", "executable"})
+            driver.set(key, u"x");
+        ApplicationFixture fixture(tree);
+        chooseInGearMenu(fixture, kGear, 17);
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"", "", "", ""}));
+        QVERIFY(fixture.savedDriver(0).has("executable"));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"", ""}));
+        chooseInGearMenu(fixture, kGear, 17); // greyed now
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+    }
+
+    void aPaneThatIsHiddenOrGoesAwayTakesTheChooserAlong() {
+        ApplicationFixture fixture;
+        bool shown = false;
+        fixture.whenChooserIsOpen([&](ApplicationPanel*) {
+            shown = true;
+            fixture.pane->willUnselect();
+            fixture.pane.reset();
+        });
+        chooseInGearMenu(fixture, kGear, 16);
+        QTRY_VERIFY(shown);
+        QTRY_VERIFY(!fixture.chooser());
+    }
+};
+
+QUORVI_PANE_TEST_MAIN(ProfileApplicationTest)
+#include "ProfileApplicationTest.moc"
