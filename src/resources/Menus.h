@@ -19,8 +19,8 @@ struct Menus {
     QMenu* quorviMenuStepDelay = nullptr;     ///< delays from short to long; tags are milliseconds
 };
 
-/// In both command menus the submenus of switching to a profile and of running a macro hold two items: the entry
-/// that opens the tab where the list is edited, and a separator. The list follows from item 2.
+/// In both command menus the submenus of switching to a profile and of running a macro hold two items: the
+/// entry that opens the tab where the list is edited, and a separator. The list follows from item 2.
 [[nodiscard]] Menus createMenus(QWidget& owner);
 
 /// The rates that the mouse knows; tags are hertz.
