@@ -90,6 +90,18 @@ class KeyboardGrabTest : public QObject {
         QTRY_VERIFY(m_other->canTakeKeyboard());
     }
 
+    void aPanelThatNeverGotTheFocusGivesTheKeyboardBackAsWell() {
+        Keyboard keyboard;
+        panel()->setAttribute(Qt::WA_ShowWithoutActivating);
+        panel()->setModal(false);
+        panel()->show();
+        keyboard.tap(keycodes::a);
+        QCOMPARE(QGuiApplication::focusWindow(), m_fixture->window->windowHandle());
+        QVERIFY(!m_other->canTakeKeyboard());
+        panel()->hide();
+        QTRY_VERIFY(m_other->canTakeKeyboard());
+    }
+
     void aKeyThatComesWhileTheFocusLeavesDoesNotBringItBack() {
         m_other->showWindow();
         focusPane();

@@ -183,9 +183,12 @@ class SingleKeyTest : public QObject {
 
     void aModifierExchangedForAnotherCountsAsAPress() {
         const OpenPanel open;
-        QVERIFY(KyvarQuorviSendSingleKeyToField(flagsChanged(shiftFlag)));
-        // Of the bits that differ the lowest is taken, whichever way it went.
         QVERIFY(KyvarQuorviSendSingleKeyToField(flagsChanged(optionFlag)));
+        QCOMPARE(open.key(), 0x3A);
+        QVERIFY(KyvarQuorviSendSingleKeyToField(flagsChanged(shiftFlag)));
+        QCOMPARE(open.key(), 0x38);
+        // Of the bits that differ the lowest is taken, whichever way it went.
+        QVERIFY(KyvarQuorviSendSingleKeyToField(flagsChanged(controlFlag)));
         QCOMPARE(open.key(), 0x38);
     }
 
