@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "model/ItemFile.h"
-#include "support/Files.h"
 #include "model/Trees.h"
 #include "plist/Writer.h"
+#include "support/Files.h"
 
 namespace quorvi::test {
 namespace {

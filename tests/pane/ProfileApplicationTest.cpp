@@ -112,7 +112,8 @@ class ProfileApplicationTest : public QObject {
         writeText(fixture.path("Maler.app/Contents/Info.plist"),
             "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>maler</string>"
             "<key>CFBundleIdentifier</key><string>org.maler</string>"
-            "<key>CFBundleSignature</key><string>????" "</string></dict></plist>");
+            "<key>CFBundleSignature</key><string>????"
+            "</string></dict></plist>");
         fixture.pane->assignApplication(fixture.path("Maler.app"));
         QVERIFY(fixture.commandsBecome({"KyPR 0"}));
         QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"Maler", "org.maler", "", "maler"}));
