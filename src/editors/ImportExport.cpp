@@ -2,6 +2,7 @@
 // told: the user chose it and sees that nothing came of it.
 
 #include <QFileDialog>
+#include <QStandardPaths>
 
 #include "model/ItemFile.h"
 #include "model/Keys.h"
@@ -30,6 +31,12 @@ QString chosenFile(const QFileDialog& panel) {
     return panel.selectedFiles().value(0);
 }
 
+/// Where the user's own files are.
+QString documentsFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
 QFileDialog* filePanel(
     const KyvarQuorviPane& pane, QWidget* window, const char* title, const ItemFile& file) {
     const auto text = [&](const char* key) { return pane.locString(QString::fromUtf8(key)); };
@@ -37,6 +44,9 @@ QFileDialog* filePanel(
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setNameFilter(QStringLiteral("%1 (*.%2)").arg(text(file.kind), QLatin1String(file.type)));
     panel->setDefaultSuffix(QLatin1String(file.type));
+    // The folder that was used last in this session, which Qt remembers, else the documents.
+    if (panel->directory() == QDir::current())
+        panel->setDirectory(documentsFolder());
     return panel;
 }
 

@@ -171,7 +171,9 @@ bool PopUpButton::event(QEvent* event) {
 QString PopUpButton::titleThatFits(const QStyleOptionComboBox& option) const {
     const QRect field =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
+    // Some styles leave a margin within the field.
+    return fontMetrics().elidedText(
+        currentText(), Qt::ElideRight, field.width() - fontMetrics().averageCharWidth());
 }
 
 // As the inherited one, and cuts a title that is too long with dots in every style.
