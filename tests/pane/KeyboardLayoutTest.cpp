@@ -33,6 +33,14 @@ plist::Dictionary treeWithSingleKey() {
     return tree;
 }
 
+/// A panel that names keys by the layout of that display, whichever one its window is on.
+PaneOptions followingLayoutOf(const VirtualDisplay& display) {
+    return {.keyboardLayout = [&display] {
+        const EnvironmentVariable variable("DISPLAY", display.name());
+        return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
+    }};
+}
+
 } // namespace
 
 class KeyboardLayoutTest : public QObject {
@@ -56,10 +64,7 @@ class KeyboardLayoutTest : public QObject {
     void namesInThePopUpsFollowTheLayoutInUse() {
         const VirtualDisplay display;
         QVERIFY(display.setLayout("us"));
-        PaneFixture fixture({.keyboardLayout = [&] {
-            const EnvironmentVariable variable("DISPLAY", display.name());
-            return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
-        }});
+        PaneFixture fixture(followingLayoutOf(display));
         fixture.openWith(treeWithSingleKey());
         const auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
         const auto title = [popUp] { return titleOfItem(*popUp->itemWithTag(commands::singleKey)); };
@@ -75,10 +80,7 @@ class KeyboardLayoutTest : public QObject {
     void theOpenSingleKeyPanelFollowsTheLayoutInUse() {
         const VirtualDisplay display;
         QVERIFY(display.setLayout("us"));
-        PaneFixture fixture({.keyboardLayout = [&] {
-            const EnvironmentVariable variable("DISPLAY", display.name());
-            return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
-        }});
+        PaneFixture fixture(followingLayoutOf(display));
         fixture.openWith(treeWithSingleKey());
         QStringList shown;
         whenSheetIsUp(fixture.window.get(), "quorviPanelSingleKey", [&](QDialog* sheet) {
