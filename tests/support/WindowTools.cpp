@@ -10,6 +10,13 @@
 
 namespace quorvi::test {
 
+namespace {
+
+/// Longer than a menu waits before it opens a submenu.
+constexpr int kSubmenuPatienceMs = 1000;
+
+} // namespace
+
 void clickButton(QAbstractButton* button) {
     if (!button->isEnabled() || !button->isVisible())
         qFatal("%s cannot be clicked", qPrintable(button->objectName()));
@@ -40,11 +47,21 @@ void clickInMenu(QMenu* menu, const QStringList& titles) {
         if (!item->isEnabled())
             qFatal("the item %s cannot be chosen", qPrintable(title));
         QMenu* submenu = item->menu();
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+        const auto click = [&] {
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+        };
+        click();
         if (!submenu)
             return;
-        if (!QTest::qWaitFor([&] { return submenu->isVisible(); }, kWindowPatienceMs))
-            qFatal("the submenu %s does not open", qPrintable(title));
+        // The pointer is elsewhere. When the server says so while the menu is about to open the submenu, the
+        // menu forgets about it.
+        QElapsedTimer waiting;
+        waiting.start();
+        while (!QTest::qWaitFor([&] { return submenu->isVisible(); }, kSubmenuPatienceMs)) {
+            if (waiting.hasExpired(kWindowPatienceMs))
+                qFatal("the submenu %s does not open", qPrintable(title));
+            click();
+        }
         menu = submenu;
     }
 }
