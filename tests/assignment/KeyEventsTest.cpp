@@ -3,15 +3,32 @@
 // A row is the type, Qt's key, Qt's modifiers, scan code, keysym and native modifiers, as they were read off
 // real events of Qt 5.15 and Qt 6.4.
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <vector>
 
 #include "platform/KeyEvents.h"
 
 namespace quorvi {
 namespace {
+
+/// Qt makes a keyboard for key events that name none, and leaves it to the application to delete.
+class ApplicationOfTests : public testing::Environment {
+  public:
+    void SetUp() override { m_application = std::make_unique<QCoreApplication>(m_count, m_names); }
+    void TearDown() override { m_application.reset(); }
+
+  private:
+    char m_name[6] = "tests";
+    char* m_names[2] = {m_name, nullptr};
+    int m_count = 1;
+    std::unique_ptr<QCoreApplication> m_application;
+};
+
+const testing::Environment* const application = testing::AddGlobalTestEnvironment(new ApplicationOfTests);
 
 constexpr auto press = QEvent::KeyPress;
 constexpr auto release = QEvent::KeyRelease;
