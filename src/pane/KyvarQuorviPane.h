@@ -131,7 +131,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void startStopRecording(bool start, bool oneStep);
     /// A capture is active: every key belongs to the panel.
     [[nodiscard]] bool overrideSingleKeys() const;
-    /// A recording runs: clicks in the steps table are recorded instead of carried out.
+    /// A recording runs: clicks in the tables belong to it and are not carried out.
     [[nodiscard]] bool overrideMouseEvents() const;
     /// A key event while a capture is active. The key is a virtual key code, 255 for none; the modifiers are
     /// the modifier word after the event. True when the event is used up.

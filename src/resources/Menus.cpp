@@ -1,6 +1,7 @@
 #include "resources/Menus.h"
 
 #include "assignment/Commands.h"
+#include "editors/MenuTags.h"
 #include "model/CommandCodes.h"
 #include "platform/InterfaceText.h"
 #include "platform/widgets/MenuItems.h"
@@ -20,36 +21,36 @@ struct Entry {
 constexpr Entry separator{nullptr, 0};
 
 constexpr std::array profileEntries{
-    Entry{"New Profile", 11},
-    Entry{"Duplicate Profile", 15},
-    Entry{"Remove Profile…", 14},
+    Entry{"New Profile", kNewProfileItem},
+    Entry{"Duplicate Profile", kDuplicateProfileItem},
+    Entry{"Remove Profile…", kRemoveProfileItem},
     separator,
-    Entry{"Assign Application…", 16},
-    Entry{"Remove Application", 17},
+    Entry{"Assign Application…", kAssignApplicationItem},
+    Entry{"Remove Application", kRemoveApplicationItem},
     separator,
-    Entry{"Import Profile…", 12},
-    Entry{"Export Profile…", 13},
+    Entry{"Import Profile…", kImportProfileItem},
+    Entry{"Export Profile…", kExportProfileItem},
     separator,
-    Entry{"Restore Defaults…", 18},
+    Entry{"Restore Defaults…", kRestoreDefaultsItem},
 };
 
 constexpr std::array macroEntries{
-    Entry{"New Macro", 21},
-    Entry{"Remove Macro…", 24},
+    Entry{"New Macro", kNewMacroItem},
+    Entry{"Remove Macro…", kRemoveMacroItem},
     separator,
-    Entry{"Import Macro…", 22},
-    Entry{"Export Macro…", 23},
+    Entry{"Import Macro…", kImportMacroItem},
+    Entry{"Export Macro…", kExportMacroItem},
 };
 
 constexpr std::array stepEntries{
-    Entry{"Record", 31},
-    Entry{"Record Step Again", 32},
+    Entry{"Record", kRecordItem},
+    Entry{"Record Step Again", kRecordStepItem},
     separator,
-    Entry{"Remove Step", 33},
-    Entry{"Remove All Steps", 34},
+    Entry{"Remove Step", kRemoveStepItem},
+    Entry{"Remove All Steps", kRemoveAllStepsItem},
     separator,
-    Entry{"Use Delay of Step for All", 35},
-    Entry{"Remove All Delays", 36},
+    Entry{"Use Delay of Step for All", kUseDelayForAllItem},
+    Entry{"Remove All Delays", kRemoveAllDelaysItem},
 };
 
 constexpr std::array delayEntries{
