@@ -27,7 +27,8 @@ endif()
 # tests all link the one build of it.
 function(quorvi_library name)
     add_library(${name} STATIC ${ARGN})
-    target_link_libraries(${name} PRIVATE quorvi-options)
+    # Only while it is built: how we compile is nobody's business who links an installed library.
+    target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:quorvi-options>)
     target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>")
 endfunction()
 

@@ -1,0 +1,63 @@
+# Where everything goes when it is installed: `cmake --install`, in components, each of which is one package.
+#   panel        the panel's bundle with the helper, the programs, what the desktop needs to know of them
+#   development  the model for programs at the device's end: libraries, headers, CMake package, pkg-config file
+
+# A bundle is a folder of its own kind, which only its host opens: it is neither in a library path nor for others.
+set(QUORVI_INSTALL_BUNDLE "lib/kyvar-quorvi/KyvarQuorvi.prefPane")
+set(QUORVI_INSTALL_HELPER "${QUORVI_INSTALL_BUNDLE}/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux")
+set(QUORVI_INSTALL_INCLUDE "${CMAKE_INSTALL_INCLUDEDIR}/kyvar-quorvi")
+set(QUORVI_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/KyvarQuorvi")
+
+install(TARGETS quorvi-settings quorvictl RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT panel)
+install(TARGETS KyvarQuorvi
+    LIBRARY DESTINATION "${QUORVI_INSTALL_BUNDLE}/Contents/Linux" COMPONENT panel)
+install(TARGETS KyvarQuorviHelper RUNTIME DESTINATION "${QUORVI_INSTALL_HELPER}" COMPONENT panel)
+# The rest of the bundle as it was put together in the build folder.
+install(DIRECTORY "${QUORVI_BUNDLE_DIR}/" DESTINATION "${QUORVI_INSTALL_BUNDLE}" COMPONENT panel
+    PATTERN Linux EXCLUDE)
+
+# The bus starts the helper for whoever calls it by its name. Where that is, is not known before it is installed.
+install(CODE "set(QUORVI_INSTALL_HELPER \"${QUORVI_INSTALL_HELPER}\")
+    configure_file(\"${PROJECT_SOURCE_DIR}/src/resources/desktop/com.kyvar.KyvarQuorviHelper.service.in\"
+        \"${PROJECT_BINARY_DIR}/com.kyvar.KyvarQuorviHelper.service\" @ONLY)" COMPONENT panel)
+install(FILES "${PROJECT_BINARY_DIR}/com.kyvar.KyvarQuorviHelper.service"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/services" COMPONENT panel)
+
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.bash" RENAME quorvictl
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT panel)
+
+# Manual pages are installed packed, as every system reads them.
+foreach(page quorvictl.1 quorvi-settings.1)
+    set(packed "${PROJECT_BINARY_DIR}/man/${page}.gz")
+    add_custom_command(OUTPUT "${packed}"
+        COMMAND ${CMAKE_COMMAND} -E make_directory "${PROJECT_BINARY_DIR}/man"
+        COMMAND gzip -9nc "${PROJECT_SOURCE_DIR}/docs/man/${page}" > "${packed}"
+        DEPENDS "${PROJECT_SOURCE_DIR}/docs/man/${page}" VERBATIM)
+    list(APPEND packed_pages "${packed}")
+endforeach()
+add_custom_target(manual-pages ALL DEPENDS ${packed_pages})
+install(FILES ${packed_pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT panel)
+
+# The libraries that know nothing of windows, for drivers and helpers of the device.
+set(QUORVI_LIBRARIES plist model keyboard)
+foreach(library IN LISTS QUORVI_LIBRARIES)
+    set_target_properties(quorvi-${library} PROPERTIES EXPORT_NAME ${library})
+    target_include_directories(quorvi-${library} PUBLIC "$<INSTALL_INTERFACE:${QUORVI_INSTALL_INCLUDE}>")
+    target_compile_features(quorvi-${library} PUBLIC cxx_std_20)
+    install(TARGETS quorvi-${library} EXPORT KyvarQuorviTargets
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${library}"
+        DESTINATION "${QUORVI_INSTALL_INCLUDE}" COMPONENT development FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(EXPORT KyvarQuorviTargets NAMESPACE KyvarQuorvi::
+    DESTINATION "${QUORVI_INSTALL_CMAKE}" COMPONENT development)
+
+include(CMakePackageConfigHelpers)
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/KyvarQuorviConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/KyvarQuorviConfig.cmake" INSTALL_DESTINATION "${QUORVI_INSTALL_CMAKE}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyvarQuorviConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/KyvarQuorviConfig.cmake" "${PROJECT_BINARY_DIR}/KyvarQuorviConfigVersion.cmake"
+    DESTINATION "${QUORVI_INSTALL_CMAKE}" COMPONENT development)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/kyvar-quorvi.pc.in" "${PROJECT_BINARY_DIR}/kyvar-quorvi.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kyvar-quorvi.pc"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)

@@ -1,0 +1,60 @@
+# Debian packages: `cpack --config build/CPackConfig.cmake -B FOLDER`.
+#   kyvar-quorvi        the panel and what the desktop knows of it
+#   kyvar-quorvi-dev    the model for programs at the device's end
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kyvar-quorvi)
+set(CPACK_PACKAGE_VENDOR "The Kyvar Quorvi developers")
+set(CPACK_PACKAGE_CONTACT "The Kyvar Quorvi developers <developers@kyvar.com>")
+set(CPACK_PACKAGE_HOMEPAGE_URL "https://www.kyvar.com/quorvi/support")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL panel desktop development)
+set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+set(CPACK_COMPONENT_PANEL_GROUP panel)
+set(CPACK_COMPONENT_DESKTOP_GROUP panel)
+set(CPACK_COMPONENT_DEVELOPMENT_GROUP development)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PANEL_PACKAGE_NAME kyvar-quorvi)
+set(CPACK_DEBIAN_PANEL_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PANEL_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "default-dbus-session-bus | dbus-session-bus, shared-mime-info")
+set(CPACK_DEBIAN_PANEL_DESCRIPTION "\
+Says what each button and the wheel of the mouse do, records macros, sets
+sensitivity in stages, acceleration, polling rate and lights, and keeps up to
+five profiles that follow the application in front.
+
+With the panel come the helper that owns the mouse, a small settings
+application that shows the panel, and the command-line tool quorvictl.")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME kyvar-quorvi-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS libplist-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "\
+Reads and writes the settings files of Kyvar Quorvi and converts them to the
+record of the mouse and back, for helpers and drivers of the device.
+
+This package holds static libraries, headers, a CMake package and a
+pkg-config file.")
+
+# What a Debian package says of itself beside its control file.
+function(quorvi_package_documents package component)
+    set(folder "${PROJECT_BINARY_DIR}/packaging/${package}")
+    file(MAKE_DIRECTORY "${folder}")
+    configure_file("${PROJECT_SOURCE_DIR}/packaging/copyright.in" "${folder}/copyright" @ONLY)
+    configure_file("${PROJECT_SOURCE_DIR}/packaging/changelog.in" "${folder}/changelog" @ONLY)
+    add_custom_command(OUTPUT "${folder}/changelog.Debian.gz"
+        COMMAND gzip -9nc "${folder}/changelog" > "${folder}/changelog.Debian.gz"
+        DEPENDS "${folder}/changelog")
+    add_custom_target(${package}-documents ALL DEPENDS "${folder}/changelog.Debian.gz")
+    install(FILES "${folder}/copyright" "${folder}/changelog.Debian.gz"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
+endfunction()
+quorvi_package_documents(kyvar-quorvi panel)
+quorvi_package_documents(kyvar-quorvi-dev development)
+
+include(CPack)
+cpack_add_component_group(panel)
+cpack_add_component_group(development)

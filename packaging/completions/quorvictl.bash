@@ -1,0 +1,29 @@
+# Completion of quorvictl's command line for bash.
+
+_quorvictl() {
+    local word=${COMP_WORDS[COMP_CWORD]} verb=${COMP_WORDS[1]-}
+    local verbs='encode decode check match profiles macros import export commands key-name usb-to-adb adb-to-usb
+        devices attach detach --help --version'
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W "$verbs" -- "$word")
+        return
+    fi
+    case $verb:$COMP_CWORD in
+    match:*)
+        if [[ $word == -* ]]; then
+            mapfile -t COMPREPLY < <(compgen -W '--auto --application --identifier --signature --executable' -- "$word")
+            return
+        fi
+        [ "$COMP_CWORD" -eq 2 ] || return
+        ;;
+    export:3)
+        mapfile -t COMPREPLY < <(compgen -W 'profile macro' -- "$word")
+        return
+        ;;
+    encode:[23] | decode:[23] | check:2 | profiles:2 | macros:2 | import:[23] | export:[25]) ;;
+    *) return ;;
+    esac
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$word")
+}
+complete -F _quorvictl quorvictl
