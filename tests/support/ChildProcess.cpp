@@ -1,7 +1,9 @@
 #include "support/ChildProcess.h"
 
+#include <algorithm>
 #include <csignal>
 #include <stdexcept>
+#include <string_view>
 #include <thread>
 
 #include <fcntl.h>
@@ -28,9 +30,16 @@ std::vector<char*> pointers(std::vector<std::string>& strings) {
 
 std::vector<std::string> environmentWith(const std::vector<std::string>& added) {
     std::vector<std::string> result = added;
+    const auto isReplaced = [&](std::string_view variable) {
+        const auto name = variable.substr(0, variable.find('=') + 1);
+        return std::any_of(
+            added.begin(), added.end(), [&](const auto& other) { return other.starts_with(name); });
+    };
+    // Of two equal names the first counts for some programs, the last for others.
     for (char** entry = environ; *entry; ++entry)
-        result.emplace_back(*entry);
-    return result; // the first of two equal names counts, for glibc and for the programs here
+        if (!isReplaced(*entry))
+            result.emplace_back(*entry);
+    return result;
 }
 
 std::pair<int, int> makePipe() {

@@ -1,0 +1,36 @@
+// What the desktop reads of the installed panel, judged by the desktop's own tools.
+#include "install/Installed.h"
+
+namespace quorvi::test {
+
+class DesktopFiles : public Installed {
+  protected:
+    void SetUp() override { install("desktop"); }
+};
+
+TEST_F(DesktopFiles, TheMenuEntryIsValid) {
+    const auto result = runProgram(
+        {"desktop-file-validate", m_folder.path("share/applications/com.kyvar.quorvi-settings.desktop")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output + result.error, "");
+}
+
+TEST_F(DesktopFiles, TheEntryInSoftwareCataloguesIsValid) {
+    EXPECT_TRUE(succeeds({"appstreamcli", "validate", "--no-net",
+        m_folder.path("share/metainfo/com.kyvar.quorvi-settings.metainfo.xml")}));
+}
+
+TEST_F(DesktopFiles, TheCatalogueNamesTheReleaseThatIsBuilt) {
+    EXPECT_NE(m_folder.read("share/metainfo/com.kyvar.quorvi-settings.metainfo.xml")
+                  .find("<release version=\"" QUORVI_VERSION "\""),
+        std::string::npos);
+}
+
+TEST_F(DesktopFiles, TheEntrysIconIsInstalled) {
+    const auto entry = m_folder.read("share/applications/com.kyvar.quorvi-settings.desktop");
+    EXPECT_NE(entry.find("\nIcon=com.kyvar.quorvi-settings\n"), std::string::npos);
+    EXPECT_TRUE(succeeds({"xmllint", "--noout",
+        m_folder.path("share/icons/hicolor/scalable/apps/com.kyvar.quorvi-settings.svg")}));
+}
+
+} // namespace quorvi::test
