@@ -16,6 +16,11 @@ namespace {
 
 const fs::path kResources = QUORVI_SOURCE_ROOT "/resources";
 
+bool areJoined(QChar before, QChar after) {
+    return before.joiningType() == QChar::Joining_Dual &&
+           (after.joiningType() == QChar::Joining_Dual || after.joiningType() == QChar::Joining_Right);
+}
+
 } // namespace
 
 std::vector<std::string> languages() {
@@ -56,6 +61,18 @@ std::vector<std::string> accessKeysOf(const std::string& text) {
         if (const QString key = characters.mid(mark + 1, 1); !key.isEmpty() && key != QLatin1String("&"))
             keys.push_back(key.toStdString());
     return keys;
+}
+
+bool joinsAnAccessKey(const std::string& text) {
+    const QString characters = QString::fromStdString(text);
+    for (qsizetype mark = characters.indexOf(u'&'); mark >= 0; mark = characters.indexOf(u'&', mark + 2)) {
+        const QString key = characters.mid(mark + 1, 2);
+        if (mark > 0 && !key.isEmpty() && areJoined(characters.at(mark - 1), key.at(0)))
+            return true;
+        if (key.size() == 2 && areJoined(key.at(0), key.at(1)))
+            return true;
+    }
+    return false;
 }
 
 } // namespace quorvi::test

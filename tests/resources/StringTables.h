@@ -26,4 +26,8 @@ using StringTable = std::map<std::string, std::string>;
 /// The characters behind "&", in small letters where there are such. "&&" is a shown "&" and marks none.
 [[nodiscard]] std::vector<std::string> accessKeysOf(const std::string& text);
 
+/// True when a character behind "&" is written as one with the character before or after it, as letters of
+/// Arabic are.
+[[nodiscard]] bool joinsAnAccessKey(const std::string& text);
+
 } // namespace quorvi::test
