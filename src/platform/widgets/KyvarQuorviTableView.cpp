@@ -66,8 +66,10 @@ int KyvarQuorviTableView::tag() const {
 }
 
 int KyvarQuorviTableView::selectedRow() const {
-    const QModelIndexList rows = selectionModel() ? selectionModel()->selectedRows() : QModelIndexList();
-    return rows.isEmpty() ? -1 : rows.first().row();
+    // The selection itself, not what of it the model still has: a row is selected until a reload says
+    // otherwise.
+    const QItemSelection selection = selectionModel() ? selectionModel()->selection() : QItemSelection();
+    return selection.isEmpty() ? -1 : selection.first().top();
 }
 
 void KyvarQuorviTableView::selectRowAlone(int row) {
