@@ -1,10 +1,8 @@
 #include "platform/widgets/KyvarQuorviSlider.h"
+#include "support/SliderTools.h"
 #include "widgets/WidgetTestMain.h"
 
-#include <QMouseEvent>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <limits>
 
 using namespace quorvi;
@@ -219,33 +217,10 @@ class SliderTest : public QObject {
     }
 
   private:
-    [[nodiscard]] QPoint handle() const {
-        QStyleOptionSlider option;
-        option.initFrom(m_slider.get());
-        option.minimum = m_slider->minimum();
-        option.maximum = m_slider->maximum();
-        option.sliderPosition = m_slider->sliderPosition();
-        option.sliderValue = m_slider->value();
-        option.orientation = Qt::Horizontal;
-        option.subControls = QStyle::SC_All;
-        return m_slider->style()
-            ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, m_slider.get())
-            .center();
-    }
-
-    // QTest::mouseMove() moves the pointer of the display in older versions, and not all displays have one.
-    void dragTo(QPoint place) {
-        const QPointF position(place);
-        QMouseEvent move(QEvent::MouseMove, position, position, m_slider->mapToGlobal(place), Qt::NoButton,
-            Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_slider.get(), &move);
-    }
-
+    [[nodiscard]] QPoint handle() const { return test::handleOf(*m_slider); }
+    void dragTo(QPoint place) { test::dragTo(*m_slider, place); }
     void turnWheel(int angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        const QPointF middle = QRectF(m_slider->rect()).center();
-        QWheelEvent turn(middle, m_slider->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, angle),
-            Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_slider.get(), &turn);
+        test::turnWheel(*m_slider, angle, modifiers);
     }
 
     std::unique_ptr<KyvarQuorviSlider> m_slider;

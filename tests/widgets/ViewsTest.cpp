@@ -106,6 +106,21 @@ class ViewsTest : public QObject {
         QVERIFY(image.pixelColor(205, 20) != mark);
     }
 
+    void stageBarOfADisabledPanelIsNotHighlighted() {
+        StageBar bar;
+        bar.resize(200, 40);
+        bar.setStages({{"A", 100, 100}, {"B", 200, 200}}, 0);
+        QPalette palette;
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Disabled})
+            palette.setColor(group, QPalette::Highlight, Qt::magenta);
+        bar.setPalette(palette);
+        QCOMPARE(bar.grab().toImage().pixelColor(5, 20), QColor(Qt::magenta));
+        bar.setEnabled(false);
+        const QImage image = bar.grab().toImage();
+        QVERIFY(image.pixelColor(5, 20) != QColor(Qt::magenta));
+        QVERIFY(image.pixelColor(5, 20) != image.pixelColor(195, 5));
+    }
+
     void stageBarComparesEachResolutionWithTheHighest() {
         StageBar bar;
         bar.setStages({{"A", 100, 100}, {"B", 400, 800}, {"C", -5, -5}}, 0);
@@ -194,6 +209,10 @@ class ViewsTest : public QObject {
         };
         QVERIFY(distance(outlineColour(palette)) >= 70);
         QVERIFY(distance(mutedTextColour(palette)) >= 120);
+        for (const QColor& highlight : {QColor(0x15, 0x53, 0x9e), QColor(0x30, 0x8c, 0xc6)}) {
+            palette.setColor(QPalette::Highlight, highlight);
+            QVERIFY(distance(markColour(palette)) >= 70);
+        }
     }
 
     void stageBarMarksNoneForAnIndexOutside() {

@@ -56,7 +56,7 @@ QPointF AccelerationCurve::pointAt(double handSpeed, double factor) const {
 }
 
 QSize AccelerationCurve::sizeHint() const {
-    return {11 * fontMetrics().height(), 6 * fontMetrics().height()};
+    return {12 * fontMetrics().height(), 8 * fontMetrics().height()};
 }
 
 QSize AccelerationCurve::minimumSizeHint() const {

@@ -68,9 +68,10 @@ void StageBar::paintEvent(QPaintEvent* /*event*/) {
 
 void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) const {
     const StageField& stage = m_stages.at(index);
-    const bool current = index == m_current;
-    if (current) {
-        painter.fillRect(field, palette().color(QPalette::Highlight));
+    const bool current = index == m_current && isEnabled();
+    if (index == m_current) {
+        painter.fillRect(
+            field, current ? palette().color(QPalette::Highlight) : disabledMarkColour(palette()));
     } else if (index > 0 && index - 1 != m_current) {
         painter.setPen(outlineColour(palette()));
         painter.drawLine(field.topLeft(), field.bottomLeft());
