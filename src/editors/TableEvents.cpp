@@ -25,6 +25,9 @@ void KyvarQuorviPane::handleKeyPressed(char16_t key, KyvarQuorviTableView* table
     case kStepsTable:
         actionButtonStepRemove();
         break;
+    case kStagesTable:
+        actionButtonStageRemove();
+        break;
     default:
         break;
     }

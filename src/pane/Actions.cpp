@@ -10,6 +10,7 @@
 
 #include "editors/TableModel.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
@@ -47,6 +48,18 @@ constexpr std::array kActions{
     Action{"actionMenuPollingRate:", perform<&KyvarQuorviPane::actionMenuPollingRate>},
     Action{"actionBoxLightOnWheel:", perform<&KyvarQuorviPane::actionBoxLightOnWheel>},
     Action{"actionBoxLightOnBattery:", perform<&KyvarQuorviPane::actionBoxLightOnBattery>},
+    Action{"actionSliderSensitivityX:", perform<&KyvarQuorviPane::actionSliderSensitivityX>},
+    Action{"actionSliderSensitivityY:", perform<&KyvarQuorviPane::actionSliderSensitivityY>},
+    Action{"actionBoxIndependentXY:", perform<&KyvarQuorviPane::actionBoxIndependentXY>},
+    Action{"actionSliderAcceleration:", perform<&KyvarQuorviPane::actionSliderAcceleration>},
+    Action{"actionBoxAcceleration:", perform<&KyvarQuorviPane::actionBoxAcceleration>},
+    Action{"actionBoxSensitivityOSD:", perform<&KyvarQuorviPane::actionBoxSensitivityOSD>},
+    Action{"actionButtonEditStages:", perform<&KyvarQuorviPane::actionButtonEditStages>},
+    Action{"actionButtonStageAdd:", perform<&KyvarQuorviPane::actionButtonStageAdd>},
+    Action{"actionButtonStageRemove:", perform<&KyvarQuorviPane::actionButtonStageRemove>},
+    Action{"actionSliderStagesSensitivityX:", perform<&KyvarQuorviPane::actionSliderStagesSensitivityX>},
+    Action{"actionSliderStagesSensitivityY:", perform<&KyvarQuorviPane::actionSliderStagesSensitivityY>},
+    Action{"actionBoxStagesIndependentXY:", perform<&KyvarQuorviPane::actionBoxStagesIndependentXY>},
     Action{"actionMenuTableContext:", perform<&KyvarQuorviPane::actionMenuTableContext>},
     Action{"actionButtonProfileAdd:", perform<&KyvarQuorviPane::actionButtonProfileAdd>},
     Action{"actionButtonProfileRemove:", perform<&KyvarQuorviPane::actionButtonProfileRemove>},
@@ -89,6 +102,10 @@ void KyvarQuorviPane::connectActions() {
         const auto performIts = [this, control] { performActionOf(*control, *this); };
         if (auto* button = qobject_cast<QAbstractButton*>(control)) {
             connect(button, &QAbstractButton::clicked, this, performIts);
+        } else if (auto* slider = qobject_cast<KyvarQuorviSlider*>(control)) {
+            connect(slider, &KyvarQuorviSlider::valueChosen, this, performIts);
+            connect(slider, &KyvarQuorviSlider::mouseDownBegan, this, &KyvarQuorviPane::dragDidBegin);
+            connect(slider, &KyvarQuorviSlider::mouseDownEnded, this, &KyvarQuorviPane::dragDidEnd);
         } else if (auto* popUp = qobject_cast<PopUpButton*>(control)) {
             connect(popUp, &PopUpButton::itemChosen, this, performIts);
             connect(popUp, &PopUpButton::listItemChosen, this,

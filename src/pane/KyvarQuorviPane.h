@@ -29,6 +29,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
+class QAbstractButton;
 class QAction;
 class QFileDialog;
 class QMenu;
@@ -38,6 +39,7 @@ namespace quorvi {
 class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
+class KyvarQuorviSlider;
 class PopUpButton;
 class TableModel;
 
@@ -77,8 +79,12 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings() const;
     /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
-    /// not.
+    /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
+    /// only when the drag ends.
     bool saveSettings(const plist::Dictionary& tree);
+    void dragDidBegin();
+    /// Brings to the disk what was saved during the drag.
+    void dragDidEnd();
 
     // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
     void syncUIWithDeviceConfig();
@@ -104,11 +110,33 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
-    // Sensitivity (sensitivity/SensitivityControls.cpp)
+    // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
+    /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
+    void actionSliderSensitivityX(KyvarQuorviSlider* slider);
+    void actionSliderSensitivityY(KyvarQuorviSlider* slider);
+    void actionBoxIndependentXY(QAbstractButton* box);
+    void actionSliderAcceleration();
+    void actionBoxAcceleration();
+    void actionBoxSensitivityOSD();
+    void actionButtonEditStages();
     void updateDpiText();
     /// Draws the current profile's stages with the current one marked.
     void updateStagesView();
-    /// Shows the copies that the stages editor works on; does nothing while it is closed.
+    /// Draws the acceleration that the box and the slider show.
+    void updateAccelerationView();
+
+    // Stages editor (sensitivity/StagesEditor.cpp). All but the first do nothing while it is closed.
+    /// Lets the user edit copies of the stages; OK stores them and saves, anything else forgets them. Returns
+    /// when the sheet is closed, which the pane itself may not outlive.
+    void editSensitivityStages();
+    /// Makes the stage the current one, and the one that the profile starts in; nothing for another index.
+    void editStageIndex(std::int32_t index);
+    void actionButtonStageAdd();
+    void actionButtonStageRemove();
+    void actionSliderStagesSensitivityX(KyvarQuorviSlider* slider);
+    void actionSliderStagesSensitivityY(KyvarQuorviSlider* slider);
+    void actionBoxStagesIndependentXY(QAbstractButton* box);
+    /// Shows the copies.
     void updateSensitivityStagesUI();
 
     // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp)
@@ -226,6 +254,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void alignIndependentAxes();
     void alignStageWithSettings();
     void updateSensitivityUI();
+    [[nodiscard]] plist::Array editedStages() const;
+    [[nodiscard]] std::int32_t editedStageIndex() const;
+    [[nodiscard]] plist::Dictionary editedStage() const;
+    void storeEditedStages();
+    void closeStagesEditor();
     void updateProfilesUI();
     void updateMacrosUI();
     void updateStepsUI();
@@ -268,6 +301,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
+    bool fDragging = false;    ///< the mouse is down on a slider
+    bool fSyncPending = false; ///< the settings file was written and is not known to be on the disk
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

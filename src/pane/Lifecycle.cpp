@@ -98,6 +98,7 @@ void KyvarQuorviPane::didSelect() {
 
 void KyvarQuorviPane::willUnselect() {
     startStopRecording(false, false);
+    dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);

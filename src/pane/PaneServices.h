@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "model/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
 #include "platform/KeyboardLayoutWatcher.h"
@@ -16,6 +17,7 @@ namespace quorvi {
 struct PaneServices {
     Bundle bundle;                              ///< the pane's own bundle
     std::filesystem::path homeFolder;           ///< the settings file is below it
+    FileCalls& files = systemFileCalls();       ///< the settings file is written by these
     std::unique_ptr<EventBus> bus;              ///< null without a session bus: nothing is sent then
     std::unique_ptr<Workspace> workspace;       ///< never null
     std::unique_ptr<LoginItemStore> loginItems; ///< never null

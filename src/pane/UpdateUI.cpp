@@ -70,6 +70,7 @@ void KyvarQuorviPane::updateSensitivityUI() {
     fViews->main.quorviSliderAcceleration->setEnabled(accelerated && hasDevice());
     fViews->main.quorviSliderAcceleration->setFloatValue(
         accelerationToSliderValue(static_cast<float>(fDriverData.real(keys::acceleration))));
+    updateAccelerationView();
 }
 
 void KyvarQuorviPane::updateProfilesUI() {

@@ -61,6 +61,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
     pane = std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(options.bundlePath),
         .homeFolder = home.path().toStdString(),
+        .files = options.files,
         .bus = options.bus ? EventBus::connect() : nullptr,
         .workspace = std::make_unique<RecordingWorkspace>(opened),
         .loginItems = std::make_unique<AutostartLoginItemStore>(

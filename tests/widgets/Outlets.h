@@ -42,6 +42,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviBoxIndependentXY", "QCheckBox", "actionBoxIndependentXY:"},
     {"quorviViewStages", "quorvi::StageBar"},
     {"quorviButtonEditStages", "QPushButton", "actionButtonEditStages:"},
+    {"quorviViewAcceleration", "quorvi::AccelerationCurve"},
     {"quorviBoxAcceleration", "QCheckBox", "actionBoxAcceleration:"},
     {"quorviSliderAcceleration", slider, "actionSliderAcceleration:"},
     {"quorviBoxSensitivityOSD", "QCheckBox", "actionBoxSensitivityOSD:"},
