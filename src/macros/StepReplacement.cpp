@@ -38,7 +38,7 @@ plist::Dictionary partnerOf(
     const plist::Array& steps, std::size_t index, bool behind, const Movement& wanted) {
     // Before the first step the index wraps round and is past the end.
     for (std::size_t at = behind ? index + 1 : index - 1; at < steps.size(); behind ? ++at : --at)
-        if (const auto step = steps.dictionary(at); isPartner(step, wanted))
+        if (auto step = steps.dictionary(at); isPartner(step, wanted))
             return step;
     return {};
 }

@@ -120,6 +120,9 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelSingleKey = addPanel(mainView, singleKey);
     quorviPanelRestore = addPanel(mainView, restore);
 
+    // Nothing else on the tab has this colour, in whatever theme.
+    main.quorviTextRecording->setBackgroundRole(QPalette::Highlight);
+    main.quorviTextRecording->setForegroundRole(QPalette::HighlightedText);
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);

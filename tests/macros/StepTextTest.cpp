@@ -33,7 +33,7 @@ class StepText : public testing::Test {
 TEST_F(StepText, AKeyIsNamed) {
     EXPECT_EQ(text(1, 0x04), u"Press " + GetKeyName(0x00));
     EXPECT_EQ(text(0, 0x04), u"Release " + GetKeyName(0x00));
-    EXPECT_EQ(text(1, 0x28), u"Press Return");
+    EXPECT_EQ(text(1, 0x28), u"Press return");
 }
 
 TEST_F(StepText, OfTheArgumentTheLowByteCounts) {
@@ -66,8 +66,8 @@ TEST_F(StepText, TheWordsAreLookedUp) {
         return stepText(test::dict({{"command", command}, {"argument", 0x28}}),
             [&](std::u16string_view english) { return table.at(std::u16string(english)); });
     };
-    EXPECT_EQ(german(1), u"Taste Return");
-    EXPECT_EQ(german(0), u"Los Return");
+    EXPECT_EQ(german(1), u"Taste return");
+    EXPECT_EQ(german(0), u"Los return");
     EXPECT_EQ(german(132), u"Knopf 3");
     EXPECT_EQ(german(128), u"Knopf los");
 }

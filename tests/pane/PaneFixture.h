@@ -33,6 +33,7 @@ struct PaneOptions {
     /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> keyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
+    std::function<double()> clock = steadySeconds;
 };
 
 class PaneFixture {

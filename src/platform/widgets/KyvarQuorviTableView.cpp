@@ -1,5 +1,6 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 
+#include "platform/widgets/PopUpCells.h"
 #include "platform/widgets/TableColumns.h"
 
 #include <QContextMenuEvent>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int rowPadding = 10;
 constexpr int headerPadding = 8;
+constexpr int emptyTextMargin = 24;
 
 int mouseEventType(const QMouseEvent& event) {
     const bool down = event.type() != QEvent::MouseButtonRelease;
@@ -44,7 +46,8 @@ char16_t deleteCharacter(const QKeyEvent& event) {
 
 } // namespace
 
-KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent) {
+KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
+    : QTableView(parent), m_emptyText(new QLabel(viewport())) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAlternatingRowColors(true);
@@ -59,6 +62,11 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_emptyText->setAlignment(Qt::AlignCenter);
+    m_emptyText->setWordWrap(true);
+    m_emptyText->setMargin(emptyTextMargin);
+    m_emptyText->setForegroundRole(QPalette::PlaceholderText);
+    m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
 }
 
 int KyvarQuorviTableView::tag() const {
@@ -100,12 +108,42 @@ bool KyvarQuorviTableView::editSelectedRow() {
 }
 
 void KyvarQuorviTableView::abortEditing() {
+    for (QWidget* editor : openEditors())
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+void KyvarQuorviTableView::commitEditing() {
+    for (QWidget* editor : openEditors()) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+QList<QWidget*> KyvarQuorviTableView::openEditors() const {
+    QList<QWidget*> editors;
     if (state() != EditingState)
-        return;
+        return editors;
     for (int row = 0; row < model()->rowCount(); ++row)
         for (int column = 0; column < model()->columnCount(); ++column)
             if (QWidget* editor = indexWidget(model()->index(row, column)))
-                closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+                editors.append(editor);
+    return editors;
+}
+
+void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {
+    delete m_popUpCells;
+    m_popUpCells = new PopUpCells(this, column, menu);
+    setItemDelegateForColumn(column, m_popUpCells);
+}
+
+void KyvarQuorviTableView::showEmptyText() {
+    m_emptyText->setGeometry(viewport()->rect());
+    m_emptyText->setVisible(!model() || model()->rowCount() == 0);
+}
+
+void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    showEmptyText();
 }
 
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
@@ -122,8 +160,10 @@ QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
 
 bool KyvarQuorviTableView::delegateTakes(const QMouseEvent& event) {
     const bool taken = !m_delegate || m_delegate->handleMouseEvent(event, mouseEventType(event), this);
-    if (event.button() == Qt::RightButton && event.type() != QEvent::MouseButtonRelease)
+    const bool down = event.type() != QEvent::MouseButtonRelease;
+    if (event.button() == Qt::RightButton && down)
         m_rightPressWasTaken = taken;
+    m_takenPresses.setFlag(event.button(), taken && down);
     return taken;
 }
 
@@ -138,6 +178,10 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
             return true;
         }
         break;
+    case QEvent::MouseMove: // a drag of a press that the table has not had must not choose rows
+        if (static_cast<QMouseEvent*>(event)->buttons() & m_takenPresses)
+            return true;
+        break;
     case QEvent::ContextMenu:
         if (m_rightPressWasTaken &&
             static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse)
@@ -146,11 +190,16 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
     default:
         break;
     }
-    return QTableView::viewportEvent(event);
+    const bool handled = QTableView::viewportEvent(event);
+    if (m_popUpCells && event->type() == QEvent::MouseButtonPress)
+        m_popUpCells->mousePressed(*static_cast<QMouseEvent*>(event));
+    return handled;
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
     const char16_t character = deleteCharacter(*event);
+    if (m_popUpCells && m_popUpCells->keyPressed(*event))
+        return;
     if (event->key() == Qt::Key_F2 && editSelectedRow())
         return;
     if (character != 0 && isEnabled() && m_delegate)
@@ -183,6 +232,9 @@ QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     layOutColumns();
+    if (model)
+        connect(model, &QAbstractItemModel::modelReset, this, &KyvarQuorviTableView::showEmptyText);
+    showEmptyText();
 }
 
 void KyvarQuorviTableView::layOutColumns() {
