@@ -3,6 +3,10 @@
 #include <QAccessible>
 #include <QLabel>
 
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
 
@@ -104,7 +108,8 @@ class RecordingStateTest : public QObject {
         const QString description = button->accessibleDescription();
         QVERIFY(!description.isEmpty());
         const auto previous = QAccessible::installUpdateHandler(writeDown);
-        QAccessible::setActive(true);
+        // As a screen reader does that comes to the bus.
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
         const auto contains = [&](const char* object, QAccessible::Event event) {
             return told.contains(QLatin1String(object) + QLatin1Char(' ') + QString::number(event));
         };
