@@ -17,6 +17,7 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
         fRecorder.start(oneStep);
     } else {
         fRecorder.stop();
+        setTablesTakeFocus(true);
     }
     showRecordButton();
     sendMessageToHelper(kMessageRecording, start ? 1 : 0);
@@ -33,6 +34,13 @@ void KyvarQuorviPane::takeFocusFromCells() {
     for (KyvarQuorviTableView* table : tables())
         table->commitEditing();
     fViews->main.quorviButtonStepRecord->setFocus();
+    setTablesTakeFocus(false);
+}
+
+// A click that is recorded is to leave the focus where it is.
+void KyvarQuorviPane::setTablesTakeFocus(bool take) {
+    for (KyvarQuorviTableView* table : tables())
+        table->setFocusPolicy(take ? Qt::StrongFocus : Qt::NoFocus);
 }
 
 RecordingTarget KyvarQuorviPane::recordingTarget() const {

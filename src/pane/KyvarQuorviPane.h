@@ -267,6 +267,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void showProfileApplication();
     [[nodiscard]] RecordingTarget recordingTarget() const;
     void takeFocusFromCells();
+    void setTablesTakeFocus(bool take);
     void recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown);
     void recordMouse(std::uint32_t code);
     /// After a step has come or was replaced. A run of one step ends with it.

@@ -278,6 +278,17 @@ class RecordingTest : public QObject {
         QVERIFY(!query.value(Qt::ImEnabled).toBool());
     }
 
+    void theFocusStaysWhereTheRecordingIsStopped() {
+        MacroFixture fixture(kFourSteps);
+        fixture.selectStep(0);
+        fixture.record();
+        fixture.clickSteps(Qt::LeftButton);
+        QVERIFY(fixture.find<QWidget>("quorviButtonStepRecord")->hasFocus());
+        fixture.record();
+        fixture.selectStep(1);
+        QVERIFY(fixture.find<QWidget>(kStepsTable)->hasFocus());
+    }
+
     void theRecordButtonHasTwoTitlesAndTheMenuToo() {
         MacroFixture fixture;
         auto* button = fixture.find<QAbstractButton>("quorviButtonStepRecord");

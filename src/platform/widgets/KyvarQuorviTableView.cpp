@@ -14,7 +14,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int rowPadding = 10;
+constexpr int rowPadding = 9; // sixteen rows fit into the window as it opens
 constexpr int headerPadding = 8;
 constexpr int emptyTextMargin = 24;
 

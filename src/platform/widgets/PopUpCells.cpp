@@ -12,6 +12,8 @@ namespace quorvi {
 
 namespace {
 
+constexpr float greyedOpacity = 0.6F;
+
 bool opensMenu(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_F2:
@@ -33,6 +35,13 @@ QRect signIn(const QStyleOptionViewItem& option) {
     const int side = option.fontMetrics.height() * 2 / 3;
     const QRect cell = option.rect.adjusted(0, 0, -side / 2, 0);
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(side, side), cell);
+}
+
+/// The one that styles draw the text of a cell in.
+QPalette::ColorGroup colourGroup(const QStyleOptionViewItem& option) {
+    if (!(option.state & QStyle::State_Enabled))
+        return QPalette::Disabled;
+    return option.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
 }
 
 } // namespace
@@ -76,6 +85,17 @@ bool PopUpCells::open(const QModelIndex& cell) {
     return true;
 }
 
+void PopUpCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->state & QStyle::State_Enabled || !m_table->selectionModel()->isRowSelected(index.row(), {}))
+        return;
+    // A cell that is not enabled is not selected with its row. It is to look so all the same, and greyed.
+    option->state |= QStyle::State_Selected | QStyle::State_Enabled;
+    QColor text = option->palette.color(QPalette::Active, QPalette::HighlightedText);
+    text.setAlphaF(greyedOpacity);
+    option->palette.setColor(QPalette::HighlightedText, text);
+}
+
 void PopUpCells::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
@@ -85,7 +105,8 @@ void PopUpCells::paint(
     sign.rect = signIn(cell);
     // Styles draw the sign in the colour of a button's text.
     const bool selected = cell.state & QStyle::State_Selected;
-    const QBrush text = cell.palette.brush(selected ? QPalette::HighlightedText : QPalette::Text);
+    const QBrush text =
+        cell.palette.brush(colourGroup(cell), selected ? QPalette::HighlightedText : QPalette::Text);
     sign.palette.setBrush(QPalette::ButtonText, text);
     sign.palette.setBrush(QPalette::WindowText, text);
     const QStyle* style = cell.widget ? cell.widget->style() : QApplication::style();

@@ -29,6 +29,9 @@ class PopUpCells : public QStyledItemDelegate {
     void paint(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
   private:
     bool open(const QModelIndex& cell);
 
