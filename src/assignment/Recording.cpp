@@ -33,7 +33,8 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
 void KyvarQuorviPane::takeFocusFromCells() {
     for (KyvarQuorviTableView* table : tables())
         table->commitEditing();
-    fViews->main.quorviButtonStepRecord->setFocus();
+    if (fViews->main.quorviButtonStepRecord->isVisible())
+        fViews->main.quorviButtonStepRecord->setFocus();
     setTablesTakeFocus(false);
 }
 

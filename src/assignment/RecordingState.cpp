@@ -33,7 +33,7 @@ QString KyvarQuorviPane::recordingText() const {
 
 void KyvarQuorviPane::updateRecordingUI() {
     const QString state = fRecorder.isRecording() ? recordingText() : QString();
-    QLabel* label = fViews->main.quorviTextRecording;
+    QLabel* label = fViews->main.textRecording;
     if (label->text() == state)
         return;
     label->setText(state);

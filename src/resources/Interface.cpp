@@ -121,8 +121,8 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelRestore = addPanel(mainView, restore);
 
     // Nothing else on the tab has this colour, in whatever theme.
-    main.quorviTextRecording->setBackgroundRole(QPalette::Highlight);
-    main.quorviTextRecording->setForegroundRole(QPalette::HighlightedText);
+    main.textRecording->setBackgroundRole(QPalette::Highlight);
+    main.textRecording->setForegroundRole(QPalette::HighlightedText);
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);

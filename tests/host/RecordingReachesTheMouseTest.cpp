@@ -62,6 +62,21 @@ class EventTimes : public QObject {
     }
 };
 
+/// Counts the presses that come to a window, as Qt tells them apart.
+class PressCounter : public QObject {
+  public:
+    PressCounter() { QCoreApplication::instance()->installEventFilter(this); }
+    int firsts = 0;
+    int repetitions = 0;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched->isWindowType() && event->type() == QEvent::KeyPress)
+            ++(static_cast<QKeyEvent*>(event)->isAutoRepeat() ? repetitions : firsts);
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 /// The byte code of the steps: a key with its usage, a button alone, and a delay of one byte or two.
 std::vector<std::uint8_t> byteCode(const QList<Step>& steps) {
     std::vector<std::uint8_t> bytes;
@@ -207,7 +222,7 @@ class RecordingReachesTheMouseTest : public QObject {
             QStringList({"Press a", "Release a", "Press e", "Release e", "Press button 1", "Release button",
                 "Press button 3", "Release button", "Press button 2", "Release button", "Press button 4",
                 "Release button", "Press button 5", "Release button"}));
-        QCOMPARE(m_window->text("quorviTextRecording"), QStringLiteral("Recording: 2 steps left"));
+        QCOMPARE(m_window->text("textRecording"), QStringLiteral("Recording: 2 steps left"));
         QVERIFY(saved().isEmpty());
         const QList<double> times = m_times->times;
         m_window->click("quorviButtonStepRecord");
@@ -295,23 +310,16 @@ class RecordingReachesTheMouseTest : public QObject {
             std::u16string(u"Hello"));
     }
 
-    void aKeyThatIsHeldRepeatsIntoNothing() {
+    void theRepetitionsOfAHeldKeyAreNotRecorded() {
         m_window->click("quorviButtonStepRecord");
+        PressCounter presses;
         m_keyboard->down(keycodes::a);
-        int repetitions = 0;
-        struct Counter : QObject {
-            explicit Counter(int& c) : count(c) { QCoreApplication::instance()->installEventFilter(this); }
-            bool eventFilter(QObject* watched, QEvent* event) override {
-                count += watched->isWindowType() && event->type() == QEvent::KeyPress &&
-                         static_cast<QKeyEvent*>(event)->isAutoRepeat();
-                return false;
-            }
-            int& count;
-        };
-        const auto counter = std::make_unique<Counter>(repetitions);
-        QTRY_VERIFY_WITH_TIMEOUT(repetitions >= 2, kWindowPatienceMs);
+        QTRY_VERIFY_WITH_TIMEOUT(presses.repetitions >= 3, kWindowPatienceMs);
         m_keyboard->up(keycodes::a);
-        QCOMPARE(shown(), QStringList({"Press a", "Release a"}));
+        // Qt takes a repetition for a release and a press when the server's second event comes late.
+        QCOMPARE(shown().size(), 2 * presses.firsts);
+        QCOMPARE(shown().first(), QStringLiteral("Press a"));
+        QCOMPARE(shown().last(), QStringLiteral("Release a"));
     }
 
     void aWindowThatIsClosedMeanwhileHasSavedTheSteps() {

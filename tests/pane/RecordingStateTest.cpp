@@ -15,7 +15,7 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr const char* kState = "quorviTextRecording";
+constexpr const char* kState = "textRecording";
 constexpr const char* kRecord = "quorviButtonStepRecord";
 
 /// What a screen reader would be told of the objects: "name: event".
