@@ -28,11 +28,9 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
     updateKeyboardGrab();
 }
 
-// Where text can be typed, the input method composes it, and takes dead keys before anybody sees them. So an
-// edit is finished, and the focus goes to where the recording is stopped.
+// Where text can be typed, the input method composes it, and takes dead keys before anybody sees them. So the
+// focus goes to where the recording is stopped, which finishes an edit.
 void KyvarQuorviPane::takeFocusFromCells() {
-    for (KyvarQuorviTableView* table : tables())
-        table->commitEditing();
     if (fViews->main.quorviButtonStepRecord->isVisible())
         fViews->main.quorviButtonStepRecord->setFocus();
     setTablesTakeFocus(false);

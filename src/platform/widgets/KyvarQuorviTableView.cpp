@@ -108,26 +108,12 @@ bool KyvarQuorviTableView::editSelectedRow() {
 }
 
 void KyvarQuorviTableView::abortEditing() {
-    for (QWidget* editor : openEditors())
-        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
-}
-
-void KyvarQuorviTableView::commitEditing() {
-    for (QWidget* editor : openEditors()) {
-        commitData(editor);
-        closeEditor(editor, QAbstractItemDelegate::NoHint);
-    }
-}
-
-QList<QWidget*> KyvarQuorviTableView::openEditors() const {
-    QList<QWidget*> editors;
     if (state() != EditingState)
-        return editors;
+        return;
     for (int row = 0; row < model()->rowCount(); ++row)
         for (int column = 0; column < model()->columnCount(); ++column)
             if (QWidget* editor = indexWidget(model()->index(row, column)))
-                editors.append(editor);
-    return editors;
+                closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
 void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {

@@ -55,8 +55,6 @@ class KyvarQuorviTableView : public QTableView {
     void editCell(int column, int row);
     /// Calls an edit of a cell off that is under way: what was typed is dropped.
     void abortEditing();
-    /// Finishes an edit of a cell that is under way: what was typed is kept.
-    void commitEditing();
 
     /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
     /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
@@ -91,7 +89,6 @@ class KyvarQuorviTableView : public QTableView {
   private:
     void layOutColumns();
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
-    [[nodiscard]] QList<QWidget*> openEditors() const;
     void showEmptyText();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
