@@ -139,7 +139,7 @@ class RecordingTest : public QObject {
         auto* view = fixture.find<KyvarQuorviTableView>(qPrintable(table));
         const int selected = view->selectedRow();
         for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, QPointF(10, 40), view->viewport()->mapToGlobal(QPointF(10, 40)),
+            QMouseEvent event(type, QPointF(10, 40), QPointF(view->viewport()->mapToGlobal(QPoint(10, 40))),
                 Qt::LeftButton, Qt::LeftButton, {});
             QCoreApplication::sendEvent(view->viewport(), &event);
         }
@@ -168,7 +168,7 @@ class RecordingTest : public QObject {
         const QPoint second = cellOf(fixture, kStepsTable, 1, 0).center();
         QTest::mousePress(viewport, Qt::LeftButton, {}, first);
         QCOMPARE(fixture.selectedRow(kStepsTable), 4);
-        QMouseEvent move(QEvent::MouseMove, second, viewport->mapToGlobal(QPointF(second)), Qt::NoButton,
+        QMouseEvent move(QEvent::MouseMove, second, QPointF(viewport->mapToGlobal(second)), Qt::NoButton,
             Qt::LeftButton, {});
         QCoreApplication::sendEvent(viewport, &move);
         QCOMPARE(fixture.selectedRow(kStepsTable), 4);
