@@ -60,6 +60,10 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
         return fProfiles.dictionary(index).dictionary(keys::driver).boolean(keys::autoSwitch);
     case kMacroNameColumn:
         return text(fMacros.dictionary(index), keys::name);
+    case kStepActionColumn:
+        return textOfStep(row);
+    case kStepDelayColumn:
+        return delayOfStep(row);
     case kStageResolutionColumn:
         return stageText(
             editedStages().dictionary(index), [this](const QString& key) { return locString(key); });
@@ -80,6 +84,9 @@ void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier
         break;
     case kMacroNameColumn:
         renameMacro(value, row);
+        break;
+    case kStepDelayColumn:
+        setDelayOfStep(value, row);
         break;
     default:
         break;

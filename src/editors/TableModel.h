@@ -24,6 +24,8 @@ class TableModel : public QAbstractTableModel {
     /// Greys the column's cells and refuses edits of them, or takes that back.
     void setColumnEnabled(int columnIdentifier, bool enabled);
 
+    /// The position of the column; -1 when the table has none like that.
+    [[nodiscard]] int columnOf(int columnIdentifier) const;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

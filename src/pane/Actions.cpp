@@ -9,6 +9,7 @@
 #include <QTabWidget>
 
 #include "editors/TableModel.h"
+#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -66,6 +67,8 @@ constexpr std::array kActions{
     Action{"actionBoxProfileOSD:", perform<&KyvarQuorviPane::actionBoxProfileOSD>},
     Action{"actionButtonMacroAdd:", perform<&KyvarQuorviPane::actionButtonMacroAdd>},
     Action{"actionButtonMacroRemove:", perform<&KyvarQuorviPane::actionButtonMacroRemove>},
+    Action{"actionButtonStepAdd:", perform<&KyvarQuorviPane::actionButtonStepAdd>},
+    Action{"actionButtonStepRecord:", perform<&KyvarQuorviPane::actionButtonStepRecord>},
     Action{"actionButtonStepRemove:", perform<&KyvarQuorviPane::actionButtonStepRemove>},
     Action{"actionButtonRestoreDefaults:", perform<&KyvarQuorviPane::actionButtonRestoreDefaults>},
     Action{"actionButtonCheckUpdates:", perform<&KyvarQuorviPane::actionButtonCheckUpdates>},
@@ -148,6 +151,8 @@ void KyvarQuorviPane::connectTables() {
         connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, table] { tableViewSelectionDidChange(table); });
     }
+    fViews->main.quorviTableSteps->setPopUpColumn(
+        fTableModels[kStepsTable - 1]->columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
 }
 
 } // namespace quorvi

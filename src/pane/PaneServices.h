@@ -3,11 +3,13 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "model/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
+#include "platform/Clock.h"
 #include "platform/KeyboardLayoutWatcher.h"
 #include "platform/Workspace.h"
 #include "platform/events/EventBus.h"
@@ -23,6 +25,8 @@ struct PaneServices {
     std::unique_ptr<LoginItemStore> loginItems; ///< never null
     /// Null: keys are named by whatever layout is the current one when the pane is loaded.
     std::unique_ptr<KeyboardLayoutWatcher> keyboardLayout;
+    /// What recordings take the time from, in seconds; never empty.
+    std::function<double()> clock = steadySeconds;
 };
 
 } // namespace quorvi

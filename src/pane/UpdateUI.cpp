@@ -81,7 +81,7 @@ void KyvarQuorviPane::updateProfilesUI() {
 }
 
 void KyvarQuorviPane::updateMacrosUI() {
-    const bool editable = hasDevice() && !fRecordingMacro;
+    const bool editable = hasDevice() && !fRecorder.isRecording();
     const bool macroSelected = fViews->main.quorviTableMacros->selectedRow() >= 0;
     makeViewActive(fViews->main.quorviTableMacros, editable);
     fViews->main.quorviButtonMacroAdd->setEnabled(editable && int(fMacros.size()) < limits::macros);
@@ -91,13 +91,14 @@ void KyvarQuorviPane::updateMacrosUI() {
 }
 
 void KyvarQuorviPane::updateStepsUI() {
-    const bool editable = hasDevice() && !fRecordingMacro;
+    const bool editable = hasDevice() && !fRecorder.isRecording();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
     fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
     fViews->main.quorviButtonStepAdd->setEnabled(editable);
     fViews->main.quorviButtonStepRemove->setEnabled(editable && stepSelected);
     fViews->main.quorviButtonStepGear->setEnabled(editable);
+    updateRecordingUI();
 }
 
 void KyvarQuorviPane::updateLightingUI() {

@@ -67,6 +67,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
         .loginItems = std::make_unique<AutostartLoginItemStore>(
             home.filePath(QStringLiteral("autostart")).toStdString(), executableOf),
         .keyboardLayout = options.keyboardLayout ? options.keyboardLayout() : nullptr,
+        .clock = options.clock,
     });
     window = std::make_unique<QWidget>();
     auto* layout = new QVBoxLayout(window.get());

@@ -34,6 +34,7 @@ struct PaneOptions {
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> keyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
     FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
+    std::function<double()> clock = steadySeconds;
 };
 
 class PaneFixture {

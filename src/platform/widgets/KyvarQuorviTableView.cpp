@@ -1,5 +1,6 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 
+#include "platform/widgets/PopUpCells.h"
 #include "platform/widgets/TableColumns.h"
 
 #include <QContextMenuEvent>
@@ -13,8 +14,9 @@ namespace quorvi {
 
 namespace {
 
-constexpr int rowPadding = 10;
+constexpr int rowPadding = 9; // sixteen rows fit into the window as it opens
 constexpr int headerPadding = 8;
+constexpr int emptyTextMargin = 24;
 
 int mouseEventType(const QMouseEvent& event) {
     const bool down = event.type() != QEvent::MouseButtonRelease;
@@ -44,7 +46,8 @@ char16_t deleteCharacter(const QKeyEvent& event) {
 
 } // namespace
 
-KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent) {
+KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
+    : QTableView(parent), m_emptyText(new QLabel(viewport())) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAlternatingRowColors(true);
@@ -59,6 +62,11 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_emptyText->setAlignment(Qt::AlignCenter);
+    m_emptyText->setWordWrap(true);
+    m_emptyText->setMargin(emptyTextMargin);
+    m_emptyText->setForegroundRole(QPalette::PlaceholderText);
+    m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
 }
 
 int KyvarQuorviTableView::tag() const {
@@ -110,6 +118,22 @@ void KyvarQuorviTableView::abortEditing() {
                 closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
+void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {
+    delete m_popUpCells;
+    m_popUpCells = new PopUpCells(this, column, menu);
+    setItemDelegateForColumn(column, m_popUpCells);
+}
+
+void KyvarQuorviTableView::showEmptyText() {
+    m_emptyText->setGeometry(viewport()->rect());
+    m_emptyText->setVisible(!model() || model()->rowCount() == 0);
+}
+
+void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    showEmptyText();
+}
+
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
     m_menu = menu;
 }
@@ -124,8 +148,10 @@ QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
 
 bool KyvarQuorviTableView::delegateTakes(const QMouseEvent& event) {
     const bool taken = !m_delegate || m_delegate->handleMouseEvent(event, mouseEventType(event), this);
-    if (event.button() == Qt::RightButton && event.type() != QEvent::MouseButtonRelease)
+    const bool down = event.type() != QEvent::MouseButtonRelease;
+    if (event.button() == Qt::RightButton && down)
         m_rightPressWasTaken = taken;
+    m_takenPresses.setFlag(event.button(), taken && down);
     return taken;
 }
 
@@ -140,6 +166,10 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
             return true;
         }
         break;
+    case QEvent::MouseMove: // a drag of a press that the table has not had must not choose rows
+        if (static_cast<QMouseEvent*>(event)->buttons() & m_takenPresses)
+            return true;
+        break;
     case QEvent::ContextMenu:
         if (m_rightPressWasTaken &&
             static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse)
@@ -148,11 +178,16 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
     default:
         break;
     }
-    return QTableView::viewportEvent(event);
+    const bool handled = QTableView::viewportEvent(event);
+    if (m_popUpCells && event->type() == QEvent::MouseButtonPress)
+        m_popUpCells->mousePressed(*static_cast<QMouseEvent*>(event));
+    return handled;
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
     const char16_t character = deleteCharacter(*event);
+    if (m_popUpCells && m_popUpCells->keyPressed(*event))
+        return;
     if (event->key() == Qt::Key_F2 && editSelectedRow())
         return;
     if (character != 0 && isEnabled() && m_delegate)
@@ -185,6 +220,9 @@ QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     layOutColumns();
+    if (model)
+        connect(model, &QAbstractItemModel::modelReset, this, &KyvarQuorviTableView::showEmptyText);
+    showEmptyText();
 }
 
 void KyvarQuorviTableView::layOutColumns() {

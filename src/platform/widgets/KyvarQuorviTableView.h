@@ -2,6 +2,7 @@
 // profiles, 2 macros, 3 steps, 4 stages.
 #pragma once
 
+#include <QLabel>
 #include <QMenu>
 #include <QPointer>
 #include <QTableView>
@@ -9,6 +10,7 @@
 namespace quorvi {
 
 class KyvarQuorviTableView;
+class PopUpCells;
 
 // The kinds of mouse event that a table tells its delegate of.
 inline constexpr int kLeftMouseDown = 1;
@@ -54,6 +56,15 @@ class KyvarQuorviTableView : public QTableView {
     /// Calls an edit of a cell off that is under way: what was typed is dropped.
     void abortEditing();
 
+    /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
+    /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
+    /// that open other pop-ups, for the selected row. Must be called with the model set.
+    void setPopUpColumn(int column, QMenu* menu);
+
+    /// What the table says while it has no rows.
+    [[nodiscard]] QString emptyText() const { return m_emptyText->text(); }
+    void setEmptyText(const QString& text) { m_emptyText->setText(text); }
+
     /// The context menu, which belongs to the panel; nullptr when there is none.
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     void setMenu(QMenu* menu);
@@ -71,18 +82,23 @@ class KyvarQuorviTableView : public QTableView {
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
 
   private:
     void layOutColumns();
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
+    void showEmptyText();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
 
     QPointer<QMenu> m_menu;
     TableDelegate* m_delegate = nullptr;
+    PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
+    QLabel* m_emptyText;
     bool m_rightPressWasTaken = false;
+    Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
 };
 
 } // namespace quorvi

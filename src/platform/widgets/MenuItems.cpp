@@ -2,7 +2,9 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QScreen>
 #include <QVariant>
+#include <QWidget>
 
 namespace quorvi {
 
@@ -115,6 +117,24 @@ QList<QAction*> selectableItems(const QMenu& menu) {
     QList<QAction*> items;
     appendSelectableItems(menu, items);
     return items;
+}
+
+void markItem(QAction& item, bool marked) {
+    item.setCheckable(marked);
+    item.setChecked(marked);
+}
+
+QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rectangle) {
+    const QSize size = menu.sizeHint();
+    const QRect available = widget.screen()->availableGeometry();
+    const bool rightToLeft = widget.layoutDirection() == Qt::RightToLeft;
+    const int left = rightToLeft
+                         ? rectangle.left() + rectangle.width() - qMax(rectangle.width(), size.width())
+                         : rectangle.left();
+    const QPoint below = widget.mapToGlobal(QPoint(left, rectangle.top() + rectangle.height()));
+    const QPoint above = widget.mapToGlobal(QPoint(left, rectangle.top() - size.height()));
+    const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
+    return fitsBelow || above.y() < available.top() ? below : above;
 }
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {

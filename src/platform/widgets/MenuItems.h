@@ -10,6 +10,9 @@
 
 class QAction;
 class QMenu;
+class QPoint;
+class QRect;
+class QWidget;
 
 namespace quorvi {
 
@@ -42,6 +45,14 @@ void setTitleOfItem(QAction& item, const QString& title);
 /// The items that can be selected, in the order of the menu: its own items and those of its groups, without
 /// separators, groups and the lists under tagged items.
 [[nodiscard]] QList<QAction*> selectableItems(const QMenu& menu);
+
+/// Marks the item as the selected one, or takes that back. Only what is marked can be checked: styles draw an
+/// empty box beside every other item that can.
+void markItem(QAction& item, bool marked);
+
+/// Where to open the menu of a widget's rectangle: below it or, where there is no room, above, with the first
+/// letters of both in line.
+[[nodiscard]] QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rectangle);
 
 /// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
 /// and shown states. The copy has no parent; no connection of the original is copied.

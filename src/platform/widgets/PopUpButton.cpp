@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QToolTip>
@@ -111,31 +110,16 @@ void PopUpButton::showSelectedTitle() {
         setItemText(0, shownTitleOfItem(*m_selected));
 }
 
-// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only
-// what is marked can be checked: styles draw an empty box beside every other item that can.
+// The group that holds the selected item is marked too, so that the way to it shows in the opened menu.
 void PopUpButton::markSelectedItem() {
     if (!m_menu)
         return;
-    const auto mark = [](QAction& item, bool marked) {
-        item.setCheckable(marked);
-        item.setChecked(marked);
-    };
     for (QAction* item : m_menu->actions()) {
         if (isItemGroup(*item))
-            mark(*item, selectableItems(*item->menu()).contains(m_selected.data()));
+            markItem(*item, selectableItems(*item->menu()).contains(m_selected.data()));
     }
     for (QAction* item : items())
-        mark(*item, item == m_selected);
-}
-
-QPoint PopUpButton::menuPosition() const {
-    const QSize size = m_menu->sizeHint();
-    const QRect available = screen()->availableGeometry();
-    const int left = layoutDirection() == Qt::RightToLeft ? width() - qMax(width(), size.width()) : 0;
-    const QPoint below = mapToGlobal(QPoint(left, height()));
-    const QPoint above = mapToGlobal(QPoint(left, -size.height()));
-    const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
-    return fitsBelow || above.y() < available.top() ? below : above;
+        markItem(*item, item == m_selected);
 }
 
 void PopUpButton::showPopup() {
@@ -144,7 +128,7 @@ void PopUpButton::showPopup() {
     // Items come and go while the button shows the same selection: lists of profiles and macros.
     markSelectedItem();
     m_menu->setMinimumWidth(width());
-    m_menu->popup(menuPosition());
+    m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
         m_menu->setActiveAction(m_selected);
     update();
