@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace quorvi {
 
 namespace {
@@ -115,6 +117,18 @@ QList<QAction*> selectableItems(const QMenu& menu) {
     QList<QAction*> items;
     appendSelectableItems(menu, items);
     return items;
+}
+
+bool keyOpensMenu(int key) {
+    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
+}
+
+void activateFirstItem(QMenu& menu) {
+    const auto items = menu.actions();
+    const auto first = std::find_if(items.begin(), items.end(),
+        [](const QAction* item) { return item->isVisible() && item->isEnabled() && !item->isSeparator(); });
+    if (first != items.end())
+        menu.setActiveAction(*first);
 }
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {

@@ -43,6 +43,13 @@ void setTitleOfItem(QAction& item, const QString& title);
 /// separators, groups and the lists under tagged items.
 [[nodiscard]] QList<QAction*> selectableItems(const QMenu& menu);
 
+/// Whether the key opens the menu of a button with the focus: Space, the arrows up and down, alone or with
+/// others, and F4.
+[[nodiscard]] bool keyOpensMenu(int key);
+/// Marks the first item of the open menu that can be chosen. Who opens a menu by the keyboard, or listens to
+/// it, has to be somewhere in it.
+void activateFirstItem(QMenu& menu);
+
 /// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
 /// and shown states. The copy has no parent; no connection of the original is copied.
 [[nodiscard]] std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu);
