@@ -53,8 +53,11 @@ class KeyboardWalkTest : public QObject {
         QFETCH(QStringList, controls);
         Walk walk(settingsToWalkIn());
         QVERIFY(walk.enterTab(Tab(tab)));
-        (void)walk.focusMovedBy("Down"); // to a row that can be removed; of the steps as well
-        if (tab == kMacrosTab) {
+        // To a row that can be removed; of the steps as well.
+        if (tab == kProfilesTab) {
+            QCOMPARE(walk.focusMovedBy("Down"), QStringLiteral("cell '2'"));
+        } else {
+            walk.press({"Down"}); // selects the row that it would move from
             QVERIFY(walk.moveTo("cell ''"));
             walk.press({"Down"});
             QVERIFY(walk.moveTo("cell 'Hello'", "shift+Tab"));
