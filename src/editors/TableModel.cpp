@@ -60,12 +60,24 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return {};
     const int identifier = identifierOf(index);
     const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
+    if (role == Qt::AccessibleTextRole)
+        return spokenText(identifier, value());
     if (isCheckBox(identifier))
         return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked)
                                           : QVariant();
     if (isPopUp(identifier) && role == Qt::DisplayRole)
         return m_pane->titleOfDelay(value());
     return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
+}
+
+// What stands in a cell without a text; the text itself is read out without that.
+QVariant TableModel::spokenText(int columnIdentifier, const QVariant& value) const {
+    if (columnIdentifier == kProfileAutoswitchColumn)
+        return m_pane->locString(value.toBool() ? QStringLiteral("Switches automatically")
+                                                : QStringLiteral("Does not switch automatically"));
+    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
+        return m_pane->locString(QStringLiteral("No application"));
+    return {};
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QItemSelectionModel>
 #include <QMenu>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include "editors/TableModel.h"
@@ -90,14 +89,6 @@ void performActionOf(QObject& sender, KyvarQuorviPane& pane) {
         action->perform(pane, sender);
 }
 
-/// A menu opens when its button goes down, not when it comes up again, and the button stays down meanwhile.
-void openOnPress(QPushButton* button, QMenu* menu) {
-    QObject::connect(button, &QPushButton::pressed, menu, [button, menu] {
-        menu->exec(button->mapToGlobal(QPoint(0, button->height())));
-        button->setDown(false);
-    });
-}
-
 } // namespace
 
 void KyvarQuorviPane::connectActions() {
@@ -122,15 +113,16 @@ void KyvarQuorviPane::connectActions() {
     connectMenu(*fViews->menus.quorviMenuProfileGear);
     connectMenu(*fViews->menus.quorviMenuMacroGear);
     connectMenu(*fViews->menus.quorviMenuStepGear);
-    openOnPress(fViews->main.quorviButtonProfileGear, fViews->menus.quorviMenuProfileGear);
-    openOnPress(fViews->main.quorviButtonMacroGear, fViews->menus.quorviMenuMacroGear);
-    openOnPress(fViews->main.quorviButtonStepGear, fViews->menus.quorviMenuStepGear);
     connect(fViews->main.quorviTabsMain, &QTabWidget::currentChanged, this,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
 }
 
 void KyvarQuorviPane::connectMenu(QMenu& menu) {
-    connect(&menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); });
+    // Once the menu is done: a command may ask a question, and whoever chose the item is not to wait for
+    // that.
+    connect(
+        &menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); },
+        Qt::QueuedConnection);
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         for (QAction* item : menu.actions())
             item->setEnabled(validateMenuItem(item) && actionOf(*item));

@@ -110,6 +110,9 @@ Interface::Interface(QWidget& mainView) {
     main.setupUi(&mainView);
     menus = createMenus(mainView);
     main.quorviMenuPollingRate->setMenu(createPollingRateMenu().release());
+    main.quorviButtonProfileGear->setCommands(menus.quorviMenuProfileGear);
+    main.quorviButtonMacroGear->setCommands(menus.quorviMenuMacroGear);
+    main.quorviButtonStepGear->setCommands(menus.quorviMenuStepGear);
     main.quorviTableProfiles->setMenu(menus.quorviMenuProfileGear);
     main.quorviTableMacros->setMenu(menus.quorviMenuMacroGear);
     main.quorviTableSteps->setMenu(menus.quorviMenuStepGear);

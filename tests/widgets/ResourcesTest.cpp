@@ -66,7 +66,8 @@ class ResourcesTest : public QObject {
                  "Are you sure you want to restore all settings to default?",
                  "Delete profile: ^1\r\rAre you sure you want to delete this profile?",
                  "Delete macro: ^1\r\rAre you sure you want to delete this macro?", "(none)", "???", "F",
-                 "No installed applications were found.", "No application matches the search."})
+                 "No installed applications were found.", "No application matches the search.",
+                 "No application", "Switches automatically", "Does not switch automatically"})
             QVERIFY2(strings.contains(text), text);
         QVERIFY(!strings.value("Delete macro: ^1\r\rAre you sure you want to delete this macro?")
                      .toString()

@@ -1,5 +1,6 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 
+#include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpCells.h"
 #include "platform/widgets/TableColumns.h"
 
@@ -99,14 +100,68 @@ void KyvarQuorviTableView::editCell(int column, int row) {
         edit(model()->index(row, column));
 }
 
-bool KyvarQuorviTableView::editSelectedRow() {
+QModelIndex KyvarQuorviTableView::cellOfSelectedRow(Qt::ItemFlag flag) const {
     const int row = selectedRow();
     for (int column = 0; row >= 0 && column < model()->columnCount(); ++column) {
         const QModelIndex cell = model()->index(row, column);
-        if (cell.flags() & Qt::ItemIsEditable)
-            return edit(cell, EditKeyPressed, nullptr);
+        if (cell.flags() & flag)
+            return cell;
     }
-    return false;
+    return {};
+}
+
+bool KyvarQuorviTableView::editSelectedRow() {
+    const QModelIndex cell = cellOfSelectedRow(Qt::ItemIsEditable);
+    return cell.isValid() && edit(cell, EditKeyPressed, nullptr);
+}
+
+bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool editing = QTableView::edit(index, trigger, event);
+    if (QWidget* field = editing ? indexWidget(index) : nullptr)
+        field->setAccessibleName(model()->headerData(index.column(), Qt::Horizontal).toString());
+    return editing;
+}
+
+bool KyvarQuorviTableView::toggleSelectedRow() {
+    const QModelIndex cell = cellOfSelectedRow(Qt::ItemIsUserCheckable);
+    if (!cell.isValid() || !(cell.flags() & Qt::ItemIsEnabled))
+        return false;
+    setCurrentIndex(cell);
+    const bool checked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    model()->setData(cell, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    tellOfCell(cell, QAccessible::NameChanged);
+    return true;
+}
+
+void KyvarQuorviTableView::tellOfCell(const QModelIndex& index, QAccessible::Event what) {
+    QAccessibleInterface* table =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    if (!table || !table->tableInterface() || !index.isValid())
+        return;
+    if (QAccessibleInterface* cell = table->tableInterface()->cellAt(index.row(), index.column())) {
+        QAccessibleEvent event(cell, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void KyvarQuorviTableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    // All that QTableView adds is to tell of the focus.
+    if (hasFocus())
+        QTableView::currentChanged(current, previous);
+    else
+        QAbstractItemView::currentChanged(current, previous);
+}
+
+void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    // The table tells of itself when this is done.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus())
+                tellOfCell(currentIndex(), QAccessible::Focus);
+        },
+        Qt::QueuedConnection);
 }
 
 void KyvarQuorviTableView::abortEditing() {
@@ -184,26 +239,49 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
     return handled;
 }
 
+bool KyvarQuorviTableView::selectCurrentRow(int key) {
+    const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+                       key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+    if (!moves || selectedRow() >= 0 || !currentIndex().isValid())
+        return false;
+    selectRowAlone(currentIndex().row());
+    return true;
+}
+
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
     const char16_t character = deleteCharacter(*event);
     if (m_popUpCells && m_popUpCells->keyPressed(*event))
         return;
     if (event->key() == Qt::Key_F2 && editSelectedRow())
         return;
-    if (character != 0 && isEnabled() && m_delegate)
+    if (event->key() == Qt::Key_Space && toggleSelectedRow())
+        return;
+    if (selectCurrentRow(event->key()))
+        return;
+    // Qt knows the menu key alone.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        openMenuByKey();
+    else if (character != 0 && isEnabled() && m_delegate)
         m_delegate->handleKeyPressed(character, this, selectedRow());
     else
         QTableView::keyPressEvent(event);
 }
 
 void KyvarQuorviTableView::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu* menu = menuForEvent(*event);
-    if (!menu)
-        return;
-    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QRect row = visualRect(model()->index(selectedRow(), 0));
-    menu->popup(byKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuByKey();
+    else if (QMenu* menu = menuForEvent(*event))
+        menu->popup(event->globalPos());
     event->accept();
+}
+
+void KyvarQuorviTableView::openMenuByKey() {
+    if (!isEnabled() || !m_menu)
+        return;
+    const QModelIndex row = model()->index(selectedRow(), 0);
+    scrollTo(row);
+    m_menu->popup(viewport()->mapToGlobal(visualRect(row).bottomLeft()));
+    activateFirstItem(*m_menu);
 }
 
 // A check box is about its own row, whichever is selected.

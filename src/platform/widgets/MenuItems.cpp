@@ -6,6 +6,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace quorvi {
 
 namespace {
@@ -135,6 +137,18 @@ QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rec
     const QPoint above = widget.mapToGlobal(QPoint(left, rectangle.top() - size.height()));
     const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
     return fitsBelow || above.y() < available.top() ? below : above;
+}
+
+bool keyOpensMenu(int key) {
+    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
+}
+
+void activateFirstItem(QMenu& menu) {
+    const auto items = menu.actions();
+    const auto first = std::find_if(items.begin(), items.end(),
+        [](const QAction* item) { return item->isVisible() && item->isEnabled() && !item->isSeparator(); });
+    if (first != items.end())
+        menu.setActiveAction(*first);
 }
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {

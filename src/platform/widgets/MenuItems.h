@@ -54,6 +54,13 @@ void markItem(QAction& item, bool marked);
 /// letters of both in line.
 [[nodiscard]] QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rectangle);
 
+/// Whether the key opens the menu of a button with the focus: Space, the arrows up and down, alone or with
+/// others, and F4.
+[[nodiscard]] bool keyOpensMenu(int key);
+/// Marks the first item of the open menu that can be chosen. Who opens a menu by the keyboard, or listens to
+/// it, has to be somewhere in it.
+void activateFirstItem(QMenu& menu);
+
 /// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
 /// and shown states. The copy has no parent; no connection of the original is copied.
 [[nodiscard]] std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu);

@@ -19,10 +19,6 @@ namespace {
 // Wide enough for most titles. The button must not grow and shrink with the selected one.
 constexpr int widthInCharacters = 14;
 
-bool opensMenu(int key) {
-    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
-}
-
 } // namespace
 
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
@@ -127,6 +123,7 @@ void PopUpButton::showPopup() {
         return;
     // Items come and go while the button shows the same selection: lists of profiles and macros.
     markSelectedItem();
+    m_menu->setAccessibleName(accessibleName());
     m_menu->setMinimumWidth(width());
     m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
@@ -186,7 +183,7 @@ void PopUpButton::mouseReleaseEvent(QMouseEvent* event) {
 
 // The arrows open the menu instead of changing the function of a mouse button unseen.
 void PopUpButton::keyPressEvent(QKeyEvent* event) {
-    if (opensMenu(event->key()))
+    if (keyOpensMenu(event->key()))
         showPopup();
     else
         event->ignore();
