@@ -40,7 +40,7 @@ std::string accessibilityBusAddress() {
 ScreenReader::ScreenReader() {
     // Without a display it cannot make itself that display's.
     m_launcher = std::make_unique<ChildProcess>(std::vector<std::string>{kLauncher, "--launch-immediately"},
-        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native(), "DISPLAY="});
+        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native(), "DISPLAY"});
     std::string address;
     if (!waitUntil([&] {
             address = accessibilityBusAddress();
