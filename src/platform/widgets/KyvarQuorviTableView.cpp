@@ -149,7 +149,7 @@ void KyvarQuorviTableView::currentChanged(const QModelIndex& current, const QMod
     if (hasFocus())
         QTableView::currentChanged(current, previous);
     else
-        QAbstractItemView::currentChanged(current, previous);
+        QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
