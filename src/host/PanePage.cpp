@@ -16,6 +16,9 @@ PanePage::PanePage(std::unique_ptr<LoadedPane> pane, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_pane->mainView());
+    // The host leaves a margin around its pages itself.
+    if (QLayout* inner = m_pane->mainView()->layout())
+        inner->setContentsMargins(0, 0, 0, 0);
     m_settling.setSingleShot(true);
     connect(&m_settling, &QTimer::timeout, this, &PanePage::settle);
     // An application that is asked to end may leave its windows where they are.

@@ -6,6 +6,7 @@
 #include <vector>
 
 struct sd_bus;
+struct sd_bus_message;
 
 namespace quorvi::test {
 
@@ -20,12 +21,21 @@ class EventMonitor {
     /// unique names.
     [[nodiscard]] std::vector<std::string> destinationsUntil(const std::string& last);
 
+    /// Waits for a command of that message and parameter, "KyPR 1", that was not seen and forgotten; false
+    /// when none comes.
+    [[nodiscard]] bool sees(const std::string& command);
+    /// Forgets everything that has passed.
+    void forget();
+
   private:
+    static int note(sd_bus_message* message, void* monitor, void* /*error*/);
+
     struct Close {
         void operator()(sd_bus* bus) const;
     };
     std::unique_ptr<sd_bus, Close> m_bus;
     std::vector<std::string> m_destinations;
+    std::vector<std::string> m_commands;
 };
 
 } // namespace quorvi::test

@@ -1,9 +1,9 @@
 # The texts by which System Settings finds the module are those of the panel's menu entry, in all its languages.
 
-# Writes the file of this folder, with the entry's Comment as the description and its Keywords, into the build folder.
+# Writes FILE into the build folder: FILE.in of this folder, with the entry's Comment as description and its Keywords.
 function(write_module_metadata file entry)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${file}" "${entry}")
-    file(READ "${CMAKE_CURRENT_SOURCE_DIR}/${file}" metadata)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${file}.in" "${entry}")
+    file(READ "${CMAKE_CURRENT_SOURCE_DIR}/${file}.in" metadata)
     file(READ "${entry}" lines)
     # Commas stand between the words there; here, semicolons and brackets have meanings of CMake's own.
     string(REPLACE ";\n" "\n" lines "${lines}")
