@@ -66,11 +66,11 @@ class KcmshellTest : public QObject {
         KdeHost kde;
         kde.start({QUORVI_KCMSHELL, kModule});
         QVERIFY(kde.showsPanel());
-        QCOMPARE(kde.told("1"), std::string("1"));
+        QCOMPARE(kde.panel.told("1"), std::string("1"));
         for (const char* button : {"Apply", "OK", "Reset", "Defaults"})
             QVERIFY2(!kde.shows(QStringLiteral("push button '%1'").arg(QLatin1String(button))), button);
         QVERIFY(kde.close());
-        QCOMPARE(kde.toldAtLast(), std::string("10"));
+        QCOMPARE(kde.panel.toldAtLast(), std::string("10"));
     }
 
     void helpIsThePanelsOwn() {

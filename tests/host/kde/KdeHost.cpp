@@ -12,8 +12,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string kWitness = "KyRO 7";
-
 void install(const std::string& prefix, const std::string& component) {
     const auto done =
         runProgram({QUORVI_CMAKE, "--install", QUORVI_BUILD, "--prefix", prefix, "--component", component});
@@ -49,9 +47,9 @@ void activateFirst(const std::vector<std::string>& what) {
 } // namespace
 
 KdeHost::KdeHost() {
-    session.startHelper(); // of what is told before there is one, nothing is to be seen
     fs::create_directory(session.home.path() + "/runtime");
     fs::permissions(session.home.path() + "/runtime", fs::perms::owner_all);
+    session.startHelper(); // what is told before there is one is not to be seen
 }
 
 std::vector<std::string> KdeHost::environment(const std::string& locale) const {
@@ -110,32 +108,6 @@ void KdeHost::click(const QString& spoken) const {
     if (place.width == 0)
         qFatal("%s is not on the screen", qPrintable(spoken));
     clickAt({place.left + place.width / 2, place.top + place.height / 2});
-}
-
-std::string KdeHost::toldSoFar() {
-    std::string states;
-    for (const std::string& command : m_monitor.commands())
-        if (command.starts_with("KyRO ") && command != kWitness)
-            states += command.back();
-    return states;
-}
-
-std::string KdeHost::told(const std::string& expected) {
-    static_cast<void>(waitUntil([&] { return toldSoFar() == expected; }));
-    return toldSoFar();
-}
-
-std::string KdeHost::toldAtLast() {
-    if (!waitUntil([this] { return !session.runs("KyvarQuorviPane"); }))
-        return "it is still there";
-    // What one more panel tells comes after all that the first one has told.
-    const auto witness = EventBus::connect();
-    ProcessSerialNumber helper;
-    if (witness->findProcessByName("KyvarQuorviHelper", &helper) != noErr ||
-        witness->send(helper, makeCommand(kMessagePaneShown, 7), SendMode::noReply) != noErr ||
-        !m_monitor.sees(kWitness))
-        return "the helper is not there";
-    return toldSoFar();
 }
 
 std::string KdeHost::opened() const {

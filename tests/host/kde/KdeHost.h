@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/Session.h"
-#include "support/EventMonitor.h"
+#include "host/ShownAndHidden.h"
 #include "support/ScreenReader.h"
 
 namespace quorvi::test {
@@ -21,6 +21,7 @@ class KdeHost {
     KdeHost();
 
     Session session;
+    ShownAndHidden panel{session};
     std::unique_ptr<ChildProcess> program;
 
     /// Runs a program of KDE to its end.
@@ -44,22 +45,14 @@ class KdeHost {
     /// Clicks there with the mouse pointer.
     void click(const QString& spoken) const;
 
-    /// Waits until the panel has told the helper so far that it is shown (1) and hidden (0) in this order,
-    /// "101", and gives what it has told.
-    [[nodiscard]] std::string told(const std::string& expected);
-    /// The same when the program has ended and nothing can follow any more.
-    [[nodiscard]] std::string toldAtLast();
-
     /// Where what the program opens in others is written down: documents and addresses, one a line.
     [[nodiscard]] std::string opened() const;
 
   private:
     [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
     [[nodiscard]] Accessible find(const QString& spoken) const;
-    [[nodiscard]] std::string toldSoFar();
 
     ScreenReader m_reader;
-    EventMonitor m_monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};
 };
 
 } // namespace quorvi::test

@@ -96,7 +96,7 @@ class SystemSettingsTest : public QObject {
         kde.activate();
         kde.click(kOpenModule);
         QVERIFY(kde.showsPanel());
-        QCOMPARE(kde.told("1"), std::string("1"));
+        QCOMPARE(kde.panel.told("1"), std::string("1"));
         kde.click(kDeviceTab);
         QVERIFY(kde.thing(kWheelLight).is(AccessibleState::checked));
         kde.click(kWheelLight);
@@ -104,26 +104,26 @@ class SystemSettingsTest : public QObject {
         QTRY_COMPARE_WITH_TIMEOUT(kde.session.recordByte(kFirstProfileLights), 2, kWindowPatienceMs);
 
         kde.click(QStringLiteral("push button 'All Settings'"));
-        QCOMPARE(kde.told("10"), std::string("10"));
+        QCOMPARE(kde.panel.told("10"), std::string("10"));
         kde.click(kOpenModule);
         QVERIFY(kde.showsPanel());
-        QCOMPARE(kde.told("101"), std::string("101"));
+        QCOMPARE(kde.panel.told("101"), std::string("101"));
         kde.click(kDeviceTab);
         QVERIFY(!kde.thing(kWheelLight).is(AccessibleState::checked));
         QVERIFY(kde.close());
-        QCOMPARE(kde.toldAtLast(), std::string("1010"));
+        QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
     }
 
     void aPageThatIsDestroyedAndMadeAgainIsHiddenAndShown() {
         KdeHost kde;
         startAtPanel(kde);
-        QCOMPARE(kde.told("1"), std::string("1"));
+        QCOMPARE(kde.panel.told("1"), std::string("1"));
         goTo(kde, "proxy");
-        QCOMPARE(kde.told("10"), std::string("10"));
+        QCOMPARE(kde.panel.told("10"), std::string("10"));
         goTo(kde, kModule);
         QVERIFY(kde.showsPanel());
         QVERIFY(kde.close());
-        QCOMPARE(kde.toldAtLast(), std::string("1010"));
+        QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
     }
 
     void theProgramsOwnShortcutIsCapturedLikeAnyKey() {
@@ -134,7 +134,7 @@ class SystemSettingsTest : public QObject {
         QTRY_VERIFY_WITH_TIMEOUT(sheet.other.canTakeKeyboard(), kWindowPatienceMs);
         QVERIFY(xdotool({"key", "ctrl+q"}));
         QCOMPARE(sheet.kde.program->wait(), std::optional(0));
-        QCOMPARE(sheet.kde.toldAtLast(), std::string("10"));
+        QCOMPARE(sheet.kde.panel.toldAtLast(), std::string("10"));
     }
 
     void toldToQuitDuringACaptureItLeavesTheKeyboardToOthersAndTellsTheHelperOnce() {
@@ -144,20 +144,20 @@ class SystemSettingsTest : public QObject {
         QCOMPARE(quit.exitCode, std::optional(0));
         QCOMPARE(sheet.kde.program->wait(), std::optional(0));
         QVERIFY(sheet.other.canTakeKeyboard());
-        QCOMPARE(sheet.kde.toldAtLast(), std::string("10"));
+        QCOMPARE(sheet.kde.panel.toldAtLast(), std::string("10"));
         QCOMPARE(sheet.storedKey(), kUsageOfA);
     }
 
     void sentToAnotherPageDuringACaptureItLeavesTheKeyboardToOthers() {
         KeySheet sheet;
         goTo(sheet.kde, "proxy");
-        QCOMPARE(sheet.kde.told("10"), std::string("10"));
+        QCOMPARE(sheet.kde.panel.told("10"), std::string("10"));
         QTRY_VERIFY_WITH_TIMEOUT(sheet.other.canTakeKeyboard(), kWindowPatienceMs);
         QVERIFY(sheet.kde.program->isRunning());
         goTo(sheet.kde, kModule);
         QVERIFY(sheet.kde.showsPanel());
         QVERIFY(sheet.kde.close());
-        QCOMPARE(sheet.kde.toldAtLast(), std::string("1010"));
+        QCOMPARE(sheet.kde.panel.toldAtLast(), std::string("1010"));
     }
 };
 
