@@ -1,7 +1,8 @@
-// Starting and stopping the recording of a macro.
+// The recording of a macro, as the window has it. What is recorded, and how, is the recorder's.
 
 #include <QPushButton>
 
+#include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
@@ -9,22 +10,73 @@
 namespace quorvi {
 
 void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
-    if (fRecordingMacro == start)
+    if (fRecorder.isRecording() == start)
         return;
-    fRecordingMacro = start;
-    fViews->main.quorviButtonStepRecord->setText(start ? fStringStop : fStringRecord);
-    fViews->main.quorviButtonStepRecord->setChecked(start);
-    sendMessageToHelper(kMessageRecording, start ? 1 : 0);
     if (start) {
-        fLastMacroModifiers = 0;
-        fLastRecordedMacroTime = 0;
-        fRecordingOneStep = oneStep;
+        takeFocusFromCells();
+        fRecorder.start(oneStep);
     } else {
-        saveSettings(fDeviceConfig);
+        fRecorder.stop();
+        setTablesTakeFocus(true);
     }
+    showRecordButton();
+    sendMessageToHelper(kMessageRecording, start ? 1 : 0);
+    if (!start)
+        saveSettings(fDeviceConfig);
     updateUI();
     fViews->main.quorviTableSteps->viewport()->update();
     updateKeyboardGrab();
+}
+
+// Where text can be typed, the input method composes it, and takes dead keys before anybody sees them. So the
+// focus goes to where the recording is stopped, which finishes an edit.
+void KyvarQuorviPane::takeFocusFromCells() {
+    if (fViews->main.quorviButtonStepRecord->isVisible())
+        fViews->main.quorviButtonStepRecord->setFocus();
+    setTablesTakeFocus(false);
+}
+
+// A click that is recorded is to leave the focus where it is.
+void KyvarQuorviPane::setTablesTakeFocus(bool take) {
+    for (KyvarQuorviTableView* table : tables())
+        table->setFocusPolicy(take ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+RecordingTarget KyvarQuorviPane::recordingTarget() const {
+    return {fMacroSteps, fViews->main.quorviTableSteps->selectedRow()};
+}
+
+void KyvarQuorviPane::recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown) {
+    if (fRecorder.receiveKey(recordingTarget(), key, modifiers, goingDown, fServices.clock()))
+        showRecordedStep();
+}
+
+void KyvarQuorviPane::recordMouse(std::uint32_t code) {
+    fRecorder.receiveMouse(recordingTarget(), code, fServices.clock());
+    showRecordedStep();
+}
+
+void KyvarQuorviPane::showRecordedStep() {
+    KyvarQuorviTableView* table = fViews->main.quorviTableSteps;
+    reloadData(table);
+    if (fRecorder.isForOneStep())
+        startStopRecording(false, false);
+    else
+        table->selectRowAlone(static_cast<int>(fMacroSteps.size()) - 1);
+}
+
+void KyvarQuorviPane::setMacroStep(
+    std::uint32_t code, std::uint8_t argument, std::uint16_t /*modifiers*/, std::int32_t index) {
+    fRecorder.setStep(fMacroSteps, code, argument, index, fServices.clock());
+}
+
+void KyvarQuorviPane::appendMacroStep(
+    std::uint32_t code, std::uint8_t argument, std::uint16_t /*modifiers*/) {
+    fRecorder.appendStep(fMacroSteps, code, argument, fServices.clock());
+}
+
+std::uint32_t KyvarQuorviPane::matchingCommand(std::uint32_t code, bool* isDown) {
+    return quorvi::matchingCommand(code, isDown);
 }
 
 } // namespace quorvi

@@ -26,17 +26,19 @@ bool belongsTo(const QWindow* window, const QWindow* paneWindow) {
 } // namespace
 
 bool KyvarQuorviPane::overrideSingleKeys() const {
-    return fRecordingMacro || (fMainView && fViews->quorviPanelSingleKey->isVisible());
+    return fRecorder.isRecording() || (fMainView && fViews->quorviPanelSingleKey->isVisible());
 }
 
 bool KyvarQuorviPane::overrideMouseEvents() const {
-    return fRecordingMacro;
+    return fRecorder.isRecording();
 }
 
 bool KyvarQuorviPane::receiveSingleKey(std::uint8_t key, char16_t /*character*/, std::uint16_t modifiers,
     bool goingDown, const KeyEvent& /*event*/) {
-    if (fRecordingMacro)
+    if (fRecorder.isRecording()) {
+        recordKey(key, modifiers, goingDown);
         return true;
+    }
     if (!fViews->quorviPanelSingleKey->isVisible())
         return false;
     if (modifiers != 0) {

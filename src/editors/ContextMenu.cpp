@@ -54,7 +54,7 @@ void KyvarQuorviPane::performTableCommand(int tag) {
         actionButtonMacroRemove();
         break;
     case kRecordItem:
-        startStopRecording(!fRecordingMacro, false);
+        startStopRecording(!fRecorder.isRecording(), false);
         break;
     case kRecordStepItem:
         startStopRecording(true, true);

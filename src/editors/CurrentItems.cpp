@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/Keys.h"
+#include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 
 namespace quorvi {
@@ -25,7 +26,8 @@ void KyvarQuorviPane::editProfileIndex(std::int32_t index) {
     fButtons = fProfile.dictionary(keys::buttons);
     fStages = fProfile.array(keys::stages);
     const auto lastStage = static_cast<std::int32_t>(fStages.size()) - 1;
-    fStageIndex = exists ? std::min(std::max(fSettings.integer(keys::stage) - 1, 0), lastStage) : -1;
+    fStageIndex =
+        exists ? std::min(std::max(indexOfNumber(fSettings.integer(keys::stage)), 0), lastStage) : -1;
     fStage = fStages.dictionary(static_cast<std::size_t>(fStageIndex));
     fDriverData = fProfile.dictionary(keys::driver);
     fMacros = exists ? fDeviceConfig.array(keys::macros) : plist::Array();

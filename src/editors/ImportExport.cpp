@@ -1,8 +1,10 @@
 // Single profiles and macros as files of their own. A file that is no good changes nothing, and nobody is
 // told: the user chose it and sees that nothing came of it.
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QStandardPaths>
+#include <QWindow>
 
 #include "model/ItemFile.h"
 #include "model/Keys.h"
@@ -37,11 +39,23 @@ QString documentsFolder() {
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
+/// Gives the keyboard back to what had it before. Qt ignores that a window becomes active while a list of
+/// completions is open, and a panel may close under its list: then no window at all would be active.
+void returnFocusAfter(const QFileDialog* panel, QWidget* window) {
+    QObject::connect(panel, &QObject::destroyed, window, [window] {
+        if (!QApplication::activeWindow() && QGuiApplication::focusWindow() == window->windowHandle())
+            QApplication::setActiveWindow(window);
+        if (QWidget* earlier = window->focusWidget())
+            earlier->setFocus();
+    });
+}
+
 QFileDialog* filePanel(
     const KyvarQuorviPane& pane, QWidget* window, const char* title, const ItemFile& file) {
     const auto text = [&](const char* key) { return pane.locString(QString::fromUtf8(key)); };
     auto* panel = new QFileDialog(window, text(title));
     panel->setAttribute(Qt::WA_DeleteOnClose);
+    returnFocusAfter(panel, window);
     panel->setNameFilter(QStringLiteral("%1 (*.%2)").arg(text(file.kind), QLatin1String(file.type)));
     panel->setDefaultSuffix(QLatin1String(file.type));
     // The folder that was used last in this session, which Qt remembers, else the documents.

@@ -1,11 +1,72 @@
 // The steps of the current macro: removed ones, and the delays of all of them.
 
+#include <QMenu>
+
+#include "macros/StepText.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MenuItems.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
+
+namespace {
+
+/// The position of the item for the delay: its own or, when it has none, that of the longest shorter one;
+/// never "none" for a delay that there is. -1 when no item will do.
+int indexOfDelay(const QMenu& menu, std::int32_t delay) {
+    const int own = indexOfItemWithTag(menu, delay);
+    if (own >= 0)
+        return own;
+    const QList<QAction*> items = menu.actions();
+    for (int index = int(items.size()) - 1; index >= 0; --index) {
+        const int tag = tagOfItem(*items.at(index)).value_or(0);
+        if (tag > 0 && tag < delay)
+            return index;
+    }
+    return -1;
+}
+
+/// The item that the value of a pop-up cell stands for; null for none.
+QAction* itemAt(const QMenu& menu, const QVariant& value) {
+    return value.userType() == QMetaType::Int ? menu.actions().value(value.toInt()) : nullptr;
+}
+
+} // namespace
+
+QString KyvarQuorviPane::textOfStep(int row) const {
+    const auto lookup = [this](std::u16string_view english) {
+        return locString(QString::fromUtf16(english.data(), int(english.size()))).toStdU16String();
+    };
+    return QString::fromStdU16String(stepText(fMacroSteps.dictionary(static_cast<std::size_t>(row)), lookup));
+}
+
+QVariant KyvarQuorviPane::delayOfStep(int row) const {
+    if (row < 0 || row >= static_cast<int>(fMacroSteps.size()))
+        return QString();
+    const auto step = fMacroSteps.dictionary(static_cast<std::size_t>(row));
+    return indexOfDelay(*fViews->menus.quorviMenuStepDelay, step.integer(keys::delay));
+}
+
+QString KyvarQuorviPane::titleOfDelay(const QVariant& value) const {
+    const QAction* item = itemAt(*fViews->menus.quorviMenuStepDelay, value);
+    return item ? shownTitleOfItem(*item) : QString();
+}
+
+void KyvarQuorviPane::setDelayOfStep(const QVariant& value, int row) {
+    const QAction* item = itemAt(*fViews->menus.quorviMenuStepDelay, value);
+    if (item && row >= 0)
+        fMacroSteps.dictionary(static_cast<std::size_t>(row)).set(keys::delay, tagOfItem(*item).value_or(0));
+}
+
+void KyvarQuorviPane::actionButtonStepAdd() {
+    startStopRecording(true, false);
+}
+
+void KyvarQuorviPane::actionButtonStepRecord() {
+    startStopRecording(!fRecorder.isRecording(), false);
+}
 
 void KyvarQuorviPane::actionButtonStepRemove() {
     KyvarQuorviTableView* table = fViews->main.quorviTableSteps;
@@ -32,9 +93,7 @@ void KyvarQuorviPane::useDelayOfStepForAll() {
 }
 
 void KyvarQuorviPane::setDelayForAllSteps(std::int32_t milliseconds) {
-    const std::size_t count = fMacroSteps.size();
-    for (std::size_t index = 0; index < count; ++index)
-        fMacroSteps.dictionary(index).set(keys::delay, index + 1 < count ? milliseconds : 0);
+    quorvi::setDelayForAllSteps(fMacroSteps, milliseconds);
     reloadData(fViews->main.quorviTableSteps);
 }
 

@@ -2,10 +2,13 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
+#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -37,7 +40,7 @@ int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
     case kStepsTable:
         return static_cast<int>(fMacroSteps.size());
     case kStagesTable:
-        return static_cast<int>(fEditStagesProfile.array(keys::stages).size());
+        return static_cast<int>(editedStages().size());
     default:
         return 0;
     }
@@ -57,8 +60,13 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
         return fProfiles.dictionary(index).dictionary(keys::driver).boolean(keys::autoSwitch);
     case kMacroNameColumn:
         return text(fMacros.dictionary(index), keys::name);
+    case kStepActionColumn:
+        return textOfStep(row);
+    case kStepDelayColumn:
+        return delayOfStep(row);
     case kStageResolutionColumn:
-        return stageText(fEditStagesProfile.array(keys::stages).dictionary(index));
+        return stageText(
+            editedStages().dictionary(index), [this](const QString& key) { return locString(key); });
     default:
         return QString();
     }
@@ -76,6 +84,9 @@ void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier
         break;
     case kMacroNameColumn:
         renameMacro(value, row);
+        break;
+    case kStepDelayColumn:
+        setDelayOfStep(value, row);
         break;
     default:
         break;
@@ -143,6 +154,13 @@ void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
     case kStepsTable:
         updateUI();
         break;
+    case kStagesTable:
+        // There is always a current stage: without a selection it is the first.
+        if (!fIgnoreTableViewSelectionChange) {
+            editStageIndex(std::max(row, 0));
+            updateSensitivityStagesUI();
+        }
+        break;
     default:
         break;
     }
@@ -151,7 +169,7 @@ void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
 void KyvarQuorviPane::switchToProfile(int row) {
     editProfileIndex(row);
     // A profile always starts in its default stage.
-    fStageIndex = fProfile.integer(keys::defaultStage) - 1;
+    fStageIndex = indexOfNumber(fProfile.integer(keys::defaultStage));
     fStage = fStages.dictionary(static_cast<std::size_t>(fStageIndex));
     const std::int32_t x = fStage.integer(keys::dpiX);
     const std::int32_t y = fStage.integer(keys::dpiY);

@@ -1,5 +1,7 @@
 #include "editors/TableModel.h"
 
+#include <algorithm>
+
 #include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
 
@@ -9,6 +11,10 @@ namespace {
 
 bool isCheckBox(int columnIdentifier) {
     return columnIdentifier == kProfileAutoswitchColumn;
+}
+
+bool isPopUp(int columnIdentifier) {
+    return columnIdentifier == kStepDelayColumn;
 }
 
 bool isName(int columnIdentifier) {
@@ -40,6 +46,11 @@ int TableModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
+int TableModel::columnOf(int columnIdentifier) const {
+    const auto found = std::ranges::find(m_columns, columnIdentifier, &TableColumn::identifier);
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
+}
+
 int TableModel::identifierOf(const QModelIndex& index) const {
     return m_columns[static_cast<std::size_t>(index.column())].identifier;
 }
@@ -49,10 +60,24 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return {};
     const int identifier = identifierOf(index);
     const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
+    if (role == Qt::AccessibleTextRole)
+        return spokenText(identifier, value());
     if (isCheckBox(identifier))
         return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked)
                                           : QVariant();
+    if (isPopUp(identifier) && role == Qt::DisplayRole)
+        return m_pane->titleOfDelay(value());
     return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
+}
+
+// What stands in a cell without a text; the text itself is read out without that.
+QVariant TableModel::spokenText(int columnIdentifier, const QVariant& value) const {
+    if (columnIdentifier == kProfileAutoswitchColumn)
+        return m_pane->locString(value.toBool() ? QStringLiteral("Switches automatically")
+                                                : QStringLiteral("Does not switch automatically"));
+    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
+        return m_pane->locString(QStringLiteral("No application"));
+    return {};
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {

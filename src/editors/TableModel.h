@@ -24,6 +24,8 @@ class TableModel : public QAbstractTableModel {
     /// Greys the column's cells and refuses edits of them, or takes that back.
     void setColumnEnabled(int columnIdentifier, bool enabled);
 
+    /// The position of the column; -1 when the table has none like that.
+    [[nodiscard]] int columnOf(int columnIdentifier) const;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -33,6 +35,7 @@ class TableModel : public QAbstractTableModel {
 
   private:
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;
+    [[nodiscard]] QVariant spokenText(int columnIdentifier, const QVariant& value) const;
 
     KyvarQuorviPane* m_pane;
     int m_tableTag;

@@ -14,7 +14,9 @@ constexpr QSize kInitialSize(760, 560);
 
 HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     : m_panes(std::move(panes)), m_list(new QListWidget(this)), m_stack(new QStackedWidget(this)) {
-    auto* layout = new QHBoxLayout(this);
+    auto* content = new QWidget(this);
+    setCentralWidget(content);
+    auto* layout = new QHBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_list);
@@ -23,6 +25,7 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
         m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
         m_stack->addWidget(pane->mainView());
     }
+    m_list->setAccessibleName(QStringLiteral("Settings"));
     m_list->setVisible(m_panes.size() > 1);
     m_list->setMaximumWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + 16);
     connect(m_list, &QListWidget::currentRowChanged, this, &HostWindow::showPane);
@@ -58,7 +61,7 @@ void HostWindow::showPane(int index) {
 }
 
 void HostWindow::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    QMainWindow::showEvent(event);
     if (m_shown < 0 && !event->spontaneous())
         showPane(0);
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QListWidget>
+#include <QMainWindow>
 #include <QStackedWidget>
-#include <QWidget>
 
 #include <memory>
 #include <vector>
@@ -14,7 +14,7 @@ namespace quorvi {
 
 /// Shows one pane at a time; with more than one, a list at the side chooses. The shown pane is selected while
 /// the window is open.
-class HostWindow : public QWidget {
+class HostWindow : public QMainWindow {
     Q_OBJECT
 
   public:

@@ -131,8 +131,9 @@ class TemporaryFile {
     bool m_exists = false;
 };
 
-bool replaceInFolder(
-    FileCalls& calls, const Folder& folder, const std::string& name, std::string_view bytes) {
+bool replaceInFolder(FileCalls& calls, const Folder& folder, const std::string& name, std::string_view bytes,
+    Durability durability) {
+    const bool now = durability == Durability::now;
     struct stat old = {};
     const bool isNew = ::fstatat(folder.file(), name.c_str(), &old, AT_SYMLINK_NOFOLLOW) != 0;
     if (isNew ? errno != ENOENT : !S_ISREG(old.st_mode))
@@ -140,18 +141,37 @@ bool replaceInFolder(
     // Closed to others until it has the old file's mode, which may be just as closed.
     TemporaryFile temporary(calls, folder, isNew ? 0666 : 0600);
     return temporary.isOpen() && temporary.write(bytes) && (isNew || temporary.takeOwnerAndMode(old)) &&
-           temporary.sync() && temporary.close() && temporary.takePlaceOf(name) &&
-           syncToDisk(calls, folder.file());
+           (!now || temporary.sync()) && temporary.close() && temporary.takePlaceOf(name) &&
+           (!now || syncToDisk(calls, folder.file()));
 }
 
 } // namespace
 
-bool replaceFileAtomically(const fs::path& path, std::string_view bytes, FileCalls& calls) {
+bool replaceFileAtomically(
+    const fs::path& path, std::string_view bytes, FileCalls& calls, Durability durability) {
     const auto target = followLinks(path);
     if (!target || !target->has_filename())
         return false;
     const Folder folder(target->parent_path());
-    return folder.isOpen() && replaceInFolder(calls, folder, target->filename().string(), bytes);
+    return folder.isOpen() && replaceInFolder(calls, folder, target->filename().string(), bytes, durability);
+}
+
+bool syncFile(const fs::path& path, FileCalls& calls) {
+    const auto target = followLinks(path);
+    if (!target || !target->has_filename())
+        return false;
+    const Folder folder(target->parent_path());
+    if (!folder.isOpen())
+        return false;
+    // Not blocking: somebody may have put a FIFO there meanwhile.
+    const int file = calls.openat(
+        folder.file(), target->filename().c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC, 0);
+    struct stat status = {};
+    const bool synced = file >= 0 && ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) &&
+                        syncToDisk(calls, file) && syncToDisk(calls, folder.file());
+    if (file >= 0)
+        calls.close(file);
+    return synced;
 }
 
 } // namespace quorvi

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "model/AtomicFile.h"
 #include "model/Keys.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
@@ -42,7 +41,8 @@ Dictionary KyvarLoadConfigFromFile(
     return {};
 }
 
-bool KyvarSaveConfigToFile(std::string_view key, const Dictionary& tree, const fs::path& path) {
+bool KyvarSaveConfigToFile(std::string_view key, const Dictionary& tree, const fs::path& path,
+    FileCalls& calls, Durability durability) {
     if (key.empty() || !tree || path.empty())
         return false;
     auto container = topDictionary(path);
@@ -50,7 +50,7 @@ bool KyvarSaveConfigToFile(std::string_view key, const Dictionary& tree, const f
         container = Dictionary::create();
     container.set(key, tree);
     const auto xml = plist::writeXml(container);
-    return xml && replaceFileAtomically(path, *xml);
+    return xml && replaceFileAtomically(path, *xml, calls, durability);
 }
 
 bool KyvarValidateConfig(const Dictionary& tree, std::int32_t minimumVersion) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "model/AtomicFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {
@@ -21,8 +22,9 @@ namespace quorvi {
 ///
 /// False when the key, the tree or the path is missing (empty, nil), when the tree holds what a property list
 /// cannot, and when the file cannot be replaced (see replaceFileAtomically); the old file is then as it was.
-[[nodiscard]] bool KyvarSaveConfigToFile(
-    std::string_view key, const plist::Dictionary& tree, const std::filesystem::path& path);
+[[nodiscard]] bool KyvarSaveConfigToFile(std::string_view key, const plist::Dictionary& tree,
+    const std::filesystem::path& path, FileCalls& calls = systemFileCalls(),
+    Durability durability = Durability::now);
 
 /// Whether "version" is at least the minimum and "settings", "profiles" and "macros" are present, whatever
 /// their types. A missing version counts as 0; a missing (nil) tree is not valid.

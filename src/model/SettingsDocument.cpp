@@ -90,10 +90,11 @@ void cleanUpSettings(const Dictionary& tree) {
     }
 }
 
-bool saveSettings(const Dictionary& tree, const fs::path& userSettings) {
+bool saveSettings(
+    const Dictionary& tree, const fs::path& userSettings, FileCalls& calls, Durability durability) {
     if (tree)
         createPreferencesFolder(userSettings);
-    return KyvarSaveConfigToFile(keys::storage, tree, userSettings);
+    return KyvarSaveConfigToFile(keys::storage, tree, userSettings, calls, durability);
 }
 
 } // namespace quorvi

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "model/AtomicFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {
@@ -28,6 +29,7 @@ void cleanUpSettings(const plist::Dictionary& tree);
 /// Stores the tree in the user's settings file; see KyvarSaveConfigToFile for the result. The two folders
 /// above the file ("Library/Preferences") are created when missing, closed to others, because nobody else
 /// creates them here.
-[[nodiscard]] bool saveSettings(const plist::Dictionary& tree, const std::filesystem::path& userSettings);
+[[nodiscard]] bool saveSettings(const plist::Dictionary& tree, const std::filesystem::path& userSettings,
+    FileCalls& calls = systemFileCalls(), Durability durability = Durability::now);
 
 } // namespace quorvi

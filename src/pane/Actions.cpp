@@ -5,11 +5,12 @@
 #include <QAction>
 #include <QItemSelectionModel>
 #include <QMenu>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include "editors/TableModel.h"
+#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
@@ -47,12 +48,26 @@ constexpr std::array kActions{
     Action{"actionMenuPollingRate:", perform<&KyvarQuorviPane::actionMenuPollingRate>},
     Action{"actionBoxLightOnWheel:", perform<&KyvarQuorviPane::actionBoxLightOnWheel>},
     Action{"actionBoxLightOnBattery:", perform<&KyvarQuorviPane::actionBoxLightOnBattery>},
+    Action{"actionSliderSensitivityX:", perform<&KyvarQuorviPane::actionSliderSensitivityX>},
+    Action{"actionSliderSensitivityY:", perform<&KyvarQuorviPane::actionSliderSensitivityY>},
+    Action{"actionBoxIndependentXY:", perform<&KyvarQuorviPane::actionBoxIndependentXY>},
+    Action{"actionSliderAcceleration:", perform<&KyvarQuorviPane::actionSliderAcceleration>},
+    Action{"actionBoxAcceleration:", perform<&KyvarQuorviPane::actionBoxAcceleration>},
+    Action{"actionBoxSensitivityOSD:", perform<&KyvarQuorviPane::actionBoxSensitivityOSD>},
+    Action{"actionButtonEditStages:", perform<&KyvarQuorviPane::actionButtonEditStages>},
+    Action{"actionButtonStageAdd:", perform<&KyvarQuorviPane::actionButtonStageAdd>},
+    Action{"actionButtonStageRemove:", perform<&KyvarQuorviPane::actionButtonStageRemove>},
+    Action{"actionSliderStagesSensitivityX:", perform<&KyvarQuorviPane::actionSliderStagesSensitivityX>},
+    Action{"actionSliderStagesSensitivityY:", perform<&KyvarQuorviPane::actionSliderStagesSensitivityY>},
+    Action{"actionBoxStagesIndependentXY:", perform<&KyvarQuorviPane::actionBoxStagesIndependentXY>},
     Action{"actionMenuTableContext:", perform<&KyvarQuorviPane::actionMenuTableContext>},
     Action{"actionButtonProfileAdd:", perform<&KyvarQuorviPane::actionButtonProfileAdd>},
     Action{"actionButtonProfileRemove:", perform<&KyvarQuorviPane::actionButtonProfileRemove>},
     Action{"actionBoxProfileOSD:", perform<&KyvarQuorviPane::actionBoxProfileOSD>},
     Action{"actionButtonMacroAdd:", perform<&KyvarQuorviPane::actionButtonMacroAdd>},
     Action{"actionButtonMacroRemove:", perform<&KyvarQuorviPane::actionButtonMacroRemove>},
+    Action{"actionButtonStepAdd:", perform<&KyvarQuorviPane::actionButtonStepAdd>},
+    Action{"actionButtonStepRecord:", perform<&KyvarQuorviPane::actionButtonStepRecord>},
     Action{"actionButtonStepRemove:", perform<&KyvarQuorviPane::actionButtonStepRemove>},
     Action{"actionButtonRestoreDefaults:", perform<&KyvarQuorviPane::actionButtonRestoreDefaults>},
     Action{"actionButtonCheckUpdates:", perform<&KyvarQuorviPane::actionButtonCheckUpdates>},
@@ -74,14 +89,6 @@ void performActionOf(QObject& sender, KyvarQuorviPane& pane) {
         action->perform(pane, sender);
 }
 
-/// A menu opens when its button goes down, not when it comes up again, and the button stays down meanwhile.
-void openOnPress(QPushButton* button, QMenu* menu) {
-    QObject::connect(button, &QPushButton::pressed, menu, [button, menu] {
-        menu->exec(button->mapToGlobal(QPoint(0, button->height())));
-        button->setDown(false);
-    });
-}
-
 } // namespace
 
 void KyvarQuorviPane::connectActions() {
@@ -89,6 +96,10 @@ void KyvarQuorviPane::connectActions() {
         const auto performIts = [this, control] { performActionOf(*control, *this); };
         if (auto* button = qobject_cast<QAbstractButton*>(control)) {
             connect(button, &QAbstractButton::clicked, this, performIts);
+        } else if (auto* slider = qobject_cast<KyvarQuorviSlider*>(control)) {
+            connect(slider, &KyvarQuorviSlider::valueChosen, this, performIts);
+            connect(slider, &KyvarQuorviSlider::mouseDownBegan, this, &KyvarQuorviPane::dragDidBegin);
+            connect(slider, &KyvarQuorviSlider::mouseDownEnded, this, &KyvarQuorviPane::dragDidEnd);
         } else if (auto* popUp = qobject_cast<PopUpButton*>(control)) {
             connect(popUp, &PopUpButton::itemChosen, this, performIts);
             connect(popUp, &PopUpButton::listItemChosen, this,
@@ -102,15 +113,16 @@ void KyvarQuorviPane::connectActions() {
     connectMenu(*fViews->menus.quorviMenuProfileGear);
     connectMenu(*fViews->menus.quorviMenuMacroGear);
     connectMenu(*fViews->menus.quorviMenuStepGear);
-    openOnPress(fViews->main.quorviButtonProfileGear, fViews->menus.quorviMenuProfileGear);
-    openOnPress(fViews->main.quorviButtonMacroGear, fViews->menus.quorviMenuMacroGear);
-    openOnPress(fViews->main.quorviButtonStepGear, fViews->menus.quorviMenuStepGear);
     connect(fViews->main.quorviTabsMain, &QTabWidget::currentChanged, this,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
 }
 
 void KyvarQuorviPane::connectMenu(QMenu& menu) {
-    connect(&menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); });
+    // Once the menu is done: a command may ask a question, and whoever chose the item is not to wait for
+    // that.
+    connect(
+        &menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); },
+        Qt::QueuedConnection);
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         for (QAction* item : menu.actions())
             item->setEnabled(validateMenuItem(item) && actionOf(*item));
@@ -131,6 +143,8 @@ void KyvarQuorviPane::connectTables() {
         connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, table] { tableViewSelectionDidChange(table); });
     }
+    fViews->main.quorviTableSteps->setPopUpColumn(
+        fTableModels[kStepsTable - 1]->columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
 }
 
 } // namespace quorvi

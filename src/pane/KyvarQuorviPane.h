@@ -18,6 +18,7 @@
 #include <utility>
 
 #include "keyboard/VirtualKeys.h"
+#include "macros/MacroRecorder.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
 #include "platform/KeyEvents.h"
@@ -29,6 +30,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
+class QAbstractButton;
 class QAction;
 class QFileDialog;
 class QMenu;
@@ -38,6 +40,7 @@ namespace quorvi {
 class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
+class KyvarQuorviSlider;
 class PopUpButton;
 class TableModel;
 
@@ -77,8 +80,12 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings() const;
     /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
-    /// not.
+    /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
+    /// only when the drag ends.
     bool saveSettings(const plist::Dictionary& tree);
+    void dragDidBegin();
+    /// Brings to the disk what was saved during the drag.
+    void dragDidEnd();
 
     // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
     void syncUIWithDeviceConfig();
@@ -104,11 +111,33 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
-    // Sensitivity (sensitivity/SensitivityControls.cpp)
+    // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
+    /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
+    void actionSliderSensitivityX(KyvarQuorviSlider* slider);
+    void actionSliderSensitivityY(KyvarQuorviSlider* slider);
+    void actionBoxIndependentXY(QAbstractButton* box);
+    void actionSliderAcceleration();
+    void actionBoxAcceleration();
+    void actionBoxSensitivityOSD();
+    void actionButtonEditStages();
     void updateDpiText();
     /// Draws the current profile's stages with the current one marked.
     void updateStagesView();
-    /// Shows the copies that the stages editor works on; does nothing while it is closed.
+    /// Draws the acceleration that the box and the slider show.
+    void updateAccelerationView();
+
+    // Stages editor (sensitivity/StagesEditor.cpp). All but the first do nothing while it is closed.
+    /// Lets the user edit copies of the stages; OK stores them and saves, anything else forgets them. Returns
+    /// when the sheet is closed, which the pane itself may not outlive.
+    void editSensitivityStages();
+    /// Makes the stage the current one, and the one that the profile starts in; nothing for another index.
+    void editStageIndex(std::int32_t index);
+    void actionButtonStageAdd();
+    void actionButtonStageRemove();
+    void actionSliderStagesSensitivityX(KyvarQuorviSlider* slider);
+    void actionSliderStagesSensitivityY(KyvarQuorviSlider* slider);
+    void actionBoxStagesIndependentXY(QAbstractButton* box);
+    /// Shows the copies.
     void updateSensitivityStagesUI();
 
     // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp)
@@ -127,8 +156,19 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Whether the item can be chosen now. The item that starts and stops a recording gets its title here.
     [[nodiscard]] bool validateMenuItem(QAction* item);
 
-    // Key capture (assignment/SingleKey.cpp, assignment/Recording.cpp)
+    // Macro recording (assignment/Recording.cpp)
+    /// Starts recording into the current macro: steps are appended or, for one step, the selected one is
+    /// replaced and the recording stops. Stopping it saves. Does nothing when that is how it is.
     void startStopRecording(bool start, bool oneStep);
+    /// Replaces the step of the current macro at the index, together with its partner, or appends one where
+    /// there is none, for -1 for instance; a full macro stays as it is. The modifiers are not stored.
+    void setMacroStep(std::uint32_t code, std::uint8_t argument, std::uint16_t modifiers, std::int32_t index);
+    /// Appends a step to the current macro. The step before gets the time since the run's last one as delay.
+    void appendMacroStep(std::uint32_t code, std::uint8_t argument, std::uint16_t modifiers);
+    /// The code of the step that ends, or began, what the code does (macros/StepCodes.h).
+    static std::uint32_t matchingCommand(std::uint32_t code, bool* isDown);
+
+    // Key capture (assignment/SingleKey.cpp)
     /// A capture is active: every key belongs to the panel.
     [[nodiscard]] bool overrideSingleKeys() const;
     /// A recording runs: clicks in the tables belong to it and are not carried out.
@@ -149,7 +189,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void editProfileIndex(std::int32_t index);
     void editMacroIndex(std::int32_t index);
     [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
+    /// The value of a cell: a text, a boolean for a check box, the index of an item for a pop-up cell.
     [[nodiscard]] QVariant objectValueForTableColumn(int columnIdentifier, int row) const;
+    /// What the pop-up cell of a delay shows for its value; nothing for one without an item.
+    [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
     void setObjectValue(const QVariant& value, int columnIdentifier, int row);
     void tableViewSelectionDidChange(KyvarQuorviTableView* table);
     void reloadTableViewDataQuietly(KyvarQuorviTableView* table);
@@ -173,6 +216,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     // Macros and their steps (editors/MacrosEditor.cpp, editors/StepsEditor.cpp)
     void actionButtonMacroAdd();
     void actionButtonMacroRemove();
+    void actionButtonStepAdd();
+    void actionButtonStepRecord();
     void actionButtonStepRemove();
     /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
     /// to wait for.
@@ -189,7 +234,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     // What others may ask
     [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
-    [[nodiscard]] bool isRecordingMacro() const { return fRecordingMacro; }
+    [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
     [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
@@ -226,6 +271,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void alignIndependentAxes();
     void alignStageWithSettings();
     void updateSensitivityUI();
+    [[nodiscard]] plist::Array editedStages() const;
+    [[nodiscard]] std::int32_t editedStageIndex() const;
+    [[nodiscard]] plist::Dictionary editedStage() const;
+    void storeEditedStages();
+    void closeStagesEditor();
     void updateProfilesUI();
     void updateMacrosUI();
     void updateStepsUI();
@@ -248,6 +298,21 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void askForApplication();
     void removeApplication();
     void showProfileApplication();
+    [[nodiscard]] RecordingTarget recordingTarget() const;
+    void takeFocusFromCells();
+    void setTablesTakeFocus(bool take);
+    void recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown);
+    void recordMouse(std::uint32_t code);
+    /// After a step has come or was replaced. A run of one step ends with it.
+    void showRecordedStep();
+    void showRecordButton();
+    /// Says that a recording runs and how far it is; nothing otherwise.
+    void updateRecordingUI();
+    [[nodiscard]] QString recordingText() const;
+    [[nodiscard]] QString textOfStep(int row) const;
+    /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
+    [[nodiscard]] QVariant delayOfStep(int row) const;
+    void setDelayOfStep(const QVariant& value, int row);
     void removeAllSteps();
     void useDelayOfStepForAll();
     void showImportProfilePanel();
@@ -268,12 +333,16 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
+    bool fDragging = false;    ///< the mouse is down on a slider
+    bool fSyncPending = false; ///< the settings file was written and is not known to be on the disk
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};
     std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
     QString fStringRecord;
     QString fStringStop;
+    QString fStringRecordDescription; ///< what screen readers say of the record button
+    QString fStringNoSteps;           ///< what an empty list of steps says
 
     plist::Dictionary fDeviceConfig;
     plist::Dictionary fSettings;
@@ -295,10 +364,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0
     std::uint16_t fSingleKeyLastModifiers = 0; ///< of the last event that the single-key panel saw
-    bool fRecordingMacro = false;
-    bool fRecordingOneStep = false;
-    std::uint16_t fLastMacroModifiers = 0;
-    double fLastRecordedMacroTime = 0;
+    MacroRecorder fRecorder;
 };
 
 /// The one live controller of the process, or null: what the key patch and the sliders reach it by.

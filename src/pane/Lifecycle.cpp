@@ -33,7 +33,12 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
-    // A host that drops a shown pane must not be left asking it for keys.
+    // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
+    // recorded.
+    if (fRecorder.isRecording()) {
+        sendMessageToHelper(kMessageRecording, 0);
+        saveSettings(fDeviceConfig);
+    }
     if (gPatchedPane == this)
         KyvarQuorviSwapNSAppMethods(this);
     if (gKyvarQuorviPane == this)
@@ -62,6 +67,8 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fillAssignmentMenus();
     fStringRecord = fViews->main.quorviButtonStepRecord->text();
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
+    fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
+    fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
     showVersion();
 }
 
@@ -98,6 +105,7 @@ void KyvarQuorviPane::didSelect() {
 
 void KyvarQuorviPane::willUnselect() {
     startStopRecording(false, false);
+    dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);

@@ -39,10 +39,10 @@ bool KyvarQuorviPane::validateMenuItem(QAction* item) {
     case kRemoveMacroItem:
         return fViews->main.quorviTableMacros->selectedRow() >= 0;
     case kRecordItem:
-        setTitleOfItem(*item, fRecordingMacro ? fStringStop : fStringRecord);
+        setTitleOfItem(*item, fRecorder.isRecording() ? fStringStop : fStringRecord);
         return true;
     case kRecordStepItem:
-        return stepIsSelected && !fRecordingMacro;
+        return stepIsSelected && !fRecorder.isRecording();
     case kRemoveStepItem:
     case kUseDelayForAllItem:
         return stepIsSelected;

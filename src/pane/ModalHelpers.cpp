@@ -1,6 +1,7 @@
 // The three helpers that every dialog of the panel goes through.
 
 #include <QLabel>
+#include <QPushButton>
 
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
@@ -37,6 +38,8 @@ bool KyvarQuorviPane::confirmAction(const QString& messageKey, const std::option
         question.replace(mark, 2, *item);
     // The keys of the string table separate their lines by carriage returns, which a label does not break at.
     fViews->confirm.quorviTextConfirm->setText(question.replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    // The safe answer, also after a question that was answered otherwise.
+    fViews->confirm.quorviConfirmButtonCancel->setFocus();
     return modalDialog(fViews->quorviPanelConfirm) == kResponseOK;
 }
 

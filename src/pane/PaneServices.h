@@ -3,10 +3,13 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
+#include "model/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
+#include "platform/Clock.h"
 #include "platform/KeyboardLayoutWatcher.h"
 #include "platform/Workspace.h"
 #include "platform/events/EventBus.h"
@@ -16,11 +19,14 @@ namespace quorvi {
 struct PaneServices {
     Bundle bundle;                              ///< the pane's own bundle
     std::filesystem::path homeFolder;           ///< the settings file is below it
+    FileCalls& files = systemFileCalls();       ///< the settings file is written by these
     std::unique_ptr<EventBus> bus;              ///< null without a session bus: nothing is sent then
     std::unique_ptr<Workspace> workspace;       ///< never null
     std::unique_ptr<LoginItemStore> loginItems; ///< never null
     /// Null: keys are named by whatever layout is the current one when the pane is loaded.
     std::unique_ptr<KeyboardLayoutWatcher> keyboardLayout;
+    /// What recordings take the time from, in seconds; never empty.
+    std::function<double()> clock = steadySeconds;
 };
 
 } // namespace quorvi

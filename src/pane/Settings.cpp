@@ -1,5 +1,7 @@
 // The settings document as the controller uses it: where it is read from, and who hears of a save.
 
+#include <utility>
+
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 
@@ -22,10 +24,26 @@ plist::Dictionary KyvarQuorviPane::loadSettings() const {
 }
 
 bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
-    if (!quorvi::saveSettings(tree, userSettingsPath(fServices.homeFolder)))
+    const Durability durability = fDragging ? Durability::later : Durability::now;
+    if (!quorvi::saveSettings(tree, userSettingsPath(fServices.homeFolder), fServices.files, durability))
         return false;
+    fSyncPending = fDragging;
     sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
     return true;
+}
+
+void KyvarQuorviPane::dragDidBegin() {
+    fDragging = true;
+}
+
+void KyvarQuorviPane::dragDidEnd() {
+    fDragging = false;
+    // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
+    // anew.
+    if (std::exchange(fSyncPending, false) &&
+        !syncFile(userSettingsPath(fServices.homeFolder), fServices.files))
+        saveSettings(fDeviceConfig);
+    updateDpiOnMouse();
 }
 
 } // namespace quorvi

@@ -4,6 +4,7 @@
 
 #include "editors/TableModel.h"
 #include "model/Keys.h"
+#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -15,7 +16,7 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
     startStopRecording(false, false);
     fDeviceConfig = loadSettings();
     cleanUpSettings(fDeviceConfig);
-    editProfileIndex(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId) - 1);
+    editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
     editMacroIndex(-1);
 
     selectCurrentProfileQuietly();

@@ -28,6 +28,15 @@ QString firmwareText(std::int32_t firmware) {
     return QStringLiteral("%1.%2").arg((firmware >> 8) & 0xFF).arg(firmware & 0xFF, 2, 10, QLatin1Char('0'));
 }
 
+/// Enables or disables the button. One that takes itself out of use leaves the keyboard to its list, not to
+/// whatever comes next.
+void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabled) {
+    const bool hadFocus = button->window()->focusWidget() == button;
+    button->setEnabled(enabled);
+    if (hadFocus && !enabled)
+        table->setFocus();
+}
+
 } // namespace
 
 void KyvarQuorviPane::updateUI() {
@@ -70,33 +79,39 @@ void KyvarQuorviPane::updateSensitivityUI() {
     fViews->main.quorviSliderAcceleration->setEnabled(accelerated && hasDevice());
     fViews->main.quorviSliderAcceleration->setFloatValue(
         accelerationToSliderValue(static_cast<float>(fDriverData.real(keys::acceleration))));
+    updateAccelerationView();
 }
 
 void KyvarQuorviPane::updateProfilesUI() {
-    fViews->main.quorviButtonProfileAdd->setEnabled(hasDevice() && int(fProfiles.size()) < limits::profiles);
-    fViews->main.quorviButtonProfileRemove->setEnabled(
-        hasDevice() && fViews->main.quorviTableProfiles->selectedRow() > 0);
+    KyvarQuorviTableView* table = fViews->main.quorviTableProfiles;
+    enableButtonOf(
+        table, fViews->main.quorviButtonProfileAdd, hasDevice() && int(fProfiles.size()) < limits::profiles);
+    enableButtonOf(table, fViews->main.quorviButtonProfileRemove, hasDevice() && table->selectedRow() > 0);
     fViews->main.quorviBoxProfileOSD->setChecked(fDriverData.boolean(keys::profileDisplay));
 }
 
 void KyvarQuorviPane::updateMacrosUI() {
-    const bool editable = hasDevice() && !fRecordingMacro;
-    const bool macroSelected = fViews->main.quorviTableMacros->selectedRow() >= 0;
-    makeViewActive(fViews->main.quorviTableMacros, editable);
-    fViews->main.quorviButtonMacroAdd->setEnabled(editable && int(fMacros.size()) < limits::macros);
-    fViews->main.quorviButtonMacroRemove->setEnabled(editable && macroSelected);
+    const bool editable = hasDevice() && !fRecorder.isRecording();
+    KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
+    const bool macroSelected = table->selectedRow() >= 0;
+    makeViewActive(table, editable);
+    enableButtonOf(
+        table, fViews->main.quorviButtonMacroAdd, editable && int(fMacros.size()) < limits::macros);
+    enableButtonOf(table, fViews->main.quorviButtonMacroRemove, editable && macroSelected);
     fViews->main.quorviButtonMacroGear->setEnabled(editable);
     fViews->main.quorviTabsShowHideSteps->setCurrentIndex(hasDevice() && macroSelected ? 0 : 1);
 }
 
 void KyvarQuorviPane::updateStepsUI() {
-    const bool editable = hasDevice() && !fRecordingMacro;
+    const bool editable = hasDevice() && !fRecorder.isRecording();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
     fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
     fViews->main.quorviButtonStepAdd->setEnabled(editable);
-    fViews->main.quorviButtonStepRemove->setEnabled(editable && stepSelected);
+    enableButtonOf(
+        fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);
     fViews->main.quorviButtonStepGear->setEnabled(editable);
+    updateRecordingUI();
 }
 
 void KyvarQuorviPane::updateLightingUI() {

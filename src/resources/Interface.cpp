@@ -110,6 +110,9 @@ Interface::Interface(QWidget& mainView) {
     main.setupUi(&mainView);
     menus = createMenus(mainView);
     main.quorviMenuPollingRate->setMenu(createPollingRateMenu().release());
+    main.quorviButtonProfileGear->setCommands(menus.quorviMenuProfileGear);
+    main.quorviButtonMacroGear->setCommands(menus.quorviMenuMacroGear);
+    main.quorviButtonStepGear->setCommands(menus.quorviMenuStepGear);
     main.quorviTableProfiles->setMenu(menus.quorviMenuProfileGear);
     main.quorviTableMacros->setMenu(menus.quorviMenuMacroGear);
     main.quorviTableSteps->setMenu(menus.quorviMenuStepGear);
@@ -120,6 +123,9 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelSingleKey = addPanel(mainView, singleKey);
     quorviPanelRestore = addPanel(mainView, restore);
 
+    // Nothing else on the tab has this colour, in whatever theme.
+    main.textRecording->setBackgroundRole(QPalette::Highlight);
+    main.textRecording->setForegroundRole(QPalette::HighlightedText);
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);

@@ -144,9 +144,10 @@ void addGroups(QMenu& menu, std::span<const CommandGroupPlace> places, bool whee
     }
 }
 
-QMenu* addMenu(QWidget& owner, const char* name) {
+QMenu* addMenu(QWidget& owner, const char* name, const char* spokenName) {
     auto menu = std::make_unique<QMenu>(&owner);
     menu->setObjectName(QLatin1String(name));
+    menu->setAccessibleName(interfaceText(spokenName));
     return menu.release();
 }
 
@@ -155,17 +156,17 @@ QMenu* addMenu(QWidget& owner, const char* name) {
 Menus createMenus(QWidget& owner) {
     constexpr const char* tableAction = "actionMenuTableContext:";
     Menus menus;
-    menus.quorviMenuCommands = addMenu(owner, "quorviMenuCommands");
+    menus.quorviMenuCommands = addMenu(owner, "quorviMenuCommands", "Functions");
     addGroups(*menus.quorviMenuCommands, buttonMenuGroups(), false);
-    menus.quorviMenuWheelCommands = addMenu(owner, "quorviMenuWheelCommands");
+    menus.quorviMenuWheelCommands = addMenu(owner, "quorviMenuWheelCommands", "Functions");
     addGroups(*menus.quorviMenuWheelCommands, wheelMenuGroups(), true);
-    menus.quorviMenuProfileGear = addMenu(owner, "quorviMenuProfileGear");
+    menus.quorviMenuProfileGear = addMenu(owner, "quorviMenuProfileGear", "Profile commands");
     addEntries(*menus.quorviMenuProfileGear, profileEntries, tableAction);
-    menus.quorviMenuMacroGear = addMenu(owner, "quorviMenuMacroGear");
+    menus.quorviMenuMacroGear = addMenu(owner, "quorviMenuMacroGear", "Macro commands");
     addEntries(*menus.quorviMenuMacroGear, macroEntries, tableAction);
-    menus.quorviMenuStepGear = addMenu(owner, "quorviMenuStepGear");
+    menus.quorviMenuStepGear = addMenu(owner, "quorviMenuStepGear", "Step commands");
     addEntries(*menus.quorviMenuStepGear, stepEntries, tableAction);
-    menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay");
+    menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay", "Delay Afterwards");
     addEntries(*menus.quorviMenuStepDelay, delayEntries, nullptr);
     return menus;
 }

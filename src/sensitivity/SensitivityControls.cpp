@@ -1,31 +1,67 @@
-#include <QLabel>
+// What the controls of the sensitivity tab do. Each writes its value into the tree, refreshes what depends on
+// it and saves at once.
 
-#include <algorithm>
+#include <QAbstractButton>
+#include <QCheckBox>
 
 #include "model/Keys.h"
-#include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/KyvarQuorviSlider.h"
 #include "resources/Interface.h"
-#include "sensitivity/StageText.h"
+#include "sensitivity/AccelerationScale.h"
 
 namespace quorvi {
 
-void KyvarQuorviPane::updateDpiText() {
-    const int x = fSettings.integer(keys::dpiX);
-    // Two blanks after the comma: the label is set wider than the list of stages on purpose.
-    fViews->main.quorviTextDPI->setText(
-        fSettings.boolean(keys::independentXY)
-            ? QStringLiteral("X = %1,  Y = %2 DPI").arg(x).arg(fSettings.integer(keys::dpiY))
-            : QStringLiteral("%1 DPI").arg(x));
+// The current stage and the settings in force hold the same numbers, so every change goes into both.
+
+void KyvarQuorviPane::actionSliderSensitivityX(KyvarQuorviSlider* slider) {
+    const bool bothAxes = !fStage.boolean(keys::independentXY);
+    for (const plist::Dictionary& holder : {fStage, fSettings}) {
+        holder.set(keys::dpiX, slider->value());
+        if (bothAxes)
+            holder.set(keys::dpiY, slider->value());
+    }
+    updateUI();
+    saveSettings(fDeviceConfig);
 }
 
-void KyvarQuorviPane::updateStagesView() {
-    // The device carries five stages; a longer list is not worth drawing.
-    QStringList texts;
-    for (std::size_t index = 0; index < std::min<std::size_t>(fStages.size(), limits::stages); ++index)
-        texts << stageShortText(fStages.dictionary(index));
-    fViews->main.quorviViewStages->setStages(texts, fStageIndex);
-    fViews->main.quorviViewStages->setEnabled(hasDevice());
+void KyvarQuorviPane::actionSliderSensitivityY(KyvarQuorviSlider* slider) {
+    for (const plist::Dictionary& holder : {fStage, fSettings})
+        holder.set(keys::dpiY, slider->value());
+    updateUI();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::actionBoxIndependentXY(QAbstractButton* box) {
+    for (const plist::Dictionary& holder : {fStage, fSettings}) {
+        holder.set(keys::independentXY, box->isChecked());
+        if (!box->isChecked())
+            holder.set(keys::dpiY, holder.integer(keys::dpiX));
+    }
+    updateUI();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::actionSliderAcceleration() {
+    fDriverData.set(
+        keys::acceleration, sliderValueToAcceleration(fViews->main.quorviSliderAcceleration->floatValue()));
+    updateAccelerationView();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::actionBoxAcceleration() {
+    fDriverData.set(keys::enableAcceleration, fViews->main.quorviBoxAcceleration->isChecked());
+    updateUI();
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::actionBoxSensitivityOSD() {
+    fDriverData.set(keys::sensitivityDisplay, fViews->main.quorviBoxSensitivityOSD->isChecked());
+    saveSettings(fDeviceConfig);
+}
+
+void KyvarQuorviPane::actionButtonEditStages() {
+    editSensitivityStages();
 }
 
 } // namespace quorvi

@@ -1,14 +1,16 @@
-// The stages editor's controls, shown from the copies that it works on.
+// The editor of a profile's sensitivity stages. It works on copies, which OK stores and Cancel forgets.
 
 #include <QCheckBox>
 #include <QPushButton>
 
 #include "model/Keys.h"
 #include "model/Limits.h"
+#include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "plist/DeepCopy.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
@@ -18,23 +20,139 @@ namespace {
 /// What the sliders show while no stage is selected, in DPI.
 constexpr int kResolutionWithoutStage = 1500;
 
+void copyResolution(const plist::Dictionary& from, const plist::Dictionary& to) {
+    to.set(keys::dpiX, from.integer(keys::dpiX));
+    to.set(keys::dpiY, from.integer(keys::dpiY));
+    to.set(keys::independentXY, from.boolean(keys::independentXY));
+}
+
 } // namespace
+
+plist::Array KyvarQuorviPane::editedStages() const {
+    return fEditStagesProfile.array(keys::stages);
+}
+
+std::int32_t KyvarQuorviPane::editedStageIndex() const {
+    const std::int32_t index = indexOfNumber(fEditStagesSettings.integer(keys::stage));
+    return index >= 0 && static_cast<std::size_t>(index) < editedStages().size() ? index : -1;
+}
+
+plist::Dictionary KyvarQuorviPane::editedStage() const {
+    return editedStages().dictionary(static_cast<std::size_t>(editedStageIndex()));
+}
+
+void KyvarQuorviPane::editSensitivityStages() {
+    if (fEditStagesProfile)
+        return; // the sheet is up
+    const QPointer<KyvarQuorviPane> self(this);
+    const std::int32_t profile = fProfileIndex;
+    const std::u16string name = fProfile.string(keys::name);
+    fEditStagesSettings = plist::mutableDeepCopy(fSettings);
+    fEditStagesProfile = plist::mutableDeepCopy(fProfile);
+    updateSensitivityStagesUI();
+    const bool confirmed = modalDialog(fViews->quorviPanelStages) == QDialog::Accepted;
+    if (!self)
+        return;
+    // The settings may have been read afresh while the sheet was up. The stages go into the tree that is
+    // there now, unless another profile has become the current one.
+    if (confirmed && fProfileIndex == profile && fProfile.string(keys::name) == name)
+        storeEditedStages();
+    closeStagesEditor();
+}
+
+void KyvarQuorviPane::storeEditedStages() {
+    const std::int32_t index = editedStageIndex();
+    if (index < 0 || !fProfile)
+        return;
+    fSettings.set(keys::stage, index + 1);
+    copyResolution(editedStages().dictionary(static_cast<std::size_t>(index)), fSettings);
+    fProfile.set(keys::defaultStage, fEditStagesProfile.integer(keys::defaultStage));
+    fProfile.set(keys::stages, editedStages());
+    editProfileIndex(fProfileIndex);
+    saveSettings(fDeviceConfig);
+    updateUI();
+}
+
+void KyvarQuorviPane::closeStagesEditor() {
+    fEditStagesSettings = {};
+    fEditStagesProfile = {};
+    reloadTableViewDataQuietly(fViews->stages.quorviStageTableStages);
+}
+
+void KyvarQuorviPane::editStageIndex(std::int32_t index) {
+    const plist::Array stages = editedStages();
+    if (!fEditStagesSettings || index < 0 || static_cast<std::size_t>(index) >= stages.size())
+        return;
+    fEditStagesSettings.set(keys::stage, index + 1);
+    copyResolution(stages.dictionary(static_cast<std::size_t>(index)), fEditStagesSettings);
+    fEditStagesProfile.set(keys::defaultStage, index + 1);
+}
+
+void KyvarQuorviPane::actionButtonStageAdd() {
+    const plist::Array stages = editedStages();
+    const std::int32_t index = editedStageIndex();
+    if (index < 0 || stages.size() >= limits::stages)
+        return;
+    stages.insert(static_cast<std::size_t>(index) + 1, plist::deepCopy(stages.value(std::size_t(index))));
+    editStageIndex(index + 1);
+    updateSensitivityStagesUI();
+}
+
+void KyvarQuorviPane::actionButtonStageRemove() {
+    const plist::Array stages = editedStages();
+    const std::int32_t index = editedStageIndex();
+    if (index < 0 || stages.size() <= limits::minimumStages)
+        return;
+    stages.remove(static_cast<std::size_t>(index));
+    editStageIndex(std::min(index, static_cast<std::int32_t>(stages.size()) - 1));
+    updateSensitivityStagesUI();
+}
+
+void KyvarQuorviPane::actionSliderStagesSensitivityX(KyvarQuorviSlider* slider) {
+    if (editedStageIndex() < 0)
+        return;
+    const bool bothAxes = !editedStage().boolean(keys::independentXY);
+    for (const plist::Dictionary& holder : {editedStage(), fEditStagesSettings}) {
+        holder.set(keys::dpiX, slider->value());
+        if (bothAxes)
+            holder.set(keys::dpiY, slider->value());
+    }
+    updateSensitivityStagesUI();
+}
+
+void KyvarQuorviPane::actionSliderStagesSensitivityY(KyvarQuorviSlider* slider) {
+    if (editedStageIndex() < 0)
+        return;
+    for (const plist::Dictionary& holder : {editedStage(), fEditStagesSettings})
+        holder.set(keys::dpiY, slider->value());
+    updateSensitivityStagesUI();
+}
+
+void KyvarQuorviPane::actionBoxStagesIndependentXY(QAbstractButton* box) {
+    if (editedStageIndex() < 0)
+        return;
+    for (const plist::Dictionary& holder : {editedStage(), fEditStagesSettings}) {
+        holder.set(keys::independentXY, box->isChecked());
+        if (!box->isChecked())
+            holder.set(keys::dpiY, holder.integer(keys::dpiX));
+    }
+    updateSensitivityStagesUI();
+}
 
 void KyvarQuorviPane::updateSensitivityStagesUI() {
     if (!fEditStagesSettings || !fEditStagesProfile)
         return;
-    const plist::Array stages = fEditStagesProfile.array(keys::stages);
-    const int index = fEditStagesSettings.integer(keys::stage) - 1;
-    const plist::Dictionary stage = stages.dictionary(static_cast<std::size_t>(index));
+    const auto count = static_cast<std::int64_t>(editedStages().size());
+    const plist::Dictionary stage = editedStage();
     const bool independent = stage.boolean(keys::independentXY);
-    reloadData(fViews->stages.quorviStageTableStages);
-    if (index >= 0 && index < static_cast<int>(stages.size()))
-        fViews->stages.quorviStageTableStages->selectRowAlone(index);
-    fViews->stages.quorviStageButtonAdd->setEnabled(static_cast<int>(stages.size()) < limits::stages);
+    // Quietly: a list that is empty because the mouse is away must not make the first stage the current one.
+    reloadTableViewDataQuietly(fViews->stages.quorviStageTableStages);
+    if (editedStageIndex() >= 0)
+        fViews->stages.quorviStageTableStages->selectRowAlone(editedStageIndex());
+    fViews->stages.quorviStageButtonAdd->setEnabled(count < limits::stages);
     // With two stages left the button is enabled and does nothing: only a single stage leaves nothing to
     // remove.
-    fViews->stages.quorviStageButtonRemove->setEnabled(
-        static_cast<int>(stages.size()) >= limits::minimumStages);
+    fViews->stages.quorviStageButtonRemove->setEnabled(count >= limits::minimumStages);
     makeViewActive(fViews->stages.quorviStageGroupSettings, static_cast<bool>(stage));
     fViews->stages.quorviStageSliderX->setValue(stage ? stage.integer(keys::dpiX) : kResolutionWithoutStage);
     fViews->stages.quorviStageSliderY->setValue(stage ? stage.integer(keys::dpiY) : kResolutionWithoutStage);

@@ -92,6 +92,38 @@ TEST_F(AtomicFileCalls, bringTheDataToTheDiskBeforeTheRenameAndTheFolderAfterIt)
     EXPECT_EQ(calls.log, (Log{"open", "write", "chmod", "sync file", "close", "rename", "sync folder"}));
 }
 
+TEST_F(AtomicFileCalls, leaveTheDiskForLaterWhenAskedTo) {
+    ASSERT_TRUE(replaceFileAtomically(path(), "new", calls, Durability::later));
+    EXPECT_EQ(calls.log, (Log{"open", "write", "chmod", "close", "rename"}));
+    EXPECT_EQ(readFile(path()), "new");
+    calls.log.clear();
+    EXPECT_TRUE(syncFile(path(), calls));
+    EXPECT_EQ(calls.log, (Log{"open", "sync file", "sync folder", "close"}));
+}
+
+TEST_F(AtomicFileCalls, syncThroughALinkAndRepeatWhatIsInterrupted) {
+    const auto link = path().parent_path() / "link";
+    std::filesystem::create_symlink("file", link);
+    calls.failing = "sync file";
+    calls.failures = 2;
+    calls.error = EINTR;
+    EXPECT_TRUE(syncFile(link, calls));
+    EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), "sync file"), 3);
+}
+
+TEST_F(AtomicFileCalls, reportWhatCannotBeSynced) {
+    for (const auto* call : {"open", "sync file", "sync folder"}) {
+        calls.failing = call;
+        EXPECT_FALSE(syncFile(path(), calls)) << call;
+    }
+    calls.failing.clear();
+    std::filesystem::remove(path());
+    EXPECT_FALSE(syncFile(path(), calls));
+    EXPECT_FALSE(syncFile(path() / "below", calls));
+    ASSERT_EQ(::mkfifo(path().c_str(), 0600), 0);
+    EXPECT_FALSE(syncFile(path(), calls));
+}
+
 TEST_F(AtomicFileCalls, neverTouchTheModeOfANewFile) {
     std::filesystem::remove(path());
     ASSERT_TRUE(replace());

@@ -169,7 +169,20 @@ class CurrentItemsTest : public QObject {
         fixture.choose(kSteps, 1);
         chooseInGearMenu(fixture, "quorviButtonStepGear", 34);
         QVERIFY(!fixture.isEnabled("quorviButtonStepRemove"));
+        QCOMPARE(shownIn(fixture, kSteps, 0), QStringList());
         QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+    }
+
+    void aStepRemovedFromTheMiddleLeavesItsPlaceToTheNext() {
+        const auto tree = treeWith("macros", 1);
+        const auto steps = tree.array("macros").dictionary(0).array("steps");
+        for (const auto count = steps.size(); steps.size() < 2 * count;)
+            steps.append(steps.dictionary(steps.size() - count));
+        const ListsFixture fixture(tree, kMacrosTab);
+        fixture.choose(kMacros, 0);
+        fixture.choose(kSteps, 1);
+        fixture.click("quorviButtonStepRemove");
+        QCOMPARE(fixture.selectedRow(kSteps), 1);
     }
 
     void withoutACurrentMacroTheDeleteKeyAsksNothing() {

@@ -69,8 +69,12 @@ class FilesFixture : public PaneFixture {
             qFatal("the file panel does not close");
         QCoreApplication::processEvents();
     }
-    void cancelPanel() const {
-        QTest::keyClick(filePanel(), Qt::Key_Escape);
+    void cancelPanel(const QString& typedBefore = {}) const {
+        QFileDialog* panel = filePanel();
+        if (!typedBefore.isEmpty())
+            outlet<QLineEdit>(panel, "fileNameEdit")->setText(typedBefore);
+        panel->setFocus();
+        QTest::keyClick(panel, Qt::Key_Escape);
         if (!QTest::qWaitFor([&] { return !hasFilePanel(); }, kWindowPatienceMs))
             qFatal("the file panel does not close");
         QCoreApplication::processEvents();
@@ -128,12 +132,28 @@ class ImportExportTest : public QObject {
 
     void aCancelledPanelChangesNothing() {
         FilesFixture fixture(2);
+        const auto file =
+            fixture.write("in.quorviProfile", PaneFixture::sampleTree().array("profiles").dictionary(0));
         chooseInGearMenu(fixture, kProfileGear, 12);
-        fixture.cancelPanel();
+        fixture.cancelPanel(file);
         chooseInGearMenu(fixture, kProfileGear, 13);
-        fixture.cancelPanel();
+        fixture.cancelPanel(fixture.path("out.quorviProfile"));
+        QVERIFY(!QFile::exists(fixture.path("out.quorviProfile")));
         QCOMPARE(fixture.pane->deviceConfig().array("profiles").size(), 2U);
         QVERIFY(fixture.commandsBecome({"KyPR 0", "KyPR 0"}));
+    }
+
+    void aCancelledPanelOfMacrosChangesNothing() {
+        FilesFixture fixture(3);
+        fixture.selectRow(kMacros, 0);
+        const auto file =
+            fixture.write("in.quorviMacro", PaneFixture::sampleTree().array("macros").dictionary(0));
+        chooseInGearMenu(fixture, kMacroGear, 22);
+        fixture.cancelPanel(file);
+        chooseInGearMenu(fixture, kMacroGear, 23);
+        fixture.cancelPanel(fixture.path("out.quorviMacro"));
+        QVERIFY(!QFile::exists(fixture.path("out.quorviMacro")));
+        QCOMPARE(fixture.pane->deviceConfig().array("macros").size(), 2U);
     }
 
     void importingAProfileTwiceGivesTwoOfThem() {

@@ -134,7 +134,7 @@ class LifecycleTest : public QObject {
         });
         QTest::mousePress(gear, Qt::LeftButton);
         QVERIFY(openedOnPress);
-        QVERIFY(!gear->isDown());
+        QTRY_VERIFY(!gear->isDown());
     }
 
     void theHelperIsLaunchedOnlyWhenItDoesNotRun() {

@@ -34,24 +34,33 @@ inline void whenMenuIsOpen(std::function<void(QMenu*)> action) {
     timer->start(5);
 }
 
-/// Clicks the item with the tag in the menu that opens; a disabled item stays unclicked and the menu closes.
+/// Clicks the item with the tag in the open menu; a disabled item stays unclicked and the menu closes.
+inline void clickItem(QMenu* menu, int tag) {
+    QAction* item = itemWithTag(*menu, tag);
+    if (!item)
+        qFatal("the menu has no item %d", tag);
+    if (item->isEnabled())
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+    else
+        menu->close();
+}
+
+/// The same in the menu that opens.
 inline void clickItemWhenOpen(int tag) {
-    whenMenuIsOpen([tag](QMenu* menu) {
-        QAction* item = itemWithTag(*menu, tag);
-        if (!item)
-            qFatal("the menu has no item %d", tag);
-        if (item->isEnabled())
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
-        else
-            menu->close();
-    });
+    whenMenuIsOpen([tag](QMenu* menu) { clickItem(menu, tag); });
 }
 
 /// Opens the gear menu by its button and clicks the item.
 inline void chooseInGearMenu(const PaneFixture& fixture, const char* gearButton, int tag) {
-    clickItemWhenOpen(tag);
+    bool chosen = false;
+    whenMenuIsOpen([&chosen, tag](QMenu* menu) {
+        clickItem(menu, tag);
+        chosen = true;
+    });
     fixture.click(gearButton);
-    QCoreApplication::processEvents();
+    if (!QTest::qWaitFor([&chosen] { return chosen; }, kWindowPatienceMs))
+        qFatal("nothing is chosen in the menu");
+    QCoreApplication::processEvents(); // the command comes when the menu is done
 }
 
 inline QRect cellOf(const PaneFixture& fixture, const char* table, int row, int column) {

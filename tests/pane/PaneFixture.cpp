@@ -61,11 +61,13 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
     pane = std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(options.bundlePath),
         .homeFolder = home.path().toStdString(),
+        .files = options.files,
         .bus = options.bus ? EventBus::connect() : nullptr,
         .workspace = std::make_unique<RecordingWorkspace>(opened),
         .loginItems = std::make_unique<AutostartLoginItemStore>(
             home.filePath(QStringLiteral("autostart")).toStdString(), executableOf),
         .keyboardLayout = options.keyboardLayout ? options.keyboardLayout() : nullptr,
+        .clock = options.clock,
     });
     window = std::make_unique<QWidget>();
     auto* layout = new QVBoxLayout(window.get());

@@ -33,6 +33,8 @@ struct PaneOptions {
     /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> keyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
+    FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
+    std::function<double()> clock = steadySeconds;
 };
 
 class PaneFixture {

@@ -185,7 +185,7 @@ class SynchronisationTest : public QObject {
         }
         QCOMPARE(saved.dictionary("settings").integer("stage"), 2);
         QCOMPARE(fixture.text("quorviTextDPI"), QStringLiteral("X = 800,  Y = 1600 DPI"));
-        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->stages().at(1), QStringLiteral("800 × 1600"));
+        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->texts().at(1), QStringLiteral("800 × 1600"));
         QCOMPARE(fixture.text("quorviTextXLabel"), QStringLiteral("X"));
         QCOMPARE(fixture.text("quorviTextYLabel"), QStringLiteral("Y"));
         QVERIFY(fixture.isEnabled("quorviSliderSensitivityY"));
@@ -320,7 +320,7 @@ class SynchronisationTest : public QObject {
         QVERIFY(!fixture.find<QCheckBox>("quorviBoxSensitivityOSD")->isChecked());
         QVERIFY(fixture.find<QCheckBox>("quorviBoxProfileOSD")->isChecked());
         QCOMPARE(fixture.find<KyvarQuorviSlider>("quorviSliderSensitivityX")->value(), 800);
-        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->stages(), QStringList({"400", "800", "1600"}));
+        QCOMPARE(fixture.find<StageBar>("quorviViewStages")->texts(), QStringList({"400", "800", "1600"}));
         QCOMPARE(fixture.find<StageBar>("quorviViewStages")->currentStage(), 1);
         QCOMPARE(fixture.text("quorviTextConnection"), QStringLiteral("Connected"));
         QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop1")->selectedTag(), 1);

@@ -109,7 +109,7 @@ Accessible ScreenReader::window(const std::string& title) const {
 Accessible ScreenReader::focus() {
     while (sd_bus_process(m_bus.get(), nullptr) > 0) {
     }
-    const Accessible told(m_bus, m_focus.program, m_focus.path);
+    Accessible told(m_bus, m_focus.program, m_focus.path);
     if (!told.role().empty())
         return told;
     Accessible innermost;

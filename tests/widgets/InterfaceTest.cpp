@@ -214,12 +214,22 @@ class InterfaceTest : public QObject {
             QCOMPARE(control->singleStep(), 25);
             QCOMPARE(control->pageStep(), 250);
             QCOMPARE(control->value(), 1500);
+            QCOMPARE(control->tickPosition(), QSlider::TicksBelow);
+            // A mark at either end, and every one at a value that the slider takes.
+            QCOMPARE((control->maximum() - control->minimum()) % control->tickInterval(), 0);
+            QCOMPARE(control->tickInterval() % control->singleStep(), 0);
             QCOMPARE(control->orientation(), Qt::Horizontal);
         }
     }
 
     void accelerationSliderGoesFromOneToTenInHundredths() {
         KyvarQuorviSlider* control = m_interface->main.quorviSliderAcceleration;
+        for (int position = 1; position <= 10; ++position) { // the mouse can be let go exactly there
+            control->setFloatValue(float(position));
+            QCOMPARE(control->nearestStep(control->value()), 100 * position);
+            QCOMPARE(control->floatValue(), float(position));
+        }
+        control->setFloatValue(5.0F);
         QCOMPARE(control->floatValue(), 5.0F);
         control->setFloatValue(0.0F);
         QCOMPARE(control->floatValue(), 1.0F);

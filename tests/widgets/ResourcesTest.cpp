@@ -58,10 +58,16 @@ class ResourcesTest : public QObject {
         const QVariantMap strings = stringTable();
         for (const char* text : {"No device connected", "Default Profile", "Untitled Profile",
                  "Untitled Macro", "Profile:", "Macro:", "Press", "Release", "Press button", "Release button",
+                 "%d DPI", "X = %d, Y = %d DPI", "X = %d,  Y = %d DPI",
+                 "Stage %1 of %2 is the current one. All stages in DPI: %3",
+                 "The pointer follows the hand as it is, at every speed.",
+                 "Off: the pointer follows the hand as it is.",
+                 "At full speed of the hand the pointer goes %1 times as fast.",
                  "Are you sure you want to restore all settings to default?",
                  "Delete profile: ^1\r\rAre you sure you want to delete this profile?",
                  "Delete macro: ^1\r\rAre you sure you want to delete this macro?", "(none)", "???", "F",
-                 "No installed applications were found.", "No application matches the search."})
+                 "No installed applications were found.", "No application matches the search.",
+                 "No application", "Switches automatically", "Does not switch automatically"})
             QVERIFY2(strings.contains(text), text);
         QVERIFY(!strings.value("Delete macro: ^1\r\rAre you sure you want to delete this macro?")
                      .toString()

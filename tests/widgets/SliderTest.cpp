@@ -1,10 +1,8 @@
 #include "platform/widgets/KyvarQuorviSlider.h"
+#include "support/SliderTools.h"
 #include "widgets/WidgetTestMain.h"
 
-#include <QMouseEvent>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <limits>
 
 using namespace quorvi;
@@ -103,6 +101,74 @@ class SliderTest : public QObject {
         QCOMPARE((m_slider->value() - 100) % 25, 0);
     }
 
+    void finelyTurnedWheelMovesAsFarAsACoarseOne() {
+        turnWheel(120);
+        const int coarse = m_slider->value();
+        QCOMPARE(coarse, 1500 + 25 * QApplication::wheelScrollLines());
+        m_slider->setValue(1500);
+        for (int i = 0; i < 16; ++i) {
+            turnWheel(120 / 8);
+            QCOMPARE((m_slider->value() - 100) % 25, 0);
+        }
+        QCOMPARE(m_slider->value(), 1500 + 2 * (coarse - 1500));
+    }
+
+    void wheelTurnedBackStartsAfresh() {
+        turnWheel(30);
+        m_slider->setValue(1500);
+        turnWheel(-30);
+        turnWheel(30);
+        QCOMPARE(m_slider->value(), 1500);
+    }
+
+    void wheelWithControlMovesByAPage() {
+        turnWheel(120, Qt::ControlModifier);
+        QCOMPARE(m_slider->value(), 1750);
+        turnWheel(-120, Qt::ShiftModifier);
+        QCOMPARE(m_slider->value(), 1500);
+    }
+
+    void wheelStopsAtTheEnds() {
+        for (const auto& [start, angle] : {std::pair(6450, 1200), std::pair(125, -1200)}) {
+            m_slider->setValue(start);
+            turnWheel(angle);
+            QCOMPARE(m_slider->value(), angle > 0 ? 6475 : 100);
+        }
+    }
+
+    void dragEndsOnceWhenTheSliderCannotBeDraggedAnyMore_data() {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"released", "hidden", "disabled", "window without focus", "deleted"})
+            QTest::newRow(how) << how;
+    }
+
+    void dragEndsOnceWhenTheSliderCannotBeDraggedAnyMore() {
+        QFETCH(QString, how);
+        int began = 0;
+        int ended = 0;
+        connect(m_slider.get(), &KyvarQuorviSlider::mouseDownBegan, this, [&] { ++began; });
+        connect(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded, this, [&] { ++ended; });
+        QTest::mousePress(m_slider.get(), Qt::LeftButton, {}, handle());
+        QCOMPARE(began, 1);
+        dragTo(QPoint(200, handle().y()));
+        QCOMPARE(ended, 0);
+        if (how == "hidden")
+            m_slider->hide();
+        else if (how == "disabled")
+            m_slider->setEnabled(false);
+        else if (how == "window without focus") {
+            QEvent away(QEvent::WindowDeactivate);
+            QApplication::sendEvent(m_slider.get(), &away);
+        } else if (how == "deleted")
+            m_slider.reset();
+        if (how != "released")
+            QCOMPARE(ended, 1);
+        if (m_slider)
+            QTest::mouseRelease(m_slider.get(), Qt::LeftButton, {}, QPoint(200, 15));
+        QCOMPARE(began, 1);
+        QCOMPARE(ended, 1);
+    }
+
     void valueOfTheProgramStaysAsItIsAndIsNotAnnounced() {
         QSignalSpy chosen(m_slider.get(), &KyvarQuorviSlider::valueChosen);
         QSignalSpy ended(m_slider.get(), &KyvarQuorviSlider::mouseDownEnded);
@@ -151,33 +217,10 @@ class SliderTest : public QObject {
     }
 
   private:
-    [[nodiscard]] QPoint handle() const {
-        QStyleOptionSlider option;
-        option.initFrom(m_slider.get());
-        option.minimum = m_slider->minimum();
-        option.maximum = m_slider->maximum();
-        option.sliderPosition = m_slider->sliderPosition();
-        option.sliderValue = m_slider->value();
-        option.orientation = Qt::Horizontal;
-        option.subControls = QStyle::SC_All;
-        return m_slider->style()
-            ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, m_slider.get())
-            .center();
-    }
-
-    // QTest::mouseMove() moves the pointer of the display in older versions, and not all displays have one.
-    void dragTo(QPoint place) {
-        const QPointF position(place);
-        QMouseEvent move(QEvent::MouseMove, position, position, m_slider->mapToGlobal(place), Qt::NoButton,
-            Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_slider.get(), &move);
-    }
-
-    void turnWheel(int angle) {
-        const QPointF middle = QRectF(m_slider->rect()).center();
-        QWheelEvent turn(middle, m_slider->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, angle),
-            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_slider.get(), &turn);
+    [[nodiscard]] QPoint handle() const { return test::handleOf(*m_slider); }
+    void dragTo(QPoint place) { test::dragTo(*m_slider, place); }
+    void turnWheel(int angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        test::turnWheel(*m_slider, angle, modifiers);
     }
 
     std::unique_ptr<KyvarQuorviSlider> m_slider;

@@ -1,12 +1,15 @@
+#include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MouseView.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/SymbolIcon.h"
 #include "platform/widgets/TableColumns.h"
+#include "platform/widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QHeaderView>
 #include <QStandardItemModel>
+#include <limits>
 #include <set>
 
 using namespace quorvi;
@@ -94,21 +97,129 @@ class ViewsTest : public QObject {
 
     void stageBarMarksTheCurrentStageOnly() {
         StageBar bar;
-        bar.resize(400, 30);
-        bar.setStages({"A", "B", "C", "D"}, 1);
+        bar.resize(400, 40);
+        bar.setStages({{"A", 100, 100}, {"B", 200, 200}, {"C", 300, 300}, {"D", 400, 400}}, 1);
         const QColor mark = bar.palette().color(QPalette::Highlight);
         const QImage image = bar.grab().toImage();
-        QCOMPARE(image.pixelColor(110, 15), mark);
-        QVERIFY(image.pixelColor(10, 15) != mark);
-        QVERIFY(image.pixelColor(210, 15) != mark);
-        QCOMPARE(bar.accessibleDescription(), QString("A, B, C, D"));
+        QCOMPARE(image.pixelColor(105, 20), mark);
+        QVERIFY(image.pixelColor(5, 20) != mark);
+        QVERIFY(image.pixelColor(205, 20) != mark);
+    }
+
+    void stageBarOfADisabledPanelIsNotHighlighted() {
+        StageBar bar;
+        bar.resize(200, 40);
+        bar.setStages({{"A", 100, 100}, {"B", 200, 200}}, 0);
+        QPalette palette;
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Disabled})
+            palette.setColor(group, QPalette::Highlight, Qt::magenta);
+        bar.setPalette(palette);
+        QCOMPARE(bar.grab().toImage().pixelColor(5, 20), QColor(Qt::magenta));
+        bar.setEnabled(false);
+        const QImage image = bar.grab().toImage();
+        QVERIFY(image.pixelColor(5, 20) != QColor(Qt::magenta));
+        QVERIFY(image.pixelColor(5, 20) != image.pixelColor(195, 5));
+    }
+
+    void stageBarComparesEachResolutionWithTheHighest() {
+        StageBar bar;
+        bar.setStages({{"A", 100, 100}, {"B", 400, 800}, {"C", -5, -5}}, 0);
+        QCOMPARE(bar.levelOf(800), 1.0);
+        QCOMPARE(bar.levelOf(400), 0.5);
+        QCOMPARE(bar.levelOf(100), 0.125);
+        QCOMPARE(bar.levelOf(-5), 0.0);
+        bar.setStages({{"A", 0, 0}, {"B", 0, 0}}, 0);
+        QCOMPARE(bar.levelOf(0), 0.0);
+        QVERIFY(!bar.grab().isNull());
+    }
+
+    void stageBarDrawsALevelForEachAxis() {
+        StageBar bar;
+        bar.resize(200, 44);
+        bar.setStages({{"A", 400, 800}}, -1);
+        const QImage image = bar.grab().toImage();
+        const QColor background = bar.palette().color(QPalette::Base);
+        const auto inked = [&](int x) {
+            int rows = 0;
+            for (int y = 22; y < 42; ++y)
+                rows += image.pixelColor(x, y) != background;
+            return rows;
+        };
+        QVERIFY(inked(20) > inked(150)); // both axes reach as far as this, only one as far as that
+        QVERIFY(inked(150) > 0);
+    }
+
+    void accelerationCurveIsTheNeutralLineForTheNeutralFactorAndForNonsense() {
+        AccelerationCurve curve;
+        curve.resize(200, 120);
+        const QImage neutral = curve.grab().toImage();
+        for (const float factor : {1.0F, 0.0F, 0.05F, 2.5F, -1.0F, std::numeric_limits<float>::infinity(),
+                 std::numeric_limits<float>::quiet_NaN()}) {
+            curve.setFactor(factor);
+            QCOMPARE(curve.factor(), 1.0F);
+            QCOMPARE(curve.grab().toImage(), neutral);
+        }
+        curve.setFactor(1.2F);
+        QVERIFY(curve.grab().toImage() != neutral);
+    }
+
+    void accelerationCurveEndsAtItsFactor() {
+        AccelerationCurve curve;
+        curve.resize(220, 140);
+        const QRectF plot = curve.plot();
+        const QColor mark = curve.palette().color(QPalette::Highlight);
+        for (const float factor : {0.1F, 0.5F, 1.0F, 1.6F, 1.9F}) {
+            curve.setFactor(factor);
+            const QImage image = curve.grab().toImage();
+            const int x = int(plot.right()) - 1;
+            const int y = qRound(plot.bottom() - plot.height() * double(factor) / 2.0);
+            bool found = false;
+            for (int row = y - 4; row <= y + 4; ++row)
+                found = found || image.pixelColor(x, row) == mark;
+            QVERIFY2(found, qPrintable(QString::number(double(factor))));
+        }
+    }
+
+    void pointerSpeedRisesFromTheHandsSpeedToTheFactor() {
+        for (const double factor : {0.1, 0.5, 1.0, 1.5, 2.0}) {
+            QCOMPARE(pointerSpeed(0.0, factor), 0.0);
+            QVERIFY(qAbs(pointerSpeed(1.0, factor) - factor) < 1e-12);
+            QVERIFY(qAbs(pointerSpeed(0.001, factor) / 0.001 - 1.0) < 0.01);
+            for (int step = 1; step <= 100; ++step)
+                QVERIFY(pointerSpeed(step / 100.0, factor) > pointerSpeed((step - 1) / 100.0, factor));
+        }
+        QCOMPARE(pointerSpeed(0.37, 1.0), 0.37);
+    }
+
+    void drawnTextAndLinesStandOutFromTheirFieldInLightAndDark_data() {
+        QTest::addColumn<QColor>("base");
+        QTest::addColumn<QColor>("text");
+        QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black);
+        QTest::newRow("dark") << QColor(30, 30, 30) << QColor(Qt::white);
+    }
+
+    void drawnTextAndLinesStandOutFromTheirFieldInLightAndDark() {
+        QFETCH(QColor, base);
+        QFETCH(QColor, text);
+        QPalette palette;
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, text);
+        const auto distance = [&](const QColor& colour) {
+            return qAbs(colour.lightness() - base.lightness());
+        };
+        QVERIFY(distance(outlineColour(palette)) >= 70);
+        QVERIFY(distance(mutedTextColour(palette)) >= 120);
+        for (const QColor& highlight : {QColor(0x15, 0x53, 0x9e), QColor(0x30, 0x8c, 0xc6)}) {
+            palette.setColor(QPalette::Highlight, highlight);
+            QVERIFY(distance(markColour(palette)) >= 70);
+        }
     }
 
     void stageBarMarksNoneForAnIndexOutside() {
         StageBar bar;
-        bar.setStages({"A", "B"}, 2);
+        bar.setStages({{"A"}, {"B"}}, 2);
         QCOMPARE(bar.currentStage(), -1);
-        bar.setStages({"A", "B"}, -1);
+        bar.setStages({{"A"}, {"B"}}, -1);
         QCOMPARE(bar.currentStage(), -1);
         bar.setStages({}, 0);
         QCOMPARE(bar.currentStage(), -1);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QStyledItemDelegate>
+#include <QToolButton>
 
 #include "platform/InterfaceText.h"
 #include "platform/applications/OtherApplicationDialog.h"
@@ -58,6 +59,8 @@ ApplicationPanel::ApplicationPanel(QWidget* parent)
     m_ui->quorviListApplications->setItemDelegate(
         std::make_unique<RowDelegate>(m_ui->quorviListApplications).release());
     m_ui->quorviFieldSearch->installEventFilter(this);
+    for (QToolButton* button : m_ui->quorviFieldSearch->findChildren<QToolButton*>())
+        button->setAccessibleName(interfaceText("Clear search")); // Qt's own has no name
 
     connect(m_ui->quorviFieldSearch, &QLineEdit::textChanged, this, &ApplicationPanel::search);
     connect(m_ui->quorviListApplications->selectionModel(), &QItemSelectionModel::selectionChanged, this,

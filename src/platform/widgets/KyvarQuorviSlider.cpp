@@ -1,7 +1,11 @@
 #include "platform/widgets/KyvarQuorviSlider.h"
 
+#include <QApplication>
 #include <QMouseEvent>
+#include <QWheelEvent>
+
 #include <cmath>
+#include <utility>
 
 namespace quorvi {
 
@@ -9,6 +13,10 @@ KyvarQuorviSlider::KyvarQuorviSlider(QWidget* parent) : QSlider(Qt::Horizontal, 
     // Every way in which the user moves a slider passes through this signal before the value changes.
     connect(this, &QAbstractSlider::actionTriggered, this, &KyvarQuorviSlider::snapToStep);
     connect(this, &QAbstractSlider::valueChanged, this, &KyvarQuorviSlider::announceChoice);
+}
+
+KyvarQuorviSlider::~KyvarQuorviSlider() {
+    endMouseDown();
 }
 
 void KyvarQuorviSlider::setValuesPerUnit(int values) {
@@ -53,16 +61,57 @@ void KyvarQuorviSlider::announceChoice(int newValue) {
 }
 
 void KyvarQuorviSlider::mousePressEvent(QMouseEvent* event) {
-    m_mouseIsDown = m_mouseIsDown || event->button() == Qt::LeftButton;
+    // Before the slider's own handling, which may choose a value at once.
+    if (event->button() == Qt::LeftButton && !m_mouseIsDown) {
+        m_mouseIsDown = true;
+        emit mouseDownBegan();
+    }
     QSlider::mousePressEvent(event);
 }
 
 void KyvarQuorviSlider::mouseReleaseEvent(QMouseEvent* event) {
     QSlider::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !m_mouseIsDown)
-        return;
-    m_mouseIsDown = false;
-    emit mouseDownEnded();
+    if (event->button() == Qt::LeftButton)
+        endMouseDown();
+}
+
+void KyvarQuorviSlider::endMouseDown() {
+    if (std::exchange(m_mouseIsDown, false))
+        emit mouseDownEnded();
+}
+
+void KyvarQuorviSlider::hideEvent(QHideEvent* event) {
+    QSlider::hideEvent(event);
+    endMouseDown();
+}
+
+void KyvarQuorviSlider::changeEvent(QEvent* event) {
+    QSlider::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        endMouseDown();
+}
+
+bool KyvarQuorviSlider::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate)
+        endMouseDown();
+    return QSlider::event(event);
+}
+
+void KyvarQuorviSlider::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    // Turning away from oneself and to the left both mean more, as everywhere in this toolkit.
+    const QPoint angle = event->angleDelta();
+    int turn = angle.y() != 0 ? angle.y() : -angle.x();
+    if (event->inverted())
+        turn = -turn;
+    if ((turn < 0) != (m_turned < 0))
+        m_turned = 0;
+    const bool byPages = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+    m_turned += turn * (byPages ? 1 : qMax(1, QApplication::wheelScrollLines()));
+    const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0)
+        setSliderPosition(nearestStep(value()) + steps * (byPages ? pageStep() : qMax(1, singleStep())));
 }
 
 } // namespace quorvi

@@ -13,6 +13,7 @@ class KyvarQuorviSlider : public QSlider {
 
   public:
     explicit KyvarQuorviSlider(QWidget* parent = nullptr);
+    ~KyvarQuorviSlider() override;
 
     [[nodiscard]] int valuesPerUnit() const { return m_valuesPerUnit; }
     /// Values below 1 count as 1.
@@ -30,20 +31,31 @@ class KyvarQuorviSlider : public QSlider {
     /// The user changed the value by mouse, key or wheel; value() is the new one. setValue() does not emit
     /// it.
     void valueChosen(int value);
-    /// The left button was released after it was pressed on the slider, moved or not.
+    /// The left button was pressed on the slider. No value is chosen yet.
+    void mouseDownBegan();
+    /// What began ended, moved or not: the button was released, or the slider was hidden or disabled, or its
+    /// window lost the focus, or the slider goes away. Once for each beginning.
     void mouseDownEnded();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// By the steps of the desktop a notch, also when the wheel or the touchpad turns less than a notch at a
+    /// time: what is too little for a whole step waits for the rest.
+    void wheelEvent(QWheelEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void snapToStep(int action);
     void announceChoice(int newValue);
+    void endMouseDown();
 
     int m_valuesPerUnit = 1;
     bool m_userMoves = false;
     bool m_mouseIsDown = false;
+    int m_turned = 0; ///< of the wheel, what did not make a whole step yet
 };
 
 } // namespace quorvi

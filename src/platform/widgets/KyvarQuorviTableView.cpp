@@ -1,5 +1,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 
+#include "platform/widgets/MenuItems.h"
+#include "platform/widgets/PopUpCells.h"
 #include "platform/widgets/TableColumns.h"
 
 #include <QContextMenuEvent>
@@ -13,8 +15,9 @@ namespace quorvi {
 
 namespace {
 
-constexpr int rowPadding = 10;
+constexpr int rowPadding = 9; // sixteen rows fit into the window as it opens
 constexpr int headerPadding = 8;
+constexpr int emptyTextMargin = 24;
 
 int mouseEventType(const QMouseEvent& event) {
     const bool down = event.type() != QEvent::MouseButtonRelease;
@@ -44,7 +47,8 @@ char16_t deleteCharacter(const QKeyEvent& event) {
 
 } // namespace
 
-KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent) {
+KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
+    : QTableView(parent), m_emptyText(new QLabel(viewport())) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAlternatingRowColors(true);
@@ -59,6 +63,11 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent) : QTableView(parent)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_emptyText->setAlignment(Qt::AlignCenter);
+    m_emptyText->setWordWrap(true);
+    m_emptyText->setMargin(emptyTextMargin);
+    m_emptyText->setForegroundRole(QPalette::PlaceholderText);
+    m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
 }
 
 int KyvarQuorviTableView::tag() const {
@@ -91,14 +100,68 @@ void KyvarQuorviTableView::editCell(int column, int row) {
         edit(model()->index(row, column));
 }
 
-bool KyvarQuorviTableView::editSelectedRow() {
+QModelIndex KyvarQuorviTableView::cellOfSelectedRow(Qt::ItemFlag flag) const {
     const int row = selectedRow();
     for (int column = 0; row >= 0 && column < model()->columnCount(); ++column) {
         const QModelIndex cell = model()->index(row, column);
-        if (cell.flags() & Qt::ItemIsEditable)
-            return edit(cell, EditKeyPressed, nullptr);
+        if (cell.flags() & flag)
+            return cell;
     }
-    return false;
+    return {};
+}
+
+bool KyvarQuorviTableView::editSelectedRow() {
+    const QModelIndex cell = cellOfSelectedRow(Qt::ItemIsEditable);
+    return cell.isValid() && edit(cell, EditKeyPressed, nullptr);
+}
+
+bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool editing = QTableView::edit(index, trigger, event);
+    if (QWidget* field = editing ? indexWidget(index) : nullptr)
+        field->setAccessibleName(model()->headerData(index.column(), Qt::Horizontal).toString());
+    return editing;
+}
+
+bool KyvarQuorviTableView::toggleSelectedRow() {
+    const QModelIndex cell = cellOfSelectedRow(Qt::ItemIsUserCheckable);
+    if (!cell.isValid() || !(cell.flags() & Qt::ItemIsEnabled))
+        return false;
+    setCurrentIndex(cell);
+    const bool checked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    model()->setData(cell, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    tellOfCell(cell, QAccessible::NameChanged);
+    return true;
+}
+
+void KyvarQuorviTableView::tellOfCell(const QModelIndex& index, QAccessible::Event what) {
+    QAccessibleInterface* table =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    if (!table || !table->tableInterface() || !index.isValid())
+        return;
+    if (QAccessibleInterface* cell = table->tableInterface()->cellAt(index.row(), index.column())) {
+        QAccessibleEvent event(cell, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void KyvarQuorviTableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    // All that QTableView adds is to tell of the focus.
+    if (hasFocus())
+        QTableView::currentChanged(current, previous);
+    else
+        QAbstractItemView::currentChanged(current, previous);
+}
+
+void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    // The table tells of itself when this is done.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus())
+                tellOfCell(currentIndex(), QAccessible::Focus);
+        },
+        Qt::QueuedConnection);
 }
 
 void KyvarQuorviTableView::abortEditing() {
@@ -108,6 +171,22 @@ void KyvarQuorviTableView::abortEditing() {
         for (int column = 0; column < model()->columnCount(); ++column)
             if (QWidget* editor = indexWidget(model()->index(row, column)))
                 closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {
+    delete m_popUpCells;
+    m_popUpCells = new PopUpCells(this, column, menu);
+    setItemDelegateForColumn(column, m_popUpCells);
+}
+
+void KyvarQuorviTableView::showEmptyText() {
+    m_emptyText->setGeometry(viewport()->rect());
+    m_emptyText->setVisible(!model() || model()->rowCount() == 0);
+}
+
+void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    showEmptyText();
 }
 
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
@@ -124,8 +203,10 @@ QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
 
 bool KyvarQuorviTableView::delegateTakes(const QMouseEvent& event) {
     const bool taken = !m_delegate || m_delegate->handleMouseEvent(event, mouseEventType(event), this);
-    if (event.button() == Qt::RightButton && event.type() != QEvent::MouseButtonRelease)
+    const bool down = event.type() != QEvent::MouseButtonRelease;
+    if (event.button() == Qt::RightButton && down)
         m_rightPressWasTaken = taken;
+    m_takenPresses.setFlag(event.button(), taken && down);
     return taken;
 }
 
@@ -140,6 +221,10 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
             return true;
         }
         break;
+    case QEvent::MouseMove: // a drag of a press that the table has not had must not choose rows
+        if (static_cast<QMouseEvent*>(event)->buttons() & m_takenPresses)
+            return true;
+        break;
     case QEvent::ContextMenu:
         if (m_rightPressWasTaken &&
             static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse)
@@ -148,27 +233,55 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
     default:
         break;
     }
-    return QTableView::viewportEvent(event);
+    const bool handled = QTableView::viewportEvent(event);
+    if (m_popUpCells && event->type() == QEvent::MouseButtonPress)
+        m_popUpCells->mousePressed(*static_cast<QMouseEvent*>(event));
+    return handled;
+}
+
+bool KyvarQuorviTableView::selectCurrentRow(int key) {
+    const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+                       key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+    if (!moves || selectedRow() >= 0 || !currentIndex().isValid())
+        return false;
+    selectRowAlone(currentIndex().row());
+    return true;
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
     const char16_t character = deleteCharacter(*event);
+    if (m_popUpCells && m_popUpCells->keyPressed(*event))
+        return;
     if (event->key() == Qt::Key_F2 && editSelectedRow())
         return;
-    if (character != 0 && isEnabled() && m_delegate)
+    if (event->key() == Qt::Key_Space && toggleSelectedRow())
+        return;
+    if (selectCurrentRow(event->key()))
+        return;
+    // Qt knows the menu key alone.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        openMenuByKey();
+    else if (character != 0 && isEnabled() && m_delegate)
         m_delegate->handleKeyPressed(character, this, selectedRow());
     else
         QTableView::keyPressEvent(event);
 }
 
 void KyvarQuorviTableView::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu* menu = menuForEvent(*event);
-    if (!menu)
-        return;
-    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QRect row = visualRect(model()->index(selectedRow(), 0));
-    menu->popup(byKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuByKey();
+    else if (QMenu* menu = menuForEvent(*event))
+        menu->popup(event->globalPos());
     event->accept();
+}
+
+void KyvarQuorviTableView::openMenuByKey() {
+    if (!isEnabled() || !m_menu)
+        return;
+    const QModelIndex row = model()->index(selectedRow(), 0);
+    scrollTo(row);
+    m_menu->popup(viewport()->mapToGlobal(visualRect(row).bottomLeft()));
+    activateFirstItem(*m_menu);
 }
 
 // A check box is about its own row, whichever is selected.
@@ -185,6 +298,9 @@ QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     layOutColumns();
+    if (model)
+        connect(model, &QAbstractItemModel::modelReset, this, &KyvarQuorviTableView::showEmptyText);
+    showEmptyText();
 }
 
 void KyvarQuorviTableView::layOutColumns() {

@@ -2,6 +2,8 @@
 // profiles, 2 macros, 3 steps, 4 stages.
 #pragma once
 
+#include <QAccessible>
+#include <QLabel>
 #include <QMenu>
 #include <QPointer>
 #include <QTableView>
@@ -9,6 +11,7 @@
 namespace quorvi {
 
 class KyvarQuorviTableView;
+class PopUpCells;
 
 // The kinds of mouse event that a table tells its delegate of.
 inline constexpr int kLeftMouseDown = 1;
@@ -49,10 +52,20 @@ class KyvarQuorviTableView : public QTableView {
     /// Selects the row and no other, and brings it into view; a row that does not exist selects none.
     void selectRowAlone(int row);
     void deselectAll();
+    using QTableView::edit;
     /// Starts an edit of the cell, with its text selected.
     void editCell(int column, int row);
     /// Calls an edit of a cell off that is under way: what was typed is dropped.
     void abortEditing();
+
+    /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
+    /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
+    /// that open other pop-ups, for the selected row. Must be called with the model set.
+    void setPopUpColumn(int column, QMenu* menu);
+
+    /// What the table says while it has no rows.
+    [[nodiscard]] QString emptyText() const { return m_emptyText->text(); }
+    void setEmptyText(const QString& text) { m_emptyText->setText(text); }
 
     /// The context menu, which belongs to the panel; nullptr when there is none.
     [[nodiscard]] QMenu* menu() const { return m_menu; }
@@ -70,19 +83,42 @@ class KyvarQuorviTableView : public QTableView {
   protected:
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// Tells assistive programs which cell the keys are for, which the focus of the table alone does not say.
+    void focusInEvent(QFocusEvent* event) override;
+    /// Tells assistive programs of the current cell only while the table has the focus: the lists are filled
+    /// again and again behind other tabs.
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Names the field that a name is typed into.
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
 
   private:
     void layOutColumns();
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
+    void showEmptyText();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
+    /// Clicks the check box of the selected row, whichever of its cells is current, and makes that one
+    /// current; false when the row has none.
+    bool toggleSelectedRow();
+    /// The first cell of the selected row with the flag; invalid when there is none.
+    [[nodiscard]] QModelIndex cellOfSelectedRow(Qt::ItemFlag flag) const;
+    /// While no row is selected, a key that moves in the list selects the row that is current, from which it
+    /// would move otherwise: a list of one row could not be used. False when there is nothing to do.
+    bool selectCurrentRow(int key);
+    /// Opens the menu for the selected row.
+    void openMenuByKey();
+    void tellOfCell(const QModelIndex& index, QAccessible::Event what);
 
     QPointer<QMenu> m_menu;
     TableDelegate* m_delegate = nullptr;
+    PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
+    QLabel* m_emptyText;
     bool m_rightPressWasTaken = false;
+    Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
 };
 
 } // namespace quorvi

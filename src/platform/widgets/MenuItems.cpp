@@ -2,7 +2,11 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QScreen>
 #include <QVariant>
+#include <QWidget>
+
+#include <algorithm>
 
 namespace quorvi {
 
@@ -115,6 +119,36 @@ QList<QAction*> selectableItems(const QMenu& menu) {
     QList<QAction*> items;
     appendSelectableItems(menu, items);
     return items;
+}
+
+void markItem(QAction& item, bool marked) {
+    item.setCheckable(marked);
+    item.setChecked(marked);
+}
+
+QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rectangle) {
+    const QSize size = menu.sizeHint();
+    const QRect available = widget.screen()->availableGeometry();
+    const bool rightToLeft = widget.layoutDirection() == Qt::RightToLeft;
+    const int left = rightToLeft
+                         ? rectangle.left() + rectangle.width() - qMax(rectangle.width(), size.width())
+                         : rectangle.left();
+    const QPoint below = widget.mapToGlobal(QPoint(left, rectangle.top() + rectangle.height()));
+    const QPoint above = widget.mapToGlobal(QPoint(left, rectangle.top() - size.height()));
+    const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
+    return fitsBelow || above.y() < available.top() ? below : above;
+}
+
+bool keyOpensMenu(int key) {
+    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
+}
+
+void activateFirstItem(QMenu& menu) {
+    const auto items = menu.actions();
+    const auto first = std::find_if(items.begin(), items.end(),
+        [](const QAction* item) { return item->isVisible() && item->isEnabled() && !item->isSeparator(); });
+    if (first != items.end())
+        menu.setActiveAction(*first);
 }
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {

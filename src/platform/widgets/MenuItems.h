@@ -10,6 +10,9 @@
 
 class QAction;
 class QMenu;
+class QPoint;
+class QRect;
+class QWidget;
 
 namespace quorvi {
 
@@ -42,6 +45,21 @@ void setTitleOfItem(QAction& item, const QString& title);
 /// The items that can be selected, in the order of the menu: its own items and those of its groups, without
 /// separators, groups and the lists under tagged items.
 [[nodiscard]] QList<QAction*> selectableItems(const QMenu& menu);
+
+/// Marks the item as the selected one, or takes that back. Only what is marked can be checked: styles draw an
+/// empty box beside every other item that can.
+void markItem(QAction& item, bool marked);
+
+/// Where to open the menu of a widget's rectangle: below it or, where there is no room, above, with the first
+/// letters of both in line.
+[[nodiscard]] QPoint positionOfMenu(const QMenu& menu, const QWidget& widget, const QRect& rectangle);
+
+/// Whether the key opens the menu of a button with the focus: Space, the arrows up and down, alone or with
+/// others, and F4.
+[[nodiscard]] bool keyOpensMenu(int key);
+/// Marks the first item of the open menu that can be chosen. Who opens a menu by the keyboard, or listens to
+/// it, has to be somewhere in it.
+void activateFirstItem(QMenu& menu);
 
 /// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
 /// and shown states. The copy has no parent; no connection of the original is copied.

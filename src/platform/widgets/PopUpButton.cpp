@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QToolTip>
@@ -19,10 +18,6 @@ namespace {
 
 // Wide enough for most titles. The button must not grow and shrink with the selected one.
 constexpr int widthInCharacters = 14;
-
-bool opensMenu(int key) {
-    return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
-}
 
 } // namespace
 
@@ -111,31 +106,16 @@ void PopUpButton::showSelectedTitle() {
         setItemText(0, shownTitleOfItem(*m_selected));
 }
 
-// The group that holds the selected item is marked too, so that the way to it shows in the opened menu. Only
-// what is marked can be checked: styles draw an empty box beside every other item that can.
+// The group that holds the selected item is marked too, so that the way to it shows in the opened menu.
 void PopUpButton::markSelectedItem() {
     if (!m_menu)
         return;
-    const auto mark = [](QAction& item, bool marked) {
-        item.setCheckable(marked);
-        item.setChecked(marked);
-    };
     for (QAction* item : m_menu->actions()) {
         if (isItemGroup(*item))
-            mark(*item, selectableItems(*item->menu()).contains(m_selected.data()));
+            markItem(*item, selectableItems(*item->menu()).contains(m_selected.data()));
     }
     for (QAction* item : items())
-        mark(*item, item == m_selected);
-}
-
-QPoint PopUpButton::menuPosition() const {
-    const QSize size = m_menu->sizeHint();
-    const QRect available = screen()->availableGeometry();
-    const int left = layoutDirection() == Qt::RightToLeft ? width() - qMax(width(), size.width()) : 0;
-    const QPoint below = mapToGlobal(QPoint(left, height()));
-    const QPoint above = mapToGlobal(QPoint(left, -size.height()));
-    const bool fitsBelow = below.y() + size.height() <= available.bottom() + 1;
-    return fitsBelow || above.y() < available.top() ? below : above;
+        markItem(*item, item == m_selected);
 }
 
 void PopUpButton::showPopup() {
@@ -143,8 +123,9 @@ void PopUpButton::showPopup() {
         return;
     // Items come and go while the button shows the same selection: lists of profiles and macros.
     markSelectedItem();
+    m_menu->setAccessibleName(accessibleName());
     m_menu->setMinimumWidth(width());
-    m_menu->popup(menuPosition());
+    m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
         m_menu->setActiveAction(m_selected);
     update();
@@ -202,7 +183,7 @@ void PopUpButton::mouseReleaseEvent(QMouseEvent* event) {
 
 // The arrows open the menu instead of changing the function of a mouse button unseen.
 void PopUpButton::keyPressEvent(QKeyEvent* event) {
-    if (opensMenu(event->key()))
+    if (keyOpensMenu(event->key()))
         showPopup();
     else
         event->ignore();

@@ -63,7 +63,6 @@ class PopUpButton : public QComboBox {
     void showSelectedTitle();
     void markSelectedItem();
     [[nodiscard]] QString titleThatFits(const QStyleOptionComboBox& option) const;
-    [[nodiscard]] QPoint menuPosition() const;
 
     QPointer<QMenu> m_menu;
     QPointer<QAction> m_selected;

@@ -3,11 +3,15 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "platform/widgets/ThemeColours.h"
+
 namespace quorvi {
 
 namespace {
 
 constexpr int textPadding = 7;
+constexpr int levelHeight = 4;
+constexpr int levelGap = 2;
 constexpr qreal cornerRadius = 4.0;
 
 } // namespace
@@ -16,15 +20,28 @@ StageBar::StageBar(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void StageBar::setStages(const QStringList& stages, int current) {
+void StageBar::setStages(const QList<StageField>& stages, int current) {
     m_stages = stages;
     m_current = current >= 0 && current < stages.size() ? current : -1;
-    setAccessibleDescription(stages.join(QLatin1String(", ")));
     update();
 }
 
+QStringList StageBar::texts() const {
+    QStringList texts;
+    for (const StageField& stage : m_stages)
+        texts << stage.text;
+    return texts;
+}
+
+qreal StageBar::levelOf(int resolution) const {
+    int highest = 1;
+    for (const StageField& stage : m_stages)
+        highest = qMax(highest, qMax(stage.x, stage.y));
+    return qBound(0.0, qreal(resolution) / highest, 1.0);
+}
+
 QSize StageBar::sizeHint() const {
-    return {360, fontMetrics().height() + 2 * textPadding};
+    return {360, fontMetrics().height() + 2 * textPadding + 2 * levelHeight + levelGap};
 }
 
 QSize StageBar::minimumSizeHint() const {
@@ -39,24 +56,44 @@ void StageBar::paintEvent(QPaintEvent* /*event*/) {
     outline.addRoundedRect(frame, cornerRadius, cornerRadius);
     painter.fillPath(outline, palette().color(QPalette::Base));
 
-    const qreal fieldWidth = m_stages.isEmpty() ? 0.0 : frame.width() / qreal(m_stages.size());
-    for (int i = 0; i < m_stages.size(); ++i) {
-        const QRectF field(frame.left() + i * fieldWidth, frame.top(), fieldWidth, frame.height());
-        if (i == m_current) {
-            QPainterPath box;
-            box.addRect(field);
-            painter.fillPath(outline.intersected(box), palette().color(QPalette::Highlight));
-        } else if (i > 0 && i - 1 != m_current) {
-            painter.setPen(palette().color(QPalette::Mid));
-            painter.drawLine(field.topLeft(), field.bottomLeft());
-        }
-        painter.setPen(palette().color(i == m_current ? QPalette::HighlightedText : QPalette::Text));
-        const QRectF textArea = field.adjusted(textPadding, 0, -textPadding, 0);
-        painter.drawText(textArea, Qt::AlignCenter,
-            fontMetrics().elidedText(m_stages.at(i), Qt::ElideRight, int(textArea.width())));
-    }
-    painter.setPen(palette().color(QPalette::Mid));
+    const qreal width = m_stages.isEmpty() ? 0.0 : frame.width() / qreal(m_stages.size());
+    painter.save();
+    painter.setClipPath(outline);
+    for (int i = 0; i < m_stages.size(); ++i)
+        paintStage(painter, QRectF(frame.left() + i * width, frame.top(), width, frame.height()), i);
+    painter.restore();
+    painter.setPen(outlineColour(palette()));
     painter.drawPath(outline);
+}
+
+void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) const {
+    const StageField& stage = m_stages.at(index);
+    const bool current = index == m_current && isEnabled();
+    if (index == m_current) {
+        painter.fillRect(
+            field, current ? palette().color(QPalette::Highlight) : disabledMarkColour(palette()));
+    } else if (index > 0 && index - 1 != m_current) {
+        painter.setPen(outlineColour(palette()));
+        painter.drawLine(field.topLeft(), field.bottomLeft());
+    }
+    const QRectF inner = field.adjusted(textPadding, 0, -textPadding, 0);
+    painter.setPen(palette().color(current ? QPalette::HighlightedText : QPalette::Text));
+    painter.drawText(inner.adjusted(0, textPadding - 2, 0, 0), Qt::AlignHCenter | Qt::AlignTop,
+        fontMetrics().elidedText(stage.text, Qt::ElideRight, int(inner.width())));
+
+    const QColor level = current ? palette().color(QPalette::HighlightedText) : mutedTextColour(palette());
+    QRectF line(inner.left(), inner.bottom() - textPadding, inner.width(), levelHeight);
+    if (stage.x == stage.y) {
+        line.moveTop(line.top() - levelHeight / 2.0);
+        line.setWidth(qMax(1.0, inner.width() * levelOf(stage.x)));
+        painter.fillRect(line, level);
+        return;
+    }
+    for (const int resolution : {stage.y, stage.x}) {
+        line.setWidth(qMax(1.0, inner.width() * levelOf(resolution)));
+        painter.fillRect(line, level);
+        line.moveTop(line.top() - levelHeight - levelGap);
+    }
 }
 
 } // namespace quorvi

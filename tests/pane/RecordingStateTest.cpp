@@ -1,0 +1,154 @@
+// What the window says of a recording, on the screen and to a screen reader.
+
+#include <QAccessible>
+#include <QLabel>
+
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include "pane/MacroFixture.h"
+#include "pane/PaneTestMain.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+constexpr const char* kState = "textRecording";
+constexpr const char* kRecord = "quorviButtonStepRecord";
+
+/// What a screen reader would be told of the objects: "name: event".
+QStringList told;
+
+void writeDown(QAccessibleEvent* event) {
+    if (event->object() &&
+        (event->type() == QAccessible::DescriptionChanged || event->type() == QAccessible::NameChanged ||
+            event->type() == QAccessible::Alert))
+        told << event->object()->objectName() + QLatin1Char(' ') + QString::number(event->type());
+}
+
+/// The steps that make the macro that long.
+QStringList stepsToFill(int count) {
+    QStringList steps;
+    for (int number = 0; number < count; ++number)
+        steps << stepAsText(number % 2 == 0 ? 1 : 0, 4, 10);
+    return steps;
+}
+
+} // namespace
+
+class RecordingStateTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void theStateSaysHowManyStepsAreLeft() {
+        MacroFixture fixture(stepsToFill(13));
+        QCOMPARE(fixture.text(kState), QString());
+        fixture.record();
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 3 steps left"));
+        fixture.tap(scancodes::a);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 1 step left"));
+        fixture.press(scancodes::b);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+        fixture.release(scancodes::b);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+        fixture.record();
+        QCOMPARE(fixture.text(kState), QString());
+    }
+
+    void aMacroThatIsTooLongHasNoStepsLeft() {
+        MacroFixture fixture(stepsToFill(20));
+        fixture.record();
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+    }
+
+    void forOneStepTheStateSaysWhichIsReplaced() {
+        MacroFixture fixture(stepsToFill(4));
+        fixture.selectStep(2);
+        fixture.chooseForSteps(32);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording over step 3"));
+        fixture.press(scancodes::a);
+        QCOMPARE(fixture.text(kState), QString());
+    }
+
+    void theStateHasTheThemesColoursAndNoneWhenNothingIsRecorded() {
+        MacroFixture fixture;
+        auto* label = fixture.find<QLabel>(kState);
+        QVERIFY(!label->autoFillBackground());
+        fixture.record();
+        QVERIFY(label->autoFillBackground());
+        QCOMPARE(label->grab().toImage().pixelColor(2, 2), label->palette().color(QPalette::Highlight));
+        fixture.record();
+        QVERIFY(!label->autoFillBackground());
+    }
+
+    void nothingMovesWhenARecordingStartsAndEnds() {
+        MacroFixture fixture(stepsToFill(4));
+        const auto places = [&] {
+            QList<QRect> result{fixture.window->geometry()};
+            for (const char* name : {"quorviTableMacros", kStepsTable, "quorviButtonStepAdd",
+                     "quorviButtonStepGear", kState, kRecord})
+                result << fixture.find<QWidget>(name)->geometry();
+            return result;
+        };
+        QCoreApplication::processEvents();
+        const auto before = places();
+        fixture.record();
+        QCoreApplication::processEvents();
+        QCOMPARE(places(), before);
+        fixture.record();
+        QCoreApplication::processEvents();
+        QCOMPARE(places(), before);
+    }
+
+    void aScreenReaderIsToldOfEveryChange() {
+        MacroFixture fixture;
+        auto* button = fixture.find<QWidget>(kRecord);
+        const QString description = button->accessibleDescription();
+        QVERIFY(!description.isEmpty());
+        const auto previous = QAccessible::installUpdateHandler(writeDown);
+        // As a screen reader does that comes to the bus.
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        const auto contains = [&](const char* object, QAccessible::Event event) {
+            return told.contains(QLatin1String(object) + QLatin1Char(' ') + QString::number(event));
+        };
+        told.clear();
+        fixture.record();
+        QVERIFY(contains(kRecord, QAccessible::NameChanged));
+        QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));
+        QVERIFY(contains(kState, QAccessible::Alert));
+        QVERIFY(button->hasFocus());
+        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 16 steps left"));
+        told.clear();
+        fixture.press(scancodes::a);
+        QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));
+        QVERIFY(contains(kState, QAccessible::Alert));
+        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 15 steps left"));
+        fixture.record();
+        QCOMPARE(button->accessibleDescription(), description);
+        QAccessible::installUpdateHandler(previous);
+    }
+
+    void anEmptyListSaysWhatToDo() {
+        MacroFixture fixture;
+        auto* table = fixture.find<KyvarQuorviTableView>(kStepsTable);
+        auto* hint = table->viewport()->findChild<QLabel*>();
+        QVERIFY(hint && hint->isVisible());
+        QCOMPARE(
+            hint->text(), QStringLiteral("No steps yet. Press Record, then type, and click in this list."));
+        fixture.record();
+        QVERIFY(hint->isVisible());
+        QCOMPARE(hint->text(), QStringLiteral("Type, and click in this list."));
+        fixture.press(scancodes::a);
+        QVERIFY(!hint->isVisible());
+        fixture.record();
+        fixture.chooseForSteps(34);
+        QVERIFY(hint->isVisible());
+        QCOMPARE(
+            hint->text(), QStringLiteral("No steps yet. Press Record, then type, and click in this list."));
+    }
+};
+
+QUORVI_PANE_TEST_MAIN(RecordingStateTest)
+#include "RecordingStateTest.moc"

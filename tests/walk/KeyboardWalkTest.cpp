@@ -1,0 +1,173 @@
+// The profiles and macros tabs by the keyboard alone, in the real program, with keys that come from the
+// display: the way through them, the lists of macros and steps, and the mouse that goes and comes.
+
+#include <QFile>
+#include <QTest>
+
+#include "support/Keyboard.h"
+#include "support/SessionTestMain.h"
+#include "walk/Walk.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+const QString kCancel = QStringLiteral("push button 'Cancel'");
+const QString kFileName = QStringLiteral("text 'File name:'");
+
+/// Behind it for the eye: below it, or to the right of it.
+bool follows(const Extents& place, const Extents& before) {
+    return place.top >= before.bottom() || place.left >= before.right();
+}
+
+} // namespace
+
+class KeyboardWalkTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        if (!hasDisplay())
+            QSKIP("there is no X display with xdotool");
+    }
+
+    void everyControlIsReachedInTheOrderOfTheEye_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QStringList>("controls");
+        QTest::newRow("profiles")
+            << int(kProfilesTab)
+            << QStringList{"table 'Profiles'", "push button 'Add profile'", "push button 'Remove profile'",
+                   "push button 'More profile commands'",
+                   "check box 'Show the name of this profile on the screen when it comes into use'"};
+        QTest::newRow("macros") << int(kMacrosTab)
+                                << QStringList{"table 'Macros'", "push button 'Add macro'",
+                                       "push button 'Remove macro'", "push button 'More macro commands'",
+                                       "table 'Steps of the macro'", "push button 'Add steps'",
+                                       "push button 'Remove step'", "push button 'More step commands'",
+                                       "check box 'Record'"};
+    }
+
+    void everyControlIsReachedInTheOrderOfTheEye() {
+        QFETCH(int, tab);
+        QFETCH(QStringList, controls);
+        Walk walk(settingsToWalkIn());
+        QVERIFY(walk.enterTab(Tab(tab)));
+        // To a row that can be removed; of the steps as well.
+        if (tab == kProfilesTab) {
+            QCOMPARE(walk.focusMovedBy("Down"), QStringLiteral("cell '2'"));
+        } else {
+            walk.press({"Down"}); // selects the row that it would move from
+            QVERIFY(walk.moveTo("cell ''"));
+            walk.press({"Down"});
+            QVERIFY(walk.moveTo("cell 'Hello'", "shift+Tab"));
+        }
+        QStringList reached;
+        std::optional<Extents> before;
+        while (reached.size() < controls.size()) {
+            const QString focus = walk.focus();
+            QVERIFY2(!focus.startsWith(QLatin1String("out of sight")), qPrintable(focus));
+            const Accessible control = controlOf(walk.reader().focus());
+            QVERIFY2(!before || follows(control.extents(), *before), qPrintable(heard(control)));
+            before = control.extents();
+            reached << heard(control);
+            (void)walk.focusMovedBy("Tab");
+        }
+        QCOMPARE(reached, controls);
+        // Then the window's own buttons, which stand above the tabs, and the tabs again.
+        QCOMPARE(walk.focus(), QStringLiteral("push button 'Check for updates'"));
+        QCOMPARE(walk.focusMovedBy("Tab"), QStringLiteral("push button 'Help'"));
+        QVERIFY(walk.focusMovedBy("Tab").startsWith(QLatin1String("page tab")));
+        // And all the way back.
+        for (int back = 0; back < 2; ++back)
+            (void)walk.focusMovedBy("shift+Tab");
+        QStringList backwards;
+        while (backwards.size() < controls.size()) {
+            (void)walk.focusMovedBy("shift+Tab");
+            backwards.prepend(heard(controlOf(walk.reader().focus())));
+        }
+        QCOMPARE(backwards, controls);
+    }
+
+    void aMacroIsAddedNamedCarriedAndRemoved() {
+        Walk walk;
+        const QString file = QString::fromStdString(walk.session().home.path()) + "/a file";
+        QVERIFY(walk.enterTab(kMacrosTab));
+        QVERIFY(walk.moveTo("push button 'Add macro'"));
+        QCOMPARE(walk.focusAfter("space", "text 'Macro'"), QStringLiteral("text 'Macro'"));
+        walk.type("Hello");
+        QCOMPARE(walk.focusAfter("Return", "cell 'Hello'"), QStringLiteral("cell 'Hello'"));
+        QCOMPARE(walk.focusAfter("F2", "text 'Macro'"), QStringLiteral("text 'Macro'"));
+        walk.type("Nonsense");
+        QCOMPARE(walk.focusAfter("Escape", "cell 'Hello'"), QStringLiteral("cell 'Hello'"));
+        walk.press({"shift+F10"});
+        QVERIFY(walk.chooseItem(QStringLiteral("Export Macro…")));
+        QCOMPARE(walk.focusBecomes(kFileName), kFileName);
+        QCOMPARE(walk.savedNames("macros", {"Hello"}), QStringList("Hello"));
+        walk.press({"ctrl+a"});
+        walk.type(file);
+        QCOMPARE(walk.focusAfter("Return", "cell 'Hello'"), QStringLiteral("cell 'Hello'"));
+        QTRY_VERIFY(QFile::exists(file + ".quorviMacro"));
+        QVERIFY(walk.moveTo("push button 'More macro commands'"));
+        walk.press({"Return"});
+        QVERIFY(walk.chooseItem(QStringLiteral("Import Macro…")));
+        QCOMPARE(walk.focusBecomes(kFileName), kFileName);
+        walk.type(file + ".quorviMacro");
+        const QString gear = QStringLiteral("push button 'More macro commands'");
+        QCOMPARE(walk.focusAfter("Return", gear), gear);
+        QCOMPARE(walk.savedNames("macros", {"Hello", "Hello 2"}), QStringList({"Hello", "Hello 2"}));
+        QVERIFY(walk.helperIsTold(0));
+        const QString remove = QStringLiteral("push button 'Remove macro'");
+        QCOMPARE(walk.focusAfter("shift+Tab", remove), remove);
+        for (const QStringList& left : {QStringList("Hello"), QStringList()}) {
+            QCOMPARE(walk.focusAfter("space", kCancel), kCancel);
+            QCOMPARE(walk.focusAfter("shift+Tab", "push button 'OK'"), QStringLiteral("push button 'OK'"));
+            const QString then = left.isEmpty() ? QStringLiteral("table 'Macros'") : remove;
+            QCOMPARE(walk.focusAfter("Return", then), then);
+            QCOMPARE(walk.savedNames("macros", left), left);
+            QVERIFY(walk.helperIsTold(0));
+        }
+    }
+
+    void stepsAreRemovedOneByOneAndAllAtOnce() {
+        Walk walk(settingsToWalkIn());
+        const auto savedSteps = [&] { return walk.savedItem("macros", 0).array("steps").size(); };
+        QVERIFY(walk.enterTab(kMacrosTab));
+        walk.press({"Down"});
+        QVERIFY(walk.moveTo("cell ''"));
+        walk.press({"Down"});
+        QTRY_VERIFY(walk.reader().focus().is(AccessibleState::selected));
+        walk.press({"Menu"});
+        QVERIFY(walk.chooseItem("Remove Step"));
+        QTRY_COMPARE(savedSteps(), std::size_t(2));
+        QVERIFY(walk.helperIsTold(0));
+        QCOMPARE(walk.focusBecomes("cell ''"), QStringLiteral("cell ''"));
+        walk.press({"Delete"});
+        const QString gear = QStringLiteral("push button 'More step commands'");
+        QVERIFY(walk.moveTo(gear));
+        walk.press({"Return"});
+        QVERIFY(walk.chooseItem("Remove All Delays"));
+        QTRY_COMPARE(savedSteps(), std::size_t(1));
+        QCOMPARE(walk.focusBecomes(gear), gear);
+        walk.press({"Return"});
+        QVERIFY(walk.chooseItem("Remove All Steps"));
+        QTRY_COMPARE(savedSteps(), std::size_t(0));
+        QCOMPARE(walk.focusBecomes(gear), gear);
+    }
+
+    void theKeyboardHasAPlaceWhenTheMouseGoesAndComes() {
+        Walk walk(settingsToWalkIn());
+        QVERIFY(walk.enterTab(kProfilesTab));
+        walk.session().detach();
+        QVERIFY(!walk.thing("label 'No device connected'").isNull());
+        const QString place = walk.focusMovedBy("Tab");
+        QVERIFY2(place.startsWith(QLatin1String("push button")), qPrintable(place));
+        QVERIFY(walk.moveTo("page tab list 'Profiles'"));
+        walk.session().attach();
+        QVERIFY(!walk.thing("label 'Connected'").isNull());
+        QCOMPARE(walk.focusMovedBy("Tab"), QStringLiteral("cell '1'"));
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(KeyboardWalkTest)
+#include "KeyboardWalkTest.moc"
