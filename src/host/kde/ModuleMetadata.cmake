@@ -22,5 +22,6 @@ function(write_module_metadata file entry)
             string(JSON metadata SET "${metadata}" "X-KDE-Keywords${language}" "${text}")
         endif()
     endforeach()
-    file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/${file}" "${metadata}\n")
+    # Not written when it is the same: the module would be built anew.
+    file(CONFIGURE OUTPUT "${file}" CONTENT "${metadata}\n" @ONLY)
 endfunction()

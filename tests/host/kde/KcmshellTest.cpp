@@ -73,6 +73,20 @@ class KcmshellTest : public QObject {
         QCOMPARE(kde.panel.toldAtLast(), std::string("10"));
     }
 
+    void aPageThatIsHiddenAndShownAgainIsTheSame() {
+        KdeHost kde;
+        kde.start({QUORVI_KCMSHELL, kModule, "proxy"});
+        QVERIFY(kde.showsPanel());
+        kde.click(QStringLiteral("page tab 'Device'"));
+        kde.click(QStringLiteral("list item 'Proxy'"));
+        QCOMPARE(kde.panel.told("10"), std::string("10"));
+        kde.click(QStringLiteral("list item 'Kyvar Quorvi'"));
+        QCOMPARE(kde.panel.told("101"), std::string("101"));
+        QVERIFY(!kde.thing(QStringLiteral("check box 'Light on the wheel'")).isNull());
+        QVERIFY(kde.close());
+        QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
+    }
+
     void helpIsThePanelsOwn() {
         KdeHost kde;
         kde.start({QUORVI_KCMSHELL, kModule});
