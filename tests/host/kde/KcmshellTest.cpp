@@ -75,7 +75,9 @@ class KcmshellTest : public QObject {
 
     void aPageThatIsHiddenAndShownAgainIsTheSame() {
         KdeHost kde;
-        kde.start({QUORVI_KCMSHELL, kModule, "proxy"});
+        kde.start({QUORVI_KCMSHELL, "proxy", kModule});
+        kde.activate();
+        kde.click(QStringLiteral("list item 'Kyvar Quorvi'"));
         QVERIFY(kde.showsPanel());
         kde.click(QStringLiteral("page tab 'Device'"));
         kde.click(QStringLiteral("list item 'Proxy'"));
