@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QListView>
 
+#include <QSignalSpy>
+
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
 #include "platform/applications/ApplicationPanel.h"
@@ -117,6 +119,39 @@ class ProfileApplicationTest : public QObject {
         fixture.pane->assignApplication(fixture.path("Maler.app"));
         QVERIFY(fixture.commandsBecome({"KyPR 0"}));
         QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"Maler", "org.maler", "", "maler"}));
+    }
+
+    void theSignatureOfABundleIsKept() {
+        ApplicationFixture fixture;
+        writeText(fixture.path("Maler.app/Contents/Info.plist"),
+            "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>maler</string>"
+            "<key>CFBundleName</key><string>Der Maler</string>"
+            "<key>CFBundleSignature</key><string>MALR</string></dict></plist>");
+        fixture.pane->assignApplication(fixture.path("Maler.app"));
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"Der Maler", "", "MALR", "maler"}));
+    }
+
+    void theListIsShownAnewWhenAnApplicationComesOrGoes() {
+        ApplicationFixture fixture;
+        writeText(fixture.path("games/spiel"), "#!/bin/sh\n");
+        const QSignalSpy reloads(
+            fixture.find<KyvarQuorviTableView>(kProfiles)->model(), &QAbstractItemModel::modelReset);
+        fixture.pane->assignApplication(fixture.path("games/spiel"));
+        QCOMPARE(reloads.count(), 1);
+        chooseInGearMenu(fixture, kGear, 17);
+        QTRY_COMPARE(reloads.count(), 2);
+    }
+
+    void whatIsLeftOfABindingWithoutAnApplicationIsKept() {
+        auto tree = PaneFixture::sampleTree();
+        tree.array("profiles").dictionary(0).dictionary("driver").set("executable", u"x");
+        ApplicationFixture fixture(tree);
+        QAction item;
+        setTagOfItem(item, 17);
+        fixture.pane->actionMenuTableContext(&item);
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"", "", "", "x"}));
     }
 
     void aPlainProgramGoesByItsFileNameAlone() {

@@ -298,6 +298,9 @@ class ProfilesEditorTest : public QObject {
         QVERIFY(profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").boolean("autoswitch"));
         QVERIFY(!profileOf(fixture.pane->deviceConfig(), 0).dictionary("driver").boolean("autoswitch"));
         QVERIFY(fixture.commandsBecome({}));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, box.center());
+        QVERIFY(!profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").boolean("autoswitch"));
+        QVERIFY(fixture.commandsBecome({}));
     }
 
     void whatIsNotSavedAtOnceIsSavedWhenThePaneIsHidden() {

@@ -157,6 +157,24 @@ class TableEventsTest : public QObject {
         QCOMPARE(fixture.pane->macroIndex(), -1);
     }
 
+    void theMenuIsForTheRowUnderThePointerWithoutAPressToo() {
+        TabFixture fixture(2);
+        auto* table = fixture.find<KyvarQuorviTableView>(kProfiles);
+        const QPoint spot = cellOf(fixture, kProfiles, 1, 0).center();
+        const QContextMenuEvent event(QContextMenuEvent::Mouse, spot, table->viewport()->mapToGlobal(spot));
+        QVERIFY(table->menuForEvent(event));
+        QCOMPARE(table->selectedRow(), 1);
+    }
+
+    void whereNoRowIsChosenTheArrowKeysBeginAtTheTop() {
+        TabFixture fixture(3);
+        auto* table = fixture.find<KyvarQuorviTableView>(kMacros);
+        fixture.selectRow(kMacros, 1);
+        table->deselectAll();
+        QTest::keyClick(table, Qt::Key_Down);
+        QCOMPARE(table->selectedRow(), 0);
+    }
+
     void theMenuKeyOpensTheMenuForTheChosenRow() {
         TabFixture fixture(2);
         auto* table = fixture.find<KyvarQuorviTableView>(kProfiles);
@@ -204,8 +222,9 @@ class TableEventsTest : public QObject {
 
     void aLetterTypedByChanceEditsNothing() {
         TabFixture fixture(2);
-        fixture.selectRow(kProfiles, 1);
-        QTest::keyClicks(fixture.find<QWidget>(kProfiles), QStringLiteral("x"));
+        auto* table = fixture.find<KyvarQuorviTableView>(kProfiles);
+        table->setCurrentIndex(table->model()->index(1, 1)); // where the name stands
+        QTest::keyClicks(table, QStringLiteral("x"));
         QVERIFY(!cellEditor(fixture, kProfiles));
     }
 

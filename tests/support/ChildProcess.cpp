@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <iterator>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
@@ -28,16 +29,15 @@ std::vector<char*> pointers(std::vector<std::string>& strings) {
     return result;
 }
 
-std::vector<std::string> environmentWith(const std::vector<std::string>& added) {
-    std::vector<std::string> result = added;
-    const auto isReplaced = [&](std::string_view variable) {
-        const auto name = variable.substr(0, variable.find('=') + 1);
-        return std::any_of(
-            added.begin(), added.end(), [&](const auto& other) { return other.starts_with(name); });
-    };
+std::vector<std::string> environmentWith(const std::vector<std::string>& changes) {
+    const auto nameOf = [](std::string_view variable) { return variable.substr(0, variable.find('=')); };
+    std::vector<std::string> result;
+    std::copy_if(changes.begin(), changes.end(), std::back_inserter(result),
+        [](const std::string& change) { return change.find('=') != std::string::npos; });
     // Of two equal names the first counts for some programs, the last for others.
     for (char** entry = environ; *entry; ++entry)
-        if (!isReplaced(*entry))
+        if (std::none_of(changes.begin(), changes.end(),
+                [&](const std::string& change) { return nameOf(change) == nameOf(*entry); }))
             result.emplace_back(*entry);
     return result;
 }

@@ -16,8 +16,8 @@ constexpr std::chrono::seconds kPatience{20};
 /// A running program. It is killed when the test lets go of it, and when the test itself dies.
 class ChildProcess {
   public:
-    /// Starts the program with the arguments and the test's environment, with "NAME=value" added. Its
-    /// standard output and error go to pipes.
+    /// Starts the program with the arguments and the test's environment, with "NAME=value" set and "NAME"
+    /// taken away. Its standard output and error go to pipes.
     explicit ChildProcess(std::vector<std::string> command, const std::vector<std::string>& environment = {});
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;

@@ -38,9 +38,9 @@ std::string accessibilityBusAddress() {
 } // namespace
 
 ScreenReader::ScreenReader() {
-    // It makes itself the display's, which its registry needs, and takes that back when it is asked to end.
+    // Without a display it cannot make itself that display's.
     m_launcher = std::make_unique<ChildProcess>(std::vector<std::string>{kLauncher, "--launch-immediately"},
-        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native()});
+        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native(), "DISPLAY"});
     std::string address;
     if (!waitUntil([&] {
             address = accessibilityBusAddress();
