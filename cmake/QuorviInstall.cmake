@@ -1,9 +1,8 @@
 # Where everything goes when it is installed: `cmake --install`, in components, each of which is one package.
 #   panel        the panel's bundle with the helper, the programs, what the desktop needs to know of them
+#   kde          the module for System Settings, and the panel's plug-in for its version of Qt
 #   development  the model for programs at the device's end: libraries, headers, CMake package, pkg-config file
 
-# A bundle is a folder of its own kind, which only its host opens: it is neither in a library path nor for others.
-set(QUORVI_INSTALL_BUNDLE "lib/kyvar-quorvi/KyvarQuorvi.prefPane")
 set(QUORVI_INSTALL_HELPER "${QUORVI_INSTALL_BUNDLE}/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux")
 set(QUORVI_INSTALL_INCLUDE "${CMAKE_INSTALL_INCLUDEDIR}/kyvar-quorvi")
 set(QUORVI_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/KyvarQuorvi")

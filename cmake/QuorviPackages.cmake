@@ -1,6 +1,8 @@
 # Debian packages: `cpack --config build/CPackConfig.cmake -B FOLDER`.
 #   kyvar-quorvi        the panel and what the desktop knows of it
 #   kyvar-quorvi-dev    the model for programs at the device's end
+# A build with the other version of Qt makes the one package that differs:
+#   kyvar-quorvi-kde    the module for System Settings
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kyvar-quorvi)
@@ -14,6 +16,13 @@ set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
 set(CPACK_COMPONENT_PANEL_GROUP panel)
 set(CPACK_COMPONENT_DESKTOP_GROUP panel)
 set(CPACK_COMPONENT_DEVELOPMENT_GROUP development)
+set(CPACK_COMPONENT_KDE_GROUP kde)
+if(TARGET kcm_kyvar_quorvi)
+    list(APPEND CPACK_COMPONENTS_ALL kde)
+    if(QUORVI_QT EQUAL 5)
+        set(CPACK_COMPONENTS_ALL kde)
+    endif()
+endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -38,6 +47,14 @@ record of the mouse and back, for helpers and drivers of the device.
 
 This package holds static libraries, headers, a CMake package and a
 pkg-config file.")
+set(CPACK_DEBIAN_KDE_PACKAGE_NAME kyvar-quorvi-kde)
+set(CPACK_DEBIAN_KDE_PACKAGE_SECTION kde)
+set(CPACK_DEBIAN_KDE_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_KDE_PACKAGE_DEPENDS "kyvar-quorvi (= ${PROJECT_VERSION}-1), systemsettings")
+set(CPACK_DEBIAN_KDE_DESCRIPTION "\
+Shows the panel of Kyvar Quorvi in System Settings, among the input devices.
+
+The panel is that of the package kyvar-quorvi, and so are its settings.")
 
 # What a Debian package says of itself beside its control file.
 function(quorvi_package_documents package component)
@@ -54,7 +71,11 @@ function(quorvi_package_documents package component)
 endfunction()
 quorvi_package_documents(kyvar-quorvi panel)
 quorvi_package_documents(kyvar-quorvi-dev development)
+if(TARGET kcm_kyvar_quorvi)
+    quorvi_package_documents(kyvar-quorvi-kde kde)
+endif()
 
 include(CPack)
 cpack_add_component_group(panel)
 cpack_add_component_group(development)
+cpack_add_component_group(kde)

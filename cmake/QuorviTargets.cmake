@@ -7,6 +7,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(QUORVI_BUNDLE_DIR "${CMAKE_BINARY_DIR}/KyvarQuorvi.prefPane")
+# A bundle is a folder of its own kind, which only its hosts open: it is neither in a library path nor for others.
+set(QUORVI_INSTALL_BUNDLE "lib/kyvar-quorvi/KyvarQuorvi.prefPane")
 
 if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)

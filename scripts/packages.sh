@@ -16,4 +16,7 @@ packages_test=(
     sway weston wtype qt6-wayland
 )
 packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
+# The module for System Settings: to build it, and to try it in its hosts.
+packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
+packages_kde_test=(kde-cli-tools systemsettings)
 packages_check=(clang-format clang-tidy)

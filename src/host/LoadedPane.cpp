@@ -14,12 +14,23 @@ QString infoText(const Bundle& bundle, const char* key, const QString& otherwise
     return text ? QString::fromStdU16String(*text) : otherwise;
 }
 
+/// A process has one major version of Qt, and a plug-in fits only that. A bundle for several kinds of hosts
+/// has plug-ins beside the one that it names: NAME-qt5.so for hosts with Qt 5.
+QString pluginOf(const Bundle& bundle) {
+    const QFileInfo named(QString::fromStdString(bundle.executablePath()));
+    const QString ours = QStringLiteral("%1/%2-qt%3.%4")
+                             .arg(named.path(), named.completeBaseName())
+                             .arg(QT_VERSION_MAJOR)
+                             .arg(named.suffix());
+    return QFileInfo(ours).isFile() ? ours : named.filePath();
+}
+
 } // namespace
 
 std::unique_ptr<LoadedPane> LoadedPane::load(const QString& bundlePath, QString& error) {
     const QString path = QDir(bundlePath).absolutePath();
     const Bundle bundle(path.toStdString());
-    const QString plugin = QString::fromStdString(bundle.executablePath());
+    const QString plugin = pluginOf(bundle);
     if (!QFileInfo(plugin).isFile()) {
         error = QStringLiteral("%1 is not a preference pane: it has no plug-in").arg(bundlePath);
         return nullptr;

@@ -15,8 +15,8 @@ namespace quorvi {
 /// shows the pane again finds the plug-in's process-wide state as it left it.
 class LoadedPane {
   public:
-    /// Loads the bundle folder's plug-in and makes its pane. Nothing, and the reason in the error, when the
-    /// folder is no bundle, holds no plug-in or the plug-in is of another interface.
+    /// Loads the bundle folder's plug-in for this version of Qt and makes its pane. Nothing, and the reason
+    /// in the error, when the folder is no bundle, holds no plug-in or the plug-in is of another interface.
     [[nodiscard]] static std::unique_ptr<LoadedPane> load(const QString& bundlePath, QString& error);
 
     [[nodiscard]] const QString& name() const { return m_name; }

@@ -77,9 +77,14 @@ bool EventMonitor::sees(const std::string& command) {
     return seen();
 }
 
-void EventMonitor::forget() {
+const std::vector<std::string>& EventMonitor::commands() {
     while (sd_bus_process(m_bus.get(), nullptr) > 0) {
     }
+    return m_commands;
+}
+
+void EventMonitor::forget() {
+    static_cast<void>(commands());
     m_destinations.clear();
     m_commands.clear();
 }

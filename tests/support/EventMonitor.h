@@ -24,6 +24,9 @@ class EventMonitor {
     /// Waits for a command of that message and parameter, "KyPR 1", that was not seen and forgotten; false
     /// when none comes.
     [[nodiscard]] bool sees(const std::string& command);
+    /// The commands that have passed and were not forgotten, in their order; an empty one for every other
+    /// event.
+    [[nodiscard]] const std::vector<std::string>& commands();
     /// Forgets everything that has passed.
     void forget();
 

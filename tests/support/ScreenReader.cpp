@@ -38,9 +38,10 @@ std::string accessibilityBusAddress() {
 } // namespace
 
 ScreenReader::ScreenReader() {
-    // Without a display it cannot make itself that display's.
+    // It makes itself the display's and takes that back when it is asked to end. Without a display its
+    // registry ends at once, again and again, and some programs are never heard of.
     m_launcher = std::make_unique<ChildProcess>(std::vector<std::string>{kLauncher, "--launch-immediately"},
-        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native(), "DISPLAY"});
+        std::vector<std::string>{"XDG_RUNTIME_DIR=" + m_runtime.path().native()});
     std::string address;
     if (!waitUntil([&] {
             address = accessibilityBusAddress();

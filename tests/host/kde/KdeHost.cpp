@@ -1,0 +1,118 @@
+#include "host/kde/KdeHost.h"
+
+#include <QTemporaryDir>
+
+#include "support/Files.h"
+#include "support/Keyboard.h"
+#include "support/WaitUntil.h"
+
+namespace quorvi::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void install(const std::string& prefix, const std::string& component) {
+    const auto done =
+        runProgram({QUORVI_CMAKE, "--install", QUORVI_BUILD, "--prefix", prefix, "--component", component});
+    if (done.exitCode != 0)
+        qFatal("%s cannot be installed: %s", component.c_str(), done.error.c_str());
+}
+
+/// Where the panel is installed, for all tests of the program.
+const fs::path& prefix() {
+    static const QTemporaryDir folder;
+    static const fs::path path = folder.path().toStdString();
+    if (fs::is_empty(path)) {
+        for (const char* component : {"panel", "desktop", "kde"})
+            install(path, component);
+        // The package's own plug-in is for another version of Qt, so that these hosts cannot load it.
+        writeFile(path / "lib/kyvar-quorvi/KyvarQuorvi.prefPane/Contents/Linux/KyvarQuorvi.so", "another Qt");
+        fs::create_directory(path / "opener");
+        writeFile(path / "opener/xdg-open", "#!/bin/sh\necho \"$1\" >>\"$HOME/opened\"\n");
+        fs::permissions(path / "opener/xdg-open", fs::perms::owner_all);
+    }
+    return path;
+}
+
+/// Puts the first window in front that xdotool finds by that; waits for it.
+void activateFirst(const std::vector<std::string>& what) {
+    std::vector<std::string> search{"search", "--sync", "--onlyvisible"};
+    search.insert(search.end(), what.begin(), what.end());
+    const auto windows = xdotool(search);
+    if (!windows || !xdotool({"windowactivate", "--sync", windows->substr(0, windows->find('\n'))}))
+        qFatal("no window of %s can be put in front", what.back().c_str());
+}
+
+} // namespace
+
+KdeHost::KdeHost() {
+    fs::create_directory(session.home.path() + "/runtime");
+    fs::permissions(session.home.path() + "/runtime", fs::perms::owner_all);
+    session.startHelper(); // what is told before there is one is not to be seen
+}
+
+std::vector<std::string> KdeHost::environment(const std::string& locale) const {
+    const std::string ours = prefix();
+    return {"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
+        "XDG_DATA_DIRS=" + ours + "/share:/usr/share", "XDG_RUNTIME_DIR=" + session.home.path() + "/runtime",
+        "PATH=" + ours + "/opener:" + qEnvironmentVariable("PATH").toStdString(), "LC_ALL=" + locale};
+}
+
+ProgramResult KdeHost::run(const std::vector<std::string>& command, const std::string& locale) const {
+    return runProgram(command, environment(locale));
+}
+
+void KdeHost::start(const std::vector<std::string>& command) {
+    program = std::make_unique<ChildProcess>(command, environment("C.UTF-8"));
+}
+
+void KdeHost::activate() const {
+    activateFirst({"--pid", std::to_string(program->pid())});
+}
+
+void KdeHost::activateSheet(const std::string& title) const {
+    activateFirst({"--name", "^" + title + "$"});
+}
+
+bool KdeHost::showsPanel() {
+    if (thing(QStringLiteral("label 'Connected'")).isNull())
+        return false;
+    activate();
+    return true;
+}
+
+bool KdeHost::close() {
+    return xdotool({"key", "alt+F4"}) && program->wait() == 0;
+}
+
+Accessible KdeHost::find(const QString& spoken) const {
+    for (const Accessible& window : m_reader.windows())
+        for (const Accessible& thing : everythingIn(window))
+            if (test::spoken(thing) == spoken.toStdString())
+                return thing;
+    return {};
+}
+
+Accessible KdeHost::thing(const QString& spoken) const {
+    Accessible found;
+    static_cast<void>(waitUntil([&] {
+        found = find(spoken);
+        return !found.isNull();
+    }));
+    return found;
+}
+
+void KdeHost::click(const QString& spoken) const {
+    const Extents place = thing(spoken).extents();
+    if (place.width == 0)
+        qFatal("%s is not on the screen", qPrintable(spoken));
+    clickAt({place.left + place.width / 2, place.top + place.height / 2});
+}
+
+std::string KdeHost::opened() const {
+    const fs::path list = session.home.path() + "/opened";
+    return fs::exists(list) ? readFile(list) : "";
+}
+
+} // namespace quorvi::test

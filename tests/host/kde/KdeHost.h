@@ -1,0 +1,58 @@
+// The programs of KDE that show settings modules, with the panel installed for them, as a user has them.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Session.h"
+#include "host/ShownAndHidden.h"
+#include "support/ScreenReader.h"
+
+namespace quorvi::test {
+
+/// The name that the module is opened by.
+inline const std::string kModule = "kcm_kyvar_quorvi";
+
+class KdeHost {
+  public:
+    KdeHost();
+
+    Session session;
+    ShownAndHidden panel{session};
+    std::unique_ptr<ChildProcess> program;
+
+    /// Runs a program of KDE to its end.
+    [[nodiscard]] ProgramResult run(
+        const std::vector<std::string>& command, const std::string& locale = "C.UTF-8") const;
+    /// Starts it as the program of the test.
+    void start(const std::vector<std::string>& command);
+    /// Waits for the program's window and puts it in front.
+    void activate() const;
+    /// Waits for the sheet of that title and puts it in front.
+    void activateSheet(const std::string& title) const;
+    /// Waits until the panel shows the mouse, in a window that has been placed and has the focus.
+    [[nodiscard]] bool showsPanel();
+    /// Ends the program as the window manager does.
+    [[nodiscard]] bool close();
+
+    /// Whether that is on the screen now.
+    [[nodiscard]] bool shows(const QString& spoken) const { return !find(spoken).isNull(); }
+    /// What is spoken so, "push button 'Help'"; waits for it.
+    [[nodiscard]] Accessible thing(const QString& spoken) const;
+    /// Clicks there with the mouse pointer.
+    void click(const QString& spoken) const;
+
+    /// Where what the program opens in others is written down: documents and addresses, one a line.
+    [[nodiscard]] std::string opened() const;
+
+  private:
+    [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
+    [[nodiscard]] Accessible find(const QString& spoken) const;
+
+    ScreenReader m_reader;
+};
+
+} // namespace quorvi::test

@@ -1,0 +1,28 @@
+// The packages that a build makes, judged by Debian's own checker.
+#pragma once
+
+#include "install/Installed.h"
+
+namespace quorvi::test {
+
+class DebianPackages : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(
+            succeeds({QUORVI_CPACK, "--config", QUORVI_BUILD "/CPackConfig.cmake", "-B", m_folder.path()}));
+    }
+    /// The file of the package; empty when there is none.
+    [[nodiscard]] std::string package(const std::string& name) const {
+        for (const auto& file : m_folder.names())
+            if (file.starts_with(name + "_"))
+                return m_folder.path(file);
+        return {};
+    }
+    [[nodiscard]] ::testing::AssertionResult hasNoErrors(const std::string& name) const {
+        return succeeds({"lintian", "--allow-root", "--fail-on", "error", package(name)});
+    }
+
+    TemporaryFolder m_folder;
+};
+
+} // namespace quorvi::test
