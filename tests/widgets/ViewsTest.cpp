@@ -1,6 +1,5 @@
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MouseView.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/SymbolIcon.h"
 #include "platform/widgets/TableColumns.h"
@@ -224,20 +223,6 @@ class ViewsTest : public QObject {
         bar.setStages({}, 0);
         QCOMPARE(bar.currentStage(), -1);
         QVERIFY(!bar.grab().isNull());
-    }
-
-    void mouseViewMarksInputsOneToNine() {
-        MouseView view;
-        view.resize(220, 330);
-        const QImage plain = view.grab().toImage();
-        for (int input = 1; input <= 9; ++input) {
-            view.setMarkedInput(input);
-            QCOMPARE(view.markedInput(), input);
-            QVERIFY(view.grab().toImage() != plain);
-        }
-        view.setMarkedInput(10);
-        QCOMPARE(view.markedInput(), 0);
-        QCOMPARE(view.grab().toImage(), plain);
     }
 
     void symbolsDifferAndFollowThePalette() {
