@@ -214,6 +214,33 @@ class ViewsTest : public QObject {
         }
     }
 
+    void stageBarOfAMirroredPanelBeginsOnTheRight() {
+        StageBar bar;
+        bar.resize(200, 44);
+        bar.setStages({{"A", 100, 100}, {"B", 400, 400}}, 0);
+        const QColor mark = bar.palette().color(QPalette::Highlight);
+        QCOMPARE(bar.grab().toImage().pixelColor(10, 20), mark);
+        bar.setLayoutDirection(Qt::RightToLeft);
+        const QImage image = bar.grab().toImage();
+        QCOMPARE(image.pixelColor(190, 20), mark);
+        QVERIFY(image.pixelColor(10, 20) != mark);
+    }
+
+    void mirroredTableSelectsTheRowAndAlignsItsTitles() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModel(&model);
+        table.setLayoutDirection(Qt::RightToLeft);
+        table.resize(300, 200);
+        table.selectRowAlone(1);
+        QCOMPARE(table.selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(table.selectedRow(), 1);
+        QCOMPARE(table.currentIndex(), model.index(1, 0));
+        QVERIFY(table.horizontalHeader()->defaultAlignment() & Qt::AlignRight);
+        table.setLayoutDirection(Qt::LeftToRight);
+        QVERIFY(table.horizontalHeader()->defaultAlignment() & Qt::AlignLeft);
+    }
+
     void stageBarMarksNoneForAnIndexOutside() {
         StageBar bar;
         bar.setStages({{"A"}, {"B"}}, 2);
