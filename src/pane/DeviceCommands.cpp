@@ -37,6 +37,7 @@ void KyvarQuorviPane::actionMenuPollingRate() {
 void KyvarQuorviPane::setLight(std::int32_t bit, bool on) {
     const std::int32_t lit = fProfile.integer(keys::ledState);
     fProfile.set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
+    updateLightingUI();
     saveSettings(fDeviceConfig);
 }
 

@@ -262,6 +262,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Shows every key by its name on the layout that is in use now.
     void keyboardLayoutDidChange();
     void showVersion();
+    /// Mirrors the panel when the language that it speaks is written from the right.
+    void followLanguage();
     void startHelper();
     void installDeviceListHandler();
     void removeEventHandlers();

@@ -1,6 +1,7 @@
 // Loading, showing and hiding the pane, and following the focus of its window.
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -15,13 +16,25 @@
 
 namespace quorvi {
 
+namespace {
+
+// Styles draw the texts of controls in the application's direction, not in the widget's: a full stop or a
+// Latin letter would end up on the wrong side of what is written from the right.
+QString inItsDirection(const QString& text) {
+    constexpr char16_t rightToLeftEmbedding = u'\u202B';
+    constexpr char16_t endOfEmbedding = u'\u202C';
+    return text.isRightToLeft() ? QChar(rightToLeftEmbedding) + text + QChar(endOfEmbedding) : text;
+}
+
+} // namespace
+
 KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 
 KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     : fServices(std::move(services)), fMainView(new QWidget) {
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
-    setInterfaceTextLookup([this](const QString& english) { return locString(english); });
+    setInterfaceTextLookup([this](const QString& english) { return inItsDirection(locString(english)); });
     fViews = std::make_unique<Interface>(*fMainView);
     setInterfaceTextLookup(nullptr);
     connect(
@@ -65,6 +78,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
     nameKeys();
     startHelper();
     fillAssignmentMenus();
+    followLanguage();
     fStringRecord = fViews->main.quorviButtonStepRecord->text();
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
     fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
@@ -91,6 +105,12 @@ void KyvarQuorviPane::showVersion() {
         version = fServices.bundle.infoString("CFBundleVersion");
     if (version)
         fViews->main.quorviTextDriverVersion->setText(QString::fromStdU16String(*version));
+}
+
+// The language of the texts decides, not the host's: a host may well speak one that the panel does not.
+void KyvarQuorviPane::followLanguage() {
+    const std::string language = fServices.bundle.languageOfTable("Localizable");
+    setLayoutDirection(*fMainView, QLocale(QString::fromStdString(language)).textDirection());
 }
 
 void KyvarQuorviPane::didSelect() {

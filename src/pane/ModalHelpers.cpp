@@ -20,6 +20,8 @@ QString KyvarQuorviPane::locString(const QString& key) const {
 }
 
 int KyvarQuorviPane::modalDialog(QDialog* panel) {
+    panel->setLayoutDirection(
+        fMainView->layoutDirection()); // a sheet is a window: it does not take its parent's
     return fModalSessions.run(panel);
 }
 

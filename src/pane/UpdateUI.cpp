@@ -116,8 +116,11 @@ void KyvarQuorviPane::updateStepsUI() {
 
 void KyvarQuorviPane::updateLightingUI() {
     const std::int32_t lit = fProfile.integer(keys::ledState);
-    fViews->main.quorviBoxLightOnWheel->setChecked((lit & lights::wheel) != 0);
-    fViews->main.quorviBoxLightOnBattery->setChecked((lit & lights::battery) != 0);
+    const bool wheel = (lit & lights::wheel) != 0;
+    const bool battery = (lit & lights::battery) != 0;
+    fViews->main.quorviBoxLightOnWheel->setChecked(wheel);
+    fViews->main.quorviBoxLightOnBattery->setChecked(battery);
+    fViews->main.viewMouse->setLights(wheel, battery);
 }
 
 } // namespace quorvi

@@ -14,6 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kLastResort = "en";
+constexpr std::string_view kLocalisedFolder = ".lproj/";
 
 std::string withoutClosingSlashes(std::string path) {
     while (path.size() > 1 && path.ends_with('/'))
@@ -29,9 +30,9 @@ std::vector<std::string> placesFor(const std::vector<std::string>& languages) {
     };
     for (const auto& language : languages)
         for (const auto& name : localizationNames(language))
-            add(name + ".lproj/");
+            add(name + std::string(kLocalisedFolder));
     add("");
-    add(std::string(kLastResort) + ".lproj/");
+    add(std::string(kLastResort).append(kLocalisedFolder));
     return places;
 }
 
@@ -52,7 +53,7 @@ std::string Bundle::resourcePath() const {
     return m_path + "/Contents/Resources";
 }
 
-std::vector<std::string> Bundle::pathsForResource(
+std::vector<Bundle::Resource> Bundle::resourcesNamed(
     std::string_view name, std::string_view type, std::string_view directory) const {
     std::string file(directory);
     if (!file.empty())
@@ -61,20 +62,20 @@ std::vector<std::string> Bundle::pathsForResource(
     if (!type.empty())
         file.append(".").append(type);
 
-    std::vector<std::string> paths;
+    std::vector<Resource> resources;
     for (const auto& place : m_places) {
         std::string path = resourcePath();
         path.append("/").append(place).append(file);
         if (std::error_code error; fs::exists(path, error))
-            paths.push_back(std::move(path));
+            resources.push_back({place, std::move(path)});
     }
-    return paths;
+    return resources;
 }
 
 std::optional<std::string> Bundle::pathForResource(
     std::string_view name, std::string_view type, std::string_view directory) const {
-    auto paths = pathsForResource(name, type, directory);
-    return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
+    auto resources = resourcesNamed(name, type, directory);
+    return resources.empty() ? std::nullopt : std::optional(std::move(resources.front().path));
 }
 
 std::string Bundle::executablePath() const {
@@ -86,8 +87,8 @@ std::string Bundle::executablePath() const {
 
 Bundle::StringTable Bundle::readTable(std::string_view table) const {
     StringTable texts;
-    for (const auto& path : pathsForResource(table, "strings", {})) {
-        const auto content = plist::readPropertyListFile(path).value.dictionary();
+    for (const auto& resource : resourcesNamed(table, "strings", {})) {
+        const auto content = plist::readPropertyListFile(resource.path).value.dictionary();
         for (const auto& [key, value] : content.entries())
             if (const auto* text = value.string())
                 texts.emplace(plist::toUtf16(key), *text); // what a better place said stays
@@ -101,6 +102,14 @@ std::u16string Bundle::localizedString(std::u16string_view key, std::string_view
         known = m_tables.emplace(table, readTable(table)).first;
     const auto text = known->second.find(key);
     return text == known->second.end() ? std::u16string(key) : text->second;
+}
+
+std::string Bundle::languageOfTable(std::string_view table) const {
+    const auto resources = resourcesNamed(table, "strings", {});
+    if (resources.empty() || resources.front().place.empty())
+        return std::string(kLastResort);
+    const auto& place = resources.front().place;
+    return place.substr(0, place.size() - kLocalisedFolder.size());
 }
 
 } // namespace quorvi

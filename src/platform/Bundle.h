@@ -50,10 +50,20 @@ class Bundle {
     /// an XML property list of one dictionary, text to text, and is read once.
     [[nodiscard]] std::u16string localizedString(std::u16string_view key, std::string_view table) const;
 
+    /// The language that localizedString() prefers: that of the first place which has the string table, as
+    /// its folder is named, "pt_BR". "en" for a table that is not localised and when there is none, since
+    /// keys are English.
+    [[nodiscard]] std::string languageOfTable(std::string_view table) const;
+
   private:
     using StringTable = std::map<std::u16string, std::u16string, std::less<>>;
 
-    [[nodiscard]] std::vector<std::string> pathsForResource(
+    struct Resource {
+        std::string place; ///< one of m_places
+        std::string path;
+    };
+
+    [[nodiscard]] std::vector<Resource> resourcesNamed(
         std::string_view name, std::string_view type, std::string_view directory) const;
     [[nodiscard]] StringTable readTable(std::string_view table) const;
 

@@ -1,8 +1,10 @@
 #include "resources/Interface.h"
 
+#include "platform/widgets/InputLines.h"
 #include "platform/widgets/SymbolIcon.h"
+#include "resources/Inputs.h"
 
-#include <QEvent>
+#include <QMenu>
 #include <array>
 #include <memory>
 
@@ -69,41 +71,6 @@ void setSymbols(const QWidget& view) {
         view.findChild<QAbstractButton*>(QLatin1String(button.name))->setIcon(symbolIcon(button.symbol));
 }
 
-// Shows on the drawing which input the pop-up under the pointer or with the focus belongs to.
-class InputMarker : public QObject {
-  public:
-    InputMarker(MouseView& view, int input) : QObject(&view), m_view(view), m_input(input) {}
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        switch (event->type()) {
-        case QEvent::Enter:
-        case QEvent::FocusIn:
-            m_view.setMarkedInput(m_input);
-            break;
-        case QEvent::Leave:
-        case QEvent::FocusOut:
-            if (m_view.markedInput() == m_input)
-                m_view.setMarkedInput(0);
-            break;
-        default:
-            break;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-  private:
-    MouseView& m_view;
-    int m_input;
-};
-
-void markInputs(const Ui::KyvarQuorviPane& ui) {
-    const std::array popUps{ui.quorviMenuTop1, ui.quorviMenuTop2, ui.quorviMenuTop3, ui.quorviMenuTop4,
-        ui.quorviMenuTop5, ui.quorviMenuTop6, ui.quorviMenuTop7, ui.quorviMenuTop8, ui.quorviMenuTop9};
-    int input = 0;
-    for (PopUpButton* popUp : popUps)
-        popUp->installEventFilter(std::make_unique<InputMarker>(*ui.viewMouse, ++input).release());
-}
-
 } // namespace
 
 Interface::Interface(QWidget& mainView) {
@@ -129,7 +96,24 @@ Interface::Interface(QWidget& mainView) {
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);
-    markInputs(main);
+    connectInputs(main);
+}
+
+void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction) {
+    mainView.setLayoutDirection(direction);
+    // A label goes by its own text, which here is a name that the user gave or a number.
+    for (const char* name : {"quorviTextProfile", "quorviTextFirmwareVersion", "quorviTextDriverVersion"})
+        mainView.findChild<QLabel*>(QLatin1String(name))
+            ->setAlignment(
+                QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter) | Qt::AlignAbsolute);
+    for (QWidget* widget : mainView.findChildren<QWidget*>()) {
+        // Windows do not take it from what they belong to, and the cells beside the drawing stand in a view
+        // that is never mirrored.
+        const bool inCell = widget->parentWidget()->objectName() == QLatin1String("viewAssignments") &&
+                            !qobject_cast<MouseView*>(widget) && !qobject_cast<InputLines*>(widget);
+        if (widget->isWindow() || inCell)
+            widget->setLayoutDirection(direction);
+    }
 }
 
 } // namespace quorvi

@@ -42,4 +42,8 @@ class Interface {
     Ui::RestorePanel restore;
 };
 
+/// Mirrors the panel with its sheets and menus, or not. The columns beside the drawing of the mouse stay on
+/// the sides of the inputs that they stand for.
+void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction);
+
 } // namespace quorvi

@@ -168,6 +168,18 @@ TEST_F(BundleTest, ATableIsReadOnce) {
     EXPECT_EQ(bundle().localizedString(u"A", "T"), u"second");
 }
 
+TEST_F(BundleTest, TheLanguageOfATableIsThatOfTheBestPlaceThatHasIt) {
+    writeResource("ar.lproj/Texts.strings", table("a", "b"));
+    writeResource("en.lproj/Texts.strings", table("a", "b"));
+    writeResource("pt_BR.lproj/Texts.strings", table("a", "b"));
+    writeResource("Plain.strings", table("a", "b"));
+    EXPECT_EQ(bundle({"ar_EG"}).languageOfTable("Texts"), "ar");
+    EXPECT_EQ(bundle({"he", "pt_BR", "ar"}).languageOfTable("Texts"), "pt_BR");
+    EXPECT_EQ(bundle({"he"}).languageOfTable("Texts"), "en");
+    EXPECT_EQ(bundle({"ar"}).languageOfTable("Plain"), "en");
+    EXPECT_EQ(bundle({"ar"}).languageOfTable("None"), "en");
+}
+
 TEST_F(BundleTest, TheEnvironmentNamesTheLanguagesByDefault) {
     writeResource("de.lproj/T.strings", table("A", "deutsch"));
     const EnvironmentVariable list("LANGUAGE", std::nullopt);

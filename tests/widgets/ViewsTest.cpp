@@ -1,6 +1,5 @@
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MouseView.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/SymbolIcon.h"
 #include "platform/widgets/TableColumns.h"
@@ -215,6 +214,33 @@ class ViewsTest : public QObject {
         }
     }
 
+    void stageBarOfAMirroredPanelBeginsOnTheRight() {
+        StageBar bar;
+        bar.resize(200, 44);
+        bar.setStages({{"A", 100, 100}, {"B", 400, 400}}, 0);
+        const QColor mark = bar.palette().color(QPalette::Highlight);
+        QCOMPARE(bar.grab().toImage().pixelColor(10, 20), mark);
+        bar.setLayoutDirection(Qt::RightToLeft);
+        const QImage image = bar.grab().toImage();
+        QCOMPARE(image.pixelColor(190, 20), mark);
+        QVERIFY(image.pixelColor(10, 20) != mark);
+    }
+
+    void mirroredTableSelectsTheRowAndAlignsItsTitles() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModel(&model);
+        table.setLayoutDirection(Qt::RightToLeft);
+        table.resize(300, 200);
+        table.selectRowAlone(1);
+        QCOMPARE(table.selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(table.selectedRow(), 1);
+        QCOMPARE(table.currentIndex(), model.index(1, 0));
+        QVERIFY(table.horizontalHeader()->defaultAlignment() & Qt::AlignRight);
+        table.setLayoutDirection(Qt::LeftToRight);
+        QVERIFY(table.horizontalHeader()->defaultAlignment() & Qt::AlignLeft);
+    }
+
     void stageBarMarksNoneForAnIndexOutside() {
         StageBar bar;
         bar.setStages({{"A"}, {"B"}}, 2);
@@ -224,20 +250,6 @@ class ViewsTest : public QObject {
         bar.setStages({}, 0);
         QCOMPARE(bar.currentStage(), -1);
         QVERIFY(!bar.grab().isNull());
-    }
-
-    void mouseViewMarksInputsOneToNine() {
-        MouseView view;
-        view.resize(220, 330);
-        const QImage plain = view.grab().toImage();
-        for (int input = 1; input <= 9; ++input) {
-            view.setMarkedInput(input);
-            QCOMPARE(view.markedInput(), input);
-            QVERIFY(view.grab().toImage() != plain);
-        }
-        view.setMarkedInput(10);
-        QCOMPARE(view.markedInput(), 0);
-        QCOMPARE(view.grab().toImage(), plain);
     }
 
     void symbolsDifferAndFollowThePalette() {

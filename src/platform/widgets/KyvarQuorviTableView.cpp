@@ -62,7 +62,7 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    alignTitles();
     m_emptyText->setAlignment(Qt::AlignCenter);
     m_emptyText->setWordWrap(true);
     m_emptyText->setMargin(emptyTextMargin);
@@ -83,9 +83,12 @@ int KyvarQuorviTableView::selectedRow() const {
 
 void KyvarQuorviTableView::selectRowAlone(int row) {
     if (row < 0 || !model() || row >= model()->rowCount())
-        deselectAll();
-    else
-        selectRow(row);
+        return deselectAll();
+    // Not selectRow(): in a mirrored table that looks for the first column one pixel beside it, and selects
+    // nothing.
+    const QModelIndex first = model()->index(row, 0);
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(first, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void KyvarQuorviTableView::deselectAll() {
@@ -189,6 +192,18 @@ void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
     showEmptyText();
 }
 
+void KyvarQuorviTableView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        alignTitles();
+}
+
+// Styles do not mirror them as they do texts of cells.
+void KyvarQuorviTableView::alignTitles() {
+    horizontalHeader()->setDefaultAlignment(
+        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter));
+}
+
 void KyvarQuorviTableView::setMenu(QMenu* menu) {
     m_menu = menu;
 }
@@ -280,7 +295,7 @@ void KyvarQuorviTableView::openMenuByKey() {
         return;
     const QModelIndex row = model()->index(selectedRow(), 0);
     scrollTo(row);
-    m_menu->popup(viewport()->mapToGlobal(visualRect(row).bottomLeft()));
+    m_menu->popup(positionOfMenu(*m_menu, *viewport(), visualRect(row)));
     activateFirstItem(*m_menu);
 }
 

@@ -92,6 +92,7 @@ class KyvarQuorviTableView : public QTableView {
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
 
@@ -99,6 +100,7 @@ class KyvarQuorviTableView : public QTableView {
     void layOutColumns();
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
     void showEmptyText();
+    void alignTitles();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
     /// Clicks the check box of the selected row, whichever of its cells is current, and makes that one

@@ -23,7 +23,7 @@ void MenuButton::setCommands(QMenu* menu) {
 void MenuButton::openMenu() {
     if (!m_menu)
         return;
-    m_menu->popup(mapToGlobal(QPoint(0, height())));
+    m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (!QGuiApplication::mouseButtons()) // by a key or by an assistive program
         activateFirstItem(*m_menu);
 }

@@ -1,134 +1,131 @@
 #include "platform/widgets/MouseView.h"
 
+#include "platform/widgets/MouseDrawing.h"
+#include "platform/widgets/PressedInputs.h"
+
+#include <QLineF>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
-#include <array>
+#include <QWheelEvent>
+
+#include <memory>
+#include <utility>
 
 namespace quorvi {
 
 namespace {
 
-// The drawing is made on this sheet and scaled to fit the widget.
-constexpr QSizeF sheet(220.0, 330.0);
-constexpr qreal badgeRadius = 11.0;
-
-struct Input {
-    QPointF middle; // of the number, on the sheet
-};
-
-// From input 1: left, right and wheel button, side buttons rear and front, the two behind the wheel, wheel up
-// and down.
-constexpr std::array inputs{
-    Input{{66.0, 80.0}},
-    Input{{154.0, 80.0}},
-    Input{{110.0, 92.0}},
-    Input{{26.0, 198.0}},
-    Input{{26.0, 146.0}},
-    Input{{110.0, 158.0}},
-    Input{{110.0, 194.0}},
-    Input{{110.0, 58.0}},
-    Input{{110.0, 126.0}},
-};
-
-QPainterPath bodyPath() {
-    QPainterPath path(QPointF(110, 14));
-    path.cubicTo(165, 14, 196, 46, 198, 110);
-    path.cubicTo(200, 160, 190, 180, 196, 230);
-    path.cubicTo(198, 290, 160, 318, 110, 318);
-    path.cubicTo(60, 318, 22, 290, 24, 230);
-    path.cubicTo(30, 180, 20, 160, 22, 110);
-    path.cubicTo(24, 46, 55, 14, 110, 14);
-    return path;
-}
-
-QPainterPath roundedBox(const QRectF& box, qreal radius) {
-    QPainterPath path;
-    path.addRoundedRect(box, radius, radius);
-    return path;
-}
-
-QColor mixed(const QColor& a, const QColor& b, qreal share) {
-    return QColor::fromRgbF(a.redF() * (1 - share) + b.redF() * share,
-        a.greenF() * (1 - share) + b.greenF() * share, a.blueF() * (1 - share) + b.blueF() * share);
-}
-
-void drawBody(QPainter& painter, const QColor& fill, const QColor& line) {
-    painter.setPen(QPen(line, 1.6));
-    painter.setBrush(fill);
-    painter.drawPath(bodyPath());
-    QPainterPath seams(QPointF(110, 14));
-    seams.lineTo(110, 40);
-    seams.moveTo(24, 128);
-    seams.cubicTo(60, 140, 80, 142, 96, 140);
-    seams.moveTo(196, 128);
-    seams.cubicTo(160, 140, 140, 142, 124, 140);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(seams);
-}
-
-void drawParts(QPainter& painter, const QColor& fill, const QColor& line) {
-    painter.setPen(QPen(line, 1.4));
-    painter.setBrush(fill);
-    painter.drawPath(roundedBox({94, 40, 32, 104}, 16));
-    painter.drawPath(roundedBox({96, 146, 28, 24}, 8));
-    painter.drawPath(roundedBox({96, 182, 28, 24}, 8));
-    painter.drawPath(roundedBox({14, 124, 22, 46}, 9));
-    painter.drawPath(roundedBox({14, 176, 22, 46}, 9));
-}
-
-void drawBadge(QPainter& painter, int input, const QColor& fill, const QColor& text) {
-    const QPointF middle = inputs.at(std::size_t(input - 1)).middle;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
-    painter.drawEllipse(middle, badgeRadius, badgeRadius);
-    painter.setPen(text);
-    painter.drawText(
-        QRectF(middle.x() - badgeRadius, middle.y() - badgeRadius, 2 * badgeRadius, 2 * badgeRadius),
-        Qt::AlignCenter, QString::number(input));
-}
+constexpr int wheelUp = 8;
+constexpr int wheelDown = 9;
+constexpr int wheelMarkMs = 300;
+constexpr int numberSize = 13; // of the letters, on the sheet
+constexpr qreal reach = 1.35;  // around a number, of its radius: small circles are hard to hit
 
 } // namespace
 
 MouseView::MouseView(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setMouseTracking(true);
+    connect(&m_marks, &InputMarks::changed, this, QOverload<>::of(&QWidget::update));
+    m_wheelRest.setSingleShot(true);
+    m_wheelRest.setInterval(wheelMarkMs);
+    connect(&m_wheelRest, &QTimer::timeout, this, [this] {
+        m_marks.set(wheelUp, InputMarks::Pressed, false);
+        m_marks.set(wheelDown, InputMarks::Pressed, false);
+    });
+    std::make_unique<PressedInputs>(*this, m_marks).release();
 }
 
-void MouseView::setMarkedInput(int input) {
-    m_marked = input >= 1 && input <= int(inputs.size()) ? input : 0;
+void MouseView::setLights(bool wheel, bool battery) {
+    m_wheelIsLit = wheel;
+    m_batteryIsLit = battery;
     update();
 }
 
+QTransform MouseView::fromSheet() const {
+    const qreal scale = qMin(width() / mouseSheet.width(), height() / mouseSheet.height());
+    QTransform transform;
+    transform.translate(width() / 2.0, height() / 2.0);
+    transform.scale(scale, scale);
+    transform.translate(-mouseSheet.width() / 2.0, -mouseSheet.height() / 2.0);
+    return transform;
+}
+
+QPointF MouseView::middleOfInput(int input) const {
+    return fromSheet().map(placeOfInput(input));
+}
+
+qreal MouseView::radiusOfInput() const {
+    return badgeRadius * fromSheet().m11();
+}
+
+int MouseView::inputAt(const QPointF& point) const {
+    for (int input = 1; input <= mouseInputs; ++input) {
+        if (QLineF(point, middleOfInput(input)).length() <= radiusOfInput() * reach)
+            return input;
+    }
+    return 0;
+}
+
 QSize MouseView::sizeHint() const {
-    return sheet.toSize();
+    return mouseSheet.toSize();
 }
 
 QSize MouseView::minimumSizeHint() const {
     return {160, 240};
 }
 
+void MouseView::pointAt(int input) {
+    m_marks.setOnly(input, InputMarks::Pointed);
+    setCursor(input != 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void MouseView::mouseMoveEvent(QMouseEvent* event) {
+    pointAt(inputAt(event->pos()));
+}
+
+void MouseView::leaveEvent(QEvent* /*event*/) {
+    pointAt(0);
+}
+
+void MouseView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        m_clicked = inputAt(event->pos());
+}
+
+void MouseView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const int pressed = std::exchange(m_clicked, 0);
+    if (pressed != 0 && inputAt(event->pos()) == pressed)
+        emit inputClicked(pressed);
+}
+
+// The event stays the host's: it may scroll what the view stands in.
+void MouseView::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+    const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
+    if (turn == 0)
+        return;
+    m_marks.set(turn > 0 ? wheelUp : wheelDown, InputMarks::Pressed, true);
+    m_marks.set(turn > 0 ? wheelDown : wheelUp, InputMarks::Pressed, false);
+    m_wheelRest.start();
+}
+
 void MouseView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal scale = qMin(width() / sheet.width(), height() / sheet.height());
-    painter.translate(width() / 2.0, height() / 2.0);
-    painter.scale(scale, scale);
-    painter.translate(-sheet.width() / 2.0, -sheet.height() / 2.0);
-
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    const QColor window = palette().color(group, QPalette::Window);
-    const QColor text = palette().color(group, QPalette::WindowText);
-    const QColor line = mixed(window, text, 0.45);
-    drawBody(painter, mixed(window, text, 0.06), line);
-    drawParts(painter, mixed(window, text, 0.14), line);
+    painter.setTransform(fromSheet(), true);
+    drawMouse(painter, palette(), m_wheelIsLit, m_batteryIsLit);
 
     QFont numbers = font();
-    numbers.setPixelSize(13);
+    numbers.setPixelSize(numberSize);
     numbers.setBold(true);
     painter.setFont(numbers);
-    for (int input = 1; input <= int(inputs.size()); ++input) {
-        const bool marked = input == m_marked;
-        drawBadge(painter, input, marked ? palette().color(QPalette::Highlight) : mixed(window, text, 0.75),
-            marked ? palette().color(QPalette::HighlightedText) : window);
+    for (int input = 1; input <= mouseInputs; ++input) {
+        const bool marked = isEnabled() && m_marks.isMarked(input);
+        const BadgeState state = m_marks.isPressed(input) ? BadgeState::Pressed : BadgeState::Marked;
+        drawBadge(painter, palette(), input, marked ? state : BadgeState::Plain);
     }
 }
 

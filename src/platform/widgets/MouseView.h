@@ -1,7 +1,12 @@
-// The drawing of the mouse on the buttons tab, with the number of each input on it. It follows the palette.
+// The drawing of the mouse on the buttons tab, with the number of each input on it. It follows the palette,
+// and is never mirrored: it is the picture of a thing.
 #pragma once
 
+#include <QTimer>
+#include <QTransform>
 #include <QWidget>
+
+#include "platform/widgets/InputMarks.h"
 
 namespace quorvi {
 
@@ -11,18 +16,46 @@ class MouseView : public QWidget {
   public:
     explicit MouseView(QWidget* parent = nullptr);
 
-    /// Marks the input with the number 1 to 9; any other number marks none.
-    void setMarkedInput(int input);
-    [[nodiscard]] int markedInput() const { return m_marked; }
+    /// What is marked on the drawing. The view itself marks what the pointer is over, and what is pressed on
+    /// the real mouse in its window.
+    [[nodiscard]] InputMarks& marks() { return m_marks; }
+    [[nodiscard]] const InputMarks& marks() const { return m_marks; }
+
+    /// Which of the mouse's lights are drawn as lit.
+    void setLights(bool wheel, bool battery);
+
+    /// The middle of the number of the input, 1 to 9, and the radius of its circle, in the view's
+    /// coordinates.
+    [[nodiscard]] QPointF middleOfInput(int input) const;
+    [[nodiscard]] qreal radiusOfInput() const;
+    /// The input whose number is at that point of the view; 0 when there is none.
+    [[nodiscard]] int inputAt(const QPointF& point) const;
+    /// From the sheet of MouseDrawing.h to the view's coordinates.
+    [[nodiscard]] QTransform fromSheet() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+  signals:
+    /// The input was clicked with the left button.
+    void inputClicked(int input);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
   private:
-    int m_marked = 0;
+    void pointAt(int input);
+
+    InputMarks m_marks;
+    QTimer m_wheelRest; ///< runs while a turn of the wheel is shown
+    int m_clicked = 0;  ///< the input that the left button went down on
+    bool m_wheelIsLit = false;
+    bool m_batteryIsLit = false;
 };
 
 } // namespace quorvi

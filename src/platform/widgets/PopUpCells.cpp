@@ -33,7 +33,7 @@ bool opensMenu(const QKeyEvent& event) {
 /// Where the sign stands that says that there is a menu: at the end of the cell.
 QRect signIn(const QStyleOptionViewItem& option) {
     const int side = option.fontMetrics.height() * 2 / 3;
-    const QRect cell = option.rect.adjusted(0, 0, -side / 2, 0);
+    const QRect cell = option.rect.adjusted(side / 2, 0, -side / 2, 0);
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(side, side), cell);
 }
 

@@ -60,7 +60,10 @@ void StageBar::paintEvent(QPaintEvent* /*event*/) {
     painter.save();
     painter.setClipPath(outline);
     for (int i = 0; i < m_stages.size(); ++i)
-        paintStage(painter, QRectF(frame.left() + i * width, frame.top(), width, frame.height()), i);
+        paintStage(painter,
+            QRectF(frame.left() + (mirrored() ? int(m_stages.size()) - 1 - i : i) * width, frame.top(), width,
+                frame.height()),
+            i);
     painter.restore();
     painter.setPen(outlineColour(palette()));
     painter.drawPath(outline);
@@ -74,7 +77,8 @@ void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) con
             field, current ? palette().color(QPalette::Highlight) : disabledMarkColour(palette()));
     } else if (index > 0 && index - 1 != m_current) {
         painter.setPen(outlineColour(palette()));
-        painter.drawLine(field.topLeft(), field.bottomLeft());
+        const qreal start = mirrored() ? field.right() : field.left();
+        painter.drawLine(QPointF(start, field.top()), QPointF(start, field.bottom()));
     }
     const QRectF inner = field.adjusted(textPadding, 0, -textPadding, 0);
     painter.setPen(palette().color(current ? QPalette::HighlightedText : QPalette::Text));
@@ -83,17 +87,24 @@ void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) con
 
     const QColor level = current ? palette().color(QPalette::HighlightedText) : mutedTextColour(palette());
     QRectF line(inner.left(), inner.bottom() - textPadding, inner.width(), levelHeight);
+    const auto paintLevel = [&](int resolution) {
+        line.setWidth(qMax(1.0, inner.width() * levelOf(resolution)));
+        mirrored() ? line.moveRight(inner.right()) : line.moveLeft(inner.left());
+        painter.fillRect(line, level);
+    };
     if (stage.x == stage.y) {
         line.moveTop(line.top() - levelHeight / 2.0);
-        line.setWidth(qMax(1.0, inner.width() * levelOf(stage.x)));
-        painter.fillRect(line, level);
+        paintLevel(stage.x);
         return;
     }
     for (const int resolution : {stage.y, stage.x}) {
-        line.setWidth(qMax(1.0, inner.width() * levelOf(resolution)));
-        painter.fillRect(line, level);
+        paintLevel(resolution);
         line.moveTop(line.top() - levelHeight - levelGap);
     }
+}
+
+bool StageBar::mirrored() const {
+    return layoutDirection() == Qt::RightToLeft;
 }
 
 } // namespace quorvi

@@ -38,6 +38,7 @@ class StageBar : public QWidget {
 
   private:
     void paintStage(QPainter& painter, const QRectF& field, int index) const;
+    [[nodiscard]] bool mirrored() const;
 
     QList<StageField> m_stages;
     int m_current = -1;
