@@ -24,6 +24,8 @@ class EventMonitor {
     /// Waits for a command of that message and parameter, "KyPR 1", that was not seen and forgotten; false
     /// when none comes.
     [[nodiscard]] bool sees(const std::string& command);
+    /// Waits for a command in the same way, and gives all up to that one, in the order of the bus.
+    [[nodiscard]] std::vector<std::string> commandsUntil(const std::string& last);
     /// Forgets everything that has passed.
     void forget();
 
