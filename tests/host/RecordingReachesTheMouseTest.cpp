@@ -14,6 +14,7 @@
 #include "macros/DelayScale.h"
 #include "platform/Clock.h"
 #include "support/ChildProcess.h"
+#include "support/EventMonitor.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 
@@ -351,6 +352,24 @@ class RecordingReachesTheMouseTest : public QObject {
         QVERIFY(keys.toControls >= 3);
         m_keyboard->upUnseen(kE);
         QCOMPARE(shown(), QStringList("Press a"));
+    }
+
+    void theHelperIsToldOfTheRecordingAndOfTheSettingsAndOfNothingElse() {
+        EventMonitor monitor(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString());
+        const auto record = [&] {
+            m_window->click("quorviButtonStepRecord");
+            tap(keycodes::a);
+            clickAtList("1");
+            chord(keycodes::shift, kE);
+            m_window->click("quorviButtonStepRecord");
+        };
+        record();
+        record(); // a message too many of the first would come before the second's
+        m_window->host().close();
+        // What the panel says when it goes is the last.
+        const std::vector<std::string> expected{
+            "KyDM 1", "KyDM 0", "KyPR 0", "KyDM 1", "KyDM 0", "KyPR 0", "KyRO 0"};
+        QVERIFY(monitor.commandsUntil("KyRO 0") == expected);
     }
 
     void aWindowThatIsClosedMeanwhileHasSavedTheSteps() {
