@@ -356,15 +356,15 @@ class RecordingReachesTheMouseTest : public QObject {
 
     void theHelperIsToldOfTheRecordingAndOfTheSettingsAndOfNothingElse() {
         EventMonitor monitor(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString());
-        const auto record = [&] {
+        const auto record = [&](const char* button) {
             m_window->click("quorviButtonStepRecord");
             tap(keycodes::a);
-            clickAtList("1");
+            clickAtList(button);
             chord(keycodes::shift, kE);
             m_window->click("quorviButtonStepRecord");
         };
-        record();
-        record(); // a message too many of the first would come before the second's
+        record("1");
+        record("3"); // a message too many of the first would come before the second's
         m_window->host().close();
         // What the panel says when it goes is the last.
         const std::vector<std::string> expected{
