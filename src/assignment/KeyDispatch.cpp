@@ -20,10 +20,8 @@ bool isCapturing() {
 
 KeyDispatch::KeyDispatch() {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
-        if (window)
-            return;
-        m_converter.forgetHeldKeys();
-        m_taken.clear();
+        if (!window)
+            forgetHeldKeys();
     });
 }
 
@@ -44,33 +42,62 @@ bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool KeyDispatch::takesShortcut(const QKeyEvent& event) const {
-    return performKeyKyvarQuorviPatch() || (event.isAutoRepeat() && isTaken(event.nativeScanCode()));
+    return performKeyKyvarQuorviPatch() || (isRepetition(event) && isTaken(event.nativeScanCode()));
 }
 
 bool KeyDispatch::takesKey(const QKeyEvent& event) {
-    if (event.isAutoRepeat())
+    if (isRepetition(event))
         return isCapturing() || isTaken(event.nativeScanCode());
+    const bool isPress = event.type() == QEvent::KeyPress;
     const ConvertedKey converted = m_converter.convert(event);
     const bool wasTaken = release(event.nativeScanCode());
-    if (!isCapturing())
-        return wasTaken && event.type() == QEvent::KeyRelease;
+    if (converted.event.type == KeyEventType::KeyDown)
+        m_held.push_back(event.nativeScanCode());
+    if (!isCapturing()) {
+        if (isPress) // of all held keys the last one repeats, and it is the host's
+            m_detectableAutoRepeat.reset();
+        return wasTaken && !isPress;
+    }
     followMissedModifiers(modifierWord(converted.flagsBefore));
-    if (event.type() == QEvent::KeyPress)
+    if (isPress)
         gPatchedPane->updateKeyboardGrab();
     if (converted.event.type == KeyEventType::KeyUp && !wasTaken)
         return true;
     const bool usedUp = sendEventKyvarQuorviPatch(converted.event);
-    if (usedUp && event.type() == QEvent::KeyPress)
-        m_taken.push_back(event.nativeScanCode());
+    if (usedUp && isPress)
+        take(event.nativeScanCode());
     return usedUp;
+}
+
+bool KeyDispatch::isRepetition(const QKeyEvent& event) const {
+    const bool isRelease = event.type() == QEvent::KeyRelease;
+    return event.isAutoRepeat() ||
+           (!isRelease && std::ranges::find(m_held, event.nativeScanCode()) != m_held.end());
 }
 
 bool KeyDispatch::isTaken(std::uint32_t scanCode) const {
     return std::ranges::find(m_taken, scanCode) != m_taken.end();
 }
 
+void KeyDispatch::take(std::uint32_t scanCode) {
+    m_taken.push_back(scanCode);
+    if (!m_detectableAutoRepeat)
+        m_detectableAutoRepeat.emplace();
+}
+
 bool KeyDispatch::release(std::uint32_t scanCode) {
-    return std::erase(m_taken, scanCode) != 0;
+    std::erase(m_held, scanCode);
+    const bool wasTaken = std::erase(m_taken, scanCode) != 0;
+    if (m_taken.empty())
+        m_detectableAutoRepeat.reset();
+    return wasTaken;
+}
+
+void KeyDispatch::forgetHeldKeys() {
+    m_converter.forgetHeldKeys();
+    m_held.clear();
+    m_taken.clear();
+    m_detectableAutoRepeat.reset();
 }
 
 } // namespace quorvi

@@ -4,8 +4,10 @@
 #include <QObject>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
+#include "platform/DetectableAutoRepeat.h"
 #include "platform/KeyEvents.h"
 
 class QKeyEvent;
@@ -19,6 +21,9 @@ namespace quorvi {
 /// While a capture is active the keyboard is the pane's. Only keys that cannot be captured, such as those for
 /// the volume, stay the host's. A key belongs to who got its press until it is released: the key that started
 /// a capture is not part of it, and the one that ended it is not the host's.
+///
+/// A key that is pressed while it is held repeats, whether Qt says so or not. For keys that are the pane's it
+/// may not say so, until they are released: then the server is asked to repeat presses alone.
 class KeyDispatch : public QObject {
   public:
     KeyDispatch();
@@ -29,11 +34,16 @@ class KeyDispatch : public QObject {
   private:
     [[nodiscard]] bool takesShortcut(const QKeyEvent& event) const;
     [[nodiscard]] bool takesKey(const QKeyEvent& event);
+    [[nodiscard]] bool isRepetition(const QKeyEvent& event) const;
     [[nodiscard]] bool isTaken(std::uint32_t scanCode) const;
+    void take(std::uint32_t scanCode);
     bool release(std::uint32_t scanCode);
+    void forgetHeldKeys();
 
     KeyEventConverter m_converter;
+    std::vector<std::uint32_t> m_held;  ///< scan codes of all keys that are held, without modifiers
     std::vector<std::uint32_t> m_taken; ///< scan codes of the keys whose presses the pane has used up
+    std::optional<DetectableAutoRepeat> m_detectableAutoRepeat; ///< while a taken key may repeat
 };
 
 } // namespace quorvi

@@ -31,7 +31,7 @@ std::int32_t MacroRecorder::indexIn(const RecordingTarget& target) const {
 
 bool MacroRecorder::receiveKey(
     const RecordingTarget& target, std::uint8_t key, std::uint16_t modifiers, bool goingDown, double now) {
-    if (!target.steps || (key == noKey && modifiers == m_lastModifiers))
+    if (!target.steps)
         return false;
     recordModifiers(target, modifiers, now);
     if (key != noKey)

@@ -31,7 +31,8 @@ class MacroRecorder {
     /// Records a key event: first the modifier keys that are held or let go since the last event, in the
     /// order of their bits, Caps Lock as a press and a release whichever way it turned, and then the key
     /// itself. The key is a virtual key code, 255 for none; the modifiers are the modifier word. False when
-    /// there was nothing to record: no steps to record into, or neither a key nor a change.
+    /// there are no steps to record into. Any other event counts, and ends a run of one step, even if it left
+    /// no step: a modifier held from before that is let go, a key for a macro that is full.
     bool receiveKey(
         const RecordingTarget& target, std::uint8_t key, std::uint16_t modifiers, bool goingDown, double now);
     /// Records the step of a mouse event (commandOfMouseEvent()).

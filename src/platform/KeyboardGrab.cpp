@@ -57,6 +57,8 @@ void KeyboardGrab::start(QWindow* window) {
     }
     if (!m_focusFilter)
         m_focusFilter = std::make_unique<GrabFocusFilter>();
+    if (!m_detectableAutoRepeat)
+        m_detectableAutoRepeat.emplace();
     window->setKeyboardGrabEnabled(true);
 }
 
@@ -65,6 +67,7 @@ void KeyboardGrab::stop() {
     if (m_window && canGrab())
         m_window->setKeyboardGrabEnabled(false);
     m_focusFilter.reset();
+    m_detectableAutoRepeat.reset();
     m_window = nullptr;
 }
 

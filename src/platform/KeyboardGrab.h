@@ -1,12 +1,14 @@
 // Keys that the desktop takes for itself (Super alone, Alt+Tab, Print), for a window that wants every key.
 #pragma once
 
+#include "platform/DetectableAutoRepeat.h"
 #include "platform/ShortcutsInhibitor.h"
 
 #include <QPointer>
 #include <QWindow>
 
 #include <memory>
+#include <optional>
 
 class QAbstractNativeEventFilter;
 
@@ -14,7 +16,8 @@ namespace quorvi {
 
 /// Takes the keyboard for one window: under X11 by a grab, under Wayland by asking the compositor to hold
 /// back its shortcuts. Both end with this object and with the process; on other platforms there is nothing to
-/// take. The focus stays where it is, and an application that loses it is told so as ever.
+/// take. While it is taken under X11, a held key repeats as DetectableAutoRepeat says. The focus stays where
+/// it is, and an application that loses it is told so as ever.
 class KeyboardGrab {
   public:
     KeyboardGrab();
@@ -32,7 +35,8 @@ class KeyboardGrab {
   private:
     QPointer<QWindow> m_window;
     ShortcutsInhibitor m_inhibitor;
-    std::unique_ptr<QAbstractNativeEventFilter> m_focusFilter; ///< while the keyboard is grabbed
+    std::optional<DetectableAutoRepeat> m_detectableAutoRepeat; ///< while the keyboard is grabbed
+    std::unique_ptr<QAbstractNativeEventFilter> m_focusFilter;  ///< while the keyboard is grabbed
 };
 
 } // namespace quorvi

@@ -5,7 +5,7 @@
 #include <QWindow>
 
 #include "assignment/EventPatch.h"
-#include "pane/PaneFixture.h"
+#include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
 
 using namespace quorvi;
@@ -136,6 +136,49 @@ class KeyDispatchTest : public QObject {
         QCOMPARE(host.listener->heard, QStringList());
     }
 
+    void aPressOfAHeldKeyIsARepetitionAlthoughItDoesNotSaySo() {
+        const MacroFixture fixture;
+        fixture.record();
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(fixture.send(QEvent::ShortcutOverride, kA));
+            QVERIFY(fixture.send(QEvent::KeyPress, kA));
+        }
+        QVERIFY(fixture.send(QEvent::KeyRelease, kA));
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press a", "Release a"}));
+        fixture.tap(kA);
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press a", "Release a", "Press a", "Release a"}));
+    }
+
+    void twoHeldKeysRepeatApart() {
+        const MacroFixture fixture;
+        fixture.record();
+        for (const quint32 scanCode : {kA, kB, kB, kA})
+            fixture.press(scanCode);
+        fixture.release(kA);
+        fixture.press(kB);
+        fixture.press(kA);
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press a", "Press b", "Release a", "Press a"}));
+    }
+
+    void aKeyHeldWhenTheRecordingBeginsDoesNotRepeatIntoIt() {
+        const MacroFixture fixture;
+        fixture.press(kReturn);
+        fixture.record();
+        QVERIFY(fixture.send(QEvent::KeyPress, kReturn));
+        QVERIFY(fixture.send(QEvent::KeyRelease, kReturn));
+        QCOMPARE(fixture.shownSteps(), QStringList());
+        fixture.press(kReturn);
+        QCOMPARE(fixture.shownSteps(), QStringList("Press Return"));
+    }
+
+    void withoutACaptureTheHostGetsRepetitionsThatDoNotSaySo() {
+        const Host host;
+        host.press(kA);
+        host.press(kA);
+        host.release(kA);
+        QCOMPARE(host.listener->heard, QStringList({"press 38", "press 38", "release 38"}));
+    }
+
     void aKeyHeldWhenTheCaptureBeginsIsNoPartOfIt() {
         const Host host;
         host.press(kReturn);
@@ -200,11 +243,25 @@ class KeyDispatchTest : public QObject {
         QCOMPARE(host.listener->heard, QStringList({"press 38", "release 38"}));
     }
 
-    void aKeyPressedAfterTheCaptureIsTheHostsAlthoughItsReleaseWasMissed() {
+    void aCapturedKeyThatIsHeldBeyondTheCaptureDoesNotRepeatIntoTheHost() {
         const Host host;
         host.showPanel(true);
         host.press(kA);
         host.showPanel(false);
+        QVERIFY(host.send(QEvent::ShortcutOverride, kA));
+        QVERIFY(host.send(QEvent::KeyPress, kA));
+        host.press(kB);
+        host.release(kB);
+        host.release(kA);
+        QCOMPARE(host.listener->heard, QStringList({"press 56", "release 56"}));
+    }
+
+    void aKeyPressedAfterTheCaptureIsTheHostsAlthoughItsReleaseWentToAnotherProgram() {
+        const Host host;
+        host.showPanel(true);
+        host.press(kA);
+        host.showPanel(false);
+        emit qGuiApp->focusWindowChanged(nullptr);
         host.press(kA);
         host.release(kA);
         QCOMPARE(host.listener->heard, QStringList({"press 38", "release 38"}));

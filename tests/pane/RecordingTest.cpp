@@ -208,15 +208,63 @@ class RecordingTest : public QObject {
         QVERIFY(!QApplication::activePopupWidget());
     }
 
-    void aStepIsRecordedAgainAfterAModifierFromBeforeIsLetGo() {
+    void aModifierFromBeforeThatIsLetGoEndsARunForOneStepAndIsNotRecorded() {
         MacroFixture fixture(kFourSteps);
         fixture.selectStep(0);
         fixture.press(scancodes::shift, kShiftSymbol);
         fixture.chooseForSteps(32);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        fixture.release(scancodes::shift, kShiftSymbol, kShiftState);
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), kFourSteps);
+        QCOMPARE(fixture.selectedRow(kStepsTable), 0);
+        QVERIFY(fixture.commandsBecome({"KyDM 1", "KyDM 0", "KyPR 0"}));
+    }
+
+    void aModifierFromBeforeThatIsLetGoDoesNotEndALongerRun() {
+        MacroFixture fixture(kFourSteps);
+        fixture.selectStep(0);
+        fixture.press(scancodes::shift, kShiftSymbol);
+        fixture.record();
         fixture.release(scancodes::shift, kShiftSymbol, kShiftState);
         QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), kFourSteps);
+        QCOMPARE(fixture.selectedRow(kStepsTable), 3);
+    }
+
+    void aStepThatAFullMacroDoesNotTakeEndsARunForOneStep_data() {
+        QTest::addColumn<bool>("key");
+        QTest::newRow("key") << true;
+        QTest::newRow("mouse button") << false;
+    }
+    void aStepThatAFullMacroDoesNotTakeEndsARunForOneStep() {
+        QFETCH(bool, key);
+        const QStringList full = kFourSteps + kFourSteps + kFourSteps + kFourSteps;
+        MacroFixture fixture(full);
+        fixture.pane->startStopRecording(true, true);
+        if (key)
+            fixture.press(scancodes::x);
+        else
+            fixture.clickSteps(Qt::LeftButton);
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), full);
+    }
+
+    void aStepThatIsRecordedAgainIsShownBeforeTheRunEnds() {
+        MacroFixture fixture(kFourSteps);
+        fixture.selectStep(0);
+        fixture.chooseForSteps(32);
+        QStringList shownAtTheEnd;
+        const auto* button = fixture.find<QAbstractButton>("quorviButtonStepRecord");
+        connect(button, &QAbstractButton::toggled, this, [&] { shownAtTheEnd = fixture.shownSteps(); });
+        const auto* model = fixture.find<QTableView>(kStepsTable)->model();
+        int reloads = 0;
+        const auto count = [&] { reloads += fixture.pane->isRecordingMacro(); };
+        connect(model, &QAbstractItemModel::modelReset, this, count);
+        connect(model, &QAbstractItemModel::dataChanged, this, count);
         fixture.press(scancodes::x);
-        QCOMPARE(fixture.steps(), QStringList({"1 27 300", "0 27 500", "1 5 20", "0 5 0"}));
+        QCOMPARE(shownAtTheEnd, QStringList({"Press x", "Release x", "Press b", "Release b"}));
+        QVERIFY(reloads > 0);
     }
 
     void withNoStepSelectedOneIsAppended() {

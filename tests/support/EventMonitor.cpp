@@ -77,6 +77,12 @@ bool EventMonitor::sees(const std::string& command) {
     return seen();
 }
 
+std::vector<std::string> EventMonitor::commandsUntil(const std::string& last) {
+    if (!sees(last))
+        return m_commands;
+    return {m_commands.begin(), std::ranges::find(m_commands, last) + 1};
+}
+
 const std::vector<std::string>& EventMonitor::commands() {
     while (sd_bus_process(m_bus.get(), nullptr) > 0) {
     }

@@ -27,6 +27,8 @@ class EventMonitor {
     /// The commands that have passed and were not forgotten, in their order; an empty one for every other
     /// event.
     [[nodiscard]] const std::vector<std::string>& commands();
+    /// Waits for a command in the same way, and gives all up to that one, in the order of the bus.
+    [[nodiscard]] std::vector<std::string> commandsUntil(const std::string& last);
     /// Forgets everything that has passed.
     void forget();
 

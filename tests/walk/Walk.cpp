@@ -60,8 +60,7 @@ Walk::Walk(const plist::Dictionary& settings) {
 }
 
 Walk::~Walk() {
-    m_program->signal(SIGTERM);
-    if (m_program->wait() != 0)
+    if (m_program->isRunning() && endBy(SIGTERM) != 0)
         qFatal("the program does not end well: %s", m_program->readError().c_str());
 }
 
@@ -153,6 +152,18 @@ QStringList Walk::savedNames(const char* array, const QStringList& expected) con
 
 plist::Dictionary Walk::savedItem(const char* array, std::size_t index) const {
     return m_session.home.savedSettings().array(array).dictionary(index);
+}
+
+std::optional<int> Walk::endBy(int signal) {
+    m_program->signal(signal);
+    return m_program->wait();
+}
+
+QStringList Walk::commandsUntil(const char* last) {
+    QStringList commands;
+    for (const std::string& command : m_monitor.commandsUntil(last))
+        commands << QString::fromStdString(command);
+    return commands;
 }
 
 bool Walk::helperIsTold(int profile) {

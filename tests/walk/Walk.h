@@ -55,6 +55,11 @@ class Walk {
     /// Does that with the thing; false when there is none or it cannot be done.
     [[nodiscard]] bool perform(const QString& wanted, const char* action = "Press") const;
 
+    // The program's end
+
+    /// Sends the program the signal, waits for its end and gives the exit code, as ChildProcess::wait() does.
+    [[nodiscard]] std::optional<int> endBy(int signal);
+
     // What comes of it
 
     /// Waits until the settings file holds profiles or macros of these names, in that order; gives those that
@@ -64,6 +69,9 @@ class Walk {
     /// The helper has been told of new settings, in which that profile is the current one, since keys were
     /// last pressed; waits for that.
     [[nodiscard]] bool helperIsTold(int profile);
+
+    /// The commands that the helper was sent since keys were last pressed, up to that one; waits for it.
+    [[nodiscard]] QStringList commandsUntil(const char* last);
 
   private:
     Session m_session;
