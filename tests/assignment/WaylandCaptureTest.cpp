@@ -5,10 +5,12 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 
 #include "pane/PaneFixture.h"
 #include "platform/keyboard/XkbKeyboardLayout.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
 #include "support/Compositors.h"
 #include "support/EnvironmentVariable.h"
 #include "support/Keyboard.h"
@@ -133,6 +135,36 @@ class WaylandCaptureTest : public QObject {
         m_fixture->pane->startStopRecording(false, false);
         QVERIFY(!wasTaken());
         QVERIFY(compositorTakesF2());
+    }
+
+    void aRecordingTakesTheFiveButtonsOfTheMouse() {
+        m_fixture->selectTab(3);
+        m_fixture->selectRow("quorviTableMacros", 0);
+        auto* steps = m_fixture->find<KyvarQuorviTableView>("quorviTableSteps");
+        const plist::Array recorded =
+            m_fixture->pane->deviceConfig().array("macros").dictionary(0).array("steps");
+        recorded.removeAll();
+        // Over the whole output, so that the window's places are those of the output.
+        QVERIFY(m_desktop->sway.command("fullscreen enable"));
+        QTRY_VERIFY(m_fixture->window->size() == m_fixture->window->screen()->size());
+        const QPoint spot =
+            steps->viewport()->mapTo(m_fixture->window.get(), steps->viewport()->rect().center());
+        m_fixture->pane->startStopRecording(true, false);
+        const auto sendToSeat = [&](const std::string& what) {
+            QVERIFY(m_desktop->sway.command("seat - cursor " + what));
+        };
+        sendToSeat("set " + std::to_string(spot.x()) + " " + std::to_string(spot.y()));
+        for (const char* button : {"button1", "button2", "button3", "button8", "button9"}) {
+            sendToSeat(std::string("press ") + button);
+            sendToSeat(std::string("release ") + button);
+        }
+        QTRY_COMPARE(recorded.size(), 10U);
+        m_fixture->pane->startStopRecording(false, false);
+        QList<int> commands;
+        for (std::size_t index = 0; index < recorded.size(); ++index)
+            commands << recorded.dictionary(index).integer("command");
+        // Left, middle, right, and the two beside them, each up again.
+        QCOMPARE(commands, QList<int>({129, 128, 132, 128, 130, 128, 136, 128, 144, 128}));
     }
 };
 
