@@ -4,8 +4,6 @@
 
 #include <QEvent>
 
-#include <memory>
-
 namespace quorvi {
 
 namespace {
@@ -48,9 +46,9 @@ void connectInputs(const Ui::KyvarQuorviPane& ui) {
     for (int input = 1; input <= mouseInputs; ++input) {
         PopUpButton* popUp = popUps.at(std::size_t(input - 1));
         controls.at(std::size_t(input - 1)) = popUp;
-        std::make_unique<InputMarker>(*popUp, ui.viewMouse->marks(), input).release();
+        new InputMarker(*popUp, ui.viewMouse->marks(), input); // the pop-up's
     }
-    std::make_unique<InputLines>(*ui.viewMouse, controls).release();
+    new InputLines(*ui.viewMouse, controls); // their page's
     QObject::connect(ui.viewMouse, &MouseView::inputClicked, ui.viewMouse, [controls](int input) {
         auto* popUp = qobject_cast<PopUpButton*>(controls.at(std::size_t(input - 1)));
         popUp->setFocus(Qt::MouseFocusReason);

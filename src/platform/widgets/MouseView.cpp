@@ -1,14 +1,12 @@
 #include "platform/widgets/MouseView.h"
 
 #include "platform/widgets/MouseDrawing.h"
-#include "platform/widgets/PressedInputs.h"
 
 #include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
-#include <memory>
 #include <utility>
 
 namespace quorvi {
@@ -33,7 +31,6 @@ MouseView::MouseView(QWidget* parent) : QWidget(parent) {
         m_marks.set(wheelUp, InputMarks::Pressed, false);
         m_marks.set(wheelDown, InputMarks::Pressed, false);
     });
-    std::make_unique<PressedInputs>(*this, m_marks).release();
 }
 
 void MouseView::setLights(bool wheel, bool battery) {

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "platform/widgets/InputMarks.h"
+#include "platform/widgets/PressedInputs.h"
 
 namespace quorvi {
 
@@ -52,6 +53,7 @@ class MouseView : public QWidget {
     void pointAt(int input);
 
     InputMarks m_marks;
+    PressedInputs m_pressed{*this, m_marks};
     QTimer m_wheelRest; ///< runs while a turn of the wheel is shown
     int m_clicked = 0;  ///< the input that the left button went down on
     bool m_wheelIsLit = false;

@@ -25,8 +25,7 @@ int inputOfButton(Qt::MouseButton button) {
     return 0;
 }
 
-PressedInputs::PressedInputs(QWidget& view, InputMarks& marks)
-    : QObject(&view), m_view(view), m_marks(marks) {
+PressedInputs::PressedInputs(QWidget& view, InputMarks& marks) : m_view(view), m_marks(marks) {
     view.installEventFilter(this);
 }
 

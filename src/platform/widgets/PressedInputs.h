@@ -16,7 +16,7 @@ class PressedInputs : public QObject {
     Q_OBJECT
 
   public:
-    /// Belongs to the view.
+    /// For the life of both.
     PressedInputs(QWidget& view, InputMarks& marks);
 
   protected:
