@@ -20,3 +20,6 @@ packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
 packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
 packages_kde_test=(kde-cli-tools systemsettings)
 packages_check=(clang-format clang-tidy)
+# To try the package on a system made for it, and what that system has beside what every Debian has.
+packages_try_package=(mmdebstrap)
+packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)

@@ -49,6 +49,7 @@ TEST_F(AutostartLoginItemStoreTest, TheEntryIsWrittenIntoAFolderThatIsCreated) {
                                           "Type=Application\n"
                                           "Name=KyvarQuorviHelper\n"
                                           "Exec=\"/opt/quorvi/KyvarQuorviHelper.app/Contents/Linux/Run\"\n"
+                                          "TryExec=/opt/quorvi/KyvarQuorviHelper.app/Contents/Linux/Run\n"
                                           "X-KyvarQuorvi-Path=/opt/quorvi/KyvarQuorviHelper.app\n"
                                           "X-KyvarQuorvi-Hide=false\n");
     struct stat info = {};

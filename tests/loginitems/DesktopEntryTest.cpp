@@ -49,14 +49,15 @@ TEST(DesktopEntryTest, TheTextIsAnApplicationEntry) {
         "Type=Application\n"
         "Name=My App\n"
         "Exec=\"/opt/My App.app/Contents/Linux/My App\"\n"
+        "TryExec=/opt/My App.app/Contents/Linux/My App\n"
         "X-KyvarQuorvi-Path=/opt/My App.app/\n"
         "X-KyvarQuorvi-Hide=true\n");
 }
 
 TEST(DesktopEntryTest, ASwitchedOffEntryIsHidden) {
     EXPECT_EQ(desktopEntryText({"/A", false, true}, "/A/x"),
-        "[Desktop Entry]\nType=Application\nName=A\nExec=\"/A/x\"\nHidden=true\nX-KyvarQuorvi-Path=/A\n"
-        "X-KyvarQuorvi-Hide=false\n");
+        "[Desktop Entry]\nType=Application\nName=A\nExec=\"/A/x\"\nTryExec=/A/x\nHidden=true\n"
+        "X-KyvarQuorvi-Path=/A\nX-KyvarQuorvi-Hide=false\n");
 }
 
 TEST(DesktopEntryTest, ALiteralBackslashTakesFourInTheFile) {

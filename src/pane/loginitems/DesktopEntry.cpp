@@ -55,6 +55,8 @@ std::optional<std::string> desktopEntryText(const DesktopEntry& entry, const std
     addLine(text, "Type", "Application");
     addLine(text, "Name", displayName(entry.applicationPath));
     addLine(text, "Exec", execLine(executablePath));
+    // The entry stays in the home folder when the program is removed; sessions then pass it by.
+    addLine(text, "TryExec", executablePath);
     if (entry.disabled)
         addLine(text, kHiddenKey, truth(true));
     addLine(text, kPathKey, entry.applicationPath);
