@@ -1,6 +1,9 @@
 #include "host/kde/KdeHost.h"
 
+#include <QRect>
 #include <QTemporaryDir>
+
+#include <cstdio>
 
 #include "support/Files.h"
 #include "support/Keyboard.h"
@@ -44,6 +47,20 @@ void activateFirst(const std::vector<std::string>& what) {
         qFatal("no window of %s can be put in front", what.back().c_str());
 }
 
+/// Where the window's contents are on the screen; nothing when xdotool cannot say.
+std::optional<QRect> windowPlace(const std::string& window) {
+    const auto said = xdotool({"getwindowgeometry", "--shell", window.substr(0, window.find('\n'))});
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    const auto shell = said ? said->find("X=") : std::string::npos;
+    if (shell == std::string::npos ||
+        std::sscanf(said->c_str() + shell, "X=%d Y=%d WIDTH=%d HEIGHT=%d", &x, &y, &width, &height) != 4)
+        return std::nullopt;
+    return QRect(x, y, width, height);
+}
+
 } // namespace
 
 KdeHost::KdeHost() {
@@ -67,6 +84,25 @@ void KdeHost::start(const std::vector<std::string>& command) {
     program = std::make_unique<ChildProcess>(command, environment("C.UTF-8"));
 }
 
+void KdeHost::startWithIcons() {
+    const auto folder = session.home.path() + "/.config";
+    fs::create_directories(folder);
+    writeFile(folder + "/systemsettingsrc", "[Main]\nActiveView=icon_mode\n");
+    start({QUORVI_SYSTEMSETTINGS});
+    activate();
+}
+
+void KdeHost::startAtPanel() {
+    start({QUORVI_SYSTEMSETTINGS, kModule});
+    if (!showsPanel())
+        qFatal("System Settings does not show the panel");
+}
+
+void KdeHost::goTo(const std::string& module) const {
+    if (run({QUORVI_SYSTEMSETTINGS, module}).exitCode != 0)
+        qFatal("System Settings cannot be told to show %s", module.c_str());
+}
+
 void KdeHost::activate() const {
     activateFirst({"--pid", std::to_string(program->pid())});
 }
@@ -84,6 +120,23 @@ bool KdeHost::showsPanel() {
 
 bool KdeHost::close() {
     return xdotool({"key", "alt+F4"}) && program->wait() == 0;
+}
+
+bool KdeHost::closeByTitleBar() {
+    const auto window = xdotool({"getactivewindow"});
+    const auto place = window ? windowPlace(*window) : std::nullopt;
+    if (!place)
+        return false;
+    constexpr QPoint fromTheRightTop{
+        -11, -30}; // openbox's last button closes; xdotool counts the frame twice
+    clickAt(place->topRight() + fromTheRightTop);
+    return program->wait() == 0;
+}
+
+bool KdeHost::quit() {
+    const auto told = runProgram({"busctl", "--user", "call", "org.kde.systemsettings", "/MainApplication",
+        "org.qtproject.Qt.QCoreApplication", "quit"});
+    return told.exitCode == 0 && program->wait() == 0;
 }
 
 Accessible KdeHost::find(const QString& spoken) const {

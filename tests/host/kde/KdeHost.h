@@ -29,6 +29,13 @@ class KdeHost {
         const std::vector<std::string>& command, const std::string& locale = "C.UTF-8") const;
     /// Starts it as the program of the test.
     void start(const std::vector<std::string>& command);
+    /// Starts System Settings with the pages as icons, which is the view that a screen reader can follow.
+    /// There, pages are hidden and shown.
+    void startWithIcons();
+    /// Starts System Settings as it comes, at the panel. There, pages are destroyed and made again.
+    void startAtPanel();
+    /// Shows another module there, as menu entries and searches do while the program runs.
+    void goTo(const std::string& module) const;
     /// Waits for the program's window and puts it in front.
     void activate() const;
     /// Waits for the sheet of that title and puts it in front.
@@ -37,6 +44,10 @@ class KdeHost {
     [[nodiscard]] bool showsPanel();
     /// Ends the program as the window manager does.
     [[nodiscard]] bool close();
+    /// Presses the button of the title bar that closes the window.
+    [[nodiscard]] bool closeByTitleBar();
+    /// Ends it as the end of the user's session does.
+    [[nodiscard]] bool quit();
 
     /// Whether that is on the screen now.
     [[nodiscard]] bool shows(const QString& spoken) const { return !find(spoken).isNull(); }

@@ -1,0 +1,89 @@
+// Whatever ends System Settings or takes its page away while a macro is recorded: what was recorded is in the
+// file, the helper knows, and the keyboard is everybody's again.
+
+#include <QTest>
+
+#include "host/kde/KdeHost.h"
+#include "support/Keyboard.h"
+#include "support/SessionTestMain.h"
+#include "support/WindowTools.h"
+
+using namespace quorvi::test;
+using quorvi::plist::Array;
+using quorvi::plist::Dictionary;
+
+namespace {
+
+Dictionary settingsWithAMacro() {
+    auto settings = UserHome::defaults();
+    const auto macro = Dictionary::create();
+    macro.set("macroid", 1);
+    macro.set("name", u"Jump");
+    macro.set("steps", Array::create());
+    settings.array("macros").append(macro);
+    return settings;
+}
+
+/// System Settings with the key B recorded into its one macro, and the recording still on.
+struct Recording {
+    Recording() {
+        kde.session.home.writeSettings(settingsWithAMacro());
+        kde.startAtPanel();
+        kde.click(QStringLiteral("page tab 'Macros'"));
+        kde.click(QStringLiteral("cell 'Jump'"));
+        kde.click(QStringLiteral("check box 'Record'"));
+        if (kde.thing(QStringLiteral("check box 'Stop'")).isNull() ||
+            !QTest::qWaitFor([this] { return !other.canTakeKeyboard(); }, kWindowPatienceMs) ||
+            !xdotool({"key", "b"}) || kde.thing(QStringLiteral("cell 'Release b'")).isNull())
+            qFatal("nothing is recorded");
+    }
+    /// What is to be true when the page is gone, however it went.
+    void isOver(const std::string& shownAndHidden) {
+        QCOMPARE(kde.panel.told(shownAndHidden), shownAndHidden);
+        QTRY_VERIFY_WITH_TIMEOUT(other.canTakeKeyboard(), kWindowPatienceMs);
+        QCOMPARE(kde.session.home.savedSettings().array("macros").dictionary(0).array("steps").size(),
+            std::size_t(2));
+        auto told = monitor.commandsUntil("KyRO 0");
+        std::erase(told, ""); // the helper's own device list
+        QCOMPARE(told, std::vector<std::string>({"KyRO 1", "KyDM 1", "KyDM 0", "KyPR 0", "KyRO 0"}));
+    }
+
+    KdeHost kde;
+    EventMonitor monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};
+    OtherProgram other;
+};
+
+} // namespace
+
+class RecordingInSystemSettingsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        if (!hasDisplay())
+            QSKIP("there is no X display with xdotool");
+    }
+
+    void closedByItsTitleBarItSavesTheSteps() {
+        Recording recording;
+        QVERIFY(recording.kde.closeByTitleBar());
+        recording.isOver("10");
+    }
+
+    void toldToQuitItSavesTheSteps() {
+        Recording recording;
+        QVERIFY(recording.kde.quit());
+        recording.isOver("10");
+    }
+
+    void sentToAnotherPageItSavesTheSteps() {
+        Recording recording;
+        recording.kde.goTo("proxy");
+        recording.isOver("10");
+        QVERIFY(recording.kde.program->isRunning());
+        QVERIFY(recording.kde.quit());
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(RecordingInSystemSettingsTest)
+#include "RecordingInSystemSettingsTest.moc"

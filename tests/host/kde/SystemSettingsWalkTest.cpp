@@ -1,0 +1,102 @@
+// A user's whole way through System Settings: found by a search, opened, edited, left, opened again. With a
+// folder in QUORVI_DIARY each stop leaves a picture there and a paragraph in README.md: what the file and the
+// mouse hold, and what the helper has been told.
+
+#include <QTest>
+
+#include <fstream>
+
+#include "host/kde/KdeHost.h"
+#include "support/Keyboard.h"
+#include "support/SessionTestMain.h"
+#include "support/WindowTools.h"
+
+using namespace quorvi::test;
+
+namespace {
+
+const QString kWheelLight = QStringLiteral("check box 'Light on the wheel'");
+const QString kDeviceTab = QStringLiteral("page tab 'Device'");
+const QString kOpenModule = QStringLiteral("list item 'Input Devices'"); // the only module there
+
+class Diary {
+  public:
+    explicit Diary(KdeHost& kde) : m_kde(kde) {}
+
+    void note(const std::string& stop) {
+        if (m_folder.empty())
+            return;
+        const std::string picture = std::to_string(++m_stops) + "-" + stop + ".png";
+        QVERIFY(runProgram({"import", "-window", "root", m_folder + "/" + picture}).exitCode == 0);
+        std::ofstream diary(m_folder + "/README.md", m_stops == 1 ? std::ios::trunc : std::ios::app);
+        if (m_stops == 1)
+            diary << "# The panel in System Settings\n";
+        const auto saved = m_kde.session.home.savedSettings();
+        diary << "\n![" << stop << "](" << picture << ")\n\nFile: "
+              << (saved ? "lights " + std::to_string(m_kde.session.home.savedLights()) : "none")
+              << "; mouse: lights " << m_kde.session.recordByte(kFirstProfileLights) << "; helper told:";
+        for (const std::string& command : m_monitor.commands())
+            if (!command.empty()) // the helper's own device list
+                diary << " " << command;
+        diary << "\n";
+    }
+
+  private:
+    const std::string m_folder = qEnvironmentVariable("QUORVI_DIARY").toStdString();
+    int m_stops = 0;
+    KdeHost& m_kde;
+    EventMonitor m_monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};
+};
+
+/// Where the light on the wheel is set.
+void showLights(KdeHost& kde, bool on) {
+    QVERIFY(kde.showsPanel());
+    kde.click(kDeviceTab);
+    QTRY_COMPARE_WITH_TIMEOUT(kde.thing(kWheelLight).is(AccessibleState::checked), on, kWindowPatienceMs);
+}
+
+} // namespace
+
+class SystemSettingsWalkTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        if (!hasDisplay())
+            QSKIP("there is no X display with xdotool");
+    }
+
+    void whatIsFoundBySearchAndChangedIsKeptWhenThePageIsLeftAndOpenedAgain() {
+        KdeHost kde;
+        Diary diary(kde);
+        kde.startWithIcons();
+        kde.click(QStringLiteral("text ''"));
+        QVERIFY(xdotool({"type", "pollin"}));
+        QVERIFY(!kde.thing(QStringLiteral("list item 'polling rate'")).isNull());
+        diary.note("searched");
+        kde.click(QStringLiteral("list item 'polling rate'"));
+        kde.click(kOpenModule);
+        QVERIFY(kde.showsPanel());
+        QCOMPARE(kde.panel.told("1"), std::string("1"));
+        diary.note("opened");
+        showLights(kde, true);
+        kde.click(kWheelLight);
+        QTRY_COMPARE_WITH_TIMEOUT(kde.session.home.savedLights(), 2, kWindowPatienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(kde.session.recordByte(kFirstProfileLights), 2, kWindowPatienceMs);
+        diary.note("edited");
+        kde.click(QStringLiteral("push button 'All Settings'"));
+        QCOMPARE(kde.panel.told("10"), std::string("10"));
+        diary.note("left");
+        kde.click(kOpenModule);
+        showLights(kde, false);
+        QCOMPARE(kde.panel.told("101"), std::string("101"));
+        diary.note("opened-again");
+        QVERIFY(kde.close());
+        QCOMPARE(kde.panel.told("1010"), std::string("1010"));
+        diary.note("closed");
+        QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(SystemSettingsWalkTest)
+#include "SystemSettingsWalkTest.moc"
