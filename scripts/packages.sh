@@ -20,3 +20,5 @@ packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
 packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
 packages_kde_test=(kde-cli-tools systemsettings)
 packages_check=(clang-format clang-tidy)
+# What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
+packages_help_pictures=(fonts-noto-cjk libxml2-utils)
