@@ -12,6 +12,7 @@ packages_test=(
     "${packages_display[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
     shared-mime-info strace xkb-data
+    fish zsh
     appstream at-spi2-core dpkg-dev lintian man-db systemd
     sway weston wtype qt6-wayland
 )
