@@ -24,6 +24,15 @@ install(FILES "${PROJECT_BINARY_DIR}/com.kyvar.KyvarQuorviHelper.service"
 
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.bash" RENAME quorvictl
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT panel)
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.fish"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT panel)
+# Debian's zsh looks for what packages bring in a folder of its own.
+install(CODE "set(folder site-functions)
+    if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\" AND EXISTS /etc/debian_version)
+        set(folder vendor-completions)
+    endif()
+    file(INSTALL \"${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.zsh\" RENAME _quorvictl
+        DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${folder}\")" COMPONENT panel)
 
 # Manual pages are installed packed, as every system reads them.
 foreach(page quorvictl.1 quorvi-settings.1)

@@ -12,6 +12,7 @@ packages_test=(
     "${packages_display[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
     shared-mime-info strace xkb-data
+    fish zsh
     appstream at-spi2-core dpkg-dev lintian man-db systemd
     sway weston wtype qt6-wayland
 )
@@ -23,3 +24,5 @@ packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)
 packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)
+# What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
+packages_help_pictures=(fonts-noto-cjk libxml2-utils)

@@ -9,6 +9,7 @@
 
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
+#include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -115,6 +116,7 @@ void KyvarQuorviPane::connectActions() {
     connectMenu(*fViews->menus.quorviMenuStepGear);
     connect(fViews->main.quorviTabsMain, &QTabWidget::currentChanged, this,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
+    connect(new HelpKey(*fMainView), &HelpKey::pressed, this, &KyvarQuorviPane::actionButtonHelp);
 }
 
 void KyvarQuorviPane::connectMenu(QMenu& menu) {

@@ -1,9 +1,11 @@
 // The commands that belong to no editor: polling rate, lights, restoring defaults, updates and help.
 
 #include <QCheckBox>
+#include <QTabWidget>
 
 #include "model/Keys.h"
 #include "model/LightState.h"
+#include "pane/HelpPages.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
@@ -73,8 +75,9 @@ void KyvarQuorviPane::actionButtonCheckUpdates() {
 }
 
 void KyvarQuorviPane::actionButtonHelp() {
-    fServices.workspace->openFile(
-        QString::fromStdString(fServices.bundle.pathForResource("index", "html", "Help").value_or("")));
+    const auto index = fServices.bundle.pathForResource("index", "html", "Help");
+    const int tab = fViews->main.quorviTabsMain->currentIndex();
+    fServices.workspace->openFile(index ? QString::fromStdString(helpPageOfTab(*index, tab)) : QString());
 }
 
 } // namespace quorvi

@@ -1,25 +1,9 @@
-// The manual pages and the shell's completion know what the programs know.
-#include <sstream>
-
-#include "install/Installed.h"
+// The manual pages know what the programs know.
+#include "install/ToolVerbs.h"
 
 namespace quorvi::test {
 
 namespace {
-
-/// What can stand behind the name of quorvictl, by its own word.
-std::vector<std::string> verbs() {
-    std::istringstream lines(runProgram({QUORVI_QUORVICTL, "--help"}).output);
-    std::vector<std::string> verbs;
-    for (std::string line; std::getline(lines, line);) {
-        std::istringstream words(line.substr(line.find("quorvictl")));
-        std::string program;
-        std::string verb;
-        words >> program >> verb;
-        verbs.push_back(verb);
-    }
-    return verbs;
-}
 
 std::string shownPage(const char* page) {
     const auto shown = runProgram({"man", "--warnings", "-l", std::string(QUORVI_SOURCE "/docs/man/") + page},
@@ -33,7 +17,7 @@ std::string shownPage(const char* page) {
 
 TEST(Manual, ThePageOfTheToolNamesEveryVerb) {
     const auto page = shownPage("quorvictl.1");
-    const auto all = verbs();
+    const auto all = toolVerbs();
     ASSERT_GE(all.size(), 10U);
     for (const auto& verb : all)
         EXPECT_NE(page.find(verb), std::string::npos) << verb;
@@ -41,26 +25,6 @@ TEST(Manual, ThePageOfTheToolNamesEveryVerb) {
 
 TEST(Manual, ThePageOfThePanelIsInOrder) {
     EXPECT_NE(shownPage("quorvi-settings.1").find("quorvi-settings"), std::string::npos);
-}
-
-TEST(Completion, OffersEveryVerbAndNoOther) {
-    const auto offered = runProgram({"bash", "-c",
-        ". " QUORVI_SOURCE "/packaging/completions/quorvictl.bash; COMP_WORDS=(quorvictl ''); COMP_CWORD=1; "
-        "_quorvictl; printf '%s\\n' \"${COMPREPLY[@]}\""});
-    std::string expected;
-    for (const auto& verb : verbs())
-        expected += verb + "\n";
-    EXPECT_EQ(offered.output, expected);
-}
-
-TEST(Completion, OffersFilesWhereFilesStand) {
-    const TemporaryFolder folder;
-    const auto settings = folder.write("settings.plist", "");
-    const auto offered = runProgram({"bash", "-c",
-        ". " QUORVI_SOURCE "/packaging/completions/quorvictl.bash; COMP_WORDS=(quorvictl encode \"$0\"); "
-        "COMP_CWORD=2; _quorvictl; printf '%s\\n' \"${COMPREPLY[@]}\"",
-        folder.path("set")});
-    EXPECT_EQ(offered.output, settings + "\n");
 }
 
 } // namespace quorvi::test

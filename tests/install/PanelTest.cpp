@@ -39,11 +39,13 @@ TEST_F(Panel, HoldsTheBundleTheProgramsAndTheirPapers) {
     const auto installed = files();
     for (const std::string file :
         {"bin/quorvi-settings", "bin/quorvictl", "share/bash-completion/completions/quorvictl",
+            "share/fish/vendor_completions.d/quorvictl.fish", "share/zsh/site-functions/_quorvictl",
             "share/dbus-1/services/com.kyvar.KyvarQuorviHelper.service", "share/man/man1/quorvictl.1.gz",
             "share/man/man1/quorvi-settings.1.gz"})
         EXPECT_TRUE(installed.contains(file)) << file;
     for (const std::string file : {"Info.plist", "Linux/KyvarQuorvi.so", "Resources/Defaults.plist",
-             "Resources/en.lproj/Localizable.strings", "Resources/Help/index.html",
+             "Resources/en.lproj/Localizable.strings", "Resources/Help/index.html", "Resources/Help/help.css",
+             "Resources/Help/macros.png", "Resources/ar.lproj/Help/device.html",
              "Resources/KyvarQuorviHelper.app/Contents/Info.plist",
              "Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper"})
         EXPECT_TRUE(installed.contains(kBundle + file)) << file;

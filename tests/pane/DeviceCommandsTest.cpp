@@ -170,7 +170,7 @@ class DeviceCommandsTest : public QObject {
         fixture.click("quorviButtonHelp");
         QCOMPARE(fixture.opened.size(), 2);
         QVERIFY(fixture.opened[0].startsWith(QStringLiteral("url https://")));
-        QVERIFY(fixture.opened[1].endsWith(QStringLiteral("/Help/index.html")));
+        QVERIFY(fixture.opened[1].endsWith(QStringLiteral("/Help/buttons.html")));
         QVERIFY(std::filesystem::exists(fixture.opened[1].mid(5).toStdString()));
         QVERIFY(fixture.commandsBecome({}));
     }

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <cctype>
 #include <regex>
 
 #include "plist/Reader.h"
@@ -43,6 +44,19 @@ StringTable readStringTable(const std::string& language) {
         if (const auto* text = entry.value.string())
             table.emplace(entry.key, plist::toUtf8(*text));
     return table;
+}
+
+std::string testNameOf(const std::string& language) {
+    std::string name = language;
+    std::ranges::replace_if(
+        name, [](char character) { return std::isalnum(character) == 0; }, '_');
+    return name;
+}
+
+std::string shownText(const std::string& text) {
+    static const std::regex added("\\(&.\\)");
+    static const std::regex mark("&(.)");
+    return std::regex_replace(std::regex_replace(text, added, ""), mark, "$1");
 }
 
 std::vector<std::string> placeholdersOf(const std::string& text) {

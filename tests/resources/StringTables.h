@@ -20,6 +20,12 @@ using StringTable = std::map<std::string, std::string>;
 /// The language's table as the panel reads it; empty when it cannot be read.
 [[nodiscard]] StringTable readStringTable(const std::string& language);
 
+/// The language's name with nothing but letters, digits and "_", for the names of tests.
+[[nodiscard]] std::string testNameOf(const std::string& language);
+
+/// The text as a reader sees it: without the marks of access keys, and without an access key in parentheses.
+[[nodiscard]] std::string shownText(const std::string& text);
+
 /// The places in a text that something is put into, in the order of the alphabet: "%d", "%1", "%@", "^1".
 [[nodiscard]] std::vector<std::string> placeholdersOf(const std::string& text);
 

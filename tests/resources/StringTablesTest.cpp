@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 
 #include "plist/Reader.h"
 #include "resources/InterfaceFiles.h"
@@ -96,12 +95,14 @@ TEST_P(StringTables, shareNoAccessKeyAmongTextsShownTogether) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, StringTables, testing::ValuesIn(languages()),
-    [](const testing::TestParamInfo<std::string>& tested) {
-        std::string name = tested.param;
-        std::ranges::replace_if(
-            name, [](char character) { return std::isalnum(character) == 0; }, '_');
-        return name;
-    });
+    [](const auto& tested) { return testNameOf(tested.param); });
+
+TEST(ShownTexts, haveNoAccessKeys) {
+    EXPECT_EQ(shownText("Ma&cros, at most 12:"), "Macros, at most 12:");
+    EXPECT_EQ(shownText("ヘルプ(&H)"), "ヘルプ");
+    EXPECT_EQ(shownText("الأز&رار"), "الأزرار");
+    EXPECT_EQ(shownText("this && that"), "this & that");
+}
 
 TEST(Placeholders, areFoundInEveryForm) {
     EXPECT_EQ(placeholdersOf("X = %d,  Y = %d DPI"), (std::vector<std::string>{"%d", "%d"}));

@@ -1,4 +1,3 @@
-#include "assignment/Commands.h"
 #include "platform/InterfaceText.h"
 #include "platform/applications/ApplicationPanel.h"
 #include "platform/applications/OtherApplicationDialog.h"
@@ -7,8 +6,6 @@
 #include "resources/Interface.h"
 #include "widgets/WidgetTestMain.h"
 #include "widgets/XmlPropertyList.h"
-
-#include <QRegularExpression>
 
 using namespace quorvi;
 
@@ -152,26 +149,6 @@ class ResourcesTest : public QObject {
                 copyOfMenu(i < 7 ? *menus.quorviMenuCommands : *menus.quorviMenuWheelCommands).release());
             QVERIFY(button.selectItemWithTag(codes.at(i)));
         }
-    }
-
-    void helpListsTheCommandsAsTheTableDoes() {
-        QFile file(resource("Help/index.html"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QString page = QString::fromUtf8(file.readAll()).simplified();
-        const QRegularExpression row("<tr><th scope=\"row\">([^<]*)</th><td>([^<]*)</td></tr>");
-        static const QRegularExpression note(" \\([^)]*\\)");
-        QStringList listed;
-        for (auto rows = row.globalMatch(page.section("id=\"functions\"", 1)); rows.hasNext();) {
-            const QRegularExpressionMatch match = rows.next();
-            for (const QString& command : match.captured(2).remove(note).split(", "))
-                listed << match.captured(1) + ": " + command;
-        }
-        QStringList expected;
-        for (const Command& command : commandTable())
-            expected << QString("%1: %2%3")
-                            .arg(titleOfGroup(command.group), command.title,
-                                command.inputs == CommandInputs::Buttons ? "*" : "");
-        QCOMPARE(listed, expected);
     }
 
     void bundleNamesItsPrincipalClassAndProgram() {

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "host/RecordedOpener.h"
 #include "support/Files.h"
 #include "support/Keyboard.h"
 #include "support/WaitUntil.h"
@@ -31,9 +32,7 @@ const fs::path& prefix() {
             install(path, component);
         // The package's own plug-in is for another version of Qt, so that these hosts cannot load it.
         writeFile(path / "lib/kyvar-quorvi/KyvarQuorvi.prefPane/Contents/Linux/KyvarQuorvi.so", "another Qt");
-        fs::create_directory(path / "opener");
-        writeFile(path / "opener/xdg-open", "#!/bin/sh\necho \"$1\" >>\"$HOME/opened\"\n");
-        fs::permissions(path / "opener/xdg-open", fs::perms::owner_all);
+        makeRecordedOpener(path / "opener");
     }
     return path;
 }
@@ -164,8 +163,7 @@ void KdeHost::click(const QString& spoken) const {
 }
 
 std::string KdeHost::opened() const {
-    const fs::path list = session.home.path() + "/opened";
-    return fs::exists(list) ? readFile(list) : "";
+    return openedWith(session.home.path());
 }
 
 } // namespace quorvi::test

@@ -1,0 +1,44 @@
+# Completion of quorvictl's command line for fish.
+
+# The verb and the number of the word that is being typed, "encode:2".
+function __quorvictl_place
+    set -l words (commandline -opc)
+    echo $words[2]:(count $words)
+end
+
+function __quorvictl_takes_file
+    string match -qr '^(encode:[23]|decode:[23]|check:2|match:2|profiles:2|macros:2|import:[23]|export:[25])$' -- (__quorvictl_place)
+end
+
+function __quorvictl_takes_option
+    string match -q 'match:*' -- (__quorvictl_place)
+end
+
+complete -c quorvictl -f
+complete -c quorvictl -n __quorvictl_takes_file -F
+
+set -l first 'test (count (commandline -opc)) -eq 1'
+complete -c quorvictl -n $first -a encode -d 'Write the record of the settings'
+complete -c quorvictl -n $first -a decode -d 'Put the settings of a record into the file'
+complete -c quorvictl -n $first -a check -d 'Say whether the panel and the mouse take the settings'
+complete -c quorvictl -n $first -a match -d 'Print the profile that is bound to an application'
+complete -c quorvictl -n $first -a profiles -d 'List the profiles'
+complete -c quorvictl -n $first -a macros -d 'List the macros'
+complete -c quorvictl -n $first -a import -d 'Add a profile or macro from a file'
+complete -c quorvictl -n $first -a export -d 'Write a profile or macro into a file'
+complete -c quorvictl -n $first -a commands -d 'List the functions of buttons'
+complete -c quorvictl -n $first -a key-name -d 'Print the name of a key'
+complete -c quorvictl -n $first -a usb-to-adb -d 'Print the key code of a USB usage'
+complete -c quorvictl -n $first -a adb-to-usb -d 'Print the USB usage of a key code'
+complete -c quorvictl -n $first -a devices -d 'List the connected mice'
+complete -c quorvictl -n $first -a attach -d 'Plug the simulated mouse in'
+complete -c quorvictl -n $first -a detach -d 'Unplug the simulated mouse'
+complete -c quorvictl -n $first -a --help -d 'Say how it is called'
+complete -c quorvictl -n $first -a --version -d 'Print the version'
+
+complete -c quorvictl -n 'test (__quorvictl_place) = export:3' -a 'profile macro'
+complete -c quorvictl -n __quorvictl_takes_option -l auto -d 'Only profiles that switch automatically'
+complete -c quorvictl -n __quorvictl_takes_option -l application -x -d 'Its name'
+complete -c quorvictl -n __quorvictl_takes_option -l identifier -x -d 'Its identifier'
+complete -c quorvictl -n __quorvictl_takes_option -l signature -x -d 'Its signature'
+complete -c quorvictl -n __quorvictl_takes_option -l executable -x -d 'Its program'

@@ -1,0 +1,45 @@
+#compdef quorvictl
+# Completion of quorvictl's command line for zsh.
+
+_quorvictl() {
+    local -a verbs=(
+        'encode:write the record of the settings'
+        'decode:put the settings of a record into the file'
+        'check:say whether the panel and the mouse take the settings'
+        'match:print the profile that is bound to an application'
+        'profiles:list the profiles'
+        'macros:list the macros'
+        'import:add a profile or macro from a file'
+        'export:write a profile or macro into a file'
+        'commands:list the functions of buttons'
+        'key-name:print the name of a key'
+        'usb-to-adb:print the key code of a USB usage'
+        'adb-to-usb:print the USB usage of a key code'
+        'devices:list the connected mice'
+        'attach:plug the simulated mouse in'
+        'detach:unplug the simulated mouse'
+        '--help:say how it is called'
+        '--version:print the version'
+    )
+    local -a options=(
+        '--auto:only profiles that switch automatically'
+        '--application:its name' '--identifier:its identifier' '--signature:its signature' '--executable:its program'
+    )
+    if (( CURRENT == 2 )); then
+        _describe -t verbs verb verbs
+        return
+    fi
+    case $words[2]:$CURRENT in
+    match:*)
+        if [[ $PREFIX == -* ]]; then
+            _describe -t options option options
+        elif (( CURRENT == 3 )); then
+            _files
+        fi
+        ;;
+    export:4) compadd profile macro ;;
+    encode:[34] | decode:[34] | check:3 | profiles:3 | macros:3 | import:[34] | export:[36]) _files ;;
+    esac
+}
+
+_quorvictl "$@"
