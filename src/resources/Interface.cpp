@@ -90,9 +90,6 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelSingleKey = addPanel(mainView, singleKey);
     quorviPanelRestore = addPanel(mainView, restore);
 
-    // Nothing else on the tab has this colour, in whatever theme.
-    main.textRecording->setBackgroundRole(QPalette::Highlight);
-    main.textRecording->setForegroundRole(QPalette::HighlightedText);
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);

@@ -74,7 +74,7 @@ void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) con
     const bool current = index == m_current && isEnabled();
     if (index == m_current) {
         painter.fillRect(
-            field, current ? palette().color(QPalette::Highlight) : disabledMarkColour(palette()));
+            field, current ? markGroundColour(palette()) : disabledMarkColour(palette()));
     } else if (index > 0 && index - 1 != m_current) {
         painter.setPen(outlineColour(palette()));
         const qreal start = mirrored() ? field.right() : field.left();
