@@ -16,8 +16,8 @@ using namespace quorvi::test;
 
 namespace {
 
-bool standsOnItsGround(const QLabel& label) {
-    return const_cast<QLabel&>(label).grab().toImage().pixelColor(1, 1) == markGroundColour(label.palette());
+bool standsOnItsGround(QLabel& label) {
+    return label.grab().toImage().pixelColor(1, 1) == markGroundColour(label.palette());
 }
 
 constexpr const char* kState = "textRecording";
@@ -83,7 +83,6 @@ class RecordingStateTest : public QObject {
         QVERIFY(!standsOnItsGround(*label));
         fixture.record();
         QVERIFY(standsOnItsGround(*label));
-        QCOMPARE(label->grab().toImage().pixelColor(2, 2), label->palette().color(QPalette::Highlight));
         fixture.record();
         QVERIFY(!standsOnItsGround(*label));
     }

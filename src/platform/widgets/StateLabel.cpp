@@ -8,6 +8,7 @@ namespace quorvi {
 
 StateLabel::StateLabel(QWidget* parent) : QLabel(parent) {
     setForegroundRole(QPalette::HighlightedText);
+    setAttribute(Qt::WA_TransparentForMouseEvents); // what it stands on is still pointed at
 }
 
 void StateLabel::paintEvent(QPaintEvent* event) {

@@ -1,5 +1,5 @@
 // A label that says what goes on, on a ground of the theme's highlight: nothing else around it has that
-// colour. Without a text it is not seen.
+// colour. Without a text neither the eye nor the pointer finds it, so that it can stand on another label.
 #pragma once
 
 #include <QLabel>
