@@ -46,8 +46,9 @@ void KyvarQuorviPane::updateUI() {
         title = locString(QStringLiteral("Default Profile"));
     fViews->main.quorviTextProfile->setText(title);
     fViews->main.quorviTextConnection->setText(
-        hasDevice() ? locString(QStringLiteral("Connected"))
-                    : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in.")));
+        hasDevice()
+            ? locString(QStringLiteral("Connected"))
+            : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in.")));
     makeViewActive(fViews->main.quorviTabsMain, hasDevice());
     fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
     fViews->main.viewMouse->setEnabled(hasDevice());

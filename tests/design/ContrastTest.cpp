@@ -163,7 +163,7 @@ class ContrastTest : public QObject {
             const QPointF middle = placeOfInput(8) * 3;
             const QColor ground = picture.pixelColor((middle + QPointF(0, 27)).toPoint());
             QVERIFY(contrastOf(ground, palette().color(QPalette::Window)) >=
-                        (state == BadgeState::Plain ? wantedContrast(palette()) : 1.0));
+                    (state == BadgeState::Plain ? wantedContrast(palette()) : 1.0));
             QVERIFY(contrastNear(picture, middle, ground, 14) >= wantedTextContrast(palette()));
         }
     }

@@ -8,7 +8,9 @@
 #include <QTabBar>
 
 #include "design/Languages.h"
+#include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/StageBar.h"
 #include "platform/widgets/TableColumns.h"
 #include "widgets/WidgetTestMain.h"
 
@@ -43,6 +45,8 @@ QString cutOf(const QWidget& widget) {
                                 .width());
     } else if (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QTabBar*>(&widget)) {
         wanted = widget.sizeHint();
+    } else if (qobject_cast<const StageBar*>(&widget) || qobject_cast<const AccelerationCurve*>(&widget)) {
+        wanted = widget.minimumSizeHint();
     } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
         wanted = QSize(group->fontMetrics().horizontalAdvance(group->title()), 0);
     } else if (const auto* header = qobject_cast<const QHeaderView*>(&widget)) {
@@ -85,8 +89,8 @@ class FitTest : public QObject {
         panel.open(kOpens);
         QVERIFY2(panel.view().width() <= kScreen.width() - kDecoration.width(),
             qPrintable(QString::number(panel.view().width())));
-        QVERIFY2(panel.view().height() <= kScreen.height() - kDecoration.height(),
-            qPrintable(panel.heights()));
+        QVERIFY2(
+            panel.view().height() <= kScreen.height() - kDecoration.height(), qPrintable(panel.heights()));
         QCOMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
@@ -95,6 +99,20 @@ class FitTest : public QObject {
         const Panel panel;
         panel.open({1600, 1000});
         QCOMPARE(panel.cutsOnTabs().join("; "), QString());
+    }
+
+    void largeLettersAreUncut_data() { eachLanguage(); }
+    void largeLettersAreUncut() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(14.0);
+        QApplication::setFont(large);
+        {
+            const Panel panel;
+            panel.open(kOpens);
+            QCOMPARE(panel.cutsOnTabs().join("; "), QString());
+        }
+        QApplication::setFont(before);
     }
 
     void theSheetsFitASmallScreenUncut_data() { eachLanguage(); }
@@ -108,8 +126,8 @@ class FitTest : public QObject {
             for (QDialog* sheet : panel.view().findChildren<QDialog*>()) {
                 sheet->show();
                 QCoreApplication::processEvents();
-                QVERIFY2(sheet->width() <= kScreen.width() - kDecoration.width(),
-                    qPrintable(sheet->objectName()));
+                QVERIFY2(
+                    sheet->width() <= kScreen.width() - kDecoration.width(), qPrintable(sheet->objectName()));
                 QVERIFY2(sheet->height() <= kScreen.height() - kDecoration.height(),
                     qPrintable(sheet->objectName()));
                 QCOMPARE(cutIn(*sheet).join("; "), QString());
@@ -147,6 +165,8 @@ class FitTest : public QObject {
             auto& main = spoken.views->main;
             main.quorviTextConnection->setText(
                 spoken.text("Switch the mouse on, and plug its cable or its receiver in."));
+            // Five of the longest.
+            main.quorviViewStages->setStages(QList<StageField>(5, {"6475 × 6450", 6475, 6450}), 0);
             main.quorviTextDPI->setText("X = 6475, Y = 6475 DPI");
         }
         [[nodiscard]] QWidget& view() const { return *spoken.view; }

@@ -130,8 +130,8 @@ class FocusOrderTest : public QObject {
         for (int tab = 0; tab < main.quorviTabsMain->count(); ++tab) {
             main.quorviTabsMain->setCurrentIndex(tab);
             for (QWidget* stop : stopsIn(*spoken.view)) {
-                QWidget* other = stop == main.quorviButtonHelp ? main.quorviButtonCheckForUpdates
-                                                               : main.quorviButtonHelp;
+                QWidget* other =
+                    stop == main.quorviButtonHelp ? main.quorviButtonCheckForUpdates : main.quorviButtonHelp;
                 const QRect around = placeOf(*stop).adjusted(-4, -4, 4, 4);
                 other->setFocus(Qt::TabFocusReason);
                 const QImage without = spoken.view->grab(around).toImage();

@@ -12,8 +12,7 @@
 
 namespace quorvi::test {
 
-inline constexpr const char* languages[] = {
-    "ar", "de", "en", "es", "fr", "it", "ja", "pt_BR", "ru", "zh_CN"};
+inline constexpr const char* languages[] = {"ar", "de", "en", "es", "fr", "it", "ja", "pt_BR", "ru", "zh_CN"};
 
 /// The views of the panel in that language, mirrored where it is written from the right.
 class SpokenInterface {

@@ -43,7 +43,6 @@ class AccelerationCurve : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-
     float m_factor = 1.0F;
     QString m_handLabel;
     QString m_pointerLabel;

@@ -67,6 +67,7 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     m_emptyText->setAlignment(Qt::AlignCenter);
     m_emptyText->setWordWrap(true);
     m_emptyText->setMargin(emptyTextMargin);
+    m_emptyText->setForegroundRole(QPalette::WindowText);
     colourEmptyText();
     m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
 }

@@ -22,14 +22,13 @@ qreal luminance(const QColor& colour) {
 }
 
 /// The colour, or as much of the stronger one as it takes to stand out from all of the grounds.
-QColor standingOut(const QColor& colour, const QColor& stronger, std::initializer_list<QColor> grounds,
-    qreal wanted) {
+QColor standingOut(
+    const QColor& colour, const QColor& stronger, std::initializer_list<QColor> grounds, qreal wanted) {
     QColor mixture = colour;
     for (qreal share = 0; share < 1; share += step) {
         mixture = mixed(share, stronger, colour);
-        if (std::ranges::all_of(grounds, [&](const QColor& ground) {
-                return contrastOf(mixture, ground) >= wanted;
-            }))
+        if (std::ranges::all_of(
+                grounds, [&](const QColor& ground) { return contrastOf(mixture, ground) >= wanted; }))
             return mixture;
     }
     return stronger;
