@@ -37,7 +37,6 @@ void KyvarQuorviPane::updateRecordingUI() {
     if (label->text() == state)
         return;
     label->setText(state);
-    label->setAutoFillBackground(!state.isEmpty());
     fViews->main.quorviTableSteps->setEmptyText(
         state.isEmpty() ? fStringNoSteps : locString(QStringLiteral("Type, and click in this list.")));
     // The button has the focus meanwhile, and a change of what has it is what screen readers read out.

@@ -60,6 +60,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return {};
     const int identifier = identifierOf(index);
     const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
+    if (role == Qt::ToolTipRole)
+        return explanation(identifier, value());
     if (role == Qt::AccessibleTextRole)
         return spokenText(identifier, value());
     if (isCheckBox(identifier))
@@ -80,10 +82,22 @@ QVariant TableModel::spokenText(int columnIdentifier, const QVariant& value) con
     return {};
 }
 
+// What to do where there is nothing. Plain text, whatever an application is called.
+QVariant TableModel::explanation(int columnIdentifier, const QVariant& value) const {
+    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
+        return m_pane->locString(QStringLiteral("No application: assign one with the gear button."));
+    return {};
+}
+
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal)
         return {};
-    return m_pane->locString(QString::fromUtf8(m_columns[static_cast<std::size_t>(section)].title));
+    const TableColumn& column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole)
+        return m_pane->locString(QString::fromUtf8(column.title));
+    if (role == Qt::ToolTipRole && *column.explanation != 0)
+        return m_pane->locString(QString::fromUtf8(column.explanation));
+    return {};
 }
 
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {

@@ -36,6 +36,7 @@ class TableModel : public QAbstractTableModel {
   private:
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;
     [[nodiscard]] QVariant spokenText(int columnIdentifier, const QVariant& value) const;
+    [[nodiscard]] QVariant explanation(int columnIdentifier, const QVariant& value) const;
 
     KyvarQuorviPane* m_pane;
     int m_tableTag;

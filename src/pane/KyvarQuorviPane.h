@@ -282,6 +282,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void updateMacrosUI();
     void updateStepsUI();
     void updateLightingUI();
+    void updateHints();
     void setLight(std::int32_t bit, bool on);
     void restoreDefaultsFrom(const plist::Dictionary& defaults);
     void reloadData(KyvarQuorviTableView* table);
@@ -345,6 +346,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     QString fStringStop;
     QString fStringRecordDescription; ///< what screen readers say of the record button
     QString fStringNoSteps;           ///< what an empty list of steps says
+    QString fStringNoMacros;          ///< what an empty list of macros says
+    QString fStringNoMacroTitle;      ///< what stands in place of the steps without a macro
+    QString fStringNoMacro;           ///< the same, below it
+    QString fStringProfilesHint;      ///< what stands below the list of profiles
 
     plist::Dictionary fDeviceConfig;
     plist::Dictionary fSettings;

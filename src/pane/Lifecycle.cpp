@@ -83,6 +83,10 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
     fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
     fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
+    fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
+    fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();
+    fStringNoMacro = fViews->main.textNoMacro->text();
+    fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
 }
 

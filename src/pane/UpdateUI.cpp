@@ -46,10 +46,13 @@ void KyvarQuorviPane::updateUI() {
         title = locString(QStringLiteral("Default Profile"));
     fViews->main.quorviTextProfile->setText(title);
     fViews->main.quorviTextConnection->setText(
-        hasDevice() ? locString(QStringLiteral("Connected")) : QString());
+        hasDevice()
+            ? locString(QStringLiteral("Connected"))
+            : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in.")));
     makeViewActive(fViews->main.quorviTabsMain, hasDevice());
     fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
     fViews->main.viewMouse->setEnabled(hasDevice());
+    fViews->main.viewLights->setEnabled(hasDevice());
     for (int n = 1; n <= kAssignmentCount; ++n)
         updateMenu(fAssignmentMenus[static_cast<std::size_t>(n - 1)], n);
     updateSensitivityUI();
@@ -58,6 +61,7 @@ void KyvarQuorviPane::updateUI() {
     updateMacrosUI();
     updateStepsUI();
     updateLightingUI();
+    updateHints();
     fViews->main.quorviTextFirmwareVersion->setText(
         hasDevice() ? firmwareText(fDeviceConfig.integer(keys::firmware)) : QStringLiteral("-"));
 }
@@ -114,6 +118,21 @@ void KyvarQuorviPane::updateStepsUI() {
     updateRecordingUI();
 }
 
+// What there is to do where there is nothing, or only what every mouse starts with.
+void KyvarQuorviPane::updateHints() {
+    Ui::KyvarQuorviPane& main = fViews->main;
+    const QString noMouse = locString(QStringLiteral("No mouse is connected"));
+    main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
+    main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
+    main.textNoMacro->setText(hasDevice() ? fStringNoMacro : main.quorviTextConnection->text());
+    makeViewActive(main.pageNoMacro, true);
+    main.textProfilesHint->setText(fProfiles.size() == 1
+                                       ? locString(QStringLiteral("Add a profile with the + button for each "
+                                                                  "other way of using the mouse. The gear "
+                                                                  "button assigns it an application."))
+                                       : fStringProfilesHint);
+}
+
 void KyvarQuorviPane::updateLightingUI() {
     const std::int32_t lit = fProfile.integer(keys::ledState);
     const bool wheel = (lit & lights::wheel) != 0;
@@ -121,6 +140,7 @@ void KyvarQuorviPane::updateLightingUI() {
     fViews->main.quorviBoxLightOnWheel->setChecked(wheel);
     fViews->main.quorviBoxLightOnBattery->setChecked(battery);
     fViews->main.viewMouse->setLights(wheel, battery);
+    fViews->main.viewLights->setLights(wheel, battery);
 }
 
 } // namespace quorvi

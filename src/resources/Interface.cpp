@@ -32,6 +32,26 @@ void scaleFonts(const QWidget& view) {
     }
 }
 
+// A layout asks a wrapped text for the height that it needs, but not for the least one of its window.
+class NoteHeights : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (auto* note = qobject_cast<QLabel*>(watched); note && event->type() == QEvent::Resize)
+            note->setMinimumHeight(note->heightForWidth(note->width()));
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+void keepNotesWhole(QWidget& view) {
+    auto* heights = new NoteHeights(&view);
+    for (QLabel* label : view.findChildren<QLabel*>()) {
+        if (label->wordWrap() && label->property("note").toBool())
+            label->installEventFilter(heights);
+    }
+}
+
 // Some styles leave a text no room beside it.
 void widenButtons(const QWidget& view) {
     for (QPushButton* button : view.findChildren<QPushButton*>()) {
@@ -90,12 +110,10 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelSingleKey = addPanel(mainView, singleKey);
     quorviPanelRestore = addPanel(mainView, restore);
 
-    // Nothing else on the tab has this colour, in whatever theme.
-    main.textRecording->setBackgroundRole(QPalette::Highlight);
-    main.textRecording->setForegroundRole(QPalette::HighlightedText);
     scaleFonts(mainView);
     setSymbols(mainView);
     widenButtons(mainView);
+    keepNotesWhole(mainView);
     connectInputs(main);
 }
 

@@ -23,7 +23,7 @@ constexpr Entry separator{nullptr, 0};
 constexpr std::array profileEntries{
     Entry{"New Profile", kNewProfileItem},
     Entry{"Duplicate Profile", kDuplicateProfileItem},
-    Entry{"Remove Profile…", kRemoveProfileItem},
+    Entry{"Delete Profile…", kRemoveProfileItem},
     separator,
     Entry{"Assign Application…", kAssignApplicationItem},
     Entry{"Remove Application", kRemoveApplicationItem},
@@ -36,7 +36,7 @@ constexpr std::array profileEntries{
 
 constexpr std::array macroEntries{
     Entry{"New Macro", kNewMacroItem},
-    Entry{"Remove Macro…", kRemoveMacroItem},
+    Entry{"Delete Macro…", kRemoveMacroItem},
     separator,
     Entry{"Import Macro…", kImportMacroItem},
     Entry{"Export Macro…", kExportMacroItem},

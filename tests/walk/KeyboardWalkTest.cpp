@@ -37,12 +37,12 @@ class KeyboardWalkTest : public QObject {
         QTest::addColumn<QStringList>("controls");
         QTest::newRow("profiles")
             << int(kProfilesTab)
-            << QStringList{"table 'Profiles'", "push button 'Add profile'", "push button 'Remove profile'",
+            << QStringList{"table 'Profiles'", "push button 'Add profile'", "push button 'Delete profile'",
                    "push button 'More profile commands'",
                    "check box 'Show the name of this profile on the screen when it comes into use'"};
         QTest::newRow("macros") << int(kMacrosTab)
                                 << QStringList{"table 'Macros'", "push button 'Add macro'",
-                                       "push button 'Remove macro'", "push button 'More macro commands'",
+                                       "push button 'Delete macro'", "push button 'More macro commands'",
                                        "table 'Steps of the macro'", "push button 'Add steps'",
                                        "push button 'Remove step'", "push button 'More step commands'",
                                        "check box 'Record'"};
@@ -117,7 +117,7 @@ class KeyboardWalkTest : public QObject {
         QCOMPARE(walk.focusAfter("Return", gear), gear);
         QCOMPARE(walk.savedNames("macros", {"Hello", "Hello 2"}), QStringList({"Hello", "Hello 2"}));
         QVERIFY(walk.helperIsTold(0));
-        const QString remove = QStringLiteral("push button 'Remove macro'");
+        const QString remove = QStringLiteral("push button 'Delete macro'");
         QCOMPARE(walk.focusAfter("shift+Tab", remove), remove);
         for (const QStringList& left : {QStringList("Hello"), QStringList()}) {
             QCOMPARE(walk.focusAfter("space", kCancel), kCancel);

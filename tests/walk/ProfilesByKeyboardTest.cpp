@@ -132,7 +132,7 @@ class ProfilesByKeyboardTest : public QObject {
         QCOMPARE(walk.focusAfter("Return", "cell '3'"), QStringLiteral("cell '3'"));
         QCOMPARE(walk.focusAfter("Delete", kCancel), kCancel);
         QCOMPARE(walk.focusAfter("Escape", "cell '3'"), QStringLiteral("cell '3'"));
-        const QString remove = QStringLiteral("push button 'Remove profile'");
+        const QString remove = QStringLiteral("push button 'Delete profile'");
         QVERIFY(walk.moveTo(remove));
         for (const QStringList& left : {QStringList{"Default Profile", "Game"}, {"Default Profile"}}) {
             QCOMPARE(walk.focusAfter("space", kCancel), kCancel);

@@ -191,8 +191,8 @@ class ScreenReaderTest : public QObject {
         Walk walk(settingsToWalkIn());
         QVERIFY(openTab(walk, "Profiles"));
         QVERIFY(walk.thing("cell 'Game'").perform("Toggle"));
-        QTRY_VERIFY(walk.thing("push button 'Remove profile'").is(AccessibleState::enabled));
-        QVERIFY(walk.perform("push button 'Remove profile'"));
+        QTRY_VERIFY(walk.thing("push button 'Delete profile'").is(AccessibleState::enabled));
+        QVERIFY(walk.perform("push button 'Delete profile'"));
         const Accessible sheet = walk.reader().window("Please Confirm");
         QCOMPARE(sheet.role(), std::string("dialog"));
         QCOMPARE(whatIsWrongIn(sheet), QString());
@@ -207,12 +207,12 @@ class ScreenReaderTest : public QObject {
         Walk walk(settingsToWalkIn());
         QVERIFY(openTab(walk, "Profiles"));
         QVERIFY(walk.thing("cell 'Work'").perform("Toggle"));
-        QTRY_VERIFY(walk.thing("push button 'Remove profile'").is(AccessibleState::enabled));
+        QTRY_VERIFY(walk.thing("push button 'Delete profile'").is(AccessibleState::enabled));
         QVERIFY(walk.perform("push button 'More profile commands'"));
         QTRY_COMPARE(walk.reader().focus().role(), std::string("menu item"));
         const auto items = walk.reader().focus().parent().children();
         const auto remove = std::find_if(items.begin(), items.end(),
-            [](const Accessible& item) { return item.name() == "Remove Profile…"; });
+            [](const Accessible& item) { return item.name() == "Delete Profile…"; });
         QVERIFY(remove != items.end());
         QVERIFY(remove->perform("Press")); // answered while the question stands
         QVERIFY(!walk.reader().window("Please Confirm").isNull());

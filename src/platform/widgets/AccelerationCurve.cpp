@@ -60,7 +60,10 @@ QSize AccelerationCurve::sizeHint() const {
 }
 
 QSize AccelerationCurve::minimumSizeHint() const {
-    return {8 * fontMetrics().height(), 4 * fontMetrics().height()};
+    const QFontMetrics metrics = fontMetrics();
+    const int label = metrics.height() + int(labelGap + 2 * margin);
+    return {qMax(8 * metrics.height(), metrics.horizontalAdvance(m_handLabel) + label),
+        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + label)};
 }
 
 void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {

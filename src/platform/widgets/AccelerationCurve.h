@@ -33,6 +33,9 @@ class AccelerationCurve : public QWidget {
     /// fastest hand at the right and twice its speed at the top.
     [[nodiscard]] QRectF plot() const;
 
+    /// Where the curve of the factor is at that speed of the hand, 0 to 1, in the view's coordinates.
+    [[nodiscard]] QPointF pointAt(double handSpeed, double factor) const;
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -40,8 +43,6 @@ class AccelerationCurve : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    [[nodiscard]] QPointF pointAt(double handSpeed, double factor) const;
-
     float m_factor = 1.0F;
     QString m_handLabel;
     QString m_pointerLabel;

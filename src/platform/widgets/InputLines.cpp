@@ -59,8 +59,7 @@ void InputLines::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     QPalette colours = palette();
     colours.setCurrentColorGroup(m_view.isEnabled() ? QPalette::Active : QPalette::Disabled);
-    const QColor plain =
-        mixed(shareOfText, colours.color(QPalette::WindowText), colours.color(QPalette::Window));
+    const QColor plain = lineOnWindow(colours, shareOfText);
     for (int input = 1; input <= mouseInputs; ++input) {
         const bool marked = m_view.isEnabled() && m_view.marks().isMarked(input);
         painter.setPen(QPen(marked ? markColour(colours) : plain, marked ? markedWidth : plainWidth));

@@ -3,6 +3,7 @@
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpCells.h"
 #include "platform/widgets/TableColumns.h"
+#include "platform/widgets/ThemeColours.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -66,7 +67,8 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     m_emptyText->setAlignment(Qt::AlignCenter);
     m_emptyText->setWordWrap(true);
     m_emptyText->setMargin(emptyTextMargin);
-    m_emptyText->setForegroundRole(QPalette::PlaceholderText);
+    m_emptyText->setForegroundRole(QPalette::WindowText);
+    colourEmptyText();
     m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
 }
 
@@ -196,6 +198,17 @@ void KyvarQuorviTableView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
         alignTitles();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
+        colourEmptyText();
+}
+
+// Themes give placeholders too little contrast to be read with ease, and this one says what to do next.
+void KyvarQuorviTableView::colourEmptyText() {
+    QPalette colours = palette();
+    colours.setCurrentColorGroup(QPalette::Active);
+    QPalette own = m_emptyText->palette();
+    own.setColor(QPalette::WindowText, mutedTextColour(colours));
+    m_emptyText->setPalette(own);
 }
 
 // Styles do not mirror them as they do texts of cells.

@@ -101,6 +101,7 @@ class KyvarQuorviTableView : public QTableView {
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
     void showEmptyText();
     void alignTitles();
+    void colourEmptyText();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
     /// Clicks the check box of the selected row, whichever of its cells is current, and makes that one

@@ -44,9 +44,22 @@ QColor onWindow(const QPalette& palette, qreal shareOfText) {
     return mixed(shareOfText, palette.color(QPalette::WindowText), palette.color(QPalette::Window));
 }
 
+/// The mouse itself, and its buttons and wheel.
+QColor bodyColour(const QPalette& palette) {
+    return onWindow(palette, 0.06);
+}
+QColor partColour(const QPalette& palette) {
+    return onWindow(palette, 0.14);
+}
+
+/// The lines around and on them.
+QColor edgeColour(const QPalette& palette) {
+    return lineOnWindow(palette, 0.45, partColour(palette));
+}
+
 void drawBody(QPainter& painter, const QPalette& palette) {
-    painter.setPen(QPen(onWindow(palette, 0.45), 1.6));
-    painter.setBrush(onWindow(palette, 0.06));
+    painter.setPen(QPen(edgeColour(palette), 1.6));
+    painter.setBrush(bodyColour(palette));
     painter.drawPath(bodyPath());
     QPainterPath seams(QPointF(110, 14));
     seams.lineTo(110, wheel.top());
@@ -59,8 +72,8 @@ void drawBody(QPainter& painter, const QPalette& palette) {
 }
 
 void drawParts(QPainter& painter, const QPalette& palette) {
-    painter.setPen(QPen(onWindow(palette, 0.45), 1.4));
-    painter.setBrush(onWindow(palette, 0.14));
+    painter.setPen(QPen(edgeColour(palette), 1.4));
+    painter.setBrush(partColour(palette));
     painter.drawRoundedRect(wheel, 16, 16);
     painter.drawRoundedRect(QRectF(96, 148, 28, 24), 8, 8);
     painter.drawRoundedRect(QRectF(96, 182, 28, 24), 8, 8);
@@ -79,7 +92,7 @@ void drawWheelLight(QPainter& painter, const QPalette& palette) {
 }
 
 void drawBattery(QPainter& painter, const QPalette& palette, bool lit) {
-    const QColor line = lit ? markColour(palette) : onWindow(palette, 0.45);
+    const QColor line = lit ? markColour(palette) : edgeColour(palette);
     painter.setPen(QPen(line, 1.6));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(battery, 3, 3);
@@ -95,6 +108,15 @@ void drawBattery(QPainter& painter, const QPalette& palette, bool lit) {
 }
 
 } // namespace
+
+QTransform sheetOn(const QSizeF& area) {
+    const qreal scale = qMin(area.width() / mouseSheet.width(), area.height() / mouseSheet.height());
+    QTransform transform;
+    transform.translate(area.width() / 2.0, area.height() / 2.0);
+    transform.scale(scale, scale);
+    transform.translate(-mouseSheet.width() / 2.0, -mouseSheet.height() / 2.0);
+    return transform;
+}
 
 QPointF placeOfInput(int input) {
     return places.at(std::size_t(input - 1));
@@ -127,7 +149,7 @@ void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState
     }
     const bool marked = state != BadgeState::Plain;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(marked ? palette.color(QPalette::Highlight) : onWindow(palette, 0.75));
+    painter.setBrush(marked ? markGroundColour(palette) : lineOnWindow(palette, 0.75));
     painter.drawEllipse(middle, badgeRadius, badgeRadius);
     painter.setPen(palette.color(marked ? QPalette::HighlightedText : QPalette::Window));
     painter.drawText(

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <QTransform>
 
 namespace quorvi {
 
@@ -10,6 +11,9 @@ namespace quorvi {
 inline constexpr QSizeF mouseSheet(220.0, 330.0);
 /// Of the circle that holds an input's number, on the sheet.
 inline constexpr qreal badgeRadius = 11.0;
+
+/// From the sheet to an area of that size, in whose middle the picture stands as large as it fits.
+[[nodiscard]] QTransform sheetOn(const QSizeF& area);
 
 /// The middle of the number of the input, 1 to 9, on the sheet.
 [[nodiscard]] QPointF placeOfInput(int input);

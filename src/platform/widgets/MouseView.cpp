@@ -40,12 +40,7 @@ void MouseView::setLights(bool wheel, bool battery) {
 }
 
 QTransform MouseView::fromSheet() const {
-    const qreal scale = qMin(width() / mouseSheet.width(), height() / mouseSheet.height());
-    QTransform transform;
-    transform.translate(width() / 2.0, height() / 2.0);
-    transform.scale(scale, scale);
-    transform.translate(-mouseSheet.width() / 2.0, -mouseSheet.height() / 2.0);
-    return transform;
+    return sheetOn(size());
 }
 
 QPointF MouseView::middleOfInput(int input) const {

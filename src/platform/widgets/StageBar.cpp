@@ -23,6 +23,7 @@ StageBar::StageBar(QWidget* parent) : QWidget(parent) {
 void StageBar::setStages(const QList<StageField>& stages, int current) {
     m_stages = stages;
     m_current = current >= 0 && current < stages.size() ? current : -1;
+    updateGeometry();
     update();
 }
 
@@ -45,7 +46,11 @@ QSize StageBar::sizeHint() const {
 }
 
 QSize StageBar::minimumSizeHint() const {
-    return {160, sizeHint().height()};
+    int widest = 0;
+    for (const StageField& stage : m_stages)
+        widest = qMax(widest, fontMetrics().horizontalAdvance(stage.text));
+    const int wanted = int(m_stages.size()) * (widest + 2 * textPadding + 1);
+    return {qMax(160, wanted), sizeHint().height()};
 }
 
 void StageBar::paintEvent(QPaintEvent* /*event*/) {
@@ -73,8 +78,7 @@ void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) con
     const StageField& stage = m_stages.at(index);
     const bool current = index == m_current && isEnabled();
     if (index == m_current) {
-        painter.fillRect(
-            field, current ? palette().color(QPalette::Highlight) : disabledMarkColour(palette()));
+        painter.fillRect(field, current ? markGroundColour(palette()) : disabledMarkColour(palette()));
     } else if (index > 0 && index - 1 != m_current) {
         painter.setPen(outlineColour(palette()));
         const qreal start = mirrored() ? field.right() : field.left();

@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <QPalette>
 
+#include "platform/widgets/ThemeColours.h"
+
 namespace quorvi {
 
 namespace {
@@ -89,10 +91,10 @@ class SymbolIconEngine : public QIconEngine {
   private:
     [[nodiscard]] QColor colorIn(QIcon::Mode mode) const {
         const bool disabled = mode == QIcon::Disabled;
+        const QPalette palette = QGuiApplication::palette();
         if (m_symbol == Symbol::Record && !disabled)
-            return recordColor;
-        return QGuiApplication::palette().color(
-            disabled ? QPalette::Disabled : QPalette::Active, QPalette::ButtonText);
+            return signOnButton(palette, recordColor);
+        return palette.color(disabled ? QPalette::Disabled : QPalette::Active, QPalette::ButtonText);
     }
 
     Symbol m_symbol;

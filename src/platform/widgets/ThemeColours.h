@@ -1,4 +1,5 @@
-// Colours of the theme for what is drawn beside controls, so that it reads in a light and in a dark one.
+// Colours of the theme for what is drawn beside controls, so that it is seen in a light, in a dark and in a
+// high-contrast one: each is moved towards the theme's text until it stands out enough from what is behind.
 #pragma once
 
 #include <QColor>
@@ -6,42 +7,44 @@
 
 namespace quorvi {
 
-/// So much of the first colour and the rest of the second.
-[[nodiscard]] inline QColor mixed(qreal share, const QColor& first, const QColor& second) {
-    const auto mix = [share](int a, int b) { return int(share * a + (1 - share) * b); };
-    return {
-        mix(first.red(), second.red()), mix(first.green(), second.green()), mix(first.blue(), second.blue())};
-}
+/// The contrast of two opaque colours, 1 to 21: the ratio of their relative luminances as the Web Content
+/// Accessibility Guidelines 2.1 define it.
+[[nodiscard]] qreal contrastOf(const QColor& first, const QColor& second);
 
-/// The share of the text's colour in the field's; some themes give lines the colour of the field itself.
-[[nodiscard]] inline QColor mixedTextColour(const QPalette& palette, qreal share) {
-    return mixed(share, palette.color(QPalette::Text), palette.color(QPalette::Base));
-}
+/// A theme whose text is, as good as, black on white or white on black: who chooses it needs the contrast.
+[[nodiscard]] bool isHighContrast(const QPalette& palette);
+
+/// What lines, signs and areas have to stand out by from what they are on, and what texts have to: 3 and 4.5
+/// as the guidelines' level AA asks for, and 7, level AAA, in a theme of high contrast. A disabled palette is
+/// asked for nothing, since greyed things are meant to recede.
+[[nodiscard]] qreal wantedContrast(const QPalette& palette);
+[[nodiscard]] qreal wantedTextContrast(const QPalette& palette);
+
+/// So much of the first colour and the rest of the second.
+[[nodiscard]] QColor mixed(qreal share, const QColor& first, const QColor& second);
+
+/// The share of the text's colour in the window's, or more of it until it stands out from the colour it is
+/// drawn on as lines have to.
+[[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share, const QColor& ground);
+[[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share);
+
+/// The colour, or one nearer to the text's until it stands out from a button as signs have to.
+[[nodiscard]] QColor signOnButton(const QPalette& palette, const QColor& colour);
 
 /// The background of what is marked while it is disabled; some themes do not grey theirs.
-[[nodiscard]] inline QColor disabledMarkColour(const QPalette& palette) {
-    return mixedTextColour(palette, 0.2);
-}
+[[nodiscard]] QColor disabledMarkColour(const QPalette& palette);
 
-/// Frames and axes.
-[[nodiscard]] inline QColor outlineColour(const QPalette& palette) {
-    return mixedTextColour(palette, 0.35);
-}
+/// Frames and axes on a field. Some themes give lines the colour of the field itself.
+[[nodiscard]] QColor outlineColour(const QPalette& palette);
 
-/// What stands behind the main thing and is still to be read.
-[[nodiscard]] inline QColor mutedTextColour(const QPalette& palette) {
-    return mixedTextColour(palette, 0.6);
-}
+/// A text on a field that stands behind the main thing and is still to be read.
+[[nodiscard]] QColor mutedTextColour(const QPalette& palette);
 
-/// A line that the eye is to find first; grey while the widget is disabled. A theme's highlight is made to
-/// stand behind text, and in dark themes too dark for a line by itself.
-[[nodiscard]] inline QColor markColour(const QPalette& palette) {
-    constexpr int wantedDistance = 90; // of 255 steps of lightness
-    if (palette.currentColorGroup() == QPalette::Disabled)
-        return mutedTextColour(palette);
-    const QColor mark = palette.color(QPalette::Highlight);
-    const int distance = qAbs(mark.lightness() - palette.color(QPalette::Base).lightness());
-    return distance >= wantedDistance ? mark : mixed(0.5, mark, palette.color(QPalette::Text));
-}
+/// A line that the eye is to find first, on a window or a field; grey while the widget is disabled. A theme's
+/// highlight is made to stand behind text, and often too near to the field to be a line by itself.
+[[nodiscard]] QColor markColour(const QPalette& palette);
+
+/// The highlight behind a text in the theme's colour for highlighted text, deepened until that can be read.
+[[nodiscard]] QColor markGroundColour(const QPalette& palette);
 
 } // namespace quorvi

@@ -1,0 +1,38 @@
+# For scripts that leave pictures of the panel: source it from the project's folder.
+
+# What stands on the display, or with QUORVI_PICTURE_OF=window in the panel's window without its frame, once it has
+# stopped changing: picture FILE.
+picture() {
+    local before='' now shown=root
+    [ "${QUORVI_PICTURE_OF:-}" != window ] || shown=$window
+    for _ in $(seq 100); do
+        import -window "$shown" "$1"
+        now=$(convert "$1" rgb:- | md5sum)
+        if [ "$now" = "$before" ]; then
+            echo "$1"
+            return 0
+        fi
+        before=$now
+        sleep 0.1
+    done
+    echo "The display does not come to rest." >&2
+    return 1
+}
+
+# Starts the host and waits for its window and the panel's first list of devices: open_panel HOST...
+# Sets $host to the process and $window to its window.
+open_panel() {
+    "$@" &
+    host=$!
+    trap 'kill "$host" 2>/dev/null || true' EXIT
+    window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$host" | tail -n 1)
+    # The panel has its first list when the helper, which the panel has launched, answers others too.
+    timeout 10 bash -c 'until "${QUORVICTL:-build/bin/quorvictl}" devices >/dev/null 2>&1; do sleep 0.1; done'
+    xdotool windowactivate --sync "$window"
+}
+
+close_panel() {
+    kill "$host"
+    wait "$host" || [ $? -eq 143 ] # a host of others does not mind how it is ended
+    trap - EXIT
+}

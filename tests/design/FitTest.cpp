@@ -1,0 +1,218 @@
+// In each language, in letters of 10 points, the panel fits a screen of 1024 x 600 and no text is cut.
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QStandardItemModel>
+#include <QTabBar>
+
+#include "design/Languages.h"
+#include "platform/widgets/AccelerationCurve.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/StageBar.h"
+#include "platform/widgets/TableColumns.h"
+#include "widgets/WidgetTestMain.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+constexpr QSize kScreen(1024, 600);
+constexpr QSize kDecoration(10, 34); // of a window, in the themes of the usual desktops
+constexpr QSize kOpens(760, 560);    // as quorvi-settings opens
+constexpr double kLetters = 10.0;    // points
+
+/// What is cut of the widget's text; empty when all of it is seen.
+QString cutOf(const QWidget& widget) {
+    const auto complaint = [&](const QSize& wanted) {
+        return QString("%1 has %2 x %3, wants %4 x %5")
+            .arg(widget.objectName())
+            .arg(widget.width())
+            .arg(widget.height())
+            .arg(wanted.width())
+            .arg(wanted.height());
+    };
+    QSize wanted;
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        if (label->text().isEmpty())
+            return {};
+        wanted = label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+        if (label->wordWrap()) // the longest word
+            wanted.setWidth(label->fontMetrics()
+                                .boundingRect(QRect(0, 0, 1, 1), Qt::TextWordWrap, label->text())
+                                .width());
+    } else if (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QTabBar*>(&widget)) {
+        wanted = widget.sizeHint();
+    } else if (qobject_cast<const StageBar*>(&widget) || qobject_cast<const AccelerationCurve*>(&widget)) {
+        wanted = widget.minimumSizeHint();
+    } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
+        wanted = QSize(group->fontMetrics().horizontalAdvance(group->title()), 0);
+    } else if (const auto* header = qobject_cast<const QHeaderView*>(&widget)) {
+        for (int section = 0; section < header->count(); ++section)
+            if (header->orientation() == Qt::Horizontal &&
+                header->sectionSize(section) < header->sectionSizeHint(section))
+                return QString("%1: column %2").arg(widget.parentWidget()->objectName()).arg(section);
+    }
+    const bool fits = wanted.width() <= widget.width() && wanted.height() <= widget.height();
+    return fits ? QString() : complaint(wanted);
+}
+
+QStringList cutIn(const QWidget& view) {
+    QStringList cuts;
+    for (const QWidget* widget : view.findChildren<QWidget*>()) {
+        const bool isName = widget->objectName() == "quorviTextProfile"; // the user's, of any length
+        if (!widget->isVisibleTo(&view) || widget->window() != view.window() || isName)
+            continue;
+        if (const QString cut = cutOf(*widget); !cut.isEmpty())
+            cuts << cut;
+    }
+    return cuts;
+}
+
+} // namespace
+
+class FitTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        QFont font = QApplication::font();
+        font.setPointSizeF(kLetters);
+        QApplication::setFont(font);
+    }
+
+    void theWindowFitsASmallScreenUncut_data() { eachLanguage(); }
+    void theWindowFitsASmallScreenUncut() {
+        const Panel panel;
+        panel.open(kOpens);
+        QVERIFY2(panel.view().width() <= kScreen.width() - kDecoration.width(),
+            qPrintable(QString::number(panel.view().width())));
+        QVERIFY2(
+            panel.view().height() <= kScreen.height() - kDecoration.height(), qPrintable(panel.heights()));
+        QCOMPARE(panel.cutsOnTabs().join("; "), QString());
+    }
+
+    void aLargeWindowIsUncut_data() { eachLanguage(); }
+    void aLargeWindowIsUncut() {
+        const Panel panel;
+        panel.open({1600, 1000});
+        QCOMPARE(panel.cutsOnTabs().join("; "), QString());
+    }
+
+    void largeLettersAreUncut_data() { eachLanguage(); }
+    void largeLettersAreUncut() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(14.0);
+        QApplication::setFont(large);
+        {
+            const Panel panel;
+            panel.open(kOpens);
+            QCOMPARE(panel.cutsOnTabs().join("; "), QString());
+        }
+        QApplication::setFont(before);
+    }
+
+    void theSheetsFitASmallScreenUncut_data() { eachLanguage(); }
+    void theSheetsFitASmallScreenUncut() {
+        const Panel panel;
+        const QStringList questions{"Are you sure you want to restore all settings to default?",
+            "Delete profile: ^1\r\rAre you sure you want to delete this profile?"};
+        for (const QString& question : questions) {
+            panel.spoken.views->confirm.quorviTextConfirm->setText(
+                panel.spoken.text(question).replace("^1", "WWWWWWWWWWWWWWWWWWWW"));
+            for (QDialog* sheet : panel.view().findChildren<QDialog*>()) {
+                sheet->show();
+                QCoreApplication::processEvents();
+                QVERIFY2(
+                    sheet->width() <= kScreen.width() - kDecoration.width(), qPrintable(sheet->objectName()));
+                QVERIFY2(sheet->height() <= kScreen.height() - kDecoration.height(),
+                    qPrintable(sheet->objectName()));
+                QCOMPARE(cutIn(*sheet).join("; "), QString());
+                sheet->hide();
+            }
+        }
+    }
+
+    void theStateOfARecordingIsUncut_data() { eachLanguage(); }
+    void theStateOfARecordingIsUncut() {
+        const Panel panel;
+        panel.open(kOpens);
+        panel.spoken.views->main.quorviTabsMain->setCurrentIndex(3);
+        QLabel* state = panel.spoken.views->main.textRecording;
+        for (const char* english : {"Recording: 1 step left", "Recording: ^1 steps left",
+                 "Recording: no steps left", "Recording over step ^1"}) {
+            state->setText(panel.spoken.text(english).replace("^1", "16"));
+            QCoreApplication::processEvents();
+            QCOMPARE(cutOf(*state), QString());
+        }
+    }
+
+  private:
+    struct Panel {
+        Panel() : spoken(currentLanguage().toStdString()) {
+            spoken.views->main.quorviTabsShowHideSteps->setCurrentIndex(0);
+            for (auto* table : view().findChildren<KyvarQuorviTableView*>()) {
+                auto* model = new QStandardItemModel(0, 0, table);
+                QStringList titles;
+                for (const TableColumn& column : tableColumns(table->tag()))
+                    titles << spoken.text(column.title);
+                model->setHorizontalHeaderLabels(titles);
+                table->setModel(model);
+            }
+            auto& main = spoken.views->main;
+            main.quorviTextConnection->setText(
+                spoken.text("Switch the mouse on, and plug its cable or its receiver in."));
+            // Five of the longest.
+            main.quorviViewStages->setStages(QList<StageField>(5, {"6475 × 6450", 6475, 6450}), 0);
+            main.quorviTextDPI->setText("X = 6475, Y = 6475 DPI");
+        }
+        [[nodiscard]] QWidget& view() const { return *spoken.view; }
+        void open(const QSize& size) const {
+            view().resize(size);
+            view().show();
+            QCoreApplication::processEvents();
+        }
+        /// Both pages beside the macros, and both hints below the profiles.
+        [[nodiscard]] QStringList cutsOnTabs() const {
+            QStringList cuts;
+            auto& main = spoken.views->main;
+            for (const int page : {0, 1}) {
+                main.quorviTabsShowHideSteps->setCurrentIndex(page);
+                for (int tab = 0; tab < main.quorviTabsMain->count(); ++tab) {
+                    main.quorviTabsMain->setCurrentIndex(tab);
+                    QCoreApplication::processEvents();
+                    cuts << cutIn(view());
+                }
+                main.textProfilesHint->setText(
+                    spoken.text("Add a profile with the + button for each other way of using the mouse. "
+                                "The gear button assigns it an application."));
+            }
+            cuts.removeDuplicates();
+            return cuts;
+        }
+        /// What each tab needs, to be told when they are too high.
+        [[nodiscard]] QString heights() const {
+            QString heights = QString::number(view().height());
+            for (int tab = 0; tab < spoken.views->main.quorviTabsMain->count(); ++tab) {
+                const QWidget* page = spoken.views->main.quorviTabsMain->widget(tab);
+                heights += QString(", %1 %2").arg(page->objectName()).arg(page->minimumSizeHint().height());
+            }
+            return heights;
+        }
+        SpokenInterface spoken;
+    };
+
+    static QString currentLanguage() { return QTest::currentDataTag(); }
+
+    static void eachLanguage() {
+        QTest::addColumn<int>("language");
+        for (int i = 0; i < int(std::size(languages)); ++i)
+            QTest::newRow(languages[i]) << i;
+    }
+};
+
+QUORVI_WIDGET_TEST_MAIN(FitTest)
+#include "FitTest.moc"

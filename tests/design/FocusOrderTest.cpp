@@ -1,0 +1,157 @@
+// The Tab key goes where the eye goes, mirrored too, and what has the focus is seen.
+
+#include <QStandardItemModel>
+#include <QStyleFactory>
+#include <QTabBar>
+
+#include "design/Languages.h"
+#include "widgets/WidgetTestMain.h"
+
+using namespace quorvi;
+using namespace quorvi::test;
+
+namespace {
+
+QRect placeOf(const QWidget& widget) {
+    return {widget.mapTo(widget.window(), QPoint()), widget.size()};
+}
+
+/// What the Tab key stops at in the view, in its order.
+QList<QWidget*> stopsIn(QWidget& view) {
+    QList<QWidget*> stops;
+    QWidget* widget = &view;
+    do {
+        const bool isStop = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
+                            widget->isEnabled() && view.isAncestorOf(widget) &&
+                            widget->window() == view.window() && !widget->focusProxy();
+        if (isStop && (widget->objectName().startsWith("quorvi") || qobject_cast<QTabBar*>(widget)))
+            stops << widget;
+        widget = widget->nextInFocusChain();
+    } while (widget != &view);
+    return stops;
+}
+
+/// Reading on from the one, the eye comes to the other: further down, or further along and not up to before.
+bool leadsTo(const QWidget& from, const QWidget& to) {
+    const QRect first = placeOf(from);
+    const QRect second = placeOf(to);
+    // The drawing of the mouse is never mirrored, nor the columns beside it.
+    const bool mirrored = from.parentWidget()->layoutDirection() == Qt::RightToLeft;
+    const bool below = second.top() >= first.bottom();
+    const bool along = mirrored ? second.right() <= first.left() : second.left() >= first.right();
+    return below || along;
+}
+
+QStringList leapsIn(QWidget& view) {
+    QStringList leaps;
+    const QList<QWidget*> stops = stopsIn(view);
+    for (int i = 1; i < stops.size(); ++i)
+        if (!leadsTo(*stops[i - 1], *stops[i]))
+            leaps << stops[i - 1]->objectName() + " to " + stops[i]->objectName();
+    return leaps;
+}
+
+int differentPixels(const QImage& one, const QImage& other) {
+    int different = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            different += one.pixel(x, y) != other.pixel(x, y);
+    return different;
+}
+
+} // namespace
+
+class FocusOrderTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void onEachTabTheKeysFollowTheEye_data() { directions(); }
+    void onEachTabTheKeysFollowTheEye() {
+        const SpokenInterface spoken(QTest::currentDataTag());
+        auto& main = spoken.views->main;
+        main.quorviTabsShowHideSteps->setCurrentIndex(0);
+        spoken.view->show();
+        int stops = 0;
+        for (int tab = 0; tab < main.quorviTabsMain->count(); ++tab) {
+            main.quorviTabsMain->setCurrentIndex(tab);
+            QCoreApplication::processEvents();
+            QCOMPARE(leapsIn(*main.quorviTabsMain->widget(tab)).join("; "), QString());
+            stops += int(stopsIn(*main.quorviTabsMain->widget(tab)).size());
+        }
+        QCOMPARE(stops, 9 + 7 + 5 + 9 + 4);
+    }
+
+    // The ring of stops closes over the buttons at the top, on to the tabs and into the tab that is open.
+    void fromTheTopTheKeysGoToTheTabs_data() { directions(); }
+    void fromTheTopTheKeysGoToTheTabs() {
+        const SpokenInterface spoken(QTest::currentDataTag());
+        auto& main = spoken.views->main;
+        spoken.view->show();
+        QVERIFY(leadsTo(*main.quorviButtonCheckForUpdates, *main.quorviButtonHelp));
+        QList<QWidget*> stops = stopsIn(*spoken.view);
+        QVERIFY(stops.size() > 10);
+        const auto help = stops.indexOf(main.quorviButtonHelp);
+        QCOMPARE(stops[help - 1], main.quorviButtonCheckForUpdates);
+        QCOMPARE(stops[(help + 1) % stops.size()], main.quorviTabsMain->tabBar());
+        QCOMPARE(stops[(help + 2) % stops.size()], main.quorviMenuTop1);
+    }
+
+    void onEachSheetTheKeysFollowTheEye_data() { directions(); }
+    void onEachSheetTheKeysFollowTheEye() {
+        const SpokenInterface spoken(QTest::currentDataTag());
+        for (QDialog* sheet : spoken.view->findChildren<QDialog*>()) {
+            sheet->show();
+            QCoreApplication::processEvents();
+            QVERIFY2(!stopsIn(*sheet).isEmpty(), qPrintable(sheet->objectName()));
+            QCOMPARE(leapsIn(*sheet).join("; "), QString());
+            sheet->hide();
+        }
+    }
+
+    void whatHasTheFocusIsSeen_data() {
+        QTest::addColumn<QString>("style");
+        for (const QString& style : QStyleFactory::keys())
+            QTest::newRow(qPrintable(style)) << style;
+    }
+    void whatHasTheFocusIsSeen() {
+        QFETCH(QString, style);
+        QApplication::setStyle(style);
+        const SpokenInterface spoken("en");
+        auto& main = spoken.views->main;
+        main.quorviTabsShowHideSteps->setCurrentIndex(0);
+        spoken.view->show();
+        spoken.view->setAttribute(Qt::WA_KeyboardFocusChange); // as the Tab key does: some styles wait for it
+        for (auto* table : spoken.view->findChildren<KyvarQuorviTableView*>()) {
+            table->setModel(new QStandardItemModel(2, 2, table));
+            table->setCurrentIndex(table->model()->index(0, 0));
+        }
+        spoken.view->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(spoken.view.get()));
+        for (int tab = 0; tab < main.quorviTabsMain->count(); ++tab) {
+            main.quorviTabsMain->setCurrentIndex(tab);
+            for (QWidget* stop : stopsIn(*spoken.view)) {
+                QWidget* other =
+                    stop == main.quorviButtonHelp ? main.quorviButtonCheckForUpdates : main.quorviButtonHelp;
+                const QRect around = placeOf(*stop).adjusted(-4, -4, 4, 4);
+                other->setFocus(Qt::TabFocusReason);
+                const QImage without = spoken.view->grab(around).toImage();
+                stop->setFocus(Qt::TabFocusReason);
+                QVERIFY(stop->hasFocus() || stop->isAncestorOf(QApplication::focusWidget()));
+                const QImage with = spoken.view->grab(around).toImage();
+                QVERIFY2(differentPixels(without, with) >= leastPixels, qPrintable(stop->objectName()));
+            }
+        }
+    }
+
+  private:
+    static constexpr int leastPixels = 12;
+
+    static void directions() {
+        QTest::addColumn<bool>("mirrored");
+        QTest::newRow("en") << false;
+        QTest::newRow("ar") << true;
+    }
+};
+
+QUORVI_WIDGET_TEST_MAIN(FocusOrderTest)
+#include "FocusOrderTest.moc"
