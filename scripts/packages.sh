@@ -24,5 +24,6 @@ packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)
 packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)
+packages_gallery=(adwaita-qt6)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
