@@ -39,7 +39,9 @@ bool syncToDisk(FileCalls& calls, int file) {
 class Folder {
   public:
     explicit Folder(const fs::path& path)
-        : m_file(::open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+        : m_file(uninterrupted([&] {
+              return ::open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+          })) {}
     ~Folder() {
         if (m_file >= 0)
             ::close(m_file);

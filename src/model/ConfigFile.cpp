@@ -1,5 +1,6 @@
 #include "model/ConfigFile.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "model/ConfigFileStore.h"
@@ -27,11 +28,21 @@ Dictionary contentOf(std::string_view bytes) {
         .dictionary();
 }
 
-/// The file's bytes; none when it cannot be read, which an empty file is no better than.
-Data bytesOf(const fs::path& path) {
-    Data bytes;
-    static_cast<void>(plist::readRegularFile(path, plist::kMaxBytes, bytes));
-    return bytes;
+/// What was read of a file.
+struct Reading {
+    Data bytes;           ///< none when nothing could be read, which an empty file is no better than
+    bool refused = false; ///< there is something that could not be read, perhaps only this time
+};
+
+Reading readingOf(const fs::path& path) {
+    Reading reading;
+    auto status = plist::FileStatus::Ok;
+    do {
+        errno = 0;
+        status = plist::readRegularFile(path, plist::kMaxBytes, reading.bytes);
+    } while (status == plist::FileStatus::NotReadable && errno == EINTR);
+    reading.refused = status == plist::FileStatus::NotReadable && errno != ENOENT && errno != ENOTDIR;
+    return reading;
 }
 
 } // namespace
@@ -39,7 +50,7 @@ Data bytesOf(const fs::path& path) {
 Dictionary ConfigFile::load(std::int32_t minimumVersion, const fs::path& second) {
     if (m_key.empty())
         return {};
-    const Data bytes = bytesOf(m_path);
+    const Data bytes = readingOf(m_path).bytes;
     const auto content = contentOf(textOf(bytes));
     auto tree = content.dictionary(m_key);
     const bool valid = KyvarValidateConfig(tree, minimumVersion);
@@ -51,9 +62,13 @@ Dictionary ConfigFile::load(std::int32_t minimumVersion, const fs::path& second)
 bool ConfigFile::save(const Dictionary& tree, Durability durability) {
     if (m_key.empty() || !tree || m_path.empty())
         return false;
-    const Data bytes = bytesOf(m_path);
-    Dictionary content = isKnown(bytes) ? m_content : contentOf(textOf(bytes));
-    if (isToBeKept(bytes, content) && !keep(bytes, content))
+    const auto [bytes, refused] = readingOf(m_path);
+    // Of a file that cannot be read just now, the keys of others are as they were.
+    Dictionary content = refused || isKnown(bytes) ? m_content : contentOf(textOf(bytes));
+    const bool kept = refused && m_knowledge != Knowledge::nothing
+                          ? keepUnread(m_path, m_calls).has_value()
+                          : !isToBeKept(bytes, content) || keep(bytes, content);
+    if (!kept)
         return false; // better no save than one that loses what others have set
     if (!content)
         content = Dictionary::create();
@@ -72,7 +87,7 @@ bool ConfigFile::save(const Dictionary& tree, Durability durability) {
 bool ConfigFile::holdsAnotherTree(std::int32_t minimumVersion) {
     if (m_knowledge == Knowledge::nothing)
         return false;
-    const Data bytes = bytesOf(m_path);
+    const Data bytes = readingOf(m_path).bytes;
     if (isKnown(bytes))
         return false;
     const auto content = contentOf(textOf(bytes));
@@ -122,7 +137,7 @@ bool ConfigFile::keep(const Data& bytes, const Dictionary& content) {
 }
 
 bool ConfigFile::holds(std::string_view bytes) const {
-    return textOf(bytesOf(m_path)) == bytes;
+    return textOf(readingOf(m_path).bytes) == bytes;
 }
 
 void ConfigFile::remember(std::string bytes, const Dictionary& content, Knowledge knowledge) {

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <set>
 #include <string>
+#include <unistd.h>
 
 #include "model/AtomicFile.h"
 
@@ -30,7 +31,8 @@ std::optional<Number> numberOf(const fs::path& file, const std::string& name) {
     return nameOfCopy(file, number) == name ? std::optional(number) : std::nullopt;
 }
 
-std::set<Number> copiesOf(const fs::path& file) {
+/// The numbers of the copies; nothing when the folder cannot be read, and one of them might be written over.
+std::optional<std::set<Number>> copiesOf(const fs::path& file) {
     std::set<Number> numbers;
     std::error_code error;
     for (fs::directory_iterator entry(file.parent_path(), error), end; !error && entry != end;
@@ -38,7 +40,7 @@ std::set<Number> copiesOf(const fs::path& file) {
         if (const auto number = numberOf(file, entry->path().filename().string()))
             numbers.insert(*number);
     }
-    return numbers;
+    return error ? std::nullopt : std::optional(numbers);
 }
 
 void removeOldest(const fs::path& file, std::set<Number> numbers, FileCalls& calls) {
@@ -46,18 +48,35 @@ void removeOldest(const fs::path& file, std::set<Number> numbers, FileCalls& cal
         calls.unlinkat(AT_FDCWD, (file.parent_path() / nameOfCopy(file, *numbers.begin())).c_str());
 }
 
+/// Has the copy of the next number made by the function, which says whether it was.
+template <typename Make>
+std::optional<fs::path> makeNextCopy(const fs::path& file, FileCalls& calls, Make&& make) {
+    auto numbers = copiesOf(file);
+    if (!numbers)
+        return std::nullopt;
+    const Number next = numbers->empty() ? 1 : *numbers->rbegin() + 1;
+    const fs::path copy = file.parent_path() / nameOfCopy(file, next);
+    if (next == 0 || !make(copy))
+        return std::nullopt;
+    numbers->insert(next);
+    removeOldest(file, *std::move(numbers), calls);
+    return copy;
+}
+
 } // namespace
 
 std::optional<fs::path> keepCopy(const fs::path& file, std::string_view bytes, FileCalls& calls) {
     constexpr mode_t ownerOnly = 0600;
-    std::set<Number> numbers = copiesOf(file);
-    const Number next = numbers.empty() ? 1 : *numbers.rbegin() + 1;
-    const fs::path copy = file.parent_path() / nameOfCopy(file, next);
-    if (next == 0 || !replaceFileAtomically(copy, bytes, calls, Durability::now, ownerOnly))
-        return std::nullopt;
-    numbers.insert(next);
-    removeOldest(file, std::move(numbers), calls);
-    return copy;
+    return makeNextCopy(file, calls, [&](const fs::path& copy) {
+        return replaceFileAtomically(copy, bytes, calls, Durability::now, ownerOnly);
+    });
+}
+
+std::optional<fs::path> keepUnread(const fs::path& file, FileCalls& calls) {
+    return makeNextCopy(file, calls, [&](const fs::path& copy) {
+        return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, copy.c_str(), AT_SYMLINK_FOLLOW) == 0 &&
+               syncFolder(copy.parent_path(), calls);
+    });
 }
 
 } // namespace quorvi

@@ -19,4 +19,9 @@ inline constexpr std::size_t kMaxKeptCopies = 10;
 [[nodiscard]] std::optional<std::filesystem::path> keepCopy(
     const std::filesystem::path& file, std::string_view bytes, FileCalls& calls = systemFileCalls());
 
+/// The same for a file that cannot be read: it gets the copy's name as a second one, so that it outlives its
+/// replacement. Nothing when that cannot be done, as for a link to another disk.
+[[nodiscard]] std::optional<std::filesystem::path> keepUnread(
+    const std::filesystem::path& file, FileCalls& calls = systemFileCalls());
+
 } // namespace quorvi
