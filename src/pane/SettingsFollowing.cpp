@@ -25,6 +25,13 @@ QString pathFromHome(const std::filesystem::path& path, const std::filesystem::p
     return QString::fromStdString("~/" + path.lexically_relative(home).string());
 }
 
+/// The name within a text, which may be written from the right and would turn its parts around.
+QString nameWithin(const QString& text, const QString& name) {
+    constexpr char16_t leftToRightIsolate = u'\u2066';
+    constexpr char16_t endOfIsolate = u'\u2069';
+    return text.isRightToLeft() ? QChar(leftToRightIsolate) + name + QChar(endOfIsolate) : name;
+}
+
 } // namespace
 
 void KyvarQuorviPane::watchSettingsFile() {
@@ -77,8 +84,9 @@ void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
         locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
                                  "use, the other ones are kept in ^1. To use those, close this panel and "
                                  "rename that file to ^2."));
-    text.replace(QStringLiteral("^2"), QString::fromStdString(fSettingsFile.path().filename()));
-    text.replace(QStringLiteral("^1"), pathFromHome(copy, fServices.homeFolder));
+    const QString own = QString::fromStdString(fSettingsFile.path().filename());
+    text.replace(QStringLiteral("^2"), nameWithin(text, own));
+    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy, fServices.homeFolder)));
     fNotice->tell(text);
 }
 
