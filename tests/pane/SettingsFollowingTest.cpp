@@ -250,7 +250,7 @@ class SettingsFollowingTest : public QObject {
             });
             panel.click("quorviButtonEditStages");
         } else if (at == "a menu") {
-            QMenu* menu = openMenuOf(panel.find<QWidget>("quorviMenuTop1"));
+            QMenu* menu = openMenuOf(panel.find<QWidget>("quorviMenuTop3"));
             stayed = writeAndStay() && menu->isVisible();
             menu->close();
         } else if (at == "an edit") {
@@ -295,7 +295,7 @@ class SettingsFollowingTest : public QObject {
         panel.click("quorviBoxLightOnBattery");
         const auto profiles = panel.savedSettings().array("profiles");
         QCOMPARE(profiles.dictionary(1).string("name"), std::u16string(u"Mine"));
-        QCOMPARE(profiles.dictionary(0).integer("ledstate"), 1);
+        QCOMPARE(profiles.dictionary(1).integer("ledstate"), 1); // the renamed profile is the current one
         QCOMPARE(readFile(panel.copy(1)), theirs);
         // From now on it follows again.
         panel.writeSettings(dark());
