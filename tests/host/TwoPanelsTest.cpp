@@ -94,8 +94,8 @@ class TwoPanelsTest : public QObject {
         QCOMPARE(session.home.files().filter(QStringLiteral("kept")), QStringList());
     }
 
-    // The program is its own parent's child here, and strace looks on from aside (-D). It is killed at the
-    // calls that a save makes and nothing else in the program does, so that strace can count them.
+    // At the calls that saves make and nothing else in the program does, so that strace can count them. It
+    // looks on from aside (-D): the child of this test is the program itself.
     void aProgramThatIsKilledInASaveLeavesTheOldFileOrTheNewOne_data() {
         QTest::addColumn<QString>("call");
         for (const char* call : {"fchmod", "fsync", "renameat"})
@@ -104,32 +104,32 @@ class TwoPanelsTest : public QObject {
 
     void aProgramThatIsKilledInASaveLeavesTheOldFileOrTheNewOne() {
         QFETCH(QString, call);
+        const std::string name = call.toStdString();
         int kills = 0;
         for (bool killed = true; killed; kills += int(killed)) {
             QVERIFY(kills < 20);
             Session session;
             session.startHelper();
             session.home.awaitDeviceList();
-            const auto old = UserHome::contentOf(session.home.settingsFile());
-            const auto inject =
-                "inject=" + call.toStdString() + ":signal=KILL:when=" + std::to_string(kills + 1);
-            ChildProcess program({"strace", "-D", "-f", "-qq", "-o", "/dev/null", "-e",
-                "trace=" + call.toStdString(), "-e", inject, QUORVI_SETTINGS});
+            const std::string old = UserHome::contentOf(session.home.settingsFile());
+            ChildProcess program({"strace", "-D", "-f", "-qq", "-o", "/dev/null", "-e", "trace=" + name, "-e",
+                "inject=" + name + ":signal=KILL:when=" + std::to_string(kills + 1), QUORVI_SETTINGS});
             QVERIFY(QTest::qWaitFor(
                 [&] { return !program.isRunning() || session.home.deviceListHasCome(); }, kWindowPatienceMs));
-            killed = !program.isRunning();
-        }, 0);
-        QVERIFY(session.home.deviceListHasCome() || UserHome::contentOf(session.home.settingsFile()) == old);
-        if (!killed)
-            continue;
-        const auto next = session.startSettings(); // saves, because the stage still differs, and cleans up
-        QVERIFY(QTest::qWaitFor([&] { return session.home.deviceListHasCome(); }, kWindowPatienceMs));
-        QTRY_COMPARE(session.home.files().filter(QStringLiteral(".quorvi-")), QStringList());
+            QVERIFY(
+                session.home.deviceListHasCome() || UserHome::contentOf(session.home.settingsFile()) == old);
+            // After the last call of that name it lives on, and is told to end.
+            program.signal(SIGTERM);
+            killed = program.wait() == std::optional(128 + SIGKILL);
+            if (!killed)
+                continue;
+            const auto next = session.startSettings();
+            QVERIFY(QTest::qWaitFor([&] { return session.home.deviceListHasCome(); }, kWindowPatienceMs));
+            QTRY_COMPARE(session.home.files().filter(QStringLiteral(".quorvi-")), QStringList());
+        }
+        QVERIFY(kills > 0);
     }
-    QVERIFY(kills > 0);
-}
-}
-;
+};
 
 QUORVI_SESSION_TEST_MAIN(TwoPanelsTest)
 #include "TwoPanelsTest.moc"
