@@ -74,6 +74,7 @@ void KyvarQuorviPane::actionButtonStepRemove() {
     if (row < 0 || row >= static_cast<int>(fMacroSteps.size()))
         return;
     fMacroSteps.remove(static_cast<std::size_t>(row));
+    fUnsavedEdits = true; // the next action saves it
     reloadData(table);
     const int last = static_cast<int>(fMacroSteps.size()) - 1;
     if (last >= 0)

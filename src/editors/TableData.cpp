@@ -73,6 +73,7 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
 }
 
 void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier, int row) {
+    fUnsavedEdits = true; // the next action saves it
     switch (columnIdentifier) {
     case kProfileNameColumn:
         renameProfile(value, row);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
 #include "model/FileCalls.h"
@@ -20,14 +21,23 @@ enum class Durability {
 /// before the last step, which brings the folder to the disk, and no temporary file stays behind.
 ///
 /// Symbolic links are followed, so that a settings file kept elsewhere stays there; a dangling link creates
-/// its target. An old file's mode is kept, and its owner where the system permits; a new one has the mode
-/// that the process's mask leaves of 0666. The folder must exist. Only a regular file is replaced: a folder,
-/// a device or a FIFO at the path fails at once.
+/// its target. An old file's mode is kept, and its owner where the system permits; a new one has what the
+/// process's mask leaves of the mode given. The folder must exist. Only a regular file is replaced: a folder,
+/// a device or a FIFO at the path fails at once. Calls that a signal interrupts are made again.
+///
+/// A process that is killed on the way leaves its temporary file; see removeLeftovers.
 [[nodiscard]] bool replaceFileAtomically(const std::filesystem::path& path, std::string_view bytes,
-    FileCalls& calls = systemFileCalls(), Durability durability = Durability::now);
+    FileCalls& calls = systemFileCalls(), Durability durability = Durability::now, mode_t modeOfNew = 0666);
 
 /// Brings what was replaced with Durability::later to the disk: the file's data, and its name in the folder.
 /// Symbolic links are followed. False when there is no regular file at the path, or it cannot be synced.
 [[nodiscard]] bool syncFile(const std::filesystem::path& path, FileCalls& calls = systemFileCalls());
+
+/// Brings the names in the folder to the disk. False when it cannot be opened or synced.
+[[nodiscard]] bool syncFolder(const std::filesystem::path& path, FileCalls& calls = systemFileCalls());
+
+/// The path without symbolic links in its last component, so the file that a replacement would replace;
+/// nothing for a loop.
+[[nodiscard]] std::optional<std::filesystem::path> followLinks(std::filesystem::path path);
 
 } // namespace quorvi

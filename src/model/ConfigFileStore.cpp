@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "model/ConfigFile.h"
 #include "model/Keys.h"
 #include "plist/Reader.h"
-#include "plist/Writer.h"
 
 namespace quorvi {
 
@@ -14,10 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 using plist::Dictionary;
 
-Dictionary topDictionary(const fs::path& path) {
-    return plist::readPropertyListFile(path).value.dictionary();
-}
-
 bool hasAll(const Dictionary& dictionary, std::initializer_list<std::string_view> required) {
     return std::all_of(required.begin(), required.end(), [&](auto key) { return dictionary.has(key); });
 }
@@ -25,7 +21,7 @@ bool hasAll(const Dictionary& dictionary, std::initializer_list<std::string_view
 } // namespace
 
 Dictionary storedTree(std::string_view key, const fs::path& path) {
-    return topDictionary(path).dictionary(key);
+    return plist::readPropertyListFile(path).value.dictionary().dictionary(key);
 }
 
 Dictionary KyvarLoadConfigFromFile(
@@ -43,14 +39,7 @@ Dictionary KyvarLoadConfigFromFile(
 
 bool KyvarSaveConfigToFile(std::string_view key, const Dictionary& tree, const fs::path& path,
     FileCalls& calls, Durability durability) {
-    if (key.empty() || !tree || path.empty())
-        return false;
-    auto container = topDictionary(path);
-    if (!container)
-        container = Dictionary::create();
-    container.set(key, tree);
-    const auto xml = plist::writeXml(container);
-    return xml && replaceFileAtomically(path, *xml, calls, durability);
+    return ConfigFile(key, path, calls).save(tree, durability);
 }
 
 bool KyvarValidateConfig(const Dictionary& tree, std::int32_t minimumVersion) {

@@ -3,6 +3,7 @@
 #include "model/AtomicFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
+#include "model/Leftovers.h"
 #include "model/NamingRule.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
@@ -28,6 +29,7 @@ plist::Dictionary readMacroFile(const std::filesystem::path& path) {
 }
 
 bool writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path) {
+    removeLeftovers(path); // an export leaves them wherever the user exports to
     const auto text = plist::writeXml(item);
     return text && replaceFileAtomically(path, *text);
 }

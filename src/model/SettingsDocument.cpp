@@ -46,14 +46,18 @@ bool isDangling(const Dictionary& assignment, const Array& profiles, const Array
     }
 }
 
-/// Only the two folders that the platform is expected to have; a missing home folder is not created.
-void createPreferencesFolder(const fs::path& file) {
+/// Only the two folders that the platform is expected to have; a missing home folder is not created. False
+/// when a folder that was made cannot be brought to the disk, as the file in it is going to be.
+bool createPreferencesFolder(const fs::path& file, FileCalls& calls) {
     constexpr mode_t ownerOnly = 0700;
     const auto preferences = file.parent_path();
     for (const auto& folder : {preferences.parent_path(), preferences}) {
-        if (!folder.empty())
-            ::mkdir(folder.c_str(), ownerOnly); // whatever fails here fails the save itself
+        // A folder that cannot be made fails the save itself.
+        if (!folder.empty() && ::mkdir(folder.c_str(), ownerOnly) == 0 &&
+            !syncFolder(folder.parent_path(), calls))
+            return false;
     }
+    return true;
 }
 
 } // namespace
@@ -92,9 +96,26 @@ void cleanUpSettings(const Dictionary& tree) {
 
 bool saveSettings(
     const Dictionary& tree, const fs::path& userSettings, FileCalls& calls, Durability durability) {
-    if (tree)
-        createPreferencesFolder(userSettings);
-    return KyvarSaveConfigToFile(keys::storage, tree, userSettings, calls, durability);
+    ConfigFile file(keys::storage, userSettings, calls);
+    return saveSettings(tree, file, durability);
+}
+
+ConfigFile userSettingsFile(const fs::path& home, FileCalls& calls) {
+    return {keys::storage, userSettingsPath(home), calls};
+}
+
+Dictionary loadSettings(ConfigFile& userSettings, const fs::path& defaults) {
+    return userSettings.load(limits::minimumVersion, defaults);
+}
+
+bool othersChangedSettings(ConfigFile& userSettings) {
+    return userSettings.holdsAnotherTree(limits::minimumVersion);
+}
+
+bool saveSettings(const Dictionary& tree, ConfigFile& userSettings, Durability durability) {
+    if (tree && !createPreferencesFolder(userSettings.path(), userSettings.calls()))
+        return false;
+    return userSettings.save(tree, durability);
 }
 
 } // namespace quorvi

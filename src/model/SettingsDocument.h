@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "model/AtomicFile.h"
+#include "model/ConfigFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {
@@ -26,9 +27,20 @@ namespace quorvi {
 /// numbers beyond the count are cleared. Does nothing without a tree (nil), and does not save.
 void cleanUpSettings(const plist::Dictionary& tree);
 
+/// The user's settings file for a party that loads and saves it again and again; the calls have to outlive
+/// it.
+[[nodiscard]] ConfigFile userSettingsFile(
+    const std::filesystem::path& home, FileCalls& calls = systemFileCalls());
+[[nodiscard]] plist::Dictionary loadSettings(ConfigFile& userSettings, const std::filesystem::path& defaults);
+/// Whether somebody else has put other valid settings there; see ConfigFile::holdsAnotherTree.
+[[nodiscard]] bool othersChangedSettings(ConfigFile& userSettings);
+/// As saveSettings below; see ConfigFile::save for what else it does.
+[[nodiscard]] bool saveSettings(
+    const plist::Dictionary& tree, ConfigFile& userSettings, Durability durability = Durability::now);
+
 /// Stores the tree in the user's settings file; see KyvarSaveConfigToFile for the result. The two folders
 /// above the file ("Library/Preferences") are created when missing, closed to others, because nobody else
-/// creates them here.
+/// creates them here, and brought to the disk.
 [[nodiscard]] bool saveSettings(const plist::Dictionary& tree, const std::filesystem::path& userSettings,
     FileCalls& calls = systemFileCalls(), Durability durability = Durability::now);
 

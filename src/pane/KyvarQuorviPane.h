@@ -19,7 +19,9 @@
 
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
+#include "model/ConfigFile.h"
 #include "pane/PaneServices.h"
+#include "platform/FileWatcher.h"
 #include "platform/FocusObserver.h"
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardGrab.h"
@@ -41,6 +43,7 @@ class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
+class NoticeBar;
 class PopUpButton;
 class TableModel;
 
@@ -78,14 +81,21 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
 
     // Settings document (pane/Settings.cpp)
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
-    [[nodiscard]] plist::Dictionary loadSettings() const;
+    [[nodiscard]] plist::Dictionary loadSettings();
     /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
     /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
-    /// only when the drag ends.
+    /// only when the drag ends. Settings of another program that the panel has not followed are kept as a
+    /// copy first, and the user is told.
     bool saveSettings(const plist::Dictionary& tree);
     void dragDidBegin();
     /// Brings to the disk what was saved during the drag.
     void dragDidEnd();
+
+    // Others at the settings file (pane/SettingsFollowing.cpp)
+    /// Takes over the settings that another program has put into the file, without saving or sending
+    /// anything; later when the user is at something that this would break off, and not at all while there
+    /// are changes that no file has yet.
+    void followSettingsFile();
 
     // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
     void syncUIWithDeviceConfig();
@@ -269,9 +279,17 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
 
+    void watchSettingsFile();
+    [[nodiscard]] bool userIsAtSomething() const;
+    void followSettingsFileWhenFree();
+    void tellOfKeptCopy(const std::filesystem::path& copy);
+
+    enum class Repairs { saved, inMemoryAlone };
+    void showSettingsOfFile(Repairs repairs);
     void selectCurrentProfileQuietly();
     void alignIndependentAxes();
-    void alignStageWithSettings();
+    /// Whether anything had to be changed.
+    bool alignStageWithSettings();
     void updateSensitivityUI();
     [[nodiscard]] plist::Array editedStages() const;
     [[nodiscard]] std::int32_t editedStageIndex() const;
@@ -325,7 +343,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
-    QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window was quicker
+    ConfigFile fSettingsFile;
+    FileWatcher fSettingsWatcher;
+    std::unique_ptr<QObject> fFollowLater; ///< hears of the end of what the user is at; else null
+    NoticeBar* fNotice = nullptr;          ///< null until there is something to tell
+    QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
     ModalSessions fModalSessions;
@@ -336,8 +358,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
-    bool fDragging = false;    ///< the mouse is down on a slider
-    bool fSyncPending = false; ///< the settings file was written and is not known to be on the disk
+    bool fDragging = false;     ///< the mouse is down on a slider
+    bool fSyncPending = false;  ///< the settings file was written and is not known to be on the disk
+    bool fUnsavedEdits = false; ///< the tree holds changes of the user's that no file has yet
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

@@ -8,6 +8,8 @@
 #include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
+#include "model/Leftovers.h"
+#include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
@@ -31,7 +33,8 @@ QString inItsDirection(const QString& text) {
 KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 
 KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
-    : fServices(std::move(services)), fMainView(new QWidget) {
+    : fServices(std::move(services)), fSettingsFile(userSettingsFile(fServices.homeFolder, fServices.files)),
+      fMainView(new QWidget) {
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
     setInterfaceTextLookup([this](const QString& english) { return inItsDirection(locString(english)); });
@@ -42,6 +45,7 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KyvarQuorviPane::updateKeyboardGrab);
+    connect(&fSettingsWatcher, &FileWatcher::fileChanged, this, &KyvarQuorviPane::followSettingsFile);
     fViews->quorviPanelSingleKey->installEventFilter(this);
 }
 
@@ -88,6 +92,9 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fStringNoMacro = fViews->main.textNoMacro->text();
     fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
+    // Nobody has to wait for this.
+    QMetaObject::invokeMethod(
+        this, [this] { removeLeftovers(fSettingsFile.path(), fServices.files); }, Qt::QueuedConnection);
 }
 
 void KyvarQuorviPane::nameKeys() {
@@ -135,10 +142,15 @@ void KyvarQuorviPane::willUnselect() {
     sendMessageToHelper(kMessagePaneShown, 0);
     removeEventHandlers();
     fFocus.stop();
+    fSettingsWatcher.stop();
+    fFollowLater.reset();
     if (fDeviceConfig) {
+        if (!fUnsavedEdits && othersChangedSettings(fSettingsFile))
+            showSettingsOfFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
         saveSettings(fDeviceConfig);
         fDeviceConfig = {};
     }
+    fSettingsFile.forget();
     editProfileIndex(-1);
     editMacroIndex(-1);
 }
@@ -150,6 +162,7 @@ void KyvarQuorviPane::sysPrefDidResignActive() {
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
     updateUI();
+    followSettingsFile();
 }
 
 void KyvarQuorviPane::sysPrefWindowDidResignKey() {

@@ -19,17 +19,22 @@ plist::Dictionary KyvarQuorviPane::getDefaultSettings() const {
     return quorvi::getDefaultSettings(defaultsFile(fServices.bundle));
 }
 
-plist::Dictionary KyvarQuorviPane::loadSettings() const {
-    return quorvi::loadSettings(userSettingsPath(fServices.homeFolder), defaultsFile(fServices.bundle));
+plist::Dictionary KyvarQuorviPane::loadSettings() {
+    return quorvi::loadSettings(fSettingsFile, defaultsFile(fServices.bundle));
 }
 
 bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
     const Durability durability = fDragging ? Durability::later : Durability::now;
-    if (!quorvi::saveSettings(tree, userSettingsPath(fServices.homeFolder), fServices.files, durability))
-        return false;
-    fSyncPending = fDragging;
-    sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
-    return true;
+    const bool saved = quorvi::saveSettings(tree, fSettingsFile, durability);
+    fUnsavedEdits = !saved;
+    if (saved) {
+        fSyncPending = fDragging;
+        sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+        watchSettingsFile();
+    }
+    if (const auto copy = fSettingsFile.takeKeptCopy())
+        tellOfKeptCopy(*copy);
+    return saved;
 }
 
 void KyvarQuorviPane::dragDidBegin() {
@@ -40,10 +45,10 @@ void KyvarQuorviPane::dragDidEnd() {
     fDragging = false;
     // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
     // anew.
-    if (std::exchange(fSyncPending, false) &&
-        !syncFile(userSettingsPath(fServices.homeFolder), fServices.files))
+    if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
         saveSettings(fDeviceConfig);
     updateDpiOnMouse();
+    followSettingsFile();
 }
 
 } // namespace quorvi

@@ -14,7 +14,15 @@ namespace quorvi {
 
 void KyvarQuorviPane::syncUIWithDeviceConfig() {
     startStopRecording(false, false);
+    showSettingsOfFile(Repairs::saved);
+    watchSettingsFile();
+    if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
+        modalDialog(fViews->quorviPanelNoDevice);
+}
+
+void KyvarQuorviPane::showSettingsOfFile(Repairs repairs) {
     fDeviceConfig = loadSettings();
+    fUnsavedEdits = false;
     cleanUpSettings(fDeviceConfig);
     editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
     editMacroIndex(-1);
@@ -27,12 +35,10 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
     updateProfilesSubmenu();
     updateMacrosSubmenu();
     alignIndependentAxes();
-    alignStageWithSettings();
+    if (alignStageWithSettings() && repairs == Repairs::saved)
+        saveSettings(fDeviceConfig);
     updateUI();
     updateSensitivityStagesUI();
-
-    if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
-        modalDialog(fViews->quorviPanelNoDevice);
 }
 
 void KyvarQuorviPane::selectCurrentProfileQuietly() {
@@ -50,14 +56,14 @@ void KyvarQuorviPane::alignIndependentAxes() {
             holder.set(keys::independentXY, independent);
 }
 
-void KyvarQuorviPane::alignStageWithSettings() {
+bool KyvarQuorviPane::alignStageWithSettings() {
     const std::int32_t x = fSettings.integer(keys::dpiX);
     const std::int32_t y = fSettings.integer(keys::dpiY);
     if (fStage.integer(keys::dpiX) == x && fStage.integer(keys::dpiY) == y)
-        return;
+        return false;
     fStage.set(keys::dpiX, x);
     fStage.set(keys::dpiY, y);
-    saveSettings(fDeviceConfig);
+    return true;
 }
 
 } // namespace quorvi

@@ -3,7 +3,6 @@
 #include <QTest>
 
 #include <charconv>
-#include <fstream>
 
 #include "platform/events/DeviceList.h"
 #include "platform/events/ProcessName.h"
@@ -22,11 +21,6 @@ constexpr char kHelperName[] = "KyvarQuorviHelper";
 void require(Status status) {
     if (status != noErr)
         qFatal("the helper does not do as it is told: %d", int(status));
-}
-
-std::string contentOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 pid_t processId(const fs::path& folder) {
@@ -62,7 +56,7 @@ std::vector<pid_t> Session::helpers() const {
     for (const auto& process : fs::directory_iterator("/proc", error)) {
         const pid_t id = processId(process.path());
         if (id != 0 && fs::read_symlink(process.path() / "exe", error).filename() == kHelperName &&
-            contentOf(process.path() / "environ").find(ours) != std::string::npos)
+            UserHome::contentOf(process.path() / "environ").find(ours) != std::string::npos)
             result.push_back(id);
     }
     return result;

@@ -1,9 +1,11 @@
-// Two settings applications at once, of one user each time with settings of their own, and one helper.
+// Two settings applications at once with one helper: with settings of their own each, and at one file.
 
+#include <QAbstractSlider>
 #include <QTest>
 
 #include <csignal>
 
+#include "host/OpenWindow.h"
 #include "host/Session.h"
 #include "support/SessionTestMain.h"
 #include "support/WindowTools.h"
@@ -63,6 +65,69 @@ class TwoPanelsTest : public QObject {
         QVERIFY(staying.getsTheList());
         QCOMPARE(session.panelsToldOfDetaching(), 1);
         QVERIFY(staying.program->isRunning());
+    }
+
+    // The second panel is the program; the first one is in this process, where it can be looked at.
+    void panelsAtOneFileFollowEachOther() {
+        const Session session;
+        const OpenWindow window;
+        QVERIFY(window.showsMouse());
+        const auto program = session.startSettings();
+        session.home.awaitDeviceList(); // also another program that writes the file
+        QTRY_COMPARE_WITH_TIMEOUT(
+            window.find<QAbstractSlider>("quorviSliderSensitivityX")->value(), 1200, kWindowPatienceMs);
+        QVERIFY(!session.home.deviceListHasCome()); // nobody saves because of it
+        QTRY_VERIFY_WITH_TIMEOUT(session.panelsToldOfDetaching() == 2, kWindowPatienceMs);
+        session.attach();
+        QVERIFY(window.showsMouse());
+        QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
+
+        // What the one saves, the other one has when it is closed and saves in its turn.
+        window.clickTab(4);
+        const int lights = session.home.savedLights();
+        window.click("quorviBoxLightOnWheel");
+        QCOMPARE(session.home.savedLights(), lights ^ 1);
+        program->signal(SIGTERM);
+        QCOMPARE(program->wait(), std::optional(0));
+        QCOMPARE(session.home.savedLights(), lights ^ 1);
+        QCOMPARE(session.recordByte(kFirstProfileLights), lights ^ 1);
+        QCOMPARE(session.home.files().filter(QStringLiteral("kept")), QStringList());
+    }
+
+    // At the calls that saves make and nothing else in the program does, so that strace can count them. It
+    // looks on from aside (-D): the child of this test is the program itself.
+    void aProgramThatIsKilledInASaveLeavesTheOldFileOrTheNewOne_data() {
+        QTest::addColumn<QString>("call");
+        for (const char* call : {"fchmod", "fsync", "renameat"})
+            QTest::newRow(call) << call;
+    }
+
+    void aProgramThatIsKilledInASaveLeavesTheOldFileOrTheNewOne() {
+        QFETCH(QString, call);
+        const std::string name = call.toStdString();
+        int kills = 0;
+        for (bool killed = true; killed; kills += int(killed)) {
+            QVERIFY(kills < 20);
+            Session session;
+            session.startHelper();
+            session.home.awaitDeviceList();
+            const std::string old = UserHome::contentOf(session.home.settingsFile());
+            ChildProcess program({"strace", "-D", "-f", "-qq", "-o", "/dev/null", "-e", "trace=" + name, "-e",
+                "inject=" + name + ":signal=KILL:when=" + std::to_string(kills + 1), QUORVI_SETTINGS});
+            QVERIFY(QTest::qWaitFor(
+                [&] { return !program.isRunning() || session.home.deviceListHasCome(); }, kWindowPatienceMs));
+            QVERIFY(
+                session.home.deviceListHasCome() || UserHome::contentOf(session.home.settingsFile()) == old);
+            // After the last call of that name it lives on, and is told to end.
+            program.signal(SIGTERM);
+            killed = program.wait() == std::optional(128 + SIGKILL);
+            if (!killed)
+                continue;
+            const auto next = session.startSettings();
+            QVERIFY(QTest::qWaitFor([&] { return session.home.deviceListHasCome(); }, kWindowPatienceMs));
+            QTRY_COMPARE(session.home.files().filter(QStringLiteral(".quorvi-")), QStringList());
+        }
+        QVERIFY(kills > 0);
     }
 };
 

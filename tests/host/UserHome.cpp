@@ -2,6 +2,9 @@
 
 #include <QDirIterator>
 
+#include <fstream>
+#include <iterator>
+
 #include "model/SettingsDocument.h"
 
 namespace quorvi::test {
@@ -30,6 +33,11 @@ QStringList UserHome::files() const {
         result << home.relativeFilePath(file.next());
     result.sort();
     return result;
+}
+
+std::string UserHome::contentOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 plist::Dictionary UserHome::savedSettings() const {

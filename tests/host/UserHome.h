@@ -19,6 +19,9 @@ class UserHome {
     /// Every file below the folder, by its path from there, in order.
     [[nodiscard]] QStringList files() const;
 
+    /// The bytes of a file; none when there is none.
+    [[nodiscard]] static std::string contentOf(const std::filesystem::path& file);
+
     /// The tree of the settings file; nil unless there is a file and it is valid.
     [[nodiscard]] plist::Dictionary savedSettings() const;
     [[nodiscard]] std::int32_t savedLights() const;      ///< of the first profile

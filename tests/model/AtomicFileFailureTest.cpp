@@ -5,69 +5,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <string>
-#include <sys/stat.h>
-#include <unistd.h>
-#include <vector>
+#include <tuple>
 
+#include "model/ScriptedCalls.h"
 #include "support/Files.h"
 
 namespace quorvi {
 namespace {
 
 using namespace test;
-using Log = std::vector<std::string>;
+using Log = ScriptedCalls::Log;
 using Names = std::set<std::string>;
-
-/// Writes the calls down and passes them on to the system, unless one is to fail.
-class ScriptedCalls : public FileCalls {
-  public:
-    Log log;
-    /// Fails the call of this name, every time or (with failures above 0) that many times.
-    std::string failing;
-    int failures = -1;
-    int error = EIO;
-    std::size_t longestWrite = SIZE_MAX;
-
-    int openat(int folder, const char* name, int flags, mode_t mode) override {
-        return fails("open") ? -1 : FileCalls::openat(folder, name, flags, mode);
-    }
-    ssize_t write(int file, const void* bytes, std::size_t count) override {
-        return fails("write") ? -1 : FileCalls::write(file, bytes, std::min(count, longestWrite));
-    }
-    int fchown(int file, uid_t owner, gid_t group) override {
-        return fails("chown") ? -1 : FileCalls::fchown(file, owner, group);
-    }
-    int fchmod(int file, mode_t mode) override { return fails("chmod") ? -1 : FileCalls::fchmod(file, mode); }
-    int fsync(int file) override {
-        return fails(isFolder(file) ? "sync folder" : "sync file") ? -1 : FileCalls::fsync(file);
-    }
-    int close(int file) override {
-        const int result = FileCalls::close(file);
-        return fails("close") ? -1 : result;
-    }
-    int renameat(int folder, const char* from, const char* to) override {
-        return fails("rename") ? -1 : FileCalls::renameat(folder, from, to);
-    }
-    int unlinkat(int folder, const char* name) override {
-        return fails("unlink") ? -1 : FileCalls::unlinkat(folder, name);
-    }
-
-  private:
-    static bool isFolder(int file) {
-        struct stat status = {};
-        return ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
-    }
-    bool fails(const std::string& call) {
-        log.push_back(call);
-        if (call != failing || failures == 0)
-            return false;
-        --failures;
-        errno = error;
-        return true;
-    }
-};
 
 class AtomicFileCalls : public testing::Test {
   protected:
@@ -143,18 +91,6 @@ TEST_F(AtomicFileCalls, failWhenNothingIsWrittenAtAll) {
     EXPECT_EQ(readFile(path()), "old");
 }
 
-TEST_F(AtomicFileCalls, repeatInterruptedWritesAndSyncs) {
-    for (const auto* call : {"write", "sync file", "sync folder"}) {
-        calls.failing = call;
-        calls.failures = 3;
-        calls.error = EINTR;
-        calls.log.clear();
-        EXPECT_TRUE(replace(call)) << call;
-        EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), call), 4);
-        EXPECT_EQ(readFile(path()), call);
-    }
-}
-
 TEST_F(AtomicFileCalls, tryAnotherNameForTheTemporaryFile) {
     calls.failing = "open";
     calls.failures = 3;
@@ -200,18 +136,83 @@ TEST_F(AtomicFileCalls, closeTheTemporaryFileOnce) {
     EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), "close"), 1);
 }
 
-class AtomicFileFailure : public AtomicFileCalls, public testing::WithParamInterface<const char*> {};
+TEST_F(AtomicFileCalls, takeAnInterruptedCloseForOne) {
+    calls.failing = "close";
+    calls.error = EINTR;
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), "close"), 1);
+    EXPECT_EQ(readFile(path()), "new");
+}
 
-TEST_P(AtomicFileFailure, leavesTheOldFileAndNoTemporary) {
-    calls.failing = GetParam();
+TEST_F(AtomicFileCalls, goOnUnderTheOwnOwnerWhenTheOldOneIsRefused) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root may give files away";
+    ASSERT_EQ(::chown(path().c_str(), 65534, 65534), 0);
+    calls.failing = "chown";
+    for (const auto& [name, error] : kFileErrors) {
+        calls.error = error;
+        EXPECT_TRUE(replace(name)) << name;
+        EXPECT_EQ(readFile(path()), name);
+    }
+}
+
+TEST_F(AtomicFileCalls, removeTheTemporaryFileThoughInterrupted) {
+    calls.failing = "rename";
     EXPECT_FALSE(replace());
-    EXPECT_EQ(readFile(path()), "old");
+    calls.failing = "unlink";
+    calls.failures = 2;
+    calls.error = EINTR;
+    calls.longestWrite = 0; // fails as well
+    EXPECT_FALSE(replace());
+    EXPECT_EQ(names(), Names{"file"});
+}
+
+/// Every call of a replacement and every error.
+class AtomicFileFailure : public AtomicFileCalls,
+                          public testing::WithParamInterface<std::tuple<const char*, FileError>> {
+  protected:
+    AtomicFileFailure() {
+        calls.failing = std::get<0>(GetParam());
+        calls.error = std::get<1>(GetParam()).number;
+        calls.failures = 1;
+    }
+};
+
+TEST_P(AtomicFileFailure, leavesTheOldFileAndNoTemporaryAndTheNextReplacementSucceeds) {
+    EXPECT_FALSE(replace());
+    // The folder is synced when the new file is there already; it is not said to be safe.
+    EXPECT_EQ(readFile(path()), calls.failing == "sync folder" ? "new" : "old");
+    EXPECT_EQ(modeOf(path()), 0640U);
+    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_TRUE(replace("next"));
+    EXPECT_EQ(readFile(path()), "next");
+    EXPECT_EQ(names(), Names{"file"});
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryCallAndError, AtomicFileFailure,
+    testing::Combine(testing::Values("open", "write", "chmod", "sync file", "close", "rename", "sync folder"),
+        testing::ValuesIn(kFileErrors)),
+    [](const auto& tested) {
+        std::string call = std::get<0>(tested.param);
+        std::replace(call.begin(), call.end(), ' ', '_');
+        return call + "_" + std::get<1>(tested.param).name;
+    });
+
+class AtomicFileInterruption : public AtomicFileCalls, public testing::WithParamInterface<const char*> {};
+
+TEST_P(AtomicFileInterruption, isTriedAgain) {
+    calls.failing = GetParam();
+    calls.failures = 3;
+    calls.error = EINTR;
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), calls.failing), 4);
+    EXPECT_EQ(readFile(path()), "new");
     EXPECT_EQ(modeOf(path()), 0640U);
     EXPECT_EQ(names(), Names{"file"});
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    EveryCall, AtomicFileFailure, testing::Values("open", "write", "chmod", "sync file", "close", "rename"));
+INSTANTIATE_TEST_SUITE_P(EveryCall, AtomicFileInterruption,
+    testing::Values("open", "write", "chmod", "sync file", "rename", "sync folder"));
 
 } // namespace
 } // namespace quorvi

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "model/AtomicFile.h"
+#include "model/Leftovers.h"
 #include "pane/loginitems/Files.h"
 #include "platform/applications/DesktopEntryKeys.h"
 
@@ -124,6 +125,8 @@ Status AutostartLoginItemStore::apply(
     const std::vector<Change>& changes, const std::vector<std::size_t>& leftOut) {
     if (const Status status = changes.empty() ? noErr : makeFolder(m_folder); status != noErr)
         return status;
+    if (!changes.empty())
+        removeLeftovers(pathOf(changes.front().fileName), m_calls);
     for (const auto& change : changes)
         if (!replaceFileAtomically(pathOf(change.fileName), change.text, m_calls))
             return ioErr;

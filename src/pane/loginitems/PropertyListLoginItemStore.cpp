@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "model/AtomicFile.h"
+#include "model/Leftovers.h"
 #include "pane/loginitems/Files.h"
 #include "plist/Reader.h"
 #include "plist/Unicode.h"
@@ -83,6 +84,7 @@ Status PropertyListLoginItemStore::write(const LoginItems& items) {
     const auto text = plist::writeXml(m_root);
     if (!text)
         return memFullErr;
+    removeLeftovers(m_path, m_calls);
     return replaceFileAtomically(m_path, *text, m_calls) ? noErr : ioErr;
 }
 

@@ -170,7 +170,7 @@ void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
 }
 
 void KyvarQuorviTableView::abortEditing() {
-    if (state() != EditingState)
+    if (!isEditing())
         return;
     for (int row = 0; row < model()->rowCount(); ++row)
         for (int column = 0; column < model()->columnCount(); ++column)

@@ -55,6 +55,8 @@ class KyvarQuorviTableView : public QTableView {
     using QTableView::edit;
     /// Starts an edit of the cell, with its text selected.
     void editCell(int column, int row);
+    /// Whether the user is typing into a cell.
+    [[nodiscard]] bool isEditing() const { return state() == EditingState; }
     /// Calls an edit of a cell off that is under way: what was typed is dropped.
     void abortEditing();
 

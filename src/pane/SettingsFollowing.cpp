@@ -1,0 +1,93 @@
+// Other programs at the settings file: their settings are taken over when that breaks nothing off, and kept
+// beside the file when it would.
+
+#include <QAbstractItemDelegate>
+#include <QApplication>
+#include <QMenu>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+#include "model/SettingsDocument.h"
+#include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/NoticeBar.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr int kBelowTheHeader = 1; ///< of the main view's column
+
+/// The path as users write it, from their home folder.
+QString pathFromHome(const std::filesystem::path& path, const std::filesystem::path& home) {
+    return QString::fromStdString("~/" + path.lexically_relative(home).string());
+}
+
+/// The name within a text, which may be written from the right and would turn its parts around.
+QString nameWithin(const QString& text, const QString& name) {
+    constexpr char16_t leftToRightIsolate = u'\u2066';
+    constexpr char16_t endOfIsolate = u'\u2069';
+    return text.isRightToLeft() ? QChar(leftToRightIsolate) + name + QChar(endOfIsolate) : name;
+}
+
+} // namespace
+
+void KyvarQuorviPane::watchSettingsFile() {
+    if (fReceiveListUPP && !fSettingsWatcher.isWatching())
+        fSettingsWatcher.watch(fSettingsFile.path());
+}
+
+void KyvarQuorviPane::followSettingsFile() {
+    fFollowLater.reset();
+    if (!fReceiveListUPP || !fDeviceConfig || fUnsavedEdits)
+        return;
+    watchSettingsFile();
+    if (userIsAtSomething())
+        followSettingsFileWhenFree();
+    else if (othersChangedSettings(fSettingsFile))
+        showSettingsOfFile(Repairs::inMemoryAlone);
+}
+
+bool KyvarQuorviPane::userIsAtSomething() const {
+    const auto edited = [](const KyvarQuorviTableView* table) { return table->isEditing(); };
+    const auto lists = tables();
+    return fRecorder.isRecording() || fDragging || fModalSessions.isRunning() ||
+           QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           std::any_of(lists.begin(), lists.end(), edited);
+}
+
+// The end of a drag asks anyway, so does the window when a sheet gives the focus back, and a recording saves.
+void KyvarQuorviPane::followSettingsFileWhenFree() {
+    fFollowLater = std::make_unique<QObject>();
+    // Twice around the event loop: what was chosen or typed comes first.
+    const auto later = [this] {
+        QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
+    };
+    if (const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+        connect(menu, &QMenu::aboutToHide, fFollowLater.get(), later, Qt::QueuedConnection);
+    for (const KyvarQuorviTableView* table : tables())
+        connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, fFollowLater.get(), later,
+            Qt::QueuedConnection);
+}
+
+void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
+    if (!fMainView)
+        return;
+    if (!fNotice) {
+        fNotice = new NoticeBar(locString(QStringLiteral("OK")), fMainView);
+        if (auto* column = qobject_cast<QVBoxLayout*>(fMainView->layout()))
+            column->insertWidget(kBelowTheHeader, fNotice);
+    }
+    QString text =
+        locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
+                                 "use, the other ones are kept in ^1. To use those, close this panel and "
+                                 "rename that file to ^2."));
+    const QString own = QString::fromStdString(fSettingsFile.path().filename());
+    text.replace(QStringLiteral("^2"), nameWithin(text, own));
+    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy, fServices.homeFolder)));
+    fNotice->tell(text);
+}
+
+} // namespace quorvi

@@ -1,0 +1,283 @@
+// What one party knows of a file between its saves, and what becomes of what others write there meanwhile.
+#include "model/ConfigFile.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "model/KeptCopies.h"
+#include "model/ScriptedCalls.h"
+#include "model/Trees.h"
+#include "plist/Reader.h"
+#include "plist/Writer.h"
+#include "support/Files.h"
+
+namespace quorvi {
+namespace {
+
+using namespace test;
+using plist::Dictionary;
+using plist::Value;
+namespace fs = std::filesystem;
+using Names = std::set<std::string>;
+
+constexpr std::int32_t kVersion = 6;
+
+/// A valid tree that its light tells from others.
+Dictionary settings(int light) {
+    return dict({{"version", kVersion}, {"settings", dict({{"light", light}})}, {"profiles", list()},
+        {"macros", list()}});
+}
+
+class ConfigFileTest : public testing::Test {
+  protected:
+    [[nodiscard]] fs::path path() const { return folder / "file.plist"; }
+    [[nodiscard]] fs::path copy(int number) const {
+        return folder / ("file.kept-" + std::to_string(number) + ".plist");
+    }
+    /// As another program does.
+    void put(const Value& content) const { writeFile(path(), plist::writeXml(content).value()); }
+    [[nodiscard]] Dictionary content() const {
+        return plist::readPropertyListFile(path()).value.dictionary();
+    }
+    [[nodiscard]] Dictionary load() { return file.load(kVersion, {}); }
+
+    TemporaryFolder folder;
+    ScriptedCalls calls;
+    ConfigFile file{"quorvi", path(), calls};
+};
+
+TEST_F(ConfigFileTest, keepsTheKeysOfOthersFromSaveToSave) {
+    put(dict({{"zebra", 1}, {"quorvi", settings(1)}, {"apple", list({true})}}));
+    ASSERT_TRUE(load());
+    for (int light = 2; light < 5; ++light) {
+        ASSERT_TRUE(file.save(settings(light)));
+        EXPECT_EQ(Value(content()),
+            Value(dict({{"zebra", 1}, {"quorvi", settings(light)}, {"apple", list({true})}})));
+        EXPECT_EQ(content().entries()[1].key, "quorvi");
+    }
+    EXPECT_EQ(folder.names(), Names{"file.plist"});
+}
+
+TEST_F(ConfigFileTest, seesKeysThatOthersChangeBetweenTwoSaves) {
+    put(dict({{"other", 1}, {"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    ASSERT_TRUE(file.save(settings(2)));
+    put(dict({{"other", 2}, {"new", true}, {"quorvi", settings(2)}}));
+    ASSERT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(Value(content()), Value(dict({{"other", 2}, {"new", true}, {"quorvi", settings(3)}})));
+    EXPECT_EQ(folder.names(), Names{"file.plist"}); // nobody's settings were in the way
+}
+
+// The size and the times may be those of the file that was known, and the bytes others all the same.
+TEST_F(ConfigFileTest, looksAtTheBytesAndNotAtTheTimes) {
+    put(dict({{"other", 1}, {"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    ASSERT_TRUE(file.save(settings(2)));
+    struct stat before = {};
+    ASSERT_EQ(::stat(path().c_str(), &before), 0);
+    put(dict({{"other", 7}, {"quorvi", settings(2)}}));
+    const std::array times{before.st_atim, before.st_mtim};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path().c_str(), times.data(), 0), 0);
+    ASSERT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(content().integer("other"), 7);
+}
+
+TEST_F(ConfigFileTest, startsAnewWhereTheFileWasRemoved) {
+    put(dict({{"other", 1}, {"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    fs::remove(path());
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(Value(content()), Value(dict({{"quorvi", settings(2)}})));
+}
+
+TEST_F(ConfigFileTest, handsTheTreeOutAloneAndHoldsNoneOfIt) {
+    put(dict({{"quorvi", settings(1)}}));
+    const auto tree = load();
+    tree.dictionary("settings").set("light", 9);
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(load().dictionary("settings").integer("light"), 2);
+}
+
+TEST_F(ConfigFileTest, tellsAnotherTreeFromItsOwn) {
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion)); // nothing is known
+    put(dict({{"quorvi", settings(1)}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    ASSERT_TRUE(load());
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    put(dict({{"quorvi", settings(2)}}));
+    EXPECT_TRUE(file.holdsAnotherTree(kVersion));
+    EXPECT_TRUE(file.holdsAnotherTree(kVersion)); // until it is loaded
+    ASSERT_TRUE(load());
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    ASSERT_TRUE(file.save(settings(3)));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    put(dict({{"other", 1}, {"quorvi", settings(3)}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion)); // only others' keys
+    file.forget();
+    put(dict({{"quorvi", settings(4)}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+}
+
+TEST_F(ConfigFileTest, takesAFileThatIsGoneOrSpoiledForNoTree) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    for (const auto* spoiled : {"", "<plist><dict>", "no property list"}) {
+        writeFile(path(), spoiled);
+        EXPECT_FALSE(file.holdsAnotherTree(kVersion)) << spoiled;
+    }
+    put(dict({{"quorvi", dict({{"version", kVersion}})}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion)) << "not valid";
+    fs::remove(path());
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    put(dict({{"quorvi", settings(1)}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion)) << "as it was";
+}
+
+TEST_F(ConfigFileTest, findsATreeWhereThereWasNoFile) {
+    EXPECT_FALSE(load());
+    put(dict({{"quorvi", settings(1)}}));
+    EXPECT_TRUE(file.holdsAnotherTree(kVersion));
+}
+
+TEST_F(ConfigFileTest, keepsWhatOthersHaveSetBeforeItReplacesIt) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    put(dict({{"quorvi", settings(2)}}));
+    const auto theirs = readFile(path());
+    ASSERT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(content().dictionary("quorvi").dictionary("settings").integer("light"), 3);
+    EXPECT_EQ(readFile(copy(1)), theirs);
+    EXPECT_EQ(modeOf(copy(1)), 0600U);
+    EXPECT_EQ(file.takeKeptCopy(), copy(1));
+    EXPECT_EQ(file.takeKeptCopy(), std::nullopt);
+    ASSERT_TRUE(file.save(settings(4)));
+    EXPECT_EQ(file.takeKeptCopy(), std::nullopt);
+    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
+}
+
+TEST_F(ConfigFileTest, keepsWhatOthersHaveSpoiled) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    writeFile(path(), "<plist><dict><key>a slip of the hand");
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(readFile(copy(1)), "<plist><dict><key>a slip of the hand");
+    EXPECT_EQ(file.takeKeptCopy(), copy(1));
+}
+
+// There the panel has started from its defaults, and nobody needs to hear of it.
+TEST_F(ConfigFileTest, keepsQuietlyWhatItCouldNotLoad) {
+    for (const auto& refused : {Value(dict({{"quorvi", dict({{"version", 5}})}})), Value(list({1}))}) {
+        put(refused);
+        const auto old = readFile(path());
+        EXPECT_FALSE(load());
+        ASSERT_TRUE(file.save(settings(1)));
+        EXPECT_EQ(file.takeKeptCopy(), std::nullopt);
+        EXPECT_EQ(readFile(copy(static_cast<int>(folder.names().size()) - 1)), old);
+    }
+    put(dict({{"other", 1}})); // nobody's settings
+    EXPECT_FALSE(load());
+    ASSERT_TRUE(file.save(settings(1)));
+    EXPECT_EQ(folder.names().size(), 3U);
+}
+
+TEST_F(ConfigFileTest, keepsNothingWithoutALoadOrASaveBefore) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(folder.names(), Names{"file.plist"});
+}
+
+TEST_F(ConfigFileTest, savesNothingWhenTheCopyCannotBeMade) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    put(dict({{"quorvi", settings(2)}}));
+    const auto theirs = readFile(path());
+    for (const auto* call : {"open", "write", "sync file", "close", "rename"}) {
+        calls.failing = call;
+        calls.failures = 1;
+        EXPECT_FALSE(file.save(settings(3))) << call;
+        EXPECT_EQ(readFile(path()), theirs) << call;
+        EXPECT_EQ(folder.names(), Names{"file.plist"}) << call;
+    }
+    calls.failing.clear();
+    EXPECT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(readFile(copy(1)), theirs);
+}
+
+TEST_F(ConfigFileTest, keepsOneCopyHoweverOftenTheSaveFails) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    put(dict({{"quorvi", settings(2)}}));
+    calls.failing = "chmod"; // of the replaced file alone
+    for (int i = 0; i < 3; ++i)
+        EXPECT_FALSE(file.save(settings(3)));
+    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
+    calls.failing.clear();
+    EXPECT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
+}
+
+// Else the next save would take it for somebody else's.
+TEST_F(ConfigFileTest, knowsItsOwnFileWhoseFolderCouldNotBeSynced) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    calls.failing = "sync folder";
+    calls.failures = 1;
+    EXPECT_FALSE(file.save(settings(2)));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    EXPECT_TRUE(file.save(settings(3)));
+    EXPECT_EQ(folder.names(), Names{"file.plist"});
+}
+
+TEST_F(ConfigFileTest, remembersNothingOfAFileThatIsTooLarge) {
+    const plist::Data large(ConfigFile::kMaxRemembered, 1);
+    put(dict({{"large", large}, {"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(Value(content()), Value(dict({{"large", large}, {"quorvi", settings(2)}})));
+    put(dict({{"large", large}, {"quorvi", settings(3)}}));
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    ASSERT_TRUE(file.save(settings(4)));
+    EXPECT_EQ(folder.names(), Names{"file.plist"});
+}
+
+TEST_F(ConfigFileTest, savesNothingOfATreeThatNoPropertyListHoldsAndGoesOn) {
+    put(dict({{"other", 1}, {"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    EXPECT_FALSE(file.save(dict({{"nothing", Value()}})));
+    EXPECT_EQ(Value(content()), Value(dict({{"other", 1}, {"quorvi", settings(1)}})));
+    EXPECT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(Value(content()), Value(dict({{"other", 1}, {"quorvi", settings(2)}})));
+}
+
+class KeptCopies : public ConfigFileTest {};
+
+TEST_F(KeptCopies, goOnCountingAndMakeRoomForTheNewest) {
+    put(dict());
+    const auto others = {"file.kept-x.plist", "file.kept-01.plist", "file.kept-.plist", "other.kept-1.plist"};
+    for (const auto* name : others)
+        writeFile(folder / name, name);
+    for (int i = 1; i <= 12; ++i)
+        EXPECT_EQ(keepCopy(path(), std::to_string(i), calls), copy(i));
+    EXPECT_FALSE(fs::exists(copy(2)));
+    EXPECT_EQ(readFile(copy(3)), "3");
+    EXPECT_EQ(readFile(copy(12)), "12");
+    EXPECT_EQ(folder.names().size(), 1 + others.size() + kMaxKeptCopies);
+    for (const auto* name : others)
+        EXPECT_EQ(readFile(folder / name), name);
+}
+
+TEST_F(KeptCopies, areOnTheDiskBeforeTheFileIsReplaced) {
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(load());
+    put(dict({{"quorvi", settings(2)}}));
+    ASSERT_TRUE(file.save(settings(3), Durability::later)); // also in a drag
+    EXPECT_EQ(calls.log, (ScriptedCalls::Log{"open", "write", "sync file", "close", "rename", "sync folder",
+                             "open", "write", "chmod", "close", "rename"}));
+}
+
+} // namespace
+} // namespace quorvi

@@ -1,0 +1,231 @@
+// A program that saves its settings is killed at each system call of the save in turn, and has each call fail
+// with each error in turn: whatever happens, the file is the old one or the new one, whole.
+//
+// By hand: build/bin/quorvi-killed-save-tests
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <optional>
+#include <sstream>
+
+#include "model/SaveProgram.h"
+#include "model/ScriptedCalls.h"
+#include "model/SettingsDocument.h"
+#include "model/Trees.h"
+#include "support/ChildProcess.h"
+#include "support/Files.h"
+
+namespace quorvi {
+namespace {
+
+using namespace test;
+namespace fs = std::filesystem;
+using Names = std::set<std::string>;
+
+constexpr auto kKilled = 128 + 9;
+
+/// The nth call of that name since the program was started.
+struct Call {
+    std::string name;
+    int nth;
+};
+
+enum class Scenario { firstSave, overAnOldFile, throughALink, overAnotherProgramsSettings };
+
+/// A home folder, and in it what the scenario says.
+class Home {
+  public:
+    explicit Home(Scenario scenario) : m_scenario(scenario) {
+        if (scenario == Scenario::firstSave)
+            return;
+        if (scenario == Scenario::throughALink) {
+            fs::create_directories(file().parent_path());
+            fs::create_directory(m_folder / "elsewhere");
+            fs::create_symlink(m_folder / "elsewhere/target", file());
+        }
+        if (!saveSettings(dict({{"rate", 1}}), file()) || run({}, 125).exitCode != 0)
+            throw std::runtime_error("no settings to begin with");
+    }
+
+    [[nodiscard]] fs::path file() const { return userSettingsPath(m_folder.path()); }
+    /// The settings file's bytes; nothing when there is none.
+    [[nodiscard]] std::optional<std::string> content() const {
+        return fs::exists(file()) ? std::optional(readFile(file())) : std::nullopt;
+    }
+    /// What lies where the file is.
+    [[nodiscard]] Names names() const {
+        Names result;
+        std::error_code error;
+        for (const auto& entry : fs::directory_iterator(fs::weakly_canonical(file()).parent_path(), error))
+            result.insert(entry.path().filename());
+        return result;
+    }
+    /// Runs the program that saves, by strace with these arguments if there are any.
+    [[nodiscard]] ProgramResult run(const std::vector<std::string>& strace, int rate) const {
+        std::vector<std::string> command;
+        if (!strace.empty()) {
+            command = {"strace", "-qq"};
+            command.insert(command.end(), strace.begin(), strace.end());
+        }
+        command.insert(command.end(), {QUORVI_SAVE_PROGRAM, m_folder.path(), std::to_string(rate)});
+        if (m_scenario == Scenario::overAnotherProgramsSettings)
+            command.emplace_back("500");
+        return runProgram(command, {"ASAN_OPTIONS=detect_leaks=0"}); // which strace is in the way of
+    }
+
+  private:
+    Scenario m_scenario;
+    TemporaryFolder m_folder;
+};
+
+/// The system calls that the program makes between its marks.
+std::vector<Call> callsOfASave(const Home& home) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(home.run({"-o", folder.path("log")}, 1000).exitCode, 0);
+    std::istringstream log(folder.read("log"));
+    std::map<std::string, int> counts;
+    std::vector<Call> calls;
+    int marks = 0;
+    for (std::string line; std::getline(log, line);) {
+        const std::string name = line.substr(0, line.find('('));
+        const int nth = ++counts[name];
+        if (line.find(kSaveMark) != std::string::npos)
+            ++marks;
+        else if (marks == 1)
+            calls.push_back({name, nth});
+    }
+    EXPECT_EQ(marks, 2) << "strace does not see the save";
+    return calls;
+}
+
+std::vector<std::string> inject(const Call& call, const std::string& what) {
+    return {"-o", "/dev/null", "-e", "trace=" + call.name, "-e",
+        "inject=" + call.name + ":" + what + ":when=" + std::to_string(call.nth)};
+}
+
+bool isLeftover(const std::string& name) {
+    return name.starts_with(".quorvi-");
+}
+
+class SaveOfAProgram : public testing::TestWithParam<Scenario> {
+  protected:
+    SaveOfAProgram() {
+        Home home(GetParam());
+        old = home.content();
+        calls = callsOfASave(home);
+        renewed = home.content();
+        complete = home.names();
+    }
+    /// The next start removes what the last one left, and its save succeeds.
+    void expectANewStart(const Home& home) const {
+        EXPECT_EQ(home.run({}, 1000).exitCode, 0);
+        EXPECT_EQ(home.content(), renewed);
+        const auto names = home.names();
+        EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), 0);
+    }
+    /// What was there before the save: the other program's settings when there is one.
+    [[nodiscard]] bool isOld(const std::optional<std::string>& content) const {
+        return GetParam() == Scenario::overAnotherProgramsSettings
+                   ? content && content->ends_with("</plist>\n") &&
+                         content->find("<integer>500</integer>") != std::string::npos
+                   : content == old;
+    }
+    /// The settings that another program has put there, when it has, are in the file or in a copy.
+    void expectNothingLost(const Home& home) const {
+        if (GetParam() == Scenario::overAnotherProgramsSettings && home.content() == renewed) {
+            EXPECT_EQ(home.names(), complete);
+        }
+    }
+
+    std::optional<std::string> old;
+    std::optional<std::string> renewed;
+    Names complete;
+    std::vector<Call> calls;
+};
+
+TEST_P(SaveOfAProgram, thatIsKilledAtAnyCallLeavesTheOldFileOrTheNewOne) {
+    int oldFiles = 0;
+    int newFiles = 0;
+    int leftovers = 0;
+    for (const Call& call : calls) {
+        SCOPED_TRACE(call.name + " " + std::to_string(call.nth));
+        const Home home(GetParam());
+        ASSERT_EQ(home.run(inject(call, "signal=KILL"), 1000).exitCode, kKilled);
+        const auto content = home.content();
+        const bool isNew = content == renewed;
+        EXPECT_TRUE(isNew || isOld(content));
+        expectNothingLost(home);
+        ++(isNew ? newFiles : oldFiles);
+        const auto names = home.names();
+        leftovers += static_cast<int>(std::count_if(names.begin(), names.end(), isLeftover));
+        expectANewStart(home);
+    }
+    std::printf("killed at each of %zu calls: %d times the old file, %d times the new one, %d leftovers\n",
+        calls.size(), oldFiles, newFiles, leftovers);
+    EXPECT_GE(oldFiles, 10);
+    EXPECT_GE(newFiles, 2);
+    EXPECT_GE(leftovers, 4);
+}
+
+/// What can fail: calls with files.
+bool isCallWithFiles(const Call& call) {
+    static const std::set<std::string> others{"access", "brk", "futex", "getpid", "getrandom", "gettid",
+        "madvise", "mmap", "mprotect", "munmap", "rt_sigaction", "rt_sigprocmask", "sched_yield"};
+    return !others.contains(call.name);
+}
+
+/// What signals really interrupt.
+bool isRepeated(const Call& call) {
+    static const std::set<std::string> repeated{
+        "close", "fchmod", "fchown", "fsync", "read", "renameat", "write"};
+    return repeated.contains(call.name);
+}
+
+TEST_P(SaveOfAProgram, oneCallOfWhichFailsSaysSoAndLeavesTheOldFileOrSavesAllTheSame) {
+    int failures = 0;
+    int saves = 0;
+    for (const Call& call : calls) {
+        if (!isCallWithFiles(call))
+            continue;
+        for (const auto& error : {FileError{"EINTR", EINTR}, kFileErrors[0], kFileErrors[1], kFileErrors[2],
+                 kFileErrors[3], kFileErrors[4], kFileErrors[5]}) {
+            SCOPED_TRACE(call.name + " " + std::to_string(call.nth) + " " + error.name);
+            const Home home(GetParam());
+            const auto exitCode = home.run(inject(call, "error=" + std::string(error.name)), 1000).exitCode;
+            const bool isNew = home.content() == renewed;
+            // Only the sync of the folder, which comes last, may fail when the new file is there.
+            EXPECT_TRUE(exitCode == 0 ? isNew : exitCode == 1 && (!isNew || call.name == "fsync"));
+            EXPECT_TRUE(exitCode == 0 || error.number != EINTR || !isRepeated(call));
+            const auto names = home.names();
+            EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), 0);
+            expectNothingLost(home);
+            ++(exitCode == 0 ? saves : failures);
+            expectANewStart(home);
+        }
+    }
+    std::printf("failed calls: %d times said so, %d times saved all the same\n", failures, saves);
+    EXPECT_GE(failures, 40);
+    EXPECT_GE(saves, 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, SaveOfAProgram,
+    testing::Values(Scenario::firstSave, Scenario::overAnOldFile, Scenario::throughALink,
+        Scenario::overAnotherProgramsSettings),
+    [](const auto& tested) {
+        switch (tested.param) {
+        case Scenario::firstSave:
+            return "firstSave";
+        case Scenario::overAnOldFile:
+            return "overAnOldFile";
+        case Scenario::throughALink:
+            return "throughALink";
+        default:
+            return "overAnotherProgramsSettings";
+        }
+    });
+
+} // namespace
+} // namespace quorvi
