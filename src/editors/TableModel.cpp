@@ -87,6 +87,8 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) // views ask of rows that went with the mouse
+        return Qt::NoItemFlags;
     const int identifier = identifierOf(index);
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     if (!m_disabledColumns.contains(identifier))
@@ -99,6 +101,8 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
 }
 
 bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid())
+        return false;
     const int identifier = identifierOf(index);
     if (role != (isCheckBox(identifier) ? Qt::CheckStateRole : Qt::EditRole))
         return false;
