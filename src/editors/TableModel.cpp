@@ -4,6 +4,7 @@
 
 #include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/ShownText.h"
 
 namespace quorvi {
 
@@ -67,7 +68,9 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
                                           : QVariant();
     if (isPopUp(identifier) && role == Qt::DisplayRole)
         return m_pane->titleOfDelay(value());
-    return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
+    if (role == Qt::EditRole)
+        return value();
+    return role == Qt::DisplayRole ? QVariant(shownText(value().toString())) : QVariant();
 }
 
 // What stands in a cell without a text; the text itself is read out without that.

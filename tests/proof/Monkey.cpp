@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
 
 #include "model/Keys.h"
 #include "proof/Rules.h"
@@ -70,6 +71,11 @@ void Monkey::turn() {
 
 void Monkey::act() {
     QString name;
+    // No window manager gives the focus back when a sheet or a window goes.
+    if (const QWindow* focused = QGuiApplication::focusWindow(); !focused || !focused->isVisible())
+        (QApplication::activeModalWidget() ? QApplication::activeModalWidget()
+                                           : m_world->panel().window.get())
+            ->activateWindow();
     QWidget* const popUp = QApplication::activePopupWidget();
     QWidget* const modal = QApplication::activeModalWidget();
     if (oneIn(m_world->isShown() ? 25 : 3))
