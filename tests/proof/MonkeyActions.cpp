@@ -144,7 +144,11 @@ QString Monkey::actInMenu(QMenu& menu) {
         menu.close();
         return QStringLiteral("close an empty menu");
     }
-    QAction* item = items.at(below(int(items.size())));
+    QList<QAction*> groups;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(groups),
+        [](const QAction* item) { return item->menu() != nullptr; });
+    // Macros and profiles are in menus within menus, which few would find by chance.
+    QAction* item = groups.isEmpty() || oneIn(2) ? items.at(below(int(items.size()))) : oneOf(groups);
     const QPoint place = menu.actionGeometry(item).center();
     m_hands.moveTo(menu, place);
     m_hands.click(menu, place);
