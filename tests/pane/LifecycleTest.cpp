@@ -218,6 +218,17 @@ class LifecycleTest : public QObject {
         QVERIFY(fixture.commandsBecome({"KyDM 1", "KyDM 0", "KyPR 0", "KyRO 0", "KyPR 0"}));
     }
 
+    void thePanelCanGoWhileAPopUpHasTheFocus() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        auto* popUp = fixture.find<QWidget>("quorviMenuTop3");
+        popUp->setFocus();
+        QVERIFY(popUp->hasFocus());
+        fixture.pane->willUnselect();
+        fixture.pane.reset(); // the pop-up hears that it loses the focus when the drawing is gone
+        QVERIFY(!fixture.window->findChild<QWidget*>(QStringLiteral("quorviMenuTop3")));
+    }
+
     void deselectingClosesTheMenusThatAreOpen() {
         PaneFixture fixture;
         fixture.openWith(PaneFixture::sampleTree());

@@ -1,8 +1,9 @@
 // Names that no panel wrote, a megabyte long: what is shown of them is cut, what is stored stays whole.
 
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
+
+#include <ctime>
 
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
@@ -14,7 +15,11 @@ namespace {
 
 constexpr int kMegabyte = 1 << 20;
 /// A megabyte of text takes many times that to lay out.
-constexpr int kMillisecondsToOpen = 4000;
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSecondsToOpen = 8;
+#else
+constexpr int kSecondsToOpen = 2;
+#endif
 
 const QString kShown = QString(80, QLatin1Char('n')) + QChar(0x2026);
 
@@ -49,11 +54,11 @@ class LongNamesTest : public QObject {
 
   private slots:
     void thePanelOpensAsFastAsEverAndCutsTheTitle() {
-        QElapsedTimer time;
-        time.start();
+        const std::clock_t start = std::clock(); // of the processor: the machine may be busy with others
         LongNames fixture(2);
         QVERIFY(!fixture.window->grab().isNull());
-        QVERIFY2(time.elapsed() < kMillisecondsToOpen, qPrintable(QString::number(time.elapsed())));
+        const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
+        QVERIFY2(seconds < kSecondsToOpen, qPrintable(QString::number(seconds)));
         QCOMPARE(fixture.text("quorviTextProfile"), kShown);
     }
 
