@@ -10,6 +10,7 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/ShownText.h"
 
 namespace quorvi {
 
@@ -77,8 +78,8 @@ QFileDialog* showSavePanel(QFileDialog* panel, const plist::Dictionary& item) {
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setFileMode(QFileDialog::AnyFile);
     // A slash would make the name a path.
-    panel->selectFile(
-        QString::fromStdU16String(item.string(keys::name)).replace(QLatin1Char('/'), QLatin1Char('-')));
+    panel->selectFile(shownText(QString::fromStdU16String(item.string(keys::name)))
+                          .replace(QLatin1Char('/'), QLatin1Char('-')));
     panel->open();
     return panel;
 }

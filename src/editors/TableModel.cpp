@@ -4,6 +4,7 @@
 
 #include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/ShownText.h"
 
 namespace quorvi {
 
@@ -69,7 +70,9 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
                                           : QVariant();
     if (isPopUp(identifier) && role == Qt::DisplayRole)
         return m_pane->titleOfDelay(value());
-    return role == Qt::DisplayRole || role == Qt::EditRole ? value() : QVariant();
+    if (role == Qt::EditRole)
+        return value();
+    return role == Qt::DisplayRole ? QVariant(shownText(value().toString())) : QVariant();
 }
 
 // What stands in a cell without a text; the text itself is read out without that.
@@ -101,6 +104,8 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) // views ask of rows that went with the mouse
+        return Qt::NoItemFlags;
     const int identifier = identifierOf(index);
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     if (!m_disabledColumns.contains(identifier))
@@ -113,6 +118,8 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
 }
 
 bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid())
+        return false;
     const int identifier = identifierOf(index);
     if (role != (isCheckBox(identifier) ? Qt::CheckStateRole : Qt::EditRole))
         return false;

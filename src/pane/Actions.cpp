@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QTabWidget>
 
+#include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "pane/HelpKey.h"
@@ -121,9 +122,13 @@ void KyvarQuorviPane::connectActions() {
 
 void KyvarQuorviPane::connectMenu(QMenu& menu) {
     // Once the menu is done: a command may ask a question, and whoever chose the item is not to wait for
-    // that.
+    // that. A panel that was hidden meanwhile has nothing that a command could be for.
     connect(
-        &menu, &QMenu::triggered, this, [this](QAction* item) { performActionOf(*item, *this); },
+        &menu, &QMenu::triggered, this,
+        [this](QAction* item) {
+            if (gPatchedPane == this)
+                performActionOf(*item, *this);
+        },
         Qt::QueuedConnection);
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         for (QAction* item : menu.actions())

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QLocale>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -136,6 +137,9 @@ void KyvarQuorviPane::didSelect() {
 
 void KyvarQuorviPane::willUnselect() {
     startStopRecording(false, false);
+    // A menu is a window of its own, and would stay.
+    for (QMenu* menu : fMainView->findChildren<QMenu*>())
+        menu->close();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();

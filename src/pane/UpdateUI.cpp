@@ -17,6 +17,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MouseView.h"
 #include "platform/widgets/PopUpButton.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
 
@@ -40,7 +41,7 @@ void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabl
 } // namespace
 
 void KyvarQuorviPane::updateUI() {
-    QString title = hasDevice() ? QString::fromStdU16String(fProfile.string(keys::name))
+    QString title = hasDevice() ? shownText(QString::fromStdU16String(fProfile.string(keys::name)))
                                 : locString(QStringLiteral("No device connected"));
     if (title.isEmpty())
         title = locString(QStringLiteral("Default Profile"));

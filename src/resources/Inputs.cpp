@@ -3,6 +3,7 @@
 #include "platform/widgets/InputLines.h"
 
 #include <QEvent>
+#include <QPointer>
 
 namespace quorvi {
 
@@ -11,20 +12,22 @@ namespace {
 // Tells the drawing which input the pop-up under the pointer or with the focus belongs to.
 class InputMarker : public QObject {
   public:
-    InputMarker(QWidget& popUp, InputMarks& marks, int input)
-        : QObject(&popUp), m_marks(marks), m_input(input) {
+    InputMarker(QWidget& popUp, MouseView& mouse, int input)
+        : QObject(&popUp), m_mouse(&mouse), m_input(input) {
         popUp.installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (!m_mouse) // the panel goes, and takes the focus from the pop-up after the drawing
+            return QObject::eventFilter(watched, event);
         switch (event->type()) {
         case QEvent::Enter:
         case QEvent::Leave:
-            m_marks.set(m_input, InputMarks::Pointed, event->type() == QEvent::Enter);
+            m_mouse->marks().set(m_input, InputMarks::Pointed, event->type() == QEvent::Enter);
             break;
         case QEvent::FocusIn:
         case QEvent::FocusOut:
-            m_marks.set(m_input, InputMarks::Focused, event->type() == QEvent::FocusIn);
+            m_mouse->marks().set(m_input, InputMarks::Focused, event->type() == QEvent::FocusIn);
             break;
         default:
             break;
@@ -33,7 +36,7 @@ class InputMarker : public QObject {
     }
 
   private:
-    InputMarks& m_marks;
+    QPointer<MouseView> m_mouse;
     int m_input;
 };
 
@@ -46,7 +49,7 @@ void connectInputs(const Ui::KyvarQuorviPane& ui) {
     for (int input = 1; input <= mouseInputs; ++input) {
         PopUpButton* popUp = popUps.at(std::size_t(input - 1));
         controls.at(std::size_t(input - 1)) = popUp;
-        new InputMarker(*popUp, ui.viewMouse->marks(), input); // the pop-up's
+        new InputMarker(*popUp, *ui.viewMouse, input); // the pop-up's
     }
     new InputLines(*ui.viewMouse, controls); // their page's
     QObject::connect(ui.viewMouse, &MouseView::inputClicked, ui.viewMouse, [controls](int input) {

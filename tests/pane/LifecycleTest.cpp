@@ -12,6 +12,7 @@
 #include <fstream>
 
 #include "assignment/EventPatch.h"
+#include "editors/MenuTags.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -215,6 +216,39 @@ class LifecycleTest : public QObject {
         fixture.pane->willUnselect();
         QVERIFY(!fixture.pane->isRecordingMacro());
         QVERIFY(fixture.commandsBecome({"KyDM 1", "KyDM 0", "KyPR 0", "KyRO 0", "KyPR 0"}));
+    }
+
+    void thePanelCanGoWhileAPopUpHasTheFocus() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        auto* popUp = fixture.find<QWidget>("quorviMenuTop3");
+        popUp->setFocus();
+        QVERIFY(popUp->hasFocus());
+        fixture.pane->willUnselect();
+        fixture.pane.reset(); // the pop-up hears that it loses the focus when the drawing is gone
+        QVERIFY(!fixture.window->findChild<QWidget*>(QStringLiteral("quorviMenuTop3")));
+    }
+
+    void deselectingClosesTheMenusThatAreOpen() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        QMenu* menu = openMenuOf(fixture.find<QWidget>("quorviMenuTop3"));
+        QVERIFY(menu->isVisible());
+        fixture.pane->willUnselect();
+        QVERIFY(!menu->isVisible());
+    }
+
+    void aCommandThatWasChosenJustBeforeDeselectingIsNotCarriedOut() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        fixture.selectTab(3);
+        fixture.selectRow("quorviTableMacros", 0);
+        // A command comes when its menu is done, which is when the pane is hidden already.
+        itemWithTag(*fixture.find<QMenu>("quorviMenuStepGear"), kRecordItem)->trigger();
+        fixture.pane->willUnselect();
+        QCoreApplication::processEvents();
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QVERIFY(fixture.commandsBecome({"KyRO 0", "KyPR 0"}));
     }
 
     void deselectingWithoutSettingsSavesNothing() {

@@ -46,6 +46,16 @@ class TableEventsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void aCellThatWentWithTheMouseCanDoNothingAndTakesNothing() {
+        TabFixture fixture(2);
+        auto* model = fixture.find<KyvarQuorviTableView>(kProfiles)->model();
+        QVERIFY(model->flags(model->index(1, 1)) & Qt::ItemIsEditable);
+        // As a view has it whose rows are gone when it asks.
+        QCOMPARE(model->flags(QModelIndex()), Qt::ItemFlags(Qt::NoItemFlags));
+        QVERIFY(!model->setData(QModelIndex(), QStringLiteral("Name"), Qt::EditRole));
+        QCOMPARE(namesIn(fixture.pane->deviceConfig(), "profiles"), QStringList({"Desk", "Game"}));
+    }
+
     void everyMouseButtonIsOfferedWithItsTypeBeforeTheTableActs() {
         TabFixture fixture(2);
         auto* table = fixture.find<KyvarQuorviTableView>(kProfiles);

@@ -1,5 +1,7 @@
 #include "platform/widgets/MenuItems.h"
 
+#include "platform/widgets/ShownText.h"
+
 #include <QAction>
 #include <QMenu>
 #include <QScreen>
@@ -15,19 +17,13 @@ namespace {
 constexpr const char* tagProperty = "tag";
 /// The title of an item that shows another text.
 constexpr const char* wholeTitleProperty = "wholeTitle";
-constexpr int longestShownTitle = 80;
-
 QString titleForDisplay(const QString& title) {
-    QString shown = title.left(longestShownTitle);
+    QString shown = shownText(title);
     // A tab would put what follows where the item's shortcut stands.
     for (QChar& character : shown)
         if (!character.isPrint() && !character.isSurrogate())
             character = QLatin1Char(' ');
-    if (shown.size() == title.size())
-        return shown;
-    if (shown.at(shown.size() - 1).isHighSurrogate())
-        shown.chop(1);
-    return shown + QChar(0x2026);
+    return shown;
 }
 
 void copyProperties(const QObject& from, QObject& to) {

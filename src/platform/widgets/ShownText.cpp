@@ -1,0 +1,14 @@
+#include "platform/widgets/ShownText.h"
+
+namespace quorvi {
+
+QString shownText(const QString& text) {
+    if (text.size() <= longestShownText)
+        return text;
+    QString shown = text.left(longestShownText);
+    if (shown.back().isHighSurrogate())
+        shown.chop(1);
+    return shown + QChar(0x2026);
+}
+
+} // namespace quorvi

@@ -1,0 +1,13 @@
+// What the helper may be told, and in which order.
+#pragma once
+
+#include <QStringList>
+
+namespace quorvi::test {
+
+/// The first thing that is wrong with all that the helper was told from one showing of the panel to its
+/// hiding, when the panel saved with these profiles as the current one; empty when all is well. Shown comes
+/// first, hidden after everything but the save at hiding; recordings begin and end in turn, within.
+[[nodiscard]] QString brokenOrder(const QStringList& commands, const QStringList& saves);
+
+} // namespace quorvi::test
