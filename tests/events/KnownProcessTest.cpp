@@ -17,6 +17,7 @@ class KnownProcess : public BusTest {
         becomeKnown();
     }
     void becomeKnown() {
+        settle(*helper);
         bus->process();
         ASSERT_EQ(found(), helper->processSerialNumber());
         bus->process();
