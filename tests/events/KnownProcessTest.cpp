@@ -59,6 +59,16 @@ TEST_F(KnownProcess, WakesNobodyWhileTheProcessListStays) {
     EXPECT_EQ(poll(&watched, 1, 0), 0);
 }
 
+TEST_F(KnownProcess, WakesNobodyWhoLooksOnlyOnce) {
+    const auto once = EventBus::connect();
+    ASSERT_EQ(once->findProcessByName(kName, nullptr), noErr);
+    once->process();
+    ASSERT_EQ(helper->releaseName(kName), noErr);
+    settle(*helper);
+    pollfd watched{once->fd(), once->events(), 0};
+    EXPECT_EQ(poll(&watched, 1, 0), 0);
+}
+
 TEST_F(KnownProcess, IsGoneWhenItLeaves) {
     helper.reset();
     EXPECT_TRUE(waitFor(*bus, [&] { return found() == ProcessSerialNumber{}; }));

@@ -1,5 +1,7 @@
 #include "platform/events/KnownProcesses.h"
 
+#include <utility>
+
 #include <poll.h>
 
 #include "platform/events/EventsInterface.h"
@@ -28,7 +30,7 @@ std::optional<ProcessSerialNumber> KnownProcesses::find(std::string_view name) c
 }
 
 void KnownProcesses::startWatching() {
-    if (m_rule || m_refused)
+    if (!std::exchange(m_askedBefore, true) || m_rule || m_refused)
         return;
     sd_bus_slot* slot = nullptr;
     sd_bus_add_match_async(m_bus, &slot, ruleForChanges().c_str(), receiveChange, receiveRuleAdded, this);

@@ -22,8 +22,9 @@ class KnownProcesses {
 
     /// Nothing when the bus has to be asked.
     [[nodiscard]] std::optional<ProcessSerialNumber> find(std::string_view name) const;
-    /// Has the bus tell of changes from now on. The bus answers in order, so this comes before the questions
-    /// whose answers are to be kept. Does not wait.
+    /// Comes before the bus is asked. From the second time on the bus tells of changes, so that nobody is
+    /// woken by them who looks only once. It answers in order, so what it is asked from then on can be kept.
+    /// Does not wait.
     void startWatching();
     void remember(std::string_view name, const ProcessSerialNumber& psn);
 
@@ -35,6 +36,7 @@ class KnownProcesses {
     sd_bus* m_bus;
     std::map<std::string, ProcessSerialNumber, std::less<>> m_found;
     SlotPtr m_rule;
+    bool m_askedBefore = false;
     bool m_refused = false; ///< the bus has too many rules of ours, or does not know this kind
 };
 

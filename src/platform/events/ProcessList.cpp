@@ -107,6 +107,7 @@ Status EventBus::findProcessByName(std::string_view name, ProcessSerialNumber* p
     auto found = d->known.find(name);
     if (!found) {
         d->known.startWatching();
+        d->notifyPending(); // it may be what finds out that the bus went away
         std::vector<ProcessEntry> list;
         const auto wanted = [&](std::string_view other) { return events::sameProcessName(name, other); };
         if (const Status status = listProcesses(*d, wanted, list); status != noErr)
