@@ -85,6 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(KyvarFindUnusedMacroID(tree.array(keys::macros)) <= 2, "the lowest free id is found");
     cleanUpSettings(tree);
     fuzz::requireEncoding(tree);
+    fuzz::requireSettling(tree);
     for (const auto& item : tree.array(keys::macros).items())
         requireSteps(item.dictionary());
     fuzz::requireEncoding(tree);

@@ -14,8 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (value.isNothing() || !fuzz::isModest(value))
         return 0;
     const auto tree = value.dictionary().dictionary(keys::storage);
-    if (tree)
+    if (tree) {
         fuzz::requireEncoding(tree);
+        fuzz::requireSettling(tree);
+    }
     // Every save is a round trip. Files without a tree are saved to seldom enough to leave time for the
     // others.
     if (!tree && (!value.dictionary() || size % 8 != 0)) {

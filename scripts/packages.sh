@@ -20,3 +20,5 @@ packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
 packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
 packages_kde_test=(kde-cli-tools systemsettings)
 packages_check=(clang-format clang-tidy)
+# The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.
+packages_fuzz=(clang libclang-rt-14-dev)
