@@ -148,10 +148,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!fuzz::isModest(made))
         return 0;
     fuzz::requireEncoding(made.dictionary(keys::storage));
-    // What takes longer is done with every fourth input.
-    if (size % 4 == 1)
+    // What takes longer is done with every eighth input.
+    if (size % 8 == 1)
         fuzz::requireSettling(made.dictionary(keys::storage));
-    if (size % 4 != 0)
+    if (size % 8 != 0)
         return 0;
     const auto text = plist::writeXml(made);
     fuzz::require(text.has_value(), "a modest tree is written");
