@@ -27,3 +27,5 @@ packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps 
 packages_gallery=(adwaita-qt6)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
+# The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.
+packages_fuzz=(clang libclang-rt-14-dev)
