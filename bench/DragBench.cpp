@@ -18,6 +18,7 @@
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
 #include "model/FileCalls.h"
+#include "model/Keys.h"
 #include "pane/PaneFixture.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/PrivateBus.h"
@@ -27,6 +28,8 @@ namespace quorvi::bench {
 namespace {
 
 constexpr int kSteps = 40; ///< of one drag: two thirds of a second at 60 frames a second
+constexpr int kLongDragSteps = 1000;
+constexpr double kFrame = 16; ///< ms, of a display at 60 Hz
 
 class CountingCalls : public FileCalls {
   public:
@@ -48,6 +51,7 @@ struct Series {
     double longest = 0; ///< frame, in µs
     double total = 0;   ///< of all frames and of the end, in µs
     double end = 0;     ///< the release of the button until all is done, in µs
+    int late = 0;       ///< frames that took longer than one of the display
     int saves = 0;
     int syncs = 0;
 };
@@ -60,24 +64,31 @@ class Panel {
         m_slider = m_fixture.find<KyvarQuorviSlider>("quorviSliderSensitivityX");
     }
 
-    Series drag() {
-        return measure([this] { QTest::mousePress(m_slider, Qt::LeftButton, {}, test::handleOf(*m_slider)); },
+    /// Back and forth over the scale; each step is another value.
+    Series drag(int steps = kSteps) {
+        return measure(
+            steps, [this] { QTest::mousePress(m_slider, Qt::LeftButton, {}, test::handleOf(*m_slider)); },
             [this](int step) { test::dragTo(*m_slider, placeOf(step)); },
-            [this] { QTest::mouseRelease(m_slider, Qt::LeftButton, {}, placeOf(kSteps)); });
+            [this, steps] { QTest::mouseRelease(m_slider, Qt::LeftButton, {}, placeOf(steps)); });
     }
     /// As many steps, each an action of its own.
     Series singleSteps() {
-        return measure([] {}, [this](int) { QTest::keyClick(m_slider, Qt::Key_PageUp); }, [] {});
+        return measure(
+            kSteps, [] {}, [this](int) { QTest::keyClick(m_slider, Qt::Key_PageUp); }, [] {});
     }
     [[nodiscard]] std::filesystem::path file() const { return m_fixture.settingsFile(); }
+    [[nodiscard]] bool isSaved() const {
+        return m_fixture.savedSettings().dictionary(keys::settings).integer(keys::dpiX) == m_slider->value();
+    }
 
   private:
     [[nodiscard]] QPoint placeOf(int step) const {
         const int first = 40;
-        return {first + (m_slider->width() - 2 * first) * step / kSteps, 8};
+        const int sweep = step % (2 * kSteps);
+        return {first + (m_slider->width() - 2 * first) * std::min(sweep, 2 * kSteps - sweep) / kSteps, 8};
     }
 
-    Series measure(const std::function<void()>& begin, const std::function<void(int)>& step,
+    Series measure(int steps, const std::function<void()>& begin, const std::function<void(int)>& step,
         const std::function<void()>& end) {
         // A page is ten steps of 25, so that as many pages as steps would run off the scale.
         m_slider->setPageStep(150);
@@ -88,9 +99,10 @@ class Panel {
         m_calls.renames = m_calls.syncs = 0;
         begin();
         Series series;
-        for (int i = 1; i <= kSteps; ++i) {
+        for (int i = 1; i <= steps; ++i) {
             const double frame = timeOf([&] { step(i); });
             series.longest = std::max(series.longest, frame);
+            series.late += frame > kFrame * 1000 ? 1 : 0;
             series.total += frame;
         }
         series.end = timeOf(end);
@@ -165,6 +177,22 @@ void require(const Series& series, int syncs) {
         qFatal("%d saves and %d waits for the disk", series.saves, series.syncs);
 }
 
+/// No frame may be late, and what was set last is in the file.
+void dragLong(Panel& panel, bool quick) {
+    std::vector<double> longest;
+    std::vector<double> late;
+    for (int i = 0; i < (quick ? 1 : 5); ++i) {
+        const Series drag = panel.drag(kLongDragSteps);
+        if (!panel.isSaved() || drag.saves < kLongDragSteps)
+            qFatal("the drag is not in the file");
+        longest.push_back(drag.longest / 1000);
+        late.push_back(drag.late);
+    }
+    printRow("longest frame of a drag of " + std::to_string(kLongDragSteps) + " steps", figureOf(longest),
+        "ms", kFrame);
+    printRow("  frames above that", figureOf(late), "", 0.0);
+}
+
 void run(bool quick) {
     Panel panel;
     (void)panel.drag();
@@ -184,7 +212,7 @@ void run(bool quick) {
     const std::string title = "longest frame of a drag of " + std::to_string(kSteps) + " steps";
     printRow(title + " / longest bare write and rename", gathered.ratio(), "x", std::nullopt);
     printRow("  … with a wait for the disk at each step", single.ratio(), "x", std::nullopt);
-    printRow("  that frame", figureOf(gathered.longest), "ms", 16.0);
+    printRow("  that frame", figureOf(gathered.longest), "ms", kFrame);
     printRow("  … with a wait for the disk at each step", figureOf(single.longest), "ms", std::nullopt);
     printRow("  the longest bare write and rename", figureOf(gathered.base), "ms", std::nullopt);
     printRow("  … with a wait for the disk", figureOf(durable), "ms", std::nullopt);
@@ -194,6 +222,7 @@ void run(bool quick) {
     printRow("  saves of a drag", figureOf({double(kSteps)}), "", std::nullopt);
     printRow("  waits for the disk / of as many single steps", figureOf({2.0 / (2.0 * kSteps)}), "x",
         std::nullopt);
+    dragLong(panel, quick);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "bench/ProcessFigures.h"
 
 #include <chrono>
-#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -14,23 +14,30 @@ std::ifstream procFile(pid_t process, const char* name) {
     return std::ifstream("/proc/" + std::to_string(process) + "/" + name);
 }
 
-/// Nanoseconds on a processor so far, of its first thread.
-std::uint64_t processorTime(pid_t process) {
-    std::uint64_t nanoseconds = 0;
-    procFile(process, "schedstat") >> nanoseconds;
-    return nanoseconds;
-}
-
 } // namespace
+
+Activity activityOf(pid_t process) {
+    Activity activity;
+    for (const auto& thread :
+        std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        std::uint64_t onProcessor = 0;
+        std::uint64_t waiting = 0;
+        std::uint64_t runs = 0;
+        std::ifstream(thread.path() / "schedstat") >> onProcessor >> waiting >> runs;
+        activity.runs += runs;
+        activity.nanoseconds += onProcessor;
+    }
+    return activity;
+}
 
 void waitUntilIdle(pid_t process) {
     // A blinking cursor or a timer is less than this; reading a file or building a view is more.
     constexpr std::uint64_t idleNanoseconds = 1'000'000;
     constexpr int idleTimes = 3; // a process that waits for an answer looks idle for a moment
     for (int times = 0; times < idleTimes;) {
-        const auto before = processorTime(process);
+        const auto before = activityOf(process).nanoseconds;
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        times = processorTime(process) - before < idleNanoseconds ? times + 1 : 0;
+        times = activityOf(process).nanoseconds - before < idleNanoseconds ? times + 1 : 0;
     }
 }
 

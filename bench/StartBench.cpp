@@ -1,47 +1,23 @@
-// Start and memory of the settings application with the panel, against a program with one empty window.
+// Start and memory of the settings application with the panel, against a program with one empty window, and
+// with
+// --peers its start against the other settings programs for mice that are installed.
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <stdexcept>
-#include <thread>
 
 #include "bench/FirstWindow.h"
-#include "bench/FullConfiguration.h"
 #include "bench/ProcessFigures.h"
-#include "model/SettingsDocument.h"
-#include "platform/events/EventBus.h"
+#include "bench/Programs.h"
 #include "support/ChildProcess.h"
 #include "support/PrivateBus.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::bench {
 namespace {
-
-const std::string kPanel = QUORVI_PROGRAMS "/quorvi-settings";
-const std::string kEmptyWindow = QUORVI_PROGRAMS "/quorvi-bench-empty-window";
-const std::string kHelper =
-    QUORVI_BUNDLE "/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper";
-
-/// A new user, with a full configuration of an earlier session. Nothing of the real one's reaches the
-/// programs.
-void becomeNewUser(const std::string& home) {
-    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "QT_QPA_PLATFORM",
-             "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "XDG_CURRENT_DESKTOP", "WAYLAND_DISPLAY"})
-        unsetenv(variable);
-    setenv("HOME", home.c_str(), 1);
-    if (!saveSettings(fullConfiguration(), userSettingsPath(home)))
-        throw std::runtime_error("the settings cannot be written");
-}
-
-void waitForHelper() {
-    const auto bus = EventBus::connect();
-    const auto deadline = Clock::now() + test::kPatience;
-    while (!bus || bus->findProcessByName("KyvarQuorviHelper", nullptr) != noErr) {
-        if (!bus || Clock::now() > deadline)
-            throw std::runtime_error("the helper does not start");
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-}
 
 /// One start of a program, from the fork to its first drawn window.
 class Start {
@@ -71,7 +47,25 @@ class Start {
     double m_time = 0;
 };
 
-void run(bool quick) {
+/// Programs of Debian that set up mice and open a window by themselves.
+constexpr const char* kPeers[] = {"lxinput", "xfce4-mouse-settings", "piper"};
+
+void comparePeers(int pairs, const std::function<double(const std::string&)>& time) {
+    for (const std::string peer : kPeers) {
+        if (!std::filesystem::exists("/usr/bin/" + peer)) {
+            std::fprintf(stderr, "quorvi-bench-start: %s is not installed\n", peer.c_str());
+            continue;
+        }
+        const auto ratios = runPairs(
+            pairs, [&] { return time(kPanel); },
+            [&] {
+                return time(peer);
+            }).ratios();
+        printRow("  … / of " + peer, figureOf(ratios), "x", 1.0);
+    }
+}
+
+void run(bool quick, bool peers) {
     const test::TemporaryFolder home;
     becomeNewUser(home.path());
     const test::PrivateBus bus;
@@ -88,6 +82,8 @@ void run(bool quick) {
     };
     const auto time = [&](const std::string& program) { return Start(watcher, program).microseconds(); };
     printRow("from start to first window / an empty Qt window", ratio(quick ? 3 : 61, time), "x", 2.0);
+    if (peers)
+        comparePeers(quick ? 1 : 15, time);
     const auto memory = [&](const std::string& program) { return Start(watcher, program).memory(); };
     printRow(
         "memory (PSS) of the open panel / of an empty Qt window", ratio(quick ? 1 : 5, memory), "x", 2.0);
@@ -101,7 +97,9 @@ void run(bool quick) {
 
 int main(int argc, char** argv) {
     try {
-        quorvi::bench::run(quorvi::bench::isQuick(argc, argv));
+        const bool peers = std::any_of(
+            argv + 1, argv + argc, [](const char* argument) { return !std::strcmp(argument, "--peers"); });
+        quorvi::bench::run(quorvi::bench::isQuick(argc, argv), peers);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "quorvi-bench-start: %s\n", error.what());
         return 1;

@@ -29,3 +29,5 @@ packages_gallery=(adwaita-qt6)
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 # The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.
 packages_fuzz=(clang libclang-rt-14-dev)
+# Settings programs for mice, whose start bench/run --peers sets beside the panel's.
+packages_bench_peers=(lxinput xfce4-settings piper)
