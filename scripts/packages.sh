@@ -4,6 +4,7 @@ packages_build=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-private-dev
     libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
+    libfontconfig-dev
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)

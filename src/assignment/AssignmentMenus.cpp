@@ -3,6 +3,7 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <array>
 
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
@@ -90,7 +91,7 @@ void KyvarQuorviPane::fillAssignmentMenus() {
         PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(n - 1)];
         const QMenu* commands =
             n <= kLastButton ? fViews->menus.quorviMenuCommands : fViews->menus.quorviMenuWheelCommands;
-        popUp->setMenu(copyOfMenu(*commands).release());
+        popUp->setMenuLike(*commands);
         popUp->setProperty("tag", n);
     }
 }
@@ -130,14 +131,18 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
         popUp->setEnabled(
             hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
     }
-    for (const int decorated : {commands::switchToProfile, commands::runMacro, commands::singleKey}) {
-        if (QAction* item = popUp->itemWithTag(decorated)) {
-            const QString plain = item->property(kRepresentedObject).toString();
-            setTitleOfItem(*item, decorated == command ? assignmentTitle(record, plain) : plain);
-        }
-    }
-    QAction* item = popUp->itemWithTag(command);
-    popUp->selectItem(item ? item : popUp->itemWithTag(commands::noFunction));
+    constexpr std::array decorated{commands::switchToProfile, commands::runMacro, commands::singleKey};
+    const bool isDecorated = std::find(decorated.begin(), decorated.end(), command) != decorated.end();
+    // The titles of a menu that nobody has asked for are the plain ones, and asking for an item would make
+    // it.
+    if (isDecorated || !popUp->awaitsMenu())
+        for (const int decoratedCommand : decorated)
+            if (QAction* item = popUp->itemWithTag(decoratedCommand)) {
+                const QString plain = item->property(kRepresentedObject).toString();
+                setTitleOfItem(*item, decoratedCommand == command ? assignmentTitle(record, plain) : plain);
+            }
+    if (!popUp->selectItemWithTag(command))
+        popUp->selectItemWithTag(commands::noFunction);
 }
 
 void KyvarQuorviPane::updateMacrosSubmenu() {

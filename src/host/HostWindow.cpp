@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 
+#include "platform/PausedLayout.h"
+
 namespace quorvi {
 
 namespace {
@@ -23,6 +25,7 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     layout->addWidget(m_stack, 1);
     for (const auto& pane : m_panes) {
         m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
+        const PausedLayout paused(*pane->mainView());
         m_stack->addWidget(pane->mainView());
     }
     m_list->setAccessibleName(QStringLiteral("Settings"));
@@ -60,10 +63,10 @@ void HostWindow::showPane(int index) {
     pane.select();
 }
 
-void HostWindow::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    if (m_shown < 0 && !event->spontaneous())
+void HostWindow::setVisible(bool visible) {
+    if (visible && m_shown < 0)
         showPane(0);
+    QMainWindow::setVisible(visible);
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {

@@ -24,8 +24,9 @@ class HostWindow : public QMainWindow {
     /// Hides the pane that is shown and shows this one; an index that does not exist shows none.
     void showPane(int index);
 
+    void setVisible(bool visible) override;
+
   protected:
-    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:

@@ -3,8 +3,12 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QFontDatabase>
 
 #include <cstdio>
+#include <thread>
+
+#include <fontconfig/fontconfig.h>
 
 #include "host/HostWindow.h"
 #include "host/TerminationSignals.h"
@@ -23,7 +27,11 @@ QStringList defaultBundles() {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Reading the fonts' settings takes as long as connecting to the display, and nobody needs them before a
+    // text is measured. The wait is for two that read them at once, which would do the work twice.
+    std::jthread fontSettings([] { FcInit(); });
     QApplication application(argc, argv);
+    fontSettings.join();
     QApplication::setApplicationName(QStringLiteral("quorvi-settings"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVI_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.kyvar.quorvi-settings"));
@@ -34,6 +42,8 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);
+    // Likewise the list of fonts, while the panel is made; Qt lets one thread make it and the other wait.
+    const std::jthread fonts([] { (void)QFontDatabase::families(); });
 
     const QStringList given = parser.positionalArguments();
     std::vector<std::unique_ptr<quorvi::LoadedPane>> panes;

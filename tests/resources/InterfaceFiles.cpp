@@ -72,7 +72,7 @@ std::vector<Widget> windows() {
 
 const std::vector<Widget>& pagesOf(const Widget& widget) {
     static const std::vector<Widget> none;
-    return widget.type == "QTabWidget" ? widget.children : none;
+    return widget.type == "quorvi::TabView" ? widget.children : none;
 }
 
 const Widget* tabsIn(const Widget& widget) {

@@ -98,6 +98,29 @@ class InterfaceTest : public QObject {
         QCOMPARE(tabs->currentIndex(), 0);
     }
 
+    void hiddenTabsCountForTheSizeButAreNotAskedForEveryWidth() {
+        auto* tabs = m_interface->main.quorviTabsMain;
+        QVERIFY(tabs->widget(0)->hasHeightForWidth());
+        QVERIFY(!tabs->hasHeightForWidth());
+        tabs->widget(4)->setMinimumSize(1234, 987);
+        QVERIFY(m_view->minimumSizeHint().width() >= 1234);
+        QVERIFY(m_view->minimumSizeHint().height() >= 987);
+    }
+
+    void aTabThatIsAddedIsLaidOutWhenItIsShown() {
+        TabView tabs;
+        auto* page = new QWidget;
+        auto* layout = new QVBoxLayout(page);
+        auto* content = new QWidget(page);
+        layout->addWidget(content);
+        tabs.addTab(page, "Page");
+        QCOMPARE(content->pos(), QPoint());
+        tabs.resize(400, 300);
+        tabs.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+        QCOMPARE(content->geometry(), layout->contentsRect());
+    }
+
     void stepsAreTheFirstPageAndTheHintTheSecond() {
         const QStackedWidget* pages = m_interface->main.quorviTabsShowHideSteps;
         QCOMPARE(pages->count(), 2);

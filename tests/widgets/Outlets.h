@@ -18,7 +18,7 @@ inline constexpr const char* ok = "actionButtonModalOK:";
 inline constexpr const char* cancel = "actionButtonModalCancel:";
 
 inline constexpr Outlet outlets[] = {
-    {"quorviTabsMain", "QTabWidget"},
+    {"quorviTabsMain", "quorvi::TabView"},
     {"quorviTextProfile", "QLabel"},
     {"quorviTextConnection", "QLabel"},
     {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},

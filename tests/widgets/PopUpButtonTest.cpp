@@ -357,6 +357,73 @@ class PopUpButtonTest : public QObject {
         QVERIFY(!quorvi::itemWithTag(*m_button->menu(), 20));
     }
 
+    void aMenuLikeAnotherIsMadeWhenSomebodyAsksForIt() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        original->setLayoutDirection(Qt::RightToLeft);
+        m_button->setMenuLike(*original);
+        QVERIFY(m_button->awaitsMenu());
+        QCOMPARE(m_button->currentText(), QString());
+        QVERIFY(m_button->selectItemWithTag(20));
+        QVERIFY(m_button->awaitsMenu());
+        QCOMPARE(m_button->currentText(), QString("Beta"));
+        QVERIFY(m_button->findChildren<QMenu*>().isEmpty());
+
+        QMenu* menu = m_button->menu();
+        QVERIFY(!m_button->awaitsMenu());
+        QVERIFY(menu != original.get());
+        QCOMPARE(menu, m_button->menu());
+        QCOMPARE(menu->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(titles(m_button->items()), titles(selectableItems(*original)));
+        QCOMPARE(m_button->selectedTag(), 20);
+        QCOMPARE(m_button->currentText(), QString("Beta"));
+        QVERIFY(m_button->selectedItem()->isChecked());
+    }
+
+    void everyQuestionMakesTheAwaitedMenu() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        const auto await = [&] {
+            m_button->setMenuLike(*original);
+            (void)m_button->selectItemWithTag(10);
+        };
+        await();
+        QCOMPARE(m_button->items().size(), 5);
+        await();
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(30)), QString("Again"));
+        await();
+        QCOMPARE(m_button->indexOfItemWithTag(34), 3);
+        await();
+        QCOMPARE(titleOfItem(*m_button->selectedItem()), QString("Alpha"));
+        await();
+        QCOMPARE(m_button->selectedTag(), 10);
+        await();
+        m_button->showPopup();
+        QTRY_VERIFY(m_button->menu()->isVisible());
+        QCOMPARE(m_button->menu()->activeAction(), m_button->itemWithTag(10));
+    }
+
+    void anAwaitedMenuShowsNothingForAnUnknownTag() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        m_button->setMenuLike(*original);
+        QVERIFY(m_button->selectItemWithTag(10));
+        QVERIFY(!m_button->selectItemWithTag(99));
+        QCOMPARE(m_button->currentText(), QString());
+        QVERIFY(!m_button->selectedItem());
+    }
+
+    void anOriginalThatIsGoneLeavesNoMenu() {
+        m_button->setMenuLike(*std::unique_ptr<QMenu>(createMenu()));
+        QVERIFY(!m_button->menu());
+        QVERIFY(!m_button->selectItemWithTag(10));
+    }
+
+    void theWidthDoesNotFollowTheContents() {
+        m_button->selectItemWithTag(10);
+        const QSize narrow = m_button->sizeHint();
+        setTitleOfItem(*m_button->itemWithTag(10), QString(60, 'W'));
+        QCOMPARE(m_button->sizeHint(), narrow);
+        QVERIFY(narrow.width() >= 14 * m_button->fontMetrics().horizontalAdvance('X'));
+    }
+
   private:
     std::unique_ptr<PopUpButton> m_button;
 };

@@ -32,13 +32,15 @@ void copyProperties(const QObject& from, QObject& to) {
         to.setProperty(name.constData(), from.property(name.constData()));
 }
 
-void copyItems(const QMenu& from, QMenu& to) {
+void copyContent(const QMenu& from, QMenu& to) {
+    copyProperties(from, to);
+    if (from.testAttribute(Qt::WA_SetLayoutDirection))
+        to.setLayoutDirection(from.layoutDirection());
     for (const QAction* item : from.actions()) {
         QAction* copy = nullptr;
         if (const QMenu* submenu = item->menu()) {
             QMenu* submenuCopy = to.addMenu(item->text());
-            copyProperties(*submenu, *submenuCopy);
-            copyItems(*submenu, *submenuCopy);
+            copyContent(*submenu, *submenuCopy);
             copy = submenuCopy->menuAction();
         } else {
             copy = to.addAction(item->text());
@@ -117,6 +119,16 @@ QList<QAction*> selectableItems(const QMenu& menu) {
     return items;
 }
 
+QAction* selectableItemWithTag(const QMenu& menu, int tag) {
+    if (QAction* item = itemWithTag(menu, tag))
+        return item;
+    for (QAction* item : selectableItems(menu)) {
+        if (tagOfItem(*item) == tag)
+            return item;
+    }
+    return nullptr;
+}
+
 void markItem(QAction& item, bool marked) {
     item.setCheckable(marked);
     item.setChecked(marked);
@@ -149,8 +161,7 @@ void activateFirstItem(QMenu& menu) {
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {
     auto copy = std::make_unique<QMenu>();
-    copyProperties(menu, *copy);
-    copyItems(menu, *copy);
+    copyContent(menu, *copy);
     return copy;
 }
 

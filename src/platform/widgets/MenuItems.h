@@ -46,6 +46,10 @@ void setTitleOfItem(QAction& item, const QString& title);
 /// separators, groups and the lists under tagged items.
 [[nodiscard]] QList<QAction*> selectableItems(const QMenu& menu);
 
+/// The selectable item with the tag: the menu's own items come first, then those of its groups; nullptr when
+/// there is none.
+[[nodiscard]] QAction* selectableItemWithTag(const QMenu& menu, int tag);
+
 /// Marks the item as the selected one, or takes that back. Only what is marked can be checked: styles draw an
 /// empty box beside every other item that can.
 void markItem(QAction& item, bool marked);
@@ -62,7 +66,8 @@ void markItem(QAction& item, bool marked);
 void activateFirstItem(QMenu& menu);
 
 /// A copy of the menu with all its items and submenus: titles, tags and all other dynamic properties, enabled
-/// and shown states. The copy has no parent; no connection of the original is copied.
+/// and shown states, the direction of the layout where it was set. The copy has no parent; no connection of
+/// the original is copied.
 [[nodiscard]] std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu);
 
 } // namespace quorvi

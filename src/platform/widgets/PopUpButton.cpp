@@ -12,17 +12,23 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <utility>
+
 namespace quorvi {
 
 namespace {
 
 // Wide enough for most titles. The button must not grow and shrink with the selected one.
 constexpr int widthInCharacters = 14;
+// Between a title and the icon that it leaves room for, as other combo boxes do.
+constexpr int iconSpacing = 4;
+constexpr int contentMargin = 2;
 
 } // namespace
 
+// The policy that says the same as sizeHint() would make the list view, which this button never shows.
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(widthInCharacters);
 }
 
@@ -32,41 +38,61 @@ PopUpButton::~PopUpButton() {
 }
 
 void PopUpButton::setMenu(QMenu* menu) {
-    if (menu == m_menu)
+    if (menu && menu == m_menu)
         return;
+    m_original = nullptr;
+    m_awaitedTag.reset();
     selectItem(nullptr);
     delete m_menu;
-    m_menu = menu;
-    if (!menu)
-        return;
-    menu->setParent(this, menu->windowFlags());
-    connect(menu, &QMenu::triggered, this, &PopUpButton::chooseTriggeredItem);
-    connect(menu, &QMenu::aboutToHide, this, QOverload<>::of(&QWidget::update));
+    if (menu)
+        adopt(*menu);
 }
 
-QList<QAction*> PopUpButton::items() const {
-    return m_menu ? selectableItems(*m_menu) : QList<QAction*>();
+void PopUpButton::adopt(QMenu& menu) {
+    m_menu = &menu;
+    menu.setParent(this, menu.windowFlags());
+    connect(&menu, &QMenu::triggered, this, &PopUpButton::chooseTriggeredItem);
+    connect(&menu, &QMenu::aboutToHide, this, QOverload<>::of(&QWidget::update));
 }
 
-QAction* PopUpButton::itemWithTag(int tag) const {
-    if (!m_menu)
-        return nullptr;
-    if (QAction* item = quorvi::itemWithTag(*m_menu, tag))
-        return item;
-    for (QAction* item : items()) {
-        if (tagOfItem(*item) == tag)
-            return item;
+void PopUpButton::setMenuLike(const QMenu& original) {
+    setMenu(nullptr);
+    m_original = &original;
+}
+
+QMenu* PopUpButton::menu() {
+    if (m_original) {
+        adopt(*copyOfMenu(*m_original).release());
+        m_original = nullptr;
+        if (const auto tag = std::exchange(m_awaitedTag, std::nullopt))
+            selectItemWithTag(*tag);
     }
-    return nullptr;
+    return m_menu;
 }
 
-int PopUpButton::indexOfItemWithTag(int tag) const {
+QList<QAction*> PopUpButton::items() {
+    QMenu* menu = this->menu();
+    return menu ? selectableItems(*menu) : QList<QAction*>();
+}
+
+QAction* PopUpButton::itemWithTag(int tag) {
+    QMenu* menu = this->menu();
+    return menu ? selectableItemWithTag(*menu, tag) : nullptr;
+}
+
+int PopUpButton::indexOfItemWithTag(int tag) {
     QAction* item = itemWithTag(tag);
     return item ? int(items().indexOf(item)) : -1;
 }
 
-int PopUpButton::selectedTag() const {
-    return m_selected ? tagOfItem(*m_selected).value_or(-1) : -1;
+QAction* PopUpButton::selectedItem() {
+    (void)menu();
+    return m_selected;
+}
+
+int PopUpButton::selectedTag() {
+    const QAction* item = selectedItem();
+    return item ? tagOfItem(*item).value_or(-1) : -1;
 }
 
 void PopUpButton::selectItem(QAction* item) {
@@ -84,6 +110,12 @@ void PopUpButton::selectItem(QAction* item) {
 }
 
 bool PopUpButton::selectItemWithTag(int tag) {
+    if (m_original) {
+        const QAction* item = selectableItemWithTag(*m_original, tag);
+        m_awaitedTag = item ? std::optional(tag) : std::nullopt;
+        showTitle(item);
+        return item != nullptr;
+    }
     selectItem(itemWithTag(tag));
     return m_selected != nullptr;
 }
@@ -98,12 +130,16 @@ void PopUpButton::chooseTriggeredItem(QAction* item) {
 }
 
 void PopUpButton::showSelectedTitle() {
-    if (!m_selected)
+    showTitle(m_selected);
+}
+
+void PopUpButton::showTitle(const QAction* item) {
+    if (!item)
         clear();
     else if (count() == 0)
-        addItem(shownTitleOfItem(*m_selected));
+        addItem(shownTitleOfItem(*item));
     else
-        setItemText(0, shownTitleOfItem(*m_selected));
+        setItemText(0, shownTitleOfItem(*item));
 }
 
 // The group that holds the selected item is marked too, so that the way to it shows in the opened menu.
@@ -118,8 +154,19 @@ void PopUpButton::markSelectedItem() {
         markItem(*item, item == m_selected);
 }
 
+// What other combo boxes take for that many characters and an icon, whether there is one or not.
+QSize PopUpButton::minimumSizeHint() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QFontMetrics metrics = fontMetrics();
+    const int width = minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
+    const QSize content(width + iconSize().width() + iconSpacing,
+        std::max(metrics.height(), iconSize().height()) + contentMargin);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this);
+}
+
 void PopUpButton::showPopup() {
-    if (!m_menu || m_menu->isVisible() || !isEnabled())
+    if (!menu() || m_menu->isVisible() || !isEnabled())
         return;
     // Items come and go while the button shows the same selection: lists of profiles and macros.
     markSelectedItem();
@@ -155,6 +202,12 @@ QString PopUpButton::titleThatFits(const QStyleOptionComboBox& option) const {
     // Some styles leave a margin within the field.
     return fontMetrics().elidedText(
         currentText(), Qt::ElideRight, field.width() - fontMetrics().averageCharWidth());
+}
+
+// The inherited one has the window laid out anew for the width of its contents, which this button does not
+// have.
+void PopUpButton::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 // As the inherited one, and cuts a title that is too long with dots in every style.

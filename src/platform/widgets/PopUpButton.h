@@ -7,6 +7,9 @@
 #include <QMenu>
 #include <QPointer>
 
+#include <memory>
+#include <optional>
+
 class QStyleOptionComboBox;
 
 namespace quorvi {
@@ -20,25 +23,35 @@ class PopUpButton : public QComboBox {
 
     /// Takes ownership of the menu, deletes the one before and selects nothing. nullptr leaves no menu.
     void setMenu(QMenu* menu);
-    [[nodiscard]] QMenu* menu() const { return m_menu; }
+    /// As setMenu() with a copy of that menu. The copy is made when somebody first asks for the menu or an
+    /// item; until then the button shows what is selected by its tag with the original's title. The original
+    /// must not change before; when it dies before, there is no menu.
+    void setMenuLike(const QMenu& original);
+    [[nodiscard]] QMenu* menu();
+    /// The items are still those of the original, because nobody has asked for one.
+    [[nodiscard]] bool awaitsMenu() const { return m_original != nullptr; }
 
     /// What can be selected, in the order of the menu: see selectableItems() in MenuItems.h.
-    [[nodiscard]] QList<QAction*> items() const;
+    [[nodiscard]] QList<QAction*> items();
     /// The item with the tag: the menu's own items come first, then those of its groups; never an item of a
     /// list under a tagged item. nullptr when there is none.
-    [[nodiscard]] QAction* itemWithTag(int tag) const;
+    [[nodiscard]] QAction* itemWithTag(int tag);
     /// The position of that item in items(); -1 when there is none.
-    [[nodiscard]] int indexOfItemWithTag(int tag) const;
+    [[nodiscard]] int indexOfItemWithTag(int tag);
 
     /// nullptr when nothing is selected, also after the selected item was deleted.
-    [[nodiscard]] QAction* selectedItem() const { return m_selected; }
+    [[nodiscard]] QAction* selectedItem();
     /// The selected item's tag; -1 when nothing is selected or the item has none.
-    [[nodiscard]] int selectedTag() const;
+    [[nodiscard]] int selectedTag();
     /// Selects and shows the item, and follows its title from then on. nullptr, and an item that is not one
     /// of items(), select none and show nothing. Emits nothing.
     void selectItem(QAction* item);
     /// Selects the item with the tag, or none when no item has it; false then.
     bool selectItemWithTag(int tag);
+
+    /// Of a fixed number of characters, whatever is selected.
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
     void showPopup() override;
     void hidePopup() override;
@@ -51,6 +64,7 @@ class PopUpButton : public QComboBox {
 
   protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -62,8 +76,12 @@ class PopUpButton : public QComboBox {
     void chooseTriggeredItem(QAction* item);
     void showSelectedTitle();
     void markSelectedItem();
+    void showTitle(const QAction* item);
+    void adopt(QMenu& menu);
     [[nodiscard]] QString titleThatFits(const QStyleOptionComboBox& option) const;
 
+    QPointer<const QMenu> m_original; ///< of the menu that has yet to be made
+    std::optional<int> m_awaitedTag;  ///< of the item to be selected in it
     QPointer<QMenu> m_menu;
     QPointer<QAction> m_selected;
 };

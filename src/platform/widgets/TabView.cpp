@@ -1,0 +1,12 @@
+#include "platform/widgets/TabView.h"
+
+#include "platform/PausedLayout.h"
+
+namespace quorvi {
+
+int TabView::addTab(QWidget* page, const QString& title) {
+    const PausedLayout paused(*page);
+    return QTabWidget::addTab(page, title);
+}
+
+} // namespace quorvi
