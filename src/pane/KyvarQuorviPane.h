@@ -279,6 +279,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
 
+    void closeMenus();
     void watchSettingsFile();
     [[nodiscard]] bool userIsAtSomething() const;
     void followSettingsFileWhenFree();

@@ -137,9 +137,7 @@ void KyvarQuorviPane::didSelect() {
 
 void KyvarQuorviPane::willUnselect() {
     startStopRecording(false, false);
-    // A menu is a window of its own, and would stay.
-    for (QMenu* menu : fMainView->findChildren<QMenu*>())
-        menu->close();
+    closeMenus();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
@@ -157,6 +155,14 @@ void KyvarQuorviPane::willUnselect() {
     fSettingsFile.forget();
     editProfileIndex(-1);
     editMacroIndex(-1);
+}
+
+// A menu is a window of its own, and would stay. The view may have gone before, with the host's window.
+void KyvarQuorviPane::closeMenus() {
+    if (!fMainView)
+        return;
+    for (QMenu* menu : fMainView->findChildren<QMenu*>())
+        menu->close();
 }
 
 void KyvarQuorviPane::sysPrefDidResignActive() {

@@ -20,8 +20,8 @@ class FileWatcher : public QObject {
     explicit FileWatcher(QObject* parent = nullptr);
     ~FileWatcher() override;
 
-    /// Watches this file from now on, in the folders that are there now: to be called again when one has come
-    /// to be. Watching what is being watched costs next to nothing.
+    /// Watches this file from now on. While its folder is not there, the nearest one above it is watched for
+    /// its coming. Watching what is being watched costs next to nothing.
     void watch(const std::filesystem::path& file);
     void stop();
     /// Whether all folders that there are to be watched are.
@@ -33,11 +33,14 @@ class FileWatcher : public QObject {
 
   private:
     [[nodiscard]] bool addFolderOf(const std::filesystem::path& file) const;
+    void awaitFolder();
     void readEvents();
 
     int m_inotify = -1;
+    int m_above = -1; ///< the watch of a folder above the missing one
     bool m_watching = false;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    std::filesystem::path m_file;
     std::string m_name;       ///< of the file
     std::string m_targetName; ///< the same unless the file is a link
 };

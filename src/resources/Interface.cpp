@@ -1,5 +1,7 @@
 #include "resources/Interface.h"
 
+#include <algorithm>
+
 #include "platform/widgets/InputLines.h"
 #include "platform/widgets/SymbolIcon.h"
 #include "resources/Inputs.h"
@@ -39,7 +41,8 @@ class NoteHeights : public QObject {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (auto* note = qobject_cast<QLabel*>(watched); note && event->type() == QEvent::Resize)
-            note->setMinimumHeight(note->heightForWidth(note->width()));
+            note->setMinimumHeight(
+                std::max(0, note->heightForWidth(note->width()))); // less while it is empty
         return QObject::eventFilter(watched, event);
     }
 };

@@ -57,7 +57,7 @@ class KeyboardLayoutTest : public QObject {
     void aPanelWithoutALayoutOpensAllTheSame() {
         PaneFixture fixture;
         fixture.openWith(treeWithSingleKey());
-        const auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
+        auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
         QVERIFY(titleOfItem(*popUp->itemWithTag(commands::singleKey)).endsWith(QStringLiteral("+???")));
     }
 
@@ -66,7 +66,7 @@ class KeyboardLayoutTest : public QObject {
         QVERIFY(display.setLayout("us"));
         PaneFixture fixture(followingLayoutOf(display));
         fixture.openWith(treeWithSingleKey());
-        const auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
+        auto* popUp = fixture.find<PopUpButton>("quorviMenuTop2");
         const auto title = [popUp] { return titleOfItem(*popUp->itemWithTag(commands::singleKey)); };
         const QString american = title();
         QVERIFY2(american.endsWith(QStringLiteral("+q")), qPrintable(american));

@@ -1,6 +1,7 @@
 #include "proof/SaveWitness.h"
 
 #include <cerrno>
+#include <string_view>
 
 namespace quorvi::test {
 
@@ -11,7 +12,8 @@ int SaveWitness::renameat(int folder, const char* from, const char* to) {
         return -1;
     }
     const int result = FileCalls::renameat(folder, from, to);
-    if (result == 0)
+    // Copies of what others have set are kept beside the settings file.
+    if (result == 0 && std::string_view(to).find(".kept-") == std::string_view::npos)
         saved();
     return result;
 }
