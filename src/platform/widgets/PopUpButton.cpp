@@ -40,6 +40,7 @@ void PopUpButton::setMenu(QMenu* menu) {
     if (!menu)
         return;
     menu->setParent(this, menu->windowFlags());
+    closeWhenChosen(*menu);
     connect(menu, &QMenu::triggered, this, &PopUpButton::chooseTriggeredItem);
     connect(menu, &QMenu::aboutToHide, this, QOverload<>::of(&QWidget::update));
 }
