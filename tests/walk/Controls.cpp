@@ -33,6 +33,18 @@ bool isOnScreen(const Accessible& thing) {
     return thing.is(AccessibleState::showing) && thing.extents().height > 0;
 }
 
+/// The outermost menu that the thing is in; nothing when it is in none. Menus are not among a program's windows:
+/// readers hear of them by their focus.
+Accessible openMenuAround(Accessible thing) {
+    Accessible menu;
+    for (std::string role = thing.role(); role == "menu item" || role == "popup menu"; role = thing.role()) {
+        if (role == "popup menu")
+            menu = thing;
+        thing = thing.parent();
+    }
+    return menu.is(AccessibleState::visible) ? menu : Accessible();
+}
+
 } // namespace
 
 QString nameOf(const Accessible& control) {
@@ -77,6 +89,8 @@ QString Controls::meet() {
             if (kOfFilePanels.contains(heard(thing)) && isOnScreen(thing))
                 note(heard(thing), thing);
     }
+    if (const Accessible menu = openMenuAround(m_walk.reader().focus()); !menu.isNull())
+        look(menu, {}, wrong);
     return wrong;
 }
 
@@ -93,7 +107,8 @@ void Controls::look(const Accessible& thing, const QString& way, QString& wrong)
     if (role == "popup menu")
         below = way.isEmpty() ? nameOf(thing) : way;
     const bool shown = isOnScreen(thing);
-    if (shown && (!onlyShows(role) || (role != "cell" && thing.is(AccessibleState::focusable)))) {
+    // What is drawn by hand and takes the focus would be a "panel".
+    if (shown && (!onlyShows(role) || (role == "panel" && thing.is(AccessibleState::focusable)))) {
         const QString name = nameOf(thing);
         QString key = keyOf(role, name);
         if (role == "menu item")

@@ -3,6 +3,7 @@
 #include "platform/widgets/MenuItems.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -129,6 +130,8 @@ void PopUpButton::showPopup() {
     m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
         m_menu->setActiveAction(m_selected);
+    else if (!QGuiApplication::mouseButtons())
+        activateFirstItem(*m_menu);
     update();
 }
 
