@@ -58,6 +58,13 @@ struct MacrosTab {
     [[nodiscard]] Controls::Effect delayed(const QStringList& expected) const {
         return [this, expected] { return delays() == expected; };
     }
+    /// Ends the edit of the name that follows.
+    void finishName() {
+        static_cast<void>(controls.find("text 'Macro'"));
+        walk.press({"Return"});
+        if (!controls.goes("text 'Macro'"))
+            qFatal("the edit does not end");
+    }
     [[nodiscard]] bool selectMacro(int row) {
         const Accessible table = controls.find("table 'Macros'");
         return table.selectRow(row) && !controls.find("table 'Steps of the macro'").isNull();
@@ -92,11 +99,11 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(controls.performCell("Macros", 0, "Macro", "Press", controls.shows("text 'Macro'")));
         QVERIFY(controls.type(
             "text 'Macro'", "Bye", [&] { return controls.find("text 'Macro'").text() == "Bye"; }));
-        tab.walk.press({"Return"});
+        tab.finishName();
         QVERIFY(!tab.walk.thing("cell 'Bye'").isNull());
 
         QVERIFY(controls.press("push button 'Add macro'", tab.named({"Bye", "Greet", "Untitled Macro"})));
-        tab.walk.press({"Return"});
+        tab.finishName();
         QVERIFY(controls.press("push button 'Delete macro'", controls.opens(kQuestion)));
         QCOMPARE(controls.meet(), QString());
         QCOMPARE(tab.walk.focusBecomes(kCancel), kCancel);
@@ -108,7 +115,7 @@ class SpokenMacrosTest : public QObject {
 
         QVERIFY(tab.selectMacro(0));
         QVERIFY(tab.choose(kMacros, "New Macro", tab.named({"Bye", "Greet", "Untitled Macro"})));
-        tab.walk.press({"Return"});
+        tab.finishName();
         QVERIFY(tab.choose(kMacros, "Delete Macro…", controls.opens(kQuestion)));
         QVERIFY(controls.press(kCancel, controls.closes(kQuestion)));
         QVERIFY(tab.selectMacro(0));
@@ -149,7 +156,7 @@ class SpokenMacrosTest : public QObject {
             QVERIFY(controls.performCell(
                 "Steps of the macro", 1, "Delay Afterwards", "ShowMenu", controls.shows(itemOf(way))));
             QVERIFY(controls.choose(way, [&] { return table.cell(1, 1).name() == title.toStdString(); }));
-            QVERIFY(controls.goes(itemOf(way)));
+            QVERIFY2(controls.goes(itemOf(way)), qPrintable(title));
         }
         QCOMPARE(controls.meet(), QString());
 

@@ -56,8 +56,13 @@ struct ProfilesTab {
             return walk.session().home.savedSettings().dictionary("settings").integer("profileid") == row + 1;
         };
     }
-    /// Presses the key in the field that has the focus, as whoever types a name does.
-    void finishName() { walk.press({"Return"}); }
+    /// Ends the edit of the name that follows.
+    void finishName() {
+        static_cast<void>(controls.find("text 'Profile'"));
+        walk.press({"Return"});
+        if (!controls.goes("text 'Profile'"))
+            qFatal("the edit does not end");
+    }
 };
 
 } // namespace
@@ -160,7 +165,8 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(controls.press(kCancel, controls.closes(kChooser)));
         QVERIFY(tab.choose("Assign Application…", controls.opens(kChooser)));
         QVERIFY(controls.press("push button 'Other application'", controls.opens("Choose an Application")));
-        QVERIFY(controls.type(kFileName, "/bin/true", controls.shows("push button 'Choose'")));
+        QVERIFY(controls.type(
+            kFileName, "/bin/true", [&] { return controls.find(kFileName).text() == "/bin/true"; }));
         tab.walk.press({"Return"});
         QTRY_VERIFY(tab.assigned(1, u"true")());
         QVERIFY(tab.choose("Remove Application", tab.assigned(1, u"")));
