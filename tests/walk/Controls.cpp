@@ -33,8 +33,8 @@ bool isOnScreen(const Accessible& thing) {
     return thing.is(AccessibleState::showing) && thing.extents().height > 0;
 }
 
-/// The outermost menu that the thing is in; nothing when it is in none. Menus are not among a program's windows:
-/// readers hear of them by their focus.
+/// The outermost menu that the thing is in; nothing when it is in none. Menus are not among a program's
+/// windows: readers hear of them by their focus.
 Accessible openMenuAround(Accessible thing) {
     Accessible menu;
     for (std::string role = thing.role(); role == "menu item" || role == "popup menu"; role = thing.role()) {
@@ -206,7 +206,8 @@ bool Controls::performCell(
 }
 
 bool Controls::selectRow(const char* table, int row, const Effect& effect) {
-    return operate(keyOf("table", table), effect, [&](const Accessible& thing) { return thing.selectRow(row); });
+    return operate(
+        keyOf("table", table), effect, [&](const Accessible& thing) { return thing.selectRow(row); });
 }
 
 bool Controls::choose(const QStringList& way, const Effect& effect) {
@@ -222,8 +223,8 @@ bool Controls::choose(const QStringList& way, const Effect& effect) {
 Controls::Effect Controls::opens(const char* title) const {
     return [this, title] {
         const auto windows = m_walk.reader().windows();
-        return std::any_of(windows.begin(), windows.end(),
-            [&](const Accessible& window) { return window.name() == title; });
+        return std::any_of(
+            windows.begin(), windows.end(), [&](const Accessible& window) { return window.name() == title; });
     };
 }
 

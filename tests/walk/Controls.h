@@ -27,9 +27,9 @@ namespace quorvi::test {
 /// The button of the sheet that Return presses, as it is heard.
 [[nodiscard]] QString defaultButtonOf(const Accessible& sheet);
 
-/// Controls are told apart by what is heard of them: "push button 'Help'", "combo box '1  Left button'"; an item
-/// of a menu by the way to it, "menu item 'Step commands › Remove Step'"; the cells of a table's column count as
-/// one, "cell 'Profiles › Application'", and so do the items of a list, "list item 'Applications'".
+/// Controls are told apart by what is heard of them: "push button 'Help'", "combo box '1  Left button'"; an
+/// item of a menu by the way to it, "menu item 'Step commands › Remove Step'"; the cells of a table's column
+/// count as one, "cell 'Profiles › Application'", and so do the items of a list, "list item 'Applications'".
 class Controls {
   public:
     using Effect = std::function<bool()>;
@@ -78,8 +78,8 @@ class Controls {
     [[nodiscard]] static QStringList around();
 
   private:
-    [[nodiscard]] bool operate(const QString& control, const Effect& effect,
-        const std::function<bool(const Accessible&)>& how);
+    [[nodiscard]] bool operate(
+        const QString& control, const Effect& effect, const std::function<bool(const Accessible&)>& how);
     void look(const Accessible& thing, const QString& way, QString& wrong);
     void note(const QString& control, const Accessible& thing);
 

@@ -75,8 +75,8 @@ struct ButtonsTab {
     /// Chooses that, after another function when it is what the input does already.
     [[nodiscard]] bool assign(int input, const QStringList& titles) {
         const auto effect = assigned(input, codeOf(titles.last()));
-        return (!effect() || choose(input, {"Zoom In"}, assigned(input, codeOf("Zoom In"))) ||
-                   choose(input, {"Navigation", "Zoom In"}, assigned(input, codeOf("Zoom In")))) &&
+        const int other = codeOf("Zoom In");
+        return (!effect() || choose(input, {"Navigation", "Zoom In"}, assigned(input, other))) &&
                choose(input, titles, effect);
     }
 };
@@ -106,7 +106,8 @@ class SpokenButtonsTest : public QObject {
             return {};
         for (const QString& group : groups)
             if (!tab.controls.perform(itemOf(tab.way(input, {group})), "ShowMenu", [&] {
-                    const QStringList shown = tab.controls.met().filter(tab.way(input, {group, ""}).join(" › "));
+                    const QStringList shown =
+                        tab.controls.met().filter(tab.way(input, {group, ""}).join(" › "));
                     return tab.controls.meet().isEmpty() && !shown.isEmpty();
                 }))
                 return {};
@@ -128,8 +129,7 @@ class SpokenButtonsTest : public QObject {
         for (const char* answer : {"push button 'Cancel'", "push button 'OK'"}) {
             QVERIFY(tab.choose(input, {"Press Key"}, controls.opens("Press Key")));
             QCOMPARE(controls.meet(), QString());
-            QCOMPARE(tab.walk.focusBecomes("text 'Key'"), QStringLiteral("text 'Key'"));
-            QCOMPARE(defaultButtonOf(tab.walk.reader().window("Press Key")), QString());
+            QCOMPARE(tab.walk.focusBecomes("push button 'OK'"), QStringLiteral("push button 'OK'"));
             // Every key goes into the field, Escape and Return too.
             for (const auto& [key, name] :
                 {std::pair{"Escape", "Escape"}, {"Return", "Return"}, {"k", "k"}}) {
@@ -138,15 +138,16 @@ class SpokenButtonsTest : public QObject {
             }
             const auto assigned = tab.assigned(input, codeOf("Press Key"), kUsageOfK);
             QVERIFY(controls.press(answer, [&] {
-                return controls.closes("Press Key")() && assigned() == (QString(answer) == "push button 'OK'");
+                return controls.closes("Press Key")() &&
+                       assigned() == (QString(answer) == "push button 'OK'");
             }));
         }
     }
 
     static void chooseFromTheLists(ButtonsTab& tab, int input) {
         for (const auto& [macro, number] : {std::pair{"Hello", 1}, {"Greet", 2}})
-            QVERIFY(tab.choose(
-                input, {"Run Macro", macro}, tab.assigned(input, codeOf("Run Macro"), number)));
+            QVERIFY(
+                tab.choose(input, {"Run Macro", macro}, tab.assigned(input, codeOf("Run Macro"), number)));
         for (const auto& [profile, number] : {std::pair{"Default Profile", 1}, {"Game", 2}, {"Work", 3}})
             QVERIFY(tab.choose(input, {"Switch to Profile", profile},
                 tab.assigned(input, codeOf("Switch to Profile"), number)));
@@ -197,6 +198,8 @@ class SpokenButtonsTest : public QObject {
 
     void everyOtherPopUpOpensTheSameMenu() {
         ButtonsTab tab;
+        // The left button can be changed while another one clicks.
+        QVERIFY(tab.choose(4, {"Primary Click"}, tab.assigned(4, codeOf("Primary Click"))));
         for (const auto& [walked, others] :
             {std::pair{4, QList<int>{1, 2, 3, 5, 6, 7}}, {kWheelUp, QList<int>{9}}}) {
             QVERIFY(tab.open(walked));

@@ -41,8 +41,8 @@ class SpokenDeviceTest : public QObject {
         }
         for (const int bit : {1, 2}) {
             const int lights = home.savedLights() ^ bit;
-            QVERIFY(controls.perform(bit == 1 ? "check box 'Light on the wheel'"
-                                              : "check box 'Light on the battery indicator'",
+            QVERIFY(controls.perform(
+                bit == 1 ? "check box 'Light on the wheel'" : "check box 'Light on the battery indicator'",
                 "Toggle", [&] {
                     return home.savedLights() == lights &&
                            walk.session().recordByte(kFirstProfileLights) == lights;

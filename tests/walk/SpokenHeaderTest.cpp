@@ -46,10 +46,10 @@ class SpokenHeaderTest : public QObject {
             };
         };
         for (const char* tab : {"Sensitivity", "Profiles", "Macros", "Device", "Buttons"}) {
+            QVERIFY(
+                controls.press(QStringLiteral("page tab '%1'").arg(tab), [&] { return tabs.name() == tab; }));
             QVERIFY(controls.press(
-                QStringLiteral("page tab '%1'").arg(tab), [&] { return tabs.name() == tab; }));
-            QVERIFY(controls.press("push button 'Help'",
-                opened(QStringLiteral("/Help/%1.html\n").arg(QString(tab).toLower()))));
+                "push button 'Help'", opened(QStringLiteral("/Help/%1.html\n").arg(QString(tab).toLower()))));
         }
         QVERIFY(controls.press(
             "push button 'Check for updates'", opened("https://www.kyvar.com/quorvi/support\n")));

@@ -34,7 +34,8 @@ struct MacrosTab {
     [[nodiscard]] bool choose(const char* menu, const char* title, const Controls::Effect& effect) {
         const bool macros = menu == kMacros;
         const QString first = itemOf({menu, macros ? "New Macro" : "Record"});
-        const QString gear = macros ? "push button 'More macro commands'" : "push button 'More step commands'";
+        const QString gear =
+            macros ? "push button 'More macro commands'" : "push button 'More step commands'";
         return controls.press(gear, controls.shows(first)) && controls.choose({menu, title}, effect) &&
                controls.goes(first);
     }
@@ -69,17 +70,60 @@ struct MacrosTab {
         const Accessible table = controls.find("table 'Macros'");
         return table.selectRow(row) && !controls.find("table 'Steps of the macro'").isNull();
     }
-    /// Types the key once it is recorded, and stops by that button.
-    [[nodiscard]] bool recordInto(const QString& stop, const char* key, const Controls::Effect& effect) {
-        walk.press({key});
-        return controls.perform(stop, stop.startsWith("check box") ? "Toggle" : "Press", effect);
-    }
 };
 
 } // namespace
 
 class SpokenMacrosTest : public QObject {
     Q_OBJECT
+
+    static void stop(MacrosTab& tab) {
+        QCOMPARE(tab.controls.meet(), QString());
+        QVERIFY(tab.controls.perform(kStop, "Toggle", tab.controls.shows(kRecord)));
+    }
+
+    /// By each of the three ways to record. There are three steps before.
+    static void recordSteps(MacrosTab& tab, const Accessible& table) {
+        Controls& controls = tab.controls;
+        const auto records = [&](const char* key, int rows) {
+            tab.walk.press({key});
+            QTRY_COMPARE(table.rows(), rows);
+            stop(tab);
+            QTRY_COMPARE(int(tab.delays().size()), rows);
+        };
+        QVERIFY(controls.perform(kRecord, "Toggle", controls.shows(kStop)));
+        records("d", 5);
+        QVERIFY(controls.press("push button 'Add steps'", controls.shows(kStop)));
+        records("e", 7);
+        QVERIFY(tab.choose(kSteps, "Record", controls.shows(kStop)));
+        records("f", 9);
+        // One step again: it ends by itself.
+        QVERIFY(table.selectRow(0));
+        QVERIFY(tab.choose(kSteps, "Record Step Again", controls.shows(kStop)));
+        tab.walk.press({"x"});
+        QTRY_COMPARE(table.cell(0, 0).name(), std::string("Press x"));
+        QTRY_VERIFY(controls.isThere(kRecord));
+    }
+
+    static void editSteps(MacrosTab& tab, const Accessible& table) {
+        Controls& controls = tab.controls;
+        const auto rows = [&](int count) { return [&, count] { return int(tab.delays().size()) == count; }; };
+        QVERIFY(table.selectRow(1));
+        QVERIFY(table.cell(1, 1).perform("ShowMenu"));
+        QVERIFY(
+            controls.choose({"Delay Afterwards", "50 ms"}, [&] { return tab.delays().value(1) == "50"; }));
+        const auto all = [&](const QString& delay) {
+            return [&, delay] { return tab.delays().count(delay) == tab.delays().size(); };
+        };
+        QVERIFY(tab.choose(kSteps, "Use Delay of Step for All", all("50")));
+        QVERIFY(tab.choose(kSteps, "Remove All Delays", all("0")));
+        QVERIFY(table.selectRow(1));
+        const int before = int(tab.delays().size());
+        QVERIFY(controls.press("push button 'Remove step'", rows(before - 1)));
+        QVERIFY(table.selectRow(0));
+        QVERIFY(tab.choose(kSteps, "Remove Step", rows(before - 2)));
+        QVERIFY(tab.choose(kSteps, "Remove All Steps", rows(0)));
+    }
 
   private slots:
     void initTestCase() {
@@ -126,8 +170,7 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(controls.press("push button 'Save'", [&] { return QFile::exists(file); }));
         QVERIFY(tab.choose(kMacros, "Import Macro…", controls.opens("Import Macro")));
         QVERIFY(controls.type(kFileName, file, holdsFile));
-        QVERIFY(controls.press(
-            "push button 'Open'", tab.named({"Bye", "Greet", "Untitled Macro", "Bye 2"})));
+        QVERIFY(controls.press("push button 'Open'", tab.named({"Bye", "Greet", "Untitled Macro", "Bye 2"})));
 
         QStringList leftOut = Controls::around(); // everyControlOfTheStepsIsOperated
         for (const char* control : {"table 'Steps of the macro'", "cell 'Steps of the macro › Action'",
@@ -143,7 +186,9 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(tab.selectMacro(0));
         QCOMPARE(controls.meet(), QString());
         const Accessible table = controls.find("table 'Steps of the macro'");
-        const auto selected = [&](int row) { return [&, row] { return table.selectedRows() == std::vector{row}; }; };
+        const auto selected = [&](int row) {
+            return [&, row] { return table.selectedRows() == std::vector{row}; };
+        };
         QVERIFY(controls.selectRow("Steps of the macro", 1, selected(1)));
         QVERIFY(controls.performCell("Steps of the macro", 0, "Action", "Toggle", selected(0)));
 
@@ -160,15 +205,13 @@ class SpokenMacrosTest : public QObject {
         }
         QCOMPARE(controls.meet(), QString());
 
-        // Recordings.
-        const auto count = [&](int steps) { return [&, steps] { return table.rows() == steps; }; };
-        QVERIFY(controls.selectRow("Steps of the macro", 2, selected(2)));
-        QVERIFY(controls.perform(kRecord, "Toggle", controls.shows(kStop)));
-        QCOMPARE(controls.meet(), QString());
-        tab.walk.press({"d"});
-        QTRY_VERIFY(count(5)());
-        QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
-        QTRY_COMPARE(tab.delays().size(), 5);
+        recordSteps(tab, table);
+        editSteps(tab, table);
+        QStringList leftOut = Controls::around(); // and everyControlOfTheListIsOperated
+        for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
+                 "push button 'Delete macro'", "push button 'More macro commands'"})
+            leftOut << control;
+        QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 };
 

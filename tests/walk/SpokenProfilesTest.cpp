@@ -93,14 +93,13 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(controls.performCell(
             "Profiles", 2, "Switch Automatically", "Toggle", [&] { return switches(2); }));
         QVERIFY(controls.performCell("Profiles", 1, "Profile", "Press", controls.shows("text 'Profile'")));
-        QVERIFY(controls.type("text 'Profile'", "Desk",
-            [&] { return controls.find("text 'Profile'").text() == "Desk"; }));
+        QVERIFY(controls.type(
+            "text 'Profile'", "Desk", [&] { return controls.find("text 'Profile'").text() == "Desk"; }));
         tab.finishName();
         QTRY_COMPARE(table.cell(1, 1).name(), std::string("Desk"));
         const QString display =
             QStringLiteral("check box 'Show the name of this profile on the screen when it comes into use'");
-        QVERIFY(controls.perform(
-            display, "Toggle", [&] { return !tab.driver(1).boolean("profileosd"); }));
+        QVERIFY(controls.perform(display, "Toggle", [&] { return !tab.driver(1).boolean("profileosd"); }));
         QCOMPARE(tab.names(), QStringList({"Default Profile", "Desk", "Work"}));
         QVERIFY(tab.driver(2).boolean("autoswitch"));
 
@@ -123,7 +122,8 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(!controls.find(itemOf(tab.way("Delete Profile…"))).is(AccessibleState::enabled));
         tab.walk.press({"Escape"});
         QVERIFY(controls.goes(itemOf(tab.way("New Profile"))));
-        QVERIFY(tab.choose("New Profile", tab.named({"Default Profile", "Desk", "Work", "Untitled Profile"})));
+        QVERIFY(
+            tab.choose("New Profile", tab.named({"Default Profile", "Desk", "Work", "Untitled Profile"})));
         tab.finishName();
         QVERIFY(tab.choose("Delete Profile…", controls.opens(kQuestion)));
         QVERIFY(controls.press(kOK, tab.named({"Default Profile", "Desk", "Work"})));
@@ -134,7 +134,8 @@ class SpokenProfilesTest : public QObject {
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kQuestion)());
         QStringList leftOut = Controls::around();
-        for (const char* title : {"Assign Application…", "Remove Application", "Import Profile…", "Export Profile…"})
+        for (const char* title :
+            {"Assign Application…", "Remove Application", "Import Profile…", "Export Profile…"})
             leftOut << itemOf(tab.way(title)); // the tests below
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
@@ -175,7 +176,8 @@ class SpokenProfilesTest : public QObject {
     void profilesAreCarriedByFiles() {
         ProfilesTab tab;
         Controls& controls = tab.controls;
-        const QString file = QString::fromStdString(tab.walk.session().home.path()) + "/carried.quorviProfile";
+        const QString file =
+            QString::fromStdString(tab.walk.session().home.path()) + "/carried.quorviProfile";
         QVERIFY(tab.choose("Export Profile…", controls.opens("Export Profile")));
         QCOMPARE(tab.walk.focusBecomes(kFileName), kFileName);
         QCOMPARE(controls.find(kFileName).text(), std::string("Default Profile"));
@@ -188,8 +190,8 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(controls.press(kCancel, controls.closes("Import Profile")));
         QVERIFY(tab.choose("Import Profile…", controls.opens("Import Profile")));
         QVERIFY(controls.type(kFileName, file, holds(file)));
-        QVERIFY(controls.press("push button 'Open'",
-            tab.named({"Default Profile", "Game", "Work", "Default Profile 2"})));
+        QVERIFY(controls.press(
+            "push button 'Open'", tab.named({"Default Profile", "Game", "Work", "Default Profile 2"})));
     }
 };
 

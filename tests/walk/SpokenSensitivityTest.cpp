@@ -139,19 +139,20 @@ class SpokenSensitivityTest : public QObject {
         QVERIFY(controls.press("push button 'Add stage'", tab.rows(int(before.size()))));
         QVERIFY(controls.set("slider 'Sensitivity X of the stage'", 300,
             tab.stands("slider 'Sensitivity Y of the stage'", 300)));
-        QVERIFY(controls.perform(separate, "Toggle",
-            [&] { return controls.find("slider 'Sensitivity Y of the stage'").is(AccessibleState::enabled); }));
+        QVERIFY(controls.perform(separate, "Toggle", [&] {
+            return controls.find("slider 'Sensitivity Y of the stage'").is(AccessibleState::enabled);
+        }));
         QVERIFY(controls.set("slider 'Sensitivity Y of the stage'", 6475,
             [&] { return QString::fromStdString(table.cell(1, 1).name()).contains("6475"); }));
         QVERIFY(controls.press(ok, tab.inForce(300, 6475)));
         QVERIFY(controls.closes(kSheet)());
         QCOMPARE(tab.savedStages().value(1), QStringLiteral("300/6475"));
 
-        QStringList leftOut = Controls::around(); // and the controls of the tab, which have a test of their own
-        for (const char* control :
-            {"check box 'Separate X and Y'", "slider 'Sensitivity X'", "slider 'Sensitivity Y'",
-                "check box 'Use acceleration'", "slider 'Acceleration'",
-                "check box 'Show the sensitivity on the screen when it changes'"})
+        QStringList leftOut =
+            Controls::around(); // and the controls of the tab, which have a test of their own
+        for (const char* control : {"check box 'Separate X and Y'", "slider 'Sensitivity X'",
+                 "slider 'Sensitivity Y'", "check box 'Use acceleration'", "slider 'Acceleration'",
+                 "check box 'Show the sensitivity on the screen when it changes'"})
             leftOut << control;
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }

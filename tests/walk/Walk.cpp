@@ -56,7 +56,8 @@ Walk::Walk(const plist::Dictionary& settings, const WalkStart& start) {
         install(m_session.home, name);
     const std::string home = m_session.home.path();
     m_program = m_session.startSettings(
-        {}, {"XDG_DATA_HOME=" + home + "/.local/share", "XDG_DATA_DIRS=" + home + "/none", std::string("LC_ALL=") + start.locale});
+        {}, {"XDG_DATA_HOME=" + home + "/.local/share", "XDG_DATA_DIRS=" + home + "/none",
+                std::string("LC_ALL=") + start.locale});
     m_window = m_reader.window("Kyvar Quorvi");
     // The focus is on the titles of the tabs, or in the sheet that says that there is no mouse.
     const auto hasFocus = [&] {

@@ -14,8 +14,8 @@ namespace quorvi::test {
 /// The places of the tabs in the window.
 enum Tab : int { kButtonsTab, kSensitivityTab, kProfilesTab, kMacrosTab, kDeviceTab, kTabCount };
 
-/// How the program starts: in the language of a locale, with the mouse plugged in or not, and by what one hears
-/// that it has.
+/// How the program starts: in the language of a locale, with the mouse plugged in or not, and by what one
+/// hears that it has.
 struct WalkStart {
     const char* locale = "C.UTF-8";
     bool attached = true;

@@ -41,8 +41,8 @@ QString AccessibleColumnTitle::text(QAccessible::Text kind) const {
 
 QRect AccessibleColumnTitle::rect() const {
     const QHeaderView& header = *m_table->horizontalHeader();
-    return onScreen(*header.viewport(), QRect(header.sectionViewportPosition(m_column), 0,
-                                            header.sectionSize(m_column), header.height()));
+    return onScreen(*header.viewport(),
+        QRect(header.sectionViewportPosition(m_column), 0, header.sectionSize(m_column), header.height()));
 }
 
 QAccessible::State AccessibleColumnTitle::state() const {

@@ -7,8 +7,8 @@ namespace quorvi {
 
 class KyvarQuorviSlider;
 
-/// A value that an assistive program sets counts as chosen by the user, by whole steps and while the slider is
-/// enabled. (That of QSlider sets it as the program itself does, of which nobody hears.)
+/// A value that an assistive program sets counts as chosen by the user, by whole steps and while the slider
+/// is enabled. (That of QSlider sets it as the program itself does, of which nobody hears.)
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit AccessibleSlider(KyvarQuorviSlider* slider);

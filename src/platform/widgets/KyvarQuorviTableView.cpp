@@ -134,7 +134,8 @@ bool KyvarQuorviTableView::toggleSelectedRow() {
 bool KyvarQuorviTableView::toggleCell(const QModelIndex& cell) {
     if (!(cell.flags() & Qt::ItemIsUserCheckable) || !(cell.flags() & Qt::ItemIsEnabled))
         return false;
-    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate); // it need not be in the selected row
+    selectionModel()->setCurrentIndex(
+        cell, QItemSelectionModel::NoUpdate); // it need not be in the selected row
     const bool checked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     model()->setData(cell, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
     tellOfCell(cell, QAccessible::NameChanged);
