@@ -15,11 +15,8 @@ namespace {
 const QString kOK = QStringLiteral("push button 'OK'");
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
-const QString kRecord = QStringLiteral("check box 'Record'");
-const QString kStop = QStringLiteral("check box 'Stop'");
 constexpr char kQuestion[] = "Please Confirm";
 constexpr char kMacros[] = "Macro commands";
-constexpr char kSteps[] = "Step commands";
 
 struct MacrosTab {
     MacrosTab() {
@@ -48,17 +45,6 @@ struct MacrosTab {
             return names == expected;
         };
     }
-    [[nodiscard]] QStringList delays() const {
-        QStringList delays;
-        const auto steps = walk.savedItem("macros", 0).array("steps");
-        for (std::size_t index = 0; index < steps.size(); ++index)
-            delays << QString::number(steps.dictionary(index).integer("delay"));
-        return delays;
-    }
-    /// The steps of the first macro that the file holds have these delays.
-    [[nodiscard]] Controls::Effect delayed(const QStringList& expected) const {
-        return [this, expected] { return delays() == expected; };
-    }
     /// Ends the edit of the name that follows.
     void finishName() {
         static_cast<void>(controls.find("text 'Macro'"));
@@ -76,54 +62,6 @@ struct MacrosTab {
 
 class SpokenMacrosTest : public QObject {
     Q_OBJECT
-
-    static void stop(MacrosTab& tab) {
-        QCOMPARE(tab.controls.meet(), QString());
-        QVERIFY(tab.controls.perform(kStop, "Toggle", tab.controls.shows(kRecord)));
-    }
-
-    /// By each of the three ways to record. There are three steps before.
-    static void recordSteps(MacrosTab& tab, const Accessible& table) {
-        Controls& controls = tab.controls;
-        const auto records = [&](const char* key, int rows) {
-            tab.walk.press({key});
-            QTRY_COMPARE(table.rows(), rows);
-            stop(tab);
-            QTRY_COMPARE(int(tab.delays().size()), rows);
-        };
-        QVERIFY(controls.perform(kRecord, "Toggle", controls.shows(kStop)));
-        records("d", 5);
-        QVERIFY(controls.press("push button 'Add steps'", controls.shows(kStop)));
-        records("e", 7);
-        QVERIFY(tab.choose(kSteps, "Record", controls.shows(kStop)));
-        records("f", 9);
-        // One step again: it ends by itself.
-        QVERIFY(table.selectRow(0));
-        QVERIFY(tab.choose(kSteps, "Record Step Again", controls.shows(kStop)));
-        tab.walk.press({"x"});
-        QTRY_COMPARE(table.cell(0, 0).name(), std::string("Press x"));
-        QTRY_VERIFY(controls.isThere(kRecord));
-    }
-
-    static void editSteps(MacrosTab& tab, const Accessible& table) {
-        Controls& controls = tab.controls;
-        const auto rows = [&](int count) { return [&, count] { return int(tab.delays().size()) == count; }; };
-        QVERIFY(table.selectRow(1));
-        QVERIFY(table.cell(1, 1).perform("ShowMenu"));
-        QVERIFY(
-            controls.choose({"Delay Afterwards", "50 ms"}, [&] { return tab.delays().value(1) == "50"; }));
-        const auto all = [&](const QString& delay) {
-            return [&, delay] { return tab.delays().count(delay) == tab.delays().size(); };
-        };
-        QVERIFY(tab.choose(kSteps, "Use Delay of Step for All", all("50")));
-        QVERIFY(tab.choose(kSteps, "Remove All Delays", all("0")));
-        QVERIFY(table.selectRow(1));
-        const int before = int(tab.delays().size());
-        QVERIFY(controls.press("push button 'Remove step'", rows(before - 1)));
-        QVERIFY(table.selectRow(0));
-        QVERIFY(tab.choose(kSteps, "Remove Step", rows(before - 2)));
-        QVERIFY(tab.choose(kSteps, "Remove All Steps", rows(0)));
-    }
 
   private slots:
     void initTestCase() {
@@ -172,7 +110,7 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(controls.type(kFileName, file, holdsFile));
         QVERIFY(controls.press("push button 'Open'", tab.named({"Bye", "Greet", "Untitled Macro", "Bye 2"})));
 
-        QStringList leftOut = Controls::around(); // everyControlOfTheStepsIsOperated
+        QStringList leftOut = Controls::around(); // of the steps
         for (const char* control : {"table 'Steps of the macro'", "cell 'Steps of the macro › Action'",
                  "cell 'Steps of the macro › Delay Afterwards'", "push button 'Add steps'",
                  "push button 'Remove step'", "push button 'More step commands'", "check box 'Record'"})
@@ -180,7 +118,7 @@ class SpokenMacrosTest : public QObject {
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 
-    void everyControlOfTheStepsIsOperated() {
+    void stepsAreSelectedAndTheirDelaysChosen() {
         MacrosTab tab;
         Controls& controls = tab.controls;
         QVERIFY(tab.selectMacro(0));
@@ -204,14 +142,6 @@ class SpokenMacrosTest : public QObject {
             QVERIFY2(controls.goes(itemOf(way)), qPrintable(title));
         }
         QCOMPARE(controls.meet(), QString());
-
-        recordSteps(tab, table);
-        editSteps(tab, table);
-        QStringList leftOut = Controls::around(); // and everyControlOfTheListIsOperated
-        for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
-                 "push button 'Delete macro'", "push button 'More macro commands'"})
-            leftOut << control;
-        QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 };
 
