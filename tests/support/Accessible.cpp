@@ -11,8 +11,10 @@ namespace {
 constexpr char kAccessible[] = "org.a11y.atspi.Accessible";
 constexpr char kAction[] = "org.a11y.atspi.Action";
 constexpr char kComponent[] = "org.a11y.atspi.Component";
+constexpr char kEditableText[] = "org.a11y.atspi.EditableText";
 constexpr char kTable[] = "org.a11y.atspi.Table";
 constexpr char kText[] = "org.a11y.atspi.Text";
+constexpr char kValue[] = "org.a11y.atspi.Value";
 
 constexpr std::uint32_t kScreenCoordinates = 0;
 constexpr std::uint32_t kLabelledBy = 2;
@@ -21,6 +23,11 @@ constexpr int kBitsInWord = 32;
 std::string readText(sd_bus_message* message) {
     const char* text = nullptr;
     return message && sd_bus_message_read(message, "s", &text) > 0 ? text : "";
+}
+
+bool readFlag(sd_bus_message* message) {
+    int flag = 0;
+    return message && sd_bus_message_read(message, "b", &flag) > 0 && flag != 0;
 }
 
 } // namespace
@@ -149,15 +156,42 @@ bool Accessible::perform(const std::string& action) const {
     for (std::size_t index = 0; index < names.size(); ++index) {
         if (names[index] != action)
             continue;
-        const Message reply = call(kAction, "DoAction", "i", static_cast<int>(index));
-        int done = 0;
-        return reply && sd_bus_message_read(reply.get(), "b", &done) > 0 && done != 0;
+        return readFlag(call(kAction, "DoAction", "i", static_cast<int>(index)).get());
     }
     return false;
 }
 
 std::string Accessible::text() const {
     return readText(call(kText, "GetText", "ii", 0, -1).get());
+}
+
+bool Accessible::setText(const std::string& text) const {
+    return readFlag(call(kEditableText, "SetTextContents", "s", text.c_str()).get());
+}
+
+double Accessible::valueProperty(const char* property) const {
+    double number = 0;
+    if (!isNull())
+        static_cast<void>(sd_bus_get_property_trivial(
+            m_bus.get(), m_program.c_str(), m_path.c_str(), kValue, property, nullptr, 'd', &number));
+    return number;
+}
+
+double Accessible::value() const {
+    return valueProperty("CurrentValue");
+}
+
+double Accessible::lowestValue() const {
+    return valueProperty("MinimumValue");
+}
+
+double Accessible::highestValue() const {
+    return valueProperty("MaximumValue");
+}
+
+bool Accessible::setValue(double value) const {
+    return !isNull() && sd_bus_set_property(m_bus.get(), m_program.c_str(), m_path.c_str(), kValue,
+                            "CurrentValue", nullptr, "d", value) >= 0;
 }
 
 int Accessible::rows() const {
@@ -174,6 +208,20 @@ Accessible Accessible::cell(int row, int column) const {
 
 std::string Accessible::columnTitle(int column) const {
     return readText(call(kTable, "GetColumnDescription", "i", column).get());
+}
+
+bool Accessible::selectRow(int row) const {
+    return readFlag(call(kTable, "AddRowSelection", "i", row).get());
+}
+
+std::vector<int> Accessible::selectedRows() const {
+    const Message reply = call(kTable, "GetSelectedRows", "");
+    const void* rows = nullptr;
+    std::size_t size = 0;
+    if (!reply || sd_bus_message_read_array(reply.get(), 'i', &rows, &size) <= 0)
+        return {};
+    const auto* first = static_cast<const std::int32_t*>(rows);
+    return {first, first + size / sizeof(std::int32_t)};
 }
 
 std::vector<Accessible> everythingIn(const Accessible& top) {

@@ -64,6 +64,15 @@ class Accessible {
 
     /// What stands in a text field.
     [[nodiscard]] std::string text() const;
+    /// Replaces that; false when the thing takes no text.
+    bool setText(const std::string& text) const; // NOLINT(modernize-use-nodiscard)
+
+    // What is set by degrees: a slider. Setting gives false when there is no such thing.
+
+    [[nodiscard]] double value() const;
+    [[nodiscard]] double lowestValue() const;
+    [[nodiscard]] double highestValue() const;
+    bool setValue(double value) const; // NOLINT(modernize-use-nodiscard)
 
     // A table.
 
@@ -71,6 +80,9 @@ class Accessible {
     [[nodiscard]] int columns() const;
     [[nodiscard]] Accessible cell(int row, int column) const;
     [[nodiscard]] std::string columnTitle(int column) const;
+    /// Selects it; false when it cannot be selected.
+    bool selectRow(int row) const; // NOLINT(modernize-use-nodiscard)
+    [[nodiscard]] std::vector<int> selectedRows() const;
 
   private:
     using Message = std::shared_ptr<sd_bus_message>;
@@ -80,6 +92,7 @@ class Accessible {
     [[nodiscard]] Accessible readReference(sd_bus_message* message) const;
     [[nodiscard]] std::string textProperty(const char* interface, const char* property) const;
     [[nodiscard]] int numberProperty(const char* interface, const char* property) const;
+    [[nodiscard]] double valueProperty(const char* property) const;
 
     std::shared_ptr<sd_bus> m_bus;
     std::string m_program;

@@ -1,37 +1,18 @@
 // The real program as a screen reader meets it: what each thing is called, what kind of thing it is, and that
 // it can be used from there.
 
-#include <QRegularExpression>
 #include <QTest>
 
 #include <set>
 
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
-#include "walk/Walk.h"
+#include "walk/Controls.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-/// The kinds of things that a user does something with.
-const QStringList kControls{"push button", "check box", "combo box", "slider", "table", "list", "text",
-    "page tab", "page tab list", "menu item", "list item", "spin button", "radio button"};
-/// The kinds that only hold others, or only show something.
-const QStringList kOthers{"filler", "panel", "layered pane", "label", "frame", "dialog", "column header",
-    "row header", "cell", "separator", "popup menu"};
-
-/// What a reader says to tell the control from its neighbours: a pop-up's own name is what it is set to.
-QString nameOf(const Accessible& control) {
-    return QString::fromStdString(control.role() == "combo box" ? control.label() : control.name());
-}
-
-/// A name for the ear, which neither a program nor a file has.
-bool isSpokenName(const QString& name) {
-    static const QRegularExpression code("^(quorvi|q_|Q)[A-Za-z_]+$|[/_]|\\.(svg|png|ui)$|&");
-    return !name.trimmed().isEmpty() && !name.contains(code);
-}
 
 /// Every control of the window that is on the screen can be told by its kind and its name; otherwise what is
 /// wrong.
@@ -39,9 +20,9 @@ QString whatIsWrongIn(const Accessible& window) {
     std::set<QString> heardSoFar;
     for (const Accessible& thing : everythingIn(window)) {
         const QString role = QString::fromStdString(thing.role());
-        if (!kControls.contains(role) && !kOthers.contains(role))
+        if (!isKnownControl(role) && !onlyShows(role))
             return "an odd kind: " + heard(thing);
-        if (!kControls.contains(role) || !thing.is(AccessibleState::showing) || thing.extents().height == 0)
+        if (!isKnownControl(role) || !thing.is(AccessibleState::showing) || thing.extents().height == 0)
             continue;
         const QString name = nameOf(thing);
         if (!isSpokenName(name))
@@ -64,11 +45,6 @@ int countOf(const Accessible& window, const std::string& role) {
 class ScreenReaderTest : public QObject {
     Q_OBJECT
 
-    [[nodiscard]] static bool openTab(const Walk& walk, const char* title) {
-        return walk.perform(QStringLiteral("page tab '%1'").arg(title)) &&
-               !walk.thing(QStringLiteral("page tab list '%1'").arg(title)).isNull();
-    }
-
   private slots:
     void initTestCase() {
         if (!hasDisplay())
@@ -85,12 +61,12 @@ class ScreenReaderTest : public QObject {
         };
         for (const Expected& expected : {Expected{"Buttons", "combo box", 9}, {"Sensitivity", "slider", 3},
                  {"Profiles", "push button", 5}, {"Macros", "push button", 5}, {"Device", "check box", 2}}) {
-            QVERIFY2(openTab(walk, expected.tab), expected.tab);
+            QVERIFY2(walk.openTab(expected.tab), expected.tab);
             QCOMPARE(whatIsWrongIn(walk.window()), QString());
             QVERIFY2(countOf(walk.window(), expected.role) >= expected.count, expected.tab);
         }
         // With a macro selected its steps are there as well: three buttons to add, three to remove.
-        QVERIFY(openTab(walk, "Macros"));
+        QVERIFY(walk.openTab("Macros"));
         QVERIFY(walk.thing("cell 'Hello'").perform("Toggle"));
         QVERIFY(!walk.thing("push button 'Add steps'").isNull());
         QTRY_VERIFY(walk.thing("push button 'Add steps'").is(AccessibleState::showing));
@@ -100,7 +76,7 @@ class ScreenReaderTest : public QObject {
 
     void tablesSayTheirColumnsAndEveryCell() {
         Walk walk(settingsToWalkIn());
-        QVERIFY(openTab(walk, "Profiles"));
+        QVERIFY(walk.openTab("Profiles"));
         const Accessible table = walk.thing("table 'Profiles'");
         QCOMPARE(table.rows(), 3);
         QCOMPARE(table.columns(), 4);
@@ -115,7 +91,7 @@ class ScreenReaderTest : public QObject {
                              "cell 'Does not switch automatically'"}));
         for (const QString& title : titles)
             QVERIFY(!walk.thing(QStringLiteral("column header '%1'").arg(title)).isNull());
-        QVERIFY(openTab(walk, "Macros"));
+        QVERIFY(walk.openTab("Macros"));
         QCOMPARE(walk.thing("table 'Macros'").columnTitle(0), std::string("Macro"));
         QCOMPARE(heard(walk.thing("table 'Macros'").cell(1, 0)), QStringLiteral("cell 'Greet'"));
         QVERIFY(walk.thing("cell 'Greet'").perform("Toggle"));
@@ -160,7 +136,7 @@ class ScreenReaderTest : public QObject {
         QFETCH(QString, menu);
         QFETCH(int, items);
         Walk walk(settingsToWalkIn());
-        QVERIFY(openTab(walk, qPrintable(tab)));
+        QVERIFY(walk.openTab(qPrintable(tab)));
         if (tab == "Macros")
             QVERIFY(walk.thing("cell 'Hello'").perform("Toggle"));
         QTRY_VERIFY(walk.thing(button).is(AccessibleState::showing));
@@ -174,7 +150,7 @@ class ScreenReaderTest : public QObject {
 
     void buttonsAndBoxesDoWhatTheyDoForOthers() {
         Walk walk;
-        QVERIFY(openTab(walk, "Profiles"));
+        QVERIFY(walk.openTab("Profiles"));
         QVERIFY(walk.perform("push button 'Add profile'"));
         QCOMPARE(walk.focusBecomes("text 'Profile'"), QStringLiteral("text 'Profile'"));
         const QStringList two{"Default Profile", "Untitled Profile"};
@@ -182,14 +158,14 @@ class ScreenReaderTest : public QObject {
         QVERIFY(walk.perform(
             "check box 'Show the name of this profile on the screen when it comes into use'", "Toggle"));
         QTRY_VERIFY(!walk.savedItem("profiles", 1).dictionary("driver").boolean("profileosd"));
-        QVERIFY(openTab(walk, "Macros"));
+        QVERIFY(walk.openTab("Macros"));
         QVERIFY(walk.perform("push button 'Add macro'"));
         QCOMPARE(walk.savedNames("macros", {"Untitled Macro"}), QStringList("Untitled Macro"));
     }
 
     void theQuestionIsReadOutAndAnswered() {
         Walk walk(settingsToWalkIn());
-        QVERIFY(openTab(walk, "Profiles"));
+        QVERIFY(walk.openTab("Profiles"));
         QVERIFY(walk.thing("cell 'Game'").perform("Toggle"));
         QTRY_VERIFY(walk.thing("push button 'Delete profile'").is(AccessibleState::enabled));
         QVERIFY(walk.perform("push button 'Delete profile'"));
@@ -205,7 +181,7 @@ class ScreenReaderTest : public QObject {
 
     void aCommandThatAsksDoesNotKeepTheReaderWaiting() {
         Walk walk(settingsToWalkIn());
-        QVERIFY(openTab(walk, "Profiles"));
+        QVERIFY(walk.openTab("Profiles"));
         QVERIFY(walk.thing("cell 'Work'").perform("Toggle"));
         QTRY_VERIFY(walk.thing("push button 'Delete profile'").is(AccessibleState::enabled));
         QVERIFY(walk.perform("push button 'More profile commands'"));

@@ -46,16 +46,25 @@ QStringList namesIn(const plist::Array& items) {
 
 } // namespace
 
-Walk::Walk(const plist::Dictionary& settings) {
+Walk::Walk(const plist::Dictionary& settings, const WalkStart& start) {
     m_session.home.writeSettings(settings);
+    if (!start.attached) {
+        m_session.startHelper();
+        m_session.detach();
+    }
     for (const char* name : {"Byte Editor", "Terminal"})
         install(m_session.home, name);
     const std::string home = m_session.home.path();
     m_program = m_session.startSettings(
-        {}, {"XDG_DATA_HOME=" + home + "/.local/share", "XDG_DATA_DIRS=" + home + "/none", "LC_ALL=C.UTF-8"});
+        {}, {"XDG_DATA_HOME=" + home + "/.local/share", "XDG_DATA_DIRS=" + home + "/none",
+                std::string("LC_ALL=") + start.locale});
     m_window = m_reader.window("Kyvar Quorvi");
-    if (m_window.isNull() || thing("label 'Connected'").isNull() ||
-        !waitUntil([this] { return controlOf(m_reader.focus()).name() == "Buttons"; }))
+    // The focus is on the titles of the tabs, or in the sheet that says that there is no mouse.
+    const auto hasFocus = [&] {
+        const std::string role = controlOf(m_reader.focus()).role();
+        return role == (start.attached ? "page tab list" : "push button");
+    };
+    if (m_window.isNull() || thing(QString::fromUtf8(start.heardThen)).isNull() || !waitUntil(hasFocus))
         qFatal("the program does not show the mouse; the focus is on %s", qPrintable(focus()));
 }
 
@@ -141,6 +150,11 @@ Accessible Walk::thing(const QString& wanted) const {
 
 bool Walk::perform(const QString& wanted, const char* action) const {
     return thing(wanted).perform(action);
+}
+
+bool Walk::openTab(const char* title) const {
+    return perform(QStringLiteral("page tab '%1'").arg(title)) &&
+           !thing(QStringLiteral("page tab list '%1'").arg(title)).isNull();
 }
 
 QStringList Walk::savedNames(const char* array, const QStringList& expected) const {

@@ -14,11 +14,19 @@ namespace quorvi::test {
 /// The places of the tabs in the window.
 enum Tab : int { kButtonsTab, kSensitivityTab, kProfilesTab, kMacrosTab, kDeviceTab, kTabCount };
 
+/// How the program starts: in the language of a locale, with the mouse plugged in or not, and by what one
+/// hears that it has.
+struct WalkStart {
+    const char* locale = "C.UTF-8";
+    bool attached = true;
+    const char* heardThen = "label 'Connected'";
+};
+
 class Walk {
   public:
     /// Starts the program with these settings and waits until it shows the mouse and has the focus. The
     /// session has the applications "Byte Editor" and "Terminal".
-    explicit Walk(const plist::Dictionary& settings = UserHome::defaults());
+    explicit Walk(const plist::Dictionary& settings = UserHome::defaults(), const WalkStart& start = {});
     ~Walk();
     Walk(const Walk&) = delete;
     Walk& operator=(const Walk&) = delete;
@@ -54,6 +62,9 @@ class Walk {
     [[nodiscard]] Accessible thing(const QString& wanted) const;
     /// Does that with the thing; false when there is none or it cannot be done.
     [[nodiscard]] bool perform(const QString& wanted, const char* action = "Press") const;
+
+    /// Brings the tab to the front; false when it does not come.
+    [[nodiscard]] bool openTab(const char* title) const;
 
     // The program's end
 

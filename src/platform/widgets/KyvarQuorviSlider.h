@@ -4,6 +4,8 @@
 
 #include <QSlider>
 
+#include "platform/widgets/AccessibleWidgets.h"
+
 namespace quorvi {
 
 class KyvarQuorviSlider : public QSlider {
@@ -28,8 +30,8 @@ class KyvarQuorviSlider : public QSlider {
     [[nodiscard]] int nearestStep(int value) const;
 
   signals:
-    /// The user changed the value by mouse, key or wheel; value() is the new one. setValue() does not emit
-    /// it.
+    /// The user changed the value by mouse, key, wheel or an assistive program; value() is the new one.
+    /// setValue() does not emit it.
     void valueChosen(int value);
     /// The left button was pressed on the slider. No value is chosen yet.
     void mouseDownBegan();
@@ -52,6 +54,7 @@ class KyvarQuorviSlider : public QSlider {
     void announceChoice(int newValue);
     void endMouseDown();
 
+    std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     int m_valuesPerUnit = 1;
     bool m_userMoves = false;
     bool m_mouseIsDown = false;

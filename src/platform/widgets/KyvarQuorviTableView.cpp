@@ -128,10 +128,14 @@ bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, Q
 }
 
 bool KyvarQuorviTableView::toggleSelectedRow() {
-    const QModelIndex cell = cellOfSelectedRow(Qt::ItemIsUserCheckable);
-    if (!cell.isValid() || !(cell.flags() & Qt::ItemIsEnabled))
+    return toggleCell(cellOfSelectedRow(Qt::ItemIsUserCheckable));
+}
+
+bool KyvarQuorviTableView::toggleCell(const QModelIndex& cell) {
+    if (!(cell.flags() & Qt::ItemIsUserCheckable) || !(cell.flags() & Qt::ItemIsEnabled))
         return false;
-    setCurrentIndex(cell);
+    selectionModel()->setCurrentIndex(
+        cell, QItemSelectionModel::NoUpdate); // it need not be in the selected row
     const bool checked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     model()->setData(cell, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
     tellOfCell(cell, QAccessible::NameChanged);
@@ -149,13 +153,24 @@ void KyvarQuorviTableView::tellOfCell(const QModelIndex& index, QAccessible::Eve
     }
 }
 
+// All that QTableView adds to these two is to tell of cells, by places among the children that are not those
+// here.
+// NOLINTBEGIN(bugprone-parent-virtual-call)
 void KyvarQuorviTableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    // All that QTableView adds is to tell of the focus.
     if (hasFocus())
-        QTableView::currentChanged(current, previous);
-    else
-        QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+        tellOfCell(current, QAccessible::Focus);
+    QAbstractItemView::currentChanged(current, previous);
 }
+
+void KyvarQuorviTableView::selectionChanged(
+    const QItemSelection& selected, const QItemSelection& deselected) {
+    for (const QModelIndex& cell : deselected.indexes())
+        tellOfCell(cell, QAccessible::SelectionRemove);
+    for (const QModelIndex& cell : selected.indexes())
+        tellOfCell(cell, QAccessible::SelectionAdd);
+    QAbstractItemView::selectionChanged(selected, deselected);
+}
+// NOLINTEND(bugprone-parent-virtual-call)
 
 void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
@@ -182,6 +197,17 @@ void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {
     delete m_popUpCells;
     m_popUpCells = new PopUpCells(this, column, menu);
     setItemDelegateForColumn(column, m_popUpCells);
+}
+
+bool KyvarQuorviTableView::isPopUp(const QModelIndex& cell) const {
+    return m_popUpCells && cell.isValid() && cell.column() == m_popUpCells->column();
+}
+
+void KyvarQuorviTableView::openMenuOf(const QModelIndex& cell) {
+    if (!isPopUp(cell))
+        return;
+    scrollTo(cell);
+    m_popUpCells->open(cell);
 }
 
 void KyvarQuorviTableView::showEmptyText() {

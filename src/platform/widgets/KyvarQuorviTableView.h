@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QTableView>
 
+#include "platform/widgets/AccessibleWidgets.h"
+
 namespace quorvi {
 
 class KyvarQuorviTableView;
@@ -65,6 +67,13 @@ class KyvarQuorviTableView : public QTableView {
     /// that open other pop-ups, for the selected row. Must be called with the model set.
     void setPopUpColumn(int column, QMenu* menu);
 
+    /// Whether the cell is such a pop-up.
+    [[nodiscard]] bool isPopUp(const QModelIndex& cell) const;
+    /// Opens the menu of such a cell; one that is not enabled opens nothing.
+    void openMenuOf(const QModelIndex& cell);
+    /// Clicks the check box of the cell and makes the cell current; false when it has none that can be.
+    bool toggleCell(const QModelIndex& cell);
+
     /// What the table says while it has no rows.
     [[nodiscard]] QString emptyText() const { return m_emptyText->text(); }
     void setEmptyText(const QString& text) { m_emptyText->setText(text); }
@@ -90,6 +99,7 @@ class KyvarQuorviTableView : public QTableView {
     /// Tells assistive programs of the current cell only while the table has the focus: the lists are filled
     /// again and again behind other tabs.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     /// Names the field that a name is typed into.
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -106,8 +116,7 @@ class KyvarQuorviTableView : public QTableView {
     void colourEmptyText();
     /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
     bool editSelectedRow();
-    /// Clicks the check box of the selected row, whichever of its cells is current, and makes that one
-    /// current; false when the row has none.
+    /// Does that for the selected row, whichever of its cells is current.
     bool toggleSelectedRow();
     /// The first cell of the selected row with the flag; invalid when there is none.
     [[nodiscard]] QModelIndex cellOfSelectedRow(Qt::ItemFlag flag) const;
@@ -118,6 +127,7 @@ class KyvarQuorviTableView : public QTableView {
     void openMenuByKey();
     void tellOfCell(const QModelIndex& index, QAccessible::Event what);
 
+    std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QPointer<QMenu> m_menu;
     TableDelegate* m_delegate = nullptr;
     PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up

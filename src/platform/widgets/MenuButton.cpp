@@ -16,8 +16,10 @@ void MenuButton::setCommands(QMenu* menu) {
     if (m_menu)
         m_menu->disconnect(this);
     m_menu = menu;
-    if (menu)
-        connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+    if (!menu)
+        return;
+    closeWhenChosen(*menu);
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
 }
 
 void MenuButton::openMenu() {

@@ -151,6 +151,10 @@ bool keyOpensMenu(int key) {
     return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
 }
 
+void closeWhenChosen(QMenu& menu) {
+    QObject::connect(&menu, &QMenu::triggered, &menu, &QMenu::hide);
+}
+
 void activateFirstItem(QMenu& menu) {
     const auto items = menu.actions();
     const auto first = std::find_if(items.begin(), items.end(),

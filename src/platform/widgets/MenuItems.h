@@ -61,6 +61,9 @@ void markItem(QAction& item, bool marked);
 /// Whether the key opens the menu of a button with the focus: Space, the arrows up and down, alone or with
 /// others, and F4.
 [[nodiscard]] bool keyOpensMenu(int key);
+/// Has the menu close, with its submenus, whoever chose an item of it: an assistive program only triggers the
+/// item.
+void closeWhenChosen(QMenu& menu);
 /// Marks the first item of the open menu that can be chosen. Who opens a menu by the keyboard, or listens to
 /// it, has to be somewhere in it.
 void activateFirstItem(QMenu& menu);

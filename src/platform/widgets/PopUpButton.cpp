@@ -3,6 +3,7 @@
 #include "platform/widgets/MenuItems.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -51,6 +52,7 @@ void PopUpButton::setMenu(QMenu* menu) {
 void PopUpButton::adopt(QMenu& menu) {
     m_menu = &menu;
     menu.setParent(this, menu.windowFlags());
+    closeWhenChosen(menu);
     connect(&menu, &QMenu::triggered, this, &PopUpButton::chooseTriggeredItem);
     connect(&menu, &QMenu::aboutToHide, this, QOverload<>::of(&QWidget::update));
 }
@@ -175,6 +177,8 @@ void PopUpButton::showPopup() {
     m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (m_selected && m_menu->actions().contains(m_selected.data()) && !m_selected->menu())
         m_menu->setActiveAction(m_selected);
+    else if (!QGuiApplication::mouseButtons())
+        activateFirstItem(*m_menu);
     update();
 }
 

@@ -47,7 +47,9 @@ QPalette::ColorGroup colourGroup(const QStyleOptionViewItem& option) {
 } // namespace
 
 PopUpCells::PopUpCells(QTableView* table, int column, QMenu* menu)
-    : QStyledItemDelegate(table), m_table(table), m_column(column), m_menu(menu) {}
+    : QStyledItemDelegate(table), m_table(table), m_column(column), m_menu(menu) {
+    closeWhenChosen(*menu);
+}
 
 void PopUpCells::mousePressed(const QMouseEvent& event) {
     if (event.button() == Qt::LeftButton)

@@ -21,6 +21,9 @@ class PopUpCells : public QStyledItemDelegate {
     /// Belongs to the table. The menu is another's, and shared by the cells.
     PopUpCells(QTableView* table, int column, QMenu* menu);
 
+    [[nodiscard]] int column() const { return m_column; }
+    /// Opens the menu for the cell; false when it is none of these, or not enabled.
+    bool open(const QModelIndex& cell);
     /// After the table has dealt with the press: opens the menu when it was the left button on a cell.
     void mousePressed(const QMouseEvent& event);
     /// True when the key opens the menu, and did so for the selected row.
@@ -33,8 +36,6 @@ class PopUpCells : public QStyledItemDelegate {
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
   private:
-    bool open(const QModelIndex& cell);
-
     QTableView* m_table;
     int m_column;
     QPointer<QMenu> m_menu;

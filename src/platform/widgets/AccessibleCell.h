@@ -1,0 +1,82 @@
+// What assistive programs are told of the cells and the columns' titles of a table of the panel.
+#pragma once
+
+#include <QAccessible>
+#include <QPersistentModelIndex>
+#include <QPointer>
+
+namespace quorvi {
+
+class KyvarQuorviTableView;
+
+/// What cells and titles have in common: a place in a table, and no object of their own.
+class AccessiblePart : public QAccessibleInterface {
+  public:
+    explicit AccessiblePart(KyvarQuorviTableView& table);
+
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QWindow* window() const override;
+    [[nodiscard]] QAccessibleInterface* parent() const override;
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+
+  protected:
+    QPointer<KyvarQuorviTableView> m_table;
+};
+
+class AccessibleColumnTitle : public AccessiblePart {
+  public:
+    AccessibleColumnTitle(KyvarQuorviTableView& table, int column);
+
+    [[nodiscard]] bool isValid() const override;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ColumnHeader; }
+    [[nodiscard]] QAccessible::State state() const override;
+
+  private:
+    int m_column;
+};
+
+/// Its actions are those of KyvarQuorviTableView::CellUse: "Toggle" clicks a check box and selects the row of
+/// any other cell, "Press" edits a name, "ShowMenu" opens the menu of a pop-up. The field in which a name is
+/// being edited is its child.
+class AccessibleCell : public AccessiblePart,
+                       public QAccessibleTableCellInterface,
+                       public QAccessibleActionInterface {
+  public:
+    AccessibleCell(KyvarQuorviTableView& table, const QModelIndex& cell);
+
+    [[nodiscard]] bool isValid() const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    [[nodiscard]] QAccessibleInterface* child(int index) const override;
+    [[nodiscard]] int childCount() const override;
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Cell; }
+    [[nodiscard]] QAccessible::State state() const override;
+
+    [[nodiscard]] bool isSelected() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> columnHeaderCells() const override;
+    [[nodiscard]] QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    [[nodiscard]] int columnIndex() const override { return m_cell.column(); }
+    [[nodiscard]] int rowIndex() const override { return m_cell.row(); }
+    [[nodiscard]] int columnExtent() const override { return 1; }
+    [[nodiscard]] int rowExtent() const override { return 1; }
+    [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
+
+    [[nodiscard]] QStringList actionNames() const override;
+    void doAction(const QString& action) override;
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*action*/) const override { return {}; }
+
+  private:
+    [[nodiscard]] QWidget* editor() const;
+
+    QPersistentModelIndex m_cell;
+};
+
+} // namespace quorvi
