@@ -40,8 +40,10 @@ NameResult Helper::start() {
     const NameResult result = m_bus.ownName(kHelperName, NameMode::onlyIfFree);
     if (result != NameResult::owned)
         return result;
-    m_settings.reload();
     greetShownPanel();
+    // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
+    // who saved before that is read here, and who saves later sends its message to this process.
+    m_settings.reload();
     return result;
 }
 

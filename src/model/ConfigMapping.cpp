@@ -1,6 +1,7 @@
 #include "model/ConfigMapping.h"
 
 #include <cstring>
+#include <utility>
 
 #include "model/Keys.h"
 #include "model/MacroMapping.h"
@@ -52,9 +53,9 @@ std::size_t storeProfiles(const Array& profiles, ConfigRecord& record) {
 Array readProfiles(const ConfigRecord& record) {
     auto profiles = Array::create();
     for (std::size_t i = 0; i < record.profiles.size(); ++i) {
-        if (const auto profile =
+        if (auto profile =
                 KyvarProfileStructToDict(&record.profiles[i], &record.profileNames[i], Dictionary::create()))
-            profiles.append(profile);
+            profiles.append(std::move(profile));
     }
     return profiles;
 }
@@ -62,8 +63,8 @@ Array readProfiles(const ConfigRecord& record) {
 Array readMacros(const ConfigRecord& record) {
     auto macros = Array::create();
     for (std::size_t i = 0; i < record.macroHeaders.size(); ++i) {
-        if (const auto macro = KyvarMacroStructToDict(&record.macroHeaders[i], &record.macroBodies[i]))
-            macros.append(macro);
+        if (auto macro = KyvarMacroStructToDict(&record.macroHeaders[i], &record.macroBodies[i]))
+            macros.append(std::move(macro));
     }
     return macros;
 }
@@ -88,11 +89,11 @@ Dictionary KyvarConfigStructToDict(const ConfigRecord* record) {
     if (!record)
         return {};
     auto tree = Dictionary::create();
-    tree.set(keys::version, limits::writtenVersion);
-    tree.set(keys::firmware, readFirmware(*record));
-    tree.set(keys::settings, KyvarSettingsStructToDict(&record->settings));
-    tree.set(keys::profiles, readProfiles(*record));
-    tree.set(keys::macros, readMacros(*record));
+    tree.append(keys::version, limits::writtenVersion);
+    tree.append(keys::firmware, readFirmware(*record));
+    tree.append(keys::settings, KyvarSettingsStructToDict(&record->settings));
+    tree.append(keys::profiles, readProfiles(*record));
+    tree.append(keys::macros, readMacros(*record));
     return tree;
 }
 

@@ -49,10 +49,10 @@ Dictionary KyvarMacroStructToDict(const MacroHeader* header, const MacroBody* bo
     if (length < 1 || length > sizeof(MacroBody))
         return {};
     auto macro = Dictionary::create();
-    macro.set(keys::macroId, std::int32_t{header->macroId});
-    macro.set(keys::name, KyvarNameToString(body->name.data(), body->name.size()).value_or(u""));
-    macro.set(keys::delay, static_cast<std::int32_t>(loadBigEndian(body->delay)));
-    macro.set(keys::steps, decodeSteps(usedStepBytes(*body, length)));
+    macro.append(keys::macroId, std::int32_t{header->macroId});
+    macro.append(keys::name, KyvarNameToString(body->name.data(), body->name.size()).value_or(u""));
+    macro.append(keys::delay, static_cast<std::int32_t>(loadBigEndian(body->delay)));
+    macro.append(keys::steps, decodeSteps(usedStepBytes(*body, length)));
     return macro;
 }
 

@@ -1,6 +1,7 @@
 #include "model/ProfileMapping.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/Keys.h"
 #include "model/KyvarName.h"
@@ -41,23 +42,25 @@ void storeButtons(const Dictionary& buttons, ProfileRecord& record) {
 Array readStages(const ProfileRecord& record) {
     auto stages = Array::create();
     const auto count = std::min<std::size_t>(record.stageCount, record.stages.size());
+    stages.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        const auto stage = Dictionary::create();
-        setSensitivity(stage, record.stages[i]);
-        stages.append(stage);
+        auto stage = Dictionary::create();
+        appendSensitivity(stage, record.stages[i]);
+        stages.append(std::move(stage));
     }
     return stages;
 }
 
 Dictionary readButtons(const ProfileRecord& record) {
     auto buttons = Dictionary::create();
+    buttons.reserve(limits::buttons);
     for (int number = 1; number <= limits::buttons; ++number) {
         const auto& entry = record.buttons[static_cast<std::size_t>(number - 1)];
-        const auto assignment = Dictionary::create();
-        assignment.set(keys::command, std::int32_t{entry.command});
-        assignment.set(keys::param1, std::int32_t{entry.param1});
-        assignment.set(keys::param2, std::int32_t{entry.param2});
-        buttons.set(keys::button(number), assignment);
+        auto assignment = Dictionary::create();
+        assignment.append(keys::command, std::int32_t{entry.command});
+        assignment.append(keys::param1, std::int32_t{entry.param1});
+        assignment.append(keys::param2, std::int32_t{entry.param2});
+        buttons.append(keys::button(number), std::move(assignment));
     }
     return buttons;
 }
@@ -87,12 +90,13 @@ Dictionary KyvarProfileStructToDict(
     if (!record || !nameEntry || !driver || isUnusedName(nameEntry->name))
         return {};
     auto profile = Dictionary::create();
-    profile.set(keys::name, KyvarNameToString(nameEntry->name.data(), nameEntry->name.size()).value_or(u""));
-    profile.set(keys::ledState, std::int32_t{record->ledState});
-    profile.set(keys::defaultStage, std::int32_t{record->defaultStage});
-    profile.set(keys::stages, readStages(*record));
-    profile.set(keys::buttons, readButtons(*record));
-    profile.set(keys::driver, driver);
+    profile.append(
+        keys::name, KyvarNameToString(nameEntry->name.data(), nameEntry->name.size()).value_or(u""));
+    profile.append(keys::ledState, std::int32_t{record->ledState});
+    profile.append(keys::defaultStage, std::int32_t{record->defaultStage});
+    profile.append(keys::stages, readStages(*record));
+    profile.append(keys::buttons, readButtons(*record));
+    profile.append(keys::driver, driver);
     return profile;
 }
 

@@ -9,10 +9,10 @@ StageEntry sensitivityCodes(const plist::Dictionary& dictionary) {
     return {dpiToCode(dictionary.integer(keys::dpiX)), dpiToCode(dictionary.integer(keys::dpiY))};
 }
 
-void setSensitivity(const plist::Dictionary& dictionary, StageEntry codes) {
-    dictionary.set(keys::dpiX, codeToDpi(codes.dpiXCode));
-    dictionary.set(keys::dpiY, codeToDpi(codes.dpiYCode));
-    dictionary.set(keys::independentXY, codes.dpiXCode != codes.dpiYCode);
+void appendSensitivity(const plist::Dictionary& dictionary, StageEntry codes) {
+    dictionary.append(keys::dpiX, codeToDpi(codes.dpiXCode));
+    dictionary.append(keys::dpiY, codeToDpi(codes.dpiYCode));
+    dictionary.append(keys::independentXY, codes.dpiXCode != codes.dpiYCode);
 }
 
 } // namespace quorvi

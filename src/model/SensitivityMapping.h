@@ -9,7 +9,7 @@ namespace quorvi {
 /// The codes of "dpix" and "dpiy".
 [[nodiscard]] StageEntry sensitivityCodes(const plist::Dictionary& dictionary);
 
-/// Sets "dpix", "dpiy" and "independentxy", which is true when the codes differ.
-void setSensitivity(const plist::Dictionary& dictionary, StageEntry codes);
+/// Adds "dpix", "dpiy" and "independentxy", which is true when the codes differ; none of them is there yet.
+void appendSensitivity(const plist::Dictionary& dictionary, StageEntry codes);
 
 } // namespace quorvi

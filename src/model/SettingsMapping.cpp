@@ -24,10 +24,10 @@ plist::Dictionary KyvarSettingsStructToDict(const SettingsRecord* record) {
     if (!record)
         return {};
     auto settings = plist::Dictionary::create();
-    settings.set(keys::profileId, std::int32_t{record->profileId});
-    settings.set(keys::pollingRate, codeToPollingRate(record->pollingCode));
-    settings.set(keys::stage, std::int32_t{record->stage});
-    setSensitivity(settings, {record->dpiXCode, record->dpiYCode});
+    settings.append(keys::profileId, std::int32_t{record->profileId});
+    settings.append(keys::pollingRate, codeToPollingRate(record->pollingCode));
+    settings.append(keys::stage, std::int32_t{record->stage});
+    appendSensitivity(settings, {record->dpiXCode, record->dpiYCode});
     return settings;
 }
 

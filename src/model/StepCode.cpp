@@ -1,5 +1,7 @@
 #include "model/StepCode.h"
 
+#include <utility>
+
 #include "model/BigEndian.h"
 #include "model/Keys.h"
 
@@ -9,6 +11,9 @@ namespace {
 
 using plist::Array;
 using plist::Dictionary;
+
+/// A command with its argument and the delay behind it.
+constexpr std::size_t usualStepBytes = 4;
 
 struct Opcode {
     std::uint8_t code;
@@ -105,18 +110,18 @@ class StepWriter {
     std::size_t m_used = 0;
 };
 
-void addDecoded(const Array& steps, std::uint8_t opcode, std::span<const std::uint8_t> argumentBytes) {
-    const auto argument = static_cast<std::int32_t>(loadBigEndian(argumentBytes));
-    if (isDelay(opcode)) {
-        if (steps.size() > 0)
-            steps.dictionary(steps.size() - 1).set(keys::delay, argument);
-        return;
-    }
-    const auto step = Dictionary::create();
-    step.set(keys::command, std::int32_t{opcode});
+Dictionary decodedStep(std::uint8_t opcode, std::span<const std::uint8_t> argumentBytes) {
+    auto step = Dictionary::create();
+    step.append(keys::command, std::int32_t{opcode});
     if (!argumentBytes.empty())
-        step.set(keys::argument, argument);
-    steps.append(step);
+        step.append(keys::argument, static_cast<std::int32_t>(loadBigEndian(argumentBytes)));
+    return step;
+}
+
+/// Nothing when there is no step.
+void append(const Array& steps, Dictionary step) {
+    if (step)
+        steps.append(std::move(step));
 }
 
 } // namespace
@@ -133,14 +138,22 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
     auto steps = Array::create();
+    steps.reserve(bytes.size() / usualStepBytes);
+    Dictionary
+        step; // not among the others yet, because its delay may follow; a delay before the first has none
     while (!bytes.empty()) {
         const auto opcode = bytes[0];
         const auto width = argumentWidth(opcode);
         if (1 + width > bytes.size())
             break;
-        addDecoded(steps, opcode, bytes.subspan(1, width));
+        const auto argumentBytes = bytes.subspan(1, width);
+        if (isDelay(opcode))
+            step.set(keys::delay, static_cast<std::int32_t>(loadBigEndian(argumentBytes)));
+        else
+            append(steps, std::exchange(step, decodedStep(opcode, argumentBytes)));
         bytes = bytes.subspan(1 + width);
     }
+    append(steps, std::move(step));
     return steps;
 }
 

@@ -8,8 +8,6 @@ namespace quorvi::plist {
 
 namespace {
 
-constexpr std::size_t kUsualEntries = 4;
-
 constinit const Value g_nothing;
 
 template <typename EntryList>
@@ -21,14 +19,12 @@ auto findKey(EntryList& entries, std::string_view key) {
 
 Dictionary Dictionary::create() {
     Dictionary dictionary;
-    dictionary.m_entries = std::make_shared<Entries>();
-    // Most dictionaries of a configuration have two to four keys: one allocation instead of three.
-    dictionary.m_entries->reserve(kUsualEntries);
+    dictionary.m_storage = std::make_shared<Storage>();
     return dictionary;
 }
 
 std::size_t Dictionary::size() const {
-    return m_entries ? m_entries->size() : 0;
+    return m_storage ? m_storage->entries.size() : 0;
 }
 
 bool Dictionary::has(std::string_view key) const {
@@ -36,10 +32,10 @@ bool Dictionary::has(std::string_view key) const {
 }
 
 const Value& Dictionary::value(std::string_view key) const {
-    if (!m_entries)
+    if (!m_storage)
         return g_nothing;
-    const auto found = findKey(*m_entries, key);
-    return found == m_entries->end() ? g_nothing : found->value;
+    const auto found = findKey(m_storage->entries, key);
+    return found == m_storage->entries.end() ? g_nothing : found->value;
 }
 
 std::int32_t Dictionary::integer(std::string_view key) const {
@@ -65,41 +61,36 @@ Array Dictionary::array(std::string_view key) const {
 }
 
 void Dictionary::set(std::string_view key, Value value) const {
-    if (!m_entries)
+    if (!m_storage)
         return;
-    const auto found = findKey(*m_entries, key);
-    if (found == m_entries->end())
-        append(std::string(key), std::move(value));
+    const auto found = findKey(m_storage->entries, key);
+    if (found == m_storage->entries.end())
+        append(key, std::move(value));
     else
         found->value = std::move(value);
 }
 
-void Dictionary::append(std::string key, Value value) const {
-    if (m_entries)
-        m_entries->push_back({std::move(key), std::move(value)});
-}
-
 void Dictionary::remove(std::string_view key) const {
-    if (!m_entries)
+    if (!m_storage)
         return;
-    const auto found = findKey(*m_entries, key);
-    if (found != m_entries->end())
-        m_entries->erase(found);
+    const auto found = findKey(m_storage->entries, key);
+    if (found != m_storage->entries.end())
+        m_storage->entries.erase(found);
 }
 
 void Dictionary::removeAll() const {
-    if (m_entries)
-        m_entries->clear();
+    if (m_storage)
+        m_storage->entries.clear();
 }
 
 void Dictionary::reserve(std::size_t count) const {
-    if (m_entries)
-        m_entries->reserve(count);
+    if (m_storage)
+        m_storage->entries.reserve(count);
 }
 
 const Dictionary::Entries& Dictionary::entries() const {
     static const Entries none;
-    return m_entries ? *m_entries : none;
+    return m_storage ? m_storage->entries : none;
 }
 
 Array Array::create() {
@@ -118,11 +109,6 @@ const Value& Array::value(std::size_t index) const {
 
 Dictionary Array::dictionary(std::size_t index) const {
     return value(index).dictionary();
-}
-
-void Array::append(Value value) const {
-    if (m_items)
-        m_items->push_back(std::move(value));
 }
 
 void Array::insert(std::size_t index, Value value) const {

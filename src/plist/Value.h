@@ -17,6 +17,8 @@
 #include <variant>
 #include <vector>
 
+#include "plist/Room.h"
+
 namespace quorvi::plist {
 
 class Value;
@@ -34,14 +36,16 @@ using CarriedRef = std::shared_ptr<const Carried>;
 /// A reference to a shared, ordered dictionary with UTF-8 keys, or nil.
 class Dictionary {
   public:
-    using Entries = std::vector<Entry>;
+    /// Most dictionaries of a configuration have two to four keys.
+    static constexpr std::size_t kUsualSize = 4;
+    using Entries = RoomyVector<Entry, kUsualSize>;
 
     Dictionary() = default; ///< nil
     [[nodiscard]] static Dictionary create();
 
-    explicit operator bool() const { return m_entries != nullptr; }
+    explicit operator bool() const { return m_storage != nullptr; }
     /// Same storage, not equal content. Two nil handles are the same.
-    [[nodiscard]] bool isSameAs(const Dictionary& other) const { return m_entries == other.m_entries; }
+    [[nodiscard]] bool isSameAs(const Dictionary& other) const { return m_storage == other.m_storage; }
 
     [[nodiscard]] std::size_t size() const;
     [[nodiscard]] bool has(std::string_view key) const;
@@ -57,7 +61,9 @@ class Dictionary {
     /// Replaces the value under the key in place, or appends a new entry.
     void set(std::string_view key, Value value) const;
     /// Appends an entry whose key is known to be new; for readers that build a dictionary in order.
-    void append(std::string key, Value value) const;
+    /// Makes the value in its place.
+    template <typename T>
+    void append(std::string_view key, T&& value) const;
     void remove(std::string_view key) const;
     void removeAll() const;
     void reserve(std::size_t count) const;
@@ -66,7 +72,8 @@ class Dictionary {
     [[nodiscard]] const Entries& entries() const;
 
   private:
-    std::shared_ptr<Entries> m_entries;
+    struct Storage;
+    std::shared_ptr<Storage> m_storage;
 };
 
 /// A reference to a shared array, or nil.
@@ -86,7 +93,9 @@ class Array {
     /// The dictionary at the index; nil past the end or when the item is no dictionary.
     [[nodiscard]] Dictionary dictionary(std::size_t index) const;
 
-    void append(Value value) const;
+    /// Makes the value in its place.
+    template <typename T>
+    void append(T&& value) const;
     /// Inserts before the index; appends when the index is past the end.
     void insert(std::size_t index, Value value) const;
     void replace(std::size_t index, Value value) const; ///< nothing past the end
@@ -147,11 +156,34 @@ class Value {
 
 /// One key of a dictionary with its value.
 struct Entry {
+    template <typename T>
+    Entry(std::string_view entryKey, T&& entryValue) : key(entryKey), value(std::forward<T>(entryValue)) {}
+
     std::string key;
     Value value;
 };
 
+/// One block for a dictionary of the usual size, however many handles it has.
+struct Dictionary::Storage {
+    Storage() { entries.reserve(kUsualSize); }
+
+    Room<Entry, kUsualSize> room;
+    Entries entries{Entries::allocator_type(room)};
+};
+
+template <typename T>
+void Dictionary::append(std::string_view key, T&& value) const {
+    if (m_storage)
+        m_storage->entries.emplace_back(key, std::forward<T>(value));
+}
+
 /// Equal content: same types, same values, same keys whatever their order.
 [[nodiscard]] bool operator==(const Value& a, const Value& b);
+
+template <typename T>
+void Array::append(T&& value) const {
+    if (m_items)
+        m_items->emplace_back(std::forward<T>(value));
+}
 
 } // namespace quorvi::plist

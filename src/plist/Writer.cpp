@@ -6,108 +6,153 @@
 #include "plist/Limits.h"
 #include "plist/Node.h"
 #include "plist/Unicode.h"
-#include "plist/XmlBounds.h"
+#include "plist/XmlText.h"
 
 namespace quorvi::plist {
 
 namespace {
 
-/// Builds libplist's tree from ours. Each function gives null when the value cannot be written.
-class Exporter {
+/// What libplist writes for one scalar, without what stands around it; empty when it cannot write it.
+std::string libplistText(plist_t node) {
+    char* text = nullptr;
+    std::uint32_t length = 0;
+    plist_to_xml(node, &text, &length);
+    const Allocated<char> owner(text);
+    std::string_view content(text ? text : "", length);
+    if (!content.starts_with(XmlText::kProlog) || !content.ends_with(XmlText::kEpilog))
+        return {};
+    content.remove_prefix(XmlText::kProlog.size());
+    content.remove_suffix(XmlText::kEpilog.size());
+    return std::string(content);
+}
+
+/// Writes a tree and counts what reading it back will cost, as isBoundedXml does of a text that is there.
+/// Each function is false when the value cannot be written or read.
+class Writer {
   public:
     // NOLINTNEXTLINE(misc-no-recursion): the depth is bounded, by which a container within itself ends
-    Node node(const Value& value) {
+    bool put(const Value& value) {
         ++m_cost.nodes;
-        if (!m_cost.isBearable())
-            return nullptr;
-        return std::visit([this](const auto& v) { return make(v); }, value.variant());
+        m_cost.bytes = m_xml.size();
+        return m_cost.isBearable() && std::visit([this](const auto& v) { return make(v); }, value.variant());
+    }
+
+    std::optional<std::string> finish() && {
+        std::string text = std::move(m_xml).finish();
+        m_cost.bytes = text.size();
+        return m_cost.isBearable() ? std::optional(std::move(text)) : std::nullopt;
     }
 
   private:
-    static Node make(std::monostate) { return nullptr; }
-    static Node make(bool v) { return Node(plist_new_bool(v ? 1 : 0)); }
-    static Node make(std::int64_t v) { return Node(plist_new_uint(static_cast<std::uint64_t>(v))); }
-    static Node make(double v) { return Node(plist_new_real(v)); }
-    static Node make(const CarriedRef& v) { return Node(plist_copy(v->node())); }
+    static bool make(std::monostate) { return false; }
 
-    Node make(const std::u16string& v) {
-        m_cost.bytes += v.size();
-        return Node(plist_new_string(toXmlUtf8(v).c_str()));
+    bool make(bool v) {
+        m_xml.line(v ? "<true/>" : "<false/>");
+        return true;
     }
 
-    Node make(const Data& v) {
-        m_cost.bytes += v.size();
-        static const std::uint8_t none = 0; // an empty vector has no address, which copying asks for
-        const auto* bytes = v.empty() ? &none : v.data();
-        return Node(plist_new_data(reinterpret_cast<const char*>(bytes), v.size()));
+    bool make(std::int64_t v) {
+        m_xml.integer(v);
+        return true;
     }
 
-    Node make(const Dictionary& v) {
-        Node dictionary(plist_new_dict());
-        return fill(v.entries(),
-                   [&](const Entry& entry) {
-                       m_cost.bytes += entry.key.size();
-                       Node child = node(entry.value);
-                       if (child)
-                           plist_dict_set_item(dictionary.get(), writable(entry.key).c_str(), child.get());
-                       return child.release() != nullptr;
-                   })
-                   ? std::move(dictionary)
-                   : nullptr;
+    bool make(double v) { return putLines(libplistText(Node(plist_new_real(v)).get())); }
+
+    bool make(const std::u16string& v) {
+        putText("<string>", toXmlUtf8(v), "</string>");
+        return true;
     }
 
-    Node make(const Array& v) {
-        Node array(plist_new_array());
-        return fill(v.items(),
-                   [&](const Value& item) {
-                       Node child = node(item);
-                       if (child)
-                           plist_array_append_item(array.get(), child.get());
-                       return child.release() != nullptr;
-                   })
-                   ? std::move(array)
-                   : nullptr;
+    bool make(const Data& v) {
+        m_xml.data(v);
+        return true;
     }
 
-    template <typename Elements, typename Add>
-    bool fill(const Elements& elements, Add add) {
-        if (m_depth == kMaxDepth)
+    bool make(const CarriedRef& v) {
+        if (PLIST_IS_UID(v->node())) { // written as a dictionary of one key
+            m_cost.nodes += 2;
+            if (m_xml.depth() == kMaxDepth)
+                return false;
+        }
+        return putLines(libplistText(v->node()));
+    }
+
+    bool make(const Array& v) {
+        return putContainer(
+            "<array>", "</array>", "<array/>", v.items(), [this](const Value& item) { return put(item); });
+    }
+
+    bool make(const Dictionary& v) {
+        m_cost.work += dictionaryWork(v.size());
+        if (!m_cost.isBearable())
             return false;
-        ++m_depth;
-        const bool complete = std::all_of(elements.begin(), elements.end(), add);
-        --m_depth;
+        const auto hasPlainKey = [](const Entry& entry) { return isPlain(entry.key); };
+        const bool plain = std::all_of(v.entries().begin(), v.entries().end(), hasPlainKey);
+        return putDictionary(plain ? v : withWritableKeys(v));
+    }
+
+    bool putDictionary(const Dictionary& v) {
+        return putContainer("<dict>", "</dict>", "<dict/>", v.entries(), [this](const Entry& entry) {
+            ++m_cost.nodes;
+            putText("<key>", entry.key, "</key>");
+            return put(entry.value);
+        });
+    }
+
+    template <typename Elements, typename Put>
+    bool putContainer(std::string_view startTag, std::string_view endTag, std::string_view emptyTag,
+        const Elements& elements, Put putElement) {
+        if (m_xml.depth() == kMaxDepth)
+            return false;
+        if (elements.empty()) {
+            m_xml.line(emptyTag);
+            return true;
+        }
+        m_xml.open(startTag);
+        const bool complete = std::all_of(elements.begin(), elements.end(), putElement);
+        m_xml.close(endTag);
         return complete;
     }
 
-    /// Keys are UTF-8 by contract, but whoever set one may have taken it from anywhere.
-    static std::string writable(const std::string& key) {
-        const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
-        return std::all_of(key.begin(), key.end(), isPlain) ? key : toXmlUtf8(toUtf16(key));
+    void putText(std::string_view startTag, std::string_view utf8, std::string_view endTag) {
+        const auto [entities, length] = m_xml.escaped(startTag, utf8, endTag);
+        m_cost.work += entityWork(entities, length);
     }
 
-    std::size_t m_depth = 0;
+    bool putLines(std::string_view text) {
+        const bool written = !text.empty();
+        while (!text.empty()) {
+            const auto end = text.find('\n');
+            m_xml.line(text.substr(0, end));
+            text.remove_prefix(end + 1);
+        }
+        return written;
+    }
+
+    static bool isPlain(std::string_view key) {
+        return std::all_of(key.begin(), key.end(), [](char c) { return c >= ' ' && c <= '~'; });
+    }
+
+    /// Keys are UTF-8 by contract, but whoever set one may have taken it from anywhere. Of those that come
+    /// out equal, the later one counts.
+    static Dictionary withWritableKeys(const Dictionary& v) {
+        auto result = Dictionary::create();
+        result.reserve(v.size());
+        for (const auto& entry : v.entries())
+            result.set(toXmlUtf8(toUtf16(entry.key)), entry.value);
+        return result;
+    }
+
+    XmlText m_xml;
     Cost m_cost;
 };
-
-std::string serialized(const Node& node) {
-    char* text = nullptr;
-    std::uint32_t length = 0;
-    plist_to_xml(node.get(), &text, &length);
-    const Allocated<char> owner(text);
-    return text ? std::string(text, length) : std::string();
-}
 
 } // namespace
 
 std::optional<std::string> writeXml(const Value& value) {
     const NumericScope scope;
-    const Node root = Exporter().node(value);
-    if (!root)
-        return std::nullopt;
-    std::string xml = serialized(root);
-    if (!isBoundedXml(xml))
-        return std::nullopt;
-    return xml;
+    Writer writer;
+    return writer.put(value) ? std::move(writer).finish() : std::nullopt;
 }
 
 } // namespace quorvi::plist

@@ -177,7 +177,7 @@ class Scanner {
                 if (!skipPast("]]>"))
                     return false;
             } else {
-                countEntities(whole.substr(0, whole.size() - m_rest.size()));
+                countEntities(whole.substr(0, whole.size() - m_rest.size() - 1));
                 if (!take("/") || !take(name))
                     return false;
                 skipBlanks();
@@ -187,11 +187,9 @@ class Scanner {
         return false;
     }
 
-    /// For each entity libplist moves the rest of the text, half of it on average and some 64 bytes in the
-    /// time of a key comparison.
     void countEntities(std::string_view whole) {
         const auto entities = static_cast<std::uint64_t>(std::count(whole.begin(), whole.end(), '&'));
-        m_cost.work += entities * whole.size() / 128;
+        m_cost.work += entityWork(entities, whole.size());
     }
 
     std::string_view m_rest;

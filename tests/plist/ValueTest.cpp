@@ -112,6 +112,30 @@ TEST(Dictionary, RemovesByAViewOfItsOwnKey) {
     EXPECT_TRUE(d.has("c"));
 }
 
+TEST(Dictionary, KeepsItsEntriesWhenItOutgrowsTheirRoom) {
+    const auto d = Dictionary::create();
+    const Dictionary other = d;
+    const auto key = [](std::int32_t number) { return "key" + std::to_string(number); };
+    for (std::int32_t i = 0; i < 20; ++i)
+        d.append(key(i), std::u16string(20, static_cast<char16_t>(u'a' + i)));
+    ASSERT_EQ(other.size(), 20U);
+    for (std::int32_t i = 0; i < 20; ++i)
+        EXPECT_EQ(other.string(key(i)), std::u16string(20, static_cast<char16_t>(u'a' + i)));
+    d.removeAll();
+    d.reserve(40);
+    d.set("a", other);
+    EXPECT_TRUE(other.dictionary("a").isSameAs(d));
+    d.removeAll();
+}
+
+TEST(Dictionary, AppendsNothingToANilHandle) {
+    const Dictionary nil;
+    nil.append("a", 1);
+    EXPECT_EQ(nil.size(), 0U);
+    Array().append(1);
+    EXPECT_EQ(Array().size(), 0U);
+}
+
 TEST(Array, InsertsReplacesAndRemovesWithinItsBounds) {
     const auto array = Array::create();
     array.append(1);

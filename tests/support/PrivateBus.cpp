@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include <sys/wait.h>
+
 namespace quorvi::test {
 
 namespace {
@@ -36,11 +38,22 @@ PrivateBus::~PrivateBus() {
     else
         setenv(kVariable, m_earlierAddress.c_str(), 1);
     m_daemon->signal(SIGTERM); // it removes its socket
+    goOn();
     (void)m_daemon->wait();
 }
 
 void PrivateBus::kill() {
     m_daemon->kill();
+}
+
+void PrivateBus::pause() {
+    m_daemon->signal(SIGSTOP);
+    siginfo_t stopped{};
+    waitid(P_PID, static_cast<id_t>(m_daemon->pid()), &stopped, WSTOPPED);
+}
+
+void PrivateBus::goOn() {
+    m_daemon->signal(SIGCONT);
 }
 
 } // namespace quorvi::test

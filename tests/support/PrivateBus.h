@@ -24,6 +24,9 @@ class PrivateBus {
     [[nodiscard]] const std::string& address() const { return m_address; }
     /// Ends the daemon by force; every connection is cut.
     void kill();
+    /// Stops the daemon, which answers nobody until it goes on.
+    void pause();
+    void goOn();
 
   private:
     TemporaryFolder m_configuration;

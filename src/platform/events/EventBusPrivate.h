@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "platform/events/EventBus.h"
+#include "platform/events/KnownProcesses.h"
 #include "platform/events/SdBus.h"
 
 namespace quorvi {
@@ -47,6 +48,7 @@ class EventBus::Private {
 
     events::BusPtr bus; // first, so that it outlives the slots
     ProcessSerialNumber own;
+    events::KnownProcesses known{bus.get()};
     std::function<void()> pendingFunction;
     std::function<void()> disconnectedFunction;
     bool disconnectReported = false;

@@ -104,14 +104,21 @@ Status EventBus::getProcessInformation(const ProcessSerialNumber& psn, std::stri
 }
 
 Status EventBus::findProcessByName(std::string_view name, ProcessSerialNumber* psn) {
-    std::vector<ProcessEntry> list;
-    const auto wanted = [&](std::string_view other) { return events::sameProcessName(name, other); };
-    if (const Status status = listProcesses(*d, wanted, list); status != noErr)
-        return status;
-    if (list.empty())
-        return procNotFound;
+    auto found = d->known.find(name);
+    if (!found) {
+        d->known.startWatching();
+        d->notifyPending(); // it may be what finds out that the bus went away
+        std::vector<ProcessEntry> list;
+        const auto wanted = [&](std::string_view other) { return events::sameProcessName(name, other); };
+        if (const Status status = listProcesses(*d, wanted, list); status != noErr)
+            return status;
+        if (list.empty())
+            return procNotFound;
+        found = list.front().psn;
+        d->known.remember(name, *found);
+    }
     if (psn)
-        *psn = list.front().psn;
+        *psn = *found;
     return noErr;
 }
 

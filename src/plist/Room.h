@@ -1,0 +1,70 @@
+// A vector whose first elements lie beside it instead of in a block of their own.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace quorvi::plist {
+
+/// Memory for one block of up to `Count` elements.
+template <typename T, std::size_t Count>
+class Room {
+  public:
+    Room() = default;
+    Room(const Room&) = delete; // a vector knows where its elements are
+    Room& operator=(const Room&) = delete;
+
+    /// Null when it is taken, or too small.
+    [[nodiscard]] T* take(std::size_t count) {
+        if (m_taken || count > Count)
+            return nullptr;
+        m_taken = true;
+        return reinterpret_cast<T*>(m_bytes.data());
+    }
+    /// False when the memory is not from here.
+    [[nodiscard]] bool giveBack(const T* memory) {
+        if (memory != reinterpret_cast<const T*>(m_bytes.data()))
+            return false;
+        m_taken = false;
+        return true;
+    }
+
+  private:
+    alignas(T) std::array<std::byte, Count * sizeof(T)> m_bytes;
+    bool m_taken = false;
+};
+
+/// Takes what fits from a room that outlives the vector, and everything else from the heap. Without a room
+/// it is an allocator like any other. Vectors with different rooms do not swap.
+template <typename T, std::size_t Count>
+class RoomAllocator {
+  public:
+    using value_type = T;
+    template <typename U>
+    struct rebind { // NOLINT(readability-identifier-naming): the standard's name
+        using other = RoomAllocator<U, Count>;
+    };
+
+    RoomAllocator() = default;
+    explicit RoomAllocator(Room<T, Count>& room) : m_room(&room) {}
+
+    [[nodiscard]] T* allocate(std::size_t count) {
+        T* const memory = m_room ? m_room->take(count) : nullptr;
+        return memory ? memory : std::allocator<T>().allocate(count);
+    }
+    void deallocate(T* memory, std::size_t count) {
+        if (!m_room || !m_room->giveBack(memory))
+            std::allocator<T>().deallocate(memory, count);
+    }
+    bool operator==(const RoomAllocator&) const = default;
+
+  private:
+    Room<T, Count>* m_room = nullptr;
+};
+
+template <typename T, std::size_t Count>
+using RoomyVector = std::vector<T, RoomAllocator<T, Count>>;
+
+} // namespace quorvi::plist
