@@ -338,6 +338,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fIgnoreTableViewSelectionChange = false;
     bool fDragging = false;    ///< the mouse is down on a slider
     bool fSyncPending = false; ///< the settings file was written and is not known to be on the disk
+    bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

@@ -160,7 +160,9 @@ class HelperLossTest : public QObject {
         QTest::addColumn<bool>("isExecutable");
         QTest::newRow("gone") << "" << false << false;
         QTest::newRow("not executable") << "" << true << false;
-        QTest::newRow("no program") << "\x7F" "ELF" << true << true;
+        QTest::newRow("no program") << "\x7F"
+                                       "ELF"
+                                    << true << true;
         QTest::newRow("crashing at once") << "kill -SEGV $$\n" << true << true;
     }
 

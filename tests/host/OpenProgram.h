@@ -13,9 +13,9 @@ namespace quorvi::test {
 
 /// Where something is to be found in the program's window.
 struct Spots {
-    QPoint tab;     ///< of the tab that it is on
-    QPoint control; ///< the square of a check box, the handle of a slider, the middle of anything else
-    QPoint end;     ///< three quarters of the way along the control
+    QPoint tab;      ///< of the tab that it is on
+    QPoint control;  ///< the square of a check box, the handle of a slider, the middle of anything else
+    QPoint end;      ///< three quarters of the way along the control
     QPoint firstRow; ///< of a table
 };
 

@@ -50,9 +50,7 @@ class PanelProgram {
     /// The mouse comes to hold what the file says, all of it.
     [[nodiscard]] bool mouseFollows() const {
         return QTest::qWaitFor(
-            [&] {
-                return session.runs("KyvarQuorviHelper") && session.recordAgainstFile().isEmpty();
-            },
+            [&] { return session.runs("KyvarQuorviHelper") && session.recordAgainstFile().isEmpty(); },
             kWindowPatienceMs);
     }
     [[nodiscard]] bool clickReachesTheMouse() const { return clickIsSaved() && mouseFollows(); }

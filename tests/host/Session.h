@@ -32,7 +32,8 @@ class Session {
 
     /// Runs the bundle's helper without a panel and waits until it can be found.
     void startHelper();
-    /// Has the bus start the bundle's helper, as it does for whoever calls it, and waits until it can be found.
+    /// Has the bus start the bundle's helper, as it does for whoever calls it, and waits until it can be
+    /// found.
     void activateHelper();
     /// Ends the helper by force, and waits until it has left the bus.
     void killHelper();

@@ -1,7 +1,8 @@
 // The open panel, as a program of its own, in a storm of device lists and malformed events: it goes on
 // answering its user, takes no more memory, and is afterwards as it was before.
 //
-// The short form has some hundred of either. The full one, of 10,000 device lists and 10,000 malformed events:
+// The short form has some hundred of either. The full one, of 10,000 device lists and 10,000 malformed
+// events:
 //     QUORVI_STORM=10000 scripts/with-display dbus-run-session -- build/bin/StormTest
 // It prints the longest delay of an answer, and the memory before and afterwards.
 

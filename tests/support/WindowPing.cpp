@@ -46,8 +46,8 @@ class PingConnection {
         message.data.data32[0] = m_ping;
         message.data.data32[1] = number;
         message.data.data32[2] = window;
-        xcb_send_event(m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
-            reinterpret_cast<const char*>(&message));
+        xcb_send_event(
+            m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
         xcb_flush(m_connection.get());
     }
 
