@@ -1,10 +1,11 @@
 // The helper is killed, stopped, or not to be had, while the panel is open as a program of its own: the panel
 // goes on, and when there is a helper the two find each other, with the settings in the mouse.
 
-#include <QAbstractButton>
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
 #include "host/BundleWithOtherHelper.h"
@@ -12,7 +13,6 @@
 #include "support/EventMonitor.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
-#include "support/Storm.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
