@@ -32,7 +32,8 @@ class PingConnection {
         m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
         m_protocols = atom("WM_PROTOCOLS");
         m_ping = atom("_NET_WM_PING");
-        const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        // Programs answer to the one or the other; Qt to the latter.
+        const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         xcb_change_window_attributes(m_connection.get(), m_root, XCB_CW_EVENT_MASK, &events);
         xcb_flush(m_connection.get());
     }
