@@ -26,7 +26,8 @@ class Flood : public BusTest {
 };
 
 TEST_F(Flood, IsTakenInPiecesAndInOrder) {
-    // The answer comes behind the events, so that all of them wait in this process.
+    // The answers come behind the events, so that all of them wait in this process.
+    ASSERT_EQ(other->findProcessByName("nobody", nullptr), procNotFound);
     ASSERT_EQ(bus->findProcessByName("nobody", nullptr), procNotFound);
     std::size_t largestPiece = 0;
     while (bus->hasPending()) {

@@ -118,7 +118,7 @@ class HelperLossTest : public QObject {
         panel.session.home.writeSettings(settingsWithAnEmptyMacro());
         panel.session.attach(); // has the panel read them
         const Spots macros = spotsOf("quorviTableMacros", kMacrosTab);
-        const Spots record = spotsOf("quorviButtonStepRecord", kMacrosTab);
+        const Spots record = spotsOf("quorviButtonStepRecord", kMacrosTab, "quorviTableMacros");
         EventMonitor monitor(busAddress());
         panel.program->clickAt(macros.tab);
         panel.program->clickAt(macros.firstRow);

@@ -5,6 +5,7 @@
 #include <QSlider>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTest>
 
 #include <csignal>
 
@@ -32,13 +33,20 @@ QPoint spotOn(QWidget& control) {
 
 } // namespace
 
-Spots spotsOf(const char* control, int tab) {
+Spots spotsOf(const char* control, int tab, const char* table) {
     const OpenWindow model;
     if (!model.showsMouse())
         qFatal("the panel does not show the mouse");
     model.clickTab(tab);
     const QTabBar* tabs = model.find<QTabWidget>("quorviTabsMain")->tabBar();
+    if (table) {
+        auto* rows = model.find<QAbstractItemView>(table);
+        QTest::mouseClick(
+            rows->viewport(), Qt::LeftButton, {}, rows->visualRect(rows->model()->index(0, 0)).center());
+    }
     QWidget* widget = model.find(control);
+    if (!QTest::qWaitFor([&] { return widget->isVisible(); }, kWindowPatienceMs))
+        qFatal("%s does not come to the screen", control);
     const auto inWindow = [&](const QWidget& part, QPoint spot) { return part.mapTo(&model.host(), spot); };
     return {inWindow(*tabs, tabs->tabRect(tab).center()), inWindow(*widget, spotOn(*widget)),
         inWindow(*widget, QPoint(widget->width() * 3 / 4, widget->height() / 2)),

@@ -20,8 +20,9 @@ struct Spots {
 };
 
 /// Looks the control up in a window of this process with the session's settings, which is laid out as the
-/// program's is. It has a panel of its own, which has gone when this returns.
-[[nodiscard]] Spots spotsOf(const char* control, int tab);
+/// program's is. It has a panel of its own, which has gone when this returns. With a table, the control is
+/// one that is there when the table's first row is selected.
+[[nodiscard]] Spots spotsOf(const char* control, int tab, const char* table = nullptr);
 
 class OpenProgram {
   public:

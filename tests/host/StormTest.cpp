@@ -120,8 +120,10 @@ class StormTest : public QObject {
         Storm storm = stormAt(panel);
         std::atomic<bool> stop = false;
         std::thread sender([&] {
-            while (!stop)
-                sendPairs(storm, 10, false);
+            // As fast as the panel takes it: what is sent faster than that waits in the bus, in front of the
+            // answers that the panel asks for to tell the helper.
+            while (!stop && storm.isTakenIn())
+                sendPairs(storm, 100, false);
         });
         int reached = 0;
         for (int click = 0; click < 10; ++click)

@@ -74,6 +74,7 @@ Storm::Storm(const ProcessSerialNumber& target, std::uint32_t seed)
     if (sd_bus_open_user(&bus) < 0)
         throw std::runtime_error("there is no bus for the storm");
     m_bus.reset(bus);
+    sd_bus_flush(bus); // greets the bus: nothing is sent before
 }
 
 std::size_t Storm::random(std::size_t below) {
