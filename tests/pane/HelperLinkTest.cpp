@@ -178,6 +178,9 @@ class HelperLinkTest : public QObject {
         for (int list = 0; list < 20; ++list)
             fixture.helper->sendDeviceList(1);
         fixture.helper->sendDeviceList(0);
+        // Its own look-up is answered behind the lists, and so is the panel's: all of them have come by then.
+        fixture.helper->sendToPanel(listEvent(195, typeDeviceList));
+        QCOMPARE(fixture.pane->findProcessByName("nobody", nullptr), procNotFound);
         QTRY_COMPARE(fixture.text("quorviTextProfile"), QStringLiteral("No device connected"));
         QCOMPARE(calls.count(), 1);
         // The next one is shown again.
