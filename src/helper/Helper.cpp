@@ -40,7 +40,7 @@ NameResult Helper::start() {
     const NameResult result = m_bus.ownName(kHelperName, NameMode::onlyIfFree);
     if (result != NameResult::owned)
         return result;
-    greetShownPanel();
+    greetShownPanels();
     // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
     // who saved before that is read here, and who saves later sends its message to this process.
     m_settings.reload();
@@ -48,10 +48,10 @@ NameResult Helper::start() {
 }
 
 /// A panel that launched the helper told it too early that it is shown. The helper looks for panels only once
-/// it can be found itself, and a panel does the same, so that one of the two always finds the other.
-void Helper::greetShownPanel() {
-    ProcessSerialNumber panel;
-    if (m_bus.findProcessByName(kPanelName, &panel) == noErr)
+/// it can be found itself, and a panel does the same, so that one of the two always finds the other. Of
+/// several panels one owns the name and the others wait for it.
+void Helper::greetShownPanels() {
+    for (const auto& panel : m_bus.processesInLine(kPanelName))
         addPanel(panel);
 }
 

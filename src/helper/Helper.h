@@ -17,7 +17,8 @@ class Helper : public SimulatedMouseDevice {
     Helper(const Helper&) = delete;
     Helper& operator=(const Helper&) = delete;
 
-    /// Joins the process list and greets a panel that is shown already. Anything but owned: it shall not run.
+    /// Joins the process list and greets the panels that are shown already. Anything but owned: it shall not
+    /// run.
     [[nodiscard]] NameResult start();
 
     void attach() override;
@@ -32,7 +33,7 @@ class Helper : public SimulatedMouseDevice {
     void setAttached(bool attached);
     void addPanel(const ProcessSerialNumber& panel);
     void removePanel(const ProcessSerialNumber& panel);
-    void greetShownPanel();
+    void greetShownPanels();
 
     EventBus& m_bus;
     DeviceSettings m_settings;

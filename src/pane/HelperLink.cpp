@@ -67,12 +67,15 @@ void KyvarQuorviPane::removeEventHandlers() {
 }
 
 Status KyvarQuorviPane::receiveDeviceList(const Event& event) {
-    if (getDeviceList(event, fDeviceList)) {
+    // Lists that come before the call runs share it: it would read the same file again and show the same, the
+    // last, list.
+    if (getDeviceList(event, fDeviceList) && !std::exchange(fSyncScheduled, true)) {
         // After the handler has answered, and also while a sheet is up; but no more when the pane was hidden
         // in between, because a hidden pane has let its settings go.
         QMetaObject::invokeMethod(
             this,
             [this] {
+                fSyncScheduled = false;
                 if (fReceiveListUPP)
                     syncUIWithDeviceConfig();
             },

@@ -359,9 +359,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
-    bool fDragging = false;     ///< the mouse is down on a slider
-    bool fSyncPending = false;  ///< the settings file was written and is not known to be on the disk
-    bool fUnsavedEdits = false; ///< the tree holds changes of the user's that no file has yet
+    bool fDragging = false;      ///< the mouse is down on a slider
+    bool fSyncPending = false;   ///< the settings file was written and is not known to be on the disk
+    bool fUnsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet
+    bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

@@ -27,6 +27,8 @@ void EventBusNotifier::process() {
     m_scheduled = false;
     m_bus.process();
     watch();
+    if (m_bus.hasPending()) // in the next round of the loop, behind what the user does
+        schedule();
 }
 
 void EventBusNotifier::schedule() {

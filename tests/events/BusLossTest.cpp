@@ -76,6 +76,7 @@ class BusLoss : public BusTest {
         EXPECT_EQ(bus->ownName("Other"), NameResult::failed);
         EXPECT_EQ(bus->releaseName("KyvarQuorviPane"), connectionInvalid);
         EXPECT_TRUE(bus->processes().empty());
+        EXPECT_TRUE(bus->processesInLine("KyvarQuorviPane").empty());
         ProcessSerialNumber psn;
         EXPECT_EQ(bus->getNextProcess(psn), connectionInvalid);
         std::string name;

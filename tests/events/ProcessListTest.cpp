@@ -19,6 +19,18 @@ TEST_F(ProcessList, HoldsTheOwnersOfPrefixedNamesInOrder) {
     EXPECT_EQ(bus->processes(), expected);
 }
 
+TEST_F(ProcessList, KnowsWhoWaitsForAName) {
+    EXPECT_TRUE(bus->processesInLine("KyvarQuorviPane").empty());
+    const auto first = EventBus::connect();
+    const auto second = EventBus::connect();
+    ASSERT_EQ(first->ownName("KyvarQuorviPane"), NameResult::owned);
+    ASSERT_EQ(second->ownName("KyvarQuorviPane"), NameResult::queued);
+    EXPECT_EQ(bus->processesInLine("KyvarQuorviPane"),
+        (std::vector{first->processSerialNumber(), second->processSerialNumber()}));
+    EXPECT_TRUE(bus->processesInLine("KyvarQuorviPan").empty());
+    EXPECT_TRUE(bus->processesInLine("no name").empty());
+}
+
 TEST_F(ProcessList, IsWalkedFromNoProcessToItsEnd) {
     const auto other = EventBus::connect();
     ASSERT_EQ(bus->ownName("First"), NameResult::owned);

@@ -26,6 +26,16 @@ TEST_F(HelperDeviceList, ComesToAPanelThatWasShownBeforeTheHelperStarted) {
     EXPECT_EQ(panel.countAfterLists(2), 0) << "and what changes later";
 }
 
+TEST_F(HelperDeviceList, ComesToEveryPanelThatWasShownBeforeTheHelperStarted) {
+    Panel first;
+    Panel second;
+    ASSERT_EQ(first.bus->ownName("KyvarQuorviPane"), NameResult::owned);
+    ASSERT_EQ(second.bus->ownName("KyvarQuorviPane"), NameResult::queued);
+    start();
+    EXPECT_EQ(first.countAfterLists(1), 1);
+    EXPECT_EQ(second.countAfterLists(1), 1);
+}
+
 TEST_F(HelperDeviceList, ComesWhoeverStartsFirst) {
     for (int i = 0; i < 10; ++i) {
         const auto started = launch();

@@ -23,9 +23,13 @@ class BundleWithOtherHelper {
         for (const auto& entry : fs::directory_iterator(real / "Resources"))
             if (entry.path().extension() != ".app")
                 fs::create_symlink(entry.path(), ours / "Resources" / entry.path().filename());
-        const fs::path program = ours / application / "Linux/KyvarQuorviHelper";
-        std::ofstream(program) << "#!/bin/sh\n" << script;
-        fs::permissions(program, fs::perms::owner_all);
+        std::ofstream(program()) << "#!/bin/sh\n" << script;
+        fs::permissions(program(), fs::perms::owner_all);
+    }
+    /// The program that is launched.
+    [[nodiscard]] std::filesystem::path program() const {
+        return path().toStdString() +
+               "/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper";
     }
     [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("A.prefPane")); }
 

@@ -3,7 +3,10 @@
 #include <QTest>
 
 #include <charconv>
+#include <csignal>
+#include <fstream>
 
+#include "model/ConfigMapping.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/ProcessName.h"
 #include "platform/events/SimulatedMouse.h"
@@ -49,6 +52,27 @@ void Session::startHelper() {
         qFatal("the helper does not start");
 }
 
+void Session::activateHelper() {
+    std::ofstream(m_services / "com.kyvar.KyvarQuorviHelper.service")
+        << "[D-BUS Service]\nName=com.kyvar.KyvarQuorviHelper\nExec=/usr/bin/env HOME=" << home.path()
+        << " " QUORVI_HELPER "\n";
+    for (const std::string call : {"ReloadConfig", "StartServiceByName"}) {
+        std::vector<std::string> command{"dbus-send", "--session", "--print-reply",
+            "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus." + call};
+        if (call == "StartServiceByName")
+            command.insert(command.end(), {"string:com.kyvar.KyvarQuorviHelper", "uint32:0"});
+        if (const auto result = runProgram(command); result.exitCode != 0)
+            qFatal("the bus does not start the helper: %s", result.error.c_str());
+    }
+}
+
+void Session::killHelper() {
+    for (const pid_t id : helpers())
+        ::kill(id, SIGKILL);
+    if (!QTest::qWaitFor([this] { return !runs(kHelperName) && helpers().empty(); }, kWindowPatienceMs))
+        qFatal("the helper cannot be killed");
+}
+
 std::vector<pid_t> Session::helpers() const {
     const std::string ours = "DBUS_SESSION_BUS_ADDRESS=" + m_address;
     std::vector<pid_t> result;
@@ -66,10 +90,15 @@ bool Session::runs(const std::string& processName) const {
     return m_bus->findProcessByName(processName, nullptr) == noErr;
 }
 
-ProcessSerialNumber Session::helper() const {
+ProcessSerialNumber Session::process(const std::string& processName) const {
     ProcessSerialNumber psn;
-    require(m_bus->findProcessByName(kHelperName, &psn));
+    if (const Status status = m_bus->findProcessByName(processName, &psn); status != noErr)
+        qFatal("%s is not to be found: %d", processName.c_str(), int(status));
     return psn;
+}
+
+ProcessSerialNumber Session::helper() const {
+    return process(kHelperName);
 }
 
 void Session::attach() const {
@@ -96,6 +125,14 @@ std::vector<std::uint8_t> Session::record() const {
 int Session::recordByte(int offset) const {
     const auto bytes = record();
     return offset < int(bytes.size()) ? bytes[std::size_t(offset)] : -1;
+}
+
+QString Session::recordAgainstFile() const {
+    ConfigRecord expected{};
+    if (!KyvarConfigDictToStruct(home.savedSettings(), &expected))
+        qFatal("the settings file is no record");
+    const auto* first = reinterpret_cast<const std::uint8_t*>(&expected);
+    return changes({first, first + sizeof expected}, record());
 }
 
 int Session::panelsToldOfDetaching() const {

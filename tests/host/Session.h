@@ -32,10 +32,17 @@ class Session {
 
     /// Runs the bundle's helper without a panel and waits until it can be found.
     void startHelper();
+    /// Has the bus start the bundle's helper, as it does for whoever calls it, and waits until it can be
+    /// found.
+    void activateHelper();
+    /// Ends the helper by force, and waits until it has left the bus.
+    void killHelper();
     /// The ids of the helper processes of this session.
     [[nodiscard]] std::vector<pid_t> helpers() const;
     /// The process is in the process list.
     [[nodiscard]] bool runs(const std::string& processName) const;
+    /// Its serial number; one that is not in the list ends the test program.
+    [[nodiscard]] ProcessSerialNumber process(const std::string& processName) const;
 
     // The simulated mouse. A call that fails ends the test program.
 
@@ -46,6 +53,8 @@ class Session {
     [[nodiscard]] std::vector<std::uint8_t> record() const;
     /// The byte at the offset; -1 while there is none.
     [[nodiscard]] int recordByte(int offset) const;
+    /// The bytes in which the mouse differs from the settings file, as changes() says them.
+    [[nodiscard]] QString recordAgainstFile() const;
 
     /// Unplugs the mouse and counts the panels that the helper tells.
     [[nodiscard]] int panelsToldOfDetaching() const;
@@ -57,7 +66,8 @@ class Session {
   private:
     [[nodiscard]] ProcessSerialNumber helper() const;
 
-    std::unique_ptr<PrivateBus> m_privateBus = std::make_unique<PrivateBus>();
+    TemporaryFolder m_services; // before the bus, which looks for services there
+    std::unique_ptr<PrivateBus> m_privateBus = std::make_unique<PrivateBus>(m_services.path());
     std::string m_address = m_privateBus->address();
     EnvironmentVariable m_home{"HOME", home.path()};
     EnvironmentVariable m_config{"XDG_CONFIG_HOME", home.path() + "/.config"};

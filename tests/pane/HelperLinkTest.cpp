@@ -35,6 +35,21 @@ class HideAtNextCall : public QObject {
     bool m_done = false;
 };
 
+/// Counts the queued calls of the pane.
+class CallCounter : public QObject {
+  public:
+    explicit CallCounter(KyvarQuorviPane& pane) { pane.installEventFilter(this); }
+    [[nodiscard]] int count() const { return m_count; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        m_count += event->type() == QEvent::MetaCall;
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    int m_count = 0;
+};
+
 } // namespace
 
 class HelperLinkTest : public QObject {
@@ -154,6 +169,51 @@ class HelperLinkTest : public QObject {
         QCoreApplication::processEvents();
         QVERIFY(!fixture.pane->deviceConfig());
         QVERIFY(fixture.commandsBecome({"KyRO 1", "KyRO 0"}));
+    }
+
+    void listsThatComeTogetherAreShownOnceAndTheLastOneCounts() {
+        PaneFixture fixture;
+        fixture.openWith(PaneFixture::sampleTree());
+        const CallCounter calls(*fixture.pane);
+        for (int list = 0; list < 20; ++list)
+            fixture.helper->sendDeviceList(1);
+        fixture.helper->sendDeviceList(0);
+        // Its own look-up is answered behind the lists, and so is the panel's: all of them have come by then.
+        fixture.helper->sendToPanel(listEvent(195, typeDeviceList));
+        QCOMPARE(fixture.pane->findProcessByName("nobody", nullptr), procNotFound);
+        QTRY_COMPARE(fixture.text("quorviTextProfile"), QStringLiteral("No device connected"));
+        QCOMPARE(calls.count(), 1);
+        // The next one is shown again.
+        fixture.connectDevices(1);
+        QTRY_COMPARE(fixture.text("quorviTextProfile"), QStringLiteral("Desk"));
+        QCOMPARE(calls.count(), 2);
+    }
+
+    void aControlMessageThatIsAnsweredWithAnotherTypeOrAnErrorLeavesTheResultAlone_data() {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<int>("status");
+        QTest::newRow("bytes") << 0 << int(errAECoercionFail);
+        QTest::newRow("an unsigned number") << 1 << int(errAECoercionFail);
+        QTest::newRow("nothing") << 2 << int(errAEDescNotFound);
+        QTest::newRow("an error") << 3 << int(errAEEventFailed);
+    }
+
+    void aControlMessageThatIsAnsweredWithAnotherTypeOrAnErrorLeavesTheResultAlone() {
+        QFETCH(int, answer);
+        QFETCH(int, status);
+        PaneFixture fixture;
+        RecordingHelper other("AnotherProcess");
+        other.answerWith([answer](Event& reply) {
+            if (answer == 0)
+                reply.putBytes(keyDirectObject, typeDeviceList, EventBytes(196, 1));
+            else if (answer == 1)
+                reply.putMagnitude(keyDirectObject, 7);
+            return answer == 3 ? errAEEventFailed : noErr;
+        });
+        std::int32_t result = 99;
+        QCOMPARE(
+            int(fixture.pane->sendControlToKext("AnotherProcess", kMessageRecording, 5, &result)), status);
+        QCOMPARE(result, 99);
     }
 
     void aListIsHandledAlsoWhileASheetIsUp() {

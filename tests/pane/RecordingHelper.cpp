@@ -9,6 +9,7 @@ RecordingHelper::RecordingHelper(const std::string& processName)
     : m_bus(EventBus::connect()), m_sender(EventBus::connect()) {
     if (!m_bus || !m_sender || m_bus->ownName(processName) != NameResult::owned)
         throw std::runtime_error("no bus, or the name is taken");
+    replyWith(0);
     m_bus->installHandler(kEventClassQuorvi, kEventCommand,
         [this](
             const Event& event, const ProcessSerialNumber&, Event& reply) { return receive(event, reply); });
@@ -33,8 +34,19 @@ Status RecordingHelper::receive(const Event& event, Event& reply) {
         return errAEDescNotFound;
     const std::lock_guard lock(m_mutex);
     m_commands << QStringLiteral("%1 %2").arg(QString::fromStdString(fourCharText(message))).arg(param);
-    reply.putInteger(keyDirectObject, m_reply);
-    return noErr;
+    return m_answer(reply);
+}
+
+void RecordingHelper::replyWith(std::int32_t number) {
+    answerWith([number](Event& reply) {
+        reply.putInteger(keyDirectObject, number);
+        return noErr;
+    });
+}
+
+void RecordingHelper::answerWith(std::function<Status(Event& reply)> answer) {
+    const std::lock_guard lock(m_mutex);
+    m_answer = std::move(answer);
 }
 
 QStringList RecordingHelper::commands() const {

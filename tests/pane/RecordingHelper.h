@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <atomic>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -23,7 +24,9 @@ class RecordingHelper {
     [[nodiscard]] QStringList commands() const;
     void forget();
     /// Commands that want a reply get this number as direct object from now on.
-    void replyWith(std::int32_t number) { m_reply = number; }
+    void replyWith(std::int32_t number);
+    /// Commands are answered so from now on.
+    void answerWith(std::function<Status(Event& reply)> answer);
 
     /// Sends the panel that is shown a list of that many devices.
     void sendDeviceList(std::uint16_t count);
@@ -37,7 +40,7 @@ class RecordingHelper {
     std::unique_ptr<EventBus> m_sender; // the test's own
     mutable std::mutex m_mutex;
     QStringList m_commands;
-    std::atomic<std::int32_t> m_reply = 0;
+    std::function<Status(Event& reply)> m_answer;
     std::atomic<bool> m_stop = false;
     std::thread m_thread;
 };

@@ -19,9 +19,12 @@ std::string valueOf(const char* variable) {
 
 } // namespace
 
-PrivateBus::PrivateBus() : m_earlierAddress(valueOf(kVariable)) {
-    m_daemon = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--nofork",
-        "--config-file=" QUORVI_TEST_DATA "/private-bus.conf", "--print-address=1"});
+PrivateBus::PrivateBus(const std::filesystem::path& services) : m_earlierAddress(valueOf(kVariable)) {
+    const std::filesystem::path file = m_configuration / "bus.conf";
+    std::ofstream(file) << "<busconfig><include>" QUORVI_TEST_DATA "/private-bus.conf</include><servicedir>"
+                        << services.native() << "</servicedir></busconfig>\n";
+    m_daemon = std::make_unique<ChildProcess>(std::vector<std::string>{
+        "dbus-daemon", "--nofork", "--config-file=" + file.native(), "--print-address=1"});
     const auto address = m_daemon->readLine();
     if (!address)
         throw std::runtime_error("dbus-daemon does not start: " + m_daemon->readError());

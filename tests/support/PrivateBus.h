@@ -1,10 +1,12 @@
 // A session bus of the test's own, so that it neither sees nor disturbs the user's.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "support/ChildProcess.h"
+#include "support/TemporaryFolder.h"
 
 namespace quorvi::test {
 
@@ -12,7 +14,9 @@ namespace quorvi::test {
 /// DBUS_SESSION_BUS_ADDRESS. The earlier one comes back at the end.
 class PrivateBus {
   public:
-    PrivateBus();
+    PrivateBus() : PrivateBus("/nonexistent") {}
+    /// One that can start the programs of the service files in that folder.
+    explicit PrivateBus(const std::filesystem::path& services);
     ~PrivateBus();
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
@@ -25,6 +29,7 @@ class PrivateBus {
     void goOn();
 
   private:
+    TemporaryFolder m_configuration;
     std::unique_ptr<ChildProcess> m_daemon;
     std::string m_address;
     std::string m_earlierAddress;

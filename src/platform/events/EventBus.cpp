@@ -152,10 +152,9 @@ bool EventBus::hasPending() const {
 }
 
 void EventBus::process() {
-    do
-        d->runWork();
-    while (d->processOnce());
     d->runWork();
+    for (int messages = 0; messages < kProcessedAtOnce && d->processOnce(); ++messages)
+        d->runWork();
     if (d->isOpen() || d->disconnectReported)
         return;
     d->disconnectReported = true;

@@ -22,6 +22,9 @@ namespace quorvi {
 /// How long a reply is waited for: 15 ticks of a sixtieth of a second.
 constexpr std::chrono::milliseconds kEventReplyTimeout{250};
 
+/// How many messages one call of process() takes, a few milliseconds of work at most.
+constexpr int kProcessedAtOnce = 64;
+
 enum class SendMode { noReply, waitReply };
 
 /// What to do when another process owns the name already.
@@ -76,8 +79,10 @@ class EventBus {
     [[nodiscard]] short events() const;
     /// There is something for process() to do now, whatever the file descriptor says.
     [[nodiscard]] bool hasPending() const;
-    /// Reads, answers and dispatches everything that is there, without waiting. Handlers run from here only,
-    /// and may call anything of this class, this function included, but not destroy this object.
+    /// Reads, answers and dispatches what is there, without waiting, but no more than kProcessedAtOnce
+    /// messages: who floods this process cannot keep it from the rest of its work. What is left shows in
+    /// hasPending() or in the file descriptor. Handlers run from here only, and may call anything of this
+    /// class, this function included, but not destroy this object.
     void process();
     /// Waits until there is something to do, at most this long, and does it. False when nothing came or the
     /// bus is gone. A negative time waits for ever.
@@ -107,6 +112,8 @@ class EventBus {
     /// The first process with the name, in any case of the letters A to Z. procNotFound when there is none.
     /// The pointer may be null and is only written to on success.
     [[nodiscard]] Status findProcessByName(std::string_view name, ProcessSerialNumber* psn);
+    /// The processes that own exactly this name or wait for it, the owner first. Empty when there is none.
+    [[nodiscard]] std::vector<ProcessSerialNumber> processesInLine(std::string_view processName);
 
     // Events.
 

@@ -122,6 +122,21 @@ Status EventBus::findProcessByName(std::string_view name, ProcessSerialNumber* p
     return noErr;
 }
 
+std::vector<ProcessSerialNumber> EventBus::processesInLine(std::string_view processName) {
+    std::vector<ProcessSerialNumber> line;
+    Status status = noErr;
+    const std::string name = events::wellKnownName(processName);
+    const auto reply = d->call(kBusName, kBusPath, kBusName, "ListQueuedOwners",
+        steady_clock::now() + kLookupTimeout, status, "s", name.c_str());
+    if (!reply || sd_bus_message_enter_container(reply.get(), 'a', "s") < 0)
+        return line;
+    const char* process = nullptr;
+    while (sd_bus_message_read_basic(reply.get(), 's', &process) > 0)
+        if (const auto psn = events::psnFromUniqueName(process))
+            line.push_back(*psn);
+    return line;
+}
+
 NameResult EventBus::ownName(std::string_view processName, NameMode mode) {
     const std::string name = events::wellKnownName(processName);
     const std::uint64_t flags = mode == NameMode::queueBehindOwner ? SD_BUS_NAME_QUEUE : 0;

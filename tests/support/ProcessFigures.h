@@ -1,0 +1,24 @@
+// What the kernel says of a running process.
+#pragma once
+
+#include <cstdint>
+
+#include <sys/types.h>
+
+namespace quorvi::test {
+
+/// Memory in KiB, of /proc/PID/smaps_rollup; 0 when the process is gone.
+struct MemoryFigures {
+    std::int64_t resident = 0;  ///< Rss: everything that is in memory, shared or not
+    std::int64_t anonymous = 0; ///< heap and stacks: what a leak adds to
+};
+[[nodiscard]] MemoryFigures memoryOf(pid_t process);
+
+/// How often the threads of the process have gone to sleep since they were started.
+[[nodiscard]] std::int64_t sleepsOf(pid_t process);
+
+/// Waits until the process sleeps, all its threads, for half a second at a stretch. False when it does not
+/// come to rest within the test's patience.
+[[nodiscard]] bool comesToRest(pid_t process);
+
+} // namespace quorvi::test
