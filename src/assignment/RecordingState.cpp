@@ -11,7 +11,7 @@
 namespace quorvi {
 
 void KyvarQuorviPane::showRecordButton() {
-    QPushButton* button = fViews->main.quorviButtonStepRecord;
+    auto* button = fViews->main.quorviButtonStepRecord;
     button->setText(fRecorder.isRecording() ? fStringStop : fStringRecord);
     button->setAccessibleName(button->text());
     button->setChecked(fRecorder.isRecording());

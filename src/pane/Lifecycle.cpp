@@ -147,7 +147,7 @@ void KyvarQuorviPane::willUnselect() {
     fSettingsWatcher.stop();
     fFollowLater.reset();
     if (fDeviceConfig) {
-        if (!fUnsavedEdits && othersChangedSettings(fSettingsFile))
+        if (fMainView && !fUnsavedEdits && othersChangedSettings(fSettingsFile))
             showSettingsOfFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
         saveSettings(fDeviceConfig);
         fDeviceConfig = {};

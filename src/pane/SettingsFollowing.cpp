@@ -41,7 +41,7 @@ void KyvarQuorviPane::watchSettingsFile() {
 
 void KyvarQuorviPane::followSettingsFile() {
     fFollowLater.reset();
-    if (!fReceiveListUPP || !fDeviceConfig || fUnsavedEdits)
+    if (!fMainView || !fReceiveListUPP || !fDeviceConfig || fUnsavedEdits)
         return;
     watchSettingsFile();
     if (userIsAtSomething())

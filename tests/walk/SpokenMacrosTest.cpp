@@ -143,6 +143,15 @@ class SpokenMacrosTest : public QObject {
         }
         QCOMPARE(controls.meet(), QString());
     }
+
+    void recordingIsStartedAndStopped() {
+        MacrosTab tab;
+        QVERIFY(tab.selectMacro(0));
+        QVERIFY(tab.controls.perform("check box 'Record'", "Toggle", tab.controls.shows("check box 'Stop'")));
+        QVERIFY(xdotool({"key", "b"}));
+        QVERIFY(!tab.walk.thing("cell 'Release b'").isNull());
+        QVERIFY(tab.controls.perform("check box 'Stop'", "Toggle", tab.controls.shows("check box 'Record'")));
+    }
 };
 
 QUORVI_SESSION_TEST_MAIN(SpokenMacrosTest)

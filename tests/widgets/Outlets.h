@@ -62,7 +62,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviButtonStepAdd", "QPushButton", "actionButtonStepAdd:"},
     {"quorviButtonStepRemove", "QPushButton", "actionButtonStepRemove:"},
     {"quorviButtonStepGear", "quorvi::MenuButton", "actionButtonStepGear:"},
-    {"quorviButtonStepRecord", "QPushButton", "actionButtonStepRecord:"},
+    {"quorviButtonStepRecord", "quorvi::ToggleButton", "actionButtonStepRecord:"},
 
     {"quorviMenuPollingRate", popUp, "actionMenuPollingRate:"},
     {"quorviBoxLightOnWheel", "quorvi::CheckBox", "actionBoxLightOnWheel:"},
