@@ -6,7 +6,7 @@ QString shownText(const QString& text) {
     if (text.size() <= longestShownText)
         return text;
     QString shown = text.left(longestShownText);
-    if (shown.back().isHighSurrogate())
+    if (shown.at(shown.size() - 1).isHighSurrogate())
         shown.chop(1);
     return shown + QChar(0x2026);
 }
