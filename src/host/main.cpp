@@ -43,7 +43,9 @@ int main(int argc, char** argv) {
     parser.addVersionOption();
     parser.process(application);
     // Likewise the list of fonts, while the panel is made; Qt lets one thread make it and the other wait.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     const std::jthread fonts([] { (void)QFontDatabase::families(); });
+#endif
 
     const QStringList given = parser.positionalArguments();
     std::vector<std::unique_ptr<quorvi::LoadedPane>> panes;
