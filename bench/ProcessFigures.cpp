@@ -3,6 +3,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 #include <thread>
 
@@ -14,20 +15,38 @@ std::ifstream procFile(pid_t process, const char* name) {
     return std::ifstream("/proc/" + std::to_string(process) + "/" + name);
 }
 
+/// By the numbers of the threads that run now.
+std::map<std::string, Activity> activityOfThreads(pid_t process) {
+    std::map<std::string, Activity> threads;
+    for (const auto& thread :
+        std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        std::uint64_t waiting = 0;
+        Activity& activity = threads[thread.path().filename()];
+        std::ifstream(thread.path() / "schedstat") >> activity.nanoseconds >> waiting >> activity.runs;
+    }
+    return threads;
+}
+
 } // namespace
 
 Activity activityOf(pid_t process) {
-    Activity activity;
-    for (const auto& thread :
-        std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
-        std::uint64_t onProcessor = 0;
-        std::uint64_t waiting = 0;
-        std::uint64_t runs = 0;
-        std::ifstream(thread.path() / "schedstat") >> onProcessor >> waiting >> runs;
-        activity.runs += runs;
-        activity.nanoseconds += onProcessor;
+    Activity all;
+    for (const auto& [thread, activity] : activityOfThreads(process)) {
+        all.runs += activity.runs;
+        all.nanoseconds += activity.nanoseconds;
     }
-    return activity;
+    return all;
+}
+
+Activity activityWithin(pid_t process, std::chrono::seconds span) {
+    auto before = activityOfThreads(process);
+    std::this_thread::sleep_for(span);
+    Activity within;
+    for (const auto& [thread, activity] : activityOfThreads(process)) {
+        within.runs += activity.runs - before[thread].runs;
+        within.nanoseconds += activity.nanoseconds - before[thread].nanoseconds;
+    }
+    return within;
 }
 
 void waitUntilIdle(pid_t process) {

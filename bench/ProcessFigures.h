@@ -1,6 +1,7 @@
 // What the kernel says of a running process.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 #include <sys/types.h>
@@ -16,6 +17,9 @@ struct Activity {
     std::uint64_t nanoseconds = 0; ///< on a processor
 };
 [[nodiscard]] Activity activityOf(pid_t process);
+
+/// What its threads do in the span. One that ends in it is left out.
+[[nodiscard]] Activity activityWithin(pid_t process, std::chrono::seconds span);
 
 /// The process's proportional share of memory, in MiB; 0 when it is gone.
 [[nodiscard]] double proportionalMemory(pid_t process);
