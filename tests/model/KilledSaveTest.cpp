@@ -185,6 +185,9 @@ bool isRepeated(const Call& call) {
 }
 
 TEST_P(SaveOfAProgram, oneCallOfWhichFailsSaysSoAndLeavesTheOldFileOrSavesAllTheSame) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer looks for leaks at the end with calls of its own, which would fail too";
+#endif
     int failures = 0;
     int saves = 0;
     for (const Call& call : calls) {
