@@ -15,12 +15,13 @@ install(TARGETS KyvarQuorviHelper RUNTIME DESTINATION "${QUORVI_INSTALL_HELPER}"
 install(DIRECTORY "${QUORVI_BUNDLE_DIR}/" DESTINATION "${QUORVI_INSTALL_BUNDLE}" COMPONENT panel
     PATTERN Linux EXCLUDE)
 
-# The bus starts the helper for whoever calls it by its name. Where that is, is not known before it is installed.
+# The bus starts the helper for whoever calls it by its name. Where that is, is not known before it is installed; the
+# file is written at its place, since two installations at once may share the build folder.
 install(CODE "set(QUORVI_INSTALL_HELPER \"${QUORVI_INSTALL_HELPER}\")
+    set(service \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/dbus-1/services/com.kyvar.KyvarQuorviHelper.service\")
     configure_file(\"${PROJECT_SOURCE_DIR}/src/resources/desktop/com.kyvar.KyvarQuorviHelper.service.in\"
-        \"${PROJECT_BINARY_DIR}/com.kyvar.KyvarQuorviHelper.service\" @ONLY)" COMPONENT panel)
-install(FILES "${PROJECT_BINARY_DIR}/com.kyvar.KyvarQuorviHelper.service"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/services" COMPONENT panel)
+        \"\$ENV{DESTDIR}\${service}\" @ONLY)
+    list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${service}\")" COMPONENT panel)
 
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.bash" RENAME quorvictl
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT panel)

@@ -62,6 +62,14 @@ TEST_F(Panel, TheCallsOfTheDocumentWorkAndTheBusStartsTheHelperForThem) {
     EXPECT_NE(session.output.find("\nb true\n"), std::string::npos);
 }
 
+TEST_F(Panel, InstalledAtTwoPlacesAtOnceEachServiceNamesItsOwnHelper) {
+    const auto done = runProgram({"bash", "-euc",
+        "for n in {1..8}; do \"$0\" --install \"$1\" --prefix \"$2/$n\" --component panel >&2 & done; wait\n"
+        "for n in {1..8}; do grep -r \"^Exec=$2/$n/\" \"$2/$n/share/dbus-1\"; done",
+        QUORVI_CMAKE, QUORVI_BUILD, m_folder.path()});
+    EXPECT_EQ(done.exitCode, 0) << done.output;
+}
+
 TEST_F(Panel, TheInstalledProgramShowsThePanelAndStartsItsHelper) {
     const auto session = runInSession("quorvi-settings & panel=$!\n"
                                       "until quorvictl devices 2>/dev/null; do sleep 0.02; done\n"
