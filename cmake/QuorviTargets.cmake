@@ -20,6 +20,11 @@ target_compile_options(quorvi-options INTERFACE
     -Wcast-qual -Wformat=2 -Werror)
 target_include_directories(quorvi-options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 
+if(CMAKE_UNITY_BUILD)
+    # In a file of several sources no class of a source's own is of the main file.
+    target_compile_options(quorvi-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
+
 if(QUORVI_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)

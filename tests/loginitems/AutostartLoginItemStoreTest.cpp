@@ -12,7 +12,7 @@ namespace quorvi::test {
 
 namespace {
 
-const std::string kHelper = "/opt/quorvi/KyvarQuorviHelper.app";
+const std::string kHelperApplication = "/opt/quorvi/KyvarQuorviHelper.app";
 constexpr const char* kHelperFile = "autostart/KyvarQuorviHelper.desktop";
 constexpr const char* kForeign = "[Desktop Entry]\nType=Application\nName=KyvarQuorviHelper\n"
                                  "Exec=/opt/quorvi/KyvarQuorviHelper.app\n";
@@ -27,7 +27,7 @@ class AutostartLoginItemStoreTest : public ::testing::Test {
         return {m_folder.path("autostart"),
             [](const std::string& path) { return path + "/Contents/Linux/Run"; }, m_calls};
     }
-    Status add(const std::string& path = kHelper) {
+    Status add(const std::string& path = kHelperApplication) {
         auto store = makeStore();
         return AddLoginItem(store, path, std::nullopt, false, true, nullptr);
     }
@@ -59,7 +59,7 @@ TEST_F(AutostartLoginItemStoreTest, TheEntryIsWrittenIntoAFolderThatIsCreated) {
 
 TEST_F(AutostartLoginItemStoreTest, FoldersAboveAreCreatedToo) {
     AutostartLoginItemStore store(m_folder.path("a/b/autostart"), [](const auto& path) { return path; });
-    EXPECT_EQ(AddLoginItem(store, kHelper, std::nullopt, false, true, nullptr), 0);
+    EXPECT_EQ(AddLoginItem(store, kHelperApplication, std::nullopt, false, true, nullptr), 0);
     EXPECT_TRUE(m_folder.has("a/b/autostart/KyvarQuorviHelper.desktop"));
 }
 
@@ -83,9 +83,9 @@ TEST_F(AutostartLoginItemStoreTest, ATakenFileNameGetsANumber) {
 }
 
 TEST_F(AutostartLoginItemStoreTest, WhatCannotBeReadIsSkipped) {
-    m_folder.write("autostart/KyvarQuorviHelper.desktop.bak", entryOf(kHelper));
+    m_folder.write("autostart/KyvarQuorviHelper.desktop.bak", entryOf(kHelperApplication));
     m_folder.write("autostart/binary.desktop", std::string("\0\xFF\x01", 3));
-    m_folder.write("autostart/group.desktop", "[Other]\nX-KyvarQuorvi-Path=" + kHelper + "\n");
+    m_folder.write("autostart/group.desktop", "[Other]\nX-KyvarQuorvi-Path=" + kHelperApplication + "\n");
     std::filesystem::create_directory(m_folder.path("autostart/folder.desktop"));
     ASSERT_EQ(::mkfifo(m_folder.path("autostart/fifo.desktop").c_str(), 0600), 0);
     ASSERT_EQ(::symlink("nowhere", m_folder.path("autostart/link.desktop").c_str()), 0);
@@ -112,14 +112,15 @@ TEST_F(AutostartLoginItemStoreTest, AReplacedItemKeepsItsFileAndTheOthersLoseThe
     m_folder.write("autostart/first.desktop", entryOf("/a/KyvarQuorviHelper.app"));
     m_folder.write("autostart/second.desktop", entryOf("/b/KyvarQuorviHelper.app"));
     EXPECT_EQ(add(), 0);
-    EXPECT_NE(m_folder.read("autostart/first.desktop").find("X-KyvarQuorvi-Path=" + kHelper + "\n"),
+    EXPECT_NE(
+        m_folder.read("autostart/first.desktop").find("X-KyvarQuorvi-Path=" + kHelperApplication + "\n"),
         std::string::npos);
     EXPECT_FALSE(m_folder.has("autostart/second.desktop"));
     EXPECT_FALSE(m_folder.has(kHelperFile));
 }
 
 TEST_F(AutostartLoginItemStoreTest, ASwitchedOffExactItemStaysAsItIs) {
-    const auto off = entryOf(kHelper, "Hidden=true\n");
+    const auto off = entryOf(kHelperApplication, "Hidden=true\n");
     m_folder.write(kHelperFile, off);
     EXPECT_EQ(add(), 0);
     EXPECT_EQ(m_folder.read(kHelperFile), off);
@@ -129,14 +130,15 @@ TEST_F(AutostartLoginItemStoreTest, TheItemOfAMovedApplicationStaysSwitchedOff) 
     for (const char* off : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n"}) {
         m_folder.write(kHelperFile, entryOf("/old/KyvarQuorviHelper.app", off));
         EXPECT_EQ(add(), 0);
-        EXPECT_NE(m_folder.read(kHelperFile).find("X-KyvarQuorvi-Path=" + kHelper + "\n"), std::string::npos);
+        EXPECT_NE(m_folder.read(kHelperFile).find("X-KyvarQuorvi-Path=" + kHelperApplication + "\n"),
+            std::string::npos);
         EXPECT_NE(m_folder.read(kHelperFile).find("\nHidden=true\n"), std::string::npos);
     }
 }
 
 TEST_F(AutostartLoginItemStoreTest, TheItemThatTakesTheirPlaceIsOffWhenARemovedOneWas) {
     m_folder.write("autostart/first.desktop", entryOf("/old/KyvarQuorviHelper.app"));
-    m_folder.write("autostart/second.desktop", entryOf(kHelper, "Hidden=true\n"));
+    m_folder.write("autostart/second.desktop", entryOf(kHelperApplication, "Hidden=true\n"));
     EXPECT_EQ(add(), 0);
     EXPECT_NE(m_folder.read("autostart/first.desktop").find("\nHidden=true\n"), std::string::npos);
     EXPECT_FALSE(m_folder.has("autostart/second.desktop"));
@@ -163,7 +165,7 @@ TEST_F(AutostartLoginItemStoreTest, AFileInThePlaceOfTheFolderIsNotReached) {
 
 TEST_F(AutostartLoginItemStoreTest, AnApplicationWithoutAnExecutableIsRefusedBeforeAnythingIsWritten) {
     AutostartLoginItemStore store(m_folder.path("autostart"), [](const auto&) { return std::string(); });
-    EXPECT_EQ(AddLoginItem(store, kHelper, std::nullopt, false, true, nullptr), -108);
+    EXPECT_EQ(AddLoginItem(store, kHelperApplication, std::nullopt, false, true, nullptr), -108);
     EXPECT_FALSE(m_folder.has("autostart"));
 }
 
@@ -177,7 +179,7 @@ TEST_F(AutostartLoginItemStoreTest, AFailedWriteRemovesNothing) {
 }
 
 TEST_F(AutostartLoginItemStoreTest, AFailedRemovalGivesItsOwnStatus) {
-    m_folder.write(kHelperFile, entryOf(kHelper));
+    m_folder.write(kHelperFile, entryOf(kHelperApplication));
     m_calls.failUnlink = true;
     m_calls.error = EPERM;
     EXPECT_EQ(remove("Helper.app"), -54);

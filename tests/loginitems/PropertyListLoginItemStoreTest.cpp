@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kFile = "loginWindow.plist";
 constexpr const char* kListKey = "AutoLaunchedApplicationDictionary";
-const std::string kHelper = "/opt/quorvi/KyvarQuorviHelper.app";
+const std::string kListedHelper = "/opt/quorvi/KyvarQuorviHelper.app";
 
 std::string propertyList(const std::string& content) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + content + "</plist>\n";
@@ -24,7 +24,7 @@ class PropertyListLoginItemStoreTest : public ::testing::Test {
   protected:
     Status add() {
         PropertyListLoginItemStore store(m_folder.path(), m_calls);
-        return AddLoginItem(store, kHelper, std::nullopt, false, true, nullptr);
+        return AddLoginItem(store, kListedHelper, std::nullopt, false, true, nullptr);
     }
     Status remove(const std::string& suffix) {
         m_removed = 9;
@@ -161,11 +161,11 @@ TEST_F(PropertyListLoginItemStoreTest, RemovalKeepsTheOtherElementsAsTheyAre) {
 
 TEST_F(PropertyListLoginItemStoreTest, AMissingFolderIsNotReached) {
     PropertyListLoginItemStore store(m_folder.path("none"));
-    EXPECT_EQ(AddLoginItem(store, kHelper, std::nullopt, false, true, nullptr), -43);
+    EXPECT_EQ(AddLoginItem(store, kListedHelper, std::nullopt, false, true, nullptr), -43);
     EXPECT_FALSE(m_folder.has("none"));
     m_folder.write("file", "x");
     PropertyListLoginItemStore below(m_folder.path("file"));
-    EXPECT_EQ(AddLoginItem(below, kHelper, std::nullopt, false, true, nullptr), -43);
+    EXPECT_EQ(AddLoginItem(below, kListedHelper, std::nullopt, false, true, nullptr), -43);
 }
 
 TEST_F(PropertyListLoginItemStoreTest, WhatIsNoFileIsNotRead) {

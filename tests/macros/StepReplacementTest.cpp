@@ -16,8 +16,8 @@ using test::naivelyReplaced;
 using test::stepsOf;
 using test::TestMacro;
 
-constexpr int kA = 4;
-constexpr int kB = 5;
+constexpr int kStepA = 4;
+constexpr int kStepB = 5;
 constexpr int kX = 27;
 
 struct Replacement {
@@ -34,38 +34,41 @@ void PrintTo(const Replacement& replacement, std::ostream* stream) {
 }
 
 const Replacement kReplacements[] = {
-    {"PressOverPress", {{1, kA, 10}, {0, kA, 20}, {1, kB, 30}, {0, kB}}, 0, 1, kX,
-        {{1, kX, 10}, {0, kX, 20}, {1, kB, 30}, {0, kB}}},
-    {"PressOverRelease", {{1, kA, 10}, {0, kA, 20}, {1, kB, 30}, {0, kB}}, 1, 1, kX,
-        {{1, kX, 10}, {0, kX, 20}, {1, kB, 30}, {0, kB}}},
-    {"ReleaseOverPress", {{1, kA}, {0, kA}}, 0, 0, kX, {{0, kX}, {1, kX}}},
-    {"ReleaseOverRelease", {{1, kA}, {0, kA}}, 1, 0, kX, {{0, kX}, {1, kX}}},
-    {"MouseOverKeyPress", {{1, kA}, {1, kB}, {0, kB}, {0, kA}}, 0, 130, 0,
-        {{130, 0}, {1, kB}, {0, kB}, {128, 0}}},
-    {"MouseOverKeyRelease", {{1, kA}, {1, kB}, {0, kB}, {0, kA}}, 3, 144, 0,
-        {{144, 0}, {1, kB}, {0, kB}, {128, 0}}},
-    {"KeyOverMousePress", {{132, 0}, {1, kB}, {128, 0}, {0, kB}}, 0, 1, kX,
-        {{1, kX}, {1, kB}, {0, kX}, {0, kB}}},
-    {"KeyOverMouseReleaseOfAnyButton", {{136, 0}, {1, kB}, {128, 0}}, 2, 1, kX, {{1, kX}, {1, kB}, {0, kX}}},
+    {"PressOverPress", {{1, kStepA, 10}, {0, kStepA, 20}, {1, kStepB, 30}, {0, kStepB}}, 0, 1, kX,
+        {{1, kX, 10}, {0, kX, 20}, {1, kStepB, 30}, {0, kStepB}}},
+    {"PressOverRelease", {{1, kStepA, 10}, {0, kStepA, 20}, {1, kStepB, 30}, {0, kStepB}}, 1, 1, kX,
+        {{1, kX, 10}, {0, kX, 20}, {1, kStepB, 30}, {0, kStepB}}},
+    {"ReleaseOverPress", {{1, kStepA}, {0, kStepA}}, 0, 0, kX, {{0, kX}, {1, kX}}},
+    {"ReleaseOverRelease", {{1, kStepA}, {0, kStepA}}, 1, 0, kX, {{0, kX}, {1, kX}}},
+    {"MouseOverKeyPress", {{1, kStepA}, {1, kStepB}, {0, kStepB}, {0, kStepA}}, 0, 130, 0,
+        {{130, 0}, {1, kStepB}, {0, kStepB}, {128, 0}}},
+    {"MouseOverKeyRelease", {{1, kStepA}, {1, kStepB}, {0, kStepB}, {0, kStepA}}, 3, 144, 0,
+        {{144, 0}, {1, kStepB}, {0, kStepB}, {128, 0}}},
+    {"KeyOverMousePress", {{132, 0}, {1, kStepB}, {128, 0}, {0, kStepB}}, 0, 1, kX,
+        {{1, kX}, {1, kStepB}, {0, kX}, {0, kStepB}}},
+    {"KeyOverMouseReleaseOfAnyButton", {{136, 0}, {1, kStepB}, {128, 0}}, 2, 1, kX,
+        {{1, kX}, {1, kStepB}, {0, kX}}},
     {"MouseOverMouse", {{129, 0}, {128, 0}}, 0, 130, 0, {{130, 0}, {128, 0}}},
     {"MouseOverMouseRelease", {{129, 0}, {128, 0}}, 1, 130, 0, {{130, 0}, {128, 0}}},
-    {"MouseReleaseOverKeyRelease", {{1, kA}, {0, kA}}, 1, 128, 0, {{128, 0}, {129, 0}}},
-    {"PressWithoutPartner", {{1, kA}, {1, kB}, {0, kB}}, 0, 1, kX, {{1, kX}, {1, kB}, {0, kB}}},
-    {"ReleaseWithoutPartner", {{1, kB}, {0, kB}, {0, kA}}, 2, 1, kX, {{1, kB}, {0, kB}, {0, kX}}},
-    {"PartnerOnTheWrongSide", {{0, kA}, {1, kA}}, 1, 1, kX, {{0, kA}, {1, kX}}},
-    {"PartnerOfAnotherKey", {{1, kA}, {0, kB}}, 0, 1, kX, {{1, kX}, {0, kB}}},
+    {"MouseReleaseOverKeyRelease", {{1, kStepA}, {0, kStepA}}, 1, 128, 0, {{128, 0}, {129, 0}}},
+    {"PressWithoutPartner", {{1, kStepA}, {1, kStepB}, {0, kStepB}}, 0, 1, kX,
+        {{1, kX}, {1, kStepB}, {0, kStepB}}},
+    {"ReleaseWithoutPartner", {{1, kStepB}, {0, kStepB}, {0, kStepA}}, 2, 1, kX,
+        {{1, kStepB}, {0, kStepB}, {0, kX}}},
+    {"PartnerOnTheWrongSide", {{0, kStepA}, {1, kStepA}}, 1, 1, kX, {{0, kStepA}, {1, kX}}},
+    {"PartnerOfAnotherKey", {{1, kStepA}, {0, kStepB}}, 0, 1, kX, {{1, kX}, {0, kStepB}}},
     {"PartnerOfAMouseButtonWithAnotherArgument", {{129, 1}, {128, 0}}, 0, 130, 0, {{130, 0}, {128, 0}}},
-    {"TheNextReleaseOfARepeatedKey", {{1, kA}, {0, kA}, {1, kA}, {0, kA}}, 0, 1, kX,
-        {{1, kX}, {0, kX}, {1, kA}, {0, kA}}},
-    {"TheLastPressOfARepeatedKey", {{1, kA}, {0, kA}, {1, kA}, {0, kA}}, 3, 1, kX,
-        {{1, kA}, {0, kA}, {1, kX}, {0, kX}}},
-    {"TheSameKeyAgain", {{1, kA, 10}, {0, kA, 20}}, 0, 1, kA, {{1, kA, 10}, {0, kA, 20}}},
-    {"AButtonCodeThatNoRecordingWrites", {{1, kA}, {0, kA}}, 0, 131, 0, {{131, 0}, {0, 0}}},
-    {"OverACodeThatNoRecordingWrites", {{17, kA}, {0, kA}}, 0, 1, kX, {{1, kX}, {0, kX}}},
-    {"ACodeBelowTheButtons", {{1, kA}, {0, kA}}, 0, 127, kX, {{1, kA}, {0, kA}}},
-    {"ACodeAboveTheButtons", {{1, kA}, {0, kA}}, 0, 145, kX, {{1, kA}, {0, kA}}},
-    {"ACodeAboveTheKeys", {{1, kA}, {0, kA}}, 0, 2, kX, {{1, kA}, {0, kA}}},
-    {"TheOnlyStep", {{0, kA, 40}}, 0, 1, kX, {{0, kX, 40}}},
+    {"TheNextReleaseOfARepeatedKey", {{1, kStepA}, {0, kStepA}, {1, kStepA}, {0, kStepA}}, 0, 1, kX,
+        {{1, kX}, {0, kX}, {1, kStepA}, {0, kStepA}}},
+    {"TheLastPressOfARepeatedKey", {{1, kStepA}, {0, kStepA}, {1, kStepA}, {0, kStepA}}, 3, 1, kX,
+        {{1, kStepA}, {0, kStepA}, {1, kX}, {0, kX}}},
+    {"TheSameKeyAgain", {{1, kStepA, 10}, {0, kStepA, 20}}, 0, 1, kStepA, {{1, kStepA, 10}, {0, kStepA, 20}}},
+    {"AButtonCodeThatNoRecordingWrites", {{1, kStepA}, {0, kStepA}}, 0, 131, 0, {{131, 0}, {0, 0}}},
+    {"OverACodeThatNoRecordingWrites", {{17, kStepA}, {0, kStepA}}, 0, 1, kX, {{1, kX}, {0, kX}}},
+    {"ACodeBelowTheButtons", {{1, kStepA}, {0, kStepA}}, 0, 127, kX, {{1, kStepA}, {0, kStepA}}},
+    {"ACodeAboveTheButtons", {{1, kStepA}, {0, kStepA}}, 0, 145, kX, {{1, kStepA}, {0, kStepA}}},
+    {"ACodeAboveTheKeys", {{1, kStepA}, {0, kStepA}}, 0, 2, kX, {{1, kStepA}, {0, kStepA}}},
+    {"TheOnlyStep", {{0, kStepA, 40}}, 0, 1, kX, {{0, kX, 40}}},
 };
 
 class StepReplacement : public testing::TestWithParam<Replacement> {};

@@ -15,7 +15,7 @@ namespace {
 
 using namespace test;
 using Log = ScriptedCalls::Log;
-using Names = std::set<std::string>;
+using FileNames = std::set<std::string>;
 
 class AtomicFileCalls : public testing::Test {
   protected:
@@ -27,7 +27,7 @@ class AtomicFileCalls : public testing::Test {
     [[nodiscard]] bool replace(std::string_view bytes = "new") {
         return replaceFileAtomically(path(), bytes, calls);
     }
-    [[nodiscard]] Names names() const { return m_folder.names(); }
+    [[nodiscard]] FileNames names() const { return m_folder.names(); }
 
     ScriptedCalls calls;
 
@@ -124,7 +124,7 @@ TEST_F(AtomicFileCalls, reportAFolderThatFailedToSync) {
     calls.failing = "sync folder";
     EXPECT_FALSE(replace());
     EXPECT_EQ(readFile(path()), "new"); // the rename was done
-    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_EQ(names(), FileNames{"file"});
 }
 
 TEST_F(AtomicFileCalls, closeTheTemporaryFileOnce) {
@@ -164,7 +164,7 @@ TEST_F(AtomicFileCalls, removeTheTemporaryFileThoughInterrupted) {
     calls.error = EINTR;
     calls.longestWrite = 0; // fails as well
     EXPECT_FALSE(replace());
-    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_EQ(names(), FileNames{"file"});
 }
 
 /// Every call of a replacement and every error.
@@ -183,10 +183,10 @@ TEST_P(AtomicFileFailure, leavesTheOldFileAndNoTemporaryAndTheNextReplacementSuc
     // The folder is synced when the new file is there already; it is not said to be safe.
     EXPECT_EQ(readFile(path()), calls.failing == "sync folder" ? "new" : "old");
     EXPECT_EQ(modeOf(path()), 0640U);
-    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_EQ(names(), FileNames{"file"});
     EXPECT_TRUE(replace("next"));
     EXPECT_EQ(readFile(path()), "next");
-    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_EQ(names(), FileNames{"file"});
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryCallAndError, AtomicFileFailure,
@@ -208,7 +208,7 @@ TEST_P(AtomicFileInterruption, isTriedAgain) {
     EXPECT_EQ(std::count(calls.log.begin(), calls.log.end(), calls.failing), 4);
     EXPECT_EQ(readFile(path()), "new");
     EXPECT_EQ(modeOf(path()), 0640U);
-    EXPECT_EQ(names(), Names{"file"});
+    EXPECT_EQ(names(), FileNames{"file"});
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryCall, AtomicFileInterruption,

@@ -15,7 +15,7 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 
-using Names = std::set<std::string>;
+using FileNames = std::set<std::string>;
 
 class UmaskGuard {
   public:
@@ -32,7 +32,7 @@ TEST(replaceFileAtomically, createsAFile) {
     const TemporaryFolder folder;
     EXPECT_TRUE(replaceFileAtomically(folder / "file", "new"));
     EXPECT_EQ(readFile(folder / "file"), "new");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), FileNames{"file"});
 }
 
 TEST(replaceFileAtomically, replacesALongerFileWhole) {
@@ -40,7 +40,7 @@ TEST(replaceFileAtomically, replacesALongerFileWhole) {
     writeFile(folder / "file", "a much longer old content");
     EXPECT_TRUE(replaceFileAtomically(folder / "file", "new"));
     EXPECT_EQ(readFile(folder / "file"), "new");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), FileNames{"file"});
 }
 
 TEST(replaceFileAtomically, writesBytesOfAnyValueAndNone) {
@@ -111,8 +111,8 @@ TEST(replaceFileAtomically, writesThroughASymbolicLink) {
     EXPECT_TRUE(replaceFileAtomically(folder / "link", "new"));
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(readFile(elsewhere / "target"), "new");
-    EXPECT_EQ(folder.names(), Names{"link"});
-    EXPECT_EQ(elsewhere.names(), Names{"target"});
+    EXPECT_EQ(folder.names(), FileNames{"link"});
+    EXPECT_EQ(elsewhere.names(), FileNames{"target"});
 }
 
 TEST(replaceFileAtomically, writesThroughAChainOfRelativeLinks) {
@@ -140,7 +140,7 @@ TEST(replaceFileAtomically, failsForALoopOfLinks) {
     fs::create_symlink("second", folder / "first");
     fs::create_symlink("first", folder / "second");
     EXPECT_FALSE(replaceFileAtomically(folder / "first", "new"));
-    EXPECT_EQ(folder.names(), (Names{"first", "second"}));
+    EXPECT_EQ(folder.names(), (FileNames{"first", "second"}));
 }
 
 TEST(replaceFileAtomically, writesToANameInTheWorkingFolder) {
@@ -163,7 +163,7 @@ TEST(replaceFileAtomically, failsWithoutAFolder) {
     EXPECT_FALSE(replaceFileAtomically(folder / "missing/file", "new"));
     EXPECT_FALSE(replaceFileAtomically("", "new"));
     EXPECT_FALSE(replaceFileAtomically(folder.path().string() + "/", "new"));
-    EXPECT_EQ(folder.names(), Names());
+    EXPECT_EQ(folder.names(), FileNames());
 }
 
 TEST(replaceFileAtomically, replacesOnlyRegularFiles) {
@@ -172,7 +172,7 @@ TEST(replaceFileAtomically, replacesOnlyRegularFiles) {
     ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
     for (const auto* name : {"folder", "fifo"})
         EXPECT_FALSE(replaceFileAtomically(folder / name, "new")) << name;
-    EXPECT_EQ(folder.names(), (Names{"fifo", "folder"}));
+    EXPECT_EQ(folder.names(), (FileNames{"fifo", "folder"}));
     EXPECT_TRUE(fs::is_fifo(folder / "fifo"));
 }
 
@@ -186,7 +186,7 @@ TEST(replaceFileAtomically, doesNotReplaceADevice) {
     EXPECT_FALSE(replaceFileAtomically(folder / "device", "new"));
     EXPECT_FALSE(replaceFileAtomically(folder / "link", "new"));
     EXPECT_TRUE(fs::is_character_file(folder / "device"));
-    EXPECT_EQ(folder.names(), (Names{"device", "link"}));
+    EXPECT_EQ(folder.names(), (FileNames{"device", "link"}));
 }
 
 TEST(replaceFileAtomically, failsInAReadOnlyFolder) {
@@ -197,7 +197,7 @@ TEST(replaceFileAtomically, failsInAReadOnlyFolder) {
         Outcome::Failed);
     ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
     EXPECT_EQ(readFile(folder / "file"), "old");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), FileNames{"file"});
 }
 
 TEST(replaceFileAtomically, failsOnAFullDisk) {
@@ -208,7 +208,7 @@ TEST(replaceFileAtomically, failsOnAFullDisk) {
                   [&] { return replaceFileAtomically(folder / "file", content); }),
         Outcome::Failed);
     EXPECT_EQ(readFile(folder / "file"), "old");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), FileNames{"file"});
     EXPECT_EQ(inChild(unchanged, [&] { return replaceFileAtomically(folder / "file", content); }),
         Outcome::Succeeded);
     EXPECT_EQ(readFile(folder / "file"), content);

@@ -20,7 +20,7 @@ namespace {
 
 using namespace test;
 namespace fs = std::filesystem;
-using Names = std::set<std::string>;
+using FileNames = std::set<std::string>;
 
 /// The id of a process that has ended and was waited for.
 pid_t goneProcess() {
@@ -35,7 +35,7 @@ class Leftovers : public testing::Test {
   protected:
     Leftovers() { writeFile(file(), "settings"); }
     [[nodiscard]] fs::path file() const { return folder / "file"; }
-    [[nodiscard]] Names left() const {
+    [[nodiscard]] FileNames left() const {
         removeLeftovers(file());
         return folder.names();
     }
@@ -52,7 +52,7 @@ class Leftovers : public testing::Test {
 
 TEST_F(Leftovers, ofAProcessThatIsGoneAreRemoved) {
     writeFile(folder / ofTheDead, "half a file");
-    EXPECT_EQ(left(), Names{"file"});
+    EXPECT_EQ(left(), FileNames{"file"});
     EXPECT_EQ(readFile(file()), "settings");
 }
 
@@ -62,17 +62,17 @@ TEST_F(Leftovers, areLookedForWhereTheLinkLeads) {
     writeFile(folder / ofTheDead, "half a file");
     writeFile(elsewhere / ofTheDead, "nobody's");
     removeLeftovers(elsewhere / "link");
-    EXPECT_EQ(folder.names(), Names{"file"});
-    EXPECT_EQ(elsewhere.names(), (Names{ofTheDead, "link"}));
+    EXPECT_EQ(folder.names(), FileNames{"file"});
+    EXPECT_EQ(elsewhere.names(), (FileNames{ofTheDead, "link"}));
 }
 
 TEST_F(Leftovers, ofALivingProcessStayForADay) {
     writeFile(folder / ofTheLiving, "half a file");
-    EXPECT_EQ(left(), (Names{ofTheLiving, "file"}));
+    EXPECT_EQ(left(), (FileNames{ofTheLiving, "file"}));
     makeOld(ofTheLiving, 24 * 60 * 60 - 60);
-    EXPECT_EQ(left(), (Names{ofTheLiving, "file"}));
+    EXPECT_EQ(left(), (FileNames{ofTheLiving, "file"}));
     makeOld(ofTheLiving, 24 * 60 * 60 + 60);
-    EXPECT_EQ(left(), Names{"file"});
+    EXPECT_EQ(left(), FileNames{"file"});
 }
 
 // As one of another container is, whose number says nothing here.
@@ -80,9 +80,9 @@ TEST_F(Leftovers, thatSomebodyHoldsStay) {
     writeFile(folder / ofTheDead, "half a file");
     const int held = ::open((folder / ofTheDead).c_str(), O_WRONLY | O_CLOEXEC);
     ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0);
-    EXPECT_EQ(left(), (Names{ofTheDead, "file"}));
+    EXPECT_EQ(left(), (FileNames{ofTheDead, "file"}));
     ::close(held);
-    EXPECT_EQ(left(), Names{"file"});
+    EXPECT_EQ(left(), FileNames{"file"});
 }
 
 /// Looks for leftovers whenever the replacement it serves has its temporary file.
@@ -113,13 +113,13 @@ TEST_F(Leftovers, areNothingButRegularFilesOfOneName) {
     const auto named = [&](unsigned number) { return temporaryName(goneProcess(), number); };
     const TemporaryFolder elsewhere;
     writeFile(elsewhere / "precious", "precious");
-    const Names strange{named(1), named(2), named(3), named(4)};
+    const FileNames strange{named(1), named(2), named(3), named(4)};
     auto name = strange.begin();
     fs::create_symlink(elsewhere / "precious", folder / *name++);
     fs::create_directory(folder / *name++);
     ASSERT_EQ(::mkfifo((folder / *name++).c_str(), 0600), 0);
     fs::create_hard_link(elsewhere / "precious", folder / *name);
-    Names all = strange;
+    FileNames all = strange;
     all.insert("file");
     EXPECT_EQ(left(), all);
     EXPECT_EQ(readFile(elsewhere / "precious"), "precious");
@@ -130,12 +130,12 @@ TEST_F(Leftovers, ofAnotherUserStay) {
         GTEST_SKIP() << "only root may give files away";
     writeFile(folder / ofTheDead, "half a file");
     ASSERT_EQ(::chown((folder / ofTheDead).c_str(), 65534, 65534), 0);
-    EXPECT_EQ(left(), (Names{ofTheDead, "file"}));
+    EXPECT_EQ(left(), (FileNames{ofTheDead, "file"}));
 }
 
 TEST_F(Leftovers, areToldByTheWholeName) {
     const std::string gone = std::to_string(goneProcess());
-    Names others{"file"};
+    FileNames others{"file"};
     for (const std::string& name : std::initializer_list<std::string>{".quorvi-" + gone,
              ".quorvi-" + gone + "-", ".quorvi-" + gone + "-1x", ".quorvi-" + gone + "-1-1",
              ".quorvi--" + gone + "-1", ".quorvi-0-1", ".quorvi-0" + gone + "-1", ".quorvi-" + gone + "-01",
@@ -151,7 +151,7 @@ TEST_F(Leftovers, ofNowhereAreNone) {
     removeLeftovers({});
     removeLeftovers(folder / "nowhere/file");
     removeLeftovers(file() / "below");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), FileNames{"file"});
 }
 
 } // namespace

@@ -11,11 +11,11 @@ using namespace test;
 using plist::Dictionary;
 using plist::Value;
 
-struct Slot {
+struct MacroSlot {
     MacroHeader header;
     MacroBody body;
 
-    Slot() {
+    MacroSlot() {
         fillWithGarbage(header);
         fillWithGarbage(body);
     }
@@ -27,7 +27,7 @@ struct Slot {
 };
 
 TEST(KyvarMacroDictToStruct, storesHeaderAndBody) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     EXPECT_EQ(bytesOf(slot.header), (Bytes{7, 0, 56, 0}));
     const auto name = padded({'J', 0, 'u', 0, 'm', 0, 'p', 0}, 40);
@@ -37,7 +37,7 @@ TEST(KyvarMacroDictToStruct, storesHeaderAndBody) {
 }
 
 TEST(KyvarMacroDictToStruct, storesTheLengthHighByteFirst) {
-    Slot slot;
+    MacroSlot slot;
     const auto full = macro(69);
     const auto steps = list();
     for (int i = 0; i < 128; ++i)
@@ -54,21 +54,21 @@ TEST(KyvarMacroDictToStruct, namesANamelessMacroWithAQuestionMark) {
     const auto numberAsName = macro(1);
     numberAsName.set("name", 5);
     for (const auto& spoiled : {nameless, numberAsName, macro(1, u"")}) {
-        Slot slot;
+        MacroSlot slot;
         ASSERT_TRUE(slot.store(spoiled));
         EXPECT_EQ(bytesOf(slot.body.name), padded({0x3F, 0}, 40));
     }
 }
 
 TEST(KyvarMacroDictToStruct, takesAnEmptyDictionary) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(dict()));
     EXPECT_EQ(bytesOf(slot.header), (Bytes{0, 0, 50, 0}));
     EXPECT_EQ(bytesOf(slot.body), padded({0x3F}, 178));
 }
 
 TEST(KyvarMacroDictToStruct, takesStepsOfAnotherTypeForNone) {
-    Slot slot;
+    MacroSlot slot;
     const auto spoiled = macro(1);
     spoiled.set("steps", dict({{"command", 1}}));
     ASSERT_TRUE(slot.store(spoiled));
@@ -77,7 +77,7 @@ TEST(KyvarMacroDictToStruct, takesStepsOfAnotherTypeForNone) {
 }
 
 TEST(KyvarMacroDictToStruct, keepsTheLowBitsOfIdentifierAndDelay) {
-    Slot slot;
+    MacroSlot slot;
     const auto spoiled = macro(256 + 9);
     spoiled.set("delay", 0x11223344);
     ASSERT_TRUE(slot.store(spoiled));
@@ -89,7 +89,7 @@ TEST(KyvarMacroDictToStruct, keepsTheLowBitsOfIdentifierAndDelay) {
 }
 
 TEST(KyvarMacroDictToStruct, failsOnlyWithoutAnArgument) {
-    Slot slot;
+    MacroSlot slot;
     const auto header = bytesOf(slot.header);
     const auto body = bytesOf(slot.body);
     EXPECT_FALSE(slot.store({}));
@@ -100,20 +100,20 @@ TEST(KyvarMacroDictToStruct, failsOnlyWithoutAnArgument) {
 }
 
 TEST(KyvarMacroStructToDict, readsTheWholeMacro) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     EXPECT_EQ(Value(slot.read()), Value(macro(7)));
 }
 
 TEST(KyvarMacroStructToDict, givesNothingForASlotThatIsNotUsed) {
-    Slot slot;
+    MacroSlot slot;
     slot.header = {};
     slot.body = {};
     EXPECT_FALSE(slot.read());
 }
 
 TEST(KyvarMacroStructToDict, refusesAnIdentifierAbove69) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(69)));
     EXPECT_TRUE(slot.read());
     slot.header.macroId = 70;
@@ -123,7 +123,7 @@ TEST(KyvarMacroStructToDict, refusesAnIdentifierAbove69) {
 }
 
 TEST(KyvarMacroStructToDict, refusesANameThatMarksTheSlotAsUnused) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     slot.body.name[0] = 0xFF;
     EXPECT_TRUE(slot.read());
@@ -132,7 +132,7 @@ TEST(KyvarMacroStructToDict, refusesANameThatMarksTheSlotAsUnused) {
 }
 
 TEST(KyvarMacroStructToDict, refusesALengthOutside1To178) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     for (const int length : {0, 179, 256, 65535}) {
         slot.setLength(length);
@@ -141,7 +141,7 @@ TEST(KyvarMacroStructToDict, refusesALengthOutside1To178) {
 }
 
 TEST(KyvarMacroStructToDict, readsNoStepsFromALengthUpTo50) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     for (const int length : {1, 49, 50}) {
         slot.setLength(length);
@@ -152,7 +152,7 @@ TEST(KyvarMacroStructToDict, readsNoStepsFromALengthUpTo50) {
 }
 
 TEST(KyvarMacroStructToDict, readsStepsUpToTheLengthOnly) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     const auto pressOnly = list({dict({{"command", 1}, {"argument", 4}})});
     slot.setLength(52);
@@ -162,7 +162,7 @@ TEST(KyvarMacroStructToDict, readsStepsUpToTheLengthOnly) {
 }
 
 TEST(KyvarMacroStructToDict, readsAllStepBytesOfTheGreatestLength) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     slot.body.steps.fill(128);
     slot.setLength(178);
@@ -172,7 +172,7 @@ TEST(KyvarMacroStructToDict, readsAllStepBytesOfTheGreatestLength) {
 }
 
 TEST(KyvarMacroStructToDict, givesAnEmptyNameForAZeroName) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     slot.body.name.fill(0);
     const auto read = slot.read();
@@ -181,7 +181,7 @@ TEST(KyvarMacroStructToDict, givesAnEmptyNameForAZeroName) {
 }
 
 TEST(KyvarMacroStructToDict, givesNothingWithoutAnArgument) {
-    Slot slot;
+    MacroSlot slot;
     ASSERT_TRUE(slot.store(macro(7)));
     EXPECT_FALSE(KyvarMacroStructToDict(nullptr, &slot.body));
     EXPECT_FALSE(KyvarMacroStructToDict(&slot.header, nullptr));

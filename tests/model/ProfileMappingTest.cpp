@@ -13,11 +13,11 @@ using namespace test;
 using plist::Dictionary;
 using plist::Value;
 
-struct Slot {
+struct ProfileSlot {
     ProfileRecord record;
     ProfileNameEntry nameEntry;
 
-    Slot() {
+    ProfileSlot() {
         fillWithGarbage(record);
         fillWithGarbage(nameEntry);
     }
@@ -34,7 +34,7 @@ Bytes emptySlot(std::uint8_t number) {
 }
 
 TEST(KyvarProfileDictToStruct, stores56Bytes) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile(), 4));
     const auto head = padded({4, 3, 2, 2, 12, 12, 28, 60}, 20);
     const auto buttons = joined(padded({1, 1, 0, 0}, 32), {9, 65, 7, 1});
@@ -42,20 +42,20 @@ TEST(KyvarProfileDictToStruct, stores56Bytes) {
 }
 
 TEST(KyvarProfileDictToStruct, storesTheNameAndLeavesTheReservedByteAlone) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile(u"Gä")));
     EXPECT_EQ(bytesOf(slot.nameEntry), padded({0xA5, 'G', 0, 0xE4, 0}, 41));
 }
 
 TEST(KyvarProfileDictToStruct, storesATwentyUnitNameWithoutTerminator) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile(u"ABCDEFGHIJKLMNOPQRSTU")));
     EXPECT_EQ(slot.nameEntry.name[38], 'T');
     EXPECT_EQ(slot.read().string("name"), u"ABCDEFGHIJKLMNOPQRST");
 }
 
 TEST(KyvarProfileDictToStruct, failsWithoutWritingWhenAnArgumentIsMissingOrTheNumberIsOutside) {
-    Slot slot;
+    ProfileSlot slot;
     const auto before = bytesOf(slot.record);
     EXPECT_FALSE(slot.store({}));
     EXPECT_FALSE(slot.store(profile(), 0));
@@ -69,12 +69,12 @@ TEST(KyvarProfileDictToStruct, failsWithAZeroedRecordWithoutButtonsOrStages) {
     for (const auto* key : {"buttons", "stages"}) {
         const auto spoiled = profile();
         spoiled.remove(key);
-        Slot missing;
+        ProfileSlot missing;
         EXPECT_FALSE(missing.store(spoiled)) << key;
         EXPECT_EQ(bytesOf(missing.record), Bytes(56, 0)) << key;
 
         spoiled.set(key, u"another type");
-        Slot otherType;
+        ProfileSlot otherType;
         EXPECT_FALSE(otherType.store(spoiled)) << key;
         EXPECT_EQ(bytesOf(otherType.record), Bytes(56, 0)) << key;
     }
@@ -86,7 +86,7 @@ TEST(KyvarProfileDictToStruct, failsWithAFilledRecordWithoutAName) {
     const auto numberAsName = profile();
     numberAsName.set("name", 5);
     for (const auto& spoiled : {nameless, numberAsName, profile(u"")}) {
-        Slot slot;
+        ProfileSlot slot;
         EXPECT_FALSE(slot.store(spoiled));
         EXPECT_EQ(slot.record.number, 1);
         EXPECT_EQ(slot.record.buttons[8].command, 65);
@@ -95,7 +95,7 @@ TEST(KyvarProfileDictToStruct, failsWithAFilledRecordWithoutAName) {
 }
 
 TEST(KyvarProfileDictToStruct, failsWithAFilledRecordWithoutANameEntry) {
-    Slot slot;
+    ProfileSlot slot;
     EXPECT_FALSE(KyvarProfileDictToStruct(profile(), 1, &slot.record, nullptr));
     EXPECT_EQ(slot.record.number, 1);
 }
@@ -106,7 +106,7 @@ TEST(KyvarProfileDictToStruct, keepsTheFirstFiveOfSevenStages) {
     for (int i = 1; i <= 7; ++i)
         stages.append(stage(100 + 25 * i, 100 + 50 * i));
     seven.set("stages", stages);
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(seven));
     EXPECT_EQ(slot.record.stageCount, 5);
     EXPECT_EQ(bytesOf(slot.record.stages), (Bytes{1, 2, 2, 4, 3, 6, 4, 8, 5, 10}));
@@ -119,14 +119,14 @@ TEST(KyvarProfileDictToStruct, countsStagesInOneByte) {
     for (int i = 0; i < 256; ++i)
         stages.append(stage(400, 400));
     many.set("stages", stages);
-    Slot none;
+    ProfileSlot none;
     ASSERT_TRUE(none.store(many));
     EXPECT_EQ(bytesOf(none.record.stages), Bytes(10, 0));
     EXPECT_EQ(none.record.stageCount, 0);
     EXPECT_EQ(none.record.defaultStage, 0);
 
     stages.append(stage(400, 400));
-    Slot one;
+    ProfileSlot one;
     ASSERT_TRUE(one.store(many));
     EXPECT_EQ(one.record.stageCount, 1);
     EXPECT_EQ(one.record.defaultStage, 1);
@@ -137,7 +137,7 @@ TEST(KyvarProfileDictToStruct, lowersADefaultStageAboveTheCount) {
     spoiled.set("stages", list({stage(400, 400), stage(800, 800), stage(1600, 1600)}));
     const auto defaultStageFor = [&](int stored) {
         spoiled.set("defaultstage", stored);
-        Slot slot;
+        ProfileSlot slot;
         EXPECT_TRUE(slot.store(spoiled));
         return int{slot.record.defaultStage};
     };
@@ -152,7 +152,7 @@ TEST(KyvarProfileDictToStruct, lowersADefaultStageAboveTheCount) {
 TEST(KyvarProfileDictToStruct, countsAStageThatIsNoDictionaryAndLeavesItZero) {
     const auto spoiled = profile();
     spoiled.set("stages", list({stage(400, 400), 7, stage(800, 800), dict()}));
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(spoiled));
     EXPECT_EQ(slot.record.stageCount, 4);
     EXPECT_EQ(bytesOf(slot.record.stages), (Bytes{12, 12, 0, 0, 28, 28, 0xFC, 0xFC, 0, 0}));
@@ -162,13 +162,13 @@ TEST(KyvarProfileDictToStruct, storesTheLowEightBitsOfAssignments) {
     const auto spoiled = profile();
     spoiled.set("buttons", dict({{"01", assignment(256 + 34, -1, 511)}, {"02", dict()}, {"03", u"34"},
                                {"3", assignment(1, 1, 1)}, {"10", assignment(1, 1, 1)}}));
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(spoiled));
     EXPECT_EQ(bytesOf(slot.record.buttons), padded({1, 34, 255, 255, 2, 0, 0, 0}, 36));
 }
 
 TEST(KyvarProfileStructToDict, readsTheWholeProfile) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile(), 1));
     const auto none = assignment(0, 0, 0);
     const auto driver = dict({{"autoswitch", true}});
@@ -184,14 +184,14 @@ TEST(KyvarProfileStructToDict, readsTheWholeProfile) {
 }
 
 TEST(KyvarProfileStructToDict, refersToTheDriverDictionaryPassedIn) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile()));
     const auto driver = Dictionary::create();
     EXPECT_TRUE(slot.read(driver).dictionary("driver").isSameAs(driver));
 }
 
 TEST(KyvarProfileStructToDict, givesAnEmptyNameForAZeroName) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile()));
     slot.nameEntry.name.fill(0);
     const auto read = slot.read();
@@ -200,7 +200,7 @@ TEST(KyvarProfileStructToDict, givesAnEmptyNameForAZeroName) {
 }
 
 TEST(KyvarProfileStructToDict, givesNothingForAnEmptySlot) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile()));
     slot.nameEntry.name[0] = 0xFF;
     EXPECT_TRUE(slot.read());
@@ -209,7 +209,7 @@ TEST(KyvarProfileStructToDict, givesNothingForAnEmptySlot) {
 }
 
 TEST(KyvarProfileStructToDict, readsFiveStagesOfAHostileCount) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile()));
     slot.record.stageCount = 200;
     EXPECT_EQ(slot.read().array("stages").size(), 5U);
@@ -220,7 +220,7 @@ TEST(KyvarProfileStructToDict, readsFiveStagesOfAHostileCount) {
 }
 
 TEST(KyvarProfileStructToDict, givesNothingWithoutAnArgument) {
-    Slot slot;
+    ProfileSlot slot;
     ASSERT_TRUE(slot.store(profile()));
     EXPECT_FALSE(KyvarProfileStructToDict(nullptr, &slot.nameEntry, dict()));
     EXPECT_FALSE(KyvarProfileStructToDict(&slot.record, nullptr, dict()));
@@ -228,7 +228,7 @@ TEST(KyvarProfileStructToDict, givesNothingWithoutAnArgument) {
 }
 
 TEST(clearProfileSlot, keepsTheNumberAndMarksTheName) {
-    Slot slot;
+    ProfileSlot slot;
     clearProfileSlot(5, slot.record, slot.nameEntry);
     EXPECT_EQ(bytesOf(slot.record), emptySlot(5));
     EXPECT_EQ(bytesOf(slot.nameEntry.name), Bytes(40, 0xFF));

@@ -15,7 +15,7 @@ const std::u16string editor = u"Editor";
 const std::u16string editorId = u"com.example.editor";
 const std::u16string signature = u"EDIT";
 const std::u16string executable = u"editor";
-const std::u16string empty;
+const std::u16string noText;
 
 Dictionary bound(std::initializer_list<std::pair<const char*, plist::Value>> driver) {
     return dict({{"driver", dict(driver)}});
@@ -71,11 +71,11 @@ TEST(KyvarMatchProfile, neitherAddsNorExcludesForAKeyThatDoesNotDecide) {
 }
 
 TEST(KyvarMatchProfile, takesAnEmptyArgumentAsGiven) {
-    EXPECT_EQ(matchApplication(list({bound({{"application", editor}})}), empty), -1);
+    EXPECT_EQ(matchApplication(list({bound({{"application", editor}})}), noText), -1);
     EXPECT_EQ(KyvarMatchProfile(list({bound({{"application", editor}, {"identifier", editorId}})}), false,
-                  &empty, &editorId, nullptr, nullptr),
+                  &noText, &editorId, nullptr, nullptr),
         -1);
-    EXPECT_EQ(matchApplication(list({bound({{"application", u""}})}), empty), -1);
+    EXPECT_EQ(matchApplication(list({bound({{"application", u""}})}), noText), -1);
 }
 
 TEST(KyvarMatchProfile, neverChoosesAProfileThatIsNotBound) {

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kResources = QUORVI_SOURCE_ROOT "/resources";
+const fs::path kTables = QUORVI_SOURCE_ROOT "/resources";
 
 bool areJoined(QChar before, QChar after) {
     return before.joiningType() == QChar::Joining_Dual &&
@@ -26,7 +26,7 @@ bool areJoined(QChar before, QChar after) {
 
 std::vector<std::string> languages() {
     std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(kResources))
+    for (const fs::directory_entry& entry : fs::directory_iterator(kTables))
         if (entry.path().extension() == ".lproj")
             names.push_back(entry.path().stem());
     std::sort(names.begin(), names.end());
@@ -34,7 +34,7 @@ std::vector<std::string> languages() {
 }
 
 fs::path stringTablePath(const std::string& language) {
-    return kResources / (language + ".lproj") / "Localizable.strings";
+    return kTables / (language + ".lproj") / "Localizable.strings";
 }
 
 StringTable readStringTable(const std::string& language) {

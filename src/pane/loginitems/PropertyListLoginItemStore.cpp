@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::string_view kFileName = "loginWindow.plist";
 constexpr std::string_view kListKey = "AutoLaunchedApplicationDictionary"; // an array, despite its name
-constexpr std::string_view kPathKey = "Path";
-constexpr std::string_view kHideKey = "Hide";
+constexpr std::string_view kElementPath = "Path";
+constexpr std::string_view kElementHide = "Hide";
 
 /// Every character of the path as it stands, or nothing: a replaced one would make it another path.
 std::optional<std::u16string> sayablePath(const std::string& path) {
@@ -28,17 +28,17 @@ std::optional<std::u16string> sayablePath(const std::string& path) {
 
 plist::Value newElement(std::u16string path, bool hide) {
     const auto element = plist::Dictionary::create();
-    element.set(kHideKey, hide);
-    element.set(kPathKey, std::move(path));
+    element.set(kElementHide, hide);
+    element.set(kElementPath, std::move(path));
     return element;
 }
 
 LoginItem itemOf(const plist::Value& element, std::size_t index) {
     LoginItem item;
     const auto fields = element.dictionary();
-    if (const auto* path = fields.value(kPathKey).string())
+    if (const auto* path = fields.value(kElementPath).string())
         item.path = plist::toUtf8(*path);
-    item.hide = fields.boolean(kHideKey);
+    item.hide = fields.boolean(kElementHide);
     item.origin = index;
     return item;
 }
