@@ -122,8 +122,7 @@ void Controls::note(const QString& control, const Accessible& thing) {
 }
 
 // The children of a table are its cells, those of a pop-up a list of the toolkit's.
-void Controls::look(
-    const Accessible& thing, AccessibleStates states, const QString& way, QString& wrong) {
+void Controls::look(const Accessible& thing, AccessibleStates states, const QString& way, QString& wrong) {
     const QString role = QString::fromStdString(thing.role());
     QString below = way;
     if (role == "popup menu")
@@ -271,6 +270,8 @@ QStringList Controls::forgotten(const QStringList& leftOut) const {
     for (const QString& control : leftOut)
         if (!m_met.contains(control) || m_operated.contains(control))
             result << "needlessly left out: " + control;
+    for (const QString& control : result)
+        qWarning("forgotten: %s", qPrintable(control)); // what compares lists says their sizes only
     return result;
 }
 

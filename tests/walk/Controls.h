@@ -42,6 +42,8 @@ class Controls {
     /// Looks over all windows. What can be operated there is met, whether it is enabled or not. Gives what is
     /// wrong: something without a name, without a description that it needs, or of an unknown kind.
     [[nodiscard]] QString meet();
+    /// Looks over the open menu only, in the same way.
+    [[nodiscard]] QString meetMenu();
     /// The one that is heard so; waits for it.
     [[nodiscard]] Accessible find(const QString& control);
     [[nodiscard]] bool isThere(const QString& control);
@@ -86,7 +88,6 @@ class Controls {
 
     [[nodiscard]] bool operate(
         const QString& control, const Effect& effect, const std::function<bool(const Accessible&)>& how);
-    [[nodiscard]] QString meetMenu();
     void look(const Accessible& thing, AccessibleStates states, const QString& way, QString& wrong);
     void note(const QString& control, const Accessible& thing);
 

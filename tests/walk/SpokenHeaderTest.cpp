@@ -54,7 +54,7 @@ class SpokenHeaderTest : public QObject {
         QVERIFY(controls.press(
             "push button 'Check for updates'", opened("https://www.kyvar.com/quorvi/support\n")));
         QStringList leftOut = inputPopUps(); // SpokenButtonsTest
-        leftOut << "page tab list"; // its tabs were pressed
+        leftOut << "page tab list";          // its tabs were pressed
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 

@@ -124,12 +124,14 @@ class SpokenMacrosTest : public QObject {
         QStringList steps = tab.shownSteps();
         QVERIFY(controls.perform(kRecord, "Toggle", controls.shows(kStop)));
         QVERIFY(xdotool({"key", "x"}));
-        steps << "Press x" << "Release x";
+        steps << "Press x"
+              << "Release x";
         QTRY_COMPARE(tab.shownSteps(), steps);
         QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
         QVERIFY(controls.press("push button 'Add steps'", controls.shows(kStop)));
         QVERIFY(xdotool({"key", "y"}));
-        steps << "Press y" << "Release y";
+        steps << "Press y"
+              << "Release y";
         QTRY_COMPARE(tab.shownSteps(), steps);
         QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
     }
@@ -139,7 +141,8 @@ class SpokenMacrosTest : public QObject {
         QStringList steps = tab.shownSteps();
         QVERIFY(tab.choose(kSteps, "Record", controls.shows(kStop)));
         QVERIFY(xdotool({"key", "z"}));
-        steps << "Press z" << "Release z";
+        steps << "Press z"
+              << "Release z";
         QTRY_COMPARE(tab.shownSteps(), steps);
         QVERIFY(!controls.find("push button 'More step commands'").is(AccessibleState::enabled));
         QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
@@ -223,8 +226,8 @@ class SpokenMacrosTest : public QObject {
         MacrosTab tab;
         QVERIFY(tab.selectMacro(0));
         QCOMPARE(tab.controls.meet(), QString());
-        for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, recordByTheButtons, recordByTheMenu,
-                 removeSteps}) {
+        for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, recordByTheButtons,
+                 recordByTheMenu, removeSteps}) {
             part(tab);
             if (QTest::currentTestFailed())
                 return;
