@@ -147,6 +147,7 @@ class SpokenProfilesTest : public QObject {
             "Duplicate Profile", [&] { return tab.names().size() == 4 && controls.meet().isEmpty(); }));
         tab.finishName();
         QVERIFY(tab.choose("Restore Defaults…", controls.opens(kQuestion)));
+        QCOMPARE(tab.walk.focusBecomes(kCancel), kCancel);
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kQuestion)());
         QStringList leftOut = Controls::around();
