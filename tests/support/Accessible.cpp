@@ -18,7 +18,6 @@ constexpr char kValue[] = "org.a11y.atspi.Value";
 
 constexpr std::uint32_t kScreenCoordinates = 0;
 constexpr std::uint32_t kLabelledBy = 2;
-constexpr int kBitsInWord = 32;
 
 std::string readText(sd_bus_message* message) {
     const char* text = nullptr;
@@ -82,15 +81,18 @@ std::string Accessible::role() const {
     return readText(call(kAccessible, "GetRoleName", "").get());
 }
 
-bool Accessible::is(AccessibleState state) const {
+AccessibleStates Accessible::states() const {
     const Message reply = call(kAccessible, "GetState", "");
     const void* words = nullptr;
     std::size_t size = 0;
-    const auto bit = static_cast<std::size_t>(state);
-    if (!reply || sd_bus_message_read_array(reply.get(), 'u', &words, &size) <= 0 ||
-        size / sizeof(std::uint32_t) <= bit / kBitsInWord)
-        return false;
-    return (static_cast<const std::uint32_t*>(words)[bit / kBitsInWord] >> (bit % kBitsInWord) & 1U) != 0;
+    if (!reply || sd_bus_message_read_array(reply.get(), 'u', &words, &size) <= 0 || size == 0)
+        return AccessibleStates();
+    const auto* word = static_cast<const std::uint32_t*>(words);
+    constexpr int kBitsInWord = 32;
+    std::uint64_t bits = *word;
+    if (size >= sizeof bits)
+        bits |= std::uint64_t(word[1]) << kBitsInWord;
+    return AccessibleStates(bits);
 }
 
 Accessible Accessible::parent() const {

@@ -26,6 +26,18 @@ enum class AccessibleState : int {
     hasPopup = 42,
 };
 
+/// What a thing was when it was asked.
+class AccessibleStates {
+  public:
+    explicit AccessibleStates(std::uint64_t bits = 0) : m_bits(bits) {}
+    [[nodiscard]] bool has(AccessibleState state) const {
+        return (m_bits >> static_cast<int>(state) & 1U) != 0;
+    }
+
+  private:
+    std::uint64_t m_bits;
+};
+
 /// A place on the screen, in pixels.
 struct Extents {
     int left = 0, top = 0, width = 0, height = 0;
@@ -49,7 +61,9 @@ class Accessible {
     [[nodiscard]] std::string description() const;
     /// "push button", "check box", "table", …
     [[nodiscard]] std::string role() const;
-    [[nodiscard]] bool is(AccessibleState state) const;
+    /// All of them with one question.
+    [[nodiscard]] AccessibleStates states() const;
+    [[nodiscard]] bool is(AccessibleState state) const { return states().has(state); }
     [[nodiscard]] Accessible parent() const;
     [[nodiscard]] std::vector<Accessible> children() const;
     /// What the program says is its label, beside its name.

@@ -23,14 +23,22 @@ const QStringList kFilePanels{
     "Import Profile", "Export Profile", "Import Macro", "Export Macro", "Choose an Application"};
 const QStringList kOfFilePanels{"text 'File name:'", "push button 'Open'", "push button 'Save'",
     "push button 'Choose'", "push button 'Cancel'"};
+/// Of these Qt's have none, and the panel's neither.
+const QStringList kWithoutChildren{"label", "push button", "check box", "separator", "column header"};
 const QString kStep = QStringLiteral(" › ");
 
 QString keyOf(const QString& role, const QString& name) {
     return QStringLiteral("%1 '%2'").arg(role, name);
 }
 
-bool isOnScreen(const Accessible& thing) {
-    return thing.is(AccessibleState::showing) && thing.extents().height > 0;
+bool isOnScreen(const Accessible& thing, AccessibleStates states) {
+    return states.has(AccessibleState::showing) && thing.extents().height > 0;
+}
+
+/// Of nothing else than a thing of this kind it would have to be known whether it is on the screen.
+bool canBeOperated(const QString& role, AccessibleStates states) {
+    // What is drawn by hand and takes the focus would be a "panel".
+    return !onlyShows(role) || (role == "panel" && states.has(AccessibleState::focusable));
 }
 
 /// The outermost menu that the thing is in; nothing when it is in none. Menus are not among a program's
@@ -46,6 +54,13 @@ Accessible openMenuAround(Accessible thing) {
 }
 
 } // namespace
+
+QStringList inputPopUps() {
+    return {"combo box '1  Left button'", "combo box '2  Right button'", "combo box '3  Wheel button'",
+        "combo box '4  Rear side button'", "combo box '5  Front side button'",
+        "combo box '6  Front top button'", "combo box '7  Rear top button'", "combo box '8  Wheel up'",
+        "combo box '9  Wheel down'"};
+}
 
 QString nameOf(const Accessible& control) {
     return QString::fromStdString(control.role() == "combo box" ? control.label() : control.name());
@@ -82,15 +97,21 @@ QString Controls::meet() {
     QString wrong;
     for (const Accessible& window : m_walk.reader().windows()) {
         if (!kFilePanels.contains(QString::fromStdString(window.name()))) {
-            look(window, {}, wrong);
+            look(window, window.states(), {}, wrong);
             continue;
         }
         for (const Accessible& thing : everythingIn(window))
-            if (kOfFilePanels.contains(heard(thing)) && isOnScreen(thing))
+            if (kOfFilePanels.contains(heard(thing)) && isOnScreen(thing, thing.states()))
                 note(heard(thing), thing);
     }
+    const QString wrongInMenu = meetMenu();
+    return wrong.isEmpty() ? wrongInMenu : wrong;
+}
+
+QString Controls::meetMenu() {
+    QString wrong;
     if (const Accessible menu = openMenuAround(m_walk.reader().focus()); !menu.isNull())
-        look(menu, {}, wrong);
+        look(menu, menu.states(), {}, wrong);
     return wrong;
 }
 
@@ -101,15 +122,13 @@ void Controls::note(const QString& control, const Accessible& thing) {
 }
 
 // The children of a table are its cells, those of a pop-up a list of the toolkit's.
-void Controls::look(const Accessible& thing, const QString& way, QString& wrong) {
+void Controls::look(const Accessible& thing, AccessibleStates states, const QString& way, QString& wrong) {
     const QString role = QString::fromStdString(thing.role());
     QString below = way;
     if (role == "popup menu")
         below = way.isEmpty() ? nameOf(thing) : way;
-    const bool shown = isOnScreen(thing);
-    // What is drawn by hand and takes the focus would be a "panel".
-    if (shown && (!onlyShows(role) || (role == "panel" && thing.is(AccessibleState::focusable)))) {
-        const QString name = nameOf(thing);
+    if (canBeOperated(role, states) && isOnScreen(thing, states)) {
+        const QString name = QString::fromStdString(role == "combo box" ? thing.label() : thing.name());
         QString key = keyOf(role, name);
         if (role == "menu item")
             key = keyOf(role, below = way + kStep + name);
@@ -132,9 +151,11 @@ void Controls::look(const Accessible& thing, const QString& way, QString& wrong)
             note(keyOf("cell", name + kStep + QString::fromStdString(thing.columnTitle(column))),
                 thing.cell(0, column));
     }
+    if (kWithoutChildren.contains(role))
+        return;
     for (const Accessible& child : thing.children())
-        if (child.is(AccessibleState::visible))
-            look(child, below, wrong);
+        if (const AccessibleStates its = child.states(); its.has(AccessibleState::visible))
+            look(child, its, below, wrong);
 }
 
 // The items of a menu stay the same things while it is closed: no need to look for them again.
@@ -142,9 +163,10 @@ bool Controls::isThere(const QString& control) {
     const Accessible known = m_there.value(control);
     if (known.is(AccessibleState::showing))
         return true;
-    if (control.startsWith(QLatin1String("menu item")) && !known.role().empty())
+    const bool isItem = control.startsWith(QLatin1String("menu item"));
+    if (isItem && !known.role().empty())
         return false;
-    const QString wrong = meet();
+    const QString wrong = isItem ? meetMenu() : meet();
     if (!wrong.isEmpty())
         qWarning("%s", qPrintable(wrong));
     return m_there.contains(control);
@@ -248,6 +270,8 @@ QStringList Controls::forgotten(const QStringList& leftOut) const {
     for (const QString& control : leftOut)
         if (!m_met.contains(control) || m_operated.contains(control))
             result << "needlessly left out: " + control;
+    for (const QString& control : result)
+        qWarning("forgotten: %s", qPrintable(control)); // what compares lists says their sizes only
     return result;
 }
 

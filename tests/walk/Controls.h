@@ -12,6 +12,9 @@
 
 namespace quorvi::test {
 
+/// The pop-ups of the nine inputs on the buttons tab, in their order.
+[[nodiscard]] QStringList inputPopUps();
+
 /// What a reader says to tell the control from its neighbours: a pop-up's own name is what it is set to.
 [[nodiscard]] QString nameOf(const Accessible& control);
 /// A name for the ear, which neither a program nor a file has.
@@ -39,6 +42,8 @@ class Controls {
     /// Looks over all windows. What can be operated there is met, whether it is enabled or not. Gives what is
     /// wrong: something without a name, without a description that it needs, or of an unknown kind.
     [[nodiscard]] QString meet();
+    /// Looks over the open menu only, in the same way.
+    [[nodiscard]] QString meetMenu();
     /// The one that is heard so; waits for it.
     [[nodiscard]] Accessible find(const QString& control);
     [[nodiscard]] bool isThere(const QString& control);
@@ -78,9 +83,12 @@ class Controls {
     [[nodiscard]] static QStringList around();
 
   private:
+    // Every question to the program is a message to and fro. Of what is only looked through nothing is asked
+    // that is not needed, and for a menu's item no window is looked through.
+
     [[nodiscard]] bool operate(
         const QString& control, const Effect& effect, const std::function<bool(const Accessible&)>& how);
-    void look(const Accessible& thing, const QString& way, QString& wrong);
+    void look(const Accessible& thing, AccessibleStates states, const QString& way, QString& wrong);
     void note(const QString& control, const Accessible& thing);
 
     Walk& m_walk;

@@ -12,21 +12,11 @@ using namespace quorvi::test;
 
 namespace {
 
-/// An input of the mouse: how its pop-up and its menu are heard.
-struct Input {
-    const char* popUp;
-    const char* menu;
-};
-
-constexpr std::array kInputs{Input{"1  Left button", "Function of the left button"},
-    Input{"2  Right button", "Function of the right button"},
-    Input{"3  Wheel button", "Function of the wheel button"},
-    Input{"4  Rear side button", "Function of the rear side button"},
-    Input{"5  Front side button", "Function of the front side button"},
-    Input{"6  Front top button", "Function of the front top button"},
-    Input{"7  Rear top button", "Function of the rear top button"},
-    Input{"8  Wheel up", "Function of the wheel turned up"},
-    Input{"9  Wheel down", "Function of the wheel turned down"}};
+/// How the menus of the inputs are heard, in their order.
+constexpr std::array kMenus{"Function of the left button", "Function of the right button",
+    "Function of the wheel button", "Function of the rear side button", "Function of the front side button",
+    "Function of the front top button", "Function of the rear top button", "Function of the wheel turned up",
+    "Function of the wheel turned down"};
 constexpr int kWheelUp = 8;
 
 int codeOf(const QString& title) {
@@ -48,11 +38,9 @@ struct ButtonsTab {
     Walk walk{settingsToWalkIn()};
     Controls controls{walk};
 
-    static QString popUp(int input) {
-        return QStringLiteral("combo box '%1'").arg(QLatin1String(kInputs.at(std::size_t(input - 1)).popUp));
-    }
+    static QString popUp(int input) { return inputPopUps().at(input - 1); }
     static QStringList way(int input, const QStringList& titles) {
-        return QStringList(QString(kInputs.at(std::size_t(input - 1)).menu)) + titles;
+        return QStringList(QString(kMenus.at(std::size_t(input - 1)))) + titles;
     }
     [[nodiscard]] bool open(int input) {
         return controls.perform(
@@ -67,9 +55,11 @@ struct ButtonsTab {
         return [=, this] {
             const auto saved =
                 walk.savedItem("profiles", 0).dictionary("buttons").dictionary("0" + std::to_string(input));
-            return saved.integer("command") == code && saved.integer("param1") == parameter &&
-                   walk.session().recordByte(placeInRecord(input)) == code &&
-                   walk.session().recordByte(placeInRecord(input) + 1) == parameter;
+            if (saved.integer("command") != code || saved.integer("param1") != parameter)
+                return false;
+            const auto record = walk.session().record();
+            const auto place = std::size_t(placeInRecord(input));
+            return record.size() > place + 1 && record[place] == code && record[place + 1] == parameter;
         };
     }
     /// Chooses that, after another function when it is what the input does already.
@@ -106,9 +96,9 @@ class SpokenButtonsTest : public QObject {
             return {};
         for (const QString& group : groups)
             if (!tab.controls.perform(itemOf(tab.way(input, {group})), "ShowMenu", [&] {
-                    const QStringList shown =
-                        tab.controls.met().filter(tab.way(input, {group, ""}).join(" › "));
-                    return tab.controls.meet().isEmpty() && !shown.isEmpty();
+                    const QString wrong = tab.controls.meetMenu();
+                    return wrong.isEmpty() &&
+                           !tab.controls.met().filter(tab.way(input, {group, ""}).join(" › ")).isEmpty();
                 }))
                 return {};
         tab.walk.press({"Escape", "Escape"});
@@ -191,7 +181,7 @@ class SpokenButtonsTest : public QObject {
         chooseFromTheLists(tab, input);
         QStringList leftOut = Controls::around();
         leftOut << "text 'Key'"; // shows the key that was pressed
-        for (int other = 1; other <= int(kInputs.size()); ++other)
+        for (int other = 1; other <= int(kMenus.size()); ++other)
             if (other != input)
                 leftOut << ButtonsTab::popUp(other); // everyOtherPopUpOpensTheSameMenu
         QCOMPARE(tab.controls.forgotten(leftOut), QStringList());

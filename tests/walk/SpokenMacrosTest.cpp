@@ -17,6 +17,10 @@ const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
 constexpr char kQuestion[] = "Please Confirm";
 constexpr char kMacros[] = "Macro commands";
+constexpr char kSteps[] = "Step commands";
+constexpr char kStepTable[] = "Steps of the macro";
+const QString kRecord = QStringLiteral("check box 'Record'");
+const QString kStop = QStringLiteral("check box 'Stop'");
 
 struct MacrosTab {
     MacrosTab() {
@@ -30,7 +34,7 @@ struct MacrosTab {
     /// Opens the menu of a gear and chooses that.
     [[nodiscard]] bool choose(const char* menu, const char* title, const Controls::Effect& effect) {
         const bool macros = menu == kMacros;
-        const QString first = itemOf({menu, macros ? "New Macro" : "Record"});
+        const QString first = itemOf({menu, macros ? "New Macro" : "Remove Step"});
         const QString gear =
             macros ? "push button 'More macro commands'" : "push button 'More step commands'";
         return controls.press(gear, controls.shows(first)) && controls.choose({menu, title}, effect) &&
@@ -56,12 +60,112 @@ struct MacrosTab {
         const Accessible table = controls.find("table 'Macros'");
         return table.selectRow(row) && !controls.find("table 'Steps of the macro'").isNull();
     }
+    [[nodiscard]] Accessible stepTable() { return controls.find("table 'Steps of the macro'"); }
+    [[nodiscard]] Controls::Effect stepSelected(int row) {
+        return [this, row] { return stepTable().selectedRows() == std::vector{row}; };
+    }
+    /// What the list says of the steps.
+    [[nodiscard]] QStringList shownSteps() {
+        const Accessible table = stepTable();
+        QStringList steps;
+        for (int row = 0; row < table.rows(); ++row)
+            steps << QString::fromStdString(table.cell(row, 0).name());
+        return steps;
+    }
+    [[nodiscard]] Controls::Effect showsSteps(const QStringList& expected) {
+        return [this, expected] { return shownSteps() == expected; };
+    }
+    /// The steps of the first macro in the file have these delays, in milliseconds.
+    [[nodiscard]] Controls::Effect savedDelays(const QList<int>& expected) const {
+        return [this, expected] {
+            const auto steps = walk.savedItem("macros", 0).array("steps");
+            QList<int> delays;
+            for (std::size_t index = 0; index < steps.size(); ++index)
+                delays << steps.dictionary(index).integer("delay");
+            return delays == expected;
+        };
+    }
 };
 
 } // namespace
 
 class SpokenMacrosTest : public QObject {
     Q_OBJECT
+
+    static void selectSteps(MacrosTab& tab) {
+        QVERIFY(tab.controls.selectRow(kStepTable, 1, tab.stepSelected(1)));
+        QVERIFY(tab.controls.performCell(kStepTable, 0, "Action", "Toggle", tab.stepSelected(0)));
+    }
+
+    /// Every delay of the pop-up in the list, for the second step, which has 50 milliseconds then.
+    static void chooseDelays(MacrosTab& tab) {
+        const QStringList titles{"10 ms", "20 ms", "30 ms", "40 ms", "100 ms", "150 ms", "200 ms", "300 ms",
+            "400 ms", "½ second", "1 second", "2 seconds", "3 seconds", "4 seconds", "5 seconds", "None",
+            "50 ms"};
+        const Accessible table = tab.stepTable();
+        for (const QString& title : titles) {
+            const QStringList way{"Delay Afterwards", title};
+            QVERIFY(tab.controls.performCell(
+                kStepTable, 1, "Delay Afterwards", "ShowMenu", tab.controls.shows(itemOf(way))));
+            QVERIFY(tab.controls.choose(way, [&] { return table.cell(1, 1).name() == title.toStdString(); }));
+            QVERIFY2(tab.controls.goes(itemOf(way)), qPrintable(title));
+        }
+    }
+
+    static void setDelaysOfAllSteps(MacrosTab& tab) {
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{1});
+        // Nothing follows the last step.
+        QVERIFY(tab.choose(kSteps, "Use Delay of Step for All", tab.savedDelays({50, 50, 0})));
+        QVERIFY(tab.choose(kSteps, "Remove All Delays", tab.savedDelays({0, 0, 0})));
+    }
+
+    static void recordByTheButtons(MacrosTab& tab) {
+        Controls& controls = tab.controls;
+        QStringList steps = tab.shownSteps();
+        QVERIFY(controls.perform(kRecord, "Toggle", controls.shows(kStop)));
+        QVERIFY(xdotool({"key", "x"}));
+        steps << "Press x"
+              << "Release x";
+        QTRY_COMPARE(tab.shownSteps(), steps);
+        QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
+        QVERIFY(controls.press("push button 'Add steps'", controls.shows(kStop)));
+        QVERIFY(xdotool({"key", "y"}));
+        steps << "Press y"
+              << "Release y";
+        QTRY_COMPARE(tab.shownSteps(), steps);
+        QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
+    }
+
+    static void recordByTheMenu(MacrosTab& tab) {
+        Controls& controls = tab.controls;
+        QStringList steps = tab.shownSteps();
+        QVERIFY(tab.choose(kSteps, "Record", controls.shows(kStop)));
+        QVERIFY(xdotool({"key", "z"}));
+        steps << "Press z"
+              << "Release z";
+        QTRY_COMPARE(tab.shownSteps(), steps);
+        QVERIFY(!controls.find("push button 'More step commands'").is(AccessibleState::enabled));
+        QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
+        // A step that is recorded again takes its other half along, and the recording ends with it.
+        QVERIFY(controls.selectRow(kStepTable, 3, tab.stepSelected(3)));
+        QVERIFY(tab.choose(kSteps, "Record Step Again", controls.shows(kStop)));
+        QVERIFY(xdotool({"key", "v"}));
+        steps[3] = "Press v";
+        steps[4] = "Release v";
+        QTRY_COMPARE(tab.shownSteps(), steps);
+        QVERIFY(!controls.find(kRecord).isNull());
+    }
+
+    static void removeSteps(MacrosTab& tab) {
+        QStringList steps = tab.shownSteps();
+        QVERIFY(tab.controls.selectRow(kStepTable, 0, tab.stepSelected(0)));
+        steps.removeFirst();
+        QVERIFY(tab.controls.press("push button 'Remove step'", tab.showsSteps(steps)));
+        steps.removeFirst();
+        QVERIFY(tab.choose(kSteps, "Remove Step", tab.showsSteps(steps)));
+        QVERIFY(tab.choose(kSteps, "Remove All Steps", tab.savedDelays({})));
+        QCOMPARE(tab.shownSteps(), QStringList());
+    }
 
   private slots:
     void initTestCase() {
@@ -118,39 +222,22 @@ class SpokenMacrosTest : public QObject {
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 
-    void stepsAreSelectedAndTheirDelaysChosen() {
+    void everyControlOfTheStepsIsOperated() {
         MacrosTab tab;
-        Controls& controls = tab.controls;
         QVERIFY(tab.selectMacro(0));
-        QCOMPARE(controls.meet(), QString());
-        const Accessible table = controls.find("table 'Steps of the macro'");
-        const auto selected = [&](int row) {
-            return [&, row] { return table.selectedRows() == std::vector{row}; };
-        };
-        QVERIFY(controls.selectRow("Steps of the macro", 1, selected(1)));
-        QVERIFY(controls.performCell("Steps of the macro", 0, "Action", "Toggle", selected(0)));
-
-        // Every delay of the pop-up in the list.
-        const QStringList titles{"10 ms", "20 ms", "30 ms", "40 ms", "50 ms", "100 ms", "150 ms", "200 ms",
-            "300 ms", "400 ms", "½ second", "1 second", "2 seconds", "3 seconds", "4 seconds", "5 seconds",
-            "None"};
-        for (const QString& title : titles) {
-            const QStringList way{"Delay Afterwards", title};
-            QVERIFY(controls.performCell(
-                "Steps of the macro", 1, "Delay Afterwards", "ShowMenu", controls.shows(itemOf(way))));
-            QVERIFY(controls.choose(way, [&] { return table.cell(1, 1).name() == title.toStdString(); }));
-            QVERIFY2(controls.goes(itemOf(way)), qPrintable(title));
+        QCOMPARE(tab.controls.meet(), QString());
+        for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, recordByTheButtons,
+                 recordByTheMenu, removeSteps}) {
+            part(tab);
+            if (QTest::currentTestFailed())
+                return;
         }
-        QCOMPARE(controls.meet(), QString());
-    }
-
-    void recordingIsStartedAndStopped() {
-        MacrosTab tab;
-        QVERIFY(tab.selectMacro(0));
-        QVERIFY(tab.controls.perform("check box 'Record'", "Toggle", tab.controls.shows("check box 'Stop'")));
-        QVERIFY(xdotool({"key", "b"}));
-        QVERIFY(!tab.walk.thing("cell 'Release b'").isNull());
-        QVERIFY(tab.controls.perform("check box 'Stop'", "Toggle", tab.controls.shows("check box 'Record'")));
+        QCOMPARE(tab.controls.meet(), QString());
+        QStringList leftOut = Controls::around();
+        for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
+                 "push button 'Delete macro'", "push button 'More macro commands'"})
+            leftOut << control; // everyControlOfTheListIsOperated
+        QCOMPARE(tab.controls.forgotten(leftOut), QStringList());
     }
 };
 

@@ -70,6 +70,22 @@ struct ProfilesTab {
 class SpokenProfilesTest : public QObject {
     Q_OBJECT
 
+    /// What everyControlOfTheTabIsOperated operates: the tab, and the menu without these items.
+    static QStringList leftToTheTab(const QStringList& items) {
+        QStringList left = Controls::around();
+        for (const char* title :
+            {"New Profile", "Duplicate Profile", "Delete Profile…", "Assign Application…",
+                "Remove Application", "Import Profile…", "Export Profile…", "Restore Defaults…"})
+            if (!items.contains(title))
+                left << itemOf(ProfilesTab::way(title));
+        for (const char* control : {"table 'Profiles'", "cell 'Profiles › No.'", "cell 'Profiles › Profile'",
+                 "cell 'Profiles › Application'", "cell 'Profiles › Switch Automatically'",
+                 "check box 'Show the name of this profile on the screen when it comes into use'",
+                 "push button 'Add profile'", "push button 'Delete profile'"})
+            left << control;
+        return left;
+    }
+
   private slots:
     void initTestCase() {
         if (!hasDisplay())
@@ -131,6 +147,7 @@ class SpokenProfilesTest : public QObject {
             "Duplicate Profile", [&] { return tab.names().size() == 4 && controls.meet().isEmpty(); }));
         tab.finishName();
         QVERIFY(tab.choose("Restore Defaults…", controls.opens(kQuestion)));
+        QCOMPARE(tab.walk.focusBecomes(kCancel), kCancel);
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kQuestion)());
         QStringList leftOut = Controls::around();
@@ -171,6 +188,13 @@ class SpokenProfilesTest : public QObject {
         tab.walk.press({"Return"});
         QTRY_VERIFY(tab.assigned(1, u"true")());
         QVERIFY(tab.choose("Remove Application", tab.assigned(1, u"")));
+        const QStringList operated{"Assign Application…", "Remove Application"};
+        QStringList leftOut = leftToTheTab(operated);
+        // Its items are told apart by their names, and one was toggled; the search is taken back by a button.
+        leftOut << "list 'Applications'"
+                << "list item 'Applications'";
+        leftOut.removeAll("table 'Profiles'"); // in which the second one was selected
+        QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 
     void profilesAreCarriedByFiles() {
@@ -192,6 +216,7 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(controls.type(kFileName, file, holds(file)));
         QVERIFY(controls.press(
             "push button 'Open'", tab.named({"Default Profile", "Game", "Work", "Default Profile 2"})));
+        QCOMPARE(controls.forgotten(leftToTheTab({"Import Profile…", "Export Profile…"})), QStringList());
     }
 };
 

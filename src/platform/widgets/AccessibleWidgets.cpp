@@ -1,9 +1,11 @@
 #include "platform/widgets/AccessibleWidgets.h"
 
+#include "platform/widgets/AccessibleMenuButton.h"
 #include "platform/widgets/AccessibleSlider.h"
 #include "platform/widgets/AccessibleTable.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MenuButton.h"
 
 namespace quorvi {
 
@@ -15,6 +17,8 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
         return std::make_unique<AccessibleTable>(qobject_cast<KyvarQuorviTableView*>(object)).release();
     if (className == QLatin1String(KyvarQuorviSlider::staticMetaObject.className()))
         return std::make_unique<AccessibleSlider>(qobject_cast<KyvarQuorviSlider*>(object)).release();
+    if (className == QLatin1String(MenuButton::staticMetaObject.className()))
+        return std::make_unique<AccessibleMenuButton>(qobject_cast<MenuButton*>(object)).release();
     return nullptr;
 }
 

@@ -37,6 +37,12 @@ void MenuButton::keyPressEvent(QKeyEvent* event) {
         QPushButton::keyPressEvent(event);
         return;
     }
+    pressByOthers();
+}
+
+void MenuButton::pressByOthers() {
+    if (!m_menu)
+        return;
     setDown(true);
     openMenu();
 }

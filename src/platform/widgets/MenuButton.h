@@ -18,6 +18,8 @@ class MenuButton : public QPushButton {
 
     /// The menu is somebody else's. nullptr leaves none. (That of QPushButton waits for the menu's end.)
     void setCommands(QMenu* menu);
+    /// Opens the menu, with its first item marked, for whoever does not use the mouse.
+    void pressByOthers();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
