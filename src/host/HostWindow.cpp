@@ -24,7 +24,7 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     layout->addWidget(m_list);
     layout->addWidget(m_stack, 1);
     for (const auto& pane : m_panes) {
-        m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
+        m_list->addItem(new QListWidgetItem(m_panes.size() > 1 ? pane->icon() : QIcon(), pane->name()));
         const PausedLayout paused(*pane->mainView());
         m_stack->addWidget(pane->mainView());
     }
@@ -57,10 +57,21 @@ void HostWindow::showPane(int index) {
         return;
     LoadedPane& pane = *m_panes[static_cast<std::size_t>(m_shown)];
     setWindowTitle(pane.name());
-    setWindowIcon(pane.icon());
+    if (m_hasBeenDrawn)
+        showIcon();
     m_list->setCurrentRow(m_shown);
     m_stack->setCurrentIndex(m_shown);
     pane.select();
+}
+
+void HostWindow::showIcon() {
+    setWindowIcon(m_shown < 0 ? QIcon() : m_panes[static_cast<std::size_t>(m_shown)]->icon());
+}
+
+void HostWindow::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (!std::exchange(m_hasBeenDrawn, true))
+        QMetaObject::invokeMethod(this, &HostWindow::showIcon, Qt::QueuedConnection);
 }
 
 void HostWindow::setVisible(bool visible) {

@@ -27,13 +27,19 @@ class HostWindow : public QMainWindow {
     void setVisible(bool visible) override;
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    /// Gives the window the shown pane's icon. The first time that is done when the window has been drawn,
+    /// which nobody has to wait for.
+    void showIcon();
+
     std::vector<std::unique_ptr<LoadedPane>> m_panes;
     QListWidget* m_list;
     QStackedWidget* m_stack;
     int m_shown = -1;
+    bool m_hasBeenDrawn = false;
 };
 
 } // namespace quorvi

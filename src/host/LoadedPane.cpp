@@ -46,7 +46,7 @@ std::unique_ptr<LoadedPane> LoadedPane::load(const QString& bundlePath, QString&
     std::unique_ptr<LoadedPane> loaded(new LoadedPane);
     loaded->m_name = infoText(bundle, "CFBundleName", QFileInfo(path).completeBaseName());
     const QString icon = infoText(bundle, "NSPrefPaneIconFile", QString());
-    loaded->m_icon = QIcon(QString::fromStdString(bundle.resourcePath()) + QLatin1Char('/') + icon);
+    loaded->m_iconFile = QString::fromStdString(bundle.resourcePath()) + QLatin1Char('/') + icon;
     loaded->m_pane = std::move(pane);
     return loaded;
 }

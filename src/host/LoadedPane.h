@@ -20,7 +20,8 @@ class LoadedPane {
     [[nodiscard]] static std::unique_ptr<LoadedPane> load(const QString& bundlePath, QString& error);
 
     [[nodiscard]] const QString& name() const { return m_name; }
-    [[nodiscard]] const QIcon& icon() const { return m_icon; }
+    /// Read anew each time: asking for the first icon lets Qt look through its plug-ins for pictures.
+    [[nodiscard]] QIcon icon() const { return QIcon(m_iconFile); }
     [[nodiscard]] QWidget* mainView() const { return m_pane->mainView(); }
 
     /// Tells the pane that it is shown (the first time also that its view has loaded). Idempotent.
@@ -32,7 +33,7 @@ class LoadedPane {
     LoadedPane() = default;
 
     QString m_name;
-    QIcon m_icon;
+    QString m_iconFile;
     std::unique_ptr<PreferencePane> m_pane;
     bool m_loaded = false;
     bool m_selected = false;

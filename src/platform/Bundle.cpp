@@ -4,7 +4,10 @@
 #include <filesystem>
 
 #include "platform/Languages.h"
+#include "plist/Limits.h"
+#include "plist/PlainTexts.h"
 #include "plist/Reader.h"
+#include "plist/RegularFile.h"
 #include "plist/Unicode.h"
 
 namespace quorvi {
@@ -34,6 +37,21 @@ std::vector<std::string> placesFor(const std::vector<std::string>& languages) {
     add("");
     add(std::string(kLastResort).append(kLocalisedFolder));
     return places;
+}
+
+/// The texts of a string table's file; none when it is no string table.
+plist::Texts textsOfFile(const std::string& path) {
+    plist::Data bytes;
+    if (plist::readRegularFile(path, plist::kMaxBytes, bytes) != plist::FileStatus::Ok)
+        return {};
+    if (auto plain = plist::readPlainTexts(bytes))
+        return std::move(*plain);
+    plist::Texts texts;
+    const auto content = plist::readPropertyList(bytes).dictionary();
+    for (const auto& [key, value] : content.entries())
+        if (const auto* text = value.string())
+            texts.emplace(plist::toUtf16(key), *text);
+    return texts;
 }
 
 } // namespace
@@ -87,12 +105,8 @@ std::string Bundle::executablePath() const {
 
 Bundle::StringTable Bundle::readTable(std::string_view table) const {
     StringTable texts;
-    for (const auto& resource : resourcesNamed(table, "strings", {})) {
-        const auto content = plist::readPropertyListFile(resource.path).value.dictionary();
-        for (const auto& [key, value] : content.entries())
-            if (const auto* text = value.string())
-                texts.emplace(plist::toUtf16(key), *text); // what a better place said stays
-    }
+    for (const auto& resource : resourcesNamed(table, "strings", {}))
+        texts.merge(textsOfFile(resource.path)); // what a better place said stays
     return texts;
 }
 

@@ -57,12 +57,39 @@ void renameSecondProfile(const OpenWindow& window, const QString& name) {
     QTest::keyClick(editor, Qt::Key_Return);
 }
 
+/// Counts how often the window was given an icon. Whether there is a picture in it is up to Qt's plug-ins.
+class IconCounter : public QObject {
+  public:
+    explicit IconCounter(QWidget& window) { window.installEventFilter(this); }
+    [[nodiscard]] int count() const { return m_count; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        m_count += watched->isWidgetType() && event->type() == QEvent::WindowIconChange ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    int m_count = 0;
+};
+
 } // namespace
 
 class ShowAndHideTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void theWindowGetsItsIconOnceItIsDrawn() {
+        const Session session;
+        const OpenWindow window;
+        const IconCounter icons(window.host());
+        QCOMPARE(icons.count(), 0);
+        QTRY_COMPARE(icons.count(), 1);
+        window.host().update();
+        QCoreApplication::processEvents();
+        QCOMPARE(icons.count(), 1);
+    }
+
     void hidingAndShowingTwice() {
         const Session session;
         const OpenWindow window;

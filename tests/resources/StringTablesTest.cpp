@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "plist/PlainTexts.h"
 #include "plist/Reader.h"
+#include "plist/Unicode.h"
 #include "resources/InterfaceFiles.h"
 #include "resources/StringTables.h"
 #include "support/Files.h"
@@ -31,6 +33,18 @@ TEST_P(StringTables, canBeReadAndHoldNothingButTexts) {
     ASSERT_EQ(contents.status, plist::FileStatus::Ok);
     EXPECT_EQ(m_table.size(), contents.value.dictionary().size());
     EXPECT_GT(m_table.size(), 300U);
+}
+
+// The window would be there later, and nobody would see why.
+TEST_P(StringTables, areOfTheFormThatIsReadFast) {
+    const std::string file = readFile(stringTablePath(GetParam()));
+    const auto texts =
+        plist::readPlainTexts({reinterpret_cast<const std::uint8_t*>(file.data()), file.size()});
+    ASSERT_TRUE(texts);
+    StringTable read;
+    for (const auto& [key, text] : *texts)
+        read.emplace(plist::toUtf8(key), plist::toUtf8(text));
+    EXPECT_EQ(read, m_table);
 }
 
 // The later one of two would count, and the translator wonder.

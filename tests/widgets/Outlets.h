@@ -20,7 +20,7 @@ inline constexpr const char* cancel = "actionButtonModalCancel:";
 inline constexpr Outlet outlets[] = {
     {"quorviTabsMain", "quorvi::TabView"},
     {"quorviTextProfile", "QLabel"},
-    {"quorviTextConnection", "QLabel"},
+    {"quorviTextConnection", "quorvi::WrappedLabel"},
     {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},
     {"quorviButtonCheckForUpdates", "QPushButton", "actionButtonCheckUpdates:"},
 
@@ -57,7 +57,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviButtonMacroAdd", "QPushButton", "actionButtonMacroAdd:"},
     {"quorviButtonMacroRemove", "QPushButton", "actionButtonMacroRemove:"},
     {"quorviButtonMacroGear", "quorvi::MenuButton", "actionButtonMacroGear:"},
-    {"quorviTabsShowHideSteps", "QStackedWidget"},
+    {"quorviTabsShowHideSteps", "quorvi::StackView"},
     {"quorviTableSteps", table, nullptr, 3},
     {"quorviButtonStepAdd", "QPushButton", "actionButtonStepAdd:"},
     {"quorviButtonStepRemove", "QPushButton", "actionButtonStepRemove:"},

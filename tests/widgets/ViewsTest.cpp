@@ -47,22 +47,33 @@ class ViewsTest : public QObject {
         QCOMPARE(table.tag(), 3);
     }
 
+    void tableLaysOutItsColumnsSoThatTheirTitlesFit_data() {
+        QTest::addColumn<bool>("modelComesFirst");
+        QTest::newRow("when it is shown") << true;
+        QTest::newRow("when its model comes") << false;
+    }
     void tableLaysOutItsColumnsSoThatTheirTitlesFit() {
+        QFETCH(bool, modelComesFirst);
         KyvarQuorviTableView table;
         table.setProperty("tag", 1);
+        table.setVisible(!modelComesFirst);
         QStandardItemModel model(1, 4);
         model.setHorizontalHeaderLabels(
             {"No.", "Profile", "Application", "Very long title of the last column"});
         table.setModel(&model);
+        table.show();
         const QHeaderView* header = table.horizontalHeader();
         QCOMPARE(header->sectionResizeMode(0), QHeaderView::Interactive);
         QCOMPARE(header->sectionResizeMode(1), QHeaderView::Stretch);
         QVERIFY(header->sectionSize(3) >=
                 header->fontMetrics().horizontalAdvance("Very long title of the last column"));
+        QVERIFY(header->height() >= header->sizeHint().height());
+        QCOMPARE(table.viewport()->geometry().top(), header->geometry().bottom() + 1);
     }
 
     void tableTakesAModelWithTooFewColumnsAndNone() {
         KyvarQuorviTableView table;
+        table.show();
         table.setProperty("tag", 1);
         QStandardItemModel model(1, 2);
         table.setModel(&model);

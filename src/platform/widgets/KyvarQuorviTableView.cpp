@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QVariant>
+#include <utility>
 
 namespace quorvi {
 
@@ -351,10 +352,24 @@ QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
 
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
-    layOutColumns();
+    if (m_hasBeenShown)
+        layOutColumns();
     if (model)
         connect(model, &QAbstractItemModel::modelReset, this, &KyvarQuorviTableView::showEmptyText);
     showEmptyText();
+}
+
+void KyvarQuorviTableView::updateGeometries() {
+    if (m_hasBeenShown)
+        QTableView::updateGeometries();
+}
+
+void KyvarQuorviTableView::showEvent(QShowEvent* event) {
+    if (!std::exchange(m_hasBeenShown, true)) {
+        layOutColumns();
+        updateGeometries();
+    }
+    QTableView::showEvent(event);
 }
 
 void KyvarQuorviTableView::layOutColumns() {

@@ -88,10 +88,14 @@ class KyvarQuorviTableView : public QTableView {
     /// Without a delegate the table does nothing on mouse buttons.
     void setDelegate(TableDelegate* delegate) { m_delegate = delegate; }
 
-    /// Lays the columns of the new model out as tableColumns() of this tag says.
+    /// Lays the columns of the new model out as tableColumns() of this tag says; a table that has not been
+    /// shown yet does so when it is.
     void setModel(QAbstractItemModel* model) override;
 
   protected:
+    /// Measures nothing before the first showing: titles need a font that nothing else in the window has.
+    void updateGeometries() override;
+    void showEvent(QShowEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     /// Tells assistive programs which cell the keys are for, which the focus of the table alone does not say.
@@ -132,6 +136,7 @@ class KyvarQuorviTableView : public QTableView {
     TableDelegate* m_delegate = nullptr;
     PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
     QLabel* m_emptyText;
+    bool m_hasBeenShown = false;
     bool m_rightPressWasTaken = false;
     Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
 };

@@ -13,7 +13,7 @@ class TabView : public QTabWidget {
     Q_OBJECT
 
   public:
-    explicit TabView(QWidget* parent = nullptr) : QTabWidget(parent) {}
+    explicit TabView(QWidget* parent = nullptr);
 
     /// As the inherited one, which lays the first page out as soon as it is added. It is what the interface
     /// compiler calls.
