@@ -1,5 +1,7 @@
 #include "helper/Helper.h"
 
+#include <utility>
+
 namespace quorvi {
 
 namespace {
@@ -27,7 +29,7 @@ Helper::Helper(EventBus& bus, SettingsFiles files) : m_bus(bus), m_settings(std:
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
         });
-    m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { removePanel(psn); });
+    m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { forget(psn); });
     m_object = SimulatedMouseObject::offer(m_bus, *this);
 }
 
@@ -72,8 +74,8 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
         reply.putInteger(keyDirectObject, m_settings.reload() ? 1 : 0);
         break;
     case kMessageRecording:
-        m_recording = parameter != 0;
-        reply.putInteger(keyDirectObject, m_recording ? 1 : 0);
+        setRecorder(parameter != 0 ? std::optional(sender) : std::nullopt);
+        reply.putInteger(keyDirectObject, recording() ? 1 : 0);
         break;
     default:
         break;
@@ -112,7 +114,27 @@ void Helper::addPanel(const ProcessSerialNumber& panel) {
 
 void Helper::removePanel(const ProcessSerialNumber& panel) {
     m_panels.erase(panel);
-    m_bus.unwatchProcess(panel);
+    unwatchUnlessNeeded(panel);
+}
+
+void Helper::setRecorder(std::optional<ProcessSerialNumber> recorder) {
+    const auto before = std::exchange(m_recorder, recorder);
+    if (before)
+        unwatchUnlessNeeded(*before);
+    if (m_recorder)
+        m_bus.watchProcess(*m_recorder);
+}
+
+/// A process that was killed has said neither that it is hidden nor that its recording is over.
+void Helper::forget(const ProcessSerialNumber& gone) {
+    m_panels.erase(gone);
+    if (m_recorder == gone)
+        m_recorder.reset();
+}
+
+void Helper::unwatchUnlessNeeded(const ProcessSerialNumber& process) {
+    if (m_panels.count(process) == 0 && m_recorder != process)
+        m_bus.unwatchProcess(process);
 }
 
 } // namespace quorvi

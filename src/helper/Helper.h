@@ -2,6 +2,7 @@
 // device what the panels' user has set.
 #pragma once
 
+#include <optional>
 #include <set>
 
 #include "helper/DeviceSettings.h"
@@ -24,7 +25,7 @@ class Helper : public SimulatedMouseDevice {
     void attach() override;
     void detach() override;
     [[nodiscard]] bool attached() const override { return m_attached; }
-    [[nodiscard]] bool recording() const override { return m_recording; }
+    [[nodiscard]] bool recording() const override { return m_recorder.has_value(); }
     [[nodiscard]] std::span<const std::uint8_t> record() const override { return m_settings.record(); }
 
   private:
@@ -33,6 +34,9 @@ class Helper : public SimulatedMouseDevice {
     void setAttached(bool attached);
     void addPanel(const ProcessSerialNumber& panel);
     void removePanel(const ProcessSerialNumber& panel);
+    void setRecorder(std::optional<ProcessSerialNumber> recorder);
+    void forget(const ProcessSerialNumber& gone);
+    void unwatchUnlessNeeded(const ProcessSerialNumber& process);
     void greetShownPanels();
 
     EventBus& m_bus;
@@ -40,7 +44,7 @@ class Helper : public SimulatedMouseDevice {
     std::unique_ptr<SimulatedMouseObject> m_object;
     std::set<ProcessSerialNumber> m_panels; ///< shown, and told of every change
     bool m_attached = true;                 ///< a simulated mouse is plugged in until someone unplugs it
-    bool m_recording = false;
+    std::optional<ProcessSerialNumber> m_recorder; ///< who records a macro; nobody records once it is gone
 };
 
 } // namespace quorvi

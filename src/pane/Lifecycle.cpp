@@ -15,21 +15,10 @@
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
-
-namespace {
-
-// Styles draw the texts of controls in the application's direction, not in the widget's: a full stop or a
-// Latin letter would end up on the wrong side of what is written from the right.
-QString inItsDirection(const QString& text) {
-    constexpr char16_t rightToLeftEmbedding = u'\u202B';
-    constexpr char16_t endOfEmbedding = u'\u202C';
-    return text.isRightToLeft() ? QChar(rightToLeftEmbedding) + text + QChar(endOfEmbedding) : text;
-}
-
-} // namespace
 
 KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 

@@ -10,8 +10,8 @@
 
 namespace quorvi::test {
 
-/// The middle of the slider's handle, in the slider's coordinates.
-[[nodiscard]] inline QPoint handleOf(const QSlider& slider) {
+/// The slider's handle, in the slider's coordinates.
+[[nodiscard]] inline QRect handleRectangle(const QSlider& slider) {
     QStyleOptionSlider option;
     option.initFrom(&slider);
     option.minimum = slider.minimum();
@@ -22,9 +22,11 @@ namespace quorvi::test {
     option.subControls = QStyle::SC_All;
     option.tickPosition = slider.tickPosition();
     option.tickInterval = slider.tickInterval();
-    return slider.style()
-        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider)
-        .center();
+    return slider.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider);
+}
+
+[[nodiscard]] inline QPoint handleOf(const QSlider& slider) {
+    return handleRectangle(slider).center();
 }
 
 /// Moves the pointer there with the left button down. QTest::mouseMove() moves the pointer of the display in

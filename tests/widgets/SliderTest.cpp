@@ -3,6 +3,7 @@
 #include "widgets/WidgetTestMain.h"
 
 #include <QSignalSpy>
+#include <QStyleFactory>
 #include <limits>
 
 using namespace quorvi;
@@ -214,6 +215,30 @@ class SliderTest : public QObject {
         m_slider->setValuesPerUnit(0);
         QCOMPARE(m_slider->valuesPerUnit(), 1);
         QCOMPARE(m_slider->floatValue(), 1500.0F);
+    }
+
+    void theHandleIsWholeInEachStyle_data() {
+        QTest::addColumn<QString>("style");
+        for (const QString& style : QStyleFactory::keys())
+            QTest::newRow(qPrintable(style)) << style;
+    }
+    void theHandleIsWholeInEachStyle() {
+        QFETCH(QString, style);
+        const std::unique_ptr<QStyle> own(QStyleFactory::create(style));
+        for (const auto ticks : {QSlider::NoTicks, QSlider::TicksBelow, QSlider::TicksAbove}) {
+            KyvarQuorviSlider slider;
+            slider.setStyle(own.get());
+            slider.setTickPosition(ticks);
+            for (const QSize size : {slider.sizeHint(), slider.minimumSizeHint()}) {
+                slider.resize(300, size.height());
+                const QRect handle = test::handleRectangle(slider);
+                QVERIFY2(handle.top() >= 0 && handle.bottom() < slider.height(),
+                    qPrintable(QString("%1 to %2 of %3")
+                                   .arg(handle.top())
+                                   .arg(handle.bottom())
+                                   .arg(slider.height())));
+            }
+        }
     }
 
   private:

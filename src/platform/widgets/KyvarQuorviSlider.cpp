@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -21,6 +22,24 @@ KyvarQuorviSlider::~KyvarQuorviSlider() {
 
 void KyvarQuorviSlider::setValuesPerUnit(int values) {
     m_valuesPerUnit = qMax(1, values);
+}
+
+// Some styles ask for less than their own handle takes beside tick marks, and cut it off. They draw it in the
+// middle, so that two more pixels move it by one.
+QSize KyvarQuorviSlider::withWholeHandle(QSize size) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto isCut = [&](int height) {
+        option.rect = QRect(0, 0, size.width(), height);
+        const QRect handle =
+            style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+        return handle.top() < 0 || handle.bottom() >= height;
+    };
+    constexpr int most = 8; // of what is added
+    int added = 0;
+    while (added < most && isCut(size.height() + added))
+        ++added;
+    return {size.width(), size.height() + added};
 }
 
 float KyvarQuorviSlider::floatValue() const {

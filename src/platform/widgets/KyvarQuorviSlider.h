@@ -26,6 +26,12 @@ class KyvarQuorviSlider : public QSlider {
     /// Sets the nearest whole value, within the range. A value that is no number sets the minimum.
     void setFloatValue(float value);
 
+    /// High enough for the whole handle.
+    [[nodiscard]] QSize sizeHint() const override { return withWholeHandle(QSlider::sizeHint()); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return withWholeHandle(QSlider::minimumSizeHint());
+    }
+
     /// The nearest whole step from the minimum, within the range.
     [[nodiscard]] int nearestStep(int value) const;
 
@@ -53,6 +59,7 @@ class KyvarQuorviSlider : public QSlider {
     void snapToStep(int action);
     void announceChoice(int newValue);
     void endMouseDown();
+    [[nodiscard]] QSize withWholeHandle(QSize size) const;
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     int m_valuesPerUnit = 1;

@@ -18,12 +18,12 @@ constexpr const char* tagProperty = "tag";
 /// The title of an item that shows another text.
 constexpr const char* wholeTitleProperty = "wholeTitle";
 QString titleForDisplay(const QString& title) {
-    QString shown = shownText(title);
+    QString shown = shownText(withoutDirection(title));
     // A tab would put what follows where the item's shortcut stands.
     for (QChar& character : shown)
         if (!character.isPrint() && !character.isSurrogate())
             character = QLatin1Char(' ');
-    return shown;
+    return inItsDirection(shown);
 }
 
 void copyProperties(const QObject& from, QObject& to) {

@@ -26,6 +26,30 @@ constexpr int widthInCharacters = 14;
 constexpr int iconSpacing = 4;
 constexpr int contentMargin = 2;
 
+/// Some styles mirror a combo box's text and forget its arrow, which then covers the text.
+bool coversTextWhenMirrored(const QStyle& style, const QStyleOptionComboBox& option, const QWidget* button) {
+    const auto place = [&](QStyle::SubControl part) {
+        return style.subControlRect(QStyle::CC_ComboBox, &option, part, button);
+    };
+    return option.direction == Qt::RightToLeft &&
+           place(QStyle::SC_ComboBoxEditField).contains(place(QStyle::SC_ComboBoxArrow).center());
+}
+
+/// Draws frame and arrow, with the arrow at the end of the line in every style.
+void drawFrame(QStylePainter& painter, const QStyleOptionComboBox& option, const QWidget& button) {
+    if (!coversTextWhenMirrored(*button.style(), option, &button)) {
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        return;
+    }
+    QStyleOptionComboBox turned = option;
+    turned.direction = Qt::LeftToRight;
+    painter.save();
+    painter.translate(option.rect.right() + option.rect.left() + 1, 0);
+    painter.scale(-1, 1);
+    painter.drawComplexControl(QStyle::CC_ComboBox, turned);
+    painter.restore();
+}
+
 } // namespace
 
 // The policy that says the same as sizeHint() would make the list view, which this button never shows.
@@ -223,7 +247,7 @@ void PopUpButton::paintEvent(QPaintEvent* /*event*/) {
     if (m_menu && m_menu->isVisible())
         option.state |= QStyle::State_Sunken | QStyle::State_On;
     option.currentText = titleThatFits(option);
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    drawFrame(painter, option, *this);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

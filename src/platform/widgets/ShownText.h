@@ -1,4 +1,5 @@
-// How much of a text is shown. A file may hold names of any length, and a megabyte takes seconds to lay out.
+// How texts are shown: how much of them, and from which side. A file may hold names of any length, and a
+// megabyte takes seconds to lay out.
 #pragma once
 
 #include <QString>
@@ -10,5 +11,12 @@ inline constexpr int longestShownText = 80;
 
 /// The text, or its beginning with an ellipsis behind it when it is too long. What is stored stays whole.
 [[nodiscard]] QString shownText(const QString& text);
+
+/// The text with the marks around it that have it read from the right, when that is how it begins. Styles
+/// draw the texts of controls and menus in the application's direction, not in the widget's: a full stop or a
+/// Latin letter would end up on the wrong side of what is written from the right.
+[[nodiscard]] QString inItsDirection(const QString& text);
+/// The text without such marks, wherever they are.
+[[nodiscard]] QString withoutDirection(QString text);
 
 } // namespace quorvi
