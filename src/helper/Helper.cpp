@@ -74,8 +74,10 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
         reply.putInteger(keyDirectObject, m_settings.reload() ? 1 : 0);
         break;
     case kMessageRecording:
-        setRecorder(parameter != 0 ? std::optional(sender) : std::nullopt);
-        reply.putInteger(keyDirectObject, recording() ? 1 : 0);
+        m_recording = parameter != 0;
+        // A command typed on the bus comes from a process that is gone at once: that says nothing.
+        setRecorder(m_recording && m_panels.count(sender) > 0 ? std::optional(sender) : std::nullopt);
+        reply.putInteger(keyDirectObject, m_recording ? 1 : 0);
         break;
     default:
         break;
@@ -128,8 +130,10 @@ void Helper::setRecorder(std::optional<ProcessSerialNumber> recorder) {
 /// A process that was killed has said neither that it is hidden nor that its recording is over.
 void Helper::forget(const ProcessSerialNumber& gone) {
     m_panels.erase(gone);
-    if (m_recorder == gone)
-        m_recorder.reset();
+    if (m_recorder != gone)
+        return;
+    m_recorder.reset();
+    m_recording = false;
 }
 
 void Helper::unwatchUnlessNeeded(const ProcessSerialNumber& process) {

@@ -25,7 +25,7 @@ class Helper : public SimulatedMouseDevice {
     void attach() override;
     void detach() override;
     [[nodiscard]] bool attached() const override { return m_attached; }
-    [[nodiscard]] bool recording() const override { return m_recorder.has_value(); }
+    [[nodiscard]] bool recording() const override { return m_recording; }
     [[nodiscard]] std::span<const std::uint8_t> record() const override { return m_settings.record(); }
 
   private:
@@ -44,7 +44,8 @@ class Helper : public SimulatedMouseDevice {
     std::unique_ptr<SimulatedMouseObject> m_object;
     std::set<ProcessSerialNumber> m_panels; ///< shown, and told of every change
     bool m_attached = true;                 ///< a simulated mouse is plugged in until someone unplugs it
-    std::optional<ProcessSerialNumber> m_recorder; ///< who records a macro; nobody records once it is gone
+    bool m_recording = false;
+    std::optional<ProcessSerialNumber> m_recorder; ///< the panel that records; nothing does once it is gone
 };
 
 } // namespace quorvi

@@ -49,16 +49,24 @@ TEST_F(LostRecorder, EndsItsRecordingAfterItWasHidden) {
 }
 
 TEST_F(LostRecorder, LeavesTheRecordingOfAnother) {
-    ASSERT_TRUE(tells(*recorder, kMessageRecording, 1, true));
     ASSERT_EQ(recorder->command(kMessagePaneShown, 1), noErr);
-    ASSERT_TRUE(tells(*other, kMessageRecording, 1, true));
+    ASSERT_TRUE(tells(*recorder, kMessageRecording, 1, true));
     ASSERT_EQ(other->command(kMessagePaneShown, 1), noErr);
+    ASSERT_TRUE(tells(*other, kMessageRecording, 1, true));
     ASSERT_EQ(other->countAfterLists(1), 1); // the other's recording came before it
     lose(recorder);
     other->catchUp();
     EXPECT_TRUE(isRecording());
     lose(other);
     EXPECT_TRUE(waitFor(*bus, [&] { return !isRecording(); }));
+}
+
+// As when somebody types the command.
+TEST_F(LostRecorder, KeepsTheRecordingOfAProgramThatOnlyCameToSaySo) {
+    ASSERT_TRUE(tells(*recorder, kMessageRecording, 1, true));
+    lose(recorder);
+    other->catchUp();
+    EXPECT_TRUE(isRecording());
 }
 
 // As a panel it is watched on.
