@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 
 #include "platform/PausedLayout.h"
@@ -16,6 +17,9 @@ constexpr QSize kInitialSize(760, 560);
 
 HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     : m_panes(std::move(panes)), m_list(new QListWidget(this)), m_stack(new QStackedWidget(this)) {
+    // Some styles align the items of menus by the application's direction.
+    if (!m_panes.empty())
+        QGuiApplication::setLayoutDirection(m_panes.front()->mainView()->layoutDirection());
     auto* content = new QWidget(this);
     setCentralWidget(content);
     auto* layout = new QHBoxLayout(content);

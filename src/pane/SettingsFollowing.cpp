@@ -4,7 +4,6 @@
 #include <QAbstractItemDelegate>
 #include <QApplication>
 #include <QMenu>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -17,8 +16,6 @@
 namespace quorvi {
 
 namespace {
-
-constexpr int kBelowTheHeader = 1; ///< of the main view's column
 
 /// The path as users write it, from their home folder.
 QString pathFromHome(const std::filesystem::path& path, const std::filesystem::path& home) {
@@ -75,11 +72,8 @@ void KyvarQuorviPane::followSettingsFileWhenFree() {
 void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
     if (!fMainView)
         return;
-    if (!fNotice) {
-        fNotice = new NoticeBar(locString(QStringLiteral("OK")), fMainView);
-        if (auto* column = qobject_cast<QVBoxLayout*>(fMainView->layout()))
-            column->insertWidget(kBelowTheHeader, fNotice);
-    }
+    if (!fNotice)
+        fNotice = new NoticeBar(locString(QStringLiteral("OK")), *fMainView);
     QString text =
         locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
                                  "use, the other ones are kept in ^1. To use those, close this panel and "

@@ -326,6 +326,28 @@ class SettingsFollowingTest : public QObject {
         QVERIFY(panel.notice()->text().contains(QStringLiteral("kept-2.plist")));
     }
 
+    void whatTheUserIsToldLiesOverTheHeadOfTheWindowWhole() {
+        Open panel;
+        QWidget& view = *panel.pane->mainView();
+        const QSize smallest = view.minimumSizeHint();
+        panel.rename();
+        panel.writeSettings(dark());
+        panel.selectTab(4);
+        panel.click("quorviBoxLightOnBattery");
+        QVERIFY(panel.notice());
+        const QWidget& bar = *panel.notice()->parentWidget();
+        for (const int width : {view.width(), view.width() + 300}) {
+            panel.window->resize(panel.window->width() + width - view.width(), panel.window->height());
+            QTRY_COMPARE(bar.geometry(), QRect(0, 0, width, bar.heightForWidth(width)));
+            QVERIFY(panel.notice()->height() >= panel.notice()->heightForWidth(panel.notice()->width()));
+            // The tabs can be chosen.
+            const QWidget& tabs = *panel.find<QTabWidget>("quorviTabsMain");
+            QVERIFY(bar.mapTo(&view, bar.rect().bottomLeft()).y() <
+                    tabs.mapTo(&view, QPoint()).y() + tabs.fontMetrics().height());
+        }
+        QCOMPARE(view.minimumSizeHint(), smallest);
+    }
+
     void hidingThePanelSavesTheOthersSettingsAndNotItsOwn() {
         Open panel;
         panel.writeSettings(dark());

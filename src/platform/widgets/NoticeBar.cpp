@@ -1,6 +1,7 @@
 #include "platform/widgets/NoticeBar.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -8,8 +9,8 @@
 
 namespace quorvi {
 
-NoticeBar::NoticeBar(const QString& buttonTitle, QWidget* parent)
-    : QFrame(parent), m_text(new QLabel), m_button(new QPushButton(buttonTitle)) {
+NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
+    : QFrame(&window), m_text(new QLabel), m_button(new QPushButton(buttonTitle)) {
     setFrameShape(QFrame::StyledPanel);
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::Text);
@@ -29,15 +30,29 @@ NoticeBar::NoticeBar(const QString& buttonTitle, QWidget* parent)
     row->addWidget(m_text, 1);
     row->addWidget(m_button);
     connect(m_button, &QPushButton::clicked, this, &QWidget::hide);
+    window.installEventFilter(this);
     hide();
 }
 
 void NoticeBar::tell(const QString& text) {
     m_text->setText(text);
+    place();
     show();
+    raise();
     m_button->setAccessibleDescription(text);
     QAccessibleEvent alert(m_text, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+bool NoticeBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize)
+        place();
+    return QFrame::eventFilter(watched, event);
+}
+
+void NoticeBar::place() {
+    const int width = parentWidget()->width();
+    setGeometry(0, 0, width, heightForWidth(width));
 }
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// A line above the tabs that tells the user something without asking for an answer.
+// A bar across the top of a window that tells the user something without asking for an answer.
 #pragma once
 
 #include <QFrame>
@@ -9,15 +9,21 @@ class QPushButton;
 namespace quorvi {
 
 /// Hidden until there is something to tell, and again after its one button; the panel can be used meanwhile.
+/// It lies over the head of the window and takes no room of its own: a long text in some language would make
+/// the window higher than a small screen.
 class NoticeBar : public QFrame {
   public:
-    explicit NoticeBar(const QString& buttonTitle, QWidget* parent = nullptr);
+    NoticeBar(const QString& buttonTitle, QWidget& window);
 
     /// Shows the text, in place of an earlier one, and has screen readers say it. It is plain text, which the
     /// user can select and copy.
     void tell(const QString& text);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    void place();
+
     QLabel* m_text;
     QPushButton* m_button;
 };
