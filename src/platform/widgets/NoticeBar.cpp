@@ -51,8 +51,9 @@ bool NoticeBar::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void NoticeBar::place() {
-    const int width = parentWidget()->width();
-    setGeometry(0, 0, width, heightForWidth(width));
+    const QRect window = parentWidget()->rect();
+    const int height = heightForWidth(window.width());
+    setGeometry(0, window.height() - height, window.width(), height);
 }
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// A bar across the top of a window that tells the user something without asking for an answer.
+// A bar across the foot of a window that tells the user something without asking for an answer.
 #pragma once
 
 #include <QFrame>
@@ -9,8 +9,8 @@ class QPushButton;
 namespace quorvi {
 
 /// Hidden until there is something to tell, and again after its one button; the panel can be used meanwhile.
-/// It lies over the head of the window and takes no room of its own: a long text in some language would make
-/// the window higher than a small screen.
+/// It lies over what is there and takes no room of its own, which would make the window higher than a small
+/// screen, and it leaves the tabs free.
 class NoticeBar : public QFrame {
   public:
     NoticeBar(const QString& buttonTitle, QWidget& window);
