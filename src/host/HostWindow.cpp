@@ -17,9 +17,6 @@ constexpr QSize kInitialSize(760, 560);
 
 HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     : m_panes(std::move(panes)), m_list(new QListWidget(this)), m_stack(new QStackedWidget(this)) {
-    // Some styles align the items of menus by the application's direction.
-    if (!m_panes.empty())
-        QGuiApplication::setLayoutDirection(m_panes.front()->mainView()->layoutDirection());
     auto* content = new QWidget(this);
     setCentralWidget(content);
     auto* layout = new QHBoxLayout(content);
@@ -66,6 +63,8 @@ void HostWindow::showPane(int index) {
     m_list->setCurrentRow(m_shown);
     m_stack->setCurrentIndex(m_shown);
     pane.select();
+    // Some styles align the items of menus by the application's direction.
+    QGuiApplication::setLayoutDirection(pane.mainView()->layoutDirection());
 }
 
 void HostWindow::showIcon() {

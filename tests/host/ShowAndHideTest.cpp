@@ -7,6 +7,7 @@
 #include "host/BundleWithOtherHelper.h"
 #include "host/OpenWindow.h"
 #include "host/Session.h"
+#include "support/EnvironmentVariable.h"
 #include "support/SessionTestMain.h"
 
 using namespace quorvi::test;
@@ -90,6 +91,17 @@ class ShowAndHideTest : public QObject {
         window.host().update();
         QCoreApplication::processEvents();
         QCOMPARE(icons.count(), 1);
+    }
+
+    // Some styles align menus by it.
+    void theApplicationIsReadFromTheSideThatItsPanelIsReadFrom() {
+        for (const auto& [locale, direction] :
+            {std::pair{"ar_EG.UTF-8", Qt::RightToLeft}, {"C.UTF-8", Qt::LeftToRight}}) {
+            const EnvironmentVariable language("LC_ALL", locale);
+            const Session session;
+            const OpenWindow window;
+            QCOMPARE(QGuiApplication::layoutDirection(), direction);
+        }
     }
 
     void hidingAndShowingTwice() {
