@@ -127,6 +127,7 @@ void KyvarQuorviPane::reloadTableViewDataQuietly(KyvarQuorviTableView* table) {
 }
 
 void KyvarQuorviPane::reloadData(KyvarQuorviTableView* table) {
+    table->completeModel();
     const int row = table->selectedRow();
     TableModel& model = *fTableModels[static_cast<std::size_t>(table->tag() - 1)];
     model.reload();

@@ -145,9 +145,9 @@ void KyvarQuorviPane::connectTables() {
     for (KyvarQuorviTableView* table : tables()) {
         auto& model = fTableModels[static_cast<std::size_t>(table->tag() - 1)];
         model = std::make_unique<TableModel>(this, table->tag());
-        table->setModel(model.get());
+        table->setModelLater(model.get());
         table->setDelegate(this);
-        connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        connect(table, &KyvarQuorviTableView::selectedRowChanged, this,
             [this, table] { tableViewSelectionDidChange(table); });
     }
     fViews->main.quorviTableSteps->setPopUpColumn(

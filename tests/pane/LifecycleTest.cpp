@@ -1,14 +1,17 @@
 // Loading, showing and hiding the pane.
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <QWindow>
 
+#include <array>
 #include <fstream>
 
 #include "assignment/EventPatch.h"
@@ -104,6 +107,25 @@ class LifecycleTest : public QObject {
         };
         QCOMPARE(titles("quorviMenuTop1"), titles("quorviMenuTop7"));
         QCOMPARE(titles("quorviMenuTop8"), titles("quorviMenuTop9"));
+    }
+
+    void listsThatNobodyNeedsYetDoNotDelayTheWindow() {
+        PaneFixture fixture;
+        fixture.load();
+        const std::array lists{"quorviTableProfiles", "quorviTableMacros", "quorviTableSteps"};
+        for (const char* list : lists)
+            QVERIFY2(!fixture.find<QTableView>(list)->model(), list);
+        fixture.openWith(PaneFixture::sampleTree());
+        for (const char* list : lists)
+            QVERIFY2(fixture.find<QTableView>(list)->model(), list);
+    }
+
+    void listsOpenedBeforeThereIsAMouseHaveTheirTitles() {
+        PaneFixture fixture;
+        fixture.load();
+        fixture.selectTab(2);
+        const auto* titles = fixture.find<QTableView>("quorviTableProfiles")->horizontalHeader();
+        QCOMPARE(titles->count(), 4);
     }
 
     void theGearMenusOpenWhenTheirButtonsArePressed_data() {

@@ -47,6 +47,58 @@ class ViewsTest : public QObject {
         QCOMPARE(table.tag(), 3);
     }
 
+    void tableWithoutNeedOfItsModelHasNoRowsYet() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModelLater(&model);
+        table.selectRowAlone(1);
+        QVERIFY(!table.model());
+        QCOMPARE(table.selectedRow(), -1);
+        table.completeModel();
+        QCOMPARE(table.model(), &model);
+        table.selectRowAlone(1);
+        QCOMPARE(table.selectedRow(), 1);
+        QStandardItemModel next(1, 1);
+        table.setModel(&next);
+        table.completeModel(); // what was awaited once is not any more
+        QCOMPARE(table.model(), &next);
+    }
+
+    void tableIsWholeWhenItIsShown() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModelLater(&model);
+        table.show();
+        QCOMPARE(table.model(), &model);
+        QCOMPARE(table.horizontalHeader()->count(), 2);
+        QStandardItemModel next(1, 1);
+        table.setModelLater(&next); // it will not be shown for the first time again
+        QCOMPARE(table.model(), &next);
+    }
+
+    void tableIsWholeForWhoeverReadsItOut() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModelLater(&model);
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&table);
+        QVERIFY(spoken && spoken->tableInterface());
+        QCOMPARE(spoken->tableInterface()->rowCount(), 3);
+        QCOMPARE(spoken->tableInterface()->columnCount(), 2);
+    }
+
+    void tableTellsOfEveryOtherSelectedRow() {
+        KyvarQuorviTableView table;
+        QStandardItemModel model(3, 2);
+        table.setModel(&model);
+        int selected = -2;
+        connect(&table, &KyvarQuorviTableView::selectedRowChanged, &table,
+            [&] { selected = table.selectedRow(); });
+        table.selectRowAlone(2);
+        QCOMPARE(selected, 2);
+        table.deselectAll();
+        QCOMPARE(selected, -1);
+    }
+
     void tableLaysOutItsColumnsSoThatTheirTitlesFit_data() {
         QTest::addColumn<bool>("modelComesFirst");
         QTest::newRow("when it is shown") << true;

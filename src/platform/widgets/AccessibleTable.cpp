@@ -19,7 +19,9 @@ void AccessibleTable::forgetChildren() {
 }
 
 KyvarQuorviTableView& AccessibleTable::table() const {
-    return static_cast<KyvarQuorviTableView&>(*widget());
+    auto& table = static_cast<KyvarQuorviTableView&>(*widget());
+    table.completeModel(); // a screen reader also looks at what nobody has opened yet
+    return table;
 }
 
 void* AccessibleTable::interface_cast(QAccessible::InterfaceType type) {

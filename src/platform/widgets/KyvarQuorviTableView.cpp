@@ -170,6 +170,7 @@ void KyvarQuorviTableView::selectionChanged(
     for (const QModelIndex& cell : selected.indexes())
         tellOfCell(cell, QAccessible::SelectionAdd);
     QAbstractItemView::selectionChanged(selected, deselected);
+    emit selectedRowChanged();
 }
 // NOLINTEND(bugprone-parent-virtual-call)
 
@@ -351,6 +352,7 @@ QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
 }
 
 void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
+    m_awaitedModel = nullptr;
     QTableView::setModel(model);
     if (m_hasBeenShown)
         layOutColumns();
@@ -359,12 +361,24 @@ void KyvarQuorviTableView::setModel(QAbstractItemModel* model) {
     showEmptyText();
 }
 
+void KyvarQuorviTableView::setModelLater(QAbstractItemModel* model) {
+    m_awaitedModel = model;
+    if (m_hasBeenShown)
+        completeModel();
+}
+
+void KyvarQuorviTableView::completeModel() {
+    if (m_awaitedModel)
+        setModel(m_awaitedModel);
+}
+
 void KyvarQuorviTableView::updateGeometries() {
     if (m_hasBeenShown)
         QTableView::updateGeometries();
 }
 
 void KyvarQuorviTableView::showEvent(QShowEvent* event) {
+    completeModel();
     if (!std::exchange(m_hasBeenShown, true)) {
         layOutColumns();
         updateGeometries();

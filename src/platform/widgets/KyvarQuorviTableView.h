@@ -64,7 +64,7 @@ class KyvarQuorviTableView : public QTableView {
 
     /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
     /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
-    /// that open other pop-ups, for the selected row. Must be called with the model set.
+    /// that open other pop-ups, for the selected row.
     void setPopUpColumn(int column, QMenu* menu);
 
     /// Whether the cell is such a pop-up.
@@ -91,6 +91,16 @@ class KyvarQuorviTableView : public QTableView {
     /// Lays the columns of the new model out as tableColumns() of this tag says; a table that has not been
     /// shown yet does so when it is.
     void setModel(QAbstractItemModel* model) override;
+    /// Has setModel() called when there is need of the model, which must live until then: to connect one
+    /// takes part of the time until the first window, also for tables that are not in it. Until then there is
+    /// no row and no selection. The first showing needs it; a table that has been shown gets it now.
+    void setModelLater(QAbstractItemModel* model);
+    /// For whoever else is to know of rows, of columns or of changes of them. Does nothing once that is done.
+    void completeModel();
+
+  signals:
+    /// Another row is selected, or none.
+    void selectedRowChanged();
 
   protected:
     /// Measures nothing before the first showing: titles need a font that nothing else in the window has.
@@ -133,6 +143,7 @@ class KyvarQuorviTableView : public QTableView {
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QPointer<QMenu> m_menu;
+    QPointer<QAbstractItemModel> m_awaitedModel; ///< null once it is the table's
     TableDelegate* m_delegate = nullptr;
     PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
     QLabel* m_emptyText;
