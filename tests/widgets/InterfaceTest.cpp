@@ -271,9 +271,9 @@ class InterfaceTest : public QObject {
     }
 
     void textsOfTheUserAreShownAsTheyStand() {
-        for (const QLabel* label : {m_interface->main.quorviTextProfile, m_interface->main.quorviTextDPI,
-                 m_interface->main.quorviTextFirmwareVersion, m_interface->main.quorviTextDriverVersion,
-                 m_interface->confirm.quorviTextConfirm})
+        for (const QLabel* label : std::initializer_list<QLabel*>{m_interface->main.quorviTextProfile,
+                 m_interface->main.quorviTextDPI, m_interface->main.quorviTextFirmwareVersion,
+                 m_interface->main.quorviTextDriverVersion, m_interface->confirm.quorviTextConfirm})
             QCOMPARE(label->textFormat(), Qt::PlainText);
     }
 

@@ -19,7 +19,7 @@ inline constexpr const char* cancel = "actionButtonModalCancel:";
 
 inline constexpr Outlet outlets[] = {
     {"quorviTabsMain", "quorvi::TabView"},
-    {"quorviTextProfile", "QLabel"},
+    {"quorviTextProfile", "quorvi::LineLabel"},
     {"quorviTextConnection", "quorvi::WrappedLabel"},
     {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},
     {"quorviButtonCheckForUpdates", "QPushButton", "actionButtonCheckUpdates:"},
@@ -34,9 +34,9 @@ inline constexpr Outlet outlets[] = {
     {"quorviMenuTop8", popUp, assignment},
     {"quorviMenuTop9", popUp, assignment},
 
-    {"quorviTextDPI", "QLabel"},
-    {"quorviTextXLabel", "QLabel"},
-    {"quorviTextYLabel", "QLabel"},
+    {"quorviTextDPI", "quorvi::LineLabel"},
+    {"quorviTextXLabel", "quorvi::LineLabel"},
+    {"quorviTextYLabel", "quorvi::LineLabel"},
     {"quorviSliderSensitivityX", slider, "actionSliderSensitivityX:"},
     {"quorviSliderSensitivityY", slider, "actionSliderSensitivityY:"},
     {"quorviBoxIndependentXY", "quorvi::CheckBox", "actionBoxIndependentXY:"},

@@ -1,0 +1,33 @@
+// A text of one line.
+#pragma once
+
+#include <QFontMetrics>
+#include <QLabel>
+
+#include <optional>
+
+namespace quorvi {
+
+/// A label whose text is never wrapped, without frame, margin and markup. It is measured once: the inherited
+/// label measures three times whether the width makes a difference, and that for every label of the window is
+/// felt before the first one is there.
+class LineLabel : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit LineLabel(QWidget* parent = nullptr) : QLabel(parent) {}
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  private:
+    struct Measured {
+        QString text;
+        int mnemonic; ///< Qt::TextShowMnemonic or 0
+        QFontMetrics font;
+        QSize size;
+    };
+    mutable std::optional<Measured> m_measured;
+};
+
+} // namespace quorvi

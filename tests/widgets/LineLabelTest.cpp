@@ -1,0 +1,75 @@
+#include "platform/widgets/LineLabel.h"
+#include "widgets/WidgetTestMain.h"
+
+#include <QLineEdit>
+
+#include <array>
+
+using namespace quorvi;
+
+/// What is measured once is what a label says that measures three times.
+class LineLabelTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init() {
+        for (QLabel* label : labels()) {
+            label->setFont(QFont());
+            label->setMinimumSize(0, 0);
+        }
+    }
+
+    void isAsLargeAsTheInheritedLabel() {
+        for (const char* text :
+            {"", " ", "X", "Left button", "&3  Wheel button", "Fast && loud", "Two\nlines"})
+            compare(text);
+        compare(QString(QChar(0x5DE)) + QChar(0x5D5));
+    }
+
+    void withABuddyTheMarkOfAKeyTakesNoRoom() {
+        QLineEdit buddy;
+        compare("&Macros");
+        const int before = m_line.sizeHint().width();
+        for (QLabel* label : labels())
+            label->setBuddy(&buddy);
+        for (const char* text : {"&Macros", "&3  Wheel button", "Fast && loud", "Macros"})
+            compare(text);
+        compare("&Macros");
+        QVERIFY(m_line.sizeHint().width() < before);
+    }
+
+    void isNeverSmallerThanItsMinimum() {
+        for (QLabel* label : labels())
+            label->setMinimumSize(300, 50);
+        compare("X");
+        QCOMPARE(m_line.sizeHint(), QSize(300, 50));
+    }
+
+    void followsItsFont() {
+        compare("Left button");
+        const int before = m_line.sizeHint().width();
+        QFont large;
+        large.setPointSizeF(large.pointSizeF() * 2);
+        for (QLabel* label : labels())
+            label->setFont(large);
+        compare("Left button");
+        QVERIFY(m_line.sizeHint().width() > before);
+    }
+
+  private:
+    std::array<QLabel*, 2> labels() { return {&m_plain, &m_line}; }
+
+    void compare(const QString& text) {
+        for (QLabel* label : labels())
+            label->setText(text);
+        QCOMPARE(m_line.sizeHint(), m_plain.sizeHint());
+        if (text == text.trimmed()) // the least that blanks at the end take is nothing
+            QCOMPARE(m_line.minimumSizeHint(), m_plain.minimumSizeHint());
+    }
+
+    QLabel m_plain;
+    LineLabel m_line;
+};
+
+QUORVI_WIDGET_TEST_MAIN(LineLabelTest)
+#include "LineLabelTest.moc"
