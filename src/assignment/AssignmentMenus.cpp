@@ -49,34 +49,53 @@ QAction& entryAt(QMenu& menu, const QList<QAction*>& existing, qsizetype index) 
     return index < existing.size() ? *existing[index] : *menu.addAction(QString());
 }
 
-/// Makes the items behind the fixed ones list the names; an entry sends what the first fixed item sends.
-template <typename Tag>
-void listInSubmenu(QMenu& submenu, PopUpButton& popUp, const plist::Array& list, const Tag& tagOf) {
+/// Makes the items behind the fixed ones list the entries; each sends what the first fixed item sends.
+void listInSubmenu(QMenu& submenu, PopUpButton& popUp, const std::vector<SubmenuEntry>& entries) {
     const QList<QAction*> existing = submenu.actions();
-    if (std::max(list.size(), static_cast<std::size_t>(existing.size())) > kLongestListChangedWhileOpen)
+    if (std::max(entries.size(), static_cast<std::size_t>(existing.size())) > kLongestListChangedWhileOpen)
         submenu.hide();
-    for (std::size_t index = 0; index < list.size(); ++index) {
-        const QString name = nameOf(list.dictionary(index));
-        QAction& entry = entryAt(submenu, existing, static_cast<qsizetype>(index) + kFixedSubmenuItems);
-        setTitleOfItem(entry, name.isEmpty() ? QStringLiteral("?") : name);
-        setTagOfItem(entry, tagOf(index));
-        entry.setProperty(kActionProperty, existing.front()->property(kActionProperty));
-        entry.setProperty(kRepresentedObject, QVariant::fromValue<QObject*>(&popUp));
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+        QAction& item = entryAt(submenu, existing, static_cast<qsizetype>(index) + kFixedSubmenuItems);
+        setTitleOfItem(item, entries[index].title);
+        setTagOfItem(item, entries[index].tag);
+        item.setProperty(kActionProperty, existing.front()->property(kActionProperty));
+        item.setProperty(kRepresentedObject, QVariant::fromValue<QObject*>(&popUp));
     }
-    for (auto index = existing.size() - 1; index >= static_cast<qsizetype>(list.size()) + kFixedSubmenuItems;
-         --index)
+    for (auto index = existing.size() - 1;
+         index >= static_cast<qsizetype>(entries.size()) + kFixedSubmenuItems; --index)
         delete existing[index];
 }
 
-/// Rebuilds the list behind the fixed items of every pop-up's submenu of the command.
+/// Rebuilds the list of the pop-up's submenu of the command. A menu that is not made yet gets its lists when
+/// it is.
+void rebuildSubmenu(PopUpButton& popUp, int command, const std::vector<SubmenuEntry>& entries) {
+    if (popUp.awaitsMenu())
+        return;
+    const QAction* item = popUp.itemWithTag(command);
+    if (item && item->menu())
+        listInSubmenu(*item->menu(), popUp, entries);
+}
+
+/// The entries of a list of profiles or of macros.
 template <typename Tag>
-void rebuildSubmenus(const std::array<PopUpButton*, kAssignmentCount>& popUps, int command,
-    const plist::Array& list, const Tag& tagOf) {
-    for (PopUpButton* popUp : popUps) {
-        const QAction* item = popUp->itemWithTag(command);
-        if (item && item->menu())
-            listInSubmenu(*item->menu(), *popUp, list, tagOf);
+std::vector<SubmenuEntry> entriesOf(const plist::Array& list, const Tag& tagOf) {
+    std::vector<SubmenuEntry> entries;
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        const QString name = nameOf(list.dictionary(index));
+        entries.push_back({name.isEmpty() ? QStringLiteral("?") : name, tagOf(index)});
     }
+    return entries;
+}
+
+/// The commands whose title says with what, while they are selected.
+constexpr std::array kDecorated{commands::switchToProfile, commands::runMacro, commands::singleKey};
+
+bool isDecorated(int command) {
+    return std::find(kDecorated.begin(), kDecorated.end(), command) != kDecorated.end();
+}
+
+QString plainTitleOf(const QAction& item) {
+    return item.property(kRepresentedObject).toString();
 }
 
 } // namespace
@@ -89,11 +108,18 @@ void KyvarQuorviPane::fillAssignmentMenus() {
         rememberItemTitles(*commands);
     for (int n = 1; n <= kAssignmentCount; ++n) {
         PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(n - 1)];
-        const QMenu* commands =
-            n <= kLastButton ? fViews->menus.quorviMenuCommands : fViews->menus.quorviMenuWheelCommands;
-        popUp->setMenuLike(*commands);
+        popUp->setMenuLike(commandsOf(n));
         popUp->setProperty("tag", n);
+        connect(popUp, &PopUpButton::menuMade, this, [this, popUp] {
+            rebuildSubmenu(*popUp, commands::runMacro, fListedMacros);
+            rebuildSubmenu(*popUp, commands::switchToProfile, fListedProfiles);
+        });
     }
+}
+
+const QMenu& KyvarQuorviPane::commandsOf(int assignment) const {
+    return assignment <= kLastButton ? *fViews->menus.quorviMenuCommands
+                                     : *fViews->menus.quorviMenuWheelCommands;
 }
 
 QString KyvarQuorviPane::assignmentTitle(
@@ -131,29 +157,33 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
         popUp->setEnabled(
             hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
     }
-    constexpr std::array decorated{commands::switchToProfile, commands::runMacro, commands::singleKey};
-    const bool isDecorated = std::find(decorated.begin(), decorated.end(), command) != decorated.end();
+    std::optional<QString> title;
+    if (const QAction* item =
+            isDecorated(command) ? selectableItemWithTag(commandsOf(assignment), command) : nullptr)
+        title = assignmentTitle(record, plainTitleOf(*item));
     // The titles of a menu that nobody has asked for are the plain ones, and asking for an item would make
     // it.
-    if (isDecorated || !popUp->awaitsMenu())
-        for (const int decoratedCommand : decorated)
-            if (QAction* item = popUp->itemWithTag(decoratedCommand)) {
-                const QString plain = item->property(kRepresentedObject).toString();
-                setTitleOfItem(*item, decoratedCommand == command ? assignmentTitle(record, plain) : plain);
-            }
-    if (!popUp->selectItemWithTag(command))
+    if (!popUp->awaitsMenu())
+        for (const int other : kDecorated)
+            if (QAction* item = popUp->itemWithTag(other); item && other != command)
+                setTitleOfItem(*item, plainTitleOf(*item));
+    if (!popUp->selectItemWithTag(command, title))
         popUp->selectItemWithTag(commands::noFunction);
 }
 
 void KyvarQuorviPane::updateMacrosSubmenu() {
     const plist::Array macros = fDeviceConfig.array(keys::macros);
-    rebuildSubmenus(fAssignmentMenus, commands::runMacro, macros,
-        [&](std::size_t index) { return macros.dictionary(index).integer(keys::macroId); });
+    fListedMacros =
+        entriesOf(macros, [&](std::size_t index) { return macros.dictionary(index).integer(keys::macroId); });
+    for (PopUpButton* popUp : fAssignmentMenus)
+        rebuildSubmenu(*popUp, commands::runMacro, fListedMacros);
 }
 
 void KyvarQuorviPane::updateProfilesSubmenu() {
-    rebuildSubmenus(fAssignmentMenus, commands::switchToProfile, fDeviceConfig.array(keys::profiles),
+    fListedProfiles = entriesOf(fDeviceConfig.array(keys::profiles),
         [](std::size_t index) { return static_cast<std::int32_t>(index); });
+    for (PopUpButton* popUp : fAssignmentMenus)
+        rebuildSubmenu(*popUp, commands::switchToProfile, fListedProfiles);
 }
 
 } // namespace quorvi

@@ -62,6 +62,12 @@ void HostWindow::showPane(int index) {
         showIcon();
     m_list->setCurrentRow(m_shown);
     m_stack->setCurrentIndex(m_shown);
+    if (isVisible())
+        selectPane();
+}
+
+void HostWindow::selectPane() {
+    LoadedPane& pane = *m_panes[static_cast<std::size_t>(m_shown)];
     pane.select();
     // Some styles align the items of menus by the application's direction.
     QGuiApplication::setLayoutDirection(pane.mainView()->layoutDirection());
@@ -81,6 +87,10 @@ void HostWindow::setVisible(bool visible) {
     if (visible && m_shown < 0)
         showPane(0);
     QMainWindow::setVisible(visible);
+    // Behind the window's call to come to the screen, which takes the display a while: the pane looks for its
+    // helper meanwhile. Nothing is drawn before this returns.
+    if (visible && m_shown >= 0)
+        selectPane();
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {

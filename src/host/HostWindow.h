@@ -31,6 +31,7 @@ class HostWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void selectPane();
     /// Gives the window the shown pane's icon. The first time that is done when the window has been drawn,
     /// which nobody has to wait for.
     void showIcon();

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
@@ -51,6 +52,12 @@ inline constexpr int kAssignmentCount = 9;
 
 /// The numbers of an assignment by their keys.
 using AssignmentValues = std::initializer_list<std::pair<std::string_view, std::int32_t>>;
+
+/// An entry of the lists of profiles and of macros in the assignment menus.
+struct SubmenuEntry {
+    QString title;
+    std::int32_t tag; ///< a profile's position from 0, a macro's identifier
+};
 
 class KyvarQuorviPane final : public QObject, public PreferencePane, private TableDelegate {
     Q_OBJECT
@@ -260,6 +267,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
     void fillAssignmentMenus();
+    [[nodiscard]] const QMenu& commandsOf(int assignment) const;
     [[nodiscard]] QString assignmentTitle(
         const plist::Dictionary& assignment, const QString& plainTitle) const;
     [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
@@ -267,6 +275,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Shows the captured key in the single-key panel.
     void showSingleKey();
     void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
+    /// Names the keys, and from then on by the layout in use; once.
+    void followKeyboardLayout();
     /// Reads the names of the keys from the layout in use.
     void nameKeys();
     /// Shows every key by its name on the layout that is in use now.
@@ -354,8 +364,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     ModalSessions fModalSessions;
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
+    std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null before followKeyboardLayout()
 
     bool fPanelIsFront = false;
+    bool fKeysAreNamed = false;
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
@@ -367,6 +379,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};
     std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
+    std::vector<SubmenuEntry> fListedProfiles; ///< in the pop-ups, as of the last rebuild
+    std::vector<SubmenuEntry> fListedMacros;   ///< likewise
     QString fStringRecord;
     QString fStringStop;
     QString fStringRecordDescription; ///< what screen readers say of the record button

@@ -66,10 +66,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
-    if (fServices.keyboardLayout)
-        connect(fServices.keyboardLayout.get(), &KeyboardLayoutWatcher::layoutChanged, this,
-            &KyvarQuorviPane::keyboardLayoutDidChange);
-    nameKeys();
     startHelper();
     fillAssignmentMenus();
     followLanguage();
@@ -82,9 +78,25 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fStringNoMacro = fViews->main.textNoMacro->text();
     fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
-    // Nobody has to wait for this.
+    // Nobody has to wait for this: it is done while the window is on its way to the screen.
     QMetaObject::invokeMethod(
-        this, [this] { removeLeftovers(fSettingsFile.path(), fServices.files); }, Qt::QueuedConnection);
+        this,
+        [this] {
+            followKeyboardLayout();
+            removeLeftovers(fSettingsFile.path(), fServices.files);
+        },
+        Qt::QueuedConnection);
+}
+
+void KyvarQuorviPane::followKeyboardLayout() {
+    if (std::exchange(fKeysAreNamed, true))
+        return;
+    if (fServices.watchKeyboardLayout) {
+        fKeyboardLayout = fServices.watchKeyboardLayout();
+        connect(fKeyboardLayout.get(), &KeyboardLayoutWatcher::layoutChanged, this,
+            &KyvarQuorviPane::keyboardLayoutDidChange);
+    }
+    nameKeys();
 }
 
 void KyvarQuorviPane::nameKeys() {

@@ -23,8 +23,9 @@ struct PaneServices {
     std::unique_ptr<EventBus> bus;              ///< null without a session bus: nothing is sent then
     std::unique_ptr<Workspace> workspace;       ///< never null
     std::unique_ptr<LoginItemStore> loginItems; ///< never null
-    /// Null: keys are named by whatever layout is the current one when the pane is loaded.
-    std::unique_ptr<KeyboardLayoutWatcher> keyboardLayout;
+    /// Called once, before the first key is named. Empty: keys are named by whatever layout is the current
+    /// one then.
+    std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout;
     /// What recordings take the time from, in seconds; never empty.
     std::function<double()> clock = steadySeconds;
 };

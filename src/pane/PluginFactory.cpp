@@ -24,7 +24,8 @@ std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundleP
         .workspace = std::make_unique<DesktopWorkspace>(),
         .loginItems =
             std::make_unique<AutostartLoginItemStore>(userAutostartFolder().value_or(""), executableOf),
-        .keyboardLayout = std::make_unique<KeyboardLayoutWatcher>(keyboardLayoutOfQtPlatform()),
+        .watchKeyboardLayout =
+            [] { return std::make_unique<KeyboardLayoutWatcher>(keyboardLayoutOfQtPlatform()); },
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
 
@@ -34,7 +35,9 @@ class SingleKeyCaptureTest : public QObject {
             clickButton(outlet<QAbstractButton>(dialog, closing));
             closed = true;
         });
-        for (QAction* item : m_window->find("quorviMenuTop2")->findChildren<QAction*>())
+        auto* popUp = m_window->find<QComboBox>("quorviMenuTop2");
+        popUp->showPopup();
+        for (QAction* item : popUp->findChildren<QAction*>())
             if (item->property("tag") == kSingleKeyCommand)
                 item->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(closed && !sheet()->isVisible(), kWindowPatienceMs);

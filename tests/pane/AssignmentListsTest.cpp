@@ -186,12 +186,29 @@ class AssignmentListsTest : public QObject {
         QCOMPARE(fixture.shown(3), shown);
     }
 
+    void noMenuIsMadeToShowWhatIsAssigned() {
+        AssignmentFixture fixture;
+        fixture.openWithInput(3, {{"command", commands::runMacro}, {"param1", 3}});
+        for (int input = 1; input <= 9; ++input)
+            QVERIFY(fixture.popUp(input)->awaitsMenu());
+        QCOMPARE(fixture.shown(3), QStringLiteral("Macro: World"));
+        // Made now, it is as if it had been there from the start.
+        QCOMPARE(titlesOf(fixture.list(3, commands::runMacro)).mid(2), QStringList({"Hello", "World"}));
+        const QAction* item = fixture.popUp(3)->itemWithTag(commands::runMacro);
+        QCOMPARE(titleOfItem(*item), QStringLiteral("Macro: World"));
+        QCOMPARE(fixture.popUp(3)->selectedItem(), item);
+        AssignmentFixture::setInput(fixture.pane->deviceConfig(), 3, {{"command", commands::singleKey}});
+        fixture.pane->updateUI();
+        QCOMPARE(titleOfItem(*item), QStringLiteral("Run Macro"));
+    }
+
     void titlesMayBeStaleUntilTheListsAreRebuilt() {
         AssignmentFixture fixture;
         fixture.open();
         fixture.pane->deviceConfig().array("macros").dictionary(0).set("name", u"New");
         fixture.pane->updateUI();
         QCOMPARE(titlesOf(fixture.list(1, commands::runMacro)).at(2), QStringLiteral("Hello"));
+        QCOMPARE(titlesOf(fixture.list(2, commands::runMacro)).at(2), QStringLiteral("Hello"));
         fixture.pane->updateMacrosSubmenu();
         QCOMPARE(titlesOf(fixture.list(1, commands::runMacro)).at(2), QStringLiteral("New"));
         fixture.pane->deviceConfig().array("profiles").append(assignment({{"name", u"Third"}}));

@@ -35,7 +35,7 @@ plist::Dictionary treeWithSingleKey() {
 
 /// A panel that names keys by the layout of that display, whichever one its window is on.
 PaneOptions followingLayoutOf(const VirtualDisplay& display) {
-    return {.keyboardLayout = [&display] {
+    return {.watchKeyboardLayout = [&display] {
         const EnvironmentVariable variable("DISPLAY", display.name());
         return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
     }};

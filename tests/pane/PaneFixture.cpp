@@ -66,7 +66,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
         .workspace = std::make_unique<RecordingWorkspace>(opened),
         .loginItems = std::make_unique<AutostartLoginItemStore>(
             home.filePath(QStringLiteral("autostart")).toStdString(), executableOf),
-        .keyboardLayout = options.keyboardLayout ? options.keyboardLayout() : nullptr,
+        .watchKeyboardLayout = options.watchKeyboardLayout,
         .clock = options.clock,
     });
     window = std::make_unique<QWidget>();

@@ -31,7 +31,7 @@ struct PaneOptions {
     bool helper = true; ///< a recording helper runs before the panel is made
     bool bus = true;    ///< there is a session bus
     /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
-    std::function<std::unique_ptr<KeyboardLayoutWatcher>()> keyboardLayout = nullptr;
+    std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
     FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
     std::function<double()> clock = steadySeconds;

@@ -401,6 +401,54 @@ class PopUpButtonTest : public QObject {
         QCOMPARE(m_button->menu()->activeAction(), m_button->itemWithTag(10));
     }
 
+    void anAwaitedItemHasTheTitleThatItWasGiven() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        m_button->setMenuLike(*original);
+        QVERIFY(m_button->selectItemWithTag(20, QString("Beta: one & two\nthree")));
+        QVERIFY(m_button->awaitsMenu());
+        QCOMPARE(m_button->currentText(), QString("Beta: one & two three"));
+        QCOMPARE(titleOfItem(*selectableItemWithTag(*original, 20)), QString("Beta"));
+
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(20)), QString("Beta: one & two\nthree"));
+        QCOMPARE(m_button->selectedTag(), 20);
+        QCOMPARE(m_button->currentText(), QString("Beta: one & two three"));
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(10)), QString("Alpha"));
+    }
+
+    void theNextSelectionWithoutATitleShowsTheOriginals() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        m_button->setMenuLike(*original);
+        (void)m_button->selectItemWithTag(20, QString("Other"));
+        (void)m_button->selectItemWithTag(20);
+        QCOMPARE(m_button->currentText(), QString("Beta"));
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(20)), QString("Beta"));
+    }
+
+    void aSelectionGivesAnItemThatIsThereItsTitle() {
+        QVERIFY(m_button->selectItemWithTag(10, QString("First")));
+        QCOMPARE(m_button->currentText(), QString("First"));
+        QCOMPARE(titleOfItem(*m_button->itemWithTag(10)), QString("First"));
+        QVERIFY(!m_button->selectItemWithTag(99, QString("None")));
+        QCOMPARE(m_button->currentText(), QString());
+    }
+
+    void tellsOnceThatTheAwaitedMenuIsThere() {
+        const std::unique_ptr<QMenu> original(createMenu());
+        m_button->setMenuLike(*original);
+        (void)m_button->selectItemWithTag(20);
+        int told = 0;
+        connect(m_button.get(), &PopUpButton::menuMade, m_button.get(), [&] {
+            ++told;
+            QVERIFY(!m_button->awaitsMenu());
+            QCOMPARE(m_button->selectedTag(), 20);
+            m_button->menu()->addAction("One more");
+        });
+        QCOMPARE(told, 0);
+        QCOMPARE(titleOfItem(*m_button->items().last()), QString("One more"));
+        (void)m_button->menu();
+        QCOMPARE(told, 1);
+    }
+
     void anAwaitedMenuShowsNothingForAnUnknownTag() {
         const std::unique_ptr<QMenu> original(createMenu());
         m_button->setMenuLike(*original);

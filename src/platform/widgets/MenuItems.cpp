@@ -17,15 +17,6 @@ namespace {
 constexpr const char* tagProperty = "tag";
 /// The title of an item that shows another text.
 constexpr const char* wholeTitleProperty = "wholeTitle";
-QString titleForDisplay(const QString& title) {
-    QString shown = shownText(withoutDirection(title));
-    // A tab would put what follows where the item's shortcut stands.
-    for (QChar& character : shown)
-        if (!character.isPrint() && !character.isSurrogate())
-            character = QLatin1Char(' ');
-    return inItsDirection(shown);
-}
-
 void copyProperties(const QObject& from, QObject& to) {
     to.setObjectName(from.objectName());
     for (const QByteArray& name : from.dynamicPropertyNames())
@@ -89,8 +80,17 @@ QString shownTitleOfItem(const QAction& item) {
     return title;
 }
 
+QString shownTitle(const QString& title) {
+    QString shown = shownText(withoutDirection(title));
+    // A tab would put what follows where the item's shortcut stands.
+    for (QChar& character : shown)
+        if (!character.isPrint() && !character.isSurrogate())
+            character = QLatin1Char(' ');
+    return inItsDirection(shown);
+}
+
 void setTitleOfItem(QAction& item, const QString& title) {
-    QString text = titleForDisplay(title);
+    QString text = shownTitle(title);
     item.setProperty(wholeTitleProperty, text == title ? QVariant() : QVariant(title));
     item.setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
 }

@@ -30,6 +30,8 @@ void setTagOfItem(QAction& item, int tag);
 /// The title as the menu shows it: on one line, and cut with dots behind 80 UTF-16 units, because a name may
 /// be as long as a file.
 [[nodiscard]] QString shownTitleOfItem(const QAction& item);
+/// What an item with that title shows.
+[[nodiscard]] QString shownTitle(const QString& title);
 /// Gives the item the title: "&" is shown, and marks no key. titleOfItem() gives it back unchanged.
 void setTitleOfItem(QAction& item, const QString& title);
 

@@ -66,7 +66,7 @@ void PopUpButton::setMenu(QMenu* menu) {
     if (menu && menu == m_menu)
         return;
     m_original = nullptr;
-    m_awaitedTag.reset();
+    m_awaited.reset();
     selectItem(nullptr);
     delete m_menu;
     if (menu)
@@ -90,8 +90,9 @@ QMenu* PopUpButton::menu() {
     if (m_original) {
         adopt(*copyOfMenu(*m_original).release());
         m_original = nullptr;
-        if (const auto tag = std::exchange(m_awaitedTag, std::nullopt))
-            selectItemWithTag(*tag);
+        if (const auto awaited = std::exchange(m_awaited, std::nullopt))
+            selectItemWithTag(awaited->tag, awaited->title);
+        emit menuMade();
     }
     return m_menu;
 }
@@ -135,14 +136,20 @@ void PopUpButton::selectItem(QAction* item) {
     showSelectedTitle();
 }
 
-bool PopUpButton::selectItemWithTag(int tag) {
+bool PopUpButton::selectItemWithTag(int tag, const std::optional<QString>& title) {
     if (m_original) {
         const QAction* item = selectableItemWithTag(*m_original, tag);
-        m_awaitedTag = item ? std::optional(tag) : std::nullopt;
-        showTitle(item);
+        m_awaited = item ? std::optional(AwaitedItem{tag, title}) : std::nullopt;
+        if (item && title)
+            showText(shownTitle(*title));
+        else
+            showTitle(item);
         return item != nullptr;
     }
-    selectItem(itemWithTag(tag));
+    QAction* item = itemWithTag(tag);
+    if (item && title)
+        setTitleOfItem(*item, *title);
+    selectItem(item);
     return m_selected != nullptr;
 }
 
@@ -160,12 +167,17 @@ void PopUpButton::showSelectedTitle() {
 }
 
 void PopUpButton::showTitle(const QAction* item) {
-    if (!item)
-        clear();
-    else if (count() == 0)
-        addItem(shownTitleOfItem(*item));
+    if (item)
+        showText(shownTitleOfItem(*item));
     else
-        setItemText(0, shownTitleOfItem(*item));
+        clear();
+}
+
+void PopUpButton::showText(const QString& title) {
+    if (count() == 0)
+        addItem(title);
+    else
+        setItemText(0, title);
 }
 
 // The group that holds the selected item is marked too, so that the way to it shows in the opened menu.

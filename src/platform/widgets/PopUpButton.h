@@ -24,8 +24,8 @@ class PopUpButton : public QComboBox {
     /// Takes ownership of the menu, deletes the one before and selects nothing. nullptr leaves no menu.
     void setMenu(QMenu* menu);
     /// As setMenu() with a copy of that menu. The copy is made when somebody first asks for the menu or an
-    /// item; until then the button shows what is selected by its tag with the original's title. The original
-    /// must not change before; when it dies before, there is no menu.
+    /// item; until then the button shows what is selected by its tag with the original's title, or with the
+    /// one that it was given. The original must not change before; when it dies before, there is no menu.
     void setMenuLike(const QMenu& original);
     [[nodiscard]] QMenu* menu();
     /// The items are still those of the original, because nobody has asked for one.
@@ -46,8 +46,9 @@ class PopUpButton : public QComboBox {
     /// Selects and shows the item, and follows its title from then on. nullptr, and an item that is not one
     /// of items(), select none and show nothing. Emits nothing.
     void selectItem(QAction* item);
-    /// Selects the item with the tag, or none when no item has it; false then.
-    bool selectItemWithTag(int tag);
+    /// Selects the item with the tag, or none when no item has it; false then. A title is the item's own from
+    /// then on.
+    bool selectItemWithTag(int tag, const std::optional<QString>& title = std::nullopt);
 
     /// Of a fixed number of characters, whatever is selected.
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
@@ -57,6 +58,9 @@ class PopUpButton : public QComboBox {
     void hidePopup() override;
 
   signals:
+    /// The awaited copy is there, with its selection, and is still what the original is: who lists further
+    /// items in it does so now.
+    void menuMade();
     /// The user chose an item of items(), which is selected now; also when it was selected before.
     void itemChosen(QAction* item);
     /// The user chose an item of the list under a tagged item, which changes nothing by itself.
@@ -77,11 +81,16 @@ class PopUpButton : public QComboBox {
     void showSelectedTitle();
     void markSelectedItem();
     void showTitle(const QAction* item);
+    void showText(const QString& title);
     void adopt(QMenu& menu);
     [[nodiscard]] QString titleThatFits(const QStyleOptionComboBox& option) const;
 
     QPointer<const QMenu> m_original; ///< of the menu that has yet to be made
-    std::optional<int> m_awaitedTag;  ///< of the item to be selected in it
+    struct AwaitedItem {
+        int tag;
+        std::optional<QString> title;
+    };
+    std::optional<AwaitedItem> m_awaited; ///< what is to be selected in it
     QPointer<QMenu> m_menu;
     QPointer<QAction> m_selected;
 };
