@@ -29,7 +29,7 @@ class Program {
         settings.array("profiles").dictionary(0).dictionary("buttons").set("02", button);
         session.home.writeSettings(settings);
         process = session.startSettings();
-        m_window = idOf({"--pid", std::to_string(process->pid())});
+        m_window = visibleWindowOf(process->pid());
         if (!QTest::qWaitFor([this] { return session.home.deviceListHasCome(); }, kWindowPatienceMs))
             qFatal("the device list does not come");
         require(xdotool({"windowactivate", "--sync", m_window}));
@@ -39,7 +39,7 @@ class Program {
     void openSheet() {
         require(xdotool({"key", "alt+2"}));
         require(xdotool({"key", "space", "Return"})); // the menu stands on the chosen item
-        m_sheet = idOf({"--name", "^Press Key$"});
+        m_sheet = visibleWindow({"--name", "^Press Key$"});
         // Only then look for its grab: looking means to take the keyboard for a moment.
         require(xdotool({"windowactivate", "--sync", m_sheet}));
         if (!QTest::qWaitFor([this] { return !other.canTakeKeyboard(); }, kWindowPatienceMs))
@@ -74,13 +74,6 @@ class Program {
     static void require(const std::optional<std::string>& output) {
         if (!output)
             qFatal("xdotool fails");
-    }
-    static std::string idOf(const std::vector<std::string>& what) {
-        std::vector<std::string> command{"search", "--sync", "--onlyvisible"};
-        command.insert(command.end(), what.begin(), what.end());
-        const auto ids = xdotool(command);
-        require(ids);
-        return ids->substr(0, ids->find('\n'));
     }
 
     std::string m_window;

@@ -15,12 +15,6 @@ namespace {
 
 constexpr int kDeviceTab = 4;
 
-/// The id of the program's window, once it is on the screen.
-std::optional<std::string> windowOf(const ChildProcess& program) {
-    const auto ids = xdotool({"search", "--sync", "--onlyvisible", "--pid", std::to_string(program.pid())});
-    return ids ? std::optional(ids->substr(0, ids->find('\n'))) : std::nullopt;
-}
-
 } // namespace
 
 class DisplayTest : public QObject {
@@ -36,12 +30,11 @@ class DisplayTest : public QObject {
         const Session session;
         session.home.awaitDeviceList();
         const auto program = session.startSettings();
-        const auto window = windowOf(*program);
-        QVERIFY(window);
+        const auto window = visibleWindowOf(program->pid());
         QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
         QTRY_COMPARE_WITH_TIMEOUT(session.recordByte(kFirstProfileLights), 3, kWindowPatienceMs);
         const auto before = session.record();
-        QVERIFY(xdotool({"windowactivate", "--sync", *window}));
+        QVERIFY(xdotool({"windowactivate", "--sync", window}));
         QVERIFY(xdotool({"key", "--repeat", std::to_string(kDeviceTab), "ctrl+Tab"}));
         QVERIFY(xdotool({"key", "alt+w"})); // the key of "Light on the wheel"
         QTRY_COMPARE_WITH_TIMEOUT(session.home.savedLights(), 2, kWindowPatienceMs);
@@ -55,10 +48,9 @@ class DisplayTest : public QObject {
         const Session session;
         const QTemporaryDir nowhere;
         const auto program = session.startSettings({}, withoutSessionBus(nowhere));
-        const auto window = windowOf(*program);
-        QVERIFY(window);
+        const auto window = visibleWindowOf(program->pid());
         QVERIFY(program->isRunning());
-        QVERIFY(xdotool({"windowactivate", "--sync", *window}));
+        QVERIFY(xdotool({"windowactivate", "--sync", window}));
         QVERIFY(xdotool({"key", "ctrl+q"}));
         QCOMPARE(program->wait(), std::optional(0));
     }

@@ -59,11 +59,7 @@ OpenProgram::OpenProgram(
     if (!bundlePath.isEmpty())
         arguments.push_back(bundlePath.toStdString());
     m_program = session.startSettings(arguments, environment);
-    const auto found =
-        xdotool({"search", "--sync", "--onlyvisible", "--pid", std::to_string(m_program->pid())});
-    if (!found)
-        qFatal("the program shows no window");
-    m_window = found->substr(0, found->find('\n'));
+    m_window = visibleWindowOf(m_program->pid());
     if (!xdotool({"windowactivate", "--sync", m_window}))
         qFatal("the program's window cannot be activated");
 }

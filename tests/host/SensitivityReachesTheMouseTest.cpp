@@ -120,10 +120,7 @@ class SensitivityReachesTheMouseTest : public QObject {
         }
         session.home.awaitDeviceList();
         const auto program = session.startSettings();
-        const auto found =
-            xdotool({"search", "--sync", "--onlyvisible", "--pid", std::to_string(program->pid())});
-        QVERIFY(found);
-        const std::string id = found->substr(0, found->find('\n'));
+        const std::string id = visibleWindowOf(program->pid());
         QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs);
         QVERIFY(xdotool({"windowactivate", "--sync", id, "key", "ctrl+Tab"}));
         QVERIFY(xdotool({"mousemove", "--window", id, std::to_string(handle.x()), std::to_string(handle.y()),

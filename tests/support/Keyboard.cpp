@@ -38,6 +38,20 @@ std::optional<std::string> xdotool(std::vector<std::string> arguments) {
     return result.exitCode == 0 ? std::optional(result.output) : std::nullopt;
 }
 
+std::string visibleWindow(std::vector<std::string> terms) {
+    terms.insert(terms.begin(), {"search", "--sync", "--onlyvisible"});
+    std::optional<std::string> found;
+    // A search fails when some other window goes while xdotool looks at it.
+    const auto search = [&] { return (found = xdotool(terms)).has_value(); };
+    if (!QTest::qWaitFor(search, kWindowPatienceMs))
+        qFatal("no window of %s comes", terms.back().c_str());
+    return found->substr(0, found->find('\n'));
+}
+
+std::string visibleWindowOf(pid_t program) {
+    return visibleWindow({"--pid", std::to_string(program)});
+}
+
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") &&
            QGuiApplication::platformName() == QLatin1String("xcb") && xdotool({"version"});

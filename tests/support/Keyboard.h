@@ -16,6 +16,12 @@ namespace quorvi::test {
 /// Runs xdotool; what it prints, or nothing when it fails.
 std::optional<std::string> xdotool(std::vector<std::string> arguments);
 
+/// The id of the first visible window that xdotool finds by these terms of its search, "--pid" and a number
+/// or
+/// "--name" and a pattern: waits for one, and ends the test program when none comes.
+[[nodiscard]] std::string visibleWindow(std::vector<std::string> terms);
+[[nodiscard]] std::string visibleWindowOf(pid_t program);
+
 /// There is an X display and xdotool, and Qt uses that display.
 [[nodiscard]] bool hasDisplay();
 

@@ -39,10 +39,7 @@ const fs::path& prefix() {
 
 /// Puts the first window in front that xdotool finds by that; waits for it.
 void activateFirst(const std::vector<std::string>& what) {
-    std::vector<std::string> search{"search", "--sync", "--onlyvisible"};
-    search.insert(search.end(), what.begin(), what.end());
-    const auto windows = xdotool(search);
-    if (!windows || !xdotool({"windowactivate", "--sync", windows->substr(0, windows->find('\n'))}))
+    if (!xdotool({"windowactivate", "--sync", visibleWindow(what)}))
         qFatal("no window of %s can be put in front", what.back().c_str());
 }
 
