@@ -275,7 +275,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Shows the captured key in the single-key panel.
     void showSingleKey();
     void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
-    /// Names the keys, and from then on by the layout in use; once.
+    /// Names the keys, from then on by the layout in use.
     void followKeyboardLayout();
     /// Reads the names of the keys from the layout in use.
     void nameKeys();
@@ -364,10 +364,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     ModalSessions fModalSessions;
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
-    std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null before followKeyboardLayout()
+    std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
 
     bool fPanelIsFront = false;
-    bool fKeysAreNamed = false;
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;

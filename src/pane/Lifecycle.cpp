@@ -78,7 +78,8 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fStringNoMacro = fViews->main.textNoMacro->text();
     fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
-    // Nobody has to wait for this: it is done while the window is on its way to the screen.
+    // Nobody has to wait for this: it is done while the window is on its way to the screen. A mouse's list,
+    // with which keys are shown, is dealt with behind it.
     QMetaObject::invokeMethod(
         this,
         [this] {
@@ -89,8 +90,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
 }
 
 void KyvarQuorviPane::followKeyboardLayout() {
-    if (std::exchange(fKeysAreNamed, true))
-        return;
     if (fServices.watchKeyboardLayout) {
         fKeyboardLayout = fServices.watchKeyboardLayout();
         connect(fKeyboardLayout.get(), &KeyboardLayoutWatcher::layoutChanged, this,

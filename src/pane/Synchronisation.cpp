@@ -14,7 +14,6 @@ namespace quorvi {
 
 void KyvarQuorviPane::syncUIWithDeviceConfig() {
     startStopRecording(false, false);
-    followKeyboardLayout(); // from here on keys are shown
     showSettingsOfFile(Repairs::saved);
     watchSettingsFile();
     if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
