@@ -166,7 +166,8 @@ class FitTest : public QObject {
             main.quorviTextConnection->setText(
                 spoken.text("Switch the mouse on, and plug its cable or its receiver in."));
             // Five of the longest.
-            main.quorviViewStages->setStages(QList<StageField>(5, {"6475 × 6450", 6475, 6450}), 0);
+            const StageField widest{"6475 × 6450", 6475, 6450};
+            main.quorviViewStages->setStages({widest, widest, widest, widest, widest}, 0);
             main.quorviTextDPI->setText("X = 6475, Y = 6475 DPI");
         }
         [[nodiscard]] QWidget& view() const { return *spoken.view; }
