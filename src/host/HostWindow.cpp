@@ -25,7 +25,8 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     layout->addWidget(m_list);
     layout->addWidget(m_stack, 1);
     for (const auto& pane : m_panes) {
-        m_list->addItem(new QListWidgetItem(m_panes.size() > 1 ? pane->icon() : QIcon(), pane->name()));
+        if (m_panes.size() > 1)
+            m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
         const PausedLayout paused(*pane->mainView());
         m_stack->addWidget(pane->mainView());
     }

@@ -58,15 +58,18 @@ bool KyvarQuorviPane::userIsAtSomething() const {
 // The end of a drag asks anyway, so does the window when a sheet gives the focus back, and a recording saves.
 void KyvarQuorviPane::followSettingsFileWhenFree() {
     fFollowLater = std::make_unique<QObject>();
-    // Twice around the event loop: what was chosen or typed comes first.
-    const auto later = [this] {
+    // Twice around the event loop: what was chosen or typed comes first. The signals themselves are not
+    // queued, because Qt 5 cannot do that with what they say.
+    const auto next = [this] {
         QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
     };
+    const auto later = [this, next] {
+        QMetaObject::invokeMethod(fFollowLater.get(), next, Qt::QueuedConnection);
+    };
     if (const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
-        connect(menu, &QMenu::aboutToHide, fFollowLater.get(), later, Qt::QueuedConnection);
+        connect(menu, &QMenu::aboutToHide, fFollowLater.get(), later);
     for (const KyvarQuorviTableView* table : tables())
-        connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, fFollowLater.get(), later,
-            Qt::QueuedConnection);
+        connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, fFollowLater.get(), later);
 }
 
 void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
