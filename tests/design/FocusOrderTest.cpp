@@ -3,6 +3,7 @@
 #include <QStandardItemModel>
 #include <QStyleFactory>
 #include <QTabBar>
+#include <QTemporaryDir>
 
 #include "design/Languages.h"
 #include "widgets/WidgetTestMain.h"
@@ -65,6 +66,15 @@ class FocusOrderTest : public QObject {
     Q_OBJECT
 
   private slots:
+    /// A style that fades the focus in shows nothing of it in the first picture.
+    void initTestCase() {
+        QVERIFY(m_settings.isValid());
+        QFile style(m_settings.filePath(QStringLiteral("breezerc")));
+        QVERIFY(style.open(QIODevice::WriteOnly));
+        style.write("[Style]\nAnimationsEnabled=false\n");
+        qputenv("XDG_CONFIG_HOME", m_settings.path().toUtf8());
+    }
+
     void onEachTabTheKeysFollowTheEye_data() { directions(); }
     void onEachTabTheKeysFollowTheEye() {
         const SpokenInterface spoken(QTest::currentDataTag());
@@ -145,6 +155,8 @@ class FocusOrderTest : public QObject {
 
   private:
     static constexpr int leastPixels = 12;
+
+    QTemporaryDir m_settings;
 
     static void directions() {
         QTest::addColumn<bool>("mirrored");
