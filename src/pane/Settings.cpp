@@ -48,7 +48,8 @@ void KyvarQuorviPane::dragDidEnd() {
     if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
         saveSettings(fDeviceConfig);
     updateDpiOnMouse();
-    followSettingsFile();
+    // Later: a slider that goes with its window ends its drag as well, when half of the window is gone.
+    QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
 }
 
 } // namespace quorvi
