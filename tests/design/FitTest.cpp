@@ -89,27 +89,19 @@ class FitTest : public QObject {
         panel.open(kOpens);
         QVERIFY2(panel.view().width() <= kScreen.width() - kDecoration.width(),
             qPrintable(QString::number(panel.view().width())));
-        // Qt 5 sets Chinese and Japanese lines higher. It is for the panel in other programs' windows, which
-        // scroll a page that is too high.
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
         QVERIFY2(
             panel.view().height() <= kScreen.height() - kDecoration.height(), qPrintable(panel.heights()));
-#endif
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void aLargeWindowIsUncut_data() {
-        eachLanguage();
-    }
+    void aLargeWindowIsUncut_data() { eachLanguage(); }
     void aLargeWindowIsUncut() {
         const Panel panel;
         panel.open({1600, 1000});
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void largeLettersAreUncut_data() {
-        eachLanguage();
-    }
+    void largeLettersAreUncut_data() { eachLanguage(); }
     void largeLettersAreUncut() {
         const QFont before = QApplication::font();
         QFont large = before;
@@ -123,9 +115,7 @@ class FitTest : public QObject {
         QApplication::setFont(before);
     }
 
-    void theSheetsFitASmallScreenUncut_data() {
-        eachLanguage();
-    }
+    void theSheetsFitASmallScreenUncut_data() { eachLanguage(); }
     void theSheetsFitASmallScreenUncut() {
         const Panel panel;
         const QStringList questions{"Are you sure you want to restore all settings to default?",
@@ -146,9 +136,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theStateOfARecordingIsUncut_data() {
-        eachLanguage();
-    }
+    void theStateOfARecordingIsUncut_data() { eachLanguage(); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -220,9 +208,7 @@ class FitTest : public QObject {
         SpokenInterface spoken;
     };
 
-    static QString currentLanguage() {
-        return QTest::currentDataTag();
-    }
+    static QString currentLanguage() { return QTest::currentDataTag(); }
 
     static void eachLanguage() {
         QTest::addColumn<int>("language");
