@@ -17,6 +17,7 @@ namespace {
 constexpr const char* tagProperty = "tag";
 /// The title of an item that shows another text.
 constexpr const char* wholeTitleProperty = "wholeTitle";
+
 void copyProperties(const QObject& from, QObject& to) {
     to.setObjectName(from.objectName());
     for (const QByteArray& name : from.dynamicPropertyNames())
