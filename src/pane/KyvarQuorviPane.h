@@ -45,6 +45,8 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class NoticeBar;
+enum class Notice;
+enum class NoticeSign : std::uint8_t;
 class PopUpButton;
 class TableModel;
 
@@ -294,6 +296,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool userIsAtSomething() const;
     void followSettingsFileWhenFree();
     void tellOfKeptCopy(const std::filesystem::path& copy);
+    /// Tells the text in the bar at the window's foot, in place of the kind's last one; nowhere while there
+    /// is no window. It is in the user's language already.
+    void tellUser(Notice kind, const QString& text, NoticeSign sign);
+    /// The kind's text is no longer so. Does nothing when there is none.
+    void withdrawNotice(Notice kind);
 
     enum class Repairs { saved, inMemoryAlone };
     void showSettingsOfFile(Repairs repairs);
@@ -357,7 +364,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     ConfigFile fSettingsFile;
     FileWatcher fSettingsWatcher;
     std::unique_ptr<QObject> fFollowLater; ///< hears of the end of what the user is at; else null
-    NoticeBar* fNotice = nullptr;          ///< null until there is something to tell
+    QPointer<NoticeBar> fNotices;          ///< null until there is something to tell
     QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;

@@ -9,8 +9,10 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Notices.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/NoticeBar.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
@@ -20,13 +22,6 @@ namespace {
 /// The path as users write it, from their home folder.
 QString pathFromHome(const std::filesystem::path& path, const std::filesystem::path& home) {
     return QString::fromStdString("~/" + path.lexically_relative(home).string());
-}
-
-/// The name within a text, which may be written from the right and would turn its parts around.
-QString nameWithin(const QString& text, const QString& name) {
-    constexpr char16_t leftToRightIsolate = u'\u2066';
-    constexpr char16_t endOfIsolate = u'\u2069';
-    return text.isRightToLeft() ? QChar(leftToRightIsolate) + name + QChar(endOfIsolate) : name;
 }
 
 } // namespace
@@ -73,10 +68,6 @@ void KyvarQuorviPane::followSettingsFileWhenFree() {
 }
 
 void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
-    if (!fMainView)
-        return;
-    if (!fNotice)
-        fNotice = new NoticeBar(locString(QStringLiteral("OK")), *fMainView);
     QString text =
         locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
                                  "use, the other ones are kept in ^1. To use those, close this panel and "
@@ -84,7 +75,7 @@ void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
     const QString own = QString::fromStdString(fSettingsFile.path().filename());
     text.replace(QStringLiteral("^2"), nameWithin(text, own));
     text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy, fServices.homeFolder)));
-    fNotice->tell(text);
+    tellUser(Notice::keptCopy, text, NoticeSign::warning);
 }
 
 } // namespace quorvi
