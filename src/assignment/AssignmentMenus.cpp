@@ -132,7 +132,8 @@ QString KyvarQuorviPane::assignmentTitle(
     case commands::runMacro: {
         const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
         return locString(QStringLiteral("Macro:")) + QLatin1Char(' ') +
-               (index >= 0 ? nameOf(fMacros.dictionary(static_cast<std::size_t>(index))) : QString());
+               (index >= 0 ? nameOf(fMacros.dictionary(static_cast<std::size_t>(index)))
+                           : locString(QStringLiteral("(missing)")));
     }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
