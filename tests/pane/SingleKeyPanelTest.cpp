@@ -21,6 +21,9 @@ struct Key {
     quint32 keysym;
 };
 constexpr Key kF5{Qt::Key_F5, 71, 0xFFC2};
+constexpr Key kF16{0x0100003F, 194, 0xFFCD};
+constexpr Key kMenu{Qt::Key_Menu, 135, 0xFF67};
+constexpr Key kNumLock{Qt::Key_NumLock, 77, 0xFF7F};
 constexpr Key kShift{Qt::Key_Shift, 50, 0xFFE1};
 constexpr Key kReturn{Qt::Key_Return, 36, 0xFF0D};
 
@@ -98,6 +101,20 @@ class SingleKeyPanelTest : public QObject {
     void withoutAKeyOrOKEverythingStays_data() {
         QTest::addColumn<bool>("pressed");
         QTest::addColumn<QString>("answer");
+    void aKeyThatTheMouseCannotPressLeavesTheAssignedOne() {
+        KeyFixture fixture;
+        fixture.openWithInput(3, {{"command", 49}, {"param1", 62}, {"param2", 0}});
+        QStringList shown;
+        fixture.askForKey(3, [&](QDialog* sheet) {
+            press(sheet, kF16);
+            shown << shownKey(sheet);
+            answer(sheet, true);
+        });
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(shown, QStringList("F5"));
+        QVERIFY(fixture.savedInputIs(3, {{"command", 49}, {"param1", 62}, {"param2", 0}}));
+    }
+
         QTest::newRow("no key, OK") << false << "OK";
         QTest::newRow("no key, cancelled") << false << "Cancel";
         QTest::newRow("key, cancelled") << true << "Cancel";
