@@ -254,6 +254,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
     [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
+    /// A recording runs that ends with its first step.
+    [[nodiscard]] bool awaitsOneStep() const { return fRecorder.isRecording() && fRecorder.isForOneStep(); }
     [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
