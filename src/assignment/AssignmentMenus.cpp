@@ -136,7 +136,7 @@ QString KyvarQuorviPane::assignmentTitle(
     }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
-               QString::fromStdU16String(GetKeyCombinationName(UsbToAdbKeycode(param & 0xFF),
+               QString::fromStdU16String(shownKeyCombination(UsbToAdbKeycode(param & 0xFF),
                    UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)));
     default:
         return plainTitle;

@@ -72,6 +72,9 @@ class SingleKeyPanelTest : public QObject {
         QTest::addColumn<int>("usage");
         QTest::newRow("key") << kF5.qtKey << kF5.scanCode << kF5.keysym << "F5" << 62;
         QTest::newRow("modifier alone") << kShift.qtKey << kShift.scanCode << kShift.keysym << "Shift" << 225;
+        QTest::newRow("menu key") << kMenu.qtKey << kMenu.scanCode << kMenu.keysym << "Menu" << 0x65;
+        QTest::newRow("Num Lock") << kNumLock.qtKey << kNumLock.scanCode << kNumLock.keysym << "Num Lock"
+                                  << 0x53;
         QTest::newRow("default button's")
             << kReturn.qtKey << kReturn.scanCode << kReturn.keysym << "Return" << 40;
     }
@@ -98,9 +101,6 @@ class SingleKeyPanelTest : public QObject {
         QVERIFY(!fixture.sheetIsUp());
     }
 
-    void withoutAKeyOrOKEverythingStays_data() {
-        QTest::addColumn<bool>("pressed");
-        QTest::addColumn<QString>("answer");
     void aKeyThatTheMouseCannotPressLeavesTheAssignedOne() {
         KeyFixture fixture;
         fixture.openWithInput(3, {{"command", 49}, {"param1", 62}, {"param2", 0}});
@@ -115,6 +115,9 @@ class SingleKeyPanelTest : public QObject {
         QVERIFY(fixture.savedInputIs(3, {{"command", 49}, {"param1", 62}, {"param2", 0}}));
     }
 
+    void withoutAKeyOrOKEverythingStays_data() {
+        QTest::addColumn<bool>("pressed");
+        QTest::addColumn<QString>("answer");
         QTest::newRow("no key, OK") << false << "OK";
         QTest::newRow("no key, cancelled") << false << "Cancel";
         QTest::newRow("key, cancelled") << true << "Cancel";
