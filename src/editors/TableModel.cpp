@@ -18,8 +18,9 @@ bool isPopUp(int columnIdentifier) {
     return columnIdentifier == kStepDelayColumn;
 }
 
-bool isName(int columnIdentifier) {
-    return columnIdentifier == kProfileNameColumn || columnIdentifier == kMacroNameColumn;
+/// The first profile is the one that always exists, and keeps its name.
+bool isEditableName(int columnIdentifier, int row) {
+    return columnIdentifier == kMacroNameColumn || (columnIdentifier == kProfileNameColumn && row > 0);
 }
 
 } // namespace
@@ -112,7 +113,7 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
         flags |= Qt::ItemIsEnabled;
     if (isCheckBox(identifier))
         flags |= Qt::ItemIsUserCheckable;
-    if (isName(identifier))
+    if (isEditableName(identifier, index.row()))
         flags |= Qt::ItemIsEditable;
     return flags;
 }
