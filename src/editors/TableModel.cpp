@@ -73,7 +73,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return m_pane->titleOfDelay(value());
     if (role == Qt::EditRole)
         return value();
-    return role == Qt::DisplayRole ? QVariant(shownText(value().toString())) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(shownName(value().toString())) : QVariant();
 }
 
 // What stands in a cell without a text; the text itself is read out without that.
