@@ -197,7 +197,8 @@ class FitTest : public QObject {
         QLabel* state = panel.spoken.views->main.textRecording;
         for (const char* english : {"Recording: 1 step left", "Recording: ^1 steps left",
                  "Recording: no steps left", "Recording over step ^1"}) {
-            state->setText(panel.spoken.text(english).replace("^1", "16"));
+            state->setText(panel.spoken.text(english).replace("^1", "16") + QStringLiteral(" \u00B7 ") +
+                           panel.spoken.text("hold Esc to stop"));
             QCoreApplication::processEvents();
             QTRY_COMPARE(cutOf(*state), QString());
         }
