@@ -137,6 +137,17 @@ class RemovalQuestionsTest : public QObject {
                 kMacroEnd);
     }
 
+    void theWindowOfAQuestionHasOneSizeAlone() {
+        const RemovalFixture fixture(RemovalFixture::threeProfiles(), 3, "quorviTableMacros", 0);
+        whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [](QDialog* sheet) {
+            QCOMPARE(sheet->minimumSize(), sheet->maximumSize());
+            QCOMPARE(sheet->size(), sheet->minimumSize());
+            QVERIFY(!(sheet->windowFlags() & (Qt::WindowMaximizeButtonHint | Qt::WindowMinimizeButtonHint)));
+            sheet->reject();
+        });
+        fixture.click("quorviButtonMacroRemove");
+    }
+
     void whatDeletesIsCalledDelete() {
         const RemovalFixture macros(RemovalFixture::threeProfiles(), 3, "quorviTableMacros", 0);
         const Asked asked = macros.asked("quorviButtonMacroRemove");
