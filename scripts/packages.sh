@@ -25,6 +25,9 @@ packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)
 packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)
+# To run commands on another release of Debian (scripts/on-debian), and a cache of the compiler's for it.
+packages_on_debian=(debootstrap)
+packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
