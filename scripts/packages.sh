@@ -8,9 +8,12 @@ packages_build=(
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)
+# The fonts in which the window has to fit its screen; tests know no others (tests/support/fonts.conf).
+packages_fonts=(fonts-cantarell fonts-dejavu-core fonts-noto-cjk fonts-noto-core)
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
+    "${packages_fonts[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
     shared-mime-info strace xkb-data
     fish zsh
