@@ -6,6 +6,7 @@
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
 #include "engine/Engine.h"
+#include "engine/Event.h"
 #include "model/ConfigMapping.h"
 #include "model/Keys.h"
 
@@ -16,20 +17,14 @@ constexpr int kReports = 8000; ///< a second of the fastest mice
 constexpr int kReportsOfAButton = 16;
 constexpr std::chrono::microseconds kBetweenReports{125};
 
+using engine::eventOf;
+
 class Counter : public engine::Output {
   public:
     void write(engine::Device, std::span<const input_event> frame) override { events += frame.size(); }
     void runs(const engine::Running&) override {}
     std::size_t events = 0;
 };
-
-input_event eventOf(std::uint16_t type, std::uint16_t code, std::int32_t value) {
-    input_event event{};
-    event.type = type;
-    event.code = code;
-    event.value = value;
-    return event;
-}
 
 /// A second of a mouse that moves, one of whose buttons goes down and up all the time.
 class Second {

@@ -10,8 +10,10 @@
 #include "Require.h"
 #include "engine/Devices.h"
 #include "engine/Engine.h"
+#include "engine/Event.h"
 
 using namespace quorvi;
+using engine::eventOf;
 using fuzz::require;
 
 namespace {
@@ -125,12 +127,12 @@ class Mouse {
 
     void pressOrRelease(int what) {
         const auto code = m_options.buttonCodes[static_cast<std::size_t>(what % 8) % 7];
-        feed({event(EV_KEY, code, what / 8 % 2)});
+        feed({eventOf(EV_KEY, code, what / 8 % 2)});
     }
 
     void turn(int what) {
         const std::int32_t notches = what % 8 - 4;
-        feed({event(EV_REL, REL_WHEEL, notches), event(EV_REL, REL_WHEEL_HI_RES, notches * 120)});
+        feed({eventOf(EV_REL, REL_WHEEL, notches), eventOf(EV_REL, REL_WHEEL_HI_RES, notches * 120)});
     }
 
     void feedFrame(int what) {
@@ -138,20 +140,12 @@ class Mouse {
         for (std::size_t left = 1 + static_cast<std::size_t>(what) % mostEventsOfAFrame; left > 0; --left) {
             const auto type = m_input.number<std::uint8_t>() % 4;
             const auto code = m_input.number<std::uint16_t>();
-            frame.push_back(event(static_cast<std::uint16_t>(type), code, m_input.number<std::int32_t>()));
+            frame.push_back(eventOf(static_cast<std::uint16_t>(type), code, m_input.number<std::int32_t>()));
         }
         feed(frame);
     }
 
     void feed(const std::vector<input_event>& frame) { m_engine.input(frame, m_now); }
-
-    static input_event event(std::uint16_t type, std::uint16_t code, std::int32_t value) {
-        input_event made{};
-        made.type = type;
-        made.code = code;
-        made.value = value;
-        return made;
-    }
 
     fuzz::Input& m_input;
     std::unique_ptr<ConfigRecord> m_record;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "engine/Event.h"
 #include "platform/keyboard/LetterKeys.h"
 #include "platform/keyboard/XkbKeyboardLayout.h"
 
@@ -9,19 +10,13 @@ namespace quorvi {
 
 namespace {
 
+using engine::eventOf;
+
 constexpr std::uint8_t wheelAway = 8;
 constexpr std::int32_t partsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
 
 engine::Time now() {
     return std::chrono::duration_cast<engine::Time>(Timer::Clock::now().time_since_epoch());
-}
-
-input_event eventOf(std::uint16_t type, std::uint16_t code, std::int32_t value) {
-    input_event event{};
-    event.type = type;
-    event.code = code;
-    event.value = value;
-    return event;
 }
 
 } // namespace

@@ -1,26 +1,14 @@
 // The verbs that use the simulated mouse, with the real helper.
 #include <algorithm>
-#include <sstream>
+#include <atomic>
+#include <thread>
 
-#include "events/BusFixture.h"
-#include "tools/ToolFixture.h"
+#include "tools/RunningHelper.h"
 
 namespace quorvi::test {
 namespace {
 
-class MouseByHand : public BusTest {
-  protected:
-    void startHelper() {
-        helper = std::make_unique<ChildProcess>(
-            std::vector<std::string>{QUORVI_HELPER}, std::vector{"HOME=" + m_home.path().string()});
-        ASSERT_TRUE(
-            waitFor(*bus, [&] { return bus->findProcessByName("KyvarQuorviHelper", nullptr) == noErr; }));
-    }
-    std::unique_ptr<ChildProcess> helper;
-
-  private:
-    TemporaryFolder m_home;
-};
+using MouseByHand = RunningHelper;
 
 /// Type, code and value of the line.
 std::string changeIn(const std::string& line) {

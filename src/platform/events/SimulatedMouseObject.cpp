@@ -43,21 +43,17 @@ int readInput(
     return requireAttached(device, error);
 }
 
-int receivePress(sd_bus_message* call, void* device, sd_bus_error* error) {
+template <void (SimulatedMouseDevice::*act)(std::uint8_t)>
+int receiveInput(sd_bus_message* call, void* device, sd_bus_error* error) {
     std::uint8_t input = 0;
     if (const int read = readInput(call, deviceOf(device), input, error); read < 0)
         return read;
-    deviceOf(device).press(input);
+    (deviceOf(device).*act)(input);
     return sd_bus_reply_method_return(call, "");
 }
 
-int receiveRelease(sd_bus_message* call, void* device, sd_bus_error* error) {
-    std::uint8_t input = 0;
-    if (const int read = readInput(call, deviceOf(device), input, error); read < 0)
-        return read;
-    deviceOf(device).release(input);
-    return sd_bus_reply_method_return(call, "");
-}
+constexpr auto receivePress = receiveInput<&SimulatedMouseDevice::press>;
+constexpr auto receiveRelease = receiveInput<&SimulatedMouseDevice::release>;
 
 int receiveMove(sd_bus_message* call, void* device, sd_bus_error* error) {
     std::int32_t x = 0;
