@@ -136,9 +136,12 @@ QString KyvarQuorviPane::assignmentTitle(
     case commands::switchToProfile:
         return titleWithName(locString(QStringLiteral("Profile:")),
             fProfiles.dictionary(static_cast<std::size_t>(indexOfNumber(param))));
-    case commands::runMacro:
-        return titleWithName(locString(QStringLiteral("Macro:")),
-            fMacros.dictionary(static_cast<std::size_t>(KyvarFindMacroInArray(param, nullptr, fMacros))));
+    case commands::runMacro: {
+        const QString title = locString(QStringLiteral("Macro:"));
+        const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
+        return index >= 0 ? titleWithName(title, fMacros.dictionary(static_cast<std::size_t>(index)))
+                          : title + QLatin1Char(' ') + locString(QStringLiteral("(missing)"));
+    }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
                QString::fromStdU16String(shownKeyCombination(UsbToAdbKeycode(param & 0xFF),

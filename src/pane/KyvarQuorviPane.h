@@ -2,8 +2,8 @@
 // subsystem.
 //
 // The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are
-// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an
-// error to the user: an action that is not possible does nothing.
+// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. An action that is not
+// possible does nothing; what would cost the user work is told at the window's foot (Notices.h).
 #pragma once
 
 #include <QObject>
@@ -30,6 +30,7 @@
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
@@ -45,6 +46,8 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class NoticeBar;
+enum class ItemFault : std::uint8_t;
+enum class ItemKind : std::uint8_t;
 enum class Notice;
 enum class NoticeSign : std::uint8_t;
 class PopUpButton;
@@ -127,8 +130,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
-    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
-    bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
+    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1". The
+    /// effect, in the user's language already, stands below the message's first line; the button that confirms
+    /// is called by its key.
+    bool confirmAction(const QString& messageKey, const std::optional<QString>& item,
+        const QString& effect = {}, const QString& confirmingKey = QStringLiteral("OK"));
 
     // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
     /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
@@ -243,8 +249,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void setDelayForAllSteps(std::int32_t milliseconds);
 
     // Import and export (editors/ImportExport.cpp). The panels end with QDialog::Accepted or not.
-    void exportProfile(const QFileDialog* panel, int returnCode) const;
-    void exportMacro(const QFileDialog* panel, int returnCode) const;
+    void exportProfile(const QFileDialog* panel, int returnCode);
+    void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
     void importMacro(const QFileDialog* panel, int returnCode);
     void importProfileCompletion(const QString& path);
@@ -365,6 +371,13 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void showExportProfilePanel();
     void showImportMacroPanel();
     void showExportMacroPanel();
+    /// locString() for what is no part of the panel. Does not outlive it.
+    [[nodiscard]] PanelText panelText() const;
+    [[nodiscard]] QString proposedName(ItemKind kind) const;
+    void exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen);
+    /// False when the file is no good or there is no room, which the user is told.
+    [[nodiscard]] bool mayImport(ItemKind kind, ItemFault fault, const QString& path);
+    void tellOfImport(ItemKind kind, const plist::Dictionary& item);
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
