@@ -51,7 +51,9 @@ SettingsModule::SettingsModule(ModuleParent* parent, const ModuleArguments& argu
     : KCModule(parent, arguments) {
     setButtons(NoAdditionalButton);
     auto* layout = new QVBoxLayout(widgetOf(*this));
+#if KCOREADDONS_VERSION_MAJOR < 6 // since then, pages leave a margin around themselves
     layout->setContentsMargins(0, 0, 0, 0);
+#endif
     layout->addWidget(makePage());
 }
 

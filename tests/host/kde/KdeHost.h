@@ -16,6 +16,15 @@ namespace quorvi::test {
 /// The name that the module is opened by.
 inline const std::string kModule = "kcm_kyvar_quorvi";
 
+/// Another module, which comes with the hosts; how it is opened and how it is called.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+inline const std::string kOtherModule = "kcm_filetypes";
+inline const QString kOtherTitle = QStringLiteral("File Associations");
+#else
+inline const std::string kOtherModule = "proxy";
+inline const QString kOtherTitle = QStringLiteral("Proxy");
+#endif
+
 class KdeHost {
   public:
     KdeHost();
@@ -29,9 +38,18 @@ class KdeHost {
         const std::vector<std::string>& command, const std::string& locale = "C.UTF-8") const;
     /// Starts it as the program of the test.
     void start(const std::vector<std::string>& command);
-    /// Starts System Settings with the pages as icons, which is the view that a screen reader can follow.
-    /// There, pages are hidden and shown.
-    void startWithIcons();
+    /// Starts System Settings where it shows no module: in Plasma 5 with the pages as icons, which is the
+    /// view that a screen reader can follow, and where pages are hidden and shown; in Plasma 6, which has no
+    /// other, with the list beside them.
+    void startAtOverview();
+    /// Looks there for the words, and waits until the panel is found by the keyword.
+    void search(const std::string& words, const QString& keyword) const;
+    /// Opens what has been found.
+    void openFound(const QString& keyword) const;
+    /// Goes from the panel to where it is not shown.
+    void leavePanel() const;
+    /// And back.
+    void returnToPanel() const;
     /// Starts System Settings as it comes, at the panel. There, pages are destroyed and made again.
     void startAtPanel();
     /// Shows another module there, as menu entries and searches do while the program runs.
@@ -62,6 +80,7 @@ class KdeHost {
   private:
     [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
     [[nodiscard]] Accessible find(const QString& spoken) const;
+    void clickInList(const QString& spoken) const;
 
     ScreenReader m_reader;
 };

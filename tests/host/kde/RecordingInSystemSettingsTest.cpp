@@ -78,7 +78,7 @@ class RecordingInSystemSettingsTest : public QObject {
 
     void sentToAnotherPageItSavesTheSteps() {
         Recording recording;
-        recording.kde.goTo("proxy");
+        recording.kde.goTo(kOtherModule);
         recording.isOver("10");
         QVERIFY(recording.kde.program->isRunning());
         QVERIFY(recording.kde.quit());

@@ -56,7 +56,7 @@ class SystemSettingsTest : public QObject {
         KdeHost kde;
         kde.startAtPanel();
         QCOMPARE(kde.panel.told("1"), std::string("1"));
-        kde.goTo("proxy");
+        kde.goTo(kOtherModule);
         QCOMPARE(kde.panel.told("10"), std::string("10"));
         kde.goTo(kModule);
         QVERIFY(kde.showsPanel());
@@ -85,7 +85,7 @@ class SystemSettingsTest : public QObject {
 
     void sentToAnotherPageDuringACaptureItLeavesTheKeyboardToOthers() {
         KeySheet sheet;
-        sheet.kde.goTo("proxy");
+        sheet.kde.goTo(kOtherModule);
         QCOMPARE(sheet.kde.panel.told("10"), std::string("10"));
         QTRY_VERIFY_WITH_TIMEOUT(sheet.other.canTakeKeyboard(), kWindowPatienceMs);
         QVERIFY(sheet.kde.program->isRunning());
