@@ -30,7 +30,7 @@ if [[ $(cat /etc/debian_version 2>/dev/null) == 12.* ]]; then
 else
     kde_preset=default
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
-    packages_kde_test+=(kwin-wayland)
+    packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
 fi
 packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.

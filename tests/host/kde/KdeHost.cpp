@@ -61,7 +61,7 @@ std::optional<QRect> windowPlace(const std::string& window) {
 
 } // namespace
 
-KdeHost::KdeHost() {
+KdeHost::KdeHost(std::vector<std::string> display) : m_display(std::move(display)) {
     fs::create_directory(session.home.path() + "/runtime");
     fs::permissions(session.home.path() + "/runtime", fs::perms::owner_all);
     session.startHelper(); // what is told before there is one is not to be seen
@@ -69,10 +69,12 @@ KdeHost::KdeHost() {
 
 std::vector<std::string> KdeHost::environment(const std::string& locale) const {
     const std::string ours = prefix();
-    return {"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
+    std::vector<std::string> all{"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
         "XDG_DATA_DIRS=" + ours + "/share:/usr/share", "XDG_RUNTIME_DIR=" + session.home.path() + "/runtime",
         "PATH=" + ours + "/opener:" + qEnvironmentVariable("PATH").toStdString(), "LC_ALL=" + locale,
         "QT_QUICK_BACKEND=software"}; // the display may have nothing else
+    all.insert(all.end(), m_display.begin(), m_display.end());
+    return all;
 }
 
 ProgramResult KdeHost::run(const std::vector<std::string>& command, const std::string& locale) const {
@@ -181,7 +183,8 @@ void KdeHost::activateSheet(const std::string& title) const {
 bool KdeHost::showsPanel() {
     if (thing(QStringLiteral("label 'Connected'")).isNull())
         return false;
-    activate();
+    if (m_display.empty())
+        activate();
     return true;
 }
 
@@ -228,6 +231,11 @@ void KdeHost::click(const QString& spoken) const {
     if (place.width == 0)
         qFatal("%s is not on the screen", qPrintable(spoken));
     clickAt({place.left + place.width / 2, place.top + place.height / 2});
+}
+
+void KdeHost::perform(const std::string& action, const QString& spoken) const {
+    if (!thing(spoken).perform(action))
+        qFatal("%s takes no %s", qPrintable(spoken), action.c_str());
 }
 
 std::string KdeHost::opened() const {

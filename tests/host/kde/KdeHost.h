@@ -27,7 +27,8 @@ inline const QString kOtherTitle = QStringLiteral("Proxy");
 
 class KdeHost {
   public:
-    KdeHost();
+    /// On a display other than the test's, that is what makes its programs find it, "NAME=value".
+    explicit KdeHost(std::vector<std::string> display = {});
 
     Session session;
     ShownAndHidden panel{session};
@@ -58,7 +59,8 @@ class KdeHost {
     void activate() const;
     /// Waits for the sheet of that title and puts it in front.
     void activateSheet(const std::string& title) const;
-    /// Waits until the panel shows the mouse, in a window that has been placed and has the focus.
+    /// Waits until the panel shows the mouse; on the test's display, in a window that has been placed and has
+    /// the focus.
     [[nodiscard]] bool showsPanel();
     /// Ends the program as the window manager does.
     [[nodiscard]] bool close();
@@ -73,6 +75,8 @@ class KdeHost {
     [[nodiscard]] Accessible thing(const QString& spoken) const;
     /// Clicks there with the mouse pointer.
     void click(const QString& spoken) const;
+    /// Does that with it as a screen reader does: "Press", "Toggle", "SetFocus".
+    void perform(const std::string& action, const QString& spoken) const;
 
     /// Where what the program opens in others is written down: documents and addresses, one a line.
     [[nodiscard]] std::string opened() const;
@@ -82,6 +86,7 @@ class KdeHost {
     [[nodiscard]] Accessible find(const QString& spoken) const;
     void clickInList(const QString& spoken) const;
 
+    const std::vector<std::string> m_display;
     ScreenReader m_reader;
 };
 
