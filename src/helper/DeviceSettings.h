@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "plist/Value.h"
+
 namespace quorvi {
 
 /// The files that settings come from, in the order in which they are tried.
@@ -22,14 +24,20 @@ class DeviceSettings {
   public:
     explicit DeviceSettings(SettingsFiles files) : m_files(std::move(files)) {}
 
-    /// Reads the settings again. False, with the old record kept, when no file holds valid settings or they
-    /// give no record.
+    /// Reads the settings again. The defaults stand for a user's file that is not there.
+    ///
+    /// False when they were not taken over: the user's file is there and cannot be used (damaged, of an old
+    /// version, not to be read), no file holds valid settings, or they give no record. The old record is kept
+    /// then. Where there is none yet, the mouse gets that of the defaults meanwhile.
     bool reload();
 
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
 
   private:
+    /// False, with the old record kept, when the tree gives no record.
+    bool take(const plist::Dictionary& tree);
+
     SettingsFiles m_files;
     std::vector<std::uint8_t> m_record;
 };
