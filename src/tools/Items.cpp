@@ -6,6 +6,7 @@
 #include "model/Limits.h"
 #include "model/Lookups.h"
 #include "plist/Unicode.h"
+#include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -57,6 +58,7 @@ Outcome add(const FoundItem& found, const plist::Dictionary& tree, const std::st
     appendItem(list, found.item, kind.defaultName);
     if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
         return refused(faultOf(settings, "it cannot be written"));
+    tellHelperOfSave(tree, settings);
     std::printf("%s\n", text(found.item, keys::name).c_str());
     return done();
 }
