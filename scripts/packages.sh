@@ -8,9 +8,12 @@ packages_build=(
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)
+# The fonts in which the window has to fit its screen; tests know no others (tests/support/fonts.conf).
+packages_fonts=(fonts-cantarell fonts-dejavu-core fonts-noto-cjk fonts-noto-core)
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
+    "${packages_fonts[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
     shared-mime-info strace xkb-data
     fish zsh
@@ -25,6 +28,9 @@ packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)
 packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)
+# To run commands on another release of Debian (scripts/on-debian), and a cache of the compiler's for it.
+packages_on_debian=(debootstrap)
+packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)

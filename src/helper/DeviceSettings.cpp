@@ -3,6 +3,7 @@
 #include <bit>
 #include <memory>
 
+#include "helper/Acceleration.h"
 #include "model/ConfigMapping.h"
 #include "model/SettingsDocument.h"
 
@@ -45,6 +46,7 @@ bool DeviceSettings::take(const plist::Dictionary& tree) {
     const auto bytes = std::as_bytes(std::span(record.get(), 1));
     const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
     m_record.assign(first, first + bytes.size());
+    m_acceleration = accelerationOfSlots(tree);
     return true;
 }
 

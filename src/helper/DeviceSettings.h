@@ -1,10 +1,12 @@
 // What the mouse is told to do: the user's settings in the form that the device takes.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <span>
 #include <vector>
 
+#include "model/Limits.h"
 #include "plist/Value.h"
 
 namespace quorvi {
@@ -34,12 +36,16 @@ class DeviceSettings {
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
 
+    /// The acceleration of each profile of the record.
+    [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
+
   private:
     /// False, with the old record kept, when the tree gives no record.
     bool take(const plist::Dictionary& tree);
 
     SettingsFiles m_files;
     std::vector<std::uint8_t> m_record;
+    std::array<float, limits::profiles> m_acceleration{};
 };
 
 } // namespace quorvi

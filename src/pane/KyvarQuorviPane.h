@@ -262,6 +262,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
     [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
+    /// A recording runs that ends with its first step.
+    [[nodiscard]] bool awaitsOneStep() const { return fRecorder.isRecording() && fRecorder.isForOneStep(); }
     [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
@@ -358,12 +360,17 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void setTablesTakeFocus(bool take);
     void recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown);
     void recordMouse(std::uint32_t code);
+    /// Begins to wait for the end of the recording when Escape has just been pressed, and gives that up when
+    /// something else has come.
+    void followHeldEscape();
+    void endRecordingByEscape();
     /// After a step has come or was replaced. A run of one step ends with it.
     void showRecordedStep();
     void showRecordButton();
     /// Says that a recording runs and how far it is; nothing otherwise.
     void updateRecordingUI();
     [[nodiscard]] QString recordingText() const;
+    [[nodiscard]] QString withHintHowToEnd(const QString& state) const;
     [[nodiscard]] QString textOfStep(int row) const;
     /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
     [[nodiscard]] QVariant delayOfStep(int row) const;
@@ -438,6 +445,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0
     std::uint16_t fSingleKeyLastModifiers = 0; ///< of the last event that the single-key panel saw
     MacroRecorder fRecorder;
+    std::unique_ptr<QObject> fHeldEscape; ///< while the recording ends if Escape is held on; else null
 };
 
 /// The one live controller of the process, or null: what the key patch and the sliders reach it by.

@@ -38,7 +38,7 @@ bool KyvarQuorviPane::confirmAction(const QString& messageKey, const std::option
     QString question = locString(messageKey);
     const auto mark = question.indexOf(QStringLiteral("^1"));
     if (item && mark >= 0)
-        question.replace(mark, 2, shownText(*item));
+        question.replace(mark, 2, nameWithin(question, shownText(*item)));
     // The keys of the string table separate their lines by carriage returns, which a label does not break at.
     fViews->confirm.quorviTextConfirm->setText(question.replace(QLatin1Char('\r'), QLatin1Char('\n')));
     // The safe answer, also after a question that was answered otherwise.

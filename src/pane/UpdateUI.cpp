@@ -42,7 +42,7 @@ void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabl
 } // namespace
 
 void KyvarQuorviPane::updateUI() {
-    QString title = hasDevice() ? shownText(QString::fromStdU16String(fProfile.string(keys::name)))
+    QString title = hasDevice() ? shownName(QString::fromStdU16String(fProfile.string(keys::name)))
                                 : locString(QStringLiteral("No device connected"));
     if (title.isEmpty())
         title = locString(QStringLiteral("Default Profile"));

@@ -3,13 +3,11 @@
 #include "model/Keys.h"
 #include "model/Numbering.h"
 #include "model/SettingsDocument.h"
-#include "platform/events/EventBus.h"
+#include "tools/HelperLink.h"
 
 namespace quorvi::tools {
 
 namespace {
-
-constexpr std::chrono::milliseconds kConnectTimeout{250};
 
 /// Also by another name, through a link for instance.
 bool isFileOfThisUser(const std::filesystem::path& file) {
@@ -22,13 +20,12 @@ bool isFileOfThisUser(const std::filesystem::path& file) {
 void tellHelperOfSave(const plist::Dictionary& tree, const std::filesystem::path& file) {
     if (!isFileOfThisUser(file))
         return;
-    const auto bus = EventBus::connect(kConnectTimeout);
-    ProcessSerialNumber helper;
-    if (!bus || bus->findProcessByName("KyvarQuorviHelper", &helper) != noErr)
+    const HelperLink link = connectToHelper();
+    if (!link.fault.empty())
         return;
     const auto profile = indexOfNumber(tree.dictionary(keys::settings).integer(keys::profileId));
-    (void)bus->send(helper, makeCommand(kMessageSettingsSaved, profile));
-    bus->process();
+    (void)link.bus->send(link.helper, makeCommand(kMessageSettingsSaved, profile));
+    link.bus->process();
 }
 
 } // namespace quorvi::tools

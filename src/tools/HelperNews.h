@@ -8,8 +8,8 @@
 namespace quorvi::tools {
 
 /// The tree was written to the file. When that is the file of the user who runs this, the helper is told as
-/// the panel would tell it, so that the mouse gets the settings; nothing is said when no helper runs. Waits
-/// half a second at most.
+/// the panel would tell it, so that the mouse gets the settings; nothing is said when no helper runs.
+/// Waits two seconds at most, for a bus that does not answer.
 void tellHelperOfSave(const plist::Dictionary& tree, const std::filesystem::path& file);
 
 } // namespace quorvi::tools

@@ -71,6 +71,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
             home.filePath(QStringLiteral("autostart")).toStdString(), executableOf),
         .watchKeyboardLayout = options.watchKeyboardLayout,
         .clock = options.clock,
+        .callLater = options.callLater,
     });
     window = std::make_unique<QWidget>();
     auto* layout = new QVBoxLayout(window.get());

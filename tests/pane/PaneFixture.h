@@ -44,6 +44,7 @@ struct PaneOptions {
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
     FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
     std::function<double()> clock = steadySeconds;
+    std::function<void(double, QObject*, std::function<void()>)> callLater = callAfterSeconds;
 };
 
 class PaneFixture {
