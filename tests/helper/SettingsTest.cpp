@@ -101,6 +101,15 @@ TEST_F(HelperSettings, OfAFileThatCannotBeUsedAreTheDefaultsOnlyWhereTheMouseHas
     EXPECT_TRUE(record() == vectorFile("case-004.bin"));
 }
 
+TEST_F(HelperSettings, ThatStandInForUnusableOnesAreWhatTheMouseRuns) {
+    writeFile(userSettings, "damaged");
+    writeFile(defaults, readFile(QUORVI_TEST_DATA "/everyday-settings.plist")); // the second profile is in use
+    start();
+    std::uint32_t profile = 0;
+    EXPECT_EQ(getSimulatedMouseProfile(*bus, psn, profile), noErr);
+    EXPECT_EQ(profile, 2u);
+}
+
 TEST_F(HelperSettings, AreNotNeededToServeThePanel) {
     std::filesystem::remove(defaults);
     std::filesystem::remove(userSettings);
