@@ -16,6 +16,13 @@ std::filesystem::path ownPath() {
     return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
+/// Only what is certainly not there is missing: a folder that cannot be entered may well hold the file.
+bool isMissing(const std::filesystem::path& file) {
+    std::error_code error;
+    return file.empty() ||
+           std::filesystem::status(file, error).type() == std::filesystem::file_type::not_found;
+}
+
 } // namespace
 
 SettingsFiles SettingsFiles::ofThisProcess() {
@@ -24,7 +31,15 @@ SettingsFiles SettingsFiles::ofThisProcess() {
 }
 
 bool DeviceSettings::reload() {
-    const auto tree = loadSettings(m_files.user, m_files.defaults);
+    if (const auto tree = loadSettings(m_files.user, {}))
+        return take(tree);
+    const bool missing = isMissing(m_files.user);
+    if (!missing && !m_record.empty())
+        return false;
+    return take(loadSettings(m_files.defaults, {})) && missing;
+}
+
+bool DeviceSettings::take(const plist::Dictionary& tree) {
     const auto record = std::make_unique<ConfigRecord>();
     if (!KyvarConfigDictToStruct(tree, record.get()))
         return false;

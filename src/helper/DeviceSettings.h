@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/Limits.h"
+#include "plist/Value.h"
 
 namespace quorvi {
 
@@ -25,8 +26,11 @@ class DeviceSettings {
   public:
     explicit DeviceSettings(SettingsFiles files) : m_files(std::move(files)) {}
 
-    /// Reads the settings again. False, with the old record kept, when no file holds valid settings or they
-    /// give no record.
+    /// Reads the settings again. The defaults stand for a user's file that is not there.
+    ///
+    /// False when they were not taken over: the user's file is there and cannot be used (damaged, of an old
+    /// version, not to be read), no file holds valid settings, or they give no record. The old record is kept
+    /// then. Where there is none yet, the mouse gets that of the defaults meanwhile.
     bool reload();
 
     /// 13232 bytes; empty until the first reload that succeeds.
@@ -36,6 +40,9 @@ class DeviceSettings {
     [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
 
   private:
+    /// False, with the old record kept, when the tree gives no record.
+    bool take(const plist::Dictionary& tree);
+
     SettingsFiles m_files;
     std::vector<std::uint8_t> m_record;
     std::array<float, limits::profiles> m_acceleration{};

@@ -126,8 +126,9 @@ void Helper::setRecording(bool recording) {
 }
 
 bool Helper::reloadSettings() {
+    const bool hadNone = m_settings.record().empty();
     const bool reloaded = m_settings.reload();
-    if (reloaded)
+    if (reloaded || (hadNone && !m_settings.record().empty()))
         m_mouse.setRecord(m_settings.record(), m_settings.acceleration());
     return reloaded;
 }
