@@ -12,6 +12,7 @@
 #include "model/Lookups.h"
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Unread.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
 #include "platform/widgets/ShownText.h"
@@ -164,6 +165,10 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
         const std::uint32_t others = kAllButtons & ~(1U << (assignment - 1));
         popUp->setEnabled(
             hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
+    }
+    if (!fDeviceConfig) {
+        popUp->selectNone(unreadText());
+        return;
     }
     std::optional<QString> title;
     if (const QAction* item =

@@ -47,12 +47,21 @@ QString documentsFolder() {
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
+void setActive(QWidget* window) {
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(window);
+    QT_WARNING_POP
+}
+
 /// Gives the keyboard back to what had it before. Qt ignores that a window becomes active while a list of
-/// completions is open, and a panel may close under its list: then no window at all would be active.
+/// completions is open, and a panel may close under its list: then no window at all would be active. To ask
+/// the display for the focus does not help, since there the window has it; only the function that Qt advises
+/// against tells Qt so.
 void returnFocusAfter(const QFileDialog* panel, QWidget* window) {
     QObject::connect(panel, &QObject::destroyed, window, [window] {
         if (!QApplication::activeWindow() && QGuiApplication::focusWindow() == window->windowHandle())
-            QApplication::setActiveWindow(window);
+            setActive(window);
         if (QWidget* earlier = window->focusWidget())
             earlier->setFocus();
     });

@@ -13,7 +13,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int kPlaceOfName = 0;
+constexpr int kPlaceOfMacroName = 0;
 
 plist::Dictionary newMacro(std::int32_t macroId, std::u16string name) {
     constexpr std::size_t usualSteps = 8; // four keys, down and up
@@ -48,7 +48,7 @@ void KyvarQuorviPane::actionButtonMacroAdd() {
     if (!fMacros || macroId < 0)
         return;
     appendMacro(newMacro(macroId, untitledMacro()));
-    fViews->main.quorviTableMacros->editCell(kPlaceOfName, fMacroIndex);
+    fViews->main.quorviTableMacros->editCell(kPlaceOfMacroName, fMacroIndex);
 }
 
 void KyvarQuorviPane::actionButtonMacroRemove() {

@@ -91,6 +91,14 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
     Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
 
+    // The helper's coming and going (pane/HelperPresence.cpp)
+    /// Looks whether the helper runs and shows it. The bus has it called at every change; a pane that is not
+    /// selected shows nothing.
+    void followHelper();
+    /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
+    /// the mouse drags a slider.
+    void bringHelperBack();
+
     // Settings document (pane/Settings.cpp)
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings();
@@ -295,6 +303,14 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Mirrors the panel when the language that it speaks is written from the right.
     void followLanguage();
     void startHelper();
+    void launchHelper();
+    void startFollowingHelper();
+    void stopFollowingHelper();
+    /// A helper that is not there to hear it is started, and reads the file by itself.
+    void tellHelperOfSave();
+    /// What stands beside the title.
+    [[nodiscard]] QString connectionText() const;
+    void updateConnectionUI();
     void installDeviceListHandler();
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
@@ -401,6 +417,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fSyncPending = false;   ///< the settings file was written and is not known to be on the disk
     bool fUnsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet
     bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
+    bool fFollowsHelper = false; ///< the pane is selected
+    bool fHelperStarting = false; ///< launched, and neither in the process list yet nor ended
+    bool fHelperGone = false;     ///< the user has been told; until it is in the process list again
+    bool fListHasCome = false;    ///< from the helper that runs now, since the pane was selected
+    ProcessSerialNumber fHelper;  ///< the helper that runs now; {0, 0} for none
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

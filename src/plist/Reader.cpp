@@ -91,12 +91,12 @@ class Importer {
     }
 
     /// Libplist hands out negative numbers and those above the signed range as the same 64 bits. Only the
-    /// width, which tells them apart, is compared, and a new node has the width of a signed number.
+    /// width, which tells them apart, is compared with that of a signed number.
     static Value integer(plist_t node) {
         std::uint64_t number = 0;
         plist_get_uint_val(node, &number);
         const auto isWide = [&] {
-            const Node narrow(plist_new_uint(number));
+            const Node narrow = signedInteger(static_cast<std::int64_t>(number));
             return plist_compare_node_value(node, narrow.get()) == 0;
         };
         if (number > INT64_MAX && isWide())

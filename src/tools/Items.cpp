@@ -7,6 +7,7 @@
 #include "model/Limits.h"
 #include "model/Lookups.h"
 #include "plist/Unicode.h"
+#include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -86,6 +87,7 @@ Outcome add(const Kind& kind, const plist::Dictionary& item, const plist::Dictio
     appendItem(list, item, kind.defaultName);
     if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
         return refused(faultOf(settings, "it cannot be written"));
+    tellHelperOfSave(tree, settings);
     std::printf("%s\n", text(item, keys::name).c_str());
     const std::string warning = &kind == &kProfile ? warningOf(item, tree) : "";
     return warning.empty() ? done() : done(faultOf(settings, warning));

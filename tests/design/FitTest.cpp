@@ -1,4 +1,5 @@
-// In each language, in letters of 10 points, the panel fits a screen of 1024 x 600 and no text is cut.
+// In each language, in the fonts of the usual desktops and one size larger, the panel fits a screen of 1024 x
+// 600 and no text is cut.
 
 #include <QAbstractButton>
 #include <QGroupBox>
@@ -24,7 +25,7 @@ namespace {
 constexpr QSize kScreen(1024, 600);
 constexpr QSize kDecoration(10, 34); // of a window, in the themes of the usual desktops
 constexpr QSize kOpens(760, 560);    // as quorvi-settings opens
-constexpr double kLetters = 10.0;    // points
+constexpr double kLarger = 4.0;      // points, of who needs large letters
 
 /// What is cut of the widget's text; empty when all of it is seen.
 QString cutOf(const QWidget& widget) {
@@ -79,13 +80,12 @@ class FitTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void initTestCase() {
-        QFont font = QApplication::font();
-        font.setPointSizeF(kLetters);
+    void init() {
+        QFETCH(QFont, font);
         QApplication::setFont(font);
     }
 
-    void theWindowFitsASmallScreenUncut_data() { eachLanguage(); }
+    void theWindowFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
     void theWindowFitsASmallScreenUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -96,28 +96,21 @@ class FitTest : public QObject {
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void aLargeWindowIsUncut_data() { eachLanguage(); }
+    void aLargeWindowIsUncut_data() { eachLanguageIn(fonts(0)); }
     void aLargeWindowIsUncut() {
         const Panel panel;
         panel.open({1600, 1000});
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void largeLettersAreUncut_data() { eachLanguage(); }
+    void largeLettersAreUncut_data() { eachLanguageIn(fonts(kLarger)); }
     void largeLettersAreUncut() {
-        const QFont before = QApplication::font();
-        QFont large = before;
-        large.setPointSizeF(14.0);
-        QApplication::setFont(large);
-        {
-            const Panel panel;
-            panel.open(kOpens);
-            QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
-        }
-        QApplication::setFont(before);
+        const Panel panel;
+        panel.open(kOpens);
+        QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void theSheetsFitASmallScreenUncut_data() { eachLanguage(); }
+    void theSheetsFitASmallScreenUncut_data() { eachLanguageInEachFont(); }
     void theSheetsFitASmallScreenUncut() {
         const Panel panel;
         const QStringList questions{"Are you sure you want to restore all settings to default?",
@@ -138,7 +131,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguage(); }
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
     void theLongestQuestionBeforeARemovalFitsASmallScreenUncut() {
         const Panel panel;
         const QString name(20, 'W');
@@ -166,7 +159,7 @@ class FitTest : public QObject {
         QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
     }
 
-    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguage(); }
+    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguageInEachFont(); }
     void whatCameOfAnImportOrExportIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -189,7 +182,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theStateOfARecordingIsUncut_data() { eachLanguage(); }
+    void theStateOfARecordingIsUncut_data() { eachLanguageInEachFont(); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -206,7 +199,7 @@ class FitTest : public QObject {
 
   private:
     struct Panel {
-        Panel() : spoken(currentLanguage().toStdString()) {
+        Panel() : spoken(currentLanguage()) {
             spoken.views->main.quorviTabsShowHideSteps->setCurrentIndex(0);
             for (auto* table : view().findChildren<KyvarQuorviTableView*>()) {
                 auto* model = new QStandardItemModel(0, 0, table);
@@ -262,12 +255,28 @@ class FitTest : public QObject {
         SpokenInterface spoken;
     };
 
-    static QString currentLanguage() { return QTest::currentDataTag(); }
+    static std::string currentLanguage() {
+        QFETCH(QString, language);
+        return language.toStdString();
+    }
 
-    static void eachLanguage() {
-        QTest::addColumn<int>("language");
-        for (int i = 0; i < int(std::size(languages)); ++i)
-            QTest::newRow(languages[i]) << i;
+    /// The fonts of the desktops, so many points larger than they come.
+    static QList<QFont> fonts(double larger) {
+        QList<QFont> fonts;
+        for (const DesktopFont& font : desktopFonts)
+            fonts << installedFont(font.family, font.points + larger);
+        return fonts;
+    }
+
+    static void eachLanguageInEachFont() { eachLanguageIn(fonts(0) + fonts(1)); }
+
+    static void eachLanguageIn(const QList<QFont>& fonts) {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QFont>("font");
+        for (const char* language : languages)
+            for (const QFont& font : fonts)
+                QTest::addRow("%s in %s %g", language, qPrintable(font.family()), font.pointSizeF())
+                    << QString::fromLatin1(language) << font;
     }
 };
 
