@@ -108,8 +108,8 @@ void KyvarQuorviPane::showImportProfilePanel() {
 }
 
 void KyvarQuorviPane::showExportProfilePanel() {
-    QFileDialog* panel = showSavePanel(
-        filePanel(*this, fMainView->window(), "Export Profile", kProfileFile), proposedName(ItemKind::profile));
+    QFileDialog* panel = showSavePanel(filePanel(*this, fMainView->window(), "Export Profile", kProfileFile),
+        proposedName(ItemKind::profile));
     connect(panel, &QDialog::finished, this, [this, panel](int code) { exportProfile(panel, code); });
 }
 
@@ -199,7 +199,8 @@ bool KyvarQuorviPane::mayImport(ItemKind kind, ItemFault fault, const QString& p
         return true;
     const QString shown = shownPath(nativePath(path), fServices.homeFolder);
     tellUser(Notice::outcome,
-        fault == ItemFault::none ? listFullText(kind, shown, text) : notImportedText(kind, shown, fault, text),
+        fault == ItemFault::none ? listFullText(kind, shown, text)
+                                 : notImportedText(kind, shown, fault, text),
         NoticeSign::warning);
     return false;
 }

@@ -1,5 +1,7 @@
 #include "editors/ItemOutcomes.h"
 
+#include <QFile>
+
 #include "platform/widgets/ShownText.h"
 
 namespace quorvi {
@@ -31,7 +33,7 @@ QString shownPath(const std::filesystem::path& path, const std::filesystem::path
     const bool isInside = !home.empty() && !fromHome.empty() && *fromHome.begin() != "..";
     const std::filesystem::path folder = (isInside ? "~" / fromHome : path).parent_path();
     const auto shown = [](const std::filesystem::path& part) {
-        return shownText(QString::fromLocal8Bit(part.c_str()));
+        return shownText(QFile::decodeName(part.c_str()));
     };
     const QString name = shown(path.filename());
     if (folder.empty())

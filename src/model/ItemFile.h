@@ -37,8 +37,7 @@ struct ReadItem {
 /// followed when another user owns it and it lies in a sticky folder, which /tmp is: there anybody may have
 /// guessed the name and put it in the way of a file of the user's. No error when all went well;
 /// invalid_argument without an item (nil), and for one that holds what a property list cannot.
-[[nodiscard]] std::error_code writeItemFile(
-    const plist::Dictionary& item, const std::filesystem::path& path);
+[[nodiscard]] std::error_code writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path);
 
 /// Appends the item under a name that no other item of the array has (see makeNameUnique); everything else
 /// of it stays as it is.

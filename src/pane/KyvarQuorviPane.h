@@ -139,8 +139,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void actionButtonModalOK();
     void actionButtonModalCancel();
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1". The
-    /// effect, in the user's language already, stands below the message's first line; the button that confirms
-    /// is called by its key.
+    /// effect, in the user's language already, stands below the message's first line; the button that
+    /// confirms is called by its key.
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item,
         const QString& effect = {}, const QString& confirmingKey = QStringLiteral("OK"));
 

@@ -58,7 +58,8 @@ class Walk {
     };
 
     bool readTrailer() {
-        if (!looksBinary(m_file) || m_file.size() < kMagic.size() + kTrailerSize || m_file.size() > m_bounds.bytes)
+        if (!looksBinary(m_file) || m_file.size() < kMagic.size() + kTrailerSize ||
+            m_file.size() > m_bounds.bytes)
             return false;
         const Bytes trailer = m_file.last(kTrailerSize);
         m_offsetSize = trailer[6];

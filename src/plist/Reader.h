@@ -33,8 +33,8 @@ struct FileContents {
     Value value; ///< nothing unless the status is Ok
 };
 
-/// The property list in the file, within the bounds. Never waits for anybody: a directory, a FIFO or a device is not read.
-[[nodiscard]] FileContents readPropertyListFile(
-    const std::filesystem::path& path, const Bounds& bounds = {});
+/// The property list in the file, within the bounds. Never waits for anybody: a directory, a FIFO or a device
+/// is not read.
+[[nodiscard]] FileContents readPropertyListFile(const std::filesystem::path& path, const Bounds& bounds = {});
 
 } // namespace quorvi::plist

@@ -121,7 +121,11 @@ long mostMemory() {
 TEST_F(ItemFile, ASmallFileWithAMillionStepsTakesNoMemoryForThem) {
     // A dictionary of "name" and "steps"; the steps are one empty dictionary, named 500,000 times.
     constexpr int count = 500'000;
-    std::string bytes = std::string("bplist00") + "\xD2\x01\x02\x03\x04" + "Tname" "Usteps" "Qx" + std::string("\xAF\x12", 2);
+    std::string bytes = std::string("bplist00") + "\xD2\x01\x02\x03\x04" +
+                        "Tname"
+                        "Usteps"
+                        "Qx" +
+                        std::string("\xAF\x12", 2);
     const std::size_t array = bytes.size() - 2;
     for (const int shift : {24, 16, 8, 0})
         bytes.push_back(static_cast<char>(count >> shift));
@@ -129,7 +133,8 @@ TEST_F(ItemFile, ASmallFileWithAMillionStepsTakesNoMemoryForThem) {
     const std::size_t step = bytes.size();
     bytes += '\xD0';
     const std::size_t table = bytes.size();
-    for (const std::size_t at : {std::size_t{8}, std::size_t{13}, std::size_t{18}, std::size_t{24}, array, step})
+    for (const std::size_t at :
+        {std::size_t{8}, std::size_t{13}, std::size_t{18}, std::size_t{24}, array, step})
         for (const int shift : {16, 8, 0})
             bytes.push_back(static_cast<char>(at >> static_cast<unsigned>(shift)));
     bytes += std::string(6, '\0') + '\3' + '\1' + std::string(7, '\0') + '\6' + std::string(8, '\0');

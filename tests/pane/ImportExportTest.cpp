@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScopeGuard>
 
 #include "model/ItemFile.h"
 #include "pane/ListTools.h"
@@ -78,7 +79,8 @@ class FilesFixture : public PaneFixture {
     }
     void forgetWhatWasTold() const {
         if (!told().isEmpty())
-            QTest::mouseClick(window->findChild<QAbstractButton*>(QStringLiteral("buttonNotice")), Qt::LeftButton);
+            QTest::mouseClick(
+                window->findChild<QAbstractButton*>(QStringLiteral("buttonNotice")), Qt::LeftButton);
     }
     /// Opens the panel that exports the current profile, in the home folder.
     void openExportPanel() const {
@@ -174,6 +176,9 @@ class ImportExportTest : public QObject {
     void aFolderOfTheNameIsNotInTheWay() {
         FilesFixture fixture(2);
         QVERIFY(QDir(fixture.home.path()).mkdir(QStringLiteral("Desk")));
+        const QString before = QDir::currentPath();
+        const auto back = qScopeGuard([&] { QDir::setCurrent(before); });
+        QDir::setCurrent(fixture.home.path()); // where Qt looks whether a name is a folder's
         fixture.openExportPanel();
         fixture.acceptPanel();
         QCOMPARE(fixture.exportedFiles(), QStringList("Desk.quorviProfile"));
@@ -242,8 +247,7 @@ class ImportExportTest : public QObject {
         FilesFixture fixture(2);
         fixture.openExportPanel();
         fixture.acceptPanel();
-        QCOMPARE(
-            fixture.told(), QStringLiteral("The profile “Desk” was exported to ~/Desk.quorviProfile."));
+        QCOMPARE(fixture.told(), QStringLiteral("The profile “Desk” was exported to ~/Desk.quorviProfile."));
         fixture.selectTab(3);
         fixture.selectRow(kMacros, 0);
         chooseInGearMenu(fixture, kMacroGear, 23);
@@ -342,7 +346,8 @@ class ImportExportTest : public QObject {
                 "The profile “Desk 2” was imported. Buttons that run a macro which is not there: 4, 9"));
         fixture.forgetWhatWasTold();
         fixture.selectTab(0);
-        QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop4")->currentText(), QStringLiteral("Macro: (missing)"));
+        QCOMPARE(
+            fixture.find<PopUpButton>("quorviMenuTop4")->currentText(), QStringLiteral("Macro: (missing)"));
         QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop5")->currentText(), QStringLiteral("Macro: World"));
     }
 
@@ -351,8 +356,7 @@ class ImportExportTest : public QObject {
         const auto profile = PaneFixture::sampleTree().array("profiles").dictionary(0);
         profile.set("name", u"a\u202Eb ^1");
         fixture.pane->importProfileCompletion(fixture.write("in", plist::Value(profile)));
-        QCOMPARE(
-            fixture.told(), QString::fromUtf8("The profile “\u2068ab ^1\u2069” was imported."));
+        QCOMPARE(fixture.told(), QString::fromUtf8("The profile “\u2068ab ^1\u2069” was imported."));
     }
 
     void aNameWithASlashIsNoPath() {

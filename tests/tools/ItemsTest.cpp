@@ -130,7 +130,8 @@ TEST_F(Items, AnImportedProfileWhoseMacrosAreNotThereIsWarnedOf) {
     const auto result = quorvictl({"import", settings, fileWith(profile)});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.output, "Draw\n");
-    EXPECT_EQ(result.error, "quorvictl: " + settings + ": buttons that run a macro which is not there: 4, 9\n");
+    EXPECT_EQ(
+        result.error, "quorvictl: " + settings + ": buttons that run a macro which is not there: 4, 9\n");
 }
 
 TEST_F(Items, AnExportDoesNotFollowALinkThatSomebodyElseHasPutIntoASharedFolder) {

@@ -13,6 +13,7 @@ using namespace quorvi::test;
 namespace {
 
 const QString kDelete = QStringLiteral("push button 'Delete'");
+const QString kTold = QStringLiteral("push button 'OK'"); // of the bar at the window's foot
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
 constexpr char kQuestion[] = "Please Confirm";
@@ -210,6 +211,7 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(tab.choose(kMacros, "Export Macro…", controls.opens("Export Macro")));
         QVERIFY(controls.type(kFileName, file, holdsFile));
         QVERIFY(controls.press("push button 'Save'", [&] { return QFile::exists(file); }));
+        QVERIFY(controls.press(kTold, [&] { return !controls.isThere(kTold); }));
         QVERIFY(tab.choose(kMacros, "Import Macro…", controls.opens("Import Macro")));
         QVERIFY(controls.type(kFileName, file, holdsFile));
         QVERIFY(controls.press("push button 'Open'", tab.named({"Bye", "Greet", "Untitled Macro", "Bye 2"})));

@@ -13,6 +13,7 @@ using namespace quorvi::test;
 namespace {
 
 const QString kDelete = QStringLiteral("push button 'Delete'");
+const QString kTold = QStringLiteral("push button 'OK'"); // of the bar at the window's foot
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kGear = QStringLiteral("push button 'More profile commands'");
 const QString kFileName = QStringLiteral("text 'File name:'");
@@ -204,12 +205,13 @@ class SpokenProfilesTest : public QObject {
             QString::fromStdString(tab.walk.session().home.path()) + "/carried.quorviProfile";
         QVERIFY(tab.choose("Export Profile…", controls.opens("Export Profile")));
         QCOMPARE(tab.walk.focusBecomes(kFileName), kFileName);
-        QCOMPARE(controls.find(kFileName).text(), std::string("Default Profile"));
+        QCOMPARE(controls.find(kFileName).text(), std::string("Default Profile.quorviProfile"));
         const auto holds = [&](const QString& text) {
             return [&, text] { return controls.find(kFileName).text() == text.toStdString(); };
         };
         QVERIFY(controls.type(kFileName, file, holds(file)));
         QVERIFY(controls.press("push button 'Save'", [&] { return QFile::exists(file); }));
+        QVERIFY(controls.press(kTold, [&] { return !controls.isThere(kTold); }));
         QVERIFY(tab.choose("Import Profile…", controls.opens("Import Profile")));
         QVERIFY(controls.press(kCancel, controls.closes("Import Profile")));
         QVERIFY(tab.choose("Import Profile…", controls.opens("Import Profile")));

@@ -1,5 +1,5 @@
-#include "platform/widgets/FilledText.h"
 #include "platform/widgets/NoticeBar.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/ShownText.h"
 #include "widgets/WidgetTestMain.h"
 

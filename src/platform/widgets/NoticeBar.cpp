@@ -3,14 +3,36 @@
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyle>
 
 namespace quorvi {
 
+/// Beside a text that says all there is to say. A label with a picture would be one thing more that screen
+/// readers come upon, and one without a name.
+class NoticeIcon : public QWidget {
+  public:
+    void set(const QIcon& icon, int size) {
+        m_icon = icon;
+        setFixedSize(size, size);
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        m_icon.paint(&painter, rect());
+    }
+
+  private:
+    QIcon m_icon;
+};
+
 NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
-    : QFrame(&window), m_sign(new QLabel), m_text(new QLabel), m_button(new QPushButton(buttonTitle)) {
+    : QFrame(&window), m_icon(new NoticeIcon), m_text(new QLabel), m_button(new QPushButton(buttonTitle)) {
     setFrameShape(QFrame::StyledPanel);
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::Text);
@@ -23,7 +45,7 @@ NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
     m_button->setObjectName(QStringLiteral("buttonNotice"));
     m_button->setAutoDefault(false);
     auto* row = new QHBoxLayout(this);
-    row->addWidget(m_sign);
+    row->addWidget(m_icon);
     row->addWidget(m_text, 1);
     row->addWidget(m_button);
     connect(m_button, &QPushButton::clicked, this, [this] {
@@ -56,7 +78,7 @@ void NoticeBar::update() {
     const auto icon =
         first.sign == NoticeSign::warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
     const int size = style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, this);
-    m_sign->setPixmap(style()->standardIcon(icon, nullptr, this).pixmap(size, size));
+    m_icon->set(style()->standardIcon(icon, nullptr, this), size);
     m_text->setText(first.text);
     place();
     show();

@@ -10,6 +10,8 @@ class QPushButton;
 
 namespace quorvi {
 
+class NoticeIcon;
+
 /// What the sign beside a notice says.
 enum class NoticeSign : std::uint8_t { information, warning };
 
@@ -45,7 +47,7 @@ class NoticeBar : public QFrame {
 
     std::map<int, Notice> m_notices;
     Notice m_shown{}; ///< without a text while the bar is hidden
-    QLabel* m_sign;
+    NoticeIcon* m_icon;
     QLabel* m_text;
     QPushButton* m_button;
 };
