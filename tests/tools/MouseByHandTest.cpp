@@ -42,7 +42,7 @@ TEST_F(MouseByHand, IsPressedReleasedAndWatched) {
     EXPECT_EQ(std::vector(changes.end() - 3, changes.end()),
         (std::vector<std::string>{"1\t272\t1", "0\t0\t0", "1\t272\t0"}));
     helper->kill();
-    EXPECT_EQ(watch.wait(), 1);
+    ASSERT_EQ(watch.wait(), 1);
     EXPECT_EQ(watch.readError(), "quorvictl: KyvarQuorviHelper is gone\n");
 }
 
