@@ -12,6 +12,7 @@
 #include "model/Lookups.h"
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Unread.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
 #include "platform/widgets/ShownText.h"
@@ -136,9 +137,12 @@ QString KyvarQuorviPane::assignmentTitle(
     case commands::switchToProfile:
         return titleWithName(locString(QStringLiteral("Profile:")),
             fProfiles.dictionary(static_cast<std::size_t>(indexOfNumber(param))));
-    case commands::runMacro:
-        return titleWithName(locString(QStringLiteral("Macro:")),
-            fMacros.dictionary(static_cast<std::size_t>(KyvarFindMacroInArray(param, nullptr, fMacros))));
+    case commands::runMacro: {
+        const QString title = locString(QStringLiteral("Macro:"));
+        const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
+        return index >= 0 ? titleWithName(title, fMacros.dictionary(static_cast<std::size_t>(index)))
+                          : title + QLatin1Char(' ') + locString(QStringLiteral("(missing)"));
+    }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
                QString::fromStdU16String(shownKeyCombination(UsbToAdbKeycode(param & 0xFF),
@@ -161,6 +165,10 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
         const std::uint32_t others = kAllButtons & ~(1U << (assignment - 1));
         popUp->setEnabled(
             hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
+    }
+    if (!fDeviceConfig) {
+        popUp->selectNone(unreadText());
+        return;
     }
     std::optional<QString> title;
     if (const QAction* item =

@@ -2,8 +2,8 @@
 // subsystem.
 //
 // The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are
-// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an
-// error to the user: an action that is not possible does nothing.
+// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. An action that is not
+// possible does nothing; what would cost the user work is told at the window's foot (Notices.h).
 #pragma once
 
 #include <QObject>
@@ -30,6 +30,7 @@
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
@@ -45,6 +46,8 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class NoticeBar;
+enum class ItemFault : std::uint8_t;
+enum class ItemKind : std::uint8_t;
 enum class Notice;
 enum class NoticeSign : std::uint8_t;
 class PopUpButton;
@@ -88,6 +91,14 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
     Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
 
+    // The helper's coming and going (pane/HelperPresence.cpp)
+    /// Looks whether the helper runs and shows it. The bus has it called at every change; a pane that is not
+    /// selected shows nothing.
+    void followHelper();
+    /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
+    /// the mouse drags a slider.
+    void bringHelperBack();
+
     // Settings document (pane/Settings.cpp)
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings();
@@ -127,8 +138,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
-    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
-    bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
+    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1". The
+    /// effect, in the user's language already, stands below the message's first line; the button that confirms
+    /// is called by its key.
+    bool confirmAction(const QString& messageKey, const std::optional<QString>& item,
+        const QString& effect = {}, const QString& confirmingKey = QStringLiteral("OK"));
 
     // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
     /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
@@ -243,8 +257,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void setDelayForAllSteps(std::int32_t milliseconds);
 
     // Import and export (editors/ImportExport.cpp). The panels end with QDialog::Accepted or not.
-    void exportProfile(const QFileDialog* panel, int returnCode) const;
-    void exportMacro(const QFileDialog* panel, int returnCode) const;
+    void exportProfile(const QFileDialog* panel, int returnCode);
+    void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
     void importMacro(const QFileDialog* panel, int returnCode);
     void importProfileCompletion(const QString& path);
@@ -289,6 +303,14 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Mirrors the panel when the language that it speaks is written from the right.
     void followLanguage();
     void startHelper();
+    void launchHelper();
+    void startFollowingHelper();
+    void stopFollowingHelper();
+    /// A helper that is not there to hear it is started, and reads the file by itself.
+    void tellHelperOfSave();
+    /// What stands beside the title.
+    [[nodiscard]] QString connectionText() const;
+    void updateConnectionUI();
     void installDeviceListHandler();
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
@@ -365,6 +387,13 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void showExportProfilePanel();
     void showImportMacroPanel();
     void showExportMacroPanel();
+    /// locString() for what is no part of the panel. Does not outlive it.
+    [[nodiscard]] PanelText panelText() const;
+    [[nodiscard]] QString proposedName(ItemKind kind) const;
+    void exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen);
+    /// False when the file is no good or there is no room, which the user is told.
+    [[nodiscard]] bool mayImport(ItemKind kind, ItemFault fault, const QString& path);
+    void tellOfImport(ItemKind kind, const plist::Dictionary& item);
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
@@ -388,6 +417,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fSyncPending = false;   ///< the settings file was written and is not known to be on the disk
     bool fUnsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet
     bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
+    bool fFollowsHelper = false; ///< the pane is selected
+    bool fHelperStarting = false; ///< launched, and neither in the process list yet nor ended
+    bool fHelperGone = false;     ///< the user has been told; until it is in the process list again
+    bool fListHasCome = false;    ///< from the helper that runs now, since the pane was selected
+    ProcessSerialNumber fHelper;  ///< the helper that runs now; {0, 0} for none
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};

@@ -129,6 +129,7 @@ void KyvarQuorviPane::didSelect() {
     fDeviceList.count = 0;
     fFocus.start(fMainView->window());
     installDeviceListHandler();
+    startFollowingHelper();
     sendMessageToHelper(kMessagePaneShown, 1);
     KyvarQuorviSwapNSAppMethods(this);
     // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
@@ -142,6 +143,7 @@ void KyvarQuorviPane::willUnselect() {
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);
+    stopFollowingHelper();
     removeEventHandlers();
     fFocus.stop();
     fSettingsWatcher.stop();
@@ -172,6 +174,7 @@ void KyvarQuorviPane::sysPrefDidResignActive() {
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
     updateUI();
+    bringHelperBack();
     followSettingsFile();
 }
 

@@ -29,7 +29,7 @@ bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
     fUnsavedEdits = !saved;
     if (saved) {
         fSyncPending = fDragging;
-        sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+        tellHelperOfSave();
         watchSettingsFile();
     }
     if (const auto copy = fSettingsFile.takeKeptCopy())
@@ -47,6 +47,8 @@ void KyvarQuorviPane::dragDidEnd() {
     // anew.
     if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
         saveSettings(fDeviceConfig);
+    if (fHelperGone)
+        bringHelperBack();
     updateDpiOnMouse();
     // Later: a slider that goes with its window ends its drag as well, when half of the window is gone.
     QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
