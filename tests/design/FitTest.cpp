@@ -83,7 +83,7 @@ class FitTest : public QObject {
         QApplication::setFont(font);
     }
 
-    void theWindowFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theWindowFitsASmallScreenUncut_data() { eachLanguageIn(fonts(0) + fonts(1)); }
     void theWindowFitsASmallScreenUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -108,7 +108,7 @@ class FitTest : public QObject {
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void theSheetsFitASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theSheetsFitASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
     void theSheetsFitASmallScreenUncut() {
         const Panel panel;
         const QStringList questions{"Are you sure you want to restore all settings to default?",
@@ -129,7 +129,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theStateOfARecordingIsUncut_data() { eachLanguageInEachFont(); }
+    void theStateOfARecordingIsUncut_data() { eachLanguageIn(fonts(1)); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -213,8 +213,6 @@ class FitTest : public QObject {
             fonts << installedFont(font.family, font.points + larger);
         return fonts;
     }
-
-    static void eachLanguageInEachFont() { eachLanguageIn(fonts(0) + fonts(1)); }
 
     static void eachLanguageIn(const QList<QFont>& fonts) {
         QTest::addColumn<QString>("language");
