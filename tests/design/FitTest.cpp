@@ -85,7 +85,7 @@ class FitTest : public QObject {
         QApplication::setFont(font);
     }
 
-    void theWindowFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theWindowFitsASmallScreenUncut_data() { eachLanguageIn(fonts(0) + fonts(1)); }
     void theWindowFitsASmallScreenUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -110,7 +110,7 @@ class FitTest : public QObject {
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void theSheetsFitASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theSheetsFitASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
     void theSheetsFitASmallScreenUncut() {
         const Panel panel;
         const QStringList questions{"Are you sure you want to restore all settings to default?",
@@ -131,7 +131,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
     void theLongestQuestionBeforeARemovalFitsASmallScreenUncut() {
         const Panel panel;
         const QString name(20, 'W');
@@ -159,7 +159,7 @@ class FitTest : public QObject {
         QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
     }
 
-    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguageInEachFont(); }
+    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguageIn(fonts(1)); }
     void whatCameOfAnImportOrExportIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -182,7 +182,7 @@ class FitTest : public QObject {
         }
     }
 
-    void theStateOfARecordingIsUncut_data() { eachLanguageInEachFont(); }
+    void theStateOfARecordingIsUncut_data() { eachLanguageIn(fonts(1)); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -267,8 +267,6 @@ class FitTest : public QObject {
             fonts << installedFont(font.family, font.points + larger);
         return fonts;
     }
-
-    static void eachLanguageInEachFont() { eachLanguageIn(fonts(0) + fonts(1)); }
 
     static void eachLanguageIn(const QList<QFont>& fonts) {
         QTest::addColumn<QString>("language");
