@@ -1,10 +1,11 @@
 #include <cstdio>
 
-#include "model/ConfigFileStore.h"
+#include "model/ConfigFile.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/Lookups.h"
+#include "plist/DeepCopy.h"
 #include "plist/Unicode.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
@@ -46,18 +47,34 @@ FoundItem itemIn(const std::filesystem::path& file) {
     return {};
 }
 
-Outcome add(const FoundItem& found, const plist::Dictionary& tree, const std::string& settings) {
-    const Kind& kind = *found.kind;
-    const plist::Array list = tree.array(kind.list);
+/// Why the list takes no more, or nothing.
+std::string faultOfList(const plist::Array& list, const Kind& kind) {
     if (!list)
-        return refused(faultOf(settings, "it holds no array \"" + std::string(kind.list) + "\""));
-    if (static_cast<int>(list.size()) >= kind.most)
-        return refused(faultOf(settings, "it holds " + std::to_string(list.size()) + " of at most " +
-                                             std::to_string(kind.most) + " " + std::string(kind.list)));
-    appendItem(list, found.item, kind.defaultName);
-    if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
-        return refused(faultOf(settings, "it cannot be written"));
-    std::printf("%s\n", text(found.item, keys::name).c_str());
+        return "it holds no array \"" + std::string(kind.list) + "\"";
+    if (static_cast<int>(list.size()) < kind.most)
+        return {};
+    return "it holds " + std::to_string(list.size()) + " of at most " + std::to_string(kind.most) + " " +
+           std::string(kind.list);
+}
+
+/// To what the file holds by the time it is replaced: others may add to it, the panel among them.
+Outcome add(const FoundItem& found, const std::string& settings) {
+    const Kind& kind = *found.kind;
+    std::string fault = "it cannot be written";
+    plist::Dictionary added;
+    const int error = changeConfigFile(keys::storage, settings, [&](const plist::Dictionary& tree) {
+        const plist::Array list = tree.array(kind.list);
+        if (std::string reason = faultOfList(list, kind); !reason.empty()) {
+            fault = std::move(reason);
+            return false;
+        }
+        added = plist::mutableDeepCopy(found.item); // its name depends on the others there
+        appendItem(list, added, kind.defaultName);
+        return true;
+    });
+    if (error != 0)
+        return refused(faultOf(settings, fault));
+    std::printf("%s\n", text(added, keys::name).c_str());
     return done();
 }
 
@@ -111,7 +128,7 @@ Outcome importItem(const Arguments& arguments) {
         return refused(
             faultOf(arguments[1], std::string("it is neither a profile, which needs ") + kProfile.needs +
                                       ", nor a macro, which needs " + kMacro.needs));
-    return add(found, settings.value, arguments[0]);
+    return add(found, arguments[0]);
 }
 
 Outcome exportItem(const Arguments& arguments) {
