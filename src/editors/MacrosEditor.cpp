@@ -12,7 +12,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int kNameColumn = 0;
+constexpr int kMacroNameCell = 0;
 
 plist::Dictionary newMacro(std::int32_t macroId, std::u16string name) {
     constexpr std::size_t usualSteps = 8; // four keys, down and up
@@ -47,7 +47,7 @@ void KyvarQuorviPane::actionButtonMacroAdd() {
     if (!fMacros || macroId < 0)
         return;
     appendMacro(newMacro(macroId, untitledMacro()));
-    fViews->main.quorviTableMacros->editCell(kNameColumn, fMacroIndex);
+    fViews->main.quorviTableMacros->editCell(kMacroNameCell, fMacroIndex);
 }
 
 void KyvarQuorviPane::actionButtonMacroRemove() {
