@@ -2,12 +2,9 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string>
-#include <type_traits>
 
 #include <fcntl.h>
-#include <plist/plist.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,16 +13,14 @@
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
+#include "plist/Node.h"
 #include "plist/Writer.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::bench {
 namespace {
 
-struct NodeDeleter {
-    void operator()(plist_t node) const { plist_free(node); }
-};
-using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, NodeDeleter>;
+using plist::Node;
 
 /// The file's bytes with as few calls as it takes.
 std::string readWhole(const std::string& path) {
@@ -79,8 +74,8 @@ void write(int pairs, const plist::Dictionary& content, const std::string& expec
         char* text = nullptr;
         std::uint32_t length = 0;
         plist_to_xml(tree.get(), &text, &length);
+        const plist::Allocated<char> owner(text);
         require(length == expected.size());
-        plist_to_xml_free(text);
     };
     printRow("write a full configuration as XML / libplist writes its own tree", ratio(pairs, ours, theirs),
         "x", 1.5);

@@ -14,10 +14,16 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
 endif()
 
+include(QuorviHardening)
+
 add_library(quorvi-options INTERFACE)
 target_compile_options(quorvi-options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    -Wcast-qual -Wformat=2 -Werror)
+    -Wcast-qual -Wformat=2)
+if(QUORVI_WERROR)
+    # Another compiler warns of other things; whoever only wants to use the panel is not to be kept from it.
+    target_compile_options(quorvi-options INTERFACE -Werror)
+endif()
 target_include_directories(quorvi-options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 
 if(CMAKE_UNITY_BUILD)
@@ -34,8 +40,6 @@ if(QUORVI_FUZZ)
     # the time.
     add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
-    # The code is free of the warnings of the compiler that it is shipped with; clang's own do not end a run.
-    target_compile_options(quorvi-options INTERFACE -Wno-error)
 endif()
 
 # A library of the project: static, position independent, so that the plug-in, the programs and the

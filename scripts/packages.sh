@@ -8,9 +8,12 @@ packages_build=(
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)
+# The fonts in which the window has to fit its screen; tests know no others (tests/support/fonts.conf).
+packages_fonts=(fonts-cantarell fonts-dejavu-core fonts-noto-cjk fonts-noto-core)
 packages_test=(
     libgtest-dev libbenchmark-dev
     "${packages_display[@]}"
+    "${packages_fonts[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
     shared-mime-info strace xkb-data
     fish zsh
@@ -18,17 +21,28 @@ packages_test=(
     sway weston wtype qt6-wayland
 )
 packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
-# The module for System Settings: to build it, and to try it in its hosts.
-packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
+# The module for System Settings: to build it, and to try it in its hosts. The preset is of their version of Qt, which
+# was 5 up to Debian 12.
 packages_kde_test=(kde-cli-tools systemsettings)
+if [[ $(cat /etc/debian_version 2>/dev/null) == 12.* ]]; then
+    kde_preset=qt5
+    packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
+else
+    kde_preset=default
+    packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
+    packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
+fi
 packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)
 packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps rofi x11-utils xdotool xvfb)
+# To run commands on another release of Debian (scripts/on-debian), and a cache of the compiler's for it.
+packages_on_debian=(debootstrap)
+packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 # The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.
-packages_fuzz=(clang libclang-rt-14-dev)
+packages_fuzz=(clang libclang-rt-dev)
 # Settings programs for mice, whose start bench/run --peers sets beside the panel's.
 packages_bench_peers=(lxinput xfce4-settings piper)

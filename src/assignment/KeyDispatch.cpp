@@ -16,6 +16,13 @@ bool isCapturing() {
     return gPatchedPane && gPatchedPane->overrideSingleKeys();
 }
 
+/// Whether this release, of a key whose press the capture has not had, is none of the capture's business.
+/// That of a modifier is: what was typed with it may be recorded, and then its release has to be. A recording
+/// that waits for its one step has no such step yet.
+bool isFromBefore(const KeyEvent& release) {
+    return release.type == KeyEventType::KeyUp || gPatchedPane->awaitsOneStep();
+}
+
 } // namespace
 
 KeyDispatch::KeyDispatch() {
@@ -61,8 +68,10 @@ bool KeyDispatch::takesKey(const QKeyEvent& event) {
     followMissedModifiers(modifierWord(converted.flagsBefore));
     if (isPress)
         gPatchedPane->updateKeyboardGrab();
-    if (converted.event.type == KeyEventType::KeyUp && !wasTaken)
+    if (!isPress && !wasTaken && isFromBefore(converted.event)) {
+        followMissedModifiers(modifierWord(converted.event.modifierFlags));
         return true;
+    }
     const bool usedUp = sendEventKyvarQuorviPatch(converted.event);
     if (usedUp && isPress)
         take(event.nativeScanCode());

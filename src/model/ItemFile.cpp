@@ -1,9 +1,15 @@
 #include "model/ItemFile.h"
 
+#include <cerrno>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "model/AtomicFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/Leftovers.h"
+#include "model/Limits.h"
 #include "model/NamingRule.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
@@ -12,26 +18,93 @@ namespace quorvi {
 
 namespace {
 
-plist::Dictionary readItemFile(const std::filesystem::path& path) {
-    return plist::readPropertyListFile(path).value.dictionary();
+namespace fs = std::filesystem;
+
+/// Any dictionary that is small enough.
+ReadItem readItemFile(const fs::path& path) {
+    const auto contents = plist::readPropertyListFile(path, {limits::itemValues, limits::itemBytes});
+    switch (contents.status) {
+    case plist::FileStatus::NotReadable:
+        return {{}, ItemFault::notReadable};
+    case plist::FileStatus::TooLarge:
+        return {{}, ItemFault::tooLarge};
+    case plist::FileStatus::NotPropertyList:
+        return {{}, ItemFault::damaged};
+    case plist::FileStatus::Ok:
+        break;
+    }
+    const plist::Dictionary item = contents.value.dictionary();
+    return {item, item ? ItemFault::none : ItemFault::otherItem};
+}
+
+bool isMacro(const plist::Dictionary& item) {
+    return item.has(keys::name) && item.has(keys::steps);
+}
+
+bool isLinkOfAnother(const fs::path& path) {
+    struct stat link = {};
+    struct stat folder = {};
+    const fs::path parent = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    return ::lstat(path.c_str(), &link) == 0 && S_ISLNK(link.st_mode) && link.st_uid != ::geteuid() &&
+           ::stat(parent.c_str(), &folder) == 0 && (folder.st_mode & S_ISVTX) != 0;
+}
+
+/// Whether a link on the way to the file is to be left alone. A loop has none of its own: it ends where the
+/// file is replaced.
+bool leadsOverLinkOfAnother(fs::path path) {
+    constexpr int longestChain = 40; // as many as the kernel itself follows
+    for (int links = 0; links <= longestChain; ++links) {
+        if (isLinkOfAnother(path))
+            return true;
+        std::error_code error;
+        const fs::path target = fs::read_symlink(path, error);
+        if (error)
+            return false;
+        path = path.parent_path() / target; // an absolute target replaces the folder
+    }
+    return false;
+}
+
+std::error_code systemError(int number) {
+    return {number, std::generic_category()};
+}
+
+/// Why a file was not replaced, when no system call has said it.
+int unsaidErrorAt(const fs::path& path) {
+    std::error_code error;
+    return fs::is_directory(path, error) ? EISDIR : EIO;
 }
 
 } // namespace
 
-plist::Dictionary readProfileFile(const std::filesystem::path& path) {
-    const plist::Dictionary profile = readItemFile(path);
-    return KyvarValidateProfile(profile) ? profile : plist::Dictionary();
+ReadItem readProfileFile(const fs::path& path) {
+    ReadItem read = readItemFile(path);
+    if (read && !KyvarValidateProfile(read.item))
+        return {{}, ItemFault::otherItem};
+    return read;
 }
 
-plist::Dictionary readMacroFile(const std::filesystem::path& path) {
-    const plist::Dictionary macro = readItemFile(path);
-    return macro.has(keys::name) && macro.has(keys::steps) ? macro : plist::Dictionary();
+ReadItem readMacroFile(const fs::path& path) {
+    ReadItem read = readItemFile(path);
+    if (read && !isMacro(read.item))
+        return {{}, ItemFault::otherItem};
+    if (read && read.item.array(keys::steps).size() > limits::macroSteps)
+        return {{}, ItemFault::tooManySteps};
+    return read;
 }
 
-bool writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path) {
-    removeLeftovers(path); // an export leaves them wherever the user exports to
+std::error_code writeItemFile(const plist::Dictionary& item, const fs::path& path) {
     const auto text = plist::writeXml(item);
-    return text && replaceFileAtomically(path, *text);
+    if (!text)
+        return systemError(EINVAL);
+    if (leadsOverLinkOfAnother(path))
+        return systemError(EACCES);
+    removeLeftovers(path); // an export leaves them wherever the user exports to
+    errno = 0;
+    if (replaceFileAtomically(path, *text))
+        return {};
+    const int number = errno;
+    return systemError(number != 0 ? number : unsaidErrorAt(path));
 }
 
 void appendItem(const plist::Array& array, const plist::Dictionary& item, const std::u16string& defaultName) {

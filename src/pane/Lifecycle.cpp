@@ -130,6 +130,7 @@ void KyvarQuorviPane::didSelect() {
     fDeviceList.count = 0;
     fFocus.start(fMainView->window());
     installDeviceListHandler();
+    startFollowingHelper();
     sendMessageToHelper(kMessagePaneShown, 1);
     KyvarQuorviSwapNSAppMethods(this);
     // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
@@ -143,6 +144,7 @@ void KyvarQuorviPane::willUnselect() {
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);
+    stopFollowingHelper();
     removeEventHandlers();
     fFocus.stop();
     fSettingsWatcher.stop();
@@ -176,6 +178,7 @@ void KyvarQuorviPane::sysPrefDidResignActive() {
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
     updateUI();
+    bringHelperBack();
     retryFailedSave();
     followSettingsFile();
 }

@@ -34,7 +34,7 @@ bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
         takeMergedSettingsOver();
     if (saved) {
         fSyncPending = fDragging;
-        sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+        tellHelperOfSave();
         watchSettingsFile();
         withdrawNotice(Notice::saveFailed);
     } else {
@@ -55,6 +55,8 @@ void KyvarQuorviPane::dragDidEnd() {
     // anew.
     if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
         saveSettings(fDeviceConfig);
+    if (fHelperGone)
+        bringHelperBack();
     updateDpiOnMouse();
     // Later: a slider that goes with its window ends its drag as well, when half of the window is gone.
     QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);

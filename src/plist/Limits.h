@@ -24,6 +24,13 @@ inline constexpr std::uint64_t kMaxBytes = 64U << 20U;
 /// 23,170 keys; 2^28 of them take two to four seconds at worst.
 inline constexpr std::uint64_t kMaxWork = 1U << 28U;
 
+/// How much of a property list is read. Whoever knows that it holds little asks for little: a small binary
+/// file can name the same object again and again, and a tree takes a kilobyte a value.
+struct Bounds {
+    std::uint64_t nodes = kMaxNodes;
+    std::uint64_t bytes = kMaxBytes; ///< of the file, and of all texts and data of the tree
+};
+
 /// What reading a part of a property list costs.
 struct Cost {
     std::uint64_t nodes = 0;
@@ -39,8 +46,8 @@ struct Cost {
     [[nodiscard]] Cost operator-(const Cost& before) const {
         return {nodes - before.nodes, bytes - before.bytes, work - before.work};
     }
-    [[nodiscard]] bool isBearable() const {
-        return nodes <= kMaxNodes && bytes <= kMaxBytes && work <= kMaxWork;
+    [[nodiscard]] bool isBearable(const Bounds& bounds = {}) const {
+        return nodes <= bounds.nodes && bytes <= bounds.bytes && work <= kMaxWork;
     }
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <clocale>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <type_traits>
@@ -16,6 +17,16 @@ struct NodeDeleter {
 };
 /// A libplist node that is nobody's child, with all that it holds.
 using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, NodeDeleter>;
+
+/// A new node of a signed integer. libplist 2.3, which made PLIST_UINT another name, began to tell them from
+/// unsigned ones; before, it took the 64 bits of every new node for a signed number's.
+[[nodiscard]] inline Node signedInteger(std::int64_t number) {
+#ifdef PLIST_UINT
+    return Node(plist_new_int(number));
+#else
+    return Node(plist_new_uint(static_cast<std::uint64_t>(number)));
+#endif
+}
 
 struct AllocatedDeleter {
     // libplist documents plain free() for its iterators and keys.

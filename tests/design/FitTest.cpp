@@ -1,4 +1,5 @@
-// In each language, in letters of 10 points, the panel fits a screen of 1024 x 600 and no text is cut.
+// In each language, in the fonts of the usual desktops and one size larger, the panel fits a screen of 1024 x
+// 600 and no text is cut.
 
 #include <QAbstractButton>
 #include <QGroupBox>
@@ -9,7 +10,9 @@
 
 #include "design/Languages.h"
 #include "platform/widgets/AccelerationCurve.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/TableColumns.h"
 #include "widgets/WidgetTestMain.h"
@@ -22,7 +25,7 @@ namespace {
 constexpr QSize kScreen(1024, 600);
 constexpr QSize kDecoration(10, 34); // of a window, in the themes of the usual desktops
 constexpr QSize kOpens(760, 560);    // as quorvi-settings opens
-constexpr double kLetters = 10.0;    // points
+constexpr double kLarger = 4.0;      // points, of who needs large letters
 
 /// What is cut of the widget's text; empty when all of it is seen.
 QString cutOf(const QWidget& widget) {
@@ -77,13 +80,12 @@ class FitTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void initTestCase() {
-        QFont font = QApplication::font();
-        font.setPointSizeF(kLetters);
+    void init() {
+        QFETCH(QFont, font);
         QApplication::setFont(font);
     }
 
-    void theWindowFitsASmallScreenUncut_data() { eachLanguage(); }
+    void theWindowFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
     void theWindowFitsASmallScreenUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -94,28 +96,21 @@ class FitTest : public QObject {
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void aLargeWindowIsUncut_data() { eachLanguage(); }
+    void aLargeWindowIsUncut_data() { eachLanguageIn(fonts(0)); }
     void aLargeWindowIsUncut() {
         const Panel panel;
         panel.open({1600, 1000});
         QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void largeLettersAreUncut_data() { eachLanguage(); }
+    void largeLettersAreUncut_data() { eachLanguageIn(fonts(kLarger)); }
     void largeLettersAreUncut() {
-        const QFont before = QApplication::font();
-        QFont large = before;
-        large.setPointSizeF(14.0);
-        QApplication::setFont(large);
-        {
-            const Panel panel;
-            panel.open(kOpens);
-            QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
-        }
-        QApplication::setFont(before);
+        const Panel panel;
+        panel.open(kOpens);
+        QTRY_COMPARE(panel.cutsOnTabs().join("; "), QString());
     }
 
-    void theSheetsFitASmallScreenUncut_data() { eachLanguage(); }
+    void theSheetsFitASmallScreenUncut_data() { eachLanguageInEachFont(); }
     void theSheetsFitASmallScreenUncut() {
         const Panel panel;
         const QStringList questions{"Are you sure you want to restore all settings to default?",
@@ -136,7 +131,58 @@ class FitTest : public QObject {
         }
     }
 
-    void theStateOfARecordingIsUncut_data() { eachLanguage(); }
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageInEachFont(); }
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut() {
+        const Panel panel;
+        const QString name(20, 'W');
+        const auto filled = [&](const char* english, const QStringList& parts) {
+            return filledText(panel.spoken.text(english), parts);
+        };
+        QString question =
+            filled("Delete profile: ^1\r\rAre you sure you want to delete this profile?", {name});
+        QStringList lines;
+        for (const QString& input :
+            {filled("Button ^1 of “^2”", {"4", name}), filled("Turning the wheel up in “^1”", {name}),
+                filled("Turning the wheel down in “^1”", {name})})
+            lines << filled("^1 switches to “^2” and will switch to “^3”.", {input, name, name});
+        lines << filled(
+            "Number of other buttons that will do nothing or switch to another profile: ^1", {"42"});
+        question.insert(question.indexOf('\n'), '\n' + lines.join('\n'));
+        auto& confirm = panel.spoken.views->confirm;
+        confirm.quorviTextConfirm->setText(question);
+        confirm.quorviConfirmButtonOK->setText(panel.spoken.text("Delete"));
+        QDialog* sheet = panel.spoken.views->quorviPanelConfirm;
+        sheet->show();
+        QVERIFY(QTest::qWaitForWindowExposed(sheet));
+        QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
+        QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
+        QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
+    }
+
+    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguageInEachFont(); }
+    void whatCameOfAnImportOrExportIsUncut() {
+        const Panel panel;
+        panel.open(kOpens);
+        NoticeBar bar(panel.spoken.text("OK"), panel.view());
+        const QString name(20, 'W');
+        const QString path = "~/" + QString(30, 'W') + "/" + name + ".quorviProfile";
+        for (const char* english : {"The profile “^1” was exported to ^2.", "“^1” was not exported to ^2: ^3",
+                 "“^1” was not exported: there is a file ^2 already.",
+                 "The profile “^1” was imported. Buttons that run a macro which is not there: ^2"}) {
+            bar.tell(0, filledText(panel.spoken.text(english), {name, path, "No space left on device"}),
+                NoticeSign::warning);
+            QTRY_COMPARE(cutIn(bar).join("; "), QString());
+            QVERIFY(bar.height() < panel.view().height() / 4);
+        }
+        for (const char* english : {"^1 was not imported: it is damaged or of another kind.",
+                 "^1 was not imported: its macro has more than 16 steps.",
+                 "^1 was not imported: there are 12 macros already, which is the most."}) {
+            bar.tell(0, filledText(panel.spoken.text(english), {path}), NoticeSign::warning);
+            QTRY_COMPARE(cutIn(bar).join("; "), QString());
+        }
+    }
+
+    void theStateOfARecordingIsUncut_data() { eachLanguageInEachFont(); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
         panel.open(kOpens);
@@ -144,7 +190,8 @@ class FitTest : public QObject {
         QLabel* state = panel.spoken.views->main.textRecording;
         for (const char* english : {"Recording: 1 step left", "Recording: ^1 steps left",
                  "Recording: no steps left", "Recording over step ^1"}) {
-            state->setText(panel.spoken.text(english).replace("^1", "16"));
+            state->setText(panel.spoken.text(english).replace("^1", "16") + QStringLiteral(" \u00B7 ") +
+                           panel.spoken.text("hold Esc to stop"));
             QCoreApplication::processEvents();
             QTRY_COMPARE(cutOf(*state), QString());
         }
@@ -152,7 +199,7 @@ class FitTest : public QObject {
 
   private:
     struct Panel {
-        Panel() : spoken(currentLanguage().toStdString()) {
+        Panel() : spoken(currentLanguage()) {
             spoken.views->main.quorviTabsShowHideSteps->setCurrentIndex(0);
             for (auto* table : view().findChildren<KyvarQuorviTableView*>()) {
                 auto* model = new QStandardItemModel(0, 0, table);
@@ -208,12 +255,28 @@ class FitTest : public QObject {
         SpokenInterface spoken;
     };
 
-    static QString currentLanguage() { return QTest::currentDataTag(); }
+    static std::string currentLanguage() {
+        QFETCH(QString, language);
+        return language.toStdString();
+    }
 
-    static void eachLanguage() {
-        QTest::addColumn<int>("language");
-        for (int i = 0; i < int(std::size(languages)); ++i)
-            QTest::newRow(languages[i]) << i;
+    /// The fonts of the desktops, so many points larger than they come.
+    static QList<QFont> fonts(double larger) {
+        QList<QFont> fonts;
+        for (const DesktopFont& font : desktopFonts)
+            fonts << installedFont(font.family, font.points + larger);
+        return fonts;
+    }
+
+    static void eachLanguageInEachFont() { eachLanguageIn(fonts(0) + fonts(1)); }
+
+    static void eachLanguageIn(const QList<QFont>& fonts) {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QFont>("font");
+        for (const char* language : languages)
+            for (const QFont& font : fonts)
+                QTest::addRow("%s in %s %g", language, qPrintable(font.family()), font.pointSizeF())
+                    << QString::fromLatin1(language) << font;
     }
 };
 

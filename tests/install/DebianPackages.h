@@ -7,9 +7,12 @@ namespace quorvi::test {
 
 class DebianPackages : public ::testing::Test {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(
-            succeeds({QUORVI_CPACK, "--config", QUORVI_BUILD "/CPackConfig.cmake", "-B", m_folder.path()}));
+    void SetUp() override { make({}); }
+    /// Makes the packages; with options, other than the build does by itself.
+    void make(std::vector<std::string> options) {
+        options.insert(options.begin(),
+            {QUORVI_CPACK, "--config", QUORVI_BUILD "/CPackConfig.cmake", "-B", m_folder.path()});
+        ASSERT_TRUE(succeeds(options));
     }
     /// The file of the package; empty when there is none.
     [[nodiscard]] std::string package(const std::string& name) const {

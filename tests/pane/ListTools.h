@@ -40,7 +40,7 @@ inline void clickItem(QMenu* menu, int tag) {
     if (!item)
         qFatal("the menu has no item %d", tag);
     if (item->isEnabled())
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+        clickItem(menu, item);
     else
         menu->close();
 }

@@ -19,7 +19,7 @@ QMenu* openMenu() {
 }
 
 void chooseIn(QMenu* menu, int tag) {
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(itemWithTag(*menu, tag)).center());
+    clickItem(menu, itemWithTag(*menu, tag));
     QCoreApplication::processEvents();
 }
 

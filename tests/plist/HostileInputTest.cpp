@@ -68,6 +68,9 @@ TEST(HostileXml, IsBoundedInItsValues) {
     EXPECT_TRUE(isBoundedXml(trues(kMaxNodes - 1)));
     EXPECT_FALSE(isBoundedXml(trues(kMaxNodes)));
     EXPECT_TRUE(read(trues(kMaxNodes)).isNothing());
+    EXPECT_TRUE(isBoundedXml(trues(9), {.nodes = 10}));
+    EXPECT_FALSE(isBoundedXml(trues(10), {.nodes = 10})) << "whoever asks for less gets less";
+    EXPECT_FALSE(isBoundedXml(trues(1), {.bytes = 20}));
 }
 
 TEST(HostileXml, IsBoundedInADictionarysKeys) {

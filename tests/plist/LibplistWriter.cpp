@@ -17,7 +17,7 @@ Node make(bool v) {
     return Node(plist_new_bool(v ? 1 : 0));
 }
 Node make(std::int64_t v) {
-    return Node(plist_new_uint(static_cast<std::uint64_t>(v)));
+    return signedInteger(v);
 }
 Node make(double v) {
     return Node(plist_new_real(v));

@@ -49,7 +49,7 @@ void put(const QString& path, const QByteArray& bytes) {
 }
 
 void putItem(const plist::Dictionary& item, const QString& path) {
-    if (!writeItemFile(item, path.toStdString()))
+    if (writeItemFile(item, path.toStdString()))
         qFatal("%s cannot be written", qPrintable(path));
 }
 

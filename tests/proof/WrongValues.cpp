@@ -42,7 +42,8 @@ void appendPlaces(const plist::Value& value, const Path& path, std::vector<Path>
         places.push_back(next);
         appendPlaces(child, next, places);
     };
-    for (const plist::Entry& entry : value.dictionary().entries())
+    const plist::Dictionary dictionary = value.dictionary();
+    for (const plist::Entry& entry : dictionary.entries())
         add(entry.key, entry.value);
     const plist::Array array = value.array();
     for (std::size_t index = 0; index < array.size(); ++index)
@@ -148,7 +149,8 @@ QString pathText(const Path& path) {
 
 plist::Dictionary treeWithEveryKey() {
     const auto tree = PaneFixture::sampleTree();
-    for (const plist::Value& item : tree.array(keys::profiles).items()) {
+    const plist::Array profiles = tree.array(keys::profiles);
+    for (const plist::Value& item : profiles.items()) {
         const auto profile = item.dictionary();
         for (const std::string_view key :
             {keys::application, keys::identifier, keys::signature, keys::executable})

@@ -13,6 +13,7 @@ namespace quorvi::test {
 
 /// The bits of a state set that are asked for here, by their numbers (at-spi2-core, atspi-constants.h).
 enum class AccessibleState : int {
+    active = 1,
     checked = 4,
     enabled = 8,
     focusable = 11,

@@ -37,17 +37,20 @@ void Compositor::start(const std::vector<std::string>& command, const std::vecto
         throw std::runtime_error(command.back() + " does not start: " + m_process->readError());
 }
 
-Sway::Sway(const std::string& display) : Compositor("wayland-1") {
-    const std::string configuration = folder().write("config", "xwayland disable\n");
-    std::vector<std::string> program{"sway", "--config", configuration};
-    if (getuid() == 0) { // it refuses to work for root
+void Compositor::startAsUser(std::vector<std::string> command, const std::vector<std::string>& environment) {
+    if (getuid() == 0) {
         const std::string id = std::to_string(nobody);
-        program.insert(program.begin(),
+        command.insert(command.begin(),
             {"setpriv", "--reuid", id, "--regid", id, "--clear-groups", "--pdeathsig", "KILL", "--"});
         if (chown(folder().path().c_str(), nobody, nobody) != 0)
             throw std::runtime_error("the runtime folder cannot be given away");
     }
-    start(program,
+    start(command, environment);
+}
+
+Sway::Sway(const std::string& display) : Compositor("wayland-1") {
+    const std::string configuration = folder().write("config", "xwayland disable\n");
+    startAsUser({"sway", "--config", configuration}, // it refuses to work for root
         {"XDG_RUNTIME_DIR=" + folder().path().native(), "HOME=" + folder().path().native(),
             "SWAYSOCK=" + folder().path("control"), "WLR_LIBINPUT_NO_DEVICES=1", "WLR_RENDERER=pixman",
             "WLR_BACKENDS=" + std::string(display.empty() ? "headless" : "x11"), "DISPLAY=" + display});
@@ -65,6 +68,16 @@ bool Sway::setLayout(const std::string& layout, const std::string& variant) cons
            command("input type:keyboard xkb_layout \"" + layout + "\"") &&
            (variant.empty() || command("input type:keyboard xkb_variant \"" + variant + "\"")) &&
            command("nop"); // before it takes in another command, it writes to all its clients
+}
+
+KWin::KWin() : Compositor("kwin-0") {
+    const std::string runtime = folder().path().native();
+    const std::string noBus = "unix:path=" + folder().path("no-bus");
+    startAsUser({"kwin_wayland", "--virtual", "--width", "1280", "--height", "800", "--no-lockscreen",
+                    "--no-global-shortcuts", "--no-kactivities", "--socket", socket()},
+        {"XDG_RUNTIME_DIR=" + runtime, "HOME=" + runtime, "DBUS_SESSION_BUS_ADDRESS=" + noBus,
+            "DBUS_SYSTEM_BUS_ADDRESS=" + noBus, "KWIN_COMPOSE=Q", "QT_QUICK_BACKEND=software",
+            "KWIN_WAYLAND_NO_PERMISSION_CHECKS=1", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
 }
 
 Weston::Weston(const std::string& display) : Compositor("weston") {

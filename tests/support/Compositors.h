@@ -24,6 +24,8 @@ class Compositor {
     [[nodiscard]] const TemporaryFolder& folder() const { return m_folder; }
     /// Starts it and waits until it can be connected to. Ends the test program when that does not happen.
     void start(const std::vector<std::string>& command, const std::vector<std::string>& environment);
+    /// The same as an ordinary user, whoever runs the test.
+    void startAsUser(std::vector<std::string> command, const std::vector<std::string>& environment);
 
   private:
     TemporaryFolder m_folder;
@@ -42,6 +44,12 @@ class Sway : public Compositor {
     /// Sets the layouts and variants of the keyboard, separated by commas. When it returns, every client has
     /// been sent the keymap.
     [[nodiscard]] bool setLayout(const std::string& layout, const std::string& variant = "") const;
+};
+
+/// KWin, with nothing but a screen in memory; it has the keyboard that clients make. It needs no bus.
+class KWin : public Compositor {
+  public:
+    KWin();
 };
 
 /// Weston. In a window on an X display it takes that display's layout when it starts; without a display it

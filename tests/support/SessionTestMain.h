@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include "support/Fonts.h"
 #include "support/PrivateBus.h"
 
 #define QUORVI_SESSION_TEST_MAIN(TestClass)                                                                  \
@@ -12,6 +13,7 @@
         const quorvi::test::PrivateBus bus;                                                                  \
         if (qEnvironmentVariableIsEmpty("DISPLAY"))                                                          \
             qputenv("QT_QPA_PLATFORM", "offscreen");                                                         \
+        quorvi::test::useFontsOfTheTests();                                                                  \
         QApplication application(argc, argv);                                                                \
         TestClass test;                                                                                      \
         return QTest::qExec(&test, argc, argv);                                                              \

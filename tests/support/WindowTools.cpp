@@ -15,6 +15,9 @@ namespace {
 /// Longer than a menu waits before it opens a submenu.
 constexpr int kSubmenuPatienceMs = 1000;
 
+/// More than a menu takes for a tremble.
+constexpr int kMovements = 10;
+
 } // namespace
 
 void clickButton(QAbstractButton* button) {
@@ -41,16 +44,21 @@ QAction* itemOf(const QMenu* menu, const QString& title) {
     qFatal("no item %s", qPrintable(title));
 }
 
+void clickItem(QMenu* menu, const QAction* item) {
+    const QPoint place = menu->actionGeometry(const_cast<QAction*>(item)).center();
+    // It goes by the number of movements where they are small.
+    for (int step = kMovements; step-- > 0;)
+        QTest::mouseMove(menu->windowHandle(), place + QPoint(step % 2, 0));
+    QTest::mouseClick(menu, Qt::LeftButton, {}, place);
+}
+
 void clickInMenu(QMenu* menu, const QStringList& titles) {
     for (const QString& title : titles) {
         QAction* item = itemOf(menu, title);
         if (!item->isEnabled())
             qFatal("the item %s cannot be chosen", qPrintable(title));
         QMenu* submenu = item->menu();
-        const auto click = [&] {
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
-        };
-        click();
+        clickItem(menu, item);
         if (!submenu)
             return;
         // The pointer is elsewhere. When the server says so while the menu is about to open the submenu, the
@@ -60,7 +68,7 @@ void clickInMenu(QMenu* menu, const QStringList& titles) {
         while (!QTest::qWaitFor([&] { return submenu->isVisible(); }, kSubmenuPatienceMs)) {
             if (waiting.hasExpired(kWindowPatienceMs))
                 qFatal("the submenu %s does not open", qPrintable(title));
-            click();
+            clickItem(menu, item);
         }
         menu = submenu;
     }

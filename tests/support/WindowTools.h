@@ -32,6 +32,9 @@ void clickButton(QAbstractButton* button);
 [[nodiscard]] QMenu* openMenuOf(QWidget* popUp);
 /// The item of the menu that a user reads as this; its absence ends the test program.
 [[nodiscard]] QAction* itemOf(const QMenu* menu, const QString& title);
+/// Moves the pointer within the open menu to the item, as a hand does, and clicks it. A pointer that has not
+/// moved since the menu opened only closes it, since Qt 6.8.
+void clickItem(QMenu* menu, const QAction* item);
 /// Clicks the items of the open menu that lead to the last one, through their submenus.
 void clickInMenu(QMenu* menu, const QStringList& titles);
 /// Opens the pop-up's menu and clicks these items.

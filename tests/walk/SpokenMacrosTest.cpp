@@ -12,7 +12,7 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kOK = QStringLiteral("push button 'OK'");
+const QString kDelete = QStringLiteral("push button 'Delete'");
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
 constexpr char kQuestion[] = "Please Confirm";
@@ -197,7 +197,7 @@ class SpokenMacrosTest : public QObject {
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kQuestion)());
         QVERIFY(controls.press("push button 'Delete macro'", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Bye", "Greet"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Bye", "Greet"})));
 
         QVERIFY(tab.selectMacro(0));
         QVERIFY(tab.choose(kMacros, "New Macro", tab.named({"Bye", "Greet", "Untitled Macro"})));

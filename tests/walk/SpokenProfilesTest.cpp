@@ -12,7 +12,7 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kOK = QStringLiteral("push button 'OK'");
+const QString kDelete = QStringLiteral("push button 'Delete'");
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kGear = QStringLiteral("push button 'More profile commands'");
 const QString kFileName = QStringLiteral("text 'File name:'");
@@ -129,7 +129,7 @@ class SpokenProfilesTest : public QObject {
         QCOMPARE(defaultButtonOf(tab.walk.reader().window(kQuestion)), kCancel);
         QVERIFY(controls.press(kCancel, controls.closes(kQuestion)));
         QVERIFY(controls.press("push button 'Delete profile'", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Default Profile", "Desk", "Work"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Default Profile", "Desk", "Work"})));
 
         // The menu, in which what the first profile cannot do is disabled.
         QVERIFY(controls.selectRow("Profiles", 0, tab.current(0)));
@@ -142,7 +142,7 @@ class SpokenProfilesTest : public QObject {
             tab.choose("New Profile", tab.named({"Default Profile", "Desk", "Work", "Untitled Profile"})));
         tab.finishName();
         QVERIFY(tab.choose("Delete Profile…", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Default Profile", "Desk", "Work"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Default Profile", "Desk", "Work"})));
         QVERIFY(tab.choose(
             "Duplicate Profile", [&] { return tab.names().size() == 4 && controls.meet().isEmpty(); }));
         tab.finishName();

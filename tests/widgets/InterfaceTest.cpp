@@ -3,8 +3,10 @@
 #include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <algorithm>
 #include <set>
 
 using namespace quorvi;
@@ -29,6 +31,14 @@ bool isControl(const QWidget& widget) {
 QString keyOf(const QString& text) {
     const auto mark = text.indexOf('&');
     return mark < 0 ? QString() : text.mid(mark + 1, 1).toLower();
+}
+
+QStringList fontFamilies() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QFontDatabase::families();
+#else
+    return QFontDatabase().families();
+#endif
 }
 
 QStringList keysIn(const QWidget& view) {
@@ -197,10 +207,18 @@ class InterfaceTest : public QObject {
         }
     }
 
+    void everythingFitsTheSmallestWindowAlsoInLargeLetters_data() {
+        QTest::addColumn<QFont>("large");
+        for (const auto& [family, points] : quorvi::test::desktopFonts) {
+            QFont font = quorvi::test::installedFont(family, points);
+            font.setPixelSize(16);
+            QTest::newRow(family) << font;
+        }
+    }
+
     void everythingFitsTheSmallestWindowAlsoInLargeLetters() {
+        QFETCH(QFont, large);
         const QFont before = QApplication::font();
-        QFont large = before;
-        large.setPixelSize(16);
         QApplication::setFont(large);
         init();
         QApplication::setFont(before);
@@ -212,6 +230,17 @@ class InterfaceTest : public QObject {
             QVERIFY2(panel->sizeHint().width() <= 760, qPrintable(panel->objectName()));
             QVERIFY2(panel->sizeHint().height() <= 560, qPrintable(panel->objectName()));
         }
+    }
+
+    void noFontsAreKnownButThoseOfTheTests() {
+        QStringList known = fontFamilies();
+        known.erase(std::remove_if(known.begin(), known.end(),
+                        [](const QString& family) {
+                            return family.startsWith("DejaVu Sans") || family.startsWith("Noto Sans") ||
+                                   family.startsWith("Cantarell");
+                        }),
+            known.end());
+        QCOMPARE(known, QStringList({"Monospace", "Sans Serif", "Serif"})); // Qt's names for any
     }
 
     void headingsFollowTheFontOfTheDesktopInPointsAndInPixels() {

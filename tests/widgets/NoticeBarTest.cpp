@@ -1,3 +1,4 @@
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
 #include "widgets/WidgetTestMain.h"
@@ -89,6 +90,18 @@ class NoticeBarTest : public QObject {
                  u'\u2067', u'\u2068', u'\u2069'})
             QCOMPARE(nameWithin(QStringLiteral("Exported to ^1."), QStringLiteral("a") + QChar(mark) + "b"),
                 QChar(0x2068) + QStringLiteral("ab") + QChar(0x2069));
+    }
+
+    void aTextIsFilledOnce() {
+        QCOMPARE(filledText(QStringLiteral("^2 to ^1, ^3^^1"), {QStringLiteral("^2"), QStringLiteral("b")}),
+            QStringLiteral("b to ^2, ^3^^2"));
+        QCOMPARE(filledText(QStringLiteral("^"), {QStringLiteral("a")}), QStringLiteral("^"));
+    }
+
+    void aNameIsCutAndIsNeverNothing() {
+        const QString text = QStringLiteral("Exported to ^1.");
+        QCOMPARE(nameFor(text, QString(100, 'n')), QString(80, 'n') + QChar(0x2026));
+        QCOMPARE(nameFor(text, QString()), QStringLiteral("?"));
     }
 
   private:

@@ -1,5 +1,6 @@
 #include "platform/widgets/PopUpButton.h"
 #include "platform/widgets/MenuItems.h"
+#include "support/WindowTools.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
@@ -215,8 +216,7 @@ class PopUpButtonTest : public QObject {
         m_button->showPopup();
         QTRY_VERIFY(m_button->menu()->isVisible());
         QAction* alpha = m_button->menu()->actions().first();
-        QTest::mouseClick(
-            m_button->menu(), Qt::LeftButton, {}, m_button->menu()->actionGeometry(alpha).center());
+        quorvi::test::clickItem(m_button->menu(), alpha);
         QTRY_COMPARE(chosen.count(), 1);
         QCOMPARE(chosen.first().first().value<QAction*>(), alpha);
         QCOMPARE(m_button->selectedTag(), 10);

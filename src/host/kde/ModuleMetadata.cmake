@@ -22,6 +22,10 @@ function(write_module_metadata file entry)
             string(JSON metadata SET "${metadata}" "X-KDE-Keywords${language}" "${text}")
         endif()
     endforeach()
+    # Frameworks 6 take the name of the file, and do not want to be told another time.
+    if(QUORVI_QT EQUAL 6)
+        string(JSON metadata REMOVE "${metadata}" KPlugin Id)
+    endif()
     # Not written when it is the same: the module would be built anew.
     file(CONFIGURE OUTPUT "${file}" CONTENT "${metadata}\n" @ONLY)
 endfunction()

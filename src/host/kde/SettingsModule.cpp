@@ -45,13 +45,24 @@ QWidget* makePage() {
     return message;
 }
 
+/// Up to Frameworks 5 the host leaves a margin around its pages. Later they do so themselves; wider ones
+/// would make the page scroll in the window as System Settings opens.
+QMargins pageMargins() {
+#if KCOREADDONS_VERSION_MAJOR >= 6
+    constexpr int margin = 8;
+#else
+    constexpr int margin = 0;
+#endif
+    return {margin, margin, margin, margin};
+}
+
 } // namespace
 
 SettingsModule::SettingsModule(ModuleParent* parent, const ModuleArguments& arguments)
     : KCModule(parent, arguments) {
     setButtons(NoAdditionalButton);
     auto* layout = new QVBoxLayout(widgetOf(*this));
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(pageMargins());
     layout->addWidget(makePage());
 }
 

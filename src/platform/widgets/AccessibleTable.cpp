@@ -1,5 +1,7 @@
 #include "platform/widgets/AccessibleTable.h"
 
+#include <utility>
+
 #include "platform/widgets/AccessibleCell.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 
@@ -13,7 +15,7 @@ AccessibleTable::~AccessibleTable() {
 }
 
 void AccessibleTable::forgetChildren() {
-    for (const QAccessible::Id id : qAsConst(m_children))
+    for (const QAccessible::Id id : std::as_const(m_children))
         QAccessible::deleteAccessibleInterface(id);
     m_children.clear();
 }

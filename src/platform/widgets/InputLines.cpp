@@ -12,7 +12,7 @@ namespace {
 
 constexpr qreal plainWidth = 1.0;
 constexpr qreal markedWidth = 2.2;
-constexpr qreal shareOfText = 0.4;
+constexpr qreal lineShareOfText = 0.4;
 
 } // namespace
 
@@ -59,7 +59,7 @@ void InputLines::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     QPalette colours = palette();
     colours.setCurrentColorGroup(m_view.isEnabled() ? QPalette::Active : QPalette::Disabled);
-    const QColor plain = lineOnWindow(colours, shareOfText);
+    const QColor plain = lineOnWindow(colours, lineShareOfText);
     for (int input = 1; input <= mouseInputs; ++input) {
         const bool marked = m_view.isEnabled() && m_view.marks().isMarked(input);
         painter.setPen(QPen(marked ? markColour(colours) : plain, marked ? markedWidth : plainWidth));

@@ -75,12 +75,12 @@ class KcmshellTest : public QObject {
 
     void aPageThatIsHiddenAndShownAgainIsTheSame() {
         KdeHost kde;
-        kde.start({QUORVI_KCMSHELL, "proxy", kModule});
+        kde.start({QUORVI_KCMSHELL, kOtherModule, kModule});
         kde.activate();
         kde.click(QStringLiteral("list item 'Kyvar Quorvi'"));
         QVERIFY(kde.showsPanel());
         kde.click(QStringLiteral("page tab 'Device'"));
-        kde.click(QStringLiteral("list item 'Proxy'"));
+        kde.click(QStringLiteral("list item '%1'").arg(kOtherTitle));
         QCOMPARE(kde.panel.told("10"), std::string("10"));
         kde.click(QStringLiteral("list item 'Kyvar Quorvi'"));
         QCOMPARE(kde.panel.told("101"), std::string("101"));

@@ -30,8 +30,10 @@ const fs::path& prefix() {
     if (fs::is_empty(path)) {
         for (const char* component : {"panel", "desktop", "kde"})
             install(path, component);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
         // The package's own plug-in is for another version of Qt, so that these hosts cannot load it.
         writeFile(path / "lib/kyvar-quorvi/KyvarQuorvi.prefPane/Contents/Linux/KyvarQuorvi.so", "another Qt");
+#endif
         makeRecordedOpener(path / "opener");
     }
     return path;
@@ -59,7 +61,7 @@ std::optional<QRect> windowPlace(const std::string& window) {
 
 } // namespace
 
-KdeHost::KdeHost() {
+KdeHost::KdeHost(std::vector<std::string> display) : m_display(std::move(display)) {
     fs::create_directory(session.home.path() + "/runtime");
     fs::permissions(session.home.path() + "/runtime", fs::perms::owner_all);
     session.startHelper(); // what is told before there is one is not to be seen
@@ -67,9 +69,12 @@ KdeHost::KdeHost() {
 
 std::vector<std::string> KdeHost::environment(const std::string& locale) const {
     const std::string ours = prefix();
-    return {"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
+    std::vector<std::string> all{"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
         "XDG_DATA_DIRS=" + ours + "/share:/usr/share", "XDG_RUNTIME_DIR=" + session.home.path() + "/runtime",
-        "PATH=" + ours + "/opener:" + qEnvironmentVariable("PATH").toStdString(), "LC_ALL=" + locale};
+        "PATH=" + ours + "/opener:" + qEnvironmentVariable("PATH").toStdString(), "LC_ALL=" + locale,
+        "QT_QUICK_BACKEND=software"}; // the display may have nothing else
+    all.insert(all.end(), m_display.begin(), m_display.end());
+    return all;
 }
 
 ProgramResult KdeHost::run(const std::vector<std::string>& command, const std::string& locale) const {
@@ -80,13 +85,81 @@ void KdeHost::start(const std::vector<std::string>& command) {
     program = std::make_unique<ChildProcess>(command, environment("C.UTF-8"));
 }
 
-void KdeHost::startWithIcons() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+
+void KdeHost::startAtOverview() {
+    start({QUORVI_SYSTEMSETTINGS});
+    activate();
+}
+
+void KdeHost::search(const std::string& words, const QString& /*keyword*/) const {
+    if (thing(QStringLiteral("list item 'Default Applications'")).isNull())
+        qFatal("System Settings lists no modules");
+    clickInList(QStringLiteral("text 'Search'"));
+    if (!xdotool({"type", words}) ||
+        !waitUntil([this] { return !shows(QStringLiteral("list item 'Default Applications'")); }))
+        qFatal("System Settings does not search");
+}
+
+void KdeHost::openFound(const QString& /*keyword*/) const {
+    clickInList(QStringLiteral("list item 'Kyvar Quorvi'"));
+}
+
+void KdeHost::leavePanel() const {
+    goTo(kOtherModule);
+}
+
+void KdeHost::returnToPanel() const {
+    goTo(kModule);
+}
+
+/// The list beside the pages says where it has what as if it were a window by itself.
+void KdeHost::clickInList(const QString& spoken) const {
+    const Extents place = thing(spoken).extents();
+    const Extents window = m_reader.windows().at(0).extents();
+    if (place.width == 0)
+        qFatal("%s is not in the list", qPrintable(spoken));
+    clickAt({window.left + place.left + place.width / 2, window.top + place.top + place.height / 2});
+}
+
+#else
+
+namespace {
+const QString kOpenModule = QStringLiteral("list item 'Input Devices'"); // the only module there
+} // namespace
+
+void KdeHost::startAtOverview() {
     const auto folder = session.home.path() + "/.config";
     fs::create_directories(folder);
     writeFile(folder + "/systemsettingsrc", "[Main]\nActiveView=icon_mode\n");
     start({QUORVI_SYSTEMSETTINGS});
     activate();
 }
+
+void KdeHost::search(const std::string& words, const QString& keyword) const {
+    click(QStringLiteral("text ''"));
+    if (!xdotool({"type", words}) || thing(QStringLiteral("list item '%1'").arg(keyword)).isNull())
+        qFatal("System Settings does not find the panel");
+}
+
+void KdeHost::openFound(const QString& keyword) const {
+    clickInList(QStringLiteral("list item '%1'").arg(keyword));
+    click(kOpenModule);
+}
+
+void KdeHost::leavePanel() const {
+    click(QStringLiteral("push button 'All Settings'"));
+}
+
+void KdeHost::returnToPanel() const {
+    click(kOpenModule);
+}
+
+void KdeHost::clickInList(const QString& spoken) const {
+    click(spoken);
+}
+
+#endif
 
 void KdeHost::startAtPanel() {
     start({QUORVI_SYSTEMSETTINGS, kModule});
@@ -110,7 +183,8 @@ void KdeHost::activateSheet(const std::string& title) const {
 bool KdeHost::showsPanel() {
     if (thing(QStringLiteral("label 'Connected'")).isNull())
         return false;
-    activate();
+    if (m_display.empty())
+        activate();
     return true;
 }
 
@@ -157,6 +231,11 @@ void KdeHost::click(const QString& spoken) const {
     if (place.width == 0)
         qFatal("%s is not on the screen", qPrintable(spoken));
     clickAt({place.left + place.width / 2, place.top + place.height / 2});
+}
+
+void KdeHost::perform(const std::string& action, const QString& spoken) const {
+    if (!thing(spoken).perform(action))
+        qFatal("%s takes no %s", qPrintable(spoken), action.c_str());
 }
 
 std::string KdeHost::opened() const {

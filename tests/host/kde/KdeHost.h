@@ -16,9 +16,19 @@ namespace quorvi::test {
 /// The name that the module is opened by.
 inline const std::string kModule = "kcm_kyvar_quorvi";
 
+/// Another module, which comes with the hosts; how it is opened and how it is called.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+inline const std::string kOtherModule = "kcm_filetypes";
+inline const QString kOtherTitle = QStringLiteral("File Associations");
+#else
+inline const std::string kOtherModule = "proxy";
+inline const QString kOtherTitle = QStringLiteral("Proxy");
+#endif
+
 class KdeHost {
   public:
-    KdeHost();
+    /// On a display other than the test's, that is what makes its programs find it, "NAME=value".
+    explicit KdeHost(std::vector<std::string> display = {});
 
     Session session;
     ShownAndHidden panel{session};
@@ -29,9 +39,18 @@ class KdeHost {
         const std::vector<std::string>& command, const std::string& locale = "C.UTF-8") const;
     /// Starts it as the program of the test.
     void start(const std::vector<std::string>& command);
-    /// Starts System Settings with the pages as icons, which is the view that a screen reader can follow.
-    /// There, pages are hidden and shown.
-    void startWithIcons();
+    /// Starts System Settings where it shows no module: in Plasma 5 with the pages as icons, which is the
+    /// view that a screen reader can follow, and where pages are hidden and shown; in Plasma 6, which has no
+    /// other, with the list beside them.
+    void startAtOverview();
+    /// Looks there for the words, and waits until the panel is found by the keyword.
+    void search(const std::string& words, const QString& keyword) const;
+    /// Opens what has been found.
+    void openFound(const QString& keyword) const;
+    /// Goes from the panel to where it is not shown.
+    void leavePanel() const;
+    /// And back.
+    void returnToPanel() const;
     /// Starts System Settings as it comes, at the panel. There, pages are destroyed and made again.
     void startAtPanel();
     /// Shows another module there, as menu entries and searches do while the program runs.
@@ -40,7 +59,8 @@ class KdeHost {
     void activate() const;
     /// Waits for the sheet of that title and puts it in front.
     void activateSheet(const std::string& title) const;
-    /// Waits until the panel shows the mouse, in a window that has been placed and has the focus.
+    /// Waits until the panel shows the mouse; on the test's display, in a window that has been placed and has
+    /// the focus.
     [[nodiscard]] bool showsPanel();
     /// Ends the program as the window manager does.
     [[nodiscard]] bool close();
@@ -55,6 +75,8 @@ class KdeHost {
     [[nodiscard]] Accessible thing(const QString& spoken) const;
     /// Clicks there with the mouse pointer.
     void click(const QString& spoken) const;
+    /// Does that with it as a screen reader does: "Press", "Toggle", "SetFocus".
+    void perform(const std::string& action, const QString& spoken) const;
 
     /// Where what the program opens in others is written down: documents and addresses, one a line.
     [[nodiscard]] std::string opened() const;
@@ -62,7 +84,9 @@ class KdeHost {
   private:
     [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
     [[nodiscard]] Accessible find(const QString& spoken) const;
+    void clickInList(const QString& spoken) const;
 
+    const std::vector<std::string> m_display;
     ScreenReader m_reader;
 };
 

@@ -4,25 +4,14 @@
 #include <QTest>
 
 #include "host/kde/KdeHost.h"
+#include "host/kde/KdeSettings.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "support/WindowTools.h"
 
 using namespace quorvi::test;
-using quorvi::plist::Array;
-using quorvi::plist::Dictionary;
 
 namespace {
-
-Dictionary settingsWithAMacro() {
-    auto settings = UserHome::defaults();
-    const auto macro = Dictionary::create();
-    macro.set("macroid", 1);
-    macro.set("name", u"Jump");
-    macro.set("steps", Array::create());
-    settings.array("macros").append(macro);
-    return settings;
-}
 
 /// System Settings with the key B recorded into its one macro, and the recording still on.
 struct Recording {
@@ -78,7 +67,7 @@ class RecordingInSystemSettingsTest : public QObject {
 
     void sentToAnotherPageItSavesTheSteps() {
         Recording recording;
-        recording.kde.goTo("proxy");
+        recording.kde.goTo(kOtherModule);
         recording.isOver("10");
         QVERIFY(recording.kde.program->isRunning());
         QVERIFY(recording.kde.quit());

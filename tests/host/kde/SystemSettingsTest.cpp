@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "host/kde/KdeHost.h"
+#include "host/kde/KdeSettings.h"
 #include "support/Files.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
@@ -12,18 +13,10 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kUsageOfA = 0x04;
-constexpr int kUsageOfQ = 0x14;
-
 /// System Settings at the panel with a key on the second button, and the sheet open that asks for another.
 struct KeySheet {
     KeySheet() {
-        auto settings = UserHome::defaults();
-        const auto button = quorvi::plist::Dictionary::create();
-        button.set("command", 49);
-        button.set("param1", kUsageOfA);
-        settings.array("profiles").dictionary(0).dictionary("buttons").set("02", button);
-        kde.session.home.writeSettings(settings);
+        kde.session.home.writeSettings(settingsWithAKey(kUsageOfA));
         kde.startAtPanel();
         if (!xdotool({"key", "alt+2", "space", "Return"})) // the menu stands on the chosen item
             qFatal("xdotool fails");
@@ -32,10 +25,7 @@ struct KeySheet {
         if (!QTest::qWaitFor([this] { return !other.canTakeKeyboard(); }, kWindowPatienceMs))
             qFatal("the sheet does not take the keyboard");
     }
-    [[nodiscard]] int storedKey() const {
-        const auto profile = kde.session.home.savedSettings().array("profiles").dictionary(0);
-        return profile.dictionary("buttons").dictionary("02").integer("param1");
-    }
+    [[nodiscard]] int storedKey() const { return keyIn(kde.session.home.savedSettings()); }
 
     KdeHost kde;
     OtherProgram other;
@@ -56,7 +46,7 @@ class SystemSettingsTest : public QObject {
         KdeHost kde;
         kde.startAtPanel();
         QCOMPARE(kde.panel.told("1"), std::string("1"));
-        kde.goTo("proxy");
+        kde.goTo(kOtherModule);
         QCOMPARE(kde.panel.told("10"), std::string("10"));
         kde.goTo(kModule);
         QVERIFY(kde.showsPanel());
@@ -85,7 +75,7 @@ class SystemSettingsTest : public QObject {
 
     void sentToAnotherPageDuringACaptureItLeavesTheKeyboardToOthers() {
         KeySheet sheet;
-        sheet.kde.goTo("proxy");
+        sheet.kde.goTo(kOtherModule);
         QCOMPARE(sheet.kde.panel.told("10"), std::string("10"));
         QTRY_VERIFY_WITH_TIMEOUT(sheet.other.canTakeKeyboard(), kWindowPatienceMs);
         QVERIFY(sheet.kde.program->isRunning());

@@ -17,7 +17,7 @@ namespace {
 
 const QString kWheelLight = QStringLiteral("check box 'Light on the wheel'");
 const QString kDeviceTab = QStringLiteral("page tab 'Device'");
-const QString kOpenModule = QStringLiteral("list item 'Input Devices'"); // the only module there
+const QString kKeyword = QStringLiteral("polling rate");
 
 class Diary {
   public:
@@ -69,13 +69,10 @@ class SystemSettingsWalkTest : public QObject {
     void whatIsFoundBySearchAndChangedIsKeptWhenThePageIsLeftAndOpenedAgain() {
         KdeHost kde;
         Diary diary(kde);
-        kde.startWithIcons();
-        kde.click(QStringLiteral("text ''"));
-        QVERIFY(xdotool({"type", "pollin"}));
-        QVERIFY(!kde.thing(QStringLiteral("list item 'polling rate'")).isNull());
+        kde.startAtOverview();
+        kde.search("pollin", kKeyword);
         diary.note("searched");
-        kde.click(QStringLiteral("list item 'polling rate'"));
-        kde.click(kOpenModule);
+        kde.openFound(kKeyword);
         QVERIFY(kde.showsPanel());
         QCOMPARE(kde.panel.told("1"), std::string("1"));
         diary.note("opened");
@@ -84,10 +81,10 @@ class SystemSettingsWalkTest : public QObject {
         QTRY_COMPARE_WITH_TIMEOUT(kde.session.home.savedLights(), 2, kWindowPatienceMs);
         QTRY_COMPARE_WITH_TIMEOUT(kde.session.recordByte(kFirstProfileLights), 2, kWindowPatienceMs);
         diary.note("edited");
-        kde.click(QStringLiteral("push button 'All Settings'"));
+        kde.leavePanel();
         QCOMPARE(kde.panel.told("10"), std::string("10"));
         diary.note("left");
-        kde.click(kOpenModule);
+        kde.returnToPanel();
         showLights(kde, false);
         QCOMPARE(kde.panel.told("101"), std::string("101"));
         diary.note("opened-again");

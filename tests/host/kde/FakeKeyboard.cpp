@@ -1,0 +1,56 @@
+#include "host/kde/FakeKeyboard.h"
+
+#include <stdexcept>
+#include <string_view>
+
+#include <fake-input-client-protocol.h>
+
+namespace quorvi::test {
+
+namespace {
+
+/// With keys since 4.
+constexpr std::uint32_t kVersion = 4;
+
+void bindInput(
+    void* input, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t version) {
+    if (std::string_view(interface) == org_kde_kwin_fake_input_interface.name && version >= kVersion)
+        *static_cast<void**>(input) =
+            wl_registry_bind(registry, name, &org_kde_kwin_fake_input_interface, kVersion);
+}
+
+constexpr wl_registry_listener kListener{bindInput, [](void*, wl_registry*, std::uint32_t) {}};
+
+} // namespace
+
+void FakeKeyboard::Release::operator()(wl_display* display) const {
+    wl_display_disconnect(display);
+}
+
+void FakeKeyboard::Release::operator()(org_kde_kwin_fake_input* input) const {
+    org_kde_kwin_fake_input_destroy(input);
+}
+
+FakeKeyboard::FakeKeyboard(const std::string& socket) : m_display(wl_display_connect(socket.c_str())) {
+    if (!m_display)
+        throw std::runtime_error("the compositor cannot be reached");
+    void* input = nullptr;
+    wl_registry* registry = wl_display_get_registry(m_display.get());
+    wl_registry_add_listener(registry, &kListener, &input);
+    wl_display_roundtrip(m_display.get());
+    wl_registry_destroy(registry);
+    m_input.reset(static_cast<org_kde_kwin_fake_input*>(input));
+    if (!m_input)
+        throw std::runtime_error("the compositor lets nobody make a keyboard");
+    org_kde_kwin_fake_input_authenticate(m_input.get(), "tests", "presses keys for a user");
+}
+
+void FakeKeyboard::press(std::initializer_list<std::uint32_t> keys) const {
+    for (const auto* key = keys.begin(); key != keys.end(); ++key)
+        org_kde_kwin_fake_input_keyboard_key(m_input.get(), *key, WL_KEYBOARD_KEY_STATE_PRESSED);
+    for (const auto* key = keys.end(); key != keys.begin();)
+        org_kde_kwin_fake_input_keyboard_key(m_input.get(), *--key, WL_KEYBOARD_KEY_STATE_RELEASED);
+    wl_display_roundtrip(m_display.get());
+}
+
+} // namespace quorvi::test

@@ -1,0 +1,118 @@
+// The module in System Settings under KWin, with the keys of a keyboard.
+
+#include <QTest>
+
+#include <linux/input-event-codes.h>
+
+#include "host/kde/FakeKeyboard.h"
+#include "host/kde/KdeHost.h"
+#include "host/kde/KdeSettings.h"
+#include "support/Compositors.h"
+#include "support/Keyboard.h"
+#include "support/SessionTestMain.h"
+#include "support/WindowTools.h"
+
+using namespace quorvi::test;
+
+namespace {
+
+constexpr int kMacrosTab = 3;
+constexpr int kDeviceTab = 4;
+
+/// System Settings at the panel, with those settings.
+struct Desktop {
+    explicit Desktop(const quorvi::plist::Dictionary& settings) {
+        kde.session.home.writeSettings(settings);
+        kde.startAtPanel();
+    }
+    void showTab(int tab) const {
+        while (tab-- > 0)
+            keyboard.press({KEY_LEFTCTRL, KEY_TAB});
+    }
+
+    KWin compositor;
+    FakeKeyboard keyboard{compositor.runtimeFolder() + "/" + compositor.socket()};
+    KdeHost kde{{"QT_QPA_PLATFORM=wayland",
+        "WAYLAND_DISPLAY=" + compositor.runtimeFolder() + "/" + compositor.socket()}};
+    EventMonitor monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};
+};
+
+} // namespace
+
+class SystemSettingsOnWaylandTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        if (!hasDisplay())
+            QSKIP("the screen reader needs an X display");
+    }
+
+    void whatIsChangedIsKeptWhenThePageIsLeftAndShownAgain() {
+        Desktop desktop(UserHome::defaults());
+        QCOMPARE(desktop.kde.panel.told("1"), std::string("1"));
+        desktop.showTab(kDeviceTab);
+        const auto wheel = QStringLiteral("check box 'Light on the wheel'");
+        QVERIFY(!desktop.kde.thing(wheel).isNull());
+        desktop.keyboard.press({KEY_LEFTALT, KEY_W});
+        QTRY_COMPARE_WITH_TIMEOUT(desktop.kde.session.home.savedLights(), 2, kWindowPatienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(desktop.kde.session.recordByte(kFirstProfileLights), 2, kWindowPatienceMs);
+        desktop.kde.leavePanel();
+        QCOMPARE(desktop.kde.panel.told("10"), std::string("10"));
+        desktop.kde.returnToPanel();
+        QVERIFY(desktop.kde.showsPanel());
+        QCOMPARE(desktop.kde.panel.told("101"), std::string("101"));
+        QVERIFY(desktop.kde.quit());
+        QCOMPARE(desktop.kde.panel.toldAtLast(), std::string("1010"));
+        QCOMPARE(desktop.kde.session.home.savedLights(), 2);
+    }
+
+    void theProgramsOwnShortcutIsCapturedLikeAnyKey() {
+        Desktop desktop(settingsWithAKey(kUsageOfA));
+        desktop.keyboard.press({KEY_LEFTALT, KEY_2});
+        desktop.keyboard.press({KEY_SPACE});
+        desktop.keyboard.press({KEY_ENTER}); // the menu stands on the chosen item
+        const auto sheet = desktop.kde.thing(QStringLiteral("dialog 'Press Key'"));
+        QTRY_VERIFY_WITH_TIMEOUT(sheet.is(AccessibleState::active), kWindowPatienceMs);
+        const auto field = desktop.kde.thing(QStringLiteral("text 'Key'"));
+        const auto before = field.text();
+        desktop.keyboard.press({KEY_LEFTCTRL, KEY_Q});
+        QTRY_VERIFY_WITH_TIMEOUT(field.text() != before, kWindowPatienceMs);
+        desktop.kde.perform("Press", QStringLiteral("push button 'OK'"));
+        QTRY_COMPARE_WITH_TIMEOUT(
+            keyIn(desktop.kde.session.home.savedSettings()), kUsageOfQ, kWindowPatienceMs);
+        QVERIFY(desktop.kde.program->isRunning());
+        QVERIFY(desktop.kde.quit());
+    }
+
+    void helpIsThePanelsOwn() {
+        Desktop desktop(UserHome::defaults());
+        desktop.keyboard.press({KEY_F1});
+        QTRY_VERIFY_WITH_TIMEOUT(!desktop.kde.opened().empty(), kWindowPatienceMs);
+        const auto address = QString::fromStdString(desktop.kde.opened());
+        QVERIFY2(
+            address.contains(QLatin1String("KyvarQuorvi.prefPane/Contents/Resources/")), qPrintable(address));
+        QVERIFY(desktop.kde.quit());
+    }
+
+    void toldToQuitDuringARecordingItSavesTheSteps() {
+        Desktop desktop(settingsWithAMacro());
+        desktop.showTab(kMacrosTab);
+        QVERIFY(!desktop.kde.thing(QStringLiteral("cell 'Jump'")).isNull());
+        desktop.keyboard.press({KEY_TAB});
+        desktop.keyboard.press({KEY_HOME});
+        desktop.kde.perform("Toggle", QStringLiteral("check box 'Record'"));
+        QVERIFY(!desktop.kde.thing(QStringLiteral("check box 'Stop'")).isNull());
+        desktop.keyboard.press({KEY_B});
+        QVERIFY(!desktop.kde.thing(QStringLiteral("cell 'Release b'")).isNull());
+        QVERIFY(desktop.kde.quit());
+        QCOMPARE(desktop.kde.session.home.savedSettings().array("macros").dictionary(0).array("steps").size(),
+            std::size_t(2));
+        auto told = desktop.monitor.commandsUntil("KyRO 0");
+        std::erase(told, ""); // the helper's own device list
+        QCOMPARE(told, std::vector<std::string>({"KyRO 1", "KyDM 1", "KyDM 0", "KyPR 0", "KyRO 0"}));
+    }
+};
+
+QUORVI_SESSION_TEST_MAIN(SystemSettingsOnWaylandTest)
+#include "SystemSettingsOnWaylandTest.moc"
