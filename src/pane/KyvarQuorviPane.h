@@ -104,12 +104,19 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] plist::Dictionary loadSettings();
     /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
     /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
-    /// only when the drag ends. Settings of another program that the panel has not followed are kept as a
-    /// copy first, and the user is told.
+    /// only when the drag ends. What another program has changed meanwhile comes into the tree and is shown;
+    /// where both have changed the same thing, the other program's is kept as a copy, and the user is told of
+    /// it, as of a save that fails. False, and nothing else, without a tree (nil).
     bool saveSettings(const plist::Dictionary& tree);
     void dragDidBegin();
     /// Brings to the disk what was saved during the drag.
     void dragDidEnd();
+
+    // A save that has failed (pane/SaveFailure.cpp)
+    /// Saves what no file has yet. False when that fails; the tree is then the only place where it is.
+    [[nodiscard]] bool saveUnsavedEdits();
+    /// Tries again what the last save could not.
+    void retryFailedSave();
 
     // Others at the settings file (pane/SettingsFollowing.cpp)
     /// Takes over the settings that another program has put into the file, without saving or sending
@@ -320,15 +327,24 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool userIsAtSomething() const;
     void followSettingsFileWhenFree();
     void tellOfKeptCopy(const std::filesystem::path& copy);
+    void tellOfFailedSave(int error);
+    [[nodiscard]] QString textOfError(int error) const;
+    /// Has the handles lead to what a save has brought into the tree, and the window show it when it is free.
+    void takeMergedSettingsOver();
     /// Tells the text in the bar at the window's foot, in place of the kind's last one; nowhere while there
     /// is no window. It is in the user's language already.
     void tellUser(Notice kind, const QString& text, NoticeSign sign);
     /// The kind's text is no longer so. Does nothing when there is none.
     void withdrawNotice(Notice kind);
+    /// The path as users write it, from their home folder.
+    [[nodiscard]] QString pathFromHome(const std::filesystem::path& path) const;
 
     enum class Repairs { saved, inMemoryAlone };
     void showSettingsOfFile(Repairs repairs);
+    /// Shows the tree as it is now, with the macro at the index as the current one, -1 for none.
+    void showSettings(Repairs repairs, std::int32_t macroIndex);
     void selectCurrentProfileQuietly();
+    void selectCurrentMacroQuietly();
     void alignIndependentAxes();
     /// Whether anything had to be changed.
     bool alignStageWithSettings();
@@ -413,11 +429,13 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
-    bool fDragging = false;      ///< the mouse is down on a slider
-    bool fSyncPending = false;   ///< the settings file was written and is not known to be on the disk
-    bool fUnsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet
-    bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
-    bool fFollowsHelper = false; ///< the pane is selected
+    bool fDragging = false;       ///< the mouse is down on a slider
+    bool fSyncPending = false;    ///< the settings file was written and is not known to be on the disk
+    bool fUnsavedEdits = false;   ///< the tree holds changes of the user's that no file has yet
+    bool fSaveHasFailed = false;  ///< the last save has; the user was told
+    bool fMergedUnshown = false;  ///< a save has brought others' changes into the tree that nobody sees yet
+    bool fSyncScheduled = false;  ///< a list has come that syncUIWithDeviceConfig has not dealt with
+    bool fFollowsHelper = false;  ///< the pane is selected
     bool fHelperStarting = false; ///< launched, and neither in the process list yet nor ended
     bool fHelperGone = false;     ///< the user has been told; until it is in the process list again
     bool fListHasCome = false;    ///< from the helper that runs now, since the pane was selected

@@ -15,6 +15,10 @@ void KyvarQuorviPane::tellUser(Notice kind, const QString& text, NoticeSign sign
     fNotices->tell(static_cast<int>(kind), text, sign);
 }
 
+QString KyvarQuorviPane::pathFromHome(const std::filesystem::path& path) const {
+    return QString::fromStdString("~/" + path.lexically_relative(fServices.homeFolder).string());
+}
+
 void KyvarQuorviPane::withdrawNotice(Notice kind) {
     if (fMainView && fNotices)
         fNotices->withdraw(static_cast<int>(kind));

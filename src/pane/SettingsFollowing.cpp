@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include "model/Keys.h"
+#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Notices.h"
@@ -17,15 +19,6 @@
 
 namespace quorvi {
 
-namespace {
-
-/// The path as users write it, from their home folder.
-QString pathFromHome(const std::filesystem::path& path, const std::filesystem::path& home) {
-    return QString::fromStdString("~/" + path.lexically_relative(home).string());
-}
-
-} // namespace
-
 void KyvarQuorviPane::watchSettingsFile() {
     if (fReceiveListUPP && !fSettingsWatcher.isWatching())
         fSettingsWatcher.watch(fSettingsFile.path());
@@ -33,13 +26,27 @@ void KyvarQuorviPane::watchSettingsFile() {
 
 void KyvarQuorviPane::followSettingsFile() {
     fFollowLater.reset();
-    if (!fMainView || !fReceiveListUPP || !fDeviceConfig || fUnsavedEdits)
+    if (!fMainView || !fReceiveListUPP || !fDeviceConfig)
         return;
     watchSettingsFile();
     if (userIsAtSomething())
         followSettingsFileWhenFree();
-    else if (othersChangedSettings(fSettingsFile))
+    else if (!fUnsavedEdits && othersChangedSettings(fSettingsFile))
         showSettingsOfFile(Repairs::inMemoryAlone);
+    else if (fMergedUnshown)
+        showSettings(Repairs::inMemoryAlone, fMacroIndex);
+}
+
+// Not at once: whatever has saved goes on with the handles that it has.
+void KyvarQuorviPane::takeMergedSettingsOver() {
+    if (!fReceiveListUPP)
+        return; // about to be let go
+    const std::int32_t macro = fMacro.integer(keys::macroId);
+    editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
+    const auto current = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));
+    editMacroIndex(current && current.integer(keys::macroId) == macro ? fMacroIndex : -1);
+    fMergedUnshown = true;
+    QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
 }
 
 bool KyvarQuorviPane::userIsAtSomething() const {
@@ -74,7 +81,7 @@ void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
                                  "rename that file to ^2."));
     const QString own = QString::fromStdString(fSettingsFile.path().filename());
     text.replace(QStringLiteral("^2"), nameWithin(text, own));
-    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy, fServices.homeFolder)));
+    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy)));
     tellUser(Notice::keptCopy, text, NoticeSign::warning);
 }
 

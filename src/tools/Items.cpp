@@ -1,11 +1,12 @@
 #include <cstdio>
 
-#include "model/ConfigFileStore.h"
+#include "model/ConfigFile.h"
 #include "model/Dependants.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/Lookups.h"
+#include "plist/DeepCopy.h"
 #include "plist/Unicode.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
@@ -76,20 +77,37 @@ std::string warningOf(const plist::Dictionary& profile, const plist::Dictionary&
     return inputs.empty() ? "" : "buttons that run a macro which is not there: " + inputs;
 }
 
-Outcome add(const Kind& kind, const plist::Dictionary& item, const plist::Dictionary& tree,
-    const std::string& settings) {
-    const plist::Array list = tree.array(kind.list);
+/// Why the list takes no more, or nothing.
+std::string faultOfList(const plist::Array& list, const Kind& kind) {
     if (!list)
-        return refused(faultOf(settings, "it holds no array \"" + std::string(kind.list) + "\""));
-    if (static_cast<int>(list.size()) >= kind.most)
-        return refused(faultOf(settings, "it holds " + std::to_string(list.size()) + " of at most " +
-                                             std::to_string(kind.most) + " " + std::string(kind.list)));
-    appendItem(list, item, kind.defaultName);
-    if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
-        return refused(faultOf(settings, "it cannot be written"));
-    tellHelperOfSave(tree, settings);
-    std::printf("%s\n", text(item, keys::name).c_str());
-    const std::string warning = &kind == &kProfile ? warningOf(item, tree) : "";
+        return "it holds no array \"" + std::string(kind.list) + "\"";
+    if (static_cast<int>(list.size()) < kind.most)
+        return {};
+    return "it holds " + std::to_string(list.size()) + " of at most " + std::to_string(kind.most) + " " +
+           std::string(kind.list);
+}
+
+Outcome add(const Kind& kind, const plist::Dictionary& item, const std::string& settings) {
+    std::string fault = "it cannot be written";
+    plist::Dictionary added;
+    plist::Dictionary changed;
+    // To what the file holds by the time it is replaced: others may add to it, the panel among them.
+    const int error = changeConfigFile(keys::storage, settings, [&](const plist::Dictionary& tree) {
+        const plist::Array list = tree.array(kind.list);
+        if (std::string reason = faultOfList(list, kind); !reason.empty()) {
+            fault = std::move(reason);
+            return false;
+        }
+        added = plist::mutableDeepCopy(item); // its name depends on the others there
+        appendItem(list, added, kind.defaultName);
+        changed = tree;
+        return true;
+    });
+    if (error != 0)
+        return refused(faultOf(settings, fault));
+    tellHelperOfSave(changed, settings);
+    std::printf("%s\n", text(added, keys::name).c_str());
+    const std::string warning = &kind == &kProfile ? warningOf(added, changed) : "";
     return warning.empty() ? done() : done(faultOf(settings, warning));
 }
 
@@ -141,7 +159,7 @@ Outcome importItem(const Arguments& arguments) {
     const FoundItem found = itemIn(arguments[1]);
     if (!found.read)
         return refused(faultOf(arguments[1], text(found.read.fault)));
-    return add(*found.kind, found.read.item, settings.value, arguments[0]);
+    return add(*found.kind, found.read.item, arguments[0]);
 }
 
 Outcome exportItem(const Arguments& arguments) {

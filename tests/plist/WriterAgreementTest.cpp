@@ -212,8 +212,8 @@ bool agreeOnKeys(std::size_t count) {
 }
 
 TEST(WriterBounds, AreTheReadersForTheKeysOfADictionary) {
-    EXPECT_TRUE(agreeOnKeys(16384));
-    EXPECT_FALSE(agreeOnKeys(16385));
+    EXPECT_TRUE(agreeOnKeys(23170));
+    EXPECT_FALSE(agreeOnKeys(23171));
 }
 
 bool agreeOnEntities(std::size_t count) {
