@@ -2,9 +2,6 @@
 
 #include <cerrno>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "model/AtomicFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
@@ -41,30 +38,6 @@ bool isMacro(const plist::Dictionary& item) {
     return item.has(keys::name) && item.has(keys::steps);
 }
 
-bool isLinkOfAnother(const fs::path& path) {
-    struct stat link = {};
-    struct stat folder = {};
-    const fs::path parent = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    return ::lstat(path.c_str(), &link) == 0 && S_ISLNK(link.st_mode) && link.st_uid != ::geteuid() &&
-           ::stat(parent.c_str(), &folder) == 0 && (folder.st_mode & S_ISVTX) != 0;
-}
-
-/// Whether a link on the way to the file is to be left alone. A loop has none of its own: it ends where the
-/// file is replaced.
-bool leadsOverLinkOfAnother(fs::path path) {
-    constexpr int longestChain = 40; // as many as the kernel itself follows
-    for (int links = 0; links <= longestChain; ++links) {
-        if (isLinkOfAnother(path))
-            return true;
-        std::error_code error;
-        const fs::path target = fs::read_symlink(path, error);
-        if (error)
-            return false;
-        path = path.parent_path() / target; // an absolute target replaces the folder
-    }
-    return false;
-}
-
 std::error_code systemError(int number) {
     return {number, std::generic_category()};
 }
@@ -97,8 +70,6 @@ std::error_code writeItemFile(const plist::Dictionary& item, const fs::path& pat
     const auto text = plist::writeXml(item);
     if (!text)
         return systemError(EINVAL);
-    if (leadsOverLinkOfAnother(path))
-        return systemError(EACCES);
     removeLeftovers(path); // an export leaves them wherever the user exports to
     errno = 0;
     if (replaceFileAtomically(path, *text))

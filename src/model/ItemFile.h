@@ -33,10 +33,9 @@ struct ReadItem {
 /// that there is room for, because the release of a key may be among the others.
 [[nodiscard]] ReadItem readMacroFile(const std::filesystem::path& path);
 
-/// Writes the profile or macro as it stands, in XML (see replaceFileAtomically). A symbolic link is not
-/// followed when another user owns it and it lies in a sticky folder, which /tmp is: there anybody may have
-/// guessed the name and put it in the way of a file of the user's. No error when all went well;
-/// invalid_argument without an item (nil), and for one that holds what a property list cannot.
+/// Writes the profile or macro as it stands, in XML (see replaceFileAtomically). A link that another user has
+/// put into a folder where everybody may, as /tmp is one, is not followed: permission_denied. No error when
+/// all went well; invalid_argument without an item (nil), and for one that holds what a property list cannot.
 [[nodiscard]] std::error_code writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path);
 
 /// Appends the item under a name that no other item of the array has (see makeNameUnique); everything else

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "model/FolderLock.h"
@@ -236,7 +237,7 @@ class Replacing {
         struct stat status {};
         if (::fstatat(m_folder.file(), m_copy.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
             S_ISREG(status.st_mode) && status.st_nlink == 1)
-            ::fchmodat(m_folder.file(), m_copy.c_str(), kOwnerOnly, 0);
+            std::ignore = ::fchmodat(m_folder.file(), m_copy.c_str(), kOwnerOnly, 0);
     }
 
     fs::path m_target;
