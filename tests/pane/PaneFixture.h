@@ -36,8 +36,8 @@ class RecordingWorkspace final : public Workspace {
 
 /// What the fixture is made with; the rest is as the plug-in makes it.
 struct PaneOptions {
-    bool helper = true; ///< a recording helper runs before the panel is made
-    bool bus = true;    ///< there is a session bus
+    bool helper = true;    ///< a recording helper runs before the panel is made
+    bool bus = true;       ///< there is a session bus
     bool canLaunch = true; ///< a helper that is launched starts, and does nothing
     /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout = nullptr;
