@@ -387,6 +387,8 @@ class SettingsFollowingTest : public QObject {
     void whatTheUserIsToldLiesOverTheFootOfTheWindowWhole() {
         Open panel;
         QWidget& view = *panel.pane->mainView();
+        panel.selectTab(4);
+        QCoreApplication::processEvents(); // its notes say how high they are when they are shown
         const QSize smallest = view.minimumSizeHint();
         panel.rename();
         panel.writeSettings(darkAndRenamed());

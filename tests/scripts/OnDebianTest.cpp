@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <unistd.h>
 
 #include "support/TemporaryFolder.h"
@@ -35,6 +36,17 @@ class OnDebian : public testing::Test {
                              " for program in bash cat env ls mkdir sleep; do file=$(command -v $program);"
                              "   cp -L --parents $file $(ldd $file | grep -o '/[^ ]*') .; done"),
             "");
+    }
+
+    /// Whatever was left mounted goes before the folder does: it is this machine's own.
+    void TearDown() override {
+        std::vector<std::string> left;
+        std::ifstream mounts("/proc/self/mountinfo");
+        for (std::string line; std::getline(mounts, line);)
+            if (const auto at = line.find(" " + m_checkout.path().native() + "/"); at != std::string::npos)
+                left.push_back(line.substr(at + 1, line.find(' ', at + 1) - at - 1));
+        for (auto place = left.rbegin(); place != left.rend(); ++place)
+            ASSERT_EQ(umount2(place->c_str(), MNT_DETACH), 0) << *place;
     }
 
     /// What the commands write to standard error, or that they failed.
