@@ -2,8 +2,12 @@
 // there, and lose as little.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <functional>
+#include <sys/file.h>
 #include <thread>
+#include <unistd.h>
+#include <utility>
 
 #include "model/ConfigFileFixture.h"
 #include "model/ForkedChild.h"
@@ -25,6 +29,7 @@ class CallsWithoutExchange : public FileCalls {
 
     /// Called once, when a save brings its file to the disk.
     std::function<void()> amidSave;
+    std::function<void()> beforeRename = [] {};
 
     int renameat2(int /*folder*/, const char* /*from*/, const char* /*to*/, unsigned /*flags*/) override {
         errno = m_error;
@@ -36,6 +41,7 @@ class CallsWithoutExchange : public FileCalls {
         return 0;
     }
     int renameat(int folder, const char* from, const char* to) override {
+        beforeRename();
         if (failsToReplace && std::string_view(to) == "file.plist") {
             errno = EIO;
             return -1;
@@ -172,6 +178,20 @@ TEST_P(NoExchange, leavesTheOldFileAndNoCopyWhenItCannotBeReplaced) {
     plain.failsToReplace = false;
     EXPECT_TRUE(ours.save(settings(3)));
     EXPECT_EQ(kept(), old);
+}
+
+// Nothing else keeps another writer out between the last look and the change of names.
+TEST_P(NoExchange, holdsTheLockWhenTheNamesChange) {
+    int locked = 0;
+    plain.beforeRename = [&] {
+        const int another = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        locked += ::flock(another, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK ? 1 : 0;
+        ::close(another);
+    };
+    ASSERT_TRUE(ours.save(settings(1)));
+    EXPECT_EQ(locked, 1);
+    ASSERT_TRUE(ours.save(settings(2)));
+    EXPECT_EQ(locked, 2);
 }
 
 TEST_P(NoExchange, losesNothingOfTwoWritersWithoutAPause) {
