@@ -19,12 +19,12 @@
 //  - makes the two devices as Devices.h says.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
 
+#include "engine/Clock.h"
 #include "engine/Options.h"
 #include "engine/Output.h"
 

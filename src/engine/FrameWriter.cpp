@@ -1,0 +1,46 @@
+#include "engine/FrameWriter.h"
+
+#include <algorithm>
+#include <span>
+
+namespace quorvi::engine {
+
+void FrameWriter::setTime(Time time) {
+    constexpr Time::rep perSecond = 1'000'000;
+    m_blank.input_event_sec = static_cast<decltype(m_blank.input_event_sec)>(time.count() / perSecond);
+    m_blank.input_event_usec = static_cast<decltype(m_blank.input_event_usec)>(time.count() % perSecond);
+}
+
+void FrameWriter::put(Device device, std::uint16_t type, std::uint16_t code, std::int32_t value) {
+    if (!fits(device, type, code))
+        flush();
+    m_device = device;
+    append(type, code, value);
+}
+
+void FrameWriter::flush() {
+    if (m_size == 0)
+        return;
+    append(EV_SYN, SYN_REPORT, 0);
+    const std::span frame(m_events.data(), m_size);
+    m_size = 0;
+    m_output.write(m_device, frame);
+}
+
+bool FrameWriter::fits(Device device, std::uint16_t type, std::uint16_t code) const {
+    const std::span frame(m_events.data(), m_size);
+    return m_size == 0 || (device == m_device && m_size + 1 < m_events.size() &&
+                              std::ranges::none_of(frame, [=](const input_event& event) {
+                                  return event.type == type && event.code == code;
+                              }));
+}
+
+void FrameWriter::append(std::uint16_t type, std::uint16_t code, std::int32_t value) {
+    input_event& event = m_events[m_size++];
+    event = m_blank;
+    event.type = type;
+    event.code = code;
+    event.value = value;
+}
+
+} // namespace quorvi::engine
