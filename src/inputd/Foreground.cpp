@@ -42,12 +42,13 @@ class Foreground final : public MouseListener, public LoopOwner {
             return fail(request.device, "another program has it for itself");
         if (!m_keyboard.make(reason) || !m_mouse.attach({request.device}, reason))
             return fail(request.device, reason);
+        m_isAttached = true;
         m_loop.run(*this);
         return m_mouse.state() == MouseState::absent ? fail(request.device, "the device has gone") : 0;
     }
 
     void mouseChanged(DrivenMouse& mouse) override {
-        if (mouse.state() == MouseState::absent)
+        if (m_isAttached && mouse.state() == MouseState::absent)
             m_loop.end();
     }
     void inputChanged(DrivenMouse& /*mouse*/, std::uint8_t /*input*/, bool /*pressed*/) override {}
@@ -58,6 +59,7 @@ class Foreground final : public MouseListener, public LoopOwner {
   private:
     Loop m_loop;
     SharedKeyboard m_keyboard;
+    bool m_isAttached = false;
     DrivenMouse m_mouse{m_loop, m_keyboard, *this};
 };
 

@@ -1,6 +1,8 @@
 // A test with a fake mouse, a desktop, and the service that drives the one for the other.
 #pragma once
 
+#include <csignal>
+
 #include <gtest/gtest.h>
 
 #include "vm/support/Desk.h"
@@ -18,7 +20,10 @@ class DrivenTest : public testing::Test {
     /// Drives the mouse by the record. Fails the test when that does not come to be.
     void drive(const TestRecord& record) {
         inputd = startInputd(mouse.node(), record);
-        ASSERT_TRUE(waitUntilDriven(mouse, desk)) << inputd->pid();
+        const bool driven = waitUntilDriven(mouse, desk);
+        if (!driven)
+            inputd->signal(SIGTERM);
+        ASSERT_TRUE(driven) << inputd->readError();
     }
     void TearDown() override {
         if (inputd && inputd->isRunning())
