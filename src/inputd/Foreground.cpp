@@ -65,6 +65,8 @@ class Foreground final : public MouseListener, public LoopOwner {
 
 } // namespace
 
-int runInForeground(const ForegroundRequest& request) { return Foreground().run(request); }
+int runInForeground(const ForegroundRequest& request) {
+    return Foreground().run(request);
+}
 
 } // namespace quorvi::inputd

@@ -12,8 +12,8 @@ struct ForegroundRequest {
     std::uint16_t sensorDpi = 1600;
 };
 
-/// Drives the device until SIGTERM or SIGINT; then 0. When the device or the record cannot be had, or the device
-/// goes away, one line on standard error, and 1.
+/// Drives the device until SIGTERM or SIGINT; then 0. When the device or the record cannot be had, or the
+/// device goes away, one line on standard error, and 1.
 [[nodiscard]] int runInForeground(const ForegroundRequest& request);
 
 } // namespace quorvi::inputd

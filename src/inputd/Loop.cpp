@@ -70,7 +70,9 @@ void Loop::change(int fd, Watcher& watcher, std::uint32_t events) {
     epoll_ctl(m_epoll.get(), EPOLL_CTL_MOD, fd, &event);
 }
 
-void Loop::unwatch(int fd) { epoll_ctl(m_epoll.get(), EPOLL_CTL_DEL, fd, nullptr); }
+void Loop::unwatch(int fd) {
+    epoll_ctl(m_epoll.get(), EPOLL_CTL_DEL, fd, nullptr);
+}
 
 void Loop::run(LoopOwner& owner) {
     while (!m_ends) {

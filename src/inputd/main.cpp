@@ -5,6 +5,7 @@
 
 #include "engine/Options.h"
 #include "inputd/Foreground.h"
+#include "inputd/SystemService.h"
 
 namespace {
 
@@ -45,6 +46,8 @@ std::optional<quorvi::inputd::ForegroundRequest> parseForeground(int argc, char*
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 1)
+        return quorvi::inputd::runSystemService();
     if (argc == 2 && std::string_view(argv[1]) == "--version") {
         std::puts("quorvi-inputd " QUORVI_VERSION);
         return 0;

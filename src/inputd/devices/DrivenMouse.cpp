@@ -6,7 +6,8 @@ namespace quorvi::inputd {
 
 namespace {
 
-/// How long desktops take to open a device that is new. The mouse is a plain one until then, so that no click is lost.
+/// How long desktops take to open a device that is new. The mouse is a plain one until then, so that no click
+/// is lost.
 constexpr std::chrono::milliseconds settlingTime{250};
 
 constexpr std::uint8_t wheelAway = 8;
@@ -15,7 +16,8 @@ constexpr std::uint8_t wheelBack = 9;
 } // namespace
 
 struct DrivenMouse::NodeWatcher final : Watcher {
-    NodeWatcher(DrivenMouse& owner, std::unique_ptr<InputNode> input) : mouse(owner), node(std::move(input)) {}
+    NodeWatcher(DrivenMouse& owner, std::unique_ptr<InputNode> input)
+        : mouse(owner), node(std::move(input)) {}
     ~NodeWatcher() override { mouse.m_loop.unwatch(node->fd()); }
     void ready(std::uint32_t /*events*/) override { mouse.nodeReady(*this); }
 
@@ -107,8 +109,8 @@ void DrivenMouse::nodeReady(NodeWatcher& watcher) {
         tryToGrab();
 }
 
-/// A press that came between the look and the grab has reached the desktop, which would wait for its release for ever.
-/// So the look is repeated with the mouse in hand.
+/// A press that came between the look and the grab has reached the desktop, which would wait for its release
+/// for ever. So the look is repeated with the mouse in hand.
 void DrivenMouse::tryToGrab() {
     const auto all = [this](auto&& holds) {
         return std::ranges::all_of(m_nodes, [&](const auto& watcher) { return holds(*watcher->node); });
@@ -166,6 +168,8 @@ void DrivenMouse::write(engine::Device device, std::span<const input_event> fram
         m_pointer->write(frame);
 }
 
-void DrivenMouse::runs(const engine::Running& /*running*/) { m_listener.mouseChanged(*this); }
+void DrivenMouse::runs(const engine::Running& /*running*/) {
+    m_listener.mouseChanged(*this);
+}
 
 } // namespace quorvi::inputd

@@ -41,7 +41,9 @@ InputNode::~InputNode() {
     libevdev_free(m_device);
 }
 
-std::string InputNode::name() const { return libevdev_get_name(m_device); }
+std::string InputNode::name() const {
+    return libevdev_get_name(m_device);
+}
 
 bool InputNode::isMouse() const {
     return libevdev_has_event_code(m_device, EV_REL, REL_X) == 1 &&

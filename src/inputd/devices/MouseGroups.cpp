@@ -23,14 +23,16 @@ bool isPrintable(char c) {
 /// For ids: what a device says of itself may be any bytes.
 std::string plainText(const std::string& text) {
     std::string plain = text;
-    std::ranges::replace_if(plain, [](char c) { return !isPrintable(c); }, '_');
+    std::ranges::replace_if(
+        plain, [](char c) { return !isPrintable(c); }, '_');
     return plain;
 }
 
 /// For people. Names of input devices are ASCII nearly always.
 std::string shownName(const std::string& text) {
     std::string shown = text;
-    std::ranges::replace_if(shown, [](char c) { return c != ' ' && !isPrintable(c); }, '?');
+    std::ranges::replace_if(
+        shown, [](char c) { return c != ' ' && !isPrintable(c); }, '?');
     return shown;
 }
 
@@ -58,7 +60,8 @@ KeyBits parseKeyBits(std::string_view text) {
         const auto space = text.rfind(' ');
         const auto word = space == std::string_view::npos ? text : text.substr(space + 1);
         unsigned long value = 0;
-        if (std::from_chars(word.data(), word.data() + word.size(), value, 16).ptr != word.data() + word.size())
+        if (std::from_chars(word.data(), word.data() + word.size(), value, 16).ptr !=
+            word.data() + word.size())
             return {};
         for (std::size_t bit = 0; bit < bitsPerWord && lowest + bit < bits.size(); ++bit)
             bits[lowest + bit] = (value >> bit & 1) != 0;

@@ -1,4 +1,5 @@
-// Which nodes are one mouse. Some mice have their extra buttons on a second node, which looks like a keyboard.
+// Which nodes are one mouse. Some mice have their extra buttons on a second node, which looks like a
+// keyboard.
 #pragma once
 
 #include <bitset>

@@ -36,7 +36,8 @@ std::uint16_t dpiOf(std::string_view text) {
 }
 
 /// A function of sd-device that gives a text of the device; empty when there is none.
-template <typename Function> std::string textOf(sd_device* device, Function function) {
+template <typename Function>
+std::string textOf(sd_device* device, Function function) {
     const char* value = nullptr;
     return function(device, &value) >= 0 && value ? value : "";
 }
@@ -76,8 +77,9 @@ NodeFacts factsOf(sd_device* device) {
     facts.unique = attribute(input, "uniq");
     facts.keys = parseKeyBits(attribute(input, "capabilities/key"));
     // A USB device is named for its port; others say where they are, or have nothing but their number.
-    const bool hasPort = std::ranges::any_of(ancestors,
-        [&](const Ancestor& ancestor) { return ancestor.path == facts.group && ancestor.type == "usb_device"; });
+    const bool hasPort = std::ranges::any_of(ancestors, [&](const Ancestor& ancestor) {
+        return ancestor.path == facts.group && ancestor.type == "usb_device";
+    });
     const auto physical = attribute(input, "phys");
     facts.place = hasPort || physical.empty() ? lastPart(facts.group) : physical;
     return facts;

@@ -24,7 +24,9 @@ bool enable(int fd, unsigned long request, std::span<const std::uint16_t> codes)
     return true;
 }
 
-bool enable(int fd, unsigned long request, std::uint16_t code) { return enable(fd, request, {&code, 1}); }
+bool enable(int fd, unsigned long request, std::uint16_t code) {
+    return enable(fd, request, {&code, 1});
+}
 
 } // namespace
 
@@ -35,13 +37,13 @@ std::unique_ptr<OutputDevice> OutputDevice::make(const char* name, std::span<con
     setup.id.bustype = BUS_VIRTUAL;
     setup.id.version = 1;
     std::strncpy(setup.name, name, sizeof setup.name - 1);
-    const bool made = fd && enable(fd.get(), UI_SET_EVBIT, EV_KEY) && enable(fd.get(), UI_SET_KEYBIT, keys) &&
-                      (axes.empty() || (enable(fd.get(), UI_SET_EVBIT, EV_REL) &&
-                                           enable(fd.get(), UI_SET_RELBIT, axes) &&
-                                           enable(fd.get(), UI_SET_PROPBIT, INPUT_PROP_POINTER))) &&
-                      // On a text console the kernel itself repeats a key that is held; desktops do so themselves.
-                      (!axes.empty() || enable(fd.get(), UI_SET_EVBIT, EV_REP)) &&
-                      ioctl(fd.get(), UI_DEV_SETUP, &setup) == 0 && ioctl(fd.get(), UI_DEV_CREATE) == 0;
+    const bool made =
+        fd && enable(fd.get(), UI_SET_EVBIT, EV_KEY) && enable(fd.get(), UI_SET_KEYBIT, keys) &&
+        (axes.empty() || (enable(fd.get(), UI_SET_EVBIT, EV_REL) && enable(fd.get(), UI_SET_RELBIT, axes) &&
+                             enable(fd.get(), UI_SET_PROPBIT, INPUT_PROP_POINTER))) &&
+        // On a text console the kernel itself repeats a key that is held; desktops do so themselves.
+        (!axes.empty() || enable(fd.get(), UI_SET_EVBIT, EV_REP)) &&
+        ioctl(fd.get(), UI_DEV_SETUP, &setup) == 0 && ioctl(fd.get(), UI_DEV_CREATE) == 0;
     if (!made) {
         reason = std::string("/dev/uinput: ") + std::strerror(errno);
         return nullptr;
@@ -57,13 +59,17 @@ std::unique_ptr<OutputDevice> OutputDevice::makeKeyboard(std::string& reason) {
     return make(keyboardName, engine::keyboardKeys(), {}, reason);
 }
 
-OutputDevice::~OutputDevice() { ioctl(m_fd.get(), UI_DEV_DESTROY); }
+OutputDevice::~OutputDevice() {
+    ioctl(m_fd.get(), UI_DEV_DESTROY);
+}
 
 void OutputDevice::write(std::span<const input_event> frame) const {
     // uinput takes all of it or, when the device is on its way out, nothing: there is nobody to tell.
     [[maybe_unused]] const auto written = ::write(m_fd.get(), frame.data(), frame.size_bytes());
 }
 
-bool isOwnDevice(const std::string& name) { return name.starts_with(ownPrefix); }
+bool isOwnDevice(const std::string& name) {
+    return name.starts_with(ownPrefix);
+}
 
 } // namespace quorvi::inputd

@@ -1,5 +1,5 @@
-// A device that this process makes by uinput. It lasts as long as the object, or the process: when that ends, however
-// it does, the kernel releases what is down and takes the device away.
+// A device that this process makes by uinput. It lasts as long as the object, or the process: when that ends,
+// however it does, the kernel releases what is down and takes the device away.
 #pragma once
 
 #include <cstdint>

@@ -42,7 +42,8 @@ class Desk {
     /// Looks until that key or button has come down or up, on any device. False when it never does.
     [[nodiscard]] bool waitForKey(std::uint16_t code, int value);
 
-    /// What has come since the start or the last forget(), without SYN and MSC events, in order for each device.
+    /// What has come since the start or the last forget(), without SYN and MSC events, in order for each
+    /// device.
     [[nodiscard]] const std::vector<Event>& events() const { return m_events; }
     void forget() { m_events.clear(); }
     /// The sum of an axis over all devices, since forget().

@@ -9,8 +9,8 @@ bool waitUntilDriven(FakeMouse& mouse, Desk& desk) {
         mouse.move(2, 0);
         mouse.move(-2, 0);
         desk.look();
-        return std::ranges::any_of(desk.events(),
-            [](const Desk::Event& event) { return event.device == "Quorvi virtual pointer"; });
+        return std::ranges::any_of(
+            desk.events(), [](const Desk::Event& event) { return event.device == "Quorvi virtual pointer"; });
     });
     // What was moved is behind us when this notch has come.
     mouse.send({{EV_REL, REL_HWHEEL, 1}});

@@ -11,8 +11,8 @@
 
 namespace quorvi::test {
 
-/// Waits until the mouse is driven: what it does comes from the virtual pointer. Moves it meanwhile, and forgets
-/// that at the end.
+/// Waits until the mouse is driven: what it does comes from the virtual pointer. Moves it meanwhile, and
+/// forgets that at the end.
 [[nodiscard]] bool waitUntilDriven(FakeMouse& mouse, Desk& desk);
 
 class DrivenTest : public testing::Test {

@@ -39,8 +39,7 @@ void settleUdev() {
     EXPECT_EQ(runProgram({"udevadm", "settle"}).exitCode, 0);
 }
 
-FakeMouse::FakeMouse(const MouseDescription& description)
-    : m_fd(open("/dev/uinput", O_WRONLY | O_CLOEXEC)) {
+FakeMouse::FakeMouse(const MouseDescription& description) : m_fd(open("/dev/uinput", O_WRONLY | O_CLOEXEC)) {
     const int fd = m_fd.get();
     ioctl(fd, UI_SET_EVBIT, EV_KEY);
     for (const auto code : usualButtons)

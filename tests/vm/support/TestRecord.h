@@ -15,8 +15,8 @@ class TestRecord {
     TestRecord();
 
     /// The input of the profile does that. Makes the profile when it is not there.
-    TestRecord& set(int profile, int input, std::uint8_t command, std::uint8_t param1 = 0,
-        std::uint8_t param2 = 0);
+    TestRecord& set(
+        int profile, int input, std::uint8_t command, std::uint8_t param1 = 0, std::uint8_t param2 = 0);
     /// The stages of the profile, in DPI; the first is its default.
     TestRecord& stages(int profile, std::initializer_list<std::pair<int, int>> dpi);
     /// The profile's steps as byte code (model/StepCode.h).
