@@ -227,9 +227,9 @@ void Engine::Core::move() {
             counts, runs.dpiX, runs.dpiY, m_options.acceleration[runs.profile - 1U], m_clock.now());
     }
     if (counts.x != 0)
-        m_writer.put(Device::Pointer, EV_REL, REL_X, static_cast<std::int32_t>(counts.x));
+        m_writer.put(Device::Pointer, EV_REL, REL_X, counts.x);
     if (counts.y != 0)
-        m_writer.put(Device::Pointer, EV_REL, REL_Y, static_cast<std::int32_t>(counts.y));
+        m_writer.put(Device::Pointer, EV_REL, REL_Y, counts.y);
 }
 
 /// A desktop that hears of high resolution listens to nothing else.

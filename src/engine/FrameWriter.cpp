@@ -1,6 +1,7 @@
 #include "engine/FrameWriter.h"
 
 #include <algorithm>
+#include <limits>
 #include <span>
 
 namespace quorvi::engine {
@@ -11,11 +12,12 @@ void FrameWriter::setTime(Time time) {
     m_blank.input_event_usec = static_cast<decltype(m_blank.input_event_usec)>(time.count() % perSecond);
 }
 
-void FrameWriter::put(Device device, std::uint16_t type, std::uint16_t code, std::int32_t value) {
+void FrameWriter::put(Device device, std::uint16_t type, std::uint16_t code, std::int64_t value) {
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
     if (!fits(device, type, code))
         flush();
     m_device = device;
-    append(type, code, value);
+    append(type, code, static_cast<std::int32_t>(std::clamp(value, -most, most)));
 }
 
 void FrameWriter::flush() {

@@ -18,8 +18,9 @@ class FrameWriter {
     void setTime(Time time);
 
     /// Into the frame that is begun, or into a new one when that is another device's, is full, or has the
-    /// code already: nobody would see the first of two changes in one frame.
-    void put(Device device, std::uint16_t type, std::uint16_t code, std::int32_t value);
+    /// code already: nobody would see the first of two changes in one frame. A value
+    /// beyond 32 bits is cut, as only garbage has one.
+    void put(Device device, std::uint16_t type, std::uint16_t code, std::int64_t value);
 
     /// Writes the frame that is begun; nothing when there is none.
     void flush();

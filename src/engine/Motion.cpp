@@ -75,7 +75,7 @@ std::int64_t Motion::wholeCounts(
     left += std::clamp(count, -mostCounts, mostCounts) * dpi * gain;
     const auto whole = left / parts;
     left -= whole * parts;
-    return std::clamp(whole, -mostCounts, mostCounts);
+    return whole;
 }
 
 } // namespace quorvi::engine

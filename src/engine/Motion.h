@@ -36,8 +36,8 @@ class Motion {
     /// Forgets what is left of counts, which are others now.
     void setSensorDpi(std::uint16_t dpi);
 
-    /// Counts of the sensor at that sensitivity and acceleration factor. The result fits 32 bits; a longer
-    /// way is cut.
+    /// Counts of the sensor at that sensitivity and acceleration factor. More
+    /// counts than 32 bits hold are cut.
     [[nodiscard]] Move scaled(Move counts, std::uint16_t dpiX, std::uint16_t dpiY, float factor, Time now);
 
     /// Forgets what is left of counts.

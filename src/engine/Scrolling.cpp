@@ -1,7 +1,6 @@
 #include "engine/Scrolling.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace quorvi::engine {
 
@@ -11,11 +10,6 @@ namespace {
 constexpr Time beforeRepeating = std::chrono::milliseconds(300);
 constexpr Time betweenNotches = std::chrono::milliseconds(60);
 
-std::int32_t eventValue(std::int64_t value) {
-    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::clamp(value, -most, most));
-}
-
 std::uint16_t fineAxis(std::uint16_t axis) {
     return axis == REL_WHEEL ? REL_WHEEL_HI_RES : REL_HWHEEL_HI_RES;
 }
@@ -24,9 +18,9 @@ std::uint16_t fineAxis(std::uint16_t axis) {
 
 void Scrolling::turn(ScrollDirection direction, std::int64_t notches, std::int64_t parts) {
     if (notches != 0)
-        m_writer.put(Device::Pointer, EV_REL, direction.axis, eventValue(notches * direction.sign));
+        m_writer.put(Device::Pointer, EV_REL, direction.axis, notches * direction.sign);
     if (parts != 0)
-        m_writer.put(Device::Pointer, EV_REL, fineAxis(direction.axis), eventValue(parts * direction.sign));
+        m_writer.put(Device::Pointer, EV_REL, fineAxis(direction.axis), parts * direction.sign);
 }
 
 void Scrolling::press(std::uint8_t input, ScrollDirection direction, Time now) {

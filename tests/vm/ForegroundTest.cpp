@@ -8,11 +8,8 @@
 namespace quorvi::test {
 namespace {
 
-constexpr std::uint8_t singleKey = 49;
-constexpr std::uint8_t usageA = 4;
-
 TEST_F(DrivenTest, AButtonTypesItsKeyAndMovesReachTheDesktopThroughTheVirtualPointer) {
-    drive(TestRecord().set(1, 4, singleKey, usageA));
+    drive(TestRecord().function(1, 4, kSingleKey, kUsageA));
     mouse.press(BTN_SIDE);
     EXPECT_TRUE(desk.waitForKey(KEY_A, 1));
     mouse.release(BTN_SIDE);
