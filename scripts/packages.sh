@@ -3,7 +3,7 @@
 packages_build=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-private-dev
-    libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
+    libplist-dev libsystemd-dev libevdev-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
     libfontconfig-dev
     dbus dbus-daemon
 )
@@ -21,6 +21,8 @@ packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
 # The module for System Settings: to build it, and to try it in its hosts.
 packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
 packages_kde_test=(kde-cli-tools systemsettings)
+# A machine of its own for the service that drives mice. What runs in it is fetched by tests/vm/image, and not installed.
+packages_vm=(qemu-system-x86)
 packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)

@@ -60,8 +60,8 @@ KeyBits parseKeyBits(std::string_view text) {
         const auto space = text.rfind(' ');
         const auto word = space == std::string_view::npos ? text : text.substr(space + 1);
         unsigned long value = 0;
-        if (std::from_chars(word.data(), word.data() + word.size(), value, 16).ptr !=
-            word.data() + word.size())
+        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, 16);
+        if (error != std::errc() || end != word.data() + word.size())
             return {};
         for (std::size_t bit = 0; bit < bitsPerWord && lowest + bit < bits.size(); ++bit)
             bits[lowest + bit] = (value >> bit & 1) != 0;

@@ -19,7 +19,8 @@ Caller::Caller(uid_t user) {
     EXPECT_GE(sd_bus_get_unique_name(bus, &name), 0);
     EXPECT_EQ(seteuid(0), 0);
     m_bus.reset(bus);
-    EXPECT_GE(sd_bus_add_match(bus, nullptr, "type='signal',interface='com.kyvar.Inputd1'", received, this), 0);
+    EXPECT_GE(
+        sd_bus_add_match(bus, nullptr, "type='signal',interface='com.kyvar.Inputd1'", received, this), 0);
 }
 
 std::string Caller::call(const char* method, const std::function<void(sd_bus_message*)>& append,
@@ -84,7 +85,8 @@ std::string Caller::setRecord(const std::string& mouse, const TestRecord& record
 }
 
 std::string Caller::forget(const std::string& mouse) {
-    return call(kForget, [&](sd_bus_message* message) { sd_bus_message_append(message, "s", mouse.c_str()); });
+    return call(
+        kForget, [&](sd_bus_message* message) { sd_bus_message_append(message, "s", mouse.c_str()); });
 }
 
 std::string Caller::status(const std::string& mouse, Status& status) {
@@ -103,7 +105,8 @@ std::string Caller::status(const std::string& mouse, Status& status) {
 }
 
 std::string Caller::watch(bool inputs) {
-    return call(kWatch, [&](sd_bus_message* message) { sd_bus_message_append(message, "b", static_cast<int>(inputs)); });
+    return call(kWatch,
+        [&](sd_bus_message* message) { sd_bus_message_append(message, "b", static_cast<int>(inputs)); });
 }
 
 std::string Caller::mouseNamed(const std::string& name) {

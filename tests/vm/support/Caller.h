@@ -42,13 +42,15 @@ class Caller {
     std::string status(const std::string& mouse, Status& status);
     std::string watch(bool inputs);
     /// Any method, with arguments that the function appends.
-    std::string call(const char* method, const std::function<void(sd_bus_message*)>& append,
+    std::string call(
+        const char* method, const std::function<void(sd_bus_message*)>& append,
         const std::function<void(sd_bus_message*)>& read = [](sd_bus_message*) {});
 
     /// The id of the one mouse of that name that the user may use; empty when there is none.
     std::string mouseNamed(const std::string& name);
 
-    /// Signals that have come, as "MiceChanged" or "InputChanged 4 1" or "StatusChanged driven 1 2" (profile, stage).
+    /// Signals that have come, as "MiceChanged" or "InputChanged 4 1" or "StatusChanged driven 1 2" (profile,
+    /// stage).
     const std::vector<std::string>& signalsSoFar();
 
   private:

@@ -13,7 +13,7 @@ bool waitUntilDriven(FakeMouse& mouse, Desk& desk) {
             desk.events(), [](const Desk::Event& event) { return event.device == "Quorvi virtual pointer"; });
     });
     // What was moved is behind us when this notch has come.
-    mouse.send({{EV_REL, REL_HWHEEL, 1}});
+    mouse.send({{FakeMouse::Part{EV_REL, REL_HWHEEL, 1}}});
     const bool arrived = desk.waitUntil([&] { return desk.sum(REL_HWHEEL) == 1; });
     desk.forget();
     return driven && arrived;

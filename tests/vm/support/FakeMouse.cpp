@@ -49,6 +49,8 @@ FakeMouse::FakeMouse(const MouseDescription& description) : m_fd(open("/dev/uinp
     ioctl(fd, UI_SET_EVBIT, EV_REL);
     for (const auto code : axes)
         ioctl(fd, UI_SET_RELBIT, code);
+    // Where it is plugged in: the same place each time.
+    ioctl(fd, UI_SET_PHYS, ("test/" + description.name).c_str());
     uinput_setup setup{};
     setup.id = {BUS_USB, 0x1234, description.product, 1};
     std::strncpy(setup.name, description.name.c_str(), sizeof setup.name - 1);
@@ -59,13 +61,15 @@ FakeMouse::FakeMouse(const MouseDescription& description) : m_fd(open("/dev/uinp
     settleUdev();
 }
 
-void FakeMouse::send(std::initializer_list<Part> parts) {
-    std::vector<input_event> frame;
-    for (const auto& part : parts)
-        frame.push_back({{}, part.type, part.code, part.value});
-    frame.push_back({{}, EV_SYN, SYN_REPORT, 0});
-    const auto size = frame.size() * sizeof(input_event);
-    EXPECT_EQ(write(m_fd.get(), frame.data(), size), static_cast<ssize_t>(size));
+void FakeMouse::send(std::initializer_list<std::vector<Part>> frames) {
+    std::vector<input_event> events;
+    for (const auto& frame : frames) {
+        for (const auto& part : frame)
+            events.push_back({{}, part.type, part.code, part.value});
+        events.push_back({{}, EV_SYN, SYN_REPORT, 0});
+    }
+    const auto size = events.size() * sizeof(input_event);
+    EXPECT_EQ(write(m_fd.get(), events.data(), size), static_cast<ssize_t>(size));
 }
 
 } // namespace quorvi::test

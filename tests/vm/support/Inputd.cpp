@@ -44,9 +44,13 @@ TestRecord busyRecord() {
     TestRecord record;
     record.function(1, 4, kSingleKey, kUsageA, kShiftBit);
     record.function(1, 5, kSingleKey, kUsageLeftControl);
-    record.function(1, 6, kRunMacro, 3, 1).macro(0, 3, {1, kUsageA, wait, 20, 0, kUsageA, wait, 20, 1, kUsageB, 0, kUsageB});
+    record.function(1, 6, kRunMacro, 3, 1)
+        .macro(0, 3, {1, kUsageA, wait, 20, 0, kUsageA, wait, 20, 1, kUsageB, 0, kUsageB});
     record.function(1, 7, kSwitchToProfile, 2);
-    record.profile(2).function(2, 4, kSingleKey, kUsageB).function(2, 7, kSwitchToProfile, 1);
+    record.profile(2)
+        .stages(2, {{1600, 1600}})
+        .function(2, 4, kSingleKey, kUsageB)
+        .function(2, 7, kSwitchToProfile, 1);
     return record.active(1, 1);
 }
 

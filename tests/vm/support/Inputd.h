@@ -19,8 +19,8 @@ namespace quorvi::test {
 /// The record as a file that the service's user can read; its path.
 [[nodiscard]] std::string fileOf(const TestRecord& record);
 
-/// What the mouse of no manufacturer would be: input 4 types A with Shift, 5 holds Control, 6 runs a macro of A and B that
-/// takes 40 ms, 7 goes to profile 2, where 4 types B and 7 goes back.
+/// What the mouse of no manufacturer would be: input 4 types A with Shift, 5 holds Control, 6 runs a macro of
+/// A and B that takes 40 ms, 7 goes to profile 2, where 4 types B and 7 goes back.
 [[nodiscard]] TestRecord busyRecord();
 
 // Codes of functions and usages of keys, as the record has them.

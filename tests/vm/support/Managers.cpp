@@ -12,7 +12,8 @@ namespace quorvi::test {
 
 const sd_bus_vtable Managers::authority[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("CheckAuthorization", "(sa{sv})sa{ss}us", "(bba{ss})", authorize, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD(
+        "CheckAuthorization", "(sa{sv})sa{ss}us", "(bba{ss})", authorize, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_VTABLE_END,
 };
 
@@ -30,8 +31,8 @@ Managers::Managers() {
     EXPECT_GE(sd_bus_add_object_vtable(bus, nullptr, "/org/freedesktop/PolicyKit1/Authority",
                   "org.freedesktop.PolicyKit1.Authority", authority, this),
         0);
-    EXPECT_GE(sd_bus_add_object_vtable(bus, nullptr, "/org/freedesktop/login1",
-                  "org.freedesktop.login1.Manager", manager, this),
+    EXPECT_GE(sd_bus_add_object_vtable(
+                  bus, nullptr, "/org/freedesktop/login1", "org.freedesktop.login1.Manager", manager, this),
         0);
     EXPECT_GE(sd_bus_request_name(bus, "org.freedesktop.PolicyKit1", 0), 0);
     EXPECT_GE(sd_bus_request_name(bus, "org.freedesktop.login1", 0), 0);
@@ -68,7 +69,8 @@ int Managers::authorize(sd_bus_message* message, void* self, sd_bus_error* /*err
     EXPECT_STREQ(kind, "system-bus-name");
     EXPECT_STREQ(action, "com.kyvar.inputd.use-mice");
     ++managers.m_timesAsked;
-    return sd_bus_reply_method_return(message, "(bba{ss})", static_cast<int>(managers.letsUser), 0, 1, "asked", "1");
+    return sd_bus_reply_method_return(
+        message, "(bba{ss})", static_cast<int>(managers.letsUser), 0, 1, "asked", "1");
 }
 
 int Managers::inhibit(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {

@@ -23,10 +23,11 @@ void showSession(const SessionDescription& session) {
     const auto user = std::to_string(session.user);
     const auto id = "s" + user;
     replaceFile("/run/systemd/users/" + user, "STATE=active\n");
-    replaceFile("/run/systemd/sessions/" + id, "UID=" + user + "\nACTIVE=1\nSTATE=" + session.state + "\nREMOTE=" +
-                                                   (session.remote ? "1" : "0") + "\nCLASS=" + session.kind +
-                                                   "\nTYPE=wayland\nSEAT=seat0\n");
-    replaceFile("/run/systemd/seats/seat0", "IS_SEAT0=1\nACTIVE=" + id + "\nACTIVE_UID=" + user + "\nSESSIONS=" + id + "\n");
+    replaceFile("/run/systemd/sessions/" + id,
+        "UID=" + user + "\nACTIVE=1\nSTATE=" + session.state + "\nREMOTE=" + (session.remote ? "1" : "0") +
+            "\nCLASS=" + session.kind + "\nTYPE=wayland\nSEAT=seat0\n");
+    replaceFile("/run/systemd/seats/seat0",
+        "IS_SEAT0=1\nACTIVE=" + id + "\nACTIVE_UID=" + user + "\nSESSIONS=" + id + "\n");
 }
 
 void showNobody() {

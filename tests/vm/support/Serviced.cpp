@@ -47,8 +47,8 @@ bool ServicedTest::isPlainAgain(FakeMouse& fake, const std::string& name) {
         fake.move(1, 0);
         fake.move(-1, 0);
         desk.look();
-        return std::ranges::any_of(
-            desk.events(), [&](const Desk::Event& event) { return event.device == name && event.type == EV_REL; });
+        return std::ranges::any_of(desk.events(),
+            [&](const Desk::Event& event) { return event.device == name && event.type == EV_REL; });
     });
 }
 
