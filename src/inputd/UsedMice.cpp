@@ -9,10 +9,11 @@ UsedMice::UsedMice(Loop& loop, UsedMiceListener& listener) : m_loop(loop), m_lis
 
 UsedMice::Result UsedMice::use(
     const Mouse& mouse, uid_t owner, std::span<const std::uint8_t> record, const engine::Options& options) {
+    // What somebody else left here is no start.
+    forgetIf([&](const UsedMouse& used) { return used.id == mouse.id && used.owner != owner; });
     if (auto* used = find(mouse.id)) {
         if (!used->driven.setRecord(record))
             return Result::notARecord;
-        used->owner = owner;
         setOptions(*used, options);
         return Result::done;
     }

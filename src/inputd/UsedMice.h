@@ -48,7 +48,8 @@ class UsedMice final : MouseListener {
         tooMany,
         noDevice ///< neither is there a keyboard, nor will be a pointer: /dev/uinput is closed to us
     };
-    /// Drives the mouse from now on. One that is in use gets the record and the options, and the owner.
+    /// Drives the mouse from now on. One of theirs gets the record and the options; one of
+    /// somebody else's is forgotten first.
     [[nodiscard]] Result use(const Mouse& mouse, uid_t owner, std::span<const std::uint8_t> record,
         const engine::Options& options);
     /// False when it is no record.

@@ -1,7 +1,10 @@
 // The service on the machine's bus: who may, and what becomes of a mouse in use.
 #include <algorithm>
 #include <csignal>
+#include <fstream>
+#include <regex>
 
+#include "events/Introspection.h"
 #include "support/ProcessFigures.h"
 #include "vm/support/Serviced.h"
 
@@ -11,6 +14,15 @@ namespace {
 constexpr char kNoAccess[] = "org.freedesktop.DBus.Error.AccessDenied";
 constexpr char kNotValid[] = "org.freedesktop.DBus.Error.InvalidArgs";
 constexpr char kNoMouse[] = "com.kyvar.Inputd1.Error.NoSuchMouse";
+
+/// What the kernel counts as the process' own share of memory (Pss), in KiB; 0 when it is gone.
+long proportionalMemoryOf(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/smaps_rollup");
+    for (std::string word; file >> word;)
+        if (word == "Pss:" && file >> word)
+            return std::stol(word);
+    return 0;
+}
 
 TEST_F(ServicedTest, TheUserAtTheMachineUsesAMouseAndForgetsIt) {
     use(mouse, busyRecord());
@@ -172,6 +184,42 @@ TEST_F(ServicedTest, WhatIsHeldIsReleasedBeforeTheComputerSleepsWhichWaitsForIt)
     EXPECT_TRUE(waitUntil([&] { return !managers.isSleepDelayed(); }));
 }
 
+TEST_F(ServicedTest, WhoPlaysTheLogInManagerIsNotHeard) {
+    use(mouse, busyRecord());
+    const auto id = anna.mouseNamed("Test mouse");
+    for (const char* destination : {"com.kyvar.Inputd1", ""})
+        berta.signal(destination, "/org/freedesktop/login1", "org.freedesktop.login1.Manager",
+            "PrepareForSleep", true);
+    // Who is heard would be heard before the answer to this.
+    Status status;
+    EXPECT_NE(berta.status(id, status), "");
+    EXPECT_EQ(stateOf(id), "driven");
+}
+
+TEST_F(ServicedTest, AnAdministratorIsAskedOneQuestionAtATimeForAUser) {
+    managers.isSlow = true;
+    const auto id = anna.mouseNamed("Test mouse");
+    anna.useWithoutWaiting(id, busyRecord());
+    ASSERT_TRUE(waitUntil([&] { return managers.timesAsked() == 1; }));
+    EXPECT_EQ(anna.use(id, busyRecord()), "org.freedesktop.DBus.Error.LimitsExceeded");
+    managers.isSlow = false;
+    EXPECT_TRUE(waitUntil([&] { return stateOf(id) == "driven"; })) << stateOf(id);
+    EXPECT_EQ(managers.timesAsked(), 1);
+}
+
+TEST_F(ServicedTest, WhatAnAdministratorAllowsIsNotDoneForWhoHasLeftTheMachineMeanwhile) {
+    managers.isSlow = true;
+    const auto id = anna.mouseNamed("Test mouse");
+    anna.useWithoutWaiting(id, busyRecord());
+    ASSERT_TRUE(waitUntil([&] { return managers.timesAsked() == 1; }));
+    showSession({kBerta});
+    managers.isSlow = false;
+    Status status;
+    EXPECT_EQ(berta.status(id, status), kNoMouse);
+    EXPECT_TRUE(isPlainAgain(mouse));
+    EXPECT_EQ(berta.status(id, status), kNoMouse);
+}
+
 TEST_F(ServicedTest, AMouseIsNotTakenWhileAButtonIsDown) {
     mouse.press(BTN_LEFT);
     const auto id = anna.mouseNamed("Test mouse");
@@ -273,6 +321,20 @@ TEST_F(ServicedTest, WhoWatchesIsToldOfTheirMiceAlone) {
     EXPECT_TRUE(has("StatusChanged unused 2 1"));
     for (const auto& signal : berta.signalsSoFar())
         EXPECT_EQ(signal, "MiceChanged");
+}
+
+TEST_F(ServicedTest, TheInstalledDescriptionIsWhatTheRunningServiceOffers) {
+    const auto described =
+        std::regex_replace(fileText("/quorvi/com.kyvar.Inputd1.xml"), std::regex("<!--[^]*?-->"), "");
+    EXPECT_EQ(interfaceElement(described, inputd::kInterface),
+        interfaceElement(anna.introspection(), inputd::kInterface));
+}
+
+TEST_F(ServicedTest, ItTakesLessThanFourMebibytesWithAMouseInUse) {
+    use(mouse, busyRecord());
+    EXPECT_GT(proportionalMemoryOf(inputd->pid()), 0);
+    EXPECT_LT(proportionalMemoryOf(inputd->pid()), 4096) << "KiB";
+    std::printf("memory: %ld KiB\n", static_cast<long>(proportionalMemoryOf(inputd->pid())));
 }
 
 TEST_F(ServicedTest, WhileNothingHappensItSleeps) {

@@ -153,16 +153,22 @@ void BusObject::use(const Call& call) {
         return refuse(call, kErrorNoSuchMouse, "No such mouse is plugged in");
     if (m_allowed.contains(call.user))
         return useAllowed(call, id, record, *options);
+    // One question a user: an administrator may take minutes, and others have questions too.
+    if (!m_asking.insert(call.user).second)
+        return refuse(call, kErrorLimitsExceeded, "An administrator is being asked");
     const bool asked = m_questions.isAuthorized(sd_bus_message_get_sender(message), kPolkitAction,
         [this, call, id, record, options = *options](bool yes) {
+            m_asking.erase(call.user);
             if (!yes)
                 return refuse(
                     call, kErrorAccessDenied, "No administrator has let this user use input devices");
             m_allowed.add(call.user);
             useAllowed(call, id, record, options);
         });
-    if (!asked)
-        refuse(call, kErrorLimitsExceeded, tooMuch);
+    if (asked)
+        return;
+    m_asking.erase(call.user);
+    refuse(call, kErrorLimitsExceeded, tooMuch);
 }
 
 /// Looks again: the mouse and the user may have gone while an administrator was asked.

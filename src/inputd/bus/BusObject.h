@@ -1,6 +1,7 @@
 // The service's object on the system bus: who calls is asked first, then what they want is done.
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "inputd/UsedMice.h"
@@ -55,6 +56,7 @@ class BusObject {
     UsedMice& m_mice;
     Watchers& m_watchers;
     AllowedUsers& m_allowed;
+    std::set<uid_t> m_asking; ///< of whom polkit is being asked
     std::function<void()> m_usedChanged;
     events::SlotPtr m_slot;
 };

@@ -52,7 +52,8 @@ bool DrivenMouse::attach(const std::vector<std::string>& nodes, std::string& rea
         }
         m_nodes.push_back(std::make_unique<NodeWatcher>(*this, std::move(node)));
         auto& watcher = *m_nodes.back();
-        if (!m_loop.watch(watcher.node->fd(), watcher))
+        // Told once of what comes: nodeReady() reads all of it.
+        if (!m_loop.watch(watcher.node->fd(), watcher, EPOLLIN | EPOLLET))
             reason = "it cannot be waited for";
     }
     m_pointer = OutputDevice::makePointer(reason);
@@ -100,10 +101,11 @@ void DrivenMouse::wake(engine::Time now) {
 
 void DrivenMouse::nodeReady(NodeWatcher& watcher) {
     const bool driven = m_state == MouseState::driven;
-    if (!(driven ? watcher.node->read(*this) : watcher.node->skip())) {
-        detach(); // the watcher is gone with it
-        return;
-    }
+    auto result = InputNode::Result::more;
+    while (result == InputNode::Result::more)
+        result = driven ? watcher.node->read(*this) : watcher.node->skip();
+    if (result == InputNode::Result::gone)
+        return detach(); // the watcher is gone with it
     // Who let go of a button, or of the mouse, is heard by what comes next.
     if (!driven && !m_settled)
         tryToGrab();
@@ -118,7 +120,14 @@ void DrivenMouse::tryToGrab() {
     const auto allUp = [&] { return all([](const InputNode& node) { return node.isAllUp(); }); };
     if (!allUp())
         return setState(MouseState::waiting);
-    if (!all([](InputNode& node) { return node.skip() && node.grab(); })) {
+    // What came before is the desktop's.
+    const auto take = [](InputNode& node) {
+        auto left = InputNode::Result::more;
+        while (left == InputNode::Result::more)
+            left = node.skip();
+        return left != InputNode::Result::gone && node.grab();
+    };
+    if (!all(take)) {
         ungrabAll();
         return setState(MouseState::busy);
     }

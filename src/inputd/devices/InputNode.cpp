@@ -82,23 +82,33 @@ void InputNode::ungrab() {
     m_down.reset();
 }
 
-bool InputNode::skip() {
-    std::array<input_event, bufferedEvents> events;
-    const ssize_t size = ::read(m_fd.get(), events.data(), sizeof events);
-    return size >= 0 || errno == EAGAIN || errno == EINTR;
+/// One call. When it gives less than there was room for, nothing is left, and what comes then is news: a
+/// second call to learn that there is nothing would cost each report as much as the first.
+InputNode::Result InputNode::fill(std::span<input_event>& events) const {
+    const ssize_t size = ::read(m_fd.get(), events.data(), events.size_bytes());
+    if (size < 0) {
+        events = {};
+        return errno == EAGAIN ? Result::done : errno == EINTR ? Result::more : Result::gone;
+    }
+    const auto room = events.size();
+    events = events.first(static_cast<std::size_t>(size) / sizeof(input_event));
+    return events.size() == room ? Result::more : Result::done;
 }
 
-bool InputNode::read(FrameTaker& taker) {
-    std::array<input_event, bufferedEvents> events;
-    // One call: what is left makes the descriptor ready again, and a second one to learn that there is
-    // nothing would cost every report as much as the first.
-    const ssize_t size = ::read(m_fd.get(), events.data(), sizeof events);
-    if (size < 0)
-        return errno == EAGAIN || errno == EINTR;
+InputNode::Result InputNode::skip() {
+    std::array<input_event, bufferedEvents> buffer;
+    std::span<input_event> events(buffer);
+    return fill(events);
+}
+
+InputNode::Result InputNode::read(FrameTaker& taker) {
+    std::array<input_event, bufferedEvents> buffer;
+    std::span<input_event> events(buffer);
+    const auto result = fill(events);
     m_keysAreKnown = false;
-    for (const auto& event : std::span(events).first(static_cast<std::size_t>(size) / sizeof(input_event)))
+    for (const auto& event : events)
         take(event, taker);
-    return true;
+    return result;
 }
 
 void InputNode::take(const input_event& event, FrameTaker& taker) {

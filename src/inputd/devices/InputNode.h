@@ -49,16 +49,20 @@ class InputNode {
     void ungrab();
     [[nodiscard]] bool isGrabbed() const { return m_grabbed; }
 
-    /// Reads what has come and throws it away: who has not grabbed it is not concerned. False when the node
-    /// is gone.
-    [[nodiscard]] bool skip();
+    enum class Result {
+        done, ///< nothing is left to read
+        more, ///< something may be left
+        gone
+    };
+    /// Reads what has come and throws it away: who has not grabbed it is not concerned.
+    [[nodiscard]] Result skip();
     /// Reads what has come and hands it over, frame by frame. What the kernel had to drop for want of room is
-    /// made up for as far as it is known: keys as they are now, and moves that had not been read. False when
-    /// the node is gone.
-    [[nodiscard]] bool read(FrameTaker& taker);
+    /// made up for as far as it is known: keys as they are now, and moves that had not been read.
+    [[nodiscard]] Result read(FrameTaker& taker);
 
   private:
     InputNode(std::string path, Descriptor fd, libevdev* device);
+    [[nodiscard]] Result fill(std::span<input_event>& events) const;
     void take(const input_event& event, FrameTaker& taker);
     void catchUp(FrameTaker& taker, const timeval& when);
     void finishFrame(const timeval& when, FrameTaker& taker);

@@ -67,14 +67,37 @@ void appendRecord(sd_bus_message* message, const TestRecord& record) {
     sd_bus_message_append_array(message, 'y', bytes.data(), bytes.size());
 }
 
+void appendUse(sd_bus_message* message, const std::string& mouse, const TestRecord& record) {
+    sd_bus_message_append(message, "s", mouse.c_str());
+    appendRecord(message, record);
+    sd_bus_message_append(message, "a{sv}", 0);
+}
+
 } // namespace
 
 std::string Caller::use(const std::string& mouse, const TestRecord& record) {
-    return call(kUse, [&](sd_bus_message* message) {
-        sd_bus_message_append(message, "s", mouse.c_str());
-        appendRecord(message, record);
-        sd_bus_message_append(message, "a{sv}", 0);
-    });
+    return call(kUse, [&](sd_bus_message* message) { appendUse(message, mouse, record); });
+}
+
+void Caller::useWithoutWaiting(const std::string& mouse, const TestRecord& record) {
+    sd_bus_message* message = nullptr;
+    ASSERT_GE(sd_bus_message_new_method_call(m_bus.get(), &message, kName, kPath, kInterface, kUse), 0);
+    const auto owner = events::adopt(message);
+    appendUse(message, mouse, record);
+    ASSERT_GE(sd_bus_send(m_bus.get(), message, nullptr), 0);
+    sd_bus_flush(m_bus.get());
+}
+
+void Caller::signal(
+    const char* destination, const char* path, const char* interface, const char* member, bool value) {
+    sd_bus_message* message = nullptr;
+    ASSERT_GE(sd_bus_message_new_signal(m_bus.get(), &message, path, interface, member), 0);
+    const auto owner = events::adopt(message);
+    if (*destination != '\0')
+        sd_bus_message_set_destination(message, destination);
+    sd_bus_message_append(message, "b", static_cast<int>(value));
+    ASSERT_GE(sd_bus_send(m_bus.get(), message, nullptr), 0);
+    sd_bus_flush(m_bus.get());
 }
 
 std::string Caller::setRecord(const std::string& mouse, const TestRecord& record) {
@@ -107,6 +130,16 @@ std::string Caller::status(const std::string& mouse, Status& status) {
 std::string Caller::watch(bool inputs) {
     return call(kWatch,
         [&](sd_bus_message* message) { sd_bus_message_append(message, "b", static_cast<int>(inputs)); });
+}
+
+std::string Caller::introspection() {
+    sd_bus_message* answer = nullptr;
+    const char* xml = "";
+    if (sd_bus_call_method(m_bus.get(), kName, kPath, "org.freedesktop.DBus.Introspectable", "Introspect",
+            nullptr, &answer, nullptr) >= 0)
+        sd_bus_message_read(answer, "s", &xml);
+    const auto owner = events::adopt(answer);
+    return xml;
 }
 
 std::string Caller::mouseNamed(const std::string& name) {

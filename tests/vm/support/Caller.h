@@ -37,6 +37,11 @@ class Caller {
     // Each gives the name of the error; empty when there was none.
     std::string list(std::vector<ListedMouse>& mice);
     std::string use(const std::string& mouse, const TestRecord& record);
+    /// Leaves the answer to itself.
+    void useWithoutWaiting(const std::string& mouse, const TestRecord& record);
+    /// Sends a signal to the destination, or to everybody when there is none.
+    void signal(
+        const char* destination, const char* path, const char* interface, const char* member, bool value);
     std::string setRecord(const std::string& mouse, const TestRecord& record);
     std::string forget(const std::string& mouse);
     std::string status(const std::string& mouse, Status& status);
@@ -45,6 +50,9 @@ class Caller {
     std::string call(
         const char* method, const std::function<void(sd_bus_message*)>& append,
         const std::function<void(sd_bus_message*)>& read = [](sd_bus_message*) {});
+
+    /// What the service's object says of itself.
+    std::string introspection();
 
     /// The id of the one mouse of that name that the user may use; empty when there is none.
     std::string mouseNamed(const std::string& name);

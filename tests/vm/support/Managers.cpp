@@ -53,6 +53,8 @@ void Managers::run() {
         if (const int begins = m_announced.exchange(-1); begins >= 0)
             sd_bus_emit_signal(m_bus.get(), "/org/freedesktop/login1", "org.freedesktop.login1.Manager",
                 "PrepareForSleep", "b", begins);
+        if (!isSlow)
+            answer();
         sd_bus_wait(m_bus.get(), 5000);
     }
 }
@@ -69,8 +71,14 @@ int Managers::authorize(sd_bus_message* message, void* self, sd_bus_error* /*err
     EXPECT_STREQ(kind, "system-bus-name");
     EXPECT_STREQ(action, "com.kyvar.inputd.use-mice");
     ++managers.m_timesAsked;
-    return sd_bus_reply_method_return(
-        message, "(bba{ss})", static_cast<int>(managers.letsUser), 0, 1, "asked", "1");
+    managers.m_asked.push_back(events::adopt(sd_bus_message_ref(message)));
+    return 1;
+}
+
+void Managers::answer() {
+    for (const auto& message : std::exchange(m_asked, {}))
+        sd_bus_reply_method_return(
+            message.get(), "(bba{ss})", static_cast<int>(letsUser), 0, 1, "asked", "1");
 }
 
 int Managers::inhibit(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {

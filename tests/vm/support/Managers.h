@@ -4,6 +4,7 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/events/SdBus.h"
 
@@ -18,6 +19,8 @@ class Managers {
 
     /// What polkit answers.
     std::atomic<bool> letsUser = true;
+    /// As long as it is, polkit answers nobody; what was asked meanwhile is answered later.
+    std::atomic<bool> isSlow = false;
     /// How often it was asked, and for what the last time.
     [[nodiscard]] int timesAsked() const { return m_timesAsked; }
     /// Somebody makes the computer's sleep wait.
@@ -31,7 +34,10 @@ class Managers {
     static const sd_bus_vtable manager[];
     void run();
 
+    void answer();
+
     events::BusPtr m_bus;
+    std::vector<events::MessageRef> m_asked; ///< of the thread's own
     std::atomic<int> m_timesAsked = 0;
     std::atomic<int> m_delay = -1;     ///< the reading end of the inhibitor's pipe
     std::atomic<int> m_announced = -1; ///< a PrepareForSleep that waits to be said
