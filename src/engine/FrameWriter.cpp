@@ -4,12 +4,14 @@
 #include <limits>
 #include <span>
 
+#include "engine/Event.h"
+
 namespace quorvi::engine {
 
 void FrameWriter::setTime(Time time) {
     constexpr Time::rep perSecond = 1'000'000;
-    m_blank.input_event_sec = static_cast<decltype(m_blank.input_event_sec)>(time.count() / perSecond);
-    m_blank.input_event_usec = static_cast<decltype(m_blank.input_event_usec)>(time.count() % perSecond);
+    m_seconds = static_cast<decltype(m_seconds)>(time.count() / perSecond);
+    m_microseconds = static_cast<decltype(m_microseconds)>(time.count() % perSecond);
 }
 
 void FrameWriter::put(Device device, std::uint16_t type, std::uint16_t code, std::int64_t value) {
@@ -39,10 +41,9 @@ bool FrameWriter::fits(Device device, std::uint16_t type, std::uint16_t code) co
 
 void FrameWriter::append(std::uint16_t type, std::uint16_t code, std::int32_t value) {
     input_event& event = m_events[m_size++];
-    event = m_blank;
-    event.type = type;
-    event.code = code;
-    event.value = value;
+    event = eventOf(type, code, value);
+    event.input_event_sec = m_seconds;
+    event.input_event_usec = m_microseconds;
 }
 
 } // namespace quorvi::engine

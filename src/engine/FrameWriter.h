@@ -32,7 +32,8 @@ class FrameWriter {
     static constexpr std::size_t kMostEvents = 64; ///< with the SYN_REPORT; what the kernel's own queue holds
 
     Output& m_output;
-    input_event m_blank{}; ///< has the time
+    decltype(input_event::input_event_sec) m_seconds = 0;
+    decltype(input_event::input_event_usec) m_microseconds = 0;
     Device m_device = Device::Pointer;
     std::array<input_event, kMostEvents> m_events{};
     std::size_t m_size = 0;

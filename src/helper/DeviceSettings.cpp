@@ -3,6 +3,7 @@
 #include <bit>
 #include <memory>
 
+#include "helper/Acceleration.h"
 #include "model/ConfigMapping.h"
 #include "model/SettingsDocument.h"
 
@@ -30,6 +31,7 @@ bool DeviceSettings::reload() {
     const auto bytes = std::as_bytes(std::span(record.get(), 1));
     const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
     m_record.assign(first, first + bytes.size());
+    m_acceleration = accelerationOfSlots(tree);
     return true;
 }
 

@@ -1,9 +1,12 @@
 // What the mouse is told to do: the user's settings in the form that the device takes.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <span>
 #include <vector>
+
+#include "model/Limits.h"
 
 namespace quorvi {
 
@@ -29,9 +32,13 @@ class DeviceSettings {
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
 
+    /// The acceleration of each profile of the record.
+    [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
+
   private:
     SettingsFiles m_files;
     std::vector<std::uint8_t> m_record;
+    std::array<float, limits::profiles> m_acceleration{};
 };
 
 } // namespace quorvi

@@ -17,37 +17,59 @@ Sum sumOf(const Witness& witness) {
     return sum;
 }
 
+/// Only adds up, for millions of counts.
+class Adder : public engine::Output {
+  public:
+    void write(engine::Device, std::span<const input_event> frame) override {
+        for (const auto& event : frame)
+            if (event.type == EV_REL)
+                (event.code == REL_X ? sum.x : sum.y) += event.value;
+    }
+    void runs(const engine::Running&) override {}
+
+    Sum sum;
+};
+
 TestRecord recordOf(int dpiX, int dpiY) {
     TestRecord record;
     record.stages(1, {{dpiX, dpiY}});
     return record;
 }
 
+/// Moves by what the function says, a million times, and gives what came of it.
+template <typename Counts>
+Sum sumOfAMillion(int dpiX, int dpiY, Counts&& counts) {
+    Adder adder;
+    engine::Engine engine(adder);
+    EXPECT_TRUE(engine.setRecord(recordOf(dpiX, dpiY).bytes(), engine::Time(0)));
+    for (int i = 0; i < 1'000'000; ++i) {
+        const auto [x, y] = counts(i);
+        const input_event frame[] = {TestMouse::event(EV_REL, REL_X, x), TestMouse::event(EV_REL, REL_Y, y)};
+        engine.input(frame, engine::Time(0));
+    }
+    return adder.sum;
+}
+
 TEST(Motion, LosesNoCountOfAMillion) {
     for (const auto& [dpiX, dpiY] : {std::pair{800, 400}, {1600, 1600}, {6475, 100}, {1575, 925}}) {
-        TestMouse mouse(recordOf(dpiX, dpiY));
-        for (int count = 0; count < 1'000'000; ++count)
-            mouse.move(1, -1);
-        const auto sum = sumOf(mouse.witness);
+        const auto sum = sumOfAMillion(dpiX, dpiY, [](int) { return std::pair(1, -1); });
         EXPECT_EQ(sum.x, std::int64_t{1'000'000} * dpiX / 1600) << dpiX;
         EXPECT_EQ(sum.y, -std::int64_t{1'000'000} * dpiY / 1600) << dpiY;
     }
 }
 
 TEST(Motion, EndsWhereItBeganWhateverTheWay) {
-    TestMouse mouse(recordOf(775, 6475));
     std::mt19937 random(1);
-    std::uniform_int_distribution<> counts(-40, 40);
-    Sum way;
-    for (int i = 0; i < 1'000'000; ++i) {
-        const int x = counts(random);
-        const int y = counts(random);
-        way.x += x;
-        way.y += y;
-        mouse.move(x, y);
-    }
-    mouse.move(static_cast<int>(-way.x), static_cast<int>(-way.y));
-    const auto sum = sumOf(mouse.witness);
+    std::uniform_int_distribution<> any(-40, 40);
+    std::pair<int, int> way;
+    const auto sum = sumOfAMillion(775, 6475, [&](int i) {
+        if (i == 999'999)
+            return std::pair(-way.first, -way.second);
+        const std::pair counts(any(random), any(random));
+        way.first += counts.first;
+        way.second += counts.second;
+        return counts;
+    });
     EXPECT_EQ(sum.x, 0);
     EXPECT_EQ(sum.y, 0);
 }

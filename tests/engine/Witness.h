@@ -9,6 +9,7 @@
 
 #include "engine/Devices.h"
 #include "engine/Engine.h"
+#include "engine/Event.h"
 #include "engine/TestRecord.h"
 
 namespace quorvi::test {
@@ -123,11 +124,7 @@ class TestMouse {
     }
 
     [[nodiscard]] static input_event event(int type, int code, int value) {
-        input_event made{};
-        made.type = static_cast<std::uint16_t>(type);
-        made.code = static_cast<std::uint16_t>(code);
-        made.value = value;
-        return made;
+        return engine::eventOf(static_cast<std::uint16_t>(type), static_cast<std::uint16_t>(code), value);
     }
     [[nodiscard]] int codeOf(int input) const {
         return options.buttonCodes[static_cast<std::size_t>(input - 1)];
