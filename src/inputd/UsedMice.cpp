@@ -43,11 +43,11 @@ void UsedMice::setOptions(UsedMouse& mouse, const engine::Options& options) {
 }
 
 void UsedMice::forgetIf(const std::function<bool(const UsedMouse&)>& condition) {
-    const auto kept =
-        std::ranges::stable_partition(m_mice, [&](const auto& mouse) { return !condition(*mouse); });
+    const auto kept = std::stable_partition(
+        m_mice.begin(), m_mice.end(), [&](const auto& mouse) { return !condition(*mouse); });
     std::vector<std::unique_ptr<UsedMouse>> gone(
-        std::make_move_iterator(kept.begin()), std::make_move_iterator(kept.end()));
-    m_mice.erase(kept.begin(), kept.end());
+        std::make_move_iterator(kept), std::make_move_iterator(m_mice.end()));
+    m_mice.erase(kept, m_mice.end());
     for (const auto& mouse : gone) {
         mouse->driven.detach();
         m_listener.forgotten(*mouse);
