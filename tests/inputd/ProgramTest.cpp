@@ -1,4 +1,5 @@
 // The program without a mouse, and what is installed beside it.
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -93,6 +94,22 @@ TEST(InputdFiles, OfTheBusAndOfPolkitAreWellFormedAndNameTheService) {
     EXPECT_NE(test::fileText(QUORVI_INPUTD_SYSTEM "/com.kyvar.Inputd1.service")
                   .find(std::string("Name=") + kName + "\n"),
         std::string::npos);
+}
+
+TEST(InputdFiles, AskInEveryLanguageOfThePanel) {
+    const auto policy = test::fileText(QUORVI_INPUTD_SYSTEM "/com.kyvar.inputd.policy");
+    int languages = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(QUORVI_RESOURCES)) {
+        if (entry.path().extension() != ".lproj" || entry.path().stem() == "en")
+            continue;
+        ++languages;
+        for (const char* element : {"description", "message"})
+            EXPECT_NE(policy.find(
+                          std::string("<") + element + " xml:lang=\"" + entry.path().stem().string() + "\">"),
+                std::string::npos)
+                << element << " in " << entry.path().stem();
+    }
+    EXPECT_EQ(languages, 9);
 }
 
 TEST(InputdFiles, MakeTheServicesUserAMemberOfTheGroupOfInputDevices) {

@@ -1,7 +1,6 @@
 // The one virtual keyboard, on which several mice may type.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -9,6 +8,7 @@
 
 #include <linux/input.h>
 
+#include "inputd/devices/KeyHolders.h"
 #include "inputd/devices/OutputDevice.h"
 
 namespace quorvi::inputd {
@@ -19,15 +19,13 @@ class SharedKeyboard {
     /// False when it cannot be made, with the reason in a few words. Does nothing when it is there.
     [[nodiscard]] bool make(std::string& reason);
 
-    /// One frame of one mouse, its SYN_REPORT at the end, at most 64 events. A key that two mice hold comes
-    /// up when both have let go of it.
+    /// One frame of one mouse, its SYN_REPORT at the end, at most 64 events. What of it passes is KeyHolders'
+    /// to say.
     void write(std::span<const input_event> frame);
 
   private:
-    [[nodiscard]] bool passes(const input_event& event);
-
     std::unique_ptr<OutputDevice> m_device;
-    std::array<std::uint8_t, KEY_CNT> m_holders{}; ///< mice that hold the key
+    KeyHolders m_holders;
 };
 
 /// The events of a frame that pass, as a frame, put into `out`; its size, 0 when none but SYN_REPORT does.
