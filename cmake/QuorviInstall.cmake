@@ -1,6 +1,7 @@
 # Where everything goes when it is installed: `cmake --install`, in components, each of which is one package.
 #   panel        the panel's bundle with the helper, the programs, what the desktop needs to know of them
 #   kde          the module for System Settings, and the panel's plug-in for its version of Qt
+#   service      the system service that drives mice, and what the system has to know of it
 #   development  the model for programs at the device's end: libraries, headers, CMake package, pkg-config file
 
 set(QUORVI_INSTALL_HELPER "${QUORVI_INSTALL_BUNDLE}/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux")
@@ -45,6 +46,27 @@ foreach(page quorvictl.1 quorvi-settings.1)
 endforeach()
 add_custom_target(manual-pages ALL DEPENDS ${packed_pages})
 install(FILES ${packed_pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT panel)
+
+# The system service. Where its program is, is not known before it is installed, as with the helper.
+set(QUORVI_INPUTD_FILES "${PROJECT_SOURCE_DIR}/src/inputd/system")
+install(TARGETS quorvi-inputd RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}" COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/60-kyvar-quorvi-inputd.rules" DESTINATION lib/udev/rules.d COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/kyvar-quorvi-inputd.modules.conf" RENAME kyvar-quorvi-inputd.conf
+    DESTINATION lib/modules-load.d COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/kyvar-quorvi-inputd.sysusers.conf" RENAME kyvar-quorvi-inputd.conf
+    DESTINATION lib/sysusers.d COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/com.kyvar.Inputd1.conf"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/system.d" COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/com.kyvar.Inputd1.service"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/system-services" COMPONENT service)
+install(FILES "${QUORVI_INPUTD_FILES}/com.kyvar.inputd.policy"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/polkit-1/actions" COMPONENT service)
+install(FILES "${PROJECT_SOURCE_DIR}/src/inputd/bus/com.kyvar.Inputd1.xml"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/interfaces" COMPONENT service)
+install(CODE "set(QUORVI_INPUTD \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBEXECDIR}/quorvi-inputd\")
+    set(unit \"\${CMAKE_INSTALL_PREFIX}/lib/systemd/system/quorvi-inputd.service\")
+    configure_file(\"${QUORVI_INPUTD_FILES}/quorvi-inputd.service.in\" \"\$ENV{DESTDIR}\${unit}\" @ONLY)
+    list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${unit}\")" COMPONENT service)
 
 # The libraries that know nothing of windows, for drivers and helpers of the device.
 set(QUORVI_LIBRARIES plist model keyboard)

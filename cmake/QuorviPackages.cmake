@@ -1,5 +1,6 @@
 # Debian packages: `cpack --config build/CPackConfig.cmake -B FOLDER`.
 #   kyvar-quorvi        the panel and what the desktop knows of it
+#   kyvar-quorvi-inputd the system service that drives mice
 #   kyvar-quorvi-dev    the model for programs at the device's end
 # A build with the other version of Qt makes the one package that differs:
 #   kyvar-quorvi-kde    the module for System Settings
@@ -11,11 +12,12 @@ set(CPACK_PACKAGE_CONTACT "The Kyvar Quorvi developers <developers@kyvar.com>")
 set(CPACK_PACKAGE_HOMEPAGE_URL "https://www.kyvar.com/quorvi/support")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL panel desktop development)
+set(CPACK_COMPONENTS_ALL panel desktop development service)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
 set(CPACK_COMPONENT_PANEL_GROUP panel)
 set(CPACK_COMPONENT_DESKTOP_GROUP panel)
 set(CPACK_COMPONENT_DEVELOPMENT_GROUP development)
+set(CPACK_COMPONENT_SERVICE_GROUP service)
 set(CPACK_COMPONENT_KDE_GROUP kde)
 if(TARGET kcm_kyvar_quorvi)
     list(APPEND CPACK_COMPONENTS_ALL kde)
@@ -47,6 +49,20 @@ record of the mouse and back, for helpers and drivers of the device.
 
 This package holds static libraries, headers, a CMake package and a
 pkg-config file.")
+set(CPACK_DEBIAN_PANEL_PACKAGE_SUGGESTS kyvar-quorvi-inputd)
+set(CPACK_DEBIAN_SERVICE_PACKAGE_NAME kyvar-quorvi-inputd)
+set(CPACK_DEBIAN_SERVICE_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_SERVICE_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_SERVICE_PACKAGE_DEPENDS
+    "default-dbus-system-bus | dbus-system-bus, kmod, polkitd, systemd, udev")
+set(CPACK_DEBIAN_SERVICE_PACKAGE_CONTROL_EXTRA
+    "${PROJECT_SOURCE_DIR}/packaging/inputd/postinst;${PROJECT_SOURCE_DIR}/packaging/inputd/prerm;${PROJECT_SOURCE_DIR}/packaging/inputd/postrm")
+set(CPACK_DEBIAN_SERVICE_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_SERVICE_DESCRIPTION "\
+Lets any mouse with buttons do what the panel of Kyvar Quorvi says.
+
+This package holds a small system service, which grabs a mouse that the user
+at the machine gave it, and types and moves in its place.")
 set(CPACK_DEBIAN_KDE_PACKAGE_NAME kyvar-quorvi-kde)
 set(CPACK_DEBIAN_KDE_PACKAGE_SECTION kde)
 set(CPACK_DEBIAN_KDE_PACKAGE_SHLIBDEPS ON)
@@ -71,6 +87,7 @@ function(quorvi_package_documents package component)
 endfunction()
 quorvi_package_documents(kyvar-quorvi panel)
 quorvi_package_documents(kyvar-quorvi-dev development)
+quorvi_package_documents(kyvar-quorvi-inputd service)
 if(TARGET kcm_kyvar_quorvi)
     quorvi_package_documents(kyvar-quorvi-kde kde)
 endif()
@@ -78,4 +95,5 @@ endif()
 include(CPack)
 cpack_add_component_group(panel)
 cpack_add_component_group(development)
+cpack_add_component_group(service)
 cpack_add_component_group(kde)

@@ -3,7 +3,7 @@
 packages_build=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-private-dev
-    libplist-dev libsystemd-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
+    libplist-dev libsystemd-dev libevdev-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
     libfontconfig-dev
     dbus dbus-daemon
 )
@@ -32,6 +32,8 @@ else
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
     packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
 fi
+# A machine of its own for the service that drives mice. What runs in it is fetched by tests/vm/image, and not installed.
+packages_vm=(qemu-system-x86)
 packages_check=(clang-format clang-tidy)
 # To try the package on a system made for it, and what that system has beside what every Debian has.
 packages_try_package=(mmdebstrap)

@@ -1,0 +1,30 @@
+// The computer's sleep: what is held is released before it, and the computer waits for that.
+#pragma once
+
+#include <functional>
+
+#include "inputd/Descriptor.h"
+#include "inputd/bus/Questions.h"
+
+namespace quorvi::inputd {
+
+class SleepWatch {
+  public:
+    /// `sleeps` is called with true before the computer goes to sleep and with false when it is awake again.
+    SleepWatch(sd_bus* bus, Questions& questions, std::function<void(bool)> sleeps);
+
+    /// Whether there is something to release: only then is the computer made to wait.
+    void setNeeded(bool needed);
+
+  private:
+    static int received(sd_bus_message* message, void* self, sd_bus_error* error);
+    void takeDelay();
+
+    Questions& m_questions;
+    std::function<void(bool)> m_sleeps;
+    events::SlotPtr m_slot;
+    Descriptor m_delay;
+    bool m_needed = false;
+};
+
+} // namespace quorvi::inputd

@@ -1,0 +1,92 @@
+#include "inputd/bus/Watchers.h"
+
+#include <algorithm>
+
+#include "inputd/InputdInterface.h"
+
+namespace quorvi::inputd {
+
+namespace {
+
+events::MessageRef newSignal(sd_bus* bus, const std::string& connection, const char* name) {
+    sd_bus_message* signal = nullptr;
+    if (sd_bus_message_new_signal(bus, &signal, kPath, kInterface, name) >= 0)
+        sd_bus_message_set_destination(signal, connection.c_str());
+    return events::adopt(signal);
+}
+
+} // namespace
+
+const char* nameOf(MouseState state) {
+    switch (state) {
+    case MouseState::absent:
+        return kStateAbsent;
+    case MouseState::waiting:
+        return kStateWaiting;
+    case MouseState::busy:
+        return kStateBusy;
+    case MouseState::driven:
+        return kStateDriven;
+    }
+    return kStateAbsent;
+}
+
+bool appendStatus(sd_bus_message* message, const UsedMouse& mouse, const char* state) {
+    const auto running = mouse.driven.running();
+    return sd_bus_message_append(message, kStatus, state, running.profile, running.stage, running.dpiX,
+               running.dpiY, mouse.driven.pressedInputs()) >= 0;
+}
+
+bool Watchers::add(const char* connection, uid_t user, bool inputs) {
+    const auto found = std::ranges::find_if(
+        m_watchers, [&](const auto& watcher) { return watcher->connection == connection; });
+    if (found != m_watchers.end()) {
+        (*found)->inputs = inputs;
+        return true;
+    }
+    if (m_watchers.size() >= most)
+        return false;
+    auto watcher = std::make_unique<Watcher>(Watcher{this, connection, user, inputs, nullptr});
+    sd_bus_track* track = nullptr;
+    if (sd_bus_track_new(m_bus, &track, left, watcher.get()) < 0)
+        return false;
+    watcher->track.reset(track);
+    if (sd_bus_track_add_name(track, connection) < 0)
+        return false;
+    m_watchers.push_back(std::move(watcher));
+    return true;
+}
+
+int Watchers::left(sd_bus_track* /*track*/, void* watcher) {
+    std::erase_if(static_cast<Watcher*>(watcher)->owner->m_watchers,
+        [&](const auto& each) { return each.get() == watcher; });
+    return 0;
+}
+
+bool Watchers::wantInputs() const {
+    return std::ranges::any_of(m_watchers, [](const auto& watcher) { return watcher->inputs; });
+}
+
+void Watchers::tellStatus(const UsedMouse& mouse, const char* state) const {
+    for (const auto& watcher : m_watchers) {
+        if (watcher->user != mouse.owner)
+            continue;
+        const auto signal = newSignal(m_bus, watcher->connection, kStatusChanged);
+        if (signal && sd_bus_message_append_basic(signal.get(), 's', mouse.id.c_str()) >= 0 &&
+            appendStatus(signal.get(), mouse, state))
+            sd_bus_send(m_bus, signal.get(), nullptr);
+    }
+}
+
+void Watchers::tellInput(const UsedMouse& mouse, std::uint8_t input, bool pressed) const {
+    for (const auto& watcher : m_watchers) {
+        if (watcher->user != mouse.owner || !watcher->inputs)
+            continue;
+        const auto signal = newSignal(m_bus, watcher->connection, kInputChanged);
+        if (signal && sd_bus_message_append(signal.get(), kInputChangedArguments, mouse.id.c_str(), input,
+                          static_cast<int>(pressed)) >= 0)
+            sd_bus_send(m_bus, signal.get(), nullptr);
+    }
+}
+
+} // namespace quorvi::inputd
