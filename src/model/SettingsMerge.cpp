@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/Dependants.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/Lookups.h"
@@ -102,6 +103,75 @@ KeysOfThing keysOfOneThing(Role role, const Three<Dictionary>& of) {
     }
 }
 
+bool isList(Role role) {
+    return role == Role::profiles || role == Role::macros;
+}
+
+std::size_t limitOf(Role list) {
+    return static_cast<std::size_t>(list == Role::profiles ? limits::profiles
+                                    : list == Role::macros ? limits::macros
+                                                           : 0);
+}
+
+/// Whether what the base held is in the list at the same places, and at most something behind it.
+bool hasSameThings(Role role, const Array& base, const Array& list) {
+    for (std::size_t index = 0; index < base.size(); ++index) {
+        const Dictionary before = base.dictionary(index);
+        const Dictionary now = list.dictionary(index);
+        if (role == Role::macros && before.integer(keys::macroId) != now.integer(keys::macroId))
+            return false;
+        // Under a new name it may be a renamed one, but not under that of another.
+        const auto hasItsName = [&](const Value& item) {
+            return item.dictionary().value(keys::name) == now.value(keys::name);
+        };
+        const auto& items = base.items();
+        if (!(before.value(keys::name) == now.value(keys::name)) &&
+            std::any_of(items.begin(), items.end(), hasItsName))
+            return false;
+    }
+    return true;
+}
+
+/// Whether the arrays' items can be joined one by one.
+bool fits(Role role, const Three<Array>& of) {
+    const auto [base, ours, theirs] = of;
+    const bool isLonger = ours.size() > base.size() || theirs.size() > base.size();
+    return ours.size() >= base.size() && theirs.size() >= base.size() && (!isLonger || isList(role)) &&
+           (!isList(role) || (hasSameThings(role, base, ours) && hasSameThings(role, base, theirs)));
+}
+
+void giveIdentifier(const Dictionary& tree, std::size_t macro, int macroId) {
+    for (const ProfileInput& at : inputsThatRun(tree, macro))
+        tree.array(keys::profiles)
+            .dictionary(at.profile)
+            .dictionary(keys::buttons)
+            .dictionary(keys::button(at.input))
+            .set(keys::param1, macroId);
+    tree.array(keys::macros).dictionary(macro).set(keys::macroId, macroId);
+}
+
+/// Where both have appended a macro under the same identifier, ours gets a free one. Ours and not theirs:
+/// who wrote theirs finds it behind a macro of another identifier, and does not take the two for one.
+void keepNewMacrosApart(const Dictionary& base, const Dictionary& ours, const Dictionary& theirs) {
+    const Three<Array> of{base.array(keys::macros), ours.array(keys::macros), theirs.array(keys::macros)};
+    const auto known = of.base.size();
+    if (!of.base || !of.ours || !of.theirs || Value(of.ours) == Value(of.theirs) || !fits(Role::macros, of) ||
+        of.ours.size() + of.theirs.size() - known > limitOf(Role::macros))
+        return;
+    for (std::size_t index = known; index < of.ours.size(); ++index) {
+        const auto macroId = of.ours.dictionary(index).integer(keys::macroId);
+        if (KyvarFindMacroInArray(macroId, nullptr, of.theirs) < static_cast<int>(known))
+            continue;
+        const auto others = Array::create();
+        for (const auto& macro : of.theirs.items())
+            others.append(macro);
+        for (std::size_t other = known; other < of.ours.size(); ++other)
+            if (other != index)
+                others.append(of.ours.value(other));
+        giveIdentifier(ours, index, KyvarFindUnusedMacroID(others));
+    }
+}
+
 class Merger {
   public:
     Value merge(Role role, const Value& base, const Value& ours, const Value& theirs) {
@@ -151,36 +221,11 @@ class Merger {
     }
 
     Value mergeArrays(Role role, const Three<Array>& of) {
-        const auto [base, ours, theirs] = of;
-        const bool isList = role == Role::profiles || role == Role::macros;
-        const bool isLonger = ours.size() > base.size() || theirs.size() > base.size();
-        const bool fits = ours.size() >= base.size() && theirs.size() >= base.size() &&
-                          (!isLonger || isList) &&
-                          (!isList || (hasSameThings(role, base, ours) && hasSameThings(role, base, theirs)));
-        const Array merged = fits ? mergeItems(role, of) : Array();
+        const Array merged = fits(role, of) ? mergeItems(role, of) : Array();
         if (merged)
             return merged;
         m_conflict = true;
-        return ours;
-    }
-
-    /// Whether what the base held is in the list at the same places, and at most something behind it.
-    static bool hasSameThings(Role role, const Array& base, const Array& list) {
-        for (std::size_t index = 0; index < base.size(); ++index) {
-            const Dictionary before = base.dictionary(index);
-            const Dictionary now = list.dictionary(index);
-            if (role == Role::macros && before.integer(keys::macroId) != now.integer(keys::macroId))
-                return false;
-            // Under a new name it may be a renamed one, but not under that of another.
-            const auto hasItsName = [&](const Value& item) {
-                return item.dictionary().value(keys::name) == now.value(keys::name);
-            };
-            const auto& items = base.items();
-            if (!(before.value(keys::name) == now.value(keys::name)) &&
-                std::any_of(items.begin(), items.end(), hasItsName))
-                return false;
-        }
-        return true;
+        return of.ours;
     }
 
     /// Nil when there are too many, or they cannot be told apart.
@@ -201,11 +246,8 @@ class Merger {
             nameAnew(item, merged);
             merged.append(theirs.value(index));
         }
-        const auto most = static_cast<std::size_t>(role == Role::profiles ? limits::profiles
-                                                   : role == Role::macros ? limits::macros
-                                                                          : 0);
         const bool hasGrown = merged.size() > base.size();
-        return hasGrown && merged.size() > most ? Array() : merged;
+        return hasGrown && merged.size() > limitOf(role) ? Array() : merged;
     }
 
     static void nameAnew(const Dictionary& item, const Array& list) {
@@ -247,8 +289,11 @@ void bringValueTo(const Value& now, const Value& other, Set&& set) {
 } // namespace
 
 MergedSettings mergeSettings(const Value& base, const Dictionary& ours, const Dictionary& theirs) {
+    const Value copyOfOurs = plist::deepCopy(ours);
+    const Value copyOfTheirs = plist::deepCopy(theirs);
+    keepNewMacrosApart(base.dictionary(), copyOfOurs.dictionary(), copyOfTheirs.dictionary());
     Merger merger;
-    const auto merged = merger.merge(Role::tree, base, plist::deepCopy(ours), plist::deepCopy(theirs));
+    const auto merged = merger.merge(Role::tree, base, copyOfOurs, copyOfTheirs);
     const auto tree = plist::mutableDeepCopy(merged.dictionary());
     cleanUpSettings(tree);
     return {tree, merger.conflict()};

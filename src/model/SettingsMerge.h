@@ -18,7 +18,9 @@ struct MergedSettings {
 /// - the current profile and stage with their resolution, when either of the two is another one,
 /// - a profile's stages with the default one, when their number is another.
 /// Profiles and macros that either of them has appended are all there, ours first, with names and identifiers
-/// of their own, as long as the limits permit. Assignments to what is not there any more are cleared.
+/// of their own, as long as the limits permit: of two macros that came with the same identifier ours gets a
+/// free one, and the inputs of ours that run it follow. Assignments to what is not there any more are
+/// cleared.
 [[nodiscard]] MergedSettings mergeSettings(
     const plist::Value& base, const plist::Dictionary& ours, const plist::Dictionary& theirs);
 

@@ -6,7 +6,8 @@
 #include "loginitems/FailingCalls.h"
 #include "pane/loginitems/AutostartLoginItemStore.h"
 #include "pane/loginitems/LoginItems.h"
-#include "support/TemporaryFolder.h"
+#include "support/Files.h"
+#include "support/UmaskGuard.h"
 
 namespace quorvi::test {
 
@@ -55,6 +56,17 @@ TEST_F(AutostartLoginItemStoreTest, TheEntryIsWrittenIntoAFolderThatIsCreated) {
     struct stat info = {};
     ASSERT_EQ(::stat(m_folder.path("autostart").c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 0777U, 0700U);
+}
+
+// Tools of other users list what starts at log-in.
+TEST_F(AutostartLoginItemStoreTest, ANewEntryIsForEverybodyToReadWhateverTheMask) {
+    for (const mode_t mask : {0U, 077U, 0777U}) {
+        m_folder.write("autostart/own.txt", ""); // the folder is there, with a mode of its own
+        const UmaskGuard guard(mask);
+        EXPECT_EQ(add(), 0);
+        EXPECT_EQ(modeOf(m_folder.path(kHelperFile)), 0644U) << mask;
+        EXPECT_EQ(remove("KyvarQuorviHelper.app"), 0);
+    }
 }
 
 TEST_F(AutostartLoginItemStoreTest, FoldersAboveAreCreatedToo) {

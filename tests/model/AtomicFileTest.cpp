@@ -8,6 +8,7 @@
 
 #include "model/ForkedChild.h"
 #include "support/Files.h"
+#include "support/UmaskGuard.h"
 
 namespace quorvi {
 namespace {
@@ -16,17 +17,6 @@ using namespace test;
 namespace fs = std::filesystem;
 
 using FileNames = std::set<std::string>;
-
-class UmaskGuard {
-  public:
-    explicit UmaskGuard(mode_t mask) : m_old(::umask(mask)) {}
-    ~UmaskGuard() { ::umask(m_old); }
-    UmaskGuard(const UmaskGuard&) = delete;
-    UmaskGuard& operator=(const UmaskGuard&) = delete;
-
-  private:
-    mode_t m_old;
-};
 
 TEST(replaceFileAtomically, createsAFile) {
     const TemporaryFolder folder;

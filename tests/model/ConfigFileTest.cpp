@@ -7,49 +7,19 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "model/ConfigFileFixture.h"
 #include "model/ForkedChild.h"
 #include "model/KeptCopies.h"
-#include "model/ScriptedCalls.h"
-#include "model/Trees.h"
 #include "plist/Limits.h"
-#include "plist/Reader.h"
-#include "plist/Writer.h"
-#include "support/Files.h"
+#include "support/UmaskGuard.h"
 
 namespace quorvi {
 namespace {
 
 using namespace test;
-using plist::Dictionary;
 using plist::Value;
 namespace fs = std::filesystem;
 using Names = std::set<std::string>;
-
-constexpr std::int32_t kVersion = 6;
-
-/// A valid tree that its light tells from others.
-Dictionary settings(int light) {
-    return dict({{"version", kVersion}, {"settings", dict({{"light", light}})}, {"profiles", list()},
-        {"macros", list()}});
-}
-
-class ConfigFileTest : public testing::Test {
-  protected:
-    [[nodiscard]] fs::path path() const { return folder / "file.plist"; }
-    [[nodiscard]] fs::path copy(int number) const {
-        return folder / ("file.kept-" + std::to_string(number) + ".plist");
-    }
-    /// As another program does.
-    void put(const Value& content) const { writeFile(path(), plist::writeXml(content).value()); }
-    [[nodiscard]] Dictionary content() const {
-        return plist::readPropertyListFile(path()).value.dictionary();
-    }
-    [[nodiscard]] Dictionary load() { return file.load(kVersion, {}); }
-
-    TemporaryFolder folder;
-    ScriptedCalls calls;
-    ConfigFile file{"quorvi", path(), calls};
-};
 
 TEST_F(ConfigFileTest, keepsTheKeysOfOthersFromSaveToSave) {
     put(dict({{"zebra", 1}, {"quorvi", settings(1)}, {"apple", list({true})}}));
@@ -313,12 +283,10 @@ TEST_F(ConfigFileTest, saysWhatIsInTheWay) {
 }
 
 TEST_F(ConfigFileTest, makesANewFileItsOwnersAloneWhateverTheMask) {
-    for (const mode_t mask : {0U, 0777U}) {
+    for (const mode_t mask : {0U, 077U, 0777U}) {
         fs::remove(path());
-        const mode_t before = ::umask(mask);
-        const bool saved = file.save(settings(1));
-        ::umask(before);
-        EXPECT_TRUE(saved);
+        const UmaskGuard guard(mask);
+        EXPECT_TRUE(file.save(settings(1)));
         EXPECT_EQ(modeOf(path()), 0600U);
     }
 }

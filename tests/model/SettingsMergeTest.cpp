@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "model/Trees.h"
 #include "plist/DeepCopy.h"
 
@@ -40,6 +43,19 @@ class SettingsMerge : public testing::Test {
     }
     static Dictionary settingsOf(const Dictionary& tree) { return tree.dictionary("settings"); }
     static Array macrosOf(const Dictionary& tree) { return tree.array("macros"); }
+    static void assign(const Dictionary& tree, std::size_t profile, const char* button, int macroId) {
+        profileOf(tree, profile)
+            .dictionary("buttons")
+            .set(button, dict({{"command", 65}, {"param1", macroId}, {"param2", 1}}));
+    }
+    /// The macro that the button runs; -1 when it runs none.
+    [[nodiscard]] int runBy(std::size_t profile, const char* button) const {
+        const auto assignment = profileOf(merged, profile).dictionary("buttons").dictionary(button);
+        return Value(assignment) ==
+                       Value(dict({{"command", 65}, {"param1", assignment.integer("param1")}, {"param2", 1}}))
+                   ? assignment.integer("param1")
+                   : -1;
+    }
 
     Dictionary base = dict({{"version", 6},
         {"settings",
@@ -173,9 +189,83 @@ TEST_F(SettingsMerge, takesNoMoreThanTheLimits) {
     EXPECT_EQ(merged.array("profiles").size(), 3U);
 }
 
-TEST_F(SettingsMerge, doesNotMixMacrosOfOneIdentifierThatBothHaveAdded) {
+TEST_F(SettingsMerge, givesOursAFreeIdentifierWhereBothHaveAddedAMacroUnderOne) {
+    macrosOf(ours).append(macro(3, u"C"));
+    assign(ours, 0, "01", 3);
+    assign(ours, 1, "09", 3);
+    assign(ours, 1, "08", 2);
+    macrosOf(theirs).append(macro(3, u"D"));
+    assign(theirs, 0, "02", 3);
+    ASSERT_TRUE(merge());
+    ASSERT_EQ(macrosOf(merged).size(), 4U);
+    EXPECT_EQ(Value(macrosOf(merged).dictionary(2)), Value(macro(0, u"C")));
+    EXPECT_EQ(Value(macrosOf(merged).dictionary(3)), Value(macro(3, u"D")));
+    EXPECT_EQ(runBy(0, "01"), 0);
+    EXPECT_EQ(runBy(1, "09"), 0);
+    EXPECT_EQ(runBy(1, "08"), 2);
+    EXPECT_EQ(runBy(0, "02"), 3);
+    EXPECT_EQ(macrosOf(ours).dictionary(2).integer("macroid"), 3); // the trees stay as they were
+}
+
+TEST_F(SettingsMerge, givesEachOfSeveralMacrosAnIdentifierOfItsOwn) {
+    for (const int id : {0, 3, 4}) {
+        macrosOf(ours).append(macro(id, u"O"));
+        macrosOf(theirs).append(macro(id == 4 ? 69 : id, u"T"));
+    }
+    assign(ours, 0, "01", 3);
+    assign(ours, 0, "02", 4);
+    ASSERT_TRUE(merge());
+    std::vector<std::int32_t> identifiers;
+    for (std::size_t i = 0; i < macrosOf(merged).size(); ++i)
+        identifiers.push_back(macrosOf(merged).dictionary(i).integer("macroid"));
+    EXPECT_EQ(identifiers, (std::vector<std::int32_t>{1, 2, 5, 6, 4, 0, 3, 69}));
+    EXPECT_EQ(runBy(0, "01"), 6);
+    EXPECT_EQ(runBy(0, "02"), 4);
+}
+
+TEST_F(SettingsMerge, takesOursWhereOneButtonRunsTheNewMacrosOfBoth) {
+    for (const auto& [tree, name] : {std::pair(ours, u"C"), std::pair(theirs, u"D")}) {
+        macrosOf(tree).append(macro(3, name));
+        assign(tree, 0, "01", 3);
+    }
+    EXPECT_FALSE(merge());
+    EXPECT_EQ(macrosOf(merged).size(), 4U);
+    EXPECT_EQ(runBy(0, "01"), 0);
+}
+
+// Else an edit of theirs, which comes before they have read the file again, would go into ours.
+TEST_F(SettingsMerge, isNoReasonToTakeTheirNewMacroForOursLater) {
     macrosOf(ours).append(macro(3, u"C"));
     macrosOf(theirs).append(macro(3, u"D"));
+    ASSERT_TRUE(merge());
+    base = theirs;
+    const auto inFile = merged;
+    ours = plist::mutableDeepCopy(theirs);
+    macrosOf(ours).dictionary(2).array("steps").dictionary(0).set("delay", 99);
+    theirs = inFile;
+    EXPECT_FALSE(merge());
+    EXPECT_EQ(Value(macrosOf(merged)), Value(macrosOf(ours)));
+}
+
+TEST_F(SettingsMerge, hasOneMacroWhereBothHaveAddedTheSame) {
+    macrosOf(ours).append(macro(3, u"C"));
+    macrosOf(theirs).append(macro(3, u"C"));
+    ASSERT_TRUE(merge());
+    EXPECT_EQ(Value(macrosOf(merged)), Value(macrosOf(ours)));
+}
+
+TEST_F(SettingsMerge, givesNoIdentifierWhereTheMacrosAreTooManyOrHaveNone) {
+    for (int id = 3; id < 9; ++id) {
+        macrosOf(ours).append(macro(id, u"C"));
+        if (id < 8)
+            macrosOf(theirs).append(macro(id, u"D"));
+    }
+    EXPECT_FALSE(merge()); // 13
+    EXPECT_EQ(Value(macrosOf(merged)), Value(macrosOf(ours)));
+    ours = plist::mutableDeepCopy(base);
+    theirs = plist::mutableDeepCopy(base);
+    macrosOf(ours).append(macro(-1, u"C"));
+    macrosOf(theirs).append(macro(-1, u"D"));
     EXPECT_FALSE(merge());
     EXPECT_EQ(Value(macrosOf(merged)), Value(macrosOf(ours)));
 }

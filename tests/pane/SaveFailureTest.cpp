@@ -7,6 +7,7 @@
 
 #include <fstream>
 #include <sys/mount.h>
+#include <unistd.h>
 
 #include "editors/TableTags.h"
 #include "model/ScriptedCalls.h"
@@ -151,6 +152,8 @@ class SaveFailureTest : public QObject {
                               << "Its links lead in a circle";
         QTest::newRow("/dev/null") << "/dev/null"
                                    << "It is not an ordinary file";
+        QTest::newRow("somebody else's link") << "link"
+                                              << "Permission denied";
     }
 
     void isToldOfWhatIsInTheFilesPlace() {
@@ -164,6 +167,11 @@ class SaveFailureTest : public QObject {
             fs::create_directory(file);
         else
             fs::create_symlink(what == "loop" ? file.string() : what.toStdString(), file);
+        if (what == "link") {
+            fs::permissions(file.parent_path(), fs::perms(01777));
+            if (::lchown(file.c_str(), 65534, 65534) != 0)
+                QSKIP("only root may give links away");
+        }
         panel.selectTab(4);
         panel.click("quorviBoxLightOnWheel");
         QVERIFY2(notice(panel).contains(": " + reason + "."), qPrintable(notice(panel)));

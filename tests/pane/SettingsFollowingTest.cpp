@@ -361,6 +361,36 @@ class SettingsFollowingTest : public QObject {
         QCOMPARE(panel.selectedRow("quorviTableProfiles"), 2);
     }
 
+    void aMacroThatAnotherProgramAddsUnderTheSameIdentifierIsThereBesideTheOnesOwn() {
+        Open panel;
+        const auto tree = PaneFixture::sampleTree();
+        const auto added = plist::mutableDeepCopy(tree.array("macros").dictionary(0));
+        added.set("name", u"Theirs");
+        added.set("macroid", 1); // the lowest free one, which the panel takes too
+        tree.array("macros").append(added);
+        const auto input = tree.array("profiles").dictionary(1).dictionary("buttons").dictionary("02");
+        input.set("command", 65);
+        input.set("param1", 1);
+        panel.selectTab(3);
+        panel.writeSettings(tree);
+        panel.pane->actionButtonMacroAdd(); // before it hears of that
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        const auto saved = panel.savedSettings();
+        const auto macros = saved.array("macros");
+        QCOMPARE(macros.size(), std::size_t(4));
+        QCOMPARE(macros.dictionary(2).integer("macroid"), 2);
+        QCOMPARE(macros.dictionary(3).integer("macroid"), 1);
+        QCOMPARE(macros.dictionary(3).string("name"), std::u16string(u"Theirs"));
+        const auto theirs = saved.array("profiles").dictionary(1).dictionary("buttons").dictionary("02");
+        QCOMPARE(theirs.integer("param1"), 1);
+        QCOMPARE(panel.pane->macroIndex(), 2); // the new one of its own
+        auto* list = panel.find<KyvarQuorviTableView>("quorviTableMacros");
+        QTRY_COMPARE(list->model()->rowCount(), 4);
+        QCOMPARE(panel.selectedRow("quorviTableMacros"), 2);
+        QVERIFY(panel.names() == kFileAlone);
+        QVERIFY(!panel.notice());
+    }
+
     void theUserIsToldWithoutASheetWhereTheOthersAre() {
         Open panel;
         panel.rename();
