@@ -111,6 +111,8 @@ class TwoPanelsTest : public QObject {
             Session session;
             session.startHelper();
             session.home.awaitDeviceList();
+            // Another mode than that of a new file, so that each save has to set it.
+            std::filesystem::permissions(session.home.settingsFile(), std::filesystem::perms(0640));
             const std::string old = UserHome::contentOf(session.home.settingsFile());
             ChildProcess program({"strace", "-D", "-f", "-qq", "-o", "/dev/null", "-e", "trace=" + name, "-e",
                 "inject=" + name + ":signal=KILL:when=" + std::to_string(kills + 1), QUORVI_SETTINGS});
