@@ -198,8 +198,8 @@ TEST_P(NoExchange, losesNothingOfTwoWritersWithoutAPause) {
     constexpr int saves = 50;
     put(dict({{"quorvi", settings(1)}}));
     const auto write = [&](const std::string& party) {
-        CallsWithoutExchange calls(GetParam().number);
-        ConfigFile own("quorvi", path(), calls);
+        CallsWithoutExchange ownCalls(GetParam().number);
+        ConfigFile own("quorvi", path(), ownCalls);
         const auto tree = own.load(kVersion, {});
         for (int i = 0; i < saves; ++i) {
             tree.dictionary("settings").set(party + std::to_string(i), i);
