@@ -210,7 +210,7 @@ bool ConfigFile::save(const Dictionary& tree, Durability durability) {
     // else.
     if (m_error == 0 || (!save.written().empty() && holds(save.written()))) {
         m_tookChangesOver = save.tookOver();
-        const auto merged = save.tree();
+        const auto& merged = save.tree();
         remember(save.written(), save.content(), merged, Knowledge::tree);
         if (m_tookChangesOver)
             bringTo(tree, merged);
