@@ -40,6 +40,10 @@ class CountingCalls : public FileCalls {
         ++renames;
         return FileCalls::renameat(folder, from, to);
     }
+    int renameat2(int folder, const char* from, const char* to, unsigned flags) override {
+        ++renames;
+        return FileCalls::renameat2(folder, from, to, flags);
+    }
     int fsync(int file) override {
         ++syncs;
         return FileCalls::fsync(file);

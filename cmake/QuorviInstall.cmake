@@ -15,13 +15,12 @@ install(TARGETS KyvarQuorviHelper RUNTIME DESTINATION "${QUORVI_INSTALL_HELPER}"
 install(DIRECTORY "${QUORVI_BUNDLE_DIR}/" DESTINATION "${QUORVI_INSTALL_BUNDLE}" COMPONENT panel
     PATTERN Linux EXCLUDE)
 
-# The bus starts the helper for whoever calls it by its name. Where that is, is not known before it is installed; the
-# file is written at its place, since two installations at once may share the build folder.
-install(CODE "set(QUORVI_INSTALL_HELPER \"${QUORVI_INSTALL_HELPER}\")
-    set(service \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/dbus-1/services/com.kyvar.KyvarQuorviHelper.service\")
-    configure_file(\"${PROJECT_SOURCE_DIR}/src/resources/desktop/com.kyvar.KyvarQuorviHelper.service.in\"
-        \"\$ENV{DESTDIR}\${service}\" @ONLY)
-    list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${service}\")" COMPONENT panel)
+# The bus starts the helper for whoever calls it by its name, and has systemd do it where that runs the session. Where
+# that is, is not known before it is installed.
+install(CODE "set(QUORVI_SOURCE \"${PROJECT_SOURCE_DIR}/src/resources/desktop\")
+    set(QUORVI_INSTALL_HELPER \"${QUORVI_INSTALL_HELPER}\")
+    set(QUORVI_INSTALL_DATA \"${CMAKE_INSTALL_DATADIR}\")" COMPONENT panel)
+install(SCRIPT "${PROJECT_SOURCE_DIR}/cmake/InstallHelperServices.cmake" COMPONENT panel)
 
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/completions/quorvictl.bash" RENAME quorvictl
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT panel)

@@ -33,8 +33,8 @@ set(CPACK_DEBIAN_PANEL_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "default-dbus-session-bus | dbus-session-bus, shared-mime-info")
 set(CPACK_DEBIAN_PANEL_DESCRIPTION "\
 Says what each button and the wheel of the mouse do, records macros, sets
-sensitivity in stages, acceleration, polling rate and lights, and keeps up to
-five profiles that follow the application in front.
+sensitivity in stages, acceleration, polling rate and lights, and keeps all of
+it in up to five profiles.
 
 With the panel come the helper that owns the mouse, a small settings
 application that shows the panel, and the command-line tool quorvictl.")

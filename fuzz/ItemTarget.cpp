@@ -22,7 +22,7 @@ namespace {
 using fuzz::require;
 using plist::Array;
 using plist::Dictionary;
-using Read = Dictionary (*)(const std::filesystem::path&);
+using Read = ReadItem (*)(const std::filesystem::path&);
 
 const std::string& filePath() {
     static const std::string path = fuzz::scratch().path("item.plist");
@@ -42,7 +42,7 @@ void requireNames(const Array& array) {
 /// Imports the file as often as there is room for, as a user does who wants copies.
 void import(const Array& array, Read read, int times) {
     for (int i = 0; i < times; ++i)
-        appendItem(array, read(filePath()), u"Untitled");
+        appendItem(array, read(filePath()).item, u"Untitled");
     require(array.size() == static_cast<std::size_t>(times), "an import appends one item");
     requireNames(array);
 }
@@ -50,6 +50,7 @@ void import(const Array& array, Read read, int times) {
 void requireSteps(const Dictionary& macro) {
     const auto steps = macro.array(keys::steps);
     const auto count = steps.size();
+    require(count <= limits::macroSteps, "an imported macro has no more steps than there is room for");
     for (const auto& step : steps.items())
         static_cast<void>(stepText(step.dictionary(), [](auto english) { return std::u16string(english); }));
     for (std::size_t i = 0; i < std::min<std::size_t>(count, limits::macroSteps); ++i)
@@ -59,8 +60,8 @@ void requireSteps(const Dictionary& macro) {
 }
 
 void requireExport(const Dictionary& item, Read read) {
-    require(writeItemFile(item, filePath()), "an imported item can be exported");
-    const auto again = read(filePath());
+    require(!writeItemFile(item, filePath()), "an imported item can be exported");
+    const auto again = read(filePath()).item;
     require(fuzz::hasSurvived(item, again), "an exported item is the same when it is imported");
 }
 
@@ -72,8 +73,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!value.dictionary() || !fuzz::isModest(value))
         return 0;
     fuzz::fill(filePath(), bytes);
-    const auto profile = readProfileFile(filePath());
-    const auto macro = readMacroFile(filePath());
+    const auto profile = readProfileFile(filePath()).item;
+    const auto macro = readMacroFile(filePath()).item;
     if (!profile && !macro)
         return 0;
 

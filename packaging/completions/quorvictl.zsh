@@ -18,6 +18,9 @@ _quorvictl() {
         'devices:list the connected mice'
         'attach:plug the simulated mouse in'
         'detach:unplug the simulated mouse'
+        'press:press an input of the simulated mouse'
+        'release:release an input of the simulated mouse'
+        'watch:print what the simulated mouse sends'
         '--help:say how it is called'
         '--version:print the version'
     )
@@ -38,6 +41,7 @@ _quorvictl() {
         fi
         ;;
     export:4) compadd profile macro ;;
+    press:3 | release:3) compadd {1..9} ;;
     encode:[34] | decode:[34] | check:3 | profiles:3 | macros:3 | import:[34] | export:[36]) _files ;;
     esac
 }

@@ -10,9 +10,12 @@
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
 #include "model/Lookups.h"
+#include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Unread.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
@@ -31,6 +34,11 @@ constexpr std::size_t kLongestListChangedWhileOpen = 100;
 
 QString nameOf(const plist::Dictionary& item) {
     return QString::fromStdU16String(item.string(keys::name));
+}
+
+/// What the title says of an assigned profile or macro; without a name when it is not there.
+QString titleWithName(const QString& title, const plist::Dictionary& item) {
+    return title + QLatin1Char(' ') + nameWithin(title, shownName(nameOf(item)));
 }
 
 /// Some items show a decorated title while they are the selected assignment, and get this one back
@@ -127,16 +135,17 @@ QString KyvarQuorviPane::assignmentTitle(
     const std::int32_t param = assignment.integer(keys::param1);
     switch (assignment.integer(keys::command)) {
     case commands::switchToProfile:
-        return locString(QStringLiteral("Profile:")) + QLatin1Char(' ') +
-               (param >= 1 ? nameOf(fProfiles.dictionary(static_cast<std::size_t>(param - 1))) : QString());
+        return titleWithName(locString(QStringLiteral("Profile:")),
+            fProfiles.dictionary(static_cast<std::size_t>(indexOfNumber(param))));
     case commands::runMacro: {
+        const QString title = locString(QStringLiteral("Macro:"));
         const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
-        return locString(QStringLiteral("Macro:")) + QLatin1Char(' ') +
-               (index >= 0 ? nameOf(fMacros.dictionary(static_cast<std::size_t>(index))) : QString());
+        return index >= 0 ? titleWithName(title, fMacros.dictionary(static_cast<std::size_t>(index)))
+                          : title + QLatin1Char(' ') + locString(QStringLiteral("(missing)"));
     }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
-               QString::fromStdU16String(GetKeyCombinationName(UsbToAdbKeycode(param & 0xFF),
+               QString::fromStdU16String(shownKeyCombination(UsbToAdbKeycode(param & 0xFF),
                    UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)));
     default:
         return plainTitle;
@@ -156,6 +165,10 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
         const std::uint32_t others = kAllButtons & ~(1U << (assignment - 1));
         popUp->setEnabled(
             hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
+    }
+    if (!fDeviceConfig) {
+        popUp->selectNone(unreadText());
+        return;
     }
     std::optional<QString> title;
     if (const QAction* item =

@@ -2,11 +2,13 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPlatformSurfaceEvent>
 
 #include <algorithm>
 
 #include "assignment/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/PressedKeys.h"
 
 namespace quorvi {
 
@@ -14,6 +16,18 @@ namespace {
 
 bool isCapturing() {
     return gPatchedPane && gPatchedPane->overrideSingleKeys();
+}
+
+bool isAboutToGo(const QEvent& event) {
+    return static_cast<const QPlatformSurfaceEvent&>(event).surfaceEventType() ==
+           QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed;
+}
+
+/// Whether this release, of a key whose press the capture has not had, is none of the capture's business.
+/// That of a modifier is: what was typed with it may be recorded, and then its release has to be. A recording
+/// that waits for its one step has no such step yet.
+bool isFromBefore(const KeyEvent& release) {
+    return release.type == KeyEventType::KeyUp || gPatchedPane->awaitsOneStep();
 }
 
 } // namespace
@@ -26,18 +40,32 @@ KeyDispatch::KeyDispatch() {
 }
 
 bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
-    const QEvent::Type type = event->type();
-    if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress && type != QEvent::KeyRelease)
-        return false;
     if (!watched->isWindowType())
         return false;
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    if (!isCapturableKey(key))
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return takes(watched, static_cast<QKeyEvent&>(*event));
+    case QEvent::PlatformSurface:
+        // The window is still there; the next events are those that come when it has gone.
+        if (isAboutToGo(*event) && !m_held.empty())
+            QMetaObject::invokeMethod(
+                this, [this, watched] { forgetKeysReleasedIn(watched); }, Qt::QueuedConnection);
         return false;
-    const bool taken = type == QEvent::ShortcutOverride ? takesShortcut(key) : takesKey(key);
+    default:
+        return false;
+    }
+}
+
+bool KeyDispatch::takes(const QObject* window, QKeyEvent& event) {
+    if (!isCapturableKey(event))
+        return false;
+    const bool taken =
+        event.type() == QEvent::ShortcutOverride ? takesShortcut(event) : takesKey(window, event);
     // The host asks whether the event was accepted, and not whether it was delivered.
     if (taken)
-        event->accept();
+        event.accept();
     return taken;
 }
 
@@ -45,14 +73,14 @@ bool KeyDispatch::takesShortcut(const QKeyEvent& event) const {
     return performKeyKyvarQuorviPatch() || (isRepetition(event) && isTaken(event.nativeScanCode()));
 }
 
-bool KeyDispatch::takesKey(const QKeyEvent& event) {
+bool KeyDispatch::takesKey(const QObject* window, const QKeyEvent& event) {
     if (isRepetition(event))
         return isCapturing() || isTaken(event.nativeScanCode());
     const bool isPress = event.type() == QEvent::KeyPress;
     const ConvertedKey converted = m_converter.convert(event);
     const bool wasTaken = release(event.nativeScanCode());
     if (converted.event.type == KeyEventType::KeyDown)
-        m_held.push_back(event.nativeScanCode());
+        m_held.push_back({event.nativeScanCode(), window});
     if (!isCapturing()) {
         if (isPress) // of all held keys the last one repeats, and it is the host's
             m_detectableAutoRepeat.reset();
@@ -61,8 +89,10 @@ bool KeyDispatch::takesKey(const QKeyEvent& event) {
     followMissedModifiers(modifierWord(converted.flagsBefore));
     if (isPress)
         gPatchedPane->updateKeyboardGrab();
-    if (converted.event.type == KeyEventType::KeyUp && !wasTaken)
+    if (!isPress && !wasTaken && isFromBefore(converted.event)) {
+        followMissedModifiers(modifierWord(converted.event.modifierFlags));
         return true;
+    }
     const bool usedUp = sendEventKyvarQuorviPatch(converted.event);
     if (usedUp && isPress)
         take(event.nativeScanCode());
@@ -71,8 +101,8 @@ bool KeyDispatch::takesKey(const QKeyEvent& event) {
 
 bool KeyDispatch::isRepetition(const QKeyEvent& event) const {
     const bool isRelease = event.type() == QEvent::KeyRelease;
-    return event.isAutoRepeat() ||
-           (!isRelease && std::ranges::find(m_held, event.nativeScanCode()) != m_held.end());
+    return event.isAutoRepeat() || (!isRelease && std::ranges::find(m_held, event.nativeScanCode(),
+                                                      &HeldKey::scanCode) != m_held.end());
 }
 
 bool KeyDispatch::isTaken(std::uint32_t scanCode) const {
@@ -86,11 +116,19 @@ void KeyDispatch::take(std::uint32_t scanCode) {
 }
 
 bool KeyDispatch::release(std::uint32_t scanCode) {
-    std::erase(m_held, scanCode);
+    std::erase_if(m_held, [scanCode](const HeldKey& key) { return key.scanCode == scanCode; });
     const bool wasTaken = std::erase(m_taken, scanCode) != 0;
     if (m_taken.empty())
         m_detectableAutoRepeat.reset();
     return wasTaken;
+}
+
+// A release that was on its way when its window went reaches nobody.
+void KeyDispatch::forgetKeysReleasedIn(const QObject* window) {
+    const std::vector<HeldKey> held = m_held;
+    for (const HeldKey& key : held)
+        if (key.window == window && isKeyKnownToBeUp(key.scanCode))
+            release(key.scanCode);
 }
 
 void KeyDispatch::forgetHeldKeys() {

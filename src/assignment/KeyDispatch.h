@@ -32,16 +32,23 @@ class KeyDispatch : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool takes(const QObject* window, QKeyEvent& event);
     [[nodiscard]] bool takesShortcut(const QKeyEvent& event) const;
-    [[nodiscard]] bool takesKey(const QKeyEvent& event);
+    [[nodiscard]] bool takesKey(const QObject* window, const QKeyEvent& event);
     [[nodiscard]] bool isRepetition(const QKeyEvent& event) const;
     [[nodiscard]] bool isTaken(std::uint32_t scanCode) const;
     void take(std::uint32_t scanCode);
     bool release(std::uint32_t scanCode);
     void forgetHeldKeys();
+    void forgetKeysReleasedIn(const QObject* window);
+
+    struct HeldKey {
+        std::uint32_t scanCode;
+        const QObject* window; ///< that its press came to; it may be gone
+    };
 
     KeyEventConverter m_converter;
-    std::vector<std::uint32_t> m_held;  ///< scan codes of all keys that are held, without modifiers
+    std::vector<HeldKey> m_held;        ///< all keys that are held, without modifiers
     std::vector<std::uint32_t> m_taken; ///< scan codes of the keys whose presses the pane has used up
     std::optional<DetectableAutoRepeat> m_detectableAutoRepeat; ///< while a taken key may repeat
 };

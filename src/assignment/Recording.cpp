@@ -9,6 +9,13 @@
 
 namespace quorvi {
 
+namespace {
+
+/// How long Escape is held to end a recording.
+constexpr double kSecondsToEnd = 1.5;
+
+} // namespace
+
 void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
     if (fRecorder.isRecording() == start)
         return;
@@ -17,6 +24,7 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
         fRecorder.start(oneStep);
     } else {
         fRecorder.stop();
+        fHeldEscape.reset();
         setTablesTakeFocus(true);
     }
     showRecordButton();
@@ -49,11 +57,28 @@ RecordingTarget KyvarQuorviPane::recordingTarget() const {
 void KyvarQuorviPane::recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown) {
     if (fRecorder.receiveKey(recordingTarget(), key, modifiers, goingDown, fServices.clock()))
         showRecordedStep();
+    followHeldEscape();
 }
 
 void KyvarQuorviPane::recordMouse(std::uint32_t code) {
     fRecorder.receiveMouse(recordingTarget(), code, fServices.clock());
     showRecordedStep();
+    followHeldEscape();
+}
+
+// Every key is recorded, so none of them can press the button that stops it.
+void KyvarQuorviPane::followHeldEscape() {
+    fHeldEscape.reset();
+    if (!fRecorder.isEscapeHeld())
+        return;
+    fHeldEscape = std::make_unique<QObject>();
+    fServices.callLater(kSecondsToEnd, fHeldEscape.get(), [this] { endRecordingByEscape(); });
+}
+
+void KyvarQuorviPane::endRecordingByEscape() {
+    fRecorder.takeBackEscape(fMacroSteps);
+    showRecordedStep();
+    startStopRecording(false, false);
 }
 
 void KyvarQuorviPane::showRecordedStep() {

@@ -31,17 +31,27 @@ QString KyvarQuorviPane::recordingText() const {
                        : text("Recording: ^1 steps left", left);
 }
 
+// A run of one step ends by itself.
+QString KyvarQuorviPane::withHintHowToEnd(const QString& state) const {
+    return fRecorder.isForOneStep()
+               ? state
+               : state + QStringLiteral(" \u00B7 ") + locString(QStringLiteral("hold Esc to stop"));
+}
+
 void KyvarQuorviPane::updateRecordingUI() {
     const QString state = fRecorder.isRecording() ? recordingText() : QString();
+    const QString shown = state.isEmpty() ? state : withHintHowToEnd(state);
     QLabel* label = fViews->main.textRecording;
-    if (label->text() == state)
+    if (label->text() == shown)
         return;
-    label->setText(state);
+    const bool begins = label->text().isEmpty();
+    label->setText(shown);
     fViews->main.quorviTableSteps->setEmptyText(
         state.isEmpty() ? fStringNoSteps : locString(QStringLiteral("Type, and click in this list.")));
-    // The button has the focus meanwhile, and a change of what has it is what screen readers read out.
+    // The button has the focus meanwhile, and a change of what has it is what screen readers read out: how to
+    // end once, how far it is with every step.
     fViews->main.quorviButtonStepRecord->setAccessibleDescription(
-        state.isEmpty() ? fStringRecordDescription : state);
+        state.isEmpty() ? fStringRecordDescription : (begins ? shown : state));
     QAccessibleEvent alert(label, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

@@ -60,7 +60,7 @@ bool KyvarQuorviPane::receiveSingleKey(std::uint8_t key, char16_t /*character*/,
 
 void KyvarQuorviPane::showSingleKey() {
     QLineEdit* const field = fViews->singleKey.quorviFieldSingleKey;
-    field->setText(QString::fromStdU16String(GetKeyCombinationName(fSingleKeyCode, fSingleKeyModifiers)));
+    field->setText(QString::fromStdU16String(shownKeyCombination(fSingleKeyCode, fSingleKeyModifiers)));
     // A line edit tells of edited text, which screen readers read out where the focus is. Here it never is.
     QAccessibleValueChangeEvent change(field, field->text());
     QAccessible::updateAccessibility(&change);

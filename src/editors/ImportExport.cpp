@@ -1,15 +1,18 @@
-// Single profiles and macros as files of their own. A file that is no good changes nothing, and nobody is
-// told: the user chose it and sees that nothing came of it.
+// Single profiles and macros as files of their own. What came of it is told at the window's foot.
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QStandardPaths>
 #include <QWindow>
 
+#include "editors/ItemOutcomes.h"
+#include "editors/ItemPanel.h"
+#include "model/Dependants.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Notices.h"
+#include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
 
 namespace quorvi {
@@ -24,6 +27,10 @@ struct ItemFile {
 
 constexpr ItemFile kProfileFile{"quorviProfile", "Profiles"};
 constexpr ItemFile kMacroFile{"quorviMacro", "Macros"};
+
+QString nameOfItem(const plist::Dictionary& item) {
+    return QString::fromStdU16String(item.string(keys::name));
+}
 
 /// The path in the file system's own bytes.
 std::filesystem::path nativePath(const QString& path) {
@@ -63,7 +70,7 @@ void returnFocusAfter(const QFileDialog* panel, QWidget* window) {
 QFileDialog* filePanel(
     const KyvarQuorviPane& pane, QWidget* window, const char* title, const ItemFile& file) {
     const auto text = [&](const char* key) { return pane.locString(QString::fromUtf8(key)); };
-    auto* panel = new QFileDialog(window, text(title));
+    auto* panel = new ItemPanel(window, text(title));
     panel->setAttribute(Qt::WA_DeleteOnClose);
     returnFocusAfter(panel, window);
     panel->setNameFilter(QStringLiteral("%1 (*.%2)").arg(text(file.kind), QLatin1String(file.type)));
@@ -83,12 +90,10 @@ QFileDialog* showOpenPanel(QFileDialog* panel) {
 }
 
 /// Shows the panel in which a file of the item's name is proposed to be written.
-QFileDialog* showSavePanel(QFileDialog* panel, const plist::Dictionary& item) {
+QFileDialog* showSavePanel(QFileDialog* panel, const QString& name) {
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setFileMode(QFileDialog::AnyFile);
-    // A slash would make the name a path.
-    panel->selectFile(shownText(QString::fromStdU16String(item.string(keys::name)))
-                          .replace(QLatin1Char('/'), QLatin1Char('-')));
+    panel->selectFile(fileNameFor(shownText(name), panel->defaultSuffix()));
     panel->open();
     return panel;
 }
@@ -103,8 +108,8 @@ void KyvarQuorviPane::showImportProfilePanel() {
 }
 
 void KyvarQuorviPane::showExportProfilePanel() {
-    QFileDialog* panel =
-        showSavePanel(filePanel(*this, fMainView->window(), "Export Profile", kProfileFile), fProfile);
+    QFileDialog* panel = showSavePanel(filePanel(*this, fMainView->window(), "Export Profile", kProfileFile),
+        proposedName(ItemKind::profile));
     connect(panel, &QDialog::finished, this, [this, panel](int code) { exportProfile(panel, code); });
 }
 
@@ -116,19 +121,40 @@ void KyvarQuorviPane::showImportMacroPanel() {
 void KyvarQuorviPane::showExportMacroPanel() {
     if (!fMacro)
         return;
-    QFileDialog* panel =
-        showSavePanel(filePanel(*this, fMainView->window(), "Export Macro", kMacroFile), fMacro);
+    QFileDialog* panel = showSavePanel(
+        filePanel(*this, fMainView->window(), "Export Macro", kMacroFile), proposedName(ItemKind::macro));
     connect(panel, &QDialog::finished, this, [this, panel](int code) { exportMacro(panel, code); });
 }
 
-void KyvarQuorviPane::exportProfile(const QFileDialog* panel, int returnCode) const {
-    if (returnCode == QDialog::Accepted)
-        static_cast<void>(writeItemFile(fProfile, nativePath(chosenFile(*panel))));
+QString KyvarQuorviPane::proposedName(ItemKind kind) const {
+    const QString name = nameOfItem(kind == ItemKind::profile ? fProfile : fMacro);
+    const std::u16string untitled = kind == ItemKind::profile ? untitledProfile() : untitledMacro();
+    return name.isEmpty() ? QString::fromStdU16String(untitled) : name;
 }
 
-void KyvarQuorviPane::exportMacro(const QFileDialog* panel, int returnCode) const {
+void KyvarQuorviPane::exportProfile(const QFileDialog* panel, int returnCode) {
     if (returnCode == QDialog::Accepted)
-        static_cast<void>(writeItemFile(fMacro, nativePath(chosenFile(*panel))));
+        exportItem(ItemKind::profile, fProfile, chosenFile(*panel));
+}
+
+void KyvarQuorviPane::exportMacro(const QFileDialog* panel, int returnCode) {
+    if (returnCode == QDialog::Accepted)
+        exportItem(ItemKind::macro, fMacro, chosenFile(*panel));
+}
+
+void KyvarQuorviPane::exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen) {
+    const PanelText text = panelText();
+    const ItemFile& file = kind == ItemKind::profile ? kProfileFile : kMacroFile;
+    const QString path = withExtension(chosen, QLatin1String(file.type));
+    // Whoever chose another name has not been asked whether this file may go.
+    const bool mayGo = path == chosen || !QFileInfo::exists(path);
+    const std::error_code error =
+        mayGo ? writeItemFile(item, nativePath(path)) : make_error_code(std::errc::file_exists);
+    const QString shown = shownPath(nativePath(path), fServices.homeFolder);
+    if (error)
+        tellUser(Notice::outcome, notExportedText(nameOfItem(item), shown, error, text), NoticeSign::warning);
+    else
+        tellUser(Notice::outcome, exportedText(kind, nameOfItem(item), shown, text), NoticeSign::information);
 }
 
 // An import waits until its panel has gone.
@@ -146,14 +172,45 @@ void KyvarQuorviPane::importMacro(const QFileDialog* panel, int returnCode) {
 }
 
 void KyvarQuorviPane::importProfileCompletion(const QString& path) {
-    const plist::Dictionary profile = readProfileFile(nativePath(path));
-    if (profile && int(fProfiles.size()) < limits::profiles)
-        appendProfile(profile);
+    const ReadItem read = readProfileFile(nativePath(path));
+    if (!mayImport(ItemKind::profile, read.fault, path))
+        return;
+    appendProfile(read.item);
+    tellOfImport(ItemKind::profile, read.item);
 }
 
 void KyvarQuorviPane::importMacroCompletion(const QString& path) {
-    if (const plist::Dictionary macro = readMacroFile(nativePath(path)))
-        appendMacro(macro);
+    const ReadItem read = readMacroFile(nativePath(path));
+    if (!mayImport(ItemKind::macro, read.fault, path))
+        return;
+    appendMacro(read.item);
+    tellOfImport(ItemKind::macro, read.item);
+}
+
+bool KyvarQuorviPane::mayImport(ItemKind kind, ItemFault fault, const QString& path) {
+    const PanelText text = panelText();
+    const bool isProfile = kind == ItemKind::profile;
+    const plist::Array& list = isProfile ? fProfiles : fMacros;
+    if (!list)
+        return false; // there are no settings at all
+    // More may have come, from another program, since the panel was opened.
+    const bool isFull = int(list.size()) >= (isProfile ? limits::profiles : limits::macros);
+    if (fault == ItemFault::none && !isFull)
+        return true;
+    const QString shown = shownPath(nativePath(path), fServices.homeFolder);
+    tellUser(Notice::outcome,
+        fault == ItemFault::none ? listFullText(kind, shown, text)
+                                 : notImportedText(kind, shown, fault, text),
+        NoticeSign::warning);
+    return false;
+}
+
+void KyvarQuorviPane::tellOfImport(ItemKind kind, const plist::Dictionary& item) {
+    const PanelText text = panelText();
+    const std::vector<int> missing =
+        kind == ItemKind::profile ? inputsWithoutMacro(item, fMacros) : std::vector<int>();
+    tellUser(Notice::outcome, importedText(kind, nameOfItem(item), missing, text),
+        missing.empty() ? NoticeSign::information : NoticeSign::warning);
 }
 
 } // namespace quorvi

@@ -1,5 +1,6 @@
 // The list of macros: new and removed ones, and the steps of the current one as a whole.
 
+#include "editors/RemovalTexts.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Lookups.h"
@@ -12,7 +13,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int kNameColumn = 0;
+constexpr int kPlaceOfMacroName = 0;
 
 plist::Dictionary newMacro(std::int32_t macroId, std::u16string name) {
     constexpr std::size_t usualSteps = 8; // four keys, down and up
@@ -47,16 +48,19 @@ void KyvarQuorviPane::actionButtonMacroAdd() {
     if (!fMacros || macroId < 0)
         return;
     appendMacro(newMacro(macroId, untitledMacro()));
-    fViews->main.quorviTableMacros->editCell(kNameColumn, fMacroIndex);
+    fViews->main.quorviTableMacros->editCell(kPlaceOfMacroName, fMacroIndex);
 }
 
 void KyvarQuorviPane::actionButtonMacroRemove() {
     if (fMacroIndex < 0)
         return;
     const std::u16string name = fMacro.string(keys::name);
+    const PanelText text = panelText();
     const bool confirmed =
         confirmAction(QStringLiteral("Delete macro: ^1\r\rAre you sure you want to delete this macro?"),
-            QString::fromStdU16String(name));
+            QString::fromStdU16String(name),
+            effectOfRemovingMacro(fDeviceConfig, static_cast<std::size_t>(fMacroIndex), text),
+            QStringLiteral("Delete"));
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || fMacroIndex < 0 || fMacro.string(keys::name) != name)
         return;

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 
+#include "editors/RemovalTexts.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
@@ -59,9 +60,12 @@ void KyvarQuorviPane::actionButtonProfileRemove() {
     if (!canRemoveProfile())
         return;
     const std::u16string name = fProfile.string(keys::name);
+    const PanelText text = panelText();
     const bool confirmed =
         confirmAction(QStringLiteral("Delete profile: ^1\r\rAre you sure you want to delete this profile?"),
-            QString::fromStdU16String(name));
+            QString::fromStdU16String(name),
+            effectOfRemovingProfile(fDeviceConfig, static_cast<std::size_t>(fProfileIndex), text),
+            QStringLiteral("Delete"));
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || !canRemoveProfile() || fProfile.string(keys::name) != name)
         return;

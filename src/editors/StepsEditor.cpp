@@ -77,9 +77,12 @@ void KyvarQuorviPane::actionButtonStepRemove() {
     fUnsavedEdits = true; // the next action saves it
     reloadData(table);
     const int last = static_cast<int>(fMacroSteps.size()) - 1;
-    if (last >= 0)
-        table->selectRowAlone(std::min(row, last));
+    if (last >= 0) {
+        const int next = row < last ? row : last;
+        table->selectRowAlone(next);
+    }
     updateUI();
+    retryFailedSave();
 }
 
 void KyvarQuorviPane::removeAllSteps() {

@@ -92,6 +92,7 @@ void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier
     default:
         break;
     }
+    retryFailedSave();
 }
 
 void KyvarQuorviPane::renameProfile(const QVariant& value, int row) {

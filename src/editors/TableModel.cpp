@@ -18,8 +18,9 @@ bool isPopUp(int columnIdentifier) {
     return columnIdentifier == kStepDelayColumn;
 }
 
-bool isName(int columnIdentifier) {
-    return columnIdentifier == kProfileNameColumn || columnIdentifier == kMacroNameColumn;
+/// The first profile is the one that always exists, and keeps its name.
+bool isEditableName(int columnIdentifier, int row) {
+    return columnIdentifier == kMacroNameColumn || (columnIdentifier == kProfileNameColumn && row > 0);
 }
 
 } // namespace
@@ -72,7 +73,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return m_pane->titleOfDelay(value());
     if (role == Qt::EditRole)
         return value();
-    return role == Qt::DisplayRole ? QVariant(shownText(value().toString())) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(shownName(value().toString())) : QVariant();
 }
 
 // What stands in a cell without a text; the text itself is read out without that.
@@ -112,7 +113,7 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
         flags |= Qt::ItemIsEnabled;
     if (isCheckBox(identifier))
         flags |= Qt::ItemIsUserCheckable;
-    if (isName(identifier))
+    if (isEditableName(identifier, index.row()))
         flags |= Qt::ItemIsEditable;
     return flags;
 }

@@ -1,9 +1,13 @@
 // What the mouse is told to do: the user's settings in the form that the device takes.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <span>
 #include <vector>
+
+#include "model/Limits.h"
+#include "plist/Value.h"
 
 namespace quorvi {
 
@@ -22,16 +26,26 @@ class DeviceSettings {
   public:
     explicit DeviceSettings(SettingsFiles files) : m_files(std::move(files)) {}
 
-    /// Reads the settings again. False, with the old record kept, when no file holds valid settings or they
-    /// give no record.
+    /// Reads the settings again. The defaults stand for a user's file that is not there.
+    ///
+    /// False when they were not taken over: the user's file is there and cannot be used (damaged, of an old
+    /// version, not to be read), no file holds valid settings, or they give no record. The old record is kept
+    /// then. Where there is none yet, the mouse gets that of the defaults meanwhile.
     bool reload();
 
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
 
+    /// The acceleration of each profile of the record.
+    [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
+
   private:
+    /// False, with the old record kept, when the tree gives no record.
+    bool take(const plist::Dictionary& tree);
+
     SettingsFiles m_files;
     std::vector<std::uint8_t> m_record;
+    std::array<float, limits::profiles> m_acceleration{};
 };
 
 } // namespace quorvi

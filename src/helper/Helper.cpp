@@ -24,13 +24,23 @@ constexpr DeviceEntry kSimulatedMouse{
 
 } // namespace
 
-Helper::Helper(EventBus& bus, SettingsFiles files) : m_bus(bus), m_settings(std::move(files)) {
+Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files)
+    : m_bus(bus), m_settings(std::move(files)) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
         });
     m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { forget(psn); });
     m_object = SimulatedMouseObject::offer(m_bus, *this);
+    m_mouse.onFrame([this](std::span<const input_event> frame) {
+        if (m_object)
+            m_object->tellEmitted(frame);
+    });
+    m_mouse.onRunning([this] {
+        if (m_object)
+            m_object->tellRunning();
+    });
+    loop.watch(m_mouse.timerFd(), [this] { m_mouse.wake(); });
 }
 
 Helper::~Helper() {
@@ -45,7 +55,7 @@ NameResult Helper::start() {
     greetShownPanels();
     // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
     // who saved before that is read here, and who saves later sends its message to this process.
-    m_settings.reload();
+    reloadSettings();
     return result;
 }
 
@@ -71,10 +81,10 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
         reply.putInteger(keyDirectObject, deviceList().count);
         break;
     case kMessageSettingsSaved:
-        reply.putInteger(keyDirectObject, m_settings.reload() ? 1 : 0);
+        reply.putInteger(keyDirectObject, reloadSettings() ? 1 : 0);
         break;
     case kMessageRecording:
-        m_recording = parameter != 0;
+        setRecording(parameter != 0);
         // A command typed on the bus comes from a process that is gone at once: that says nothing.
         setRecorder(m_recording && m_panels.count(sender) > 0 ? std::optional(sender) : std::nullopt);
         reply.putInteger(keyDirectObject, m_recording ? 1 : 0);
@@ -104,8 +114,23 @@ void Helper::detach() {
 
 void Helper::setAttached(bool attached) {
     m_attached = attached;
+    if (!attached)
+        m_mouse.releaseAll();
     for (const auto& panel : m_panels)
         (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
+}
+
+void Helper::setRecording(bool recording) {
+    m_recording = recording;
+    m_mouse.setMacrosAreQuiet(recording);
+}
+
+bool Helper::reloadSettings() {
+    const bool hadNone = m_settings.record().empty();
+    const bool reloaded = m_settings.reload();
+    if (reloaded || (hadNone && !m_settings.record().empty()))
+        m_mouse.setRecord(m_settings.record(), m_settings.acceleration());
+    return reloaded;
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {
@@ -133,7 +158,7 @@ void Helper::forget(const ProcessSerialNumber& gone) {
     if (m_recorder != gone)
         return;
     m_recorder.reset();
-    m_recording = false;
+    setRecording(false);
 }
 
 void Helper::unwatchUnlessNeeded(const ProcessSerialNumber& process) {

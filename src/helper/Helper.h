@@ -6,14 +6,17 @@
 #include <set>
 
 #include "helper/DeviceSettings.h"
+#include "helper/SimulatedDevice.h"
 #include "platform/events/DeviceList.h"
+#include "platform/events/EventLoop.h"
 #include "platform/events/SimulatedMouse.h"
 
 namespace quorvi {
 
 class Helper : public SimulatedMouseDevice {
   public:
-    Helper(EventBus& bus, SettingsFiles files);
+    /// The loop has to run for the mouse's macros to go on.
+    Helper(EventBus& bus, EventLoop& loop, SettingsFiles files);
     ~Helper() override;
     Helper(const Helper&) = delete;
     Helper& operator=(const Helper&) = delete;
@@ -27,11 +30,18 @@ class Helper : public SimulatedMouseDevice {
     [[nodiscard]] bool attached() const override { return m_attached; }
     [[nodiscard]] bool recording() const override { return m_recording; }
     [[nodiscard]] std::span<const std::uint8_t> record() const override { return m_settings.record(); }
+    void press(std::uint8_t input) override { m_mouse.press(input); }
+    void release(std::uint8_t input) override { m_mouse.release(input); }
+    void move(std::int32_t x, std::int32_t y) override { m_mouse.move(x, y); }
+    [[nodiscard]] std::uint32_t profile() const override { return m_mouse.running().profile; }
+    [[nodiscard]] std::uint32_t stage() const override { return m_mouse.running().stage; }
 
   private:
     Status handleCommand(const Event& event, const ProcessSerialNumber& sender, Event& reply);
     [[nodiscard]] DeviceList deviceList() const;
     void setAttached(bool attached);
+    void setRecording(bool recording);
+    bool reloadSettings();
     void addPanel(const ProcessSerialNumber& panel);
     void removePanel(const ProcessSerialNumber& panel);
     void setRecorder(std::optional<ProcessSerialNumber> recorder);
@@ -41,6 +51,7 @@ class Helper : public SimulatedMouseDevice {
 
     EventBus& m_bus;
     DeviceSettings m_settings;
+    SimulatedDevice m_mouse;
     std::unique_ptr<SimulatedMouseObject> m_object;
     std::set<ProcessSerialNumber> m_panels; ///< shown, and told of every change
     bool m_attached = true;                 ///< a simulated mouse is plugged in until someone unplugs it

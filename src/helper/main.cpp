@@ -18,11 +18,11 @@ int main(int argc, char** argv) {
         std::puts("KyvarQuorviHelper " QUORVI_VERSION);
         return 0;
     }
-    const quorvi::EventLoop loop;
+    quorvi::EventLoop loop;
     const auto bus = quorvi::EventBus::connect();
     if (!bus)
         return fail("there is no session bus, or it does not answer");
-    quorvi::Helper helper(*bus, quorvi::SettingsFiles::ofThisProcess());
+    quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess());
     switch (helper.start()) {
     case quorvi::NameResult::owned:
         loop.run(*bus);

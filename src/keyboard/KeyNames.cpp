@@ -93,6 +93,14 @@ std::u16string_view controlCharacterName(std::uint8_t character) {
     return found == controlCharacterNames.end() ? u"???" : found->name;
 }
 
+/// The name of a key that has one of its own on the keyboard of a PC, unless a layout has it type something;
+/// empty for any other key.
+std::u16string_view nameOnPc(std::uint32_t keyCode) {
+    if (keyCode == menuKey && GetKeyChar(keyCode) == 0)
+        return u"menu";
+    return keyCode == keypadClearKey ? u"num lock" : u"";
+}
+
 } // namespace
 
 std::int32_t GetKeyboardInformation(KeyNameLocalizer localizer) {
@@ -150,6 +158,15 @@ std::u16string GetKeyCombinationName(std::uint32_t keyCode, std::uint32_t modifi
     if (key == noKey)
         return text.empty() ? KeyNamesLocStr(u"(none)") : text;
     appendJoined(text, GetKeyName(key));
+    return text;
+}
+
+std::u16string shownKeyCombination(std::uint32_t keyCode, std::uint32_t modifiers) {
+    const std::u16string_view name = nameOnPc(keyCode & 0xFF);
+    if (name.empty())
+        return GetKeyCombinationName(keyCode, modifiers);
+    std::u16string text = GetModifiersName(noKey, modifiers & 0xFFFF);
+    appendJoined(text, KeyNamesLocStr(name));
     return text;
 }
 

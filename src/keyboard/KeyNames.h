@@ -38,4 +38,8 @@ std::int32_t GetKeyboardInformation(KeyNameLocalizer localizer);
 /// key (255) gives the modifiers alone, or "(none)" without any.
 [[nodiscard]] std::u16string GetKeyCombinationName(std::uint32_t keyCode, std::uint32_t modifiers);
 
+/// The same as the window shows it. Two keys of the keyboard of a PC have names of their own there: the menu
+/// key, which types nothing and so is "???" otherwise, and Num Lock, otherwise the keypad's "clear".
+[[nodiscard]] std::u16string shownKeyCombination(std::uint32_t keyCode, std::uint32_t modifiers);
+
 } // namespace quorvi

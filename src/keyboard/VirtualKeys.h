@@ -26,7 +26,8 @@ inline constexpr std::uint16_t controlModifier = 0x1000;
 inline constexpr std::uint8_t noKey = 0xFF;
 inline constexpr std::uint8_t virtualKeyCount = 128;
 inline constexpr std::uint8_t escapeKey = 0x35;
-inline constexpr std::uint8_t keypadClearKey = 0x47;
+inline constexpr std::uint8_t keypadClearKey = 0x47; ///< Num Lock on the keyboard of a PC
+inline constexpr std::uint8_t menuKey = 0x6E;
 
 /// F1 to F15, in order.
 inline constexpr std::array<std::uint8_t, 15> functionKeys{

@@ -9,6 +9,8 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 
+#include <utility>
+
 namespace quorvi {
 
 namespace {
@@ -23,6 +25,12 @@ void MacroRecorder::start(bool oneStep) {
     m_oneStep = oneStep;
     m_lastModifiers = 0;
     m_lastTime.reset();
+    m_heldEscape.reset();
+}
+
+void MacroRecorder::stop() {
+    m_recording = false;
+    m_heldEscape.reset();
 }
 
 std::int32_t MacroRecorder::indexIn(const RecordingTarget& target) const {
@@ -31,12 +39,33 @@ std::int32_t MacroRecorder::indexIn(const RecordingTarget& target) const {
 
 bool MacroRecorder::receiveKey(
     const RecordingTarget& target, std::uint8_t key, std::uint16_t modifiers, bool goingDown, double now) {
+    m_heldEscape.reset();
     if (!target.steps)
         return false;
     recordModifiers(target, modifiers, now);
-    if (key != noKey)
+    const bool alone = (modifiers & ~capsLockModifier) == 0;
+    if (key == escapeKey && goingDown && alone && !m_oneStep)
+        holdEscape(target, now);
+    else if (key != noKey)
         recordKey(target, goingDown, key, now);
     return true;
+}
+
+void MacroRecorder::holdEscape(const RecordingTarget& target, double now) {
+    const std::size_t count = target.steps.size();
+    m_heldEscape =
+        HeldEscape{count, count > 0 ? target.steps.dictionary(count - 1).value(keys::delay) : plist::Value()};
+    recordKey(target, true, escapeKey, now);
+}
+
+void MacroRecorder::takeBackEscape(const plist::Array& steps) {
+    const auto held = std::exchange(m_heldEscape, std::nullopt);
+    // A macro that was full has not taken the press.
+    if (!held || steps.size() != held->stepsBefore + 1)
+        return;
+    steps.remove(held->stepsBefore);
+    if (held->stepsBefore > 0)
+        steps.dictionary(held->stepsBefore - 1).set(keys::delay, held->delayBefore);
 }
 
 void MacroRecorder::recordModifiers(const RecordingTarget& target, std::uint16_t modifiers, double now) {
@@ -61,6 +90,7 @@ void MacroRecorder::recordKey(const RecordingTarget& target, bool down, std::uin
 }
 
 void MacroRecorder::receiveMouse(const RecordingTarget& target, std::uint32_t code, double now) {
+    m_heldEscape.reset();
     setStep(target.steps, code, 0, indexIn(target), now);
 }
 

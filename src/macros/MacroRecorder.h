@@ -22,7 +22,7 @@ class MacroRecorder {
     /// Begins a run: one that appends steps, or one that replaces the selected step and is then to be
     /// stopped.
     void start(bool oneStep);
-    void stop() { m_recording = false; }
+    void stop();
 
     [[nodiscard]] bool isRecording() const { return m_recording; }
     /// The run is, or the last one was, for one step.
@@ -38,6 +38,13 @@ class MacroRecorder {
     /// Records the step of a mouse event (commandOfMouseEvent()).
     void receiveMouse(const RecordingTarget& target, std::uint32_t code, double now);
 
+    /// Escape is held, by itself and since the last event: who goes on holding it wants the run to end. Never
+    /// so in a run of one step, which has ended then.
+    [[nodiscard]] bool isEscapeHeld() const { return m_heldEscape.has_value(); }
+    /// Takes the press of the held Escape out of the steps again, so that they are as they were before it;
+    /// does nothing while it is not held.
+    void takeBackEscape(const plist::Array& steps);
+
     /// Replaces the step at the index, or appends one where there is none, for -1 for instance; a macro that
     /// is full stays as it is. A replaced step stays a press or a release, and its partner is replaced with
     /// it, so that a pair stays a pair. Only keys and mouse buttons replace a step.
@@ -51,11 +58,19 @@ class MacroRecorder {
     [[nodiscard]] std::int32_t indexIn(const RecordingTarget& target) const;
     void recordModifiers(const RecordingTarget& target, std::uint16_t modifiers, double now);
     void recordKey(const RecordingTarget& target, bool down, std::uint8_t virtualKey, double now);
+    void holdEscape(const RecordingTarget& target, double now);
+
+    /// What the press of Escape found.
+    struct HeldEscape {
+        std::size_t stepsBefore;
+        plist::Value delayBefore; ///< of the last of them; nothing when there was none
+    };
 
     bool m_recording = false;
     bool m_oneStep = false;
     std::uint16_t m_lastModifiers = 0;
-    std::optional<double> m_lastTime; ///< when the run's last step was appended
+    std::optional<double> m_lastTime;       ///< when the run's last step was appended
+    std::optional<HeldEscape> m_heldEscape; ///< while Escape is held
 };
 
 /// Every step waits that long, in milliseconds, except the last, which has nothing to wait for.

@@ -13,7 +13,7 @@ namespace {
 
 std::u16string keyName(const plist::Dictionary& step) {
     const auto usage = static_cast<std::uint8_t>(step.integer(keys::argument));
-    return GetKeyCombinationName(UsbToAdbKeycode(usage), 0);
+    return shownKeyCombination(UsbToAdbKeycode(usage), 0);
 }
 
 } // namespace

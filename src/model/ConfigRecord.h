@@ -16,6 +16,11 @@ namespace quorvi {
 /// Up to 20 UTF-16 little-endian units, padded with zeros; a name of 20 units has no terminator.
 using KyvarName = std::array<std::uint8_t, limits::nameBytes>;
 
+/// Whether the name marks a record slot as unused: its first two bytes are 0xFF.
+[[nodiscard]] constexpr bool isUnusedName(const KyvarName& name) {
+    return name[0] == 0xFF && name[1] == 0xFF;
+}
+
 /// Device-wide settings. Nothing says whether X and Y are independent: they are when the codes differ.
 struct SettingsRecord {
     std::uint8_t profileId;   ///< number of the active profile, 1 to 5

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,8 +36,16 @@ int FileCalls::renameat(int folder, const char* from, const char* to) {
     return ::renameat(folder, from, folder, to);
 }
 
+int FileCalls::renameat2(int folder, const char* from, const char* to, unsigned flags) {
+    return ::renameat2(folder, from, folder, to, flags);
+}
+
 int FileCalls::unlinkat(int folder, const char* name) {
     return ::unlinkat(folder, name, 0);
+}
+
+int FileCalls::flock(int file, int operation) {
+    return ::flock(file, operation);
 }
 
 FileCalls& systemFileCalls() {

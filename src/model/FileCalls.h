@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// Each call takes and returns what the call of that name in POSIX does: -1 on failure, with errno set.
+/// Each call takes and returns what the system's call of that name does: -1 on failure, with errno set.
 class FileCalls {
   public:
     virtual ~FileCalls() = default;
@@ -20,7 +20,10 @@ class FileCalls {
     virtual int close(int file);
     /// Within one folder.
     virtual int renameat(int folder, const char* from, const char* to);
+    /// Within one folder. EINVAL on a file system that does not know the flags.
+    virtual int renameat2(int folder, const char* from, const char* to, unsigned flags);
     virtual int unlinkat(int folder, const char* name);
+    virtual int flock(int file, int operation);
 };
 
 /// The calls of the system itself.

@@ -1,9 +1,12 @@
 #include "model/ItemFile.h"
 
+#include <cerrno>
+
 #include "model/AtomicFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/Leftovers.h"
+#include "model/Limits.h"
 #include "model/NamingRule.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
@@ -12,26 +15,67 @@ namespace quorvi {
 
 namespace {
 
-plist::Dictionary readItemFile(const std::filesystem::path& path) {
-    return plist::readPropertyListFile(path).value.dictionary();
+namespace fs = std::filesystem;
+
+/// Any dictionary that is small enough.
+ReadItem readItemFile(const fs::path& path) {
+    const auto contents = plist::readPropertyListFile(path, {limits::itemValues, limits::itemBytes});
+    switch (contents.status) {
+    case plist::FileStatus::NotReadable:
+        return {{}, ItemFault::notReadable};
+    case plist::FileStatus::TooLarge:
+        return {{}, ItemFault::tooLarge};
+    case plist::FileStatus::NotPropertyList:
+        return {{}, ItemFault::damaged};
+    case plist::FileStatus::Ok:
+        break;
+    }
+    const plist::Dictionary item = contents.value.dictionary();
+    return {item, item ? ItemFault::none : ItemFault::otherItem};
+}
+
+bool isMacro(const plist::Dictionary& item) {
+    return item.has(keys::name) && item.has(keys::steps);
+}
+
+std::error_code systemError(int number) {
+    return {number, std::generic_category()};
+}
+
+/// Why a file was not replaced, when no system call has said it.
+int unsaidErrorAt(const fs::path& path) {
+    std::error_code error;
+    return fs::is_directory(path, error) ? EISDIR : EIO;
 }
 
 } // namespace
 
-plist::Dictionary readProfileFile(const std::filesystem::path& path) {
-    const plist::Dictionary profile = readItemFile(path);
-    return KyvarValidateProfile(profile) ? profile : plist::Dictionary();
+ReadItem readProfileFile(const fs::path& path) {
+    ReadItem read = readItemFile(path);
+    if (read && !KyvarValidateProfile(read.item))
+        return {{}, ItemFault::otherItem};
+    return read;
 }
 
-plist::Dictionary readMacroFile(const std::filesystem::path& path) {
-    const plist::Dictionary macro = readItemFile(path);
-    return macro.has(keys::name) && macro.has(keys::steps) ? macro : plist::Dictionary();
+ReadItem readMacroFile(const fs::path& path) {
+    ReadItem read = readItemFile(path);
+    if (read && !isMacro(read.item))
+        return {{}, ItemFault::otherItem};
+    if (read && read.item.array(keys::steps).size() > limits::macroSteps)
+        return {{}, ItemFault::tooManySteps};
+    return read;
 }
 
-bool writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path) {
-    removeLeftovers(path); // an export leaves them wherever the user exports to
+std::error_code writeItemFile(const plist::Dictionary& item, const fs::path& path) {
     const auto text = plist::writeXml(item);
-    return text && replaceFileAtomically(path, *text);
+    if (!text)
+        return systemError(EINVAL);
+    removeLeftovers(path); // an export leaves them wherever the user exports to
+    errno = 0;
+    if (replaceFileAtomically(path, *text))
+        return {};
+    const int number = errno;
+    return systemError(number != 0 ? number : unsaidErrorAt(path));
 }
 
 void appendItem(const plist::Array& array, const plist::Dictionary& item, const std::u16string& defaultName) {

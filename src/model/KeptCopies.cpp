@@ -1,13 +1,10 @@
 #include "model/KeptCopies.h"
 
+#include <cerrno>
 #include <charconv>
-#include <cstdint>
 #include <fcntl.h>
+#include <limits>
 #include <set>
-#include <string>
-#include <unistd.h>
-
-#include "model/AtomicFile.h"
 
 namespace quorvi {
 
@@ -35,48 +32,36 @@ std::optional<Number> numberOf(const fs::path& file, const std::string& name) {
 std::optional<std::set<Number>> copiesOf(const fs::path& file) {
     std::set<Number> numbers;
     std::error_code error;
-    for (fs::directory_iterator entry(file.parent_path(), error), end; !error && entry != end;
-         entry.increment(error)) {
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         if (const auto number = numberOf(file, entry->path().filename().string()))
             numbers.insert(*number);
     }
+    errno = error.value();
     return error ? std::nullopt : std::optional(numbers);
-}
-
-void removeOldest(const fs::path& file, std::set<Number> numbers, FileCalls& calls) {
-    for (; numbers.size() > kMaxKeptCopies; numbers.erase(numbers.begin()))
-        calls.unlinkat(AT_FDCWD, (file.parent_path() / nameOfCopy(file, *numbers.begin())).c_str());
-}
-
-/// Has the copy of the next number made by the function, which says whether it was.
-template <typename Make>
-std::optional<fs::path> makeNextCopy(const fs::path& file, FileCalls& calls, Make&& make) {
-    auto numbers = copiesOf(file);
-    if (!numbers)
-        return std::nullopt;
-    const Number next = numbers->empty() ? 1 : *numbers->rbegin() + 1;
-    const fs::path copy = file.parent_path() / nameOfCopy(file, next);
-    if (next == 0 || !make(copy))
-        return std::nullopt;
-    numbers->insert(next);
-    removeOldest(file, *std::move(numbers), calls);
-    return copy;
 }
 
 } // namespace
 
-std::optional<fs::path> keepCopy(const fs::path& file, std::string_view bytes, FileCalls& calls) {
-    constexpr mode_t ownerOnly = 0600;
-    return makeNextCopy(file, calls, [&](const fs::path& copy) {
-        return replaceFileAtomically(copy, bytes, calls, Durability::now, ownerOnly);
-    });
+std::optional<std::string> nameOfNextCopy(const fs::path& file) {
+    const auto numbers = copiesOf(file);
+    if (!numbers)
+        return std::nullopt;
+    Number top = std::numeric_limits<Number>::max();
+    auto highest = numbers->rbegin();
+    for (; highest != numbers->rend() && *highest == top; ++highest)
+        --top;
+    return nameOfCopy(file, highest == numbers->rend() ? 1 : *highest + 1);
 }
 
-std::optional<fs::path> keepUnread(const fs::path& file, FileCalls& calls) {
-    return makeNextCopy(file, calls, [&](const fs::path& copy) {
-        return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, copy.c_str(), AT_SYMLINK_FOLLOW) == 0 &&
-               syncFolder(copy.parent_path(), calls);
-    });
+void removeOldestCopies(const fs::path& file, const std::string& newest, FileCalls& calls) {
+    auto numbers = copiesOf(file);
+    const auto kept = numberOf(file, newest);
+    if (!numbers || !kept)
+        return;
+    numbers->erase(*kept);
+    for (; numbers->size() >= kMaxKeptCopies; numbers->erase(numbers->begin()))
+        calls.unlinkat(AT_FDCWD, (file.parent_path() / nameOfCopy(file, *numbers->begin())).c_str());
 }
 
 } // namespace quorvi

@@ -45,10 +45,6 @@ std::optional<std::u16string> KyvarNameToString(const std::uint8_t* name, std::s
     return string;
 }
 
-bool isUnusedName(const KyvarName& name) {
-    return name[0] == 0xFF && name[1] == 0xFF;
-}
-
 bool KyvarBuffersAreIdentical(const void* a, const void* b, std::size_t length) {
     if (!a || !b || length == 0 || length > limits::comparedBytes)
         return false;

@@ -23,9 +23,6 @@ std::size_t KyvarStringToName(const std::u16string* string, std::uint8_t* buffer
 /// unit is zero. Nothing when the name is missing (null).
 [[nodiscard]] std::optional<std::u16string> KyvarNameToString(const std::uint8_t* name, std::size_t size);
 
-/// Whether the name marks a record slot as unused: its first two bytes are 0xFF.
-[[nodiscard]] bool isUnusedName(const KyvarName& name);
-
 /// Whether the first `length` bytes of two macro or profile images are equal. False, without comparing, when
 /// a buffer is missing (null) and for a length of 0 or above 1024: the whole record is never compared this
 /// way.

@@ -23,6 +23,9 @@ inline constexpr std::size_t stepBytes = 128; ///< step bytes of one macro in th
 inline constexpr std::size_t nameUnits = 20;  ///< UTF-16 code units of a name
 inline constexpr std::size_t nameBytes = 2 * nameUnits;
 inline constexpr std::uint32_t longestDelay = 0xFFFFFF; ///< a delay has 24 bits on the device
+/// An imported file; an exported item has some 10 KB and 300 values.
+inline constexpr std::uint64_t itemBytes = std::uint64_t{1} << 20U;
+inline constexpr std::uint64_t itemValues = std::uint64_t{1} << 14U; ///< with the keys
 /// The most bytes that KyvarBuffersAreIdentical compares.
 inline constexpr std::size_t comparedBytes = 1024;
 

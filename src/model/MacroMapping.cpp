@@ -1,8 +1,7 @@
 #include "model/MacroMapping.h"
 
-#include <span>
-
 #include "model/BigEndian.h"
+#include "model/CodedSteps.h"
 #include "model/Keys.h"
 #include "model/KyvarName.h"
 #include "model/StepCode.h"
@@ -21,12 +20,6 @@ void storeName(const std::u16string* name, KyvarName& buffer) {
         KyvarStringToName(&unnamed, buffer.data(), buffer.size());
 }
 
-/// The step bytes that a length covers; the length is from a device and may be anything up to 178.
-std::span<const std::uint8_t> usedStepBytes(const MacroBody& body, std::size_t length) {
-    const auto used = length > bytesBeforeSteps ? length - bytesBeforeSteps : 0;
-    return std::span(body.steps).first(used);
-}
-
 } // namespace
 
 bool KyvarMacroDictToStruct(const Dictionary& macro, MacroHeader* header, MacroBody* body) {
@@ -43,16 +36,16 @@ bool KyvarMacroDictToStruct(const Dictionary& macro, MacroHeader* header, MacroB
 }
 
 Dictionary KyvarMacroStructToDict(const MacroHeader* header, const MacroBody* body) {
-    if (!header || !body || header->macroId > limits::highestMacroId || isUnusedName(body->name))
+    if (!header || !body)
         return {};
-    const auto length = loadBigEndian(header->length);
-    if (length < 1 || length > sizeof(MacroBody))
+    const auto stepBytes = stepBytesOf(*header, *body);
+    if (!stepBytes)
         return {};
     auto macro = Dictionary::create();
     macro.append(keys::macroId, std::int32_t{header->macroId});
     macro.append(keys::name, KyvarNameToString(body->name.data(), body->name.size()).value_or(u""));
     macro.append(keys::delay, static_cast<std::int32_t>(loadBigEndian(body->delay)));
-    macro.append(keys::steps, decodeSteps(usedStepBytes(*body, length)));
+    macro.append(keys::steps, decodeSteps(*stepBytes));
     return macro;
 }
 

@@ -1,5 +1,6 @@
 #include "model/SettingsDocument.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -46,18 +47,22 @@ bool isDangling(const Dictionary& assignment, const Array& profiles, const Array
     }
 }
 
-/// Only the two folders that the platform is expected to have; a missing home folder is not created. False
-/// when a folder that was made cannot be brought to the disk, as the file in it is going to be.
-bool createPreferencesFolder(const fs::path& file, FileCalls& calls) {
+/// Only the two folders that the platform is expected to have; a missing home folder is not created. 0, or as
+/// errno what keeps a folder from being made, or from being brought to the disk, as the file in it is going
+/// to be.
+int createPreferencesFolder(const fs::path& file, FileCalls& calls) {
     constexpr mode_t ownerOnly = 0700;
     const auto preferences = file.parent_path();
+    if (preferences.empty() || ::access(preferences.c_str(), F_OK) == 0)
+        return 0;
     for (const auto& folder : {preferences.parent_path(), preferences}) {
-        // A folder that cannot be made fails the save itself.
-        if (!folder.empty() && ::mkdir(folder.c_str(), ownerOnly) == 0 &&
-            !syncFolder(folder.parent_path(), calls))
-            return false;
+        if (folder.empty())
+            continue;
+        const bool made = ::mkdir(folder.c_str(), ownerOnly) == 0;
+        if (made ? !syncFolder(folder.parent_path(), calls) : errno != EEXIST)
+            return errno;
     }
-    return true;
+    return 0;
 }
 
 } // namespace
@@ -113,9 +118,8 @@ bool othersChangedSettings(ConfigFile& userSettings) {
 }
 
 bool saveSettings(const Dictionary& tree, ConfigFile& userSettings, Durability durability) {
-    if (tree && !createPreferencesFolder(userSettings.path(), userSettings.calls()))
-        return false;
-    return userSettings.save(tree, durability);
+    const int error = tree ? createPreferencesFolder(userSettings.path(), userSettings.calls()) : 0;
+    return error == 0 ? userSettings.save(tree, durability) : userSettings.fail(error);
 }
 
 } // namespace quorvi

@@ -27,27 +27,6 @@ std::size_t bytesNeeded(std::uint32_t number) {
     return number < 0x100 ? 1 : number < 0x10000 ? 2 : 3;
 }
 
-std::size_t argumentWidth(std::uint8_t opcode) {
-    switch (opcode) {
-    case opcodes::narrow0:
-    case opcodes::narrow1:
-    case opcodes::delay8:
-        return 1;
-    case opcodes::wide0:
-    case opcodes::wide1:
-    case opcodes::delay16:
-        return 2;
-    case opcodes::delay24:
-        return 3;
-    default:
-        return 0;
-    }
-}
-
-bool isDelay(std::uint8_t opcode) {
-    return opcode >= opcodes::delay8 && opcode <= opcodes::delay24;
-}
-
 Opcode delayOpcode(std::size_t width) {
     switch (width) {
     case 2:
@@ -61,7 +40,7 @@ Opcode delayOpcode(std::size_t width) {
 
 /// The form of a command that the size of its argument asks for.
 Opcode stepOpcode(std::uint8_t command, std::size_t width) {
-    if (isDelay(command))
+    if (opcodes::isDelay(command))
         return delayOpcode(width);
     switch (command) {
     case opcodes::narrow0:
@@ -110,11 +89,11 @@ class StepWriter {
     std::size_t m_used = 0;
 };
 
-Dictionary decodedStep(std::uint8_t opcode, std::span<const std::uint8_t> argumentBytes) {
+Dictionary decodedStep(const CodedStep& coded) {
     auto step = Dictionary::create();
-    step.append(keys::command, std::int32_t{opcode});
-    if (!argumentBytes.empty())
-        step.append(keys::argument, static_cast<std::int32_t>(loadBigEndian(argumentBytes)));
+    step.append(keys::command, std::int32_t{coded.opcode});
+    if (opcodes::argumentWidth(coded.opcode) > 0)
+        step.append(keys::argument, static_cast<std::int32_t>(coded.argument));
     return step;
 }
 
@@ -141,17 +120,11 @@ Array decodeSteps(std::span<const std::uint8_t> bytes) {
     steps.reserve(bytes.size() / usualStepBytes);
     Dictionary
         step; // not among the others yet, because its delay may follow; a delay before the first has none
-    while (!bytes.empty()) {
-        const auto opcode = bytes[0];
-        const auto width = argumentWidth(opcode);
-        if (1 + width > bytes.size())
-            break;
-        const auto argumentBytes = bytes.subspan(1, width);
-        if (isDelay(opcode))
-            step.set(keys::delay, static_cast<std::int32_t>(loadBigEndian(argumentBytes)));
+    while (const auto coded = takeCodedStep(bytes)) {
+        if (opcodes::isDelay(coded->opcode))
+            step.set(keys::delay, static_cast<std::int32_t>(coded->argument));
         else
-            append(steps, std::exchange(step, decodedStep(opcode, argumentBytes)));
-        bytes = bytes.subspan(1 + width);
+            append(steps, std::exchange(step, decodedStep(*coded)));
     }
     append(steps, std::move(step));
     return steps;

@@ -8,22 +8,11 @@
 #include <cstdint>
 #include <span>
 
+#include "model/CodedSteps.h"
 #include "model/Limits.h"
 #include "plist/Value.h"
 
 namespace quorvi {
-
-namespace opcodes {
-// The narrow and the wide form of the two step commands that have an argument.
-inline constexpr std::uint8_t narrow0 = 0;
-inline constexpr std::uint8_t narrow1 = 1;
-inline constexpr std::uint8_t wide0 = 2;
-inline constexpr std::uint8_t wide1 = 3;
-// A delay, by the bytes that it needs.
-inline constexpr std::uint8_t delay8 = 17;
-inline constexpr std::uint8_t delay16 = 18;
-inline constexpr std::uint8_t delay24 = 19;
-} // namespace opcodes
 
 /// Writes the steps from the first byte on and returns the number of bytes written. Stops before the first
 /// step or delay that does not fit; bytes behind stay as they are. Elements that are no dictionary are

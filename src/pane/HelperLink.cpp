@@ -4,25 +4,16 @@
 
 #include <utility>
 
+#include "pane/HelperName.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/loginitems/LoginItems.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr const char* kHelperName = "KyvarQuorviHelper";
 constexpr const char* kPaneProcessName = "KyvarQuorviPane";
 
 } // namespace
-
-void KyvarQuorviPane::startHelper() {
-    const std::string helper = fServices.bundle.resourcePath() + "/" + kHelperName + ".app";
-    if (findProcessByName(kHelperName, nullptr) != noErr)
-        fServices.workspace->launchApplication(QString::fromStdString(helper));
-    // Running or not, it is to start with every session from now on.
-    AddLoginItem(*fServices.loginItems, helper, std::nullopt, false, true, nullptr);
-}
 
 Status KyvarQuorviPane::findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const {
     return fServices.bus ? fServices.bus->findProcessByName(processName, psn) : procNotFound;
@@ -67,9 +58,12 @@ void KyvarQuorviPane::removeEventHandlers() {
 }
 
 Status KyvarQuorviPane::receiveDeviceList(const Event& event) {
+    if (!getDeviceList(event, fDeviceList))
+        return noErr;
+    fListHasCome = true;
     // Lists that come before the call runs share it: it would read the same file again and show the same, the
     // last, list.
-    if (getDeviceList(event, fDeviceList) && !std::exchange(fSyncScheduled, true)) {
+    if (!std::exchange(fSyncScheduled, true)) {
         // After the handler has answered, and also while a sheet is up; but no more when the pane was hidden
         // in between, because a hidden pane has let its settings go.
         QMetaObject::invokeMethod(

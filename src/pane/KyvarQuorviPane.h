@@ -2,8 +2,8 @@
 // subsystem.
 //
 // The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are
-// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. Nothing here reports an
-// error to the user: an action that is not possible does nothing.
+// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. An action that is not
+// possible does nothing; what would cost the user work is told at the window's foot (Notices.h).
 #pragma once
 
 #include <QObject>
@@ -30,6 +30,7 @@
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 
@@ -45,6 +46,10 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class NoticeBar;
+enum class ItemFault : std::uint8_t;
+enum class ItemKind : std::uint8_t;
+enum class Notice;
+enum class NoticeSign : std::uint8_t;
 class PopUpButton;
 class TableModel;
 
@@ -86,17 +91,32 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
     Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
 
+    // The helper's coming and going (pane/HelperPresence.cpp)
+    /// Looks whether the helper runs and shows it. The bus has it called at every change; a pane that is not
+    /// selected shows nothing.
+    void followHelper();
+    /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
+    /// the mouse drags a slider.
+    void bringHelperBack();
+
     // Settings document (pane/Settings.cpp)
     [[nodiscard]] plist::Dictionary getDefaultSettings() const;
     [[nodiscard]] plist::Dictionary loadSettings();
     /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
     /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
-    /// only when the drag ends. Settings of another program that the panel has not followed are kept as a
-    /// copy first, and the user is told.
+    /// only when the drag ends. What another program has changed meanwhile comes into the tree and is shown;
+    /// where both have changed the same thing, the other program's is kept as a copy, and the user is told of
+    /// it, as of a save that fails. False, and nothing else, without a tree (nil).
     bool saveSettings(const plist::Dictionary& tree);
     void dragDidBegin();
     /// Brings to the disk what was saved during the drag.
     void dragDidEnd();
+
+    // A save that has failed (pane/SaveFailure.cpp)
+    /// Saves what no file has yet. False when that fails; the tree is then the only place where it is.
+    [[nodiscard]] bool saveUnsavedEdits();
+    /// Tries again what the last save could not.
+    void retryFailedSave();
 
     // Others at the settings file (pane/SettingsFollowing.cpp)
     /// Takes over the settings that another program has put into the file, without saving or sending
@@ -125,8 +145,11 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
-    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
-    bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
+    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1". The
+    /// effect, in the user's language already, stands below the message's first line; the button that
+    /// confirms is called by its key.
+    bool confirmAction(const QString& messageKey, const std::optional<QString>& item,
+        const QString& effect = {}, const QString& confirmingKey = QStringLiteral("OK"));
 
     // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
     /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
@@ -241,8 +264,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void setDelayForAllSteps(std::int32_t milliseconds);
 
     // Import and export (editors/ImportExport.cpp). The panels end with QDialog::Accepted or not.
-    void exportProfile(const QFileDialog* panel, int returnCode) const;
-    void exportMacro(const QFileDialog* panel, int returnCode) const;
+    void exportProfile(const QFileDialog* panel, int returnCode);
+    void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
     void importMacro(const QFileDialog* panel, int returnCode);
     void importProfileCompletion(const QString& path);
@@ -252,6 +275,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
     [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
+    /// A recording runs that ends with its first step.
+    [[nodiscard]] bool awaitsOneStep() const { return fRecorder.isRecording() && fRecorder.isForOneStep(); }
     [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
@@ -285,6 +310,14 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Mirrors the panel when the language that it speaks is written from the right.
     void followLanguage();
     void startHelper();
+    void launchHelper();
+    void startFollowingHelper();
+    void stopFollowingHelper();
+    /// A helper that is not there to hear it is started, and reads the file by itself.
+    void tellHelperOfSave();
+    /// What stands beside the title.
+    [[nodiscard]] QString connectionText() const;
+    void updateConnectionUI();
     void installDeviceListHandler();
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
@@ -294,10 +327,24 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool userIsAtSomething() const;
     void followSettingsFileWhenFree();
     void tellOfKeptCopy(const std::filesystem::path& copy);
+    void tellOfFailedSave(int error);
+    [[nodiscard]] QString textOfError(int error) const;
+    /// Has the handles lead to what a save has brought into the tree, and the window show it when it is free.
+    void takeMergedSettingsOver();
+    /// Tells the text in the bar at the window's foot, in place of the kind's last one; nowhere while there
+    /// is no window. It is in the user's language already.
+    void tellUser(Notice kind, const QString& text, NoticeSign sign);
+    /// The kind's text is no longer so. Does nothing when there is none.
+    void withdrawNotice(Notice kind);
+    /// The path as users write it, from their home folder.
+    [[nodiscard]] QString pathFromHome(const std::filesystem::path& path) const;
 
     enum class Repairs { saved, inMemoryAlone };
     void showSettingsOfFile(Repairs repairs);
+    /// Shows the tree as it is now, with the macro at the index as the current one, -1 for none.
+    void showSettings(Repairs repairs, std::int32_t macroIndex);
     void selectCurrentProfileQuietly();
+    void selectCurrentMacroQuietly();
     void alignIndependentAxes();
     /// Whether anything had to be changed.
     bool alignStageWithSettings();
@@ -335,12 +382,17 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void setTablesTakeFocus(bool take);
     void recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown);
     void recordMouse(std::uint32_t code);
+    /// Begins to wait for the end of the recording when Escape has just been pressed, and gives that up when
+    /// something else has come.
+    void followHeldEscape();
+    void endRecordingByEscape();
     /// After a step has come or was replaced. A run of one step ends with it.
     void showRecordedStep();
     void showRecordButton();
     /// Says that a recording runs and how far it is; nothing otherwise.
     void updateRecordingUI();
     [[nodiscard]] QString recordingText() const;
+    [[nodiscard]] QString withHintHowToEnd(const QString& state) const;
     [[nodiscard]] QString textOfStep(int row) const;
     /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
     [[nodiscard]] QVariant delayOfStep(int row) const;
@@ -351,13 +403,20 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void showExportProfilePanel();
     void showImportMacroPanel();
     void showExportMacroPanel();
+    /// locString() for what is no part of the panel. Does not outlive it.
+    [[nodiscard]] PanelText panelText() const;
+    [[nodiscard]] QString proposedName(ItemKind kind) const;
+    void exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen);
+    /// False when the file is no good or there is no room, which the user is told.
+    [[nodiscard]] bool mayImport(ItemKind kind, ItemFault fault, const QString& path);
+    void tellOfImport(ItemKind kind, const plist::Dictionary& item);
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
     ConfigFile fSettingsFile;
     FileWatcher fSettingsWatcher;
     std::unique_ptr<QObject> fFollowLater; ///< hears of the end of what the user is at; else null
-    NoticeBar* fNotice = nullptr;          ///< null until there is something to tell
+    QPointer<NoticeBar> fNotices;          ///< null until there is something to tell
     QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
@@ -370,10 +429,17 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
-    bool fDragging = false;      ///< the mouse is down on a slider
-    bool fSyncPending = false;   ///< the settings file was written and is not known to be on the disk
-    bool fUnsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet
-    bool fSyncScheduled = false; ///< a list has come that syncUIWithDeviceConfig has not dealt with
+    bool fDragging = false;       ///< the mouse is down on a slider
+    bool fSyncPending = false;    ///< the settings file was written and is not known to be on the disk
+    bool fUnsavedEdits = false;   ///< the tree holds changes of the user's that no file has yet
+    bool fSaveHasFailed = false;  ///< the last save has; the user was told
+    bool fMergedUnshown = false;  ///< a save has brought others' changes into the tree that nobody sees yet
+    bool fSyncScheduled = false;  ///< a list has come that syncUIWithDeviceConfig has not dealt with
+    bool fFollowsHelper = false;  ///< the pane is selected
+    bool fHelperStarting = false; ///< launched, and neither in the process list yet nor ended
+    bool fHelperGone = false;     ///< the user has been told; until it is in the process list again
+    bool fListHasCome = false;    ///< from the helper that runs now, since the pane was selected
+    ProcessSerialNumber fHelper;  ///< the helper that runs now; {0, 0} for none
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};
@@ -410,6 +476,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0
     std::uint16_t fSingleKeyLastModifiers = 0; ///< of the last event that the single-key panel saw
     MacroRecorder fRecorder;
+    std::unique_ptr<QObject> fHeldEscape; ///< while the recording ends if Escape is held on; else null
 };
 
 /// The one live controller of the process, or null: what the key patch and the sliders reach it by.

@@ -41,11 +41,12 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
 
 KyvarQuorviPane::~KyvarQuorviPane() {
     // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
-    // recorded.
+    // recorded or is in no file yet.
     if (fRecorder.isRecording()) {
         sendMessageToHelper(kMessageRecording, 0);
-        saveSettings(fDeviceConfig);
+        fUnsavedEdits = true;
     }
+    static_cast<void>(saveUnsavedEdits());
     if (gPatchedPane == this)
         KyvarQuorviSwapNSAppMethods(this);
     if (gKyvarQuorviPane == this)
@@ -129,6 +130,7 @@ void KyvarQuorviPane::didSelect() {
     fDeviceList.count = 0;
     fFocus.start(fMainView->window());
     installDeviceListHandler();
+    startFollowingHelper();
     sendMessageToHelper(kMessagePaneShown, 1);
     KyvarQuorviSwapNSAppMethods(this);
     // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
@@ -142,6 +144,7 @@ void KyvarQuorviPane::willUnselect() {
     KyvarQuorviSwapNSAppMethods(this);
     updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);
+    stopFollowingHelper();
     removeEventHandlers();
     fFocus.stop();
     fSettingsWatcher.stop();
@@ -149,10 +152,13 @@ void KyvarQuorviPane::willUnselect() {
     if (fDeviceConfig) {
         if (fMainView && !fUnsavedEdits && othersChangedSettings(fSettingsFile))
             showSettingsOfFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
-        saveSettings(fDeviceConfig);
-        fDeviceConfig = {};
+        // A tree that no file has is held until it can be saved; nothing is read over it.
+        if (saveSettings(fDeviceConfig))
+            fDeviceConfig = {};
     }
-    fSettingsFile.forget();
+    if (!fDeviceConfig)
+        fSettingsFile.forget();
+    fMergedUnshown = false;
     editProfileIndex(-1);
     editMacroIndex(-1);
 }
@@ -172,6 +178,8 @@ void KyvarQuorviPane::sysPrefDidResignActive() {
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
     updateUI();
+    bringHelperBack();
+    retryFailedSave();
     followSettingsFile();
 }
 

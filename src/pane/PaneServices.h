@@ -28,6 +28,10 @@ struct PaneServices {
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout;
     /// What recordings take the time from, in seconds; never empty.
     std::function<double()> clock = steadySeconds;
+    /// Calls the action once when so many seconds have passed, unless the context is gone by then; never
+    /// empty.
+    std::function<void(double seconds, QObject* context, std::function<void()> action)> callLater =
+        callAfterSeconds;
 };
 
 } // namespace quorvi

@@ -4,6 +4,7 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Notices.h"
 
 namespace quorvi {
 
@@ -24,13 +25,20 @@ plist::Dictionary KyvarQuorviPane::loadSettings() {
 }
 
 bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
+    if (!tree)
+        return false;
     const Durability durability = fDragging ? Durability::later : Durability::now;
     const bool saved = quorvi::saveSettings(tree, fSettingsFile, durability);
-    fUnsavedEdits = !saved;
+    fUnsavedEdits = fSaveHasFailed = !saved;
+    if (fSettingsFile.tookChangesOver() && tree.isSameAs(fDeviceConfig))
+        takeMergedSettingsOver();
     if (saved) {
         fSyncPending = fDragging;
-        sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+        tellHelperOfSave();
         watchSettingsFile();
+        withdrawNotice(Notice::saveFailed);
+    } else {
+        tellOfFailedSave(fSettingsFile.error());
     }
     if (const auto copy = fSettingsFile.takeKeptCopy())
         tellOfKeptCopy(*copy);
@@ -47,6 +55,8 @@ void KyvarQuorviPane::dragDidEnd() {
     // anew.
     if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
         saveSettings(fDeviceConfig);
+    if (fHelperGone)
+        bringHelperBack();
     updateDpiOnMouse();
     // Later: a slider that goes with its window ends its drag as well, when half of the window is gone.
     QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);

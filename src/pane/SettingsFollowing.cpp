@@ -7,29 +7,17 @@
 
 #include <algorithm>
 
+#include "model/Keys.h"
+#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Notices.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/NoticeBar.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
-
-namespace {
-
-/// The path as users write it, from their home folder.
-QString pathFromHome(const std::filesystem::path& path, const std::filesystem::path& home) {
-    return QString::fromStdString("~/" + path.lexically_relative(home).string());
-}
-
-/// The name within a text, which may be written from the right and would turn its parts around.
-QString nameWithin(const QString& text, const QString& name) {
-    constexpr char16_t leftToRightIsolate = u'\u2066';
-    constexpr char16_t endOfIsolate = u'\u2069';
-    return text.isRightToLeft() ? QChar(leftToRightIsolate) + name + QChar(endOfIsolate) : name;
-}
-
-} // namespace
 
 void KyvarQuorviPane::watchSettingsFile() {
     if (fReceiveListUPP && !fSettingsWatcher.isWatching())
@@ -38,13 +26,27 @@ void KyvarQuorviPane::watchSettingsFile() {
 
 void KyvarQuorviPane::followSettingsFile() {
     fFollowLater.reset();
-    if (!fMainView || !fReceiveListUPP || !fDeviceConfig || fUnsavedEdits)
+    if (!fMainView || !fReceiveListUPP || !fDeviceConfig)
         return;
     watchSettingsFile();
     if (userIsAtSomething())
         followSettingsFileWhenFree();
-    else if (othersChangedSettings(fSettingsFile))
+    else if (!fUnsavedEdits && othersChangedSettings(fSettingsFile))
         showSettingsOfFile(Repairs::inMemoryAlone);
+    else if (fMergedUnshown)
+        showSettings(Repairs::inMemoryAlone, fMacroIndex);
+}
+
+// Not at once: whatever has saved goes on with the handles that it has.
+void KyvarQuorviPane::takeMergedSettingsOver() {
+    if (!fReceiveListUPP)
+        return; // about to be let go
+    const std::int32_t macro = fMacro.integer(keys::macroId);
+    editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
+    const auto current = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));
+    editMacroIndex(current && current.integer(keys::macroId) == macro ? fMacroIndex : -1);
+    fMergedUnshown = true;
+    QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
 }
 
 bool KyvarQuorviPane::userIsAtSomething() const {
@@ -73,18 +75,14 @@ void KyvarQuorviPane::followSettingsFileWhenFree() {
 }
 
 void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
-    if (!fMainView)
-        return;
-    if (!fNotice)
-        fNotice = new NoticeBar(locString(QStringLiteral("OK")), *fMainView);
     QString text =
         locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
                                  "use, the other ones are kept in ^1. To use those, close this panel and "
                                  "rename that file to ^2."));
     const QString own = QString::fromStdString(fSettingsFile.path().filename());
     text.replace(QStringLiteral("^2"), nameWithin(text, own));
-    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy, fServices.homeFolder)));
-    fNotice->tell(text);
+    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy)));
+    tellUser(Notice::keptCopy, text, NoticeSign::warning);
 }
 
 } // namespace quorvi

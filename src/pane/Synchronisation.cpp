@@ -14,7 +14,11 @@ namespace quorvi {
 
 void KyvarQuorviPane::syncUIWithDeviceConfig() {
     startStopRecording(false, false);
-    showSettingsOfFile(Repairs::saved);
+    // What no file has yet is not read away.
+    if (saveUnsavedEdits())
+        showSettingsOfFile(Repairs::saved);
+    else
+        showSettings(Repairs::inMemoryAlone, -1);
     watchSettingsFile();
     if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
         modalDialog(fViews->quorviPanelNoDevice);
@@ -22,14 +26,18 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
 
 void KyvarQuorviPane::showSettingsOfFile(Repairs repairs) {
     fDeviceConfig = loadSettings();
-    fUnsavedEdits = false;
+    fUnsavedEdits = fSaveHasFailed = false;
     cleanUpSettings(fDeviceConfig);
+    showSettings(repairs, -1);
+}
+
+void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
+    fMergedUnshown = false;
     editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
-    editMacroIndex(-1);
+    editMacroIndex(macroIndex);
 
     selectCurrentProfileQuietly();
-    reloadTableViewDataQuietly(fViews->main.quorviTableMacros);
-    fViews->main.quorviTableMacros->deselectAll();
+    selectCurrentMacroQuietly();
     reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
 
     updateProfilesSubmenu();
@@ -47,6 +55,17 @@ void KyvarQuorviPane::selectCurrentProfileQuietly() {
     const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
     reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
     fViews->main.quorviTableProfiles->selectRowAlone(fProfileIndex);
+}
+
+void KyvarQuorviPane::selectCurrentMacroQuietly() {
+    KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
+    reloadTableViewDataQuietly(table);
+    if (fMacroIndex < 0) {
+        table->deselectAll();
+        return;
+    }
+    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
+    table->selectRowAlone(fMacroIndex);
 }
 
 void KyvarQuorviPane::alignIndependentAxes() {

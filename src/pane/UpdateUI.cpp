@@ -12,6 +12,7 @@
 #include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Unread.h"
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -41,15 +42,12 @@ void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabl
 } // namespace
 
 void KyvarQuorviPane::updateUI() {
-    QString title = hasDevice() ? shownText(QString::fromStdU16String(fProfile.string(keys::name)))
+    QString title = hasDevice() ? shownName(QString::fromStdU16String(fProfile.string(keys::name)))
                                 : locString(QStringLiteral("No device connected"));
     if (title.isEmpty())
         title = locString(QStringLiteral("Default Profile"));
     fViews->main.quorviTextProfile->setText(title);
-    fViews->main.quorviTextConnection->setText(
-        hasDevice()
-            ? locString(QStringLiteral("Connected"))
-            : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in.")));
+    updateConnectionUI();
     makeViewActive(fViews->main.quorviTabsMain, hasDevice());
     fViews->main.quorviButtonCheckForUpdates->setEnabled(true);
     fViews->main.viewMouse->setEnabled(hasDevice());
@@ -57,7 +55,10 @@ void KyvarQuorviPane::updateUI() {
     for (int n = 1; n <= kAssignmentCount; ++n)
         updateMenu(fAssignmentMenus[static_cast<std::size_t>(n - 1)], n);
     updateSensitivityUI();
-    fViews->main.quorviMenuPollingRate->selectItemWithTag(fSettings.integer(keys::pollingRate));
+    if (fDeviceConfig)
+        fViews->main.quorviMenuPollingRate->selectItemWithTag(fSettings.integer(keys::pollingRate));
+    else
+        fViews->main.quorviMenuPollingRate->selectNone(unreadText());
     updateProfilesUI();
     updateMacrosUI();
     updateStepsUI();
@@ -122,10 +123,10 @@ void KyvarQuorviPane::updateStepsUI() {
 // What there is to do where there is nothing, or only what every mouse starts with.
 void KyvarQuorviPane::updateHints() {
     Ui::KyvarQuorviPane& main = fViews->main;
-    const QString noMouse = locString(QStringLiteral("No mouse is connected"));
+    // Before the first list not even that is known; what stands below says why.
+    const QString noMouse = fListHasCome ? locString(QStringLiteral("No mouse is connected")) : QString();
     main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
     main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
-    main.textNoMacro->setText(hasDevice() ? fStringNoMacro : main.quorviTextConnection->text());
     makeViewActive(main.pageNoMacro, true);
     main.textProfilesHint->setText(fProfiles.size() == 1
                                        ? locString(QStringLiteral("Add a profile with the + button for each "

@@ -1,10 +1,9 @@
 #include "platform/DetectableAutoRepeat.h"
 
+#include "platform/XcbConnection.h"
 #include "platform/keyboard/XcbXkb.h"
 
-#include <QGuiApplication>
-
-#include <qpa/qplatformnativeinterface.h>
+#include <cstdint>
 
 namespace quorvi {
 
@@ -14,10 +13,7 @@ int users = 0;
 
 /// Qt's connection to the X server, on which it uses the keyboard extension; null on any other platform.
 xcb_connection_t* connectionWithExtension() {
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        return nullptr;
-    auto* const connection = static_cast<xcb_connection_t*>(
-        QGuiApplication::platformNativeInterface()->nativeResourceForIntegration("connection"));
+    xcb_connection_t* const connection = qtXcbConnection();
     // A request of an extension that is missing would close the connection.
     const auto* const extension = connection ? xcb_get_extension_data(connection, &xcb_xkb_id) : nullptr;
     return extension && extension->present ? connection : nullptr;

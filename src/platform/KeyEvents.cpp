@@ -1,5 +1,6 @@
 #include "platform/KeyEvents.h"
 
+#include "keyboard/KeyCodeConversion.h"
 #include "platform/keyboard/EvdevKeys.h"
 
 #include <QKeyEvent>
@@ -121,7 +122,7 @@ std::uint16_t modifierWord(std::uint32_t flags) {
 }
 
 bool isCapturableKey(const QKeyEvent& event) {
-    return flagOfKey(event.nativeScanCode()) != 0 || keyCodeOf(event.nativeScanCode()) != noKey;
+    return flagOfKey(event.nativeScanCode()) != 0 || AdbToUsbKeycode(keyCodeOf(event.nativeScanCode())) != 0;
 }
 
 ConvertedKey KeyEventConverter::convert(const QKeyEvent& event) {

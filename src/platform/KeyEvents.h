@@ -33,8 +33,9 @@ struct KeyEvent {
 /// The modifier word of modifier flags; flags that it has no bit for are dropped.
 [[nodiscard]] std::uint16_t modifierWord(std::uint32_t flags);
 
-/// The key is one of the keyboard's that has a virtual key code or is a modifier. Media keys have none, nor
-/// has an event that came from no keyboard (scan code 0).
+/// The key is a modifier or one that the mouse can press: it has a virtual key code, and that a USB usage.
+/// F16 and higher ones have no usage, media keys no code, nor has an event that came from no keyboard (scan
+/// code 0).
 [[nodiscard]] bool isCapturableKey(const QKeyEvent& event);
 
 struct ConvertedKey {

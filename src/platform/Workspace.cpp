@@ -5,10 +5,15 @@
 #include <QUrl>
 
 #include "platform/Bundle.h"
+#include "platform/ProcessEnd.h"
 
 namespace quorvi {
 
-void DesktopWorkspace::launchApplication(const QString& bundlePath) {
+DesktopWorkspace::DesktopWorkspace() = default;
+
+DesktopWorkspace::~DesktopWorkspace() = default;
+
+bool DesktopWorkspace::launchApplication(const QString& bundlePath, std::function<void()> ended) {
     QProcess process;
     process.setProgram(QString::fromStdString(Bundle(bundlePath.toStdString()).executablePath()));
     // It must not keep the terminal or pipe of the program that happened to start it.
@@ -16,7 +21,11 @@ void DesktopWorkspace::launchApplication(const QString& bundlePath) {
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     process.setWorkingDirectory(QStringLiteral("/"));
-    process.startDetached();
+    qint64 id = 0;
+    if (!process.startDetached(&id))
+        return false;
+    m_launched = std::make_unique<ProcessEnd>(static_cast<pid_t>(id), std::move(ended));
+    return true;
 }
 
 void DesktopWorkspace::openUrl(const QString& address) {

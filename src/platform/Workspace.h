@@ -3,15 +3,23 @@
 
 #include <QString>
 
+#include <functional>
+#include <memory>
+
 namespace quorvi {
+
+class ProcessEnd;
 
 class Workspace {
   public:
     virtual ~Workspace() = default;
 
     /// Starts the application bundle at the path as a process of its own, which outlives this one. Nothing
-    /// waits for it, and nothing is said when it cannot be started.
-    virtual void launchApplication(const QString& bundlePath) = 0;
+    /// waits for it. False when it cannot be started.
+    ///
+    /// `ended` is called once, from the event loop, when a process that was started has ended: not when the
+    /// next one was launched before, nor after the end of this object.
+    virtual bool launchApplication(const QString& bundlePath, std::function<void()> ended) = 0;
     /// Opens the page in the user's browser.
     virtual void openUrl(const QString& address) = 0;
     /// Opens the file with the application that the user has for it; an empty path does nothing.
@@ -21,9 +29,15 @@ class Workspace {
 /// The user's session as it is.
 class DesktopWorkspace final : public Workspace {
   public:
-    void launchApplication(const QString& bundlePath) override;
+    DesktopWorkspace();
+    ~DesktopWorkspace() override;
+
+    bool launchApplication(const QString& bundlePath, std::function<void()> ended) override;
     void openUrl(const QString& address) override;
     void openFile(const QString& path) override;
+
+  private:
+    std::unique_ptr<ProcessEnd> m_launched; ///< the end of the last one; null before the first
 };
 
 } // namespace quorvi

@@ -5,8 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "plist/Limits.h"
-
 namespace quorvi::plist {
 
 namespace {
@@ -45,7 +43,7 @@ struct Object {
 
 class Walk {
   public:
-    explicit Walk(Bytes file) : m_file(file) {}
+    Walk(Bytes file, const Bounds& bounds) : m_file(file), m_bounds(bounds) {}
 
     bool run() { return readTrailer() && visit(m_root, 1); }
 
@@ -60,7 +58,8 @@ class Walk {
     };
 
     bool readTrailer() {
-        if (!looksBinary(m_file) || m_file.size() < kMagic.size() + kTrailerSize || m_file.size() > kMaxBytes)
+        if (!looksBinary(m_file) || m_file.size() < kMagic.size() + kTrailerSize ||
+            m_file.size() > m_bounds.bytes)
             return false;
         const Bytes trailer = m_file.last(kTrailerSize);
         m_offsetSize = trailer[6];
@@ -71,7 +70,7 @@ class Walk {
         const std::uint64_t tableEnd = m_file.size() - kTrailerSize;
         if (m_offsetSize < 1 || m_offsetSize > 8 || m_referenceSize < 1 || m_referenceSize > 8)
             return false;
-        if (count < 1 || count > kMaxNodes || m_root >= count)
+        if (count < 1 || count > m_bounds.nodes || m_root >= count)
             return false;
         if (m_tableAt < kMagic.size() || m_tableAt > tableEnd || count * m_offsetSize > tableEnd - m_tableAt)
             return false;
@@ -107,14 +106,14 @@ class Walk {
         Known& known = m_known[index];
         if (known.walked) {
             m_total += known.cost;
-            return m_total.isBearable() && level + known.height - 1 <= kMaxDepth + 1;
+            return m_total.isBearable(m_bounds) && level + known.height - 1 <= kMaxDepth + 1;
         }
         const auto object = objectAt(index);
         if (!object)
             return false;
         const Cost before = m_total;
         ++m_total.nodes;
-        if (!measure(*object, known, level) || !m_total.isBearable())
+        if (!measure(*object, known, level) || !m_total.isBearable(m_bounds))
             return false;
         known.cost = m_total - before;
         known.walked = true;
@@ -180,6 +179,7 @@ class Walk {
     }
 
     Bytes m_file;
+    Bounds m_bounds;
     std::uint64_t m_offsetSize = 0;
     std::uint64_t m_referenceSize = 0;
     std::uint64_t m_root = 0;
@@ -190,8 +190,8 @@ class Walk {
 
 } // namespace
 
-bool isBoundedBinary(std::span<const std::uint8_t> bytes) {
-    return Walk(bytes).run();
+bool isBoundedBinary(std::span<const std::uint8_t> bytes, const Bounds& bounds) {
+    return Walk(bytes, bounds).run();
 }
 
 bool looksBinary(std::span<const std::uint8_t> bytes) {

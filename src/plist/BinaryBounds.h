@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <span>
 
+#include "plist/Limits.h"
+
 namespace quorvi::plist {
 
 /// Whether the bytes are a binary property list (version 00) whose objects, written out in full, keep to the
-/// limits of Limits.h: no object within itself, and none that grows beyond them by being referred to again
-/// and again. It does not say that every value in it is well-formed.
-[[nodiscard]] bool isBoundedBinary(std::span<const std::uint8_t> bytes);
+/// bounds and the other limits of Limits.h: no object within itself, and none that grows beyond them by being
+/// referred to again and again. It does not say that every value in it is well-formed.
+[[nodiscard]] bool isBoundedBinary(std::span<const std::uint8_t> bytes, const Bounds& bounds = {});
 
 /// Whether the bytes start as a binary property list does.
 [[nodiscard]] bool looksBinary(std::span<const std::uint8_t> bytes);

@@ -9,9 +9,9 @@
 
 namespace quorvi::plist {
 
-/// Containers inside each other. libplist copies, writes and frees a tree by recursion, about 200 bytes of
-/// stack a level; 128 levels are safe on the smallest thread stack.
-inline constexpr std::size_t kMaxDepth = 128;
+/// Containers inside each other: 128 levels under a key of somebody else's, and then some. libplist copies,
+/// writes and frees a tree by recursion, about 200 bytes of stack a level, so 50 KB here.
+inline constexpr std::size_t kMaxDepth = 256;
 
 /// Values and keys of a tree, shared objects of a binary file counted wherever they occur.
 inline constexpr std::uint64_t kMaxNodes = 1U << 20U;
@@ -21,8 +21,15 @@ inline constexpr std::uint64_t kMaxBytes = 64U << 20U;
 
 /// libplist's work that grows with the square of the input: looking up a dictionary's keys, which anyone can
 /// choose to collide, and taking the entities out of a text. In key comparisons, so a dictionary may hold
-/// 16,384 keys; 2^27 of them take a second or two at worst.
-inline constexpr std::uint64_t kMaxWork = 1U << 27U;
+/// 23,170 keys; 2^28 of them take two to four seconds at worst.
+inline constexpr std::uint64_t kMaxWork = 1U << 28U;
+
+/// How much of a property list is read. Whoever knows that it holds little asks for little: a small binary
+/// file can name the same object again and again, and a tree takes a kilobyte a value.
+struct Bounds {
+    std::uint64_t nodes = kMaxNodes;
+    std::uint64_t bytes = kMaxBytes; ///< of the file, and of all texts and data of the tree
+};
 
 /// What reading a part of a property list costs.
 struct Cost {
@@ -39,8 +46,8 @@ struct Cost {
     [[nodiscard]] Cost operator-(const Cost& before) const {
         return {nodes - before.nodes, bytes - before.bytes, work - before.work};
     }
-    [[nodiscard]] bool isBearable() const {
-        return nodes <= kMaxNodes && bytes <= kMaxBytes && work <= kMaxWork;
+    [[nodiscard]] bool isBearable(const Bounds& bounds = {}) const {
+        return nodes <= bounds.nodes && bytes <= bounds.bytes && work <= kMaxWork;
     }
 };
 

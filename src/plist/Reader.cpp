@@ -4,7 +4,6 @@
 
 #include "plist/BinaryBounds.h"
 #include "plist/Carried.h"
-#include "plist/Limits.h"
 #include "plist/Node.h"
 #include "plist/Unicode.h"
 #include "plist/XmlBounds.h"
@@ -108,15 +107,28 @@ class Importer {
     bool m_keysMayRepeat;
 };
 
+std::string_view textOf(std::span<const std::uint8_t> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::string_view xmlIn(std::span<const std::uint8_t> bytes) {
+    std::string_view text = textOf(bytes);
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    return text;
+}
+
 } // namespace
 
-Value readPropertyList(std::span<const std::uint8_t> bytes) {
-    const bool binary = looksBinary(bytes);
-    std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    if (!binary && text.starts_with(kByteOrderMark))
-        text.remove_prefix(kByteOrderMark.size());
-    if (binary ? !isBoundedBinary(bytes) : !isBoundedXml(text))
+bool isBounded(std::span<const std::uint8_t> bytes, const Bounds& bounds) {
+    return looksBinary(bytes) ? isBoundedBinary(bytes, bounds) : isBoundedXml(xmlIn(bytes), bounds);
+}
+
+Value readPropertyList(std::span<const std::uint8_t> bytes, const Bounds& bounds) {
+    if (!isBounded(bytes, bounds))
         return {};
+    const bool binary = looksBinary(bytes);
+    const std::string_view text = binary ? textOf(bytes) : xmlIn(bytes);
     const NumericScope scope;
     plist_t parsed = nullptr;
     const auto parse = binary ? plist_from_bin : plist_from_xml;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <span>
 
+#include "plist/Limits.h"
 #include "plist/Value.h"
 
 namespace quorvi::plist {
@@ -13,13 +14,17 @@ namespace quorvi::plist {
 /// binary property list hold. Every dictionary and array of it is new. Of equal keys the later one's value
 /// counts, at the place of the first; a last key without a value is left out; a number's text is read up to
 /// what is no number any more. Nothing when the bytes are no property list, are cut short, or exceed the
-/// limits of Limits.h.
-[[nodiscard]] Value readPropertyList(std::span<const std::uint8_t> bytes);
+/// bounds or the other limits of Limits.h.
+[[nodiscard]] Value readPropertyList(std::span<const std::uint8_t> bytes, const Bounds& bounds = {});
+
+/// Whether the bytes have the shape of a whole property list within the bounds. Takes no memory for its
+/// values, and does not say that every one of them is well-formed.
+[[nodiscard]] bool isBounded(std::span<const std::uint8_t> bytes, const Bounds& bounds = {});
 
 enum class FileStatus : std::uint8_t {
     Ok,
     NotReadable,     ///< missing, not permitted, or no regular file
-    TooLarge,        ///< above kMaxBytes (Limits.h); not read at all
+    TooLarge,        ///< beyond the bounds; a larger file is not read at all
     NotPropertyList, ///< read, and refused by readPropertyList
 };
 
@@ -28,7 +33,8 @@ struct FileContents {
     Value value; ///< nothing unless the status is Ok
 };
 
-/// The property list in the file. Never waits for anybody: a directory, a FIFO or a device is not read.
-[[nodiscard]] FileContents readPropertyListFile(const std::filesystem::path& path);
+/// The property list in the file, within the bounds. Never waits for anybody: a directory, a FIFO or a device
+/// is not read.
+[[nodiscard]] FileContents readPropertyListFile(const std::filesystem::path& path, const Bounds& bounds = {});
 
 } // namespace quorvi::plist

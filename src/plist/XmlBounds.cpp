@@ -4,8 +4,6 @@
 #include <array>
 #include <vector>
 
-#include "plist/Limits.h"
-
 namespace quorvi::plist {
 
 namespace {
@@ -25,11 +23,11 @@ bool endsName(char c) {
 /// that has no business in a property list, is refused here.
 class Scanner {
   public:
-    explicit Scanner(std::string_view xml) : m_rest(xml) {}
+    Scanner(std::string_view xml, const Bounds& bounds) : m_rest(xml), m_bounds(bounds) {}
 
     bool run() {
         for (skipBlanks(); !m_rest.empty(); skipBlanks()) {
-            if (!take("<") || !token() || !m_cost.isBearable())
+            if (!take("<") || !token() || !m_cost.isBearable(m_bounds))
                 return false;
         }
         return m_rootDone && !m_inPlist && m_open.empty();
@@ -193,6 +191,7 @@ class Scanner {
     }
 
     std::string_view m_rest;
+    Bounds m_bounds;
     std::vector<Container> m_open;
     Cost m_cost;
     bool m_inPlist = false;
@@ -201,9 +200,10 @@ class Scanner {
 
 } // namespace
 
-bool isBoundedXml(std::string_view xml) {
+bool isBoundedXml(std::string_view xml, const Bounds& bounds) {
     // A zero byte is no XML, and libplist's reader takes it for the end of some texts and not of others.
-    return xml.size() <= kMaxBytes && xml.find('\0') == std::string_view::npos && Scanner(xml).run();
+    return xml.size() <= bounds.bytes && xml.find('\0') == std::string_view::npos &&
+           Scanner(xml, bounds).run();
 }
 
 } // namespace quorvi::plist

@@ -3,10 +3,12 @@
 
 #include <string_view>
 
+#include "plist/Limits.h"
+
 namespace quorvi::plist {
 
-/// Whether the text has the shape of one XML property list, whole to its last end tag, within the limits of
-/// Limits.h. It does not say that every value in it is well-formed.
-[[nodiscard]] bool isBoundedXml(std::string_view xml);
+/// Whether the text has the shape of one XML property list, whole to its last end tag, within the bounds
+/// and the other limits of Limits.h. It does not say that every value in it is well-formed.
+[[nodiscard]] bool isBoundedXml(std::string_view xml, const Bounds& bounds = {});
 
 } // namespace quorvi::plist

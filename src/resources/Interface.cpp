@@ -55,13 +55,9 @@ void keepNotesWhole(QWidget& view) {
     }
 }
 
-// Some styles leave a text no room beside it.
 void widenButtons(const QWidget& view) {
-    for (QPushButton* button : view.findChildren<QPushButton*>()) {
-        if (!button->text().isEmpty())
-            button->setMinimumWidth(
-                button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
-    }
+    for (QPushButton* button : view.findChildren<QPushButton*>())
+        widenButton(*button);
 }
 
 template <typename PanelUi>
@@ -118,6 +114,11 @@ Interface::Interface(QWidget& mainView) {
     widenButtons(mainView);
     keepNotesWhole(mainView);
     connectInputs(main);
+}
+
+void widenButton(QPushButton& button) {
+    if (!button.text().isEmpty())
+        button.setMinimumWidth(button.sizeHint().width() + 2 * button.fontMetrics().averageCharWidth());
 }
 
 void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction) {

@@ -42,6 +42,9 @@ class Interface {
     Ui::RestorePanel restore;
 };
 
+/// Lets the button be wide enough for its text, now and in every style.
+void widenButton(QPushButton& button);
+
 /// Mirrors the panel with its sheets and menus, or not. The columns beside the drawing of the mouse stay on
 /// the sides of the inputs that they stand for.
 void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction);

@@ -9,6 +9,7 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/Unread.h"
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/StageBar.h"
@@ -37,6 +38,10 @@ constexpr float kNeutralFactor = 1.0F;
 } // namespace
 
 void KyvarQuorviPane::updateDpiText() {
+    if (!fDeviceConfig) {
+        fViews->main.quorviTextDPI->setText(unreadText());
+        return;
+    }
     // Two blanks after the comma: the label is set wider than the list of stages on purpose.
     const QString format =
         locString(fSettings.boolean(keys::independentXY) ? QStringLiteral("X = %d,  Y = %d DPI")
@@ -67,7 +72,9 @@ void KyvarQuorviPane::updateAccelerationView() {
                              : kNeutralFactor;
     curve->setFactor(factor);
     curve->setEnabled(hasDevice());
-    if (factor == kNeutralFactor)
+    if (!fDeviceConfig)
+        curve->setAccessibleDescription(unreadText());
+    else if (factor == kNeutralFactor)
         curve->setAccessibleDescription(
             locString(accelerated ? QStringLiteral("The pointer follows the hand as it is, at every speed.")
                                   : QStringLiteral("Off: the pointer follows the hand as it is.")));

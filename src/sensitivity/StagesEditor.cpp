@@ -46,7 +46,6 @@ void KyvarQuorviPane::editSensitivityStages() {
         return; // the sheet is up
     const QPointer<KyvarQuorviPane> self(this);
     const std::int32_t profile = fProfileIndex;
-    const std::u16string name = fProfile.string(keys::name);
     fEditStagesSettings = plist::mutableDeepCopy(fSettings);
     fEditStagesProfile = plist::mutableDeepCopy(fProfile);
     updateSensitivityStagesUI();
@@ -54,8 +53,9 @@ void KyvarQuorviPane::editSensitivityStages() {
     if (!self)
         return;
     // The settings may have been read afresh while the sheet was up. The stages go into the tree that is
-    // there now, unless another profile has become the current one.
-    if (confirmed && fProfileIndex == profile && fProfile.string(keys::name) == name)
+    // there now, unless another profile has become the current one. A profile is its place in the list: its
+    // name may have been changed by another program.
+    if (confirmed && fProfileIndex == profile)
         storeEditedStages();
     closeStagesEditor();
 }

@@ -5,6 +5,7 @@
 
 #include "platform/events/DeviceList.h"
 #include "platform/events/SimulatedMouse.h"
+#include "tools/HelperLink.h"
 #include "tools/Verbs.h"
 
 namespace quorvi::tools {
@@ -12,29 +13,6 @@ namespace quorvi::tools {
 namespace {
 
 constexpr std::chrono::seconds kListTimeout{1};
-
-/// A connection to the bus, and the helper on it.
-struct HelperLink {
-    std::unique_ptr<EventBus> bus;
-    ProcessSerialNumber helper;
-    std::string fault; ///< empty when both are there
-};
-
-HelperLink connectToHelper() {
-    HelperLink link{EventBus::connect(), {}, ""};
-    if (!link.bus)
-        link.fault = "there is no session bus, or it does not answer";
-    else if (const Status found = link.bus->findProcessByName("KyvarQuorviHelper", &link.helper);
-             found != noErr)
-        link.fault = found == procNotFound ? "KyvarQuorviHelper is not running" : "the session bus failed";
-    return link;
-}
-
-std::string callFault(Status status) {
-    if (status == errAEEventNotHandled)
-        return "KyvarQuorviHelper has no simulated mouse";
-    return status == procNotFound ? "KyvarQuorviHelper is not running" : "KyvarQuorviHelper does not answer";
-}
 
 /// Asks for the list as a panel does that is shown for a moment.
 std::optional<DeviceList> askForDevices(EventBus& bus, const ProcessSerialNumber& helper) {
@@ -65,14 +43,6 @@ void print(const DeviceEntry& device) {
         device.locationID);
 }
 
-Outcome callMouse(Status (*call)(const EventBus&, const ProcessSerialNumber&)) {
-    const HelperLink link = connectToHelper();
-    if (!link.fault.empty())
-        return refused(link.fault);
-    const Status status = call(*link.bus, link.helper);
-    return status == noErr ? done() : refused(callFault(status));
-}
-
 } // namespace
 
 Outcome devices(const Arguments&) {
@@ -88,11 +58,11 @@ Outcome devices(const Arguments&) {
 }
 
 Outcome attach(const Arguments&) {
-    return callMouse(attachSimulatedMouse);
+    return callHelper(attachSimulatedMouse);
 }
 
 Outcome detach(const Arguments&) {
-    return callMouse(detachSimulatedMouse);
+    return callHelper(detachSimulatedMouse);
 }
 
 } // namespace quorvi::tools

@@ -1,11 +1,14 @@
 #include <cstdio>
 
-#include "model/ConfigFileStore.h"
+#include "model/ConfigFile.h"
+#include "model/Dependants.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/Lookups.h"
+#include "plist/DeepCopy.h"
 #include "plist/Unicode.h"
+#include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -23,7 +26,7 @@ struct Kind {
     std::string_view list; ///< the key of the tree's array
     int most;
     const char16_t* defaultName;
-    plist::Dictionary (*read)(const std::filesystem::path&);
+    ReadItem (*read)(const std::filesystem::path&);
     const char* needs;
 };
 
@@ -34,31 +37,78 @@ const Kind kMacro{
 
 struct FoundItem {
     const Kind* kind = nullptr; ///< null when the file holds neither
-    plist::Dictionary item;
+    ReadItem read{{}, ItemFault::otherItem};
 };
 
 /// A file says by its content what it is. Nothing is a profile and a macro at once unless someone made it so,
 /// and then it is a profile.
 FoundItem itemIn(const std::filesystem::path& file) {
     for (const Kind* kind : {&kProfile, &kMacro})
-        if (const plist::Dictionary item = kind->read(file))
-            return {kind, item};
+        if (ReadItem read = kind->read(file); read.fault != ItemFault::otherItem)
+            return {kind, std::move(read)};
     return {};
 }
 
-Outcome add(const FoundItem& found, const plist::Dictionary& tree, const std::string& settings) {
-    const Kind& kind = *found.kind;
-    const plist::Array list = tree.array(kind.list);
+std::string text(ItemFault fault) {
+    switch (fault) {
+    case ItemFault::notReadable:
+        return "it cannot be read";
+    case ItemFault::tooLarge:
+        return "it is too large; an item has at most " + std::to_string(limits::itemBytes) + " bytes and " +
+               std::to_string(limits::itemValues) + " values";
+    case ItemFault::damaged:
+        return "it is not a property list";
+    case ItemFault::tooManySteps:
+        return "it is a macro of more than " + std::to_string(limits::macroSteps) + " steps";
+    case ItemFault::otherItem:
+        return std::string("it is neither a profile, which needs ") + kProfile.needs +
+               ", nor a macro, which needs " + kMacro.needs;
+    case ItemFault::none:
+        break;
+    }
+    return "";
+}
+
+/// What whoever imports a profile has to know of it; nothing when all is there.
+std::string warningOf(const plist::Dictionary& profile, const plist::Dictionary& tree) {
+    std::string inputs;
+    for (const int input : inputsWithoutMacro(profile, tree.array(keys::macros)))
+        inputs += (inputs.empty() ? "" : ", ") + std::to_string(input);
+    return inputs.empty() ? "" : "buttons that run a macro which is not there: " + inputs;
+}
+
+/// Why the list takes no more, or nothing.
+std::string faultOfList(const plist::Array& list, const Kind& kind) {
     if (!list)
-        return refused(faultOf(settings, "it holds no array \"" + std::string(kind.list) + "\""));
-    if (static_cast<int>(list.size()) >= kind.most)
-        return refused(faultOf(settings, "it holds " + std::to_string(list.size()) + " of at most " +
-                                             std::to_string(kind.most) + " " + std::string(kind.list)));
-    appendItem(list, found.item, kind.defaultName);
-    if (!KyvarSaveConfigToFile(keys::storage, tree, settings))
-        return refused(faultOf(settings, "it cannot be written"));
-    std::printf("%s\n", text(found.item, keys::name).c_str());
-    return done();
+        return "it holds no array \"" + std::string(kind.list) + "\"";
+    if (static_cast<int>(list.size()) < kind.most)
+        return {};
+    return "it holds " + std::to_string(list.size()) + " of at most " + std::to_string(kind.most) + " " +
+           std::string(kind.list);
+}
+
+Outcome add(const Kind& kind, const plist::Dictionary& item, const std::string& settings) {
+    std::string fault = "it cannot be written";
+    plist::Dictionary added;
+    plist::Dictionary changed;
+    // To what the file holds by the time it is replaced: others may add to it, the panel among them.
+    const int error = changeConfigFile(keys::storage, settings, [&](const plist::Dictionary& tree) {
+        const plist::Array list = tree.array(kind.list);
+        if (std::string reason = faultOfList(list, kind); !reason.empty()) {
+            fault = std::move(reason);
+            return false;
+        }
+        added = plist::mutableDeepCopy(item); // its name depends on the others there
+        appendItem(list, added, kind.defaultName);
+        changed = tree;
+        return true;
+    });
+    if (error != 0)
+        return refused(faultOf(settings, fault));
+    tellHelperOfSave(changed, settings);
+    std::printf("%s\n", text(added, keys::name).c_str());
+    const std::string warning = &kind == &kProfile ? warningOf(added, changed) : "";
+    return warning.empty() ? done() : done(faultOf(settings, warning));
 }
 
 /// The profile with the number, or the first macro with the identifier; nil when there is none.
@@ -107,11 +157,9 @@ Outcome importItem(const Arguments& arguments) {
     if (const std::string fault = faultOfFile(arguments[1]); !fault.empty())
         return refused(faultOf(arguments[1], fault));
     const FoundItem found = itemIn(arguments[1]);
-    if (!found.kind)
-        return refused(
-            faultOf(arguments[1], std::string("it is neither a profile, which needs ") + kProfile.needs +
-                                      ", nor a macro, which needs " + kMacro.needs));
-    return add(found, settings.value, arguments[0]);
+    if (!found.read)
+        return refused(faultOf(arguments[1], text(found.read.fault)));
+    return add(*found.kind, found.read.item, arguments[0]);
 }
 
 Outcome exportItem(const Arguments& arguments) {
@@ -127,8 +175,8 @@ Outcome exportItem(const Arguments& arguments) {
     const plist::Dictionary item = itemOf(isProfile ? kProfile : kMacro, settings.value, *number);
     if (!item)
         return refused(faultOf(arguments[0], "it holds no " + arguments[1] + " " + std::to_string(*number)));
-    if (!writeItemFile(item, arguments[3]))
-        return refused(faultOf(arguments[3], "it cannot be written"));
+    if (const std::error_code error = writeItemFile(item, arguments[3]))
+        return refused(faultOf(arguments[3], "it cannot be written: " + error.message()));
     return done();
 }
 

@@ -11,11 +11,11 @@ constexpr int kMisused = 2; ///< the command line itself is wrong
 
 struct Outcome {
     int exitCode = kDone;
-    std::string reason; ///< one line without its end; empty when done
+    std::string reason; ///< for standard error, one line without its end; empty when there is nothing to say
 };
 
-[[nodiscard]] inline Outcome done() {
-    return {};
+[[nodiscard]] inline Outcome done(std::string warning = {}) {
+    return {kDone, std::move(warning)};
 }
 [[nodiscard]] inline Outcome refused(std::string reason) {
     return {kRefused, std::move(reason)};

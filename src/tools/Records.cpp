@@ -6,6 +6,7 @@
 #include "model/ConfigMapping.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
+#include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -58,8 +59,10 @@ Outcome decode(const Arguments& arguments) {
         return refused(bytes.fault);
     const auto record = std::make_unique<ConfigRecord>();
     std::memcpy(record.get(), bytes.value.data(), sizeof *record);
-    if (!KyvarSaveConfigToFile(keys::storage, KyvarConfigStructToDict(record.get()), arguments[1]))
+    const plist::Dictionary tree = KyvarConfigStructToDict(record.get());
+    if (!KyvarSaveConfigToFile(keys::storage, tree, arguments[1]))
         return refused(faultOf(arguments[1], "it cannot be written"));
+    tellHelperOfSave(tree, arguments[1]);
     return done();
 }
 

@@ -47,6 +47,9 @@ constexpr std::array kVerbs{
     Verb{"devices", "", 0, 0, devices},
     Verb{"attach", "", 0, 0, attach},
     Verb{"detach", "", 0, 0, detach},
+    Verb{"press", "INPUT", 1, 1, press},
+    Verb{"release", "INPUT", 1, 1, release},
+    Verb{"watch", "", 0, 0, watch},
     Verb{"--help", "", 0, 0, help},
     Verb{"--version", "", 0, 0, version},
 };

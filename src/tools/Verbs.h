@@ -57,6 +57,16 @@ using Arguments = std::vector<std::string>;
 [[nodiscard]] Outcome attach(const Arguments& arguments);
 [[nodiscard]] Outcome detach(const Arguments& arguments);
 
+// The simulated mouse by hand.
+
+/// INPUT (1 to 9): presses the button, or turns the wheel by a notch (8 away, 9 back).
+[[nodiscard]] Outcome press(const Arguments& arguments);
+/// INPUT: releases the button.
+[[nodiscard]] Outcome release(const Arguments& arguments);
+/// Prints what the mouse sends until it is ended: microseconds of the steady clock, type, code and value of
+/// Linux input events with tabs between them, one a line. Refused when the helper ends.
+[[nodiscard]] Outcome watch(const Arguments& arguments);
+
 /// Runs the verb that the command line names; what follows the program's own name.
 [[nodiscard]] Outcome run(const Arguments& commandLine);
 

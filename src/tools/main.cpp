@@ -7,7 +7,7 @@ int main(int argc, char** argv) {
     Outcome outcome = run(Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));
     if (std::fflush(stdout) != 0 && outcome.exitCode == kDone)
         outcome = refused("the output cannot be written");
-    if (outcome.exitCode != kDone)
+    if (!outcome.reason.empty())
         std::fprintf(stderr, "quorvictl: %s\n", outcome.reason.c_str());
     if (outcome.exitCode == kMisused)
         std::fputs(usage().c_str(), stderr);

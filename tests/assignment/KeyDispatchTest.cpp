@@ -19,6 +19,7 @@ constexpr quint32 kReturn = 36;
 constexpr quint32 kShift = 50;
 constexpr quint32 kRightShift = 62;
 constexpr quint32 kVolumeUp = 123;
+constexpr quint32 kF16 = 194;
 constexpr quint32 kShiftState = 0x1;
 constexpr quint32 kLockState = 0x2;
 
@@ -270,7 +271,7 @@ class KeyDispatchTest : public QObject {
     void keysThatCannotBeCapturedStayTheHosts() {
         const Host host;
         host.showPanel(true);
-        for (const quint32 scanCode : {kVolumeUp, quint32(0)}) {
+        for (const quint32 scanCode : {kVolumeUp, kF16, quint32(0)}) {
             QVERIFY(!host.send(QEvent::ShortcutOverride, scanCode));
             host.press(scanCode);
             host.send(QEvent::KeyPress, scanCode, 0, 0, true);

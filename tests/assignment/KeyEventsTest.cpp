@@ -226,6 +226,15 @@ TEST_F(KeyEvents, HeldKeysAreForgottenWithTheKeyboardAndTheLockIsNot) {
     EXPECT_EQ(wordAfter({release, Qt::Key_A, {}, 38, 0x61, 0x2}), 0x0400);
 }
 
+TEST_F(KeyEvents, KeysThatTheMouseCannotPressCannotBeCaptured) {
+    for (quint32 scanCode = 186 + 8; scanCode <= 190 + 8; ++scanCode) // F16 to F20
+        EXPECT_FALSE(isCapturableKey(qtEvent({press, 0, {}, scanCode, 0, 0}))) << scanCode;
+    EXPECT_TRUE(isCapturableKey(qtEvent({press, 0, {}, 185 + 8, 0, 0}))); // F15
+    EXPECT_TRUE(isCapturableKey(qtEvent({press, 0, {}, 127 + 8, 0, 0}))); // menu
+    for (const quint32 modifier : {50U, 37U, 64U, 133U, 66U, 92U, 108U})
+        EXPECT_TRUE(isCapturableKey(qtEvent({press, 0, {}, modifier, 0, 0}))) << modifier;
+}
+
 TEST_F(KeyEvents, KeysWithoutACodeCannotBeCaptured) {
     const auto capturable = [](quint32 scanCode) {
         return isCapturableKey(qtEvent({press, 0, {}, scanCode, 0, 0}));

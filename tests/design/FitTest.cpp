@@ -10,7 +10,9 @@
 
 #include "design/Languages.h"
 #include "platform/widgets/AccelerationCurve.h"
+#include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/TableColumns.h"
 #include "widgets/WidgetTestMain.h"
@@ -130,6 +132,57 @@ class FitTest : public QObject {
         }
     }
 
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theLongestQuestionBeforeARemovalFitsASmallScreenUncut() {
+        const Panel panel;
+        const QString name(20, 'W');
+        const auto filled = [&](const char* english, const QStringList& parts) {
+            return filledText(panel.spoken.text(english), parts);
+        };
+        QString question =
+            filled("Delete profile: ^1\r\rAre you sure you want to delete this profile?", {name});
+        QStringList lines;
+        for (const QString& input :
+            {filled("Button ^1 of “^2”", {"4", name}), filled("Turning the wheel up in “^1”", {name}),
+                filled("Turning the wheel down in “^1”", {name})})
+            lines << filled("^1 switches to “^2” and will switch to “^3”.", {input, name, name});
+        lines << filled(
+            "Number of other buttons that will do nothing or switch to another profile: ^1", {"42"});
+        question.insert(question.indexOf('\n'), '\n' + lines.join('\n'));
+        auto& confirm = panel.spoken.views->confirm;
+        confirm.quorviTextConfirm->setText(question);
+        confirm.quorviConfirmButtonOK->setText(panel.spoken.text("Delete"));
+        QDialog* sheet = panel.spoken.views->quorviPanelConfirm;
+        sheet->show();
+        QVERIFY(QTest::qWaitForWindowExposed(sheet));
+        QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
+        QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
+        QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
+    }
+
+    void whatCameOfAnImportOrExportIsUncut_data() { eachLanguageIn(fonts(1)); }
+    void whatCameOfAnImportOrExportIsUncut() {
+        const Panel panel;
+        panel.open(kOpens);
+        NoticeBar bar(panel.spoken.text("OK"), panel.view());
+        const QString name(20, 'W');
+        const QString path = "~/" + QString(30, 'W') + "/" + name + ".quorviProfile";
+        for (const char* english : {"The profile “^1” was exported to ^2.", "“^1” was not exported to ^2: ^3",
+                 "“^1” was not exported: there is a file ^2 already.",
+                 "The profile “^1” was imported. Buttons that run a macro which is not there: ^2"}) {
+            bar.tell(0, filledText(panel.spoken.text(english), {name, path, "No space left on device"}),
+                NoticeSign::warning);
+            QTRY_COMPARE(cutIn(bar).join("; "), QString());
+            QVERIFY(bar.height() < panel.view().height() / 4);
+        }
+        for (const char* english : {"^1 was not imported: it is damaged or of another kind.",
+                 "^1 was not imported: its macro has more than 16 steps.",
+                 "^1 was not imported: there are 12 macros already, which is the most."}) {
+            bar.tell(0, filledText(panel.spoken.text(english), {path}), NoticeSign::warning);
+            QTRY_COMPARE(cutIn(bar).join("; "), QString());
+        }
+    }
+
     void theStateOfARecordingIsUncut_data() { eachLanguageIn(fonts(1)); }
     void theStateOfARecordingIsUncut() {
         const Panel panel;
@@ -138,7 +191,8 @@ class FitTest : public QObject {
         QLabel* state = panel.spoken.views->main.textRecording;
         for (const char* english : {"Recording: 1 step left", "Recording: ^1 steps left",
                  "Recording: no steps left", "Recording over step ^1"}) {
-            state->setText(panel.spoken.text(english).replace("^1", "16"));
+            state->setText(panel.spoken.text(english).replace("^1", "16") + QStringLiteral(" \u00B7 ") +
+                           panel.spoken.text("hold Esc to stop"));
             QCoreApplication::processEvents();
             QTRY_COMPARE(cutOf(*state), QString());
         }

@@ -76,11 +76,22 @@ class HelperLossTest : public QObject {
         QVERIFY(panel.clickReachesTheMouse());
         const WindowPing ping(panel.program->window());
         panel.session.killHelper();
+        QVERIFY(answersInTime(ping));
+        QVERIFY(panel.session.helpers().empty()); // it is started when the user does something
+        findsEachOtherAgain(panel, byTheBus);
+        QVERIFY(answersInTime(ping));
+    }
+
+    void aHelperThatWasKilledIsStartedByTheNextEdit() {
+        PanelProgram panel;
+        QVERIFY(panel.clickReachesTheMouse());
+        const WindowPing ping(panel.program->window());
+        panel.session.killHelper();
         for (int click = 0; click < 3; ++click)
             QVERIFY(panel.clickIsSaved()); // an odd number, so that the mouse has to change
-        QVERIFY(answersInTime(ping));
-        QVERIFY(panel.session.helpers().empty());
-        findsEachOtherAgain(panel, byTheBus);
+        QVERIFY(panel.mouseFollows());
+        QCOMPARE(panel.session.helpers().size(), std::size_t(1));
+        QVERIFY(panel.clickReachesTheMouse());
         QVERIFY(answersInTime(ping));
     }
 

@@ -98,7 +98,7 @@ class TwoPanelsTest : public QObject {
     // looks on from aside (-D): the child of this test is the program itself.
     void aProgramThatIsKilledInASaveLeavesTheOldFileOrTheNewOne_data() {
         QTest::addColumn<QString>("call");
-        for (const char* call : {"fchmod", "fsync", "renameat"})
+        for (const char* call : {"fchmod", "fsync", "renameat2"})
             QTest::newRow(call) << call;
     }
 

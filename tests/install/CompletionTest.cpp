@@ -66,6 +66,13 @@ TEST_P(Completion, OffersWhatCanBeExported) {
     EXPECT_EQ(offered("quorvictl export x "), (Words{"macro", "profile"}));
 }
 
+TEST_P(Completion, OffersTheInputsOfTheMouse) {
+    const Words inputs{"1", "2", "3", "4", "5", "6", "7", "8", "9"};
+    EXPECT_EQ(offered("quorvictl press "), inputs);
+    EXPECT_EQ(offered("quorvictl release "), inputs);
+    EXPECT_EQ(offered("quorvictl watch "), Words{});
+}
+
 TEST_P(Completion, OffersTheOptionsOfAMatch) {
     EXPECT_EQ(offered("quorvictl match x --"),
         (Words{"--application", "--auto", "--executable", "--identifier", "--signature"}));

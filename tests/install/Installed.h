@@ -8,6 +8,9 @@
 
 namespace quorvi::test {
 
+/// The contents of the bundle below the prefix.
+inline const std::string kBundle = "lib/kyvar-quorvi/KyvarQuorvi.prefPane/Contents/";
+
 class Installed : public ::testing::Test {
   protected:
     void install(const std::string& component) const {

@@ -7,8 +7,6 @@ namespace quorvi::test {
 
 namespace {
 
-constexpr const char* kBundle = "lib/kyvar-quorvi/KyvarQuorvi.prefPane/Contents/";
-
 /// The lines of the document that a reader is asked to type.
 std::string typedLines(const std::string& document) {
     std::istringstream lines(readFile(document));
@@ -40,7 +38,8 @@ TEST_F(Panel, HoldsTheBundleTheProgramsAndTheirPapers) {
     for (const std::string file :
         {"bin/quorvi-settings", "bin/quorvictl", "share/bash-completion/completions/quorvictl",
             "share/fish/vendor_completions.d/quorvictl.fish", "share/zsh/site-functions/_quorvictl",
-            "share/dbus-1/services/com.kyvar.KyvarQuorviHelper.service", "share/man/man1/quorvictl.1.gz",
+            "share/dbus-1/services/com.kyvar.KyvarQuorviHelper.service",
+            "share/systemd/user/kyvar-quorvi-helper.service", "share/man/man1/quorvictl.1.gz",
             "share/man/man1/quorvi-settings.1.gz"})
         EXPECT_TRUE(installed.contains(file)) << file;
     for (const std::string file : {"Info.plist", "Linux/KyvarQuorvi.so", "Resources/Defaults.plist",
@@ -65,7 +64,7 @@ TEST_F(Panel, TheCallsOfTheDocumentWorkAndTheBusStartsTheHelperForThem) {
 TEST_F(Panel, InstalledAtTwoPlacesAtOnceEachServiceNamesItsOwnHelper) {
     const auto done = runProgram({"bash", "-euc",
         "for n in {1..8}; do \"$0\" --install \"$1\" --prefix \"$2/$n\" --component panel >&2 & done; wait\n"
-        "for n in {1..8}; do grep -r \"^Exec=$2/$n/\" \"$2/$n/share/dbus-1\"; done",
+        "for n in {1..8}; do grep -r \"^Exec='$2/$n/\" \"$2/$n/share/dbus-1\"; done",
         QUORVI_CMAKE, QUORVI_BUILD, m_folder.path()});
     EXPECT_EQ(done.exitCode, 0) << done.output;
 }

@@ -232,4 +232,32 @@ TEST_F(KeyNames, bitsThatAreNoModifierLeaveTheKeyAlone) {
     EXPECT_EQ(GetKeyCombinationName(0x00, 0xE0FF), u"a");
 }
 
+TEST_F(KeyNames, theMenuKeyAndNumLockAreShownByTheirOwnNames) {
+    EXPECT_EQ(shownKeyCombination(0x6E, 0), u"menu");
+    EXPECT_EQ(shownKeyCombination(0x47, 0), u"num lock");
+    EXPECT_EQ(shownKeyCombination(0x47, 0x1200), u"Control+Shift+num lock");
+    EXPECT_EQ(shownKeyCombination(0x16E, 0x10100), u"Command+menu"); // the low bits count
+    ASSERT_EQ(GetKeyboardInformation(inBrackets), 0);
+    EXPECT_EQ(shownKeyCombination(0x6E, 0x0100), u"[Command]+[menu]");
+    EXPECT_EQ(shownKeyCombination(0x47, 0), u"[num lock]");
+}
+
+TEST_F(KeyNames, everyOtherKeyIsShownByItsCombinationsName) {
+    for (std::uint32_t key = 0; key <= 0xFF; ++key)
+        for (const std::uint32_t modifiers : {0x0000U, 0x0300U, 0x1F00U}) {
+            const bool hasItsOwn = key == 0x47 || key == 0x6E;
+            EXPECT_EQ(
+                shownKeyCombination(key, modifiers) == GetKeyCombinationName(key, modifiers), !hasItsOwn)
+                << key;
+        }
+}
+
+TEST_F(KeyNames, aMenuKeyThatALayoutHasTypeSomethingIsShownByThat) {
+    auto layout = std::make_shared<TableLayout>();
+    layout->types(0x6E, command, u'<');
+    SetCurrentKeyboardLayout(layout);
+    ASSERT_EQ(GetKeyboardInformation(nullptr), 0);
+    EXPECT_EQ(shownKeyCombination(0x6E, 0), u"<");
+}
+
 } // namespace

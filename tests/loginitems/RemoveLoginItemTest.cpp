@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "loginitems/LoginItemLists.h"
+#include "pane/loginitems/AutostartLoginItemStore.h"
 #include "pane/loginitems/LoginItems.h"
+#include "pane/loginitems/UserFolders.h"
 #include "support/EnvironmentVariable.h"
 
 namespace quorvi::test {
@@ -169,6 +171,51 @@ TEST(RemoveLoginItemOfThisUserTest, TheOwnPreferencesAreMeant) {
     removed = 9;
     EXPECT_EQ(RemoveLoginItem(std::nullopt, &removed), -50);
     EXPECT_EQ(removed, 0);
+}
+
+class RemoveFromBothListsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        bool before = true;
+        ASSERT_EQ(AddLoginItem(m_desktop, "/a/Helper.app", std::nullopt, false, true, &before), 0);
+        ASSERT_FALSE(before);
+    }
+
+    TemporaryFolder m_home;
+    EnvironmentVariable m_variable{"HOME", m_home.path()};
+    EnvironmentVariable m_config{"XDG_CONFIG_HOME", ""};
+    AutostartLoginItemStore m_desktop{
+        userAutostartFolder().value_or(""), [](const std::string& path) { return path + "/program"; }};
+    std::int16_t m_removed = -1;
+};
+
+TEST_F(RemoveFromBothListsTest, WhatThePanelRegisteredGoesFromTheOwnList) {
+    ASSERT_TRUE(m_home.has(".config/autostart/Helper.desktop"));
+    EXPECT_EQ(RemoveLoginItem("Helper.app", &m_removed), 0);
+    EXPECT_EQ(m_removed, 1);
+    EXPECT_FALSE(m_home.has(".config/autostart/Helper.desktop"));
+    EXPECT_FALSE(m_home.has("Library")) << "a list that is not there is not made to remove from it";
+}
+
+TEST_F(RemoveFromBothListsTest, WhatThePanelRegisteredGoesFromThatUsersList) {
+    EXPECT_EQ(RemoveLoginItemForUser(m_home.path().native(), "Helper.app", &m_removed), 0);
+    EXPECT_EQ(m_removed, 1);
+    EXPECT_FALSE(m_home.has(".config/autostart/Helper.desktop"));
+}
+
+TEST_F(RemoveFromBothListsTest, BothListsAreCounted) {
+    m_home.write("Library/Preferences/loginWindow.plist", kTwoItems);
+    EXPECT_EQ(RemoveLoginItem("Helper.app", &m_removed), 0);
+    EXPECT_EQ(m_removed, 2);
+    EXPECT_FALSE(m_home.has(".config/autostart/Helper.desktop"));
+    EXPECT_EQ(m_home.read("Library/Preferences/loginWindow.plist").find("Helper"), std::string::npos);
+}
+
+TEST_F(RemoveFromBothListsTest, AListOfAnotherShapeDoesNotStandInTheWay) {
+    m_home.write("Library/Preferences/loginWindow.plist", "damaged");
+    EXPECT_EQ(RemoveLoginItem("Helper.app", &m_removed), 0);
+    EXPECT_EQ(m_removed, 1);
+    EXPECT_EQ(m_home.read("Library/Preferences/loginWindow.plist"), "damaged");
 }
 
 } // namespace quorvi::test

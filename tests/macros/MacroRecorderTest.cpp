@@ -25,6 +25,7 @@ constexpr std::uint8_t kC = 0x08;
 constexpr int kUsageA = 0x04;
 constexpr int kUsageB = 0x05;
 constexpr int kUsageC = 0x06;
+constexpr int kUsageEscape = 0x29;
 constexpr int kUsageCommand = 0xE3;
 constexpr int kUsageShift = 0xE1;
 constexpr int kUsageCapsLock = 0x39;
@@ -314,6 +315,76 @@ TEST(SetDelayForAllSteps, LeavesTheLastWithout) {
     EXPECT_EQ(macroOf(steps), (TestMacro{{1, 4, 0}, {0, 4, 0}, {1, 5, 0}}));
     setDelayForAllSteps({}, 5);
     setDelayForAllSteps(plist::Array::create(), 5);
+}
+
+TEST_F(Recording, AHeldEscapeIsTakenBackWithTheDelayThatItGave) {
+    start();
+    key(kA, true);
+    key(kA, false);
+    wait(700);
+    key(escapeKey, true);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kUsageA, 10}, {0, kUsageA, 1000}, {1, kUsageEscape, 0}}));
+    EXPECT_TRUE(recorder.isEscapeHeld());
+    recorder.takeBackEscape(steps);
+    EXPECT_FALSE(recorder.isEscapeHeld());
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kUsageA, 10}, {0, kUsageA, 0}}));
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(macroOf(steps).size(), 2U);
+}
+
+TEST_F(Recording, AHeldEscapeThatIsTheFirstStepLeavesTheMacroAsItWas) {
+    steps = stepsOf({{1, kUsageA, 20}, {0, kUsageA, 30}});
+    start();
+    key(escapeKey, true);
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kUsageA, 20}, {0, kUsageA, 30}}));
+    steps.removeAll();
+    start();
+    key(escapeKey, true);
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(macroOf(steps), TestMacro{});
+}
+
+TEST_F(Recording, AMacroThatIsFullLosesNoStepToAHeldEscape) {
+    fill(16);
+    start();
+    key(escapeKey, true);
+    EXPECT_TRUE(recorder.isEscapeHeld());
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(steps.size(), 16U);
+}
+
+TEST_F(Recording, EscapeIsNoLongerHeldAfterAnyOtherEvent) {
+    const auto isHeldAfter = [&](const auto& event) {
+        start();
+        key(escapeKey, true);
+        event();
+        return recorder.isEscapeHeld();
+    };
+    EXPECT_TRUE(isHeldAfter([] {}));
+    EXPECT_FALSE(isHeldAfter([&] { key(escapeKey, false); }));
+    EXPECT_FALSE(isHeldAfter([&] { key(kA, true); }));
+    EXPECT_FALSE(isHeldAfter([&] { modifiers(shiftModifier); }));
+    EXPECT_FALSE(isHeldAfter([&] { mouse(stepcodes::buttonsUp); }));
+    EXPECT_FALSE(isHeldAfter([&] { recorder.stop(); }));
+    EXPECT_FALSE(isHeldAfter([&] { start(); }));
+}
+
+TEST_F(Recording, EscapeIsHeldOnlyByItselfAndNotInARunOfOneStep) {
+    for (const std::uint16_t word : {shiftModifier, controlModifier, commandModifier, optionModifier}) {
+        start();
+        key(escapeKey, true, word);
+        EXPECT_FALSE(recorder.isEscapeHeld()) << word;
+    }
+    start();
+    key(escapeKey, true, capsLockModifier); // the lock stays on for hours
+    EXPECT_TRUE(recorder.isEscapeHeld());
+    start();
+    key(kA, true);
+    EXPECT_FALSE(recorder.isEscapeHeld());
+    start(true, 0);
+    key(escapeKey, true);
+    EXPECT_FALSE(recorder.isEscapeHeld());
 }
 
 } // namespace

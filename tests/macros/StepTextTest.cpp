@@ -36,6 +36,11 @@ TEST_F(StepText, AKeyIsNamed) {
     EXPECT_EQ(text(1, 0x28), u"Press return");
 }
 
+TEST_F(StepText, KeysOfThePcHaveTheirNames) {
+    EXPECT_EQ(text(1, 0x65), u"Press menu");
+    EXPECT_EQ(text(0, 0x53), u"Release num lock");
+}
+
 TEST_F(StepText, OfTheArgumentTheLowByteCounts) {
     EXPECT_EQ(text(1, 0xFF28), text(1, 0x28));
 }

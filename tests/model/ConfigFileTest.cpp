@@ -7,9 +7,11 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "model/ForkedChild.h"
 #include "model/KeptCopies.h"
 #include "model/ScriptedCalls.h"
 #include "model/Trees.h"
+#include "plist/Limits.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
 #include "support/Files.h"
@@ -214,7 +216,7 @@ TEST_F(ConfigFileTest, keepsOneCopyHoweverOftenTheSaveFails) {
     calls.failing = "chmod"; // of the replaced file alone
     for (int i = 0; i < 3; ++i)
         EXPECT_FALSE(file.save(settings(3)));
-    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
+    EXPECT_EQ(folder.names(), Names{"file.plist"}); // the copy is the file itself, which still has its name
     calls.failing.clear();
     EXPECT_TRUE(file.save(settings(3)));
     EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
@@ -232,16 +234,93 @@ TEST_F(ConfigFileTest, knowsItsOwnFileWhoseFolderCouldNotBeSynced) {
     EXPECT_EQ(folder.names(), Names{"file.plist"});
 }
 
-TEST_F(ConfigFileTest, remembersNothingOfAFileThatIsTooLarge) {
+TEST_F(ConfigFileTest, knowsALargeFileAgainWithoutHoldingIt) {
     const plist::Data large(ConfigFile::kMaxRemembered, 1);
     put(dict({{"large", large}, {"quorvi", settings(1)}}));
     ASSERT_TRUE(load());
+    EXPECT_FALSE(file.holdsAnotherTree(kVersion));
     ASSERT_TRUE(file.save(settings(2)));
     EXPECT_EQ(Value(content()), Value(dict({{"large", large}, {"quorvi", settings(2)}})));
-    put(dict({{"large", large}, {"quorvi", settings(3)}}));
     EXPECT_FALSE(file.holdsAnotherTree(kVersion));
+    put(dict({{"large", large}, {"quorvi", settings(3)}}));
+    EXPECT_TRUE(file.holdsAnotherTree(kVersion));
+    const auto theirs = readFile(path());
     ASSERT_TRUE(file.save(settings(4)));
+    EXPECT_EQ(Value(content()), Value(dict({{"large", large}, {"quorvi", settings(4)}})));
+    EXPECT_EQ(readFile(copy(1)), theirs);
+}
+
+TEST_F(ConfigFileTest, keepsWhatIsDamagedOfAnySize) {
+    const std::string damaged(std::size_t{2} << 20U, 'x');
+    writeFile(path(), damaged);
+    EXPECT_FALSE(load());
+    ASSERT_TRUE(file.save(settings(1)));
+    EXPECT_EQ(readFile(copy(1)), damaged);
+    EXPECT_EQ(file.takeKeptCopy(), std::nullopt); // that has been so from the start
+}
+
+TEST_F(ConfigFileTest, keepsWhatIsTooLargeToBeRead) {
+    writeFile(path(), "");
+    fs::resize_file(path(), plist::kMaxBytes + 1); // takes no room on the disk
+    EXPECT_FALSE(load());
+    ASSERT_TRUE(file.save(settings(1)));
+    EXPECT_EQ(fs::file_size(copy(1)), plist::kMaxBytes + 1);
+    EXPECT_EQ(content().dictionary("quorvi").dictionary("settings").integer("light"), 1);
+    ASSERT_TRUE(file.save(settings(2)));
+    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
+}
+
+// What a hard link would need the right to read for, a change of names does not.
+TEST_F(ConfigFileTest, keepsWhatItMayNotRead) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "needs a file of another user";
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_EQ(::chmod(path().c_str(), 0600), 0);
+    ASSERT_EQ(::chown(folder.path().c_str(), 65534, 65534), 0); // root's file in a folder of one's own
+    const auto old = readFile(path());
+    const auto saveTwice = [&] {
+        return !load() && file.save(settings(2)) && !file.takeKeptCopy() && file.save(settings(3)) &&
+               load().dictionary("settings").integer("light") == 3;
+    };
+    EXPECT_EQ(inChild(dropPrivileges, saveTwice), Outcome::Succeeded);
+    EXPECT_EQ(readFile(copy(1)), old);
+    EXPECT_EQ(modeOf(path()), 0600U);
+    EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"})); // once is enough
+}
+
+TEST_F(ConfigFileTest, saysWhatIsInTheWay) {
+    fs::create_directory(path());
+    EXPECT_FALSE(file.save(settings(1)));
+    EXPECT_EQ(file.error(), EISDIR);
+    fs::remove(path());
+    fs::create_symlink("file.plist", path());
+    EXPECT_FALSE(file.save(settings(1)));
+    EXPECT_EQ(file.error(), ELOOP);
+    fs::remove(path());
+    fs::create_symlink("/dev/null", path());
+    EXPECT_FALSE(file.save(settings(1)));
+    EXPECT_EQ(file.error(), ENXIO);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    fs::remove(path());
+    calls.failing = "write";
+    calls.error = ENOSPC;
+    EXPECT_FALSE(file.save(settings(1)));
+    EXPECT_EQ(file.error(), ENOSPC);
+    calls.failing.clear();
+    EXPECT_TRUE(file.save(settings(1)));
+    EXPECT_EQ(file.error(), 0);
     EXPECT_EQ(folder.names(), Names{"file.plist"});
+}
+
+TEST_F(ConfigFileTest, makesANewFileItsOwnersAloneWhateverTheMask) {
+    for (const mode_t mask : {0U, 0777U}) {
+        fs::remove(path());
+        const mode_t before = ::umask(mask);
+        const bool saved = file.save(settings(1));
+        ::umask(before);
+        EXPECT_TRUE(saved);
+        EXPECT_EQ(modeOf(path()), 0600U);
+    }
 }
 
 TEST_F(ConfigFileTest, savesNothingOfATreeThatNoPropertyListHoldsAndGoesOn) {
@@ -253,7 +332,16 @@ TEST_F(ConfigFileTest, savesNothingOfATreeThatNoPropertyListHoldsAndGoesOn) {
     EXPECT_EQ(Value(content()), Value(dict({{"other", 1}, {"quorvi", settings(2)}})));
 }
 
-class KeptCopies : public ConfigFileTest {};
+class KeptCopies : public ConfigFileTest {
+  protected:
+    /// Has a save keep the bytes; the copy's path.
+    std::optional<fs::path> keep(const std::string& bytes) {
+        if (!file.save(settings(0)))
+            return {};
+        writeFile(path(), bytes);
+        return file.save(settings(1)) ? file.takeKeptCopy() : std::nullopt;
+    }
+};
 
 TEST_F(KeptCopies, goOnCountingAndMakeRoomForTheNewest) {
     put(dict());
@@ -261,7 +349,7 @@ TEST_F(KeptCopies, goOnCountingAndMakeRoomForTheNewest) {
     for (const auto* name : others)
         writeFile(folder / name, name);
     for (int i = 1; i <= 12; ++i)
-        EXPECT_EQ(keepCopy(path(), std::to_string(i), calls), copy(i));
+        EXPECT_EQ(keep(std::to_string(i)), copy(i));
     EXPECT_FALSE(fs::exists(copy(2)));
     EXPECT_EQ(readFile(copy(3)), "3");
     EXPECT_EQ(readFile(copy(12)), "12");
@@ -270,13 +358,23 @@ TEST_F(KeptCopies, goOnCountingAndMakeRoomForTheNewest) {
         EXPECT_EQ(readFile(folder / name), name);
 }
 
+TEST_F(KeptCopies, areNotStoppedByTheHighestNumber) {
+    constexpr std::uint32_t highest = 4294967295;
+    for (std::uint32_t i = 0; i < kMaxKeptCopies; ++i)
+        writeFile(folder / ("file.kept-" + std::to_string(highest - i) + ".plist"), "theirs");
+    EXPECT_EQ(keep("a"), copy(1)); // and is not the one that makes room
+    EXPECT_EQ(readFile(copy(1)), "a");
+    EXPECT_EQ(keep("b"), copy(2));
+    EXPECT_EQ(folder.names().size(), 1 + kMaxKeptCopies);
+}
+
 TEST_F(KeptCopies, areOnTheDiskBeforeTheFileIsReplaced) {
     put(dict({{"quorvi", settings(1)}}));
     ASSERT_TRUE(load());
     put(dict({{"quorvi", settings(2)}}));
     ASSERT_TRUE(file.save(settings(3), Durability::later)); // also in a drag
-    EXPECT_EQ(calls.log, (ScriptedCalls::Log{"open", "write", "sync file", "close", "rename", "sync folder",
-                             "open", "write", "chmod", "close", "rename"}));
+    EXPECT_EQ(calls.log, (ScriptedCalls::Log{"open", "write", "chmod", "close", "sync file", "close",
+                             "rename", "rename", "sync folder"}));
 }
 
 } // namespace

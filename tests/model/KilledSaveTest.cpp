@@ -121,6 +121,10 @@ class SaveOfAProgram : public testing::TestWithParam<Scenario> {
     }
     /// The next start removes what the last one left, and its save succeeds.
     void expectANewStart(const Home& home) const {
+        // Who has changed nothing takes over what the other program has: so there is something to change.
+        if (GetParam() == Scenario::overAnotherProgramsSettings) {
+            EXPECT_EQ(home.run({}, 250).exitCode, 0);
+        }
         EXPECT_EQ(home.run({}, 1000).exitCode, 0);
         EXPECT_EQ(home.content(), renewed);
         const auto names = home.names();
@@ -180,7 +184,7 @@ bool isCallWithFiles(const Call& call) {
 /// What signals really interrupt.
 bool isRepeated(const Call& call) {
     static const std::set<std::string> repeated{
-        "close", "fchmod", "fchown", "fsync", "read", "renameat", "write"};
+        "close", "fchmod", "fchown", "fsync", "read", "renameat", "renameat2", "write"};
     return repeated.contains(call.name);
 }
 
@@ -203,8 +207,11 @@ TEST_P(SaveOfAProgram, oneCallOfWhichFailsSaysSoAndLeavesTheOldFileOrSavesAllThe
             EXPECT_TRUE(exitCode == 0 ? isNew : exitCode == 1 && (!isNew || call.name == "fsync"));
             EXPECT_TRUE(exitCode == 0 || error.number != EINTR || !isRepeated(call));
             const auto names = home.names();
-            EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), 0);
-            expectNothingLost(home);
+            // The old file has a temporary one's name in the end, and the removal of that may be what fails.
+            const bool stays = call.name == "unlinkat" && error.number != EINTR;
+            EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), stays ? 1 : 0);
+            if (!stays)
+                expectNothingLost(home);
             ++(exitCode == 0 ? saves : failures);
             expectANewStart(home);
         }

@@ -59,6 +59,10 @@ class ScriptedCalls : public FileCalls {
     int renameat(int folder, const char* from, const char* to) override {
         return fails("rename") ? -1 : FileCalls::renameat(folder, from, to);
     }
+    /// A change of names like any other.
+    int renameat2(int folder, const char* from, const char* to, unsigned flags) override {
+        return fails("rename") ? -1 : FileCalls::renameat2(folder, from, to, flags);
+    }
     int unlinkat(int folder, const char* name) override {
         return fails("unlink") ? -1 : FileCalls::unlinkat(folder, name);
     }

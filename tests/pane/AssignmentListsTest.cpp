@@ -163,18 +163,18 @@ class AssignmentListsTest : public QObject {
             QCOMPARE(titles(input), QStringList({"Press Key", "Run Macro", "Switch to Profile"}));
     }
 
-    void whatIsAssignedButGoneIsShownWithoutAName_data() {
+    void whatIsAssignedButGoneIsShownWithoutItsName_data() {
         QTest::addColumn<int>("command");
         QTest::addColumn<int>("param");
         QTest::addColumn<QString>("shown");
         QTest::newRow("profile 0") << 34 << 0 << "Profile: ";
         QTest::newRow("profile 3 of 2") << 34 << 3 << "Profile: ";
         QTest::newRow("negative profile") << 34 << -1 << "Profile: ";
-        QTest::newRow("macro") << 65 << 2 << "Macro: ";
-        QTest::newRow("negative macro") << 65 << -1 << "Macro: ";
+        QTest::newRow("macro") << 65 << 2 << "Macro: (missing)";
+        QTest::newRow("negative macro") << 65 << -1 << "Macro: (missing)";
     }
 
-    void whatIsAssignedButGoneIsShownWithoutAName() {
+    void whatIsAssignedButGoneIsShownWithoutItsName() {
         QFETCH(int, command);
         QFETCH(int, param);
         QFETCH(QString, shown);

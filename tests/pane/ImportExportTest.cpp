@@ -4,10 +4,13 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QMessageBox>
+#include <QScopeGuard>
 
 #include "model/ItemFile.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
+#include "platform/widgets/PopUpButton.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
 
@@ -69,6 +72,31 @@ class FilesFixture : public PaneFixture {
             qFatal("the file panel does not close");
         QCoreApplication::processEvents();
     }
+    /// What the window tells at its foot.
+    [[nodiscard]] QString told() const {
+        const auto* label = window->findChild<QLabel*>(QStringLiteral("textNotice"));
+        return label && label->isVisible() ? label->text() : QString();
+    }
+    void forgetWhatWasTold() const {
+        if (!told().isEmpty())
+            QTest::mouseClick(
+                window->findChild<QAbstractButton*>(QStringLiteral("buttonNotice")), Qt::LeftButton);
+    }
+    /// Opens the panel that exports the current profile, in the home folder.
+    void openExportPanel() const {
+        chooseInGearMenu(*this, kProfileGear, 13);
+        filePanel()->setDirectory(home.path());
+    }
+    /// Presses Return in the open panel, without a word.
+    void acceptPanel() const {
+        QTest::keyClick(outlet<QLineEdit>(filePanel(), "fileNameEdit"), Qt::Key_Return);
+        if (!QTest::qWaitFor([&] { return !hasFilePanel(); }, kWindowPatienceMs))
+            qFatal("the file panel does not close");
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QStringList exportedFiles() const {
+        return QDir(home.path()).entryList({QStringLiteral("*.quorvi*")}, QDir::Files);
+    }
     void cancelPanel(const QString& typedBefore = {}) const {
         QFileDialog* panel = filePanel();
         if (!typedBefore.isEmpty())
@@ -83,6 +111,11 @@ class FilesFixture : public PaneFixture {
 
 plist::Dictionary readFile(const QString& path) {
     return plist::readPropertyListFile(path.toStdString()).value.dictionary();
+}
+
+QByteArray readAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QByteArray deepArrays() {
@@ -119,6 +152,211 @@ class ImportExportTest : public QObject {
         fixture.chooseFile(fixture.path("out"));
         QVERIFY(plist::Value(readFile(fixture.path("out.quorviMacro"))) ==
                 plist::Value(PaneFixture::sampleTree().array("macros").dictionary(0)));
+    }
+
+    void anExportedFileGetsItsExtensionBehindOneThatLooksLikeOne() {
+        FilesFixture fixture(2);
+        for (const char* name : {"v1.2", "out.quorviMacro", "b.QUORVIPROFILE"}) {
+            fixture.openExportPanel();
+            fixture.chooseFile(QLatin1String(name));
+        }
+        QCOMPARE(fixture.exportedFiles(),
+            QStringList({"b.QUORVIPROFILE", "out.quorviMacro.quorviProfile", "v1.2.quorviProfile"}));
+    }
+
+    void aProposedNameWithADotGetsTheExtension() {
+        auto tree = PaneFixture::sampleTree();
+        tree.array("profiles").dictionary(0).set("name", u"v1.2");
+        FilesFixture fixture(2, tree);
+        fixture.openExportPanel();
+        fixture.acceptPanel();
+        QCOMPARE(fixture.exportedFiles(), QStringList("v1.2.quorviProfile"));
+    }
+
+    void aFolderOfTheNameIsNotInTheWay() {
+        FilesFixture fixture(2);
+        QVERIFY(QDir(fixture.home.path()).mkdir(QStringLiteral("Desk")));
+        const QString before = QDir::currentPath();
+        const auto back = qScopeGuard([&] { QDir::setCurrent(before); });
+        QDir::setCurrent(fixture.home.path()); // where Qt looks whether a name is a folder's
+        fixture.openExportPanel();
+        fixture.acceptPanel();
+        QCOMPARE(fixture.exportedFiles(), QStringList("Desk.quorviProfile"));
+        QVERIFY(QFile::remove(fixture.path("Desk.quorviProfile")));
+        fixture.openExportPanel();
+        fixture.chooseFile(QStringLiteral("Desk"));
+        QCOMPARE(fixture.exportedFiles(), QStringList("Desk.quorviProfile"));
+        QVERIFY(QDir(fixture.path("Desk")).isEmpty());
+    }
+
+    void aPathToAFolderStillLeadsThere() {
+        FilesFixture fixture(2);
+        QVERIFY(QDir(fixture.home.path()).mkdir(QStringLiteral("Desk")));
+        fixture.openExportPanel();
+        auto* name = outlet<QLineEdit>(fixture.filePanel(), "fileNameEdit");
+        name->setText(fixture.path("Desk/"));
+        QTest::keyClick(name, Qt::Key_Return);
+        QTRY_COMPARE(fixture.filePanel()->directory().path(), fixture.path("Desk"));
+        fixture.chooseFile(QStringLiteral("in"));
+        QVERIFY(QFile::exists(fixture.path("Desk/in.quorviProfile")));
+    }
+
+    void aFileOfTheCompletedNameIsReplacedOnlyWhenTheUserSaysSo() {
+        FilesFixture fixture(2);
+        const QString file = fixture.write("v1.2.quorviProfile", QByteArray("mine"));
+        fixture.openExportPanel();
+        bool asked = false;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, &timer, [&] {
+            if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                asked = true;
+                question->reject();
+            }
+        });
+        timer.start(5);
+        auto* name = outlet<QLineEdit>(fixture.filePanel(), "fileNameEdit");
+        name->setText(QStringLiteral("v1.2"));
+        QTest::keyClick(name, Qt::Key_Return);
+        QTRY_VERIFY(asked);
+        timer.stop();
+        fixture.cancelPanel();
+        QCOMPARE(readAll(file), QByteArray("mine"));
+    }
+
+    // A name in quotes is taken out of them only when the panel has closed.
+    void aFileThatNobodyAskedAboutIsNotReplaced() {
+        FilesFixture fixture(2);
+        const QString file = fixture.write("v1.2.quorviProfile", QByteArray("mine"));
+        fixture.openExportPanel();
+        fixture.chooseFile(QStringLiteral("\"v1.2\""));
+        QCOMPARE(readAll(file), QByteArray("mine"));
+        QCOMPARE(fixture.told(),
+            QStringLiteral("“Desk” was not exported: there is a file ~/v1.2.quorviProfile already."));
+    }
+
+    void aProposedNameCanBeTyped() {
+        auto tree = PaneFixture::sampleTree();
+        tree.array("profiles").dictionary(0).set("name", u"my \"best\"\none");
+        FilesFixture fixture(2, tree);
+        fixture.openExportPanel();
+        fixture.acceptPanel();
+        QCOMPARE(fixture.exportedFiles(), QStringList("my 'best' one.quorviProfile"));
+    }
+
+    void anExportSaysWhatItWroteAndWhere() {
+        FilesFixture fixture(2);
+        fixture.openExportPanel();
+        fixture.acceptPanel();
+        QCOMPARE(fixture.told(), QStringLiteral("The profile “Desk” was exported to ~/Desk.quorviProfile."));
+        fixture.selectTab(3);
+        fixture.selectRow(kMacros, 0);
+        chooseInGearMenu(fixture, kMacroGear, 23);
+        fixture.chooseFile(fixture.path("m"));
+        QCOMPARE(fixture.told(), QStringLiteral("The macro “Hello” was exported to ~/m.quorviMacro."));
+    }
+
+    void anExportThatFailsSaysWhy() {
+        FilesFixture fixture(2);
+        fixture.openExportPanel();
+        fixture.chooseFile(fixture.path("none/out"));
+        const auto why = std::make_error_code(std::errc::no_such_file_or_directory).message();
+        QCOMPARE(fixture.told(), QStringLiteral("“Desk” was not exported to ~/none/out.quorviProfile: ") +
+                                     QString::fromStdString(why));
+    }
+
+    void anImportSaysWhatCame() {
+        FilesFixture fixture(2);
+        fixture.pane->importProfileCompletion(fixture.write(
+            "in.quorviProfile", plist::Value(PaneFixture::sampleTree().array("profiles").dictionary(0))));
+        QCOMPARE(fixture.told(), QStringLiteral("The profile “Desk 2” was imported."));
+        fixture.pane->importMacroCompletion(fixture.write(
+            "in.quorviMacro", plist::Value(PaneFixture::sampleTree().array("macros").dictionary(0))));
+        QCOMPARE(fixture.told(), QStringLiteral("The macro “Hello 2” was imported."));
+    }
+
+    void anImportThatFailsSaysWhy_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("ofProfile");
+        QTest::addColumn<QString>("ofMacro");
+        const QString damaged = QStringLiteral("it is damaged or of another kind.");
+        const QString large = QStringLiteral("it is too large.");
+        const QByteArray macro = "<plist><dict><key>name</key><string>m</string><key>steps</key><array>";
+        const QByteArray end = "</array></dict></plist>";
+        const QByteArray step = "<dict/>";
+        QTest::newRow("empty") << QByteArray() << damaged << damaged;
+        QTest::newRow("cut short") << QByteArray("<plist><dict><key>ledstate</key>") << damaged << damaged;
+        QTest::newRow("something else") << QByteArray("<plist><dict/></plist>") << "it holds no profile."
+                                        << "it holds no macro.";
+        QTest::newRow("17 steps") << macro + step.repeated(17) + end << "it holds no profile."
+                                  << "its macro has more than 16 steps.";
+        QTest::newRow("20,000 steps") << macro + step.repeated(20000) + end << large << large;
+        QTest::newRow("a million steps") << macro + step.repeated(1000000) + end << large << large;
+    }
+
+    void anImportThatFailsSaysWhy() {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, ofProfile);
+        QFETCH(QString, ofMacro);
+        FilesFixture fixture(2);
+        const QString file = fixture.write("in", content);
+        fixture.pane->importProfileCompletion(file);
+        QCOMPARE(fixture.told(), QStringLiteral("~/in was not imported: ") + ofProfile);
+        fixture.pane->importMacroCompletion(file);
+        QCOMPARE(fixture.told(), QStringLiteral("~/in was not imported: ") + ofMacro);
+        fixture.pane->importMacroCompletion(fixture.path("missing"));
+        QCOMPARE(fixture.told(), QStringLiteral("~/missing was not imported: it cannot be read."));
+        QVERIFY(plist::Value(fixture.pane->deviceConfig()) == plist::Value(PaneFixture::sampleTree()));
+    }
+
+    void anImportIntoAFullListSaysSo() {
+        auto tree = PaneFixture::sampleTree();
+        const auto profile = plist::Value(tree.array("profiles").dictionary(0));
+        const auto macro = plist::Value(tree.array("macros").dictionary(0));
+        while (tree.array("profiles").size() < 5)
+            tree.array("profiles").append(PaneFixture::sampleTree().array("profiles").dictionary(0));
+        while (tree.array("macros").size() < 12)
+            tree.array("macros").append(PaneFixture::sampleTree().array("macros").dictionary(0));
+        FilesFixture fixture(2, tree);
+        fixture.pane->importProfileCompletion(fixture.write("p", profile));
+        QCOMPARE(fixture.told(),
+            QStringLiteral("~/p was not imported: there are 5 profiles already, which is the most."));
+        fixture.pane->importMacroCompletion(fixture.write("m", macro));
+        QCOMPARE(fixture.told(),
+            QStringLiteral("~/m was not imported: there are 12 macros already, which is the most."));
+        QCOMPARE(fixture.pane->deviceConfig().array("macros").size(), 12U);
+        QVERIFY(fixture.commandsBecome({}));
+    }
+
+    void aProfileWhoseMacrosAreNotThereIsImportedAndSaysSo() {
+        FilesFixture fixture(2);
+        const auto profile = PaneFixture::sampleTree().array("profiles").dictionary(0);
+        const auto run = [](int macro) {
+            auto assignment = plist::Dictionary::create();
+            assignment.set("command", 65);
+            assignment.set("param1", macro);
+            assignment.set("string", u"Gone");
+            return assignment;
+        };
+        profile.dictionary("buttons").set("04", run(44));
+        profile.dictionary("buttons").set("05", run(3));
+        profile.dictionary("buttons").set("09", run(45));
+        fixture.pane->importProfileCompletion(fixture.write("in", plist::Value(profile)));
+        QCOMPARE(fixture.told(),
+            QStringLiteral(
+                "The profile “Desk 2” was imported. Buttons that run a macro which is not there: 4, 9"));
+        fixture.forgetWhatWasTold();
+        fixture.selectTab(0);
+        QCOMPARE(
+            fixture.find<PopUpButton>("quorviMenuTop4")->currentText(), QStringLiteral("Macro: (missing)"));
+        QCOMPARE(fixture.find<PopUpButton>("quorviMenuTop5")->currentText(), QStringLiteral("Macro: World"));
+    }
+
+    void aNameThatTurnsTextsIsIsolatedInWhatIsTold() {
+        FilesFixture fixture(2);
+        const auto profile = PaneFixture::sampleTree().array("profiles").dictionary(0);
+        profile.set("name", u"a\u202Eb ^1");
+        fixture.pane->importProfileCompletion(fixture.write("in", plist::Value(profile)));
+        QCOMPARE(fixture.told(), QString::fromUtf8("The profile “\u2068ab ^1\u2069” was imported."));
     }
 
     void aNameWithASlashIsNoPath() {
@@ -267,7 +505,7 @@ class ImportExportTest : public QObject {
     }
 
     void aMacroWithTenThousandStepsAndOddOnesIsShownAndRemoved() {
-        FilesFixture fixture(3);
+        auto tree = PaneFixture::sampleTree();
         auto macro = plist::Dictionary::create();
         auto steps = plist::Array::create();
         for (int number = 0; number < 10000; ++number) {
@@ -280,9 +518,11 @@ class ImportExportTest : public QObject {
         macro.set("name", std::u16string(500000, u'字'));
         macro.set("steps", steps);
         macro.set("macroid", u"none");
-        fixture.pane->importMacroCompletion(fixture.write("in", plist::Value(macro)));
+        tree.array("macros").append(macro);
+        FilesFixture fixture(3, tree);
+        fixture.selectRow(kMacros, 2);
         QCOMPARE(fixture.find<KyvarQuorviTableView>("quorviTableSteps")->model()->rowCount(), 10001);
-        QCOMPARE(shownIn(fixture, kMacros, 0).at(2), QString(20, QChar(u'字')));
+        QCOMPARE(shownIn(fixture, kMacros, 0).at(2), QString(80, QChar(u'字')) + QChar(0x2026));
         fixture.pane->setDelayForAllSteps(50);
         clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonOK");
         fixture.click("quorviButtonMacroRemove");

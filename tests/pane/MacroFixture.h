@@ -3,7 +3,11 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QWindow>
+
+#include <utility>
+#include <vector>
 
 #include "assignment/EventPatch.h"
 #include "pane/ListTools.h"
@@ -16,7 +20,7 @@ inline constexpr int kMacrosTab = 3;
 
 /// Scan codes of keys.
 namespace scancodes {
-constexpr quint32 x = 53, a = 38, b = 56, enter = 36, shift = 50, capsLock = 66;
+constexpr quint32 x = 53, a = 38, b = 56, enter = 36, shift = 50, capsLock = 66, escape = 9;
 }
 
 /// A step as the tests write it: command, argument, delay.
@@ -30,6 +34,9 @@ class MacroFixture : public PaneFixture {
     explicit MacroFixture(const QStringList& steps = {}, PaneOptions options = {})
         : PaneFixture([&] {
               options.clock = [this] { return now; };
+              options.callLater = [this](double seconds, QObject* context, std::function<void()> action) {
+                  m_calls.push_back({now + seconds, context, std::move(action)});
+              };
               return options;
           }()) {
         gLastEventModifiers = 0;
@@ -73,7 +80,16 @@ class MacroFixture : public PaneFixture {
     [[nodiscard]] QStringList shownSteps() const { return shownIn(*this, kStepsTable, 0); }
     [[nodiscard]] QStringList shownDelays() const { return shownIn(*this, kStepsTable, 1); }
 
-    void wait(int milliseconds) { now += milliseconds / 1000.0; }
+    /// That much time passes, and what was to be called by its end is.
+    void wait(int milliseconds) {
+        now += milliseconds / 1000.0;
+        for (const LaterCall& call : std::exchange(m_calls, {})) {
+            if (call.time > now)
+                m_calls.push_back(call);
+            else if (call.context)
+                call.action();
+        }
+    }
 
     /// Sends the event to the window; whether it was accepted.
     bool send(QEvent::Type type, quint32 scanCode, quint32 keysym = 0, quint32 state = 0,
@@ -110,6 +126,14 @@ class MacroFixture : public PaneFixture {
     }
 
     double now = 1000.0;
+
+  private:
+    struct LaterCall {
+        double time;
+        QPointer<QObject> context;
+        std::function<void()> action;
+    };
+    std::vector<LaterCall> m_calls;
 };
 
 } // namespace quorvi::test

@@ -57,17 +57,21 @@ plist::Dictionary macro(const char16_t* name, std::int32_t id) {
 PaneFixture::PaneFixture(const PaneOptions& options) {
     if (options.helper)
         helper = std::make_unique<RecordingHelper>();
+    auto recording = std::make_unique<RecordingWorkspace>(opened);
+    workspace = recording.get();
+    workspace->canLaunch = options.canLaunch;
     const auto executableOf = [](const std::string& path) { return path + "/program"; };
     pane = std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(options.bundlePath),
         .homeFolder = home.path().toStdString(),
         .files = options.files,
         .bus = options.bus ? EventBus::connect() : nullptr,
-        .workspace = std::make_unique<RecordingWorkspace>(opened),
+        .workspace = std::move(recording),
         .loginItems = std::make_unique<AutostartLoginItemStore>(
             home.filePath(QStringLiteral("autostart")).toStdString(), executableOf),
         .watchKeyboardLayout = options.watchKeyboardLayout,
         .clock = options.clock,
+        .callLater = options.callLater,
     });
     window = std::make_unique<QWidget>();
     auto* layout = new QVBoxLayout(window.get());

@@ -16,25 +16,35 @@ namespace quorvi::test {
 class RecordingWorkspace final : public Workspace {
   public:
     explicit RecordingWorkspace(QStringList& log) : m_log(log) {}
-    void launchApplication(const QString& bundlePath) override {
+    bool launchApplication(const QString& bundlePath, std::function<void()> ended) override {
         m_log << QStringLiteral("launch ") + bundlePath;
+        m_ended = std::move(ended);
+        return canLaunch;
     }
+    /// The application that was launched last has ended.
+    void endLaunched() const { m_ended(); }
+
+    bool canLaunch = true; ///< applications start, and do not end by themselves
+
     void openUrl(const QString& address) override { m_log << QStringLiteral("url ") + address; }
     void openFile(const QString& path) override { m_log << QStringLiteral("file ") + path; }
 
   private:
     QStringList& m_log;
+    std::function<void()> m_ended;
 };
 
 /// What the fixture is made with; the rest is as the plug-in makes it.
 struct PaneOptions {
-    bool helper = true; ///< a recording helper runs before the panel is made
-    bool bus = true;    ///< there is a session bus
+    bool helper = true;    ///< a recording helper runs before the panel is made
+    bool bus = true;       ///< there is a session bus
+    bool canLaunch = true; ///< a helper that is launched starts, and does nothing
     /// Makes what the panel follows the keyboard layout by; without one, no layout is known.
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
     FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
     std::function<double()> clock = steadySeconds;
+    std::function<void(double, QObject*, std::function<void()>)> callLater = callAfterSeconds;
 };
 
 class PaneFixture {
@@ -78,6 +88,7 @@ class PaneFixture {
 
     QTemporaryDir home;
     QStringList opened;
+    RecordingWorkspace* workspace = nullptr; ///< the pane's
     std::unique_ptr<RecordingHelper> helper;
     std::unique_ptr<QWidget> window;
     std::unique_ptr<KyvarQuorviPane> pane;

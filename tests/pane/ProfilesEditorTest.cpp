@@ -121,6 +121,21 @@ class ProfilesEditorTest : public QObject {
         QTRY_COMPARE(shownIn(fixture, kTable, 1), QStringList({"Desk", "Spiel"}));
     }
 
+    void theFirstProfilesNameDoesNotOpenForEditing() {
+        ProfilesFixture fixture;
+        fixture.selectProfile(0);
+        auto* view = fixture.find<KyvarQuorviTableView>(kTable);
+        const QPoint name = cellOf(fixture, kTable, 0, 1).center();
+        QTest::keyClick(view, Qt::Key_F2);
+        QVERIFY(!view->isEditing());
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, name);
+        QVERIFY(!view->isEditing());
+        view->editCell(1, 0);
+        QVERIFY(!view->isEditing());
+        view->editCell(1, 1);
+        QVERIFY(view->isEditing());
+    }
+
     void renamingToTheOwnNameKeepsItAndTheFirstProfileKeepsItsNameAlways() {
         ProfilesFixture fixture;
         fixture.pane->setObjectValue(QStringLiteral("Game"), 12, 1);
@@ -301,6 +316,18 @@ class ProfilesEditorTest : public QObject {
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, box.center());
         QVERIFY(!profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").boolean("autoswitch"));
         QVERIFY(fixture.commandsBecome({}));
+    }
+
+    void aClickBesideTheBoxChoosesTheRowAndLeavesTheBox() {
+        ProfilesFixture fixture;
+        auto* view = fixture.find<KyvarQuorviTableView>(kTable);
+        const QRect cell = cellOf(fixture, kTable, 1, 3);
+        QTest::mouseClick(
+            view->viewport(), Qt::LeftButton, {}, cell.center() + QPoint(cell.width() / 2 - 3, 0));
+        QCOMPARE(fixture.selectedRow(kTable), 1);
+        QCOMPARE(fixture.pane->profileIndex(), 1);
+        QVERIFY(!profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").boolean("autoswitch"));
+        QVERIFY(fixture.commandsBecome({"KyPR 1"}));
     }
 
     void whatIsNotSavedAtOnceIsSavedWhenThePaneIsHidden() {

@@ -120,6 +120,77 @@ class RecordingEndTest : public QObject {
         QCOMPARE(fixture.savedSteps(), kRecorded);
     }
 
+    void holdingEscapeEndsItAndIsNotInIt() {
+        RunningFixture fixture;
+        fixture.wait(500);
+        fixture.press(scancodes::escape);
+        fixture.wait(1499);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps().size(), 3);
+        fixture.wait(1);
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press a", "Release a"}));
+        QCOMPARE(fixture.selectedRow(kStepsTable), 1);
+        QVERIFY(fixture.hasEnded());
+        QVERIFY(fixture.commandsBecome(kMessages));
+    }
+
+    void theEscapeThatHasEndedItIsNotTheHosts() {
+        RunningFixture fixture;
+        fixture.press(scancodes::escape);
+        fixture.wait(1500);
+        Listener listener(fixture.window.get());
+        QVERIFY(fixture.send(QEvent::KeyPress, scancodes::escape, 0, 0, true));
+        QVERIFY(fixture.send(QEvent::KeyRelease, scancodes::escape));
+        QCOMPARE(listener.presses, 0);
+        fixture.press(scancodes::escape);
+        QCOMPARE(listener.presses, 1);
+    }
+
+    void anEscapeThatRepeatsWhileItIsHeldEndsItAsWell() {
+        RunningFixture fixture;
+        fixture.press(scancodes::escape);
+        for (int count = 0; count < 15; ++count) {
+            fixture.wait(100);
+            QVERIFY(fixture.send(QEvent::KeyPress, scancodes::escape, 0, 0, true));
+        }
+        QVERIFY(fixture.hasEnded());
+    }
+
+    void anEscapeThatIsPressedShortlyIsRecordedAsEver() {
+        MacroFixture fixture;
+        fixture.record();
+        fixture.press(scancodes::escape);
+        fixture.wait(1400);
+        fixture.release(scancodes::escape);
+        fixture.wait(60000);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        fixture.tap(scancodes::a);
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press Esc", "Release Esc", "Press a", "Release a"}));
+    }
+
+    void anEscapeThatIsHeldWithAnotherKeyIsRecordedAsEver() {
+        MacroFixture fixture;
+        fixture.record();
+        fixture.press(scancodes::escape);
+        fixture.wait(500);
+        fixture.press(scancodes::a);
+        fixture.wait(5000);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.shownSteps(), QStringList({"Press Esc", "Press a"}));
+    }
+
+    void anEscapeHeldBeyondTheEndEndsNoLaterRecording() {
+        MacroFixture fixture;
+        fixture.record();
+        fixture.press(scancodes::escape);
+        fixture.record();
+        fixture.record();
+        fixture.wait(60000);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), QStringList("1 41 0"));
+    }
+
     void theKeyThatIsDownThenIsStillNotTheHosts() {
         MacroFixture fixture;
         fixture.record();

@@ -22,6 +22,7 @@ bool standsOnItsGround(QLabel& label) {
 
 constexpr const char* kState = "textRecording";
 constexpr const char* kRecord = "quorviButtonStepRecord";
+const QString kHowToEnd = QStringLiteral(" \u00B7 hold Esc to stop");
 
 /// What a screen reader would be told of the objects: "name: event".
 QStringList told;
@@ -51,13 +52,13 @@ class RecordingStateTest : public QObject {
         MacroFixture fixture(stepsToFill(13));
         QCOMPARE(fixture.text(kState), QString());
         fixture.record();
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 3 steps left"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 3 steps left") + kHowToEnd);
         fixture.tap(scancodes::a);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 1 step left"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 1 step left") + kHowToEnd);
         fixture.press(scancodes::b);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
         fixture.release(scancodes::b);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
         fixture.record();
         QCOMPARE(fixture.text(kState), QString());
     }
@@ -65,7 +66,7 @@ class RecordingStateTest : public QObject {
     void aMacroThatIsTooLongHasNoStepsLeft() {
         MacroFixture fixture(stepsToFill(20));
         fixture.record();
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
     }
 
     void forOneStepTheStateSaysWhichIsReplaced() {
@@ -123,7 +124,7 @@ class RecordingStateTest : public QObject {
         QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));
         QVERIFY(contains(kState, QAccessible::Alert));
         QVERIFY(button->hasFocus());
-        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 16 steps left"));
+        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 16 steps left") + kHowToEnd);
         told.clear();
         fixture.press(scancodes::a);
         QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));

@@ -13,6 +13,9 @@ namespace {
 constexpr quint32 kShiftSymbol = 0xffe1;
 constexpr quint32 kCapsLockSymbol = 0xffe5;
 constexpr quint32 kShiftState = 0x1;
+constexpr quint32 kControl = 37;
+constexpr quint32 kControlSymbol = 0xffe3;
+constexpr quint32 kControlState = 0x4;
 constexpr quint32 kLockState = 0x2;
 
 const QStringList kFourSteps{"1 4 300", "0 4 500", "1 5 20", "0 5 0"};
@@ -208,17 +211,34 @@ class RecordingTest : public QObject {
         QVERIFY(!QApplication::activePopupWidget());
     }
 
-    void aModifierFromBeforeThatIsLetGoEndsARunForOneStepAndIsNotRecorded() {
+    void aModifierFromBeforeThatIsLetGoIsNoStepOfARunForOneStep() {
         MacroFixture fixture(kFourSteps);
         fixture.selectStep(0);
         fixture.press(scancodes::shift, kShiftSymbol);
         fixture.chooseForSteps(32);
+        QVERIFY(fixture.send(QEvent::KeyRelease, scancodes::shift, kShiftSymbol, kShiftState));
         QVERIFY(fixture.pane->isRecordingMacro());
-        fixture.release(scancodes::shift, kShiftSymbol, kShiftState);
-        QVERIFY(!fixture.pane->isRecordingMacro());
         QCOMPARE(fixture.steps(), kFourSteps);
         QCOMPARE(fixture.selectedRow(kStepsTable), 0);
+        fixture.press(scancodes::x);
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), QStringList({"1 27 300", "0 27 500", "1 5 20", "0 5 0"}));
         QVERIFY(fixture.commandsBecome({"KyDM 1", "KyDM 0", "KyPR 0"}));
+    }
+
+    void ofTwoModifiersFromBeforeNeitherIsAStepOfARunForOneStep() {
+        MacroFixture fixture(kFourSteps);
+        fixture.selectStep(0);
+        fixture.press(scancodes::shift, kShiftSymbol);
+        fixture.press(kControl, kControlSymbol, kShiftState);
+        fixture.chooseForSteps(32);
+        fixture.release(scancodes::shift, kShiftSymbol, kShiftState | kControlState);
+        fixture.release(kControl, kControlSymbol, kControlState);
+        QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps(), kFourSteps);
+        fixture.press(scancodes::shift, kShiftSymbol);
+        QVERIFY(!fixture.pane->isRecordingMacro());
+        QCOMPARE(fixture.steps().mid(0, 2), QStringList({"1 225 300", "0 225 500"}));
     }
 
     void aModifierFromBeforeThatIsLetGoDoesNotEndALongerRun() {

@@ -17,6 +17,7 @@
 #include "pane/PaneTestMain.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "plist/DeepCopy.h"
 #include "support/Files.h"
 #include "support/SliderTools.h"
 
@@ -30,6 +31,13 @@ namespace {
 plist::Dictionary dark() {
     const auto tree = PaneFixture::sampleTree();
     tree.array("profiles").dictionary(0).set("ledstate", 0);
+    return tree;
+}
+
+/// The same with another name for the second profile.
+plist::Dictionary darkAndRenamed(const char16_t* name = u"Theirs") {
+    const auto tree = dark();
+    tree.array("profiles").dictionary(1).set("name", name);
     return tree;
 }
 
@@ -68,10 +76,10 @@ class Open : public PaneFixture {
         return find<KyvarQuorviTableView>("quorviTableProfiles");
     }
     /// Renames the second profile, which is left to the next action to save.
-    void rename() const {
+    void rename(const QString& name = QStringLiteral("Mine")) const {
         selectTab(2);
         profiles()->editCell(1, 1);
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Mine"));
+        QTest::keyClicks(QApplication::focusWidget(), name);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
 };
@@ -270,11 +278,7 @@ class SettingsFollowingTest : public QObject {
             panel.pane->startStopRecording(true, false);
             stayed = writeAndStay() && panel.pane->isRecordingMacro();
             panel.pane->startStopRecording(false, false); // saves what was recorded
-            QVERIFY(stayed);
-            QVERIFY(panel.notice());
-            QCOMPARE(
-                storedTree("quorvi", panel.copy(1)).array("profiles").dictionary(0).integer("ledstate"), 0);
-            return;
+            QCOMPARE(panel.savedSettings().array("profiles").dictionary(0).integer("ledstate"), 0);
         }
         QVERIFY(stayed);
         QVERIFY(panel.hasFollowed()); // when it is over
@@ -296,17 +300,71 @@ class SettingsFollowingTest : public QObject {
         const auto profiles = panel.savedSettings().array("profiles");
         QCOMPARE(profiles.dictionary(1).string("name"), std::u16string(u"Mine"));
         QCOMPARE(profiles.dictionary(1).integer("ledstate"), 1); // the renamed profile is the current one
-        QCOMPARE(readFile(panel.copy(1)), theirs);
+        QCOMPARE(
+            profiles.dictionary(0).integer("ledstate"), 0); // and the other program's change is there too
+        QVERIFY(panel.names() == kFileAlone);
+        QVERIFY(!panel.notice());
         // From now on it follows again.
-        panel.writeSettings(dark());
+        const auto tree = panel.savedSettings();
+        tree.array("profiles").dictionary(1).set("ledstate", 0);
+        panel.writeSettings(tree);
         QVERIFY(panel.hasFollowed());
-        QVERIFY(!fs::exists(panel.copy(2)));
+        QVERIFY(panel.names() == kFileAlone);
+    }
+
+    void aChangeThatNoFileHasYetIsSavedBeforeAListReadsTheFile() {
+        Open panel;
+        panel.rename();
+        panel.helper->sendDeviceList(1);
+        QVERIFY(panel.commandsBecome({"KyPR 1"}));
+        QCOMPARE(
+            panel.savedSettings().array("profiles").dictionary(1).string("name"), std::u16string(u"Mine"));
+        QCOMPARE(panel.pane->deviceConfig().array("profiles").dictionary(1).string("name"),
+            std::u16string(u"Mine"));
+    }
+
+    void changesOfBothAreInTheFileAndInTheWindow() {
+        Open panel;
+        panel.selectTab(4);
+        const auto tree = dark();
+        tree.array("profiles").dictionary(1).set("name", u"Theirs");
+        panel.writeSettings(tree);
+        panel.click("quorviBoxLightOnBattery"); // before it hears of that
+        const auto saved = panel.savedSettings().array("profiles");
+        QCOMPARE(saved.dictionary(0).integer("ledstate"), 0);
+        QCOMPARE(saved.dictionary(1).string("name"), std::u16string(u"Theirs"));
+        QVERIFY(panel.hasFollowed());
+        QVERIFY(panel.names() == kFileAlone);
+        QVERIFY(!panel.notice());
+        // The handles are those of the tree that is saved.
+        panel.click("quorviBoxLightOnWheel");
+        QCOMPARE(panel.savedSettings().array("profiles").dictionary(0).integer("ledstate"), 1);
+        QCOMPARE(
+            panel.savedSettings().array("profiles").dictionary(1).string("name"), std::u16string(u"Theirs"));
+    }
+
+    void aProfileThatAnotherProgramAddsIsThereBesideTheOnesOwn() {
+        Open panel;
+        const auto tree = PaneFixture::sampleTree();
+        const auto added = plist::mutableDeepCopy(tree.array("profiles").dictionary(0));
+        added.set("name", u"Theirs");
+        tree.array("profiles").append(added);
+        panel.selectTab(2);
+        panel.writeSettings(tree);
+        panel.pane->actionButtonProfileAdd(); // before it hears of that
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        const auto saved = panel.savedSettings().array("profiles");
+        QCOMPARE(saved.size(), std::size_t(4));
+        QCOMPARE(saved.dictionary(3).string("name"), std::u16string(u"Theirs"));
+        QCOMPARE(panel.pane->profileIndex(), 2); // the new one of its own
+        QTRY_COMPARE(panel.profiles()->model()->rowCount(), 4);
+        QCOMPARE(panel.selectedRow("quorviTableProfiles"), 2);
     }
 
     void theUserIsToldWithoutASheetWhereTheOthersAre() {
         Open panel;
         panel.rename();
-        panel.writeSettings(dark());
+        panel.writeSettings(darkAndRenamed());
         panel.selectTab(4);
         panel.click("quorviBoxLightOnBattery");
         QVERIFY(panel.notice());
@@ -318,8 +376,8 @@ class SettingsFollowingTest : public QObject {
         QVERIFY(!fs::exists(panel.copy(2)));
         panel.click("buttonNotice");
         QVERIFY(!panel.notice());
-        panel.rename();
-        panel.writeSettings(dark());
+        panel.rename(QStringLiteral("Mine too"));
+        panel.writeSettings(darkAndRenamed(u"Others"));
         panel.selectTab(4);
         panel.click("quorviBoxLightOnBattery");
         QVERIFY(panel.notice());
@@ -333,7 +391,7 @@ class SettingsFollowingTest : public QObject {
         QCoreApplication::processEvents(); // its notes say how high they are when they are shown
         const QSize smallest = view.minimumSizeHint();
         panel.rename();
-        panel.writeSettings(dark());
+        panel.writeSettings(darkAndRenamed());
         panel.selectTab(4);
         panel.click("quorviBoxLightOnBattery");
         QVERIFY(panel.notice());

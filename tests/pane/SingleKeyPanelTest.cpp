@@ -21,6 +21,9 @@ struct Key {
     quint32 keysym;
 };
 constexpr Key kF5{Qt::Key_F5, 71, 0xFFC2};
+constexpr Key kF16{0x0100003F, 194, 0xFFCD};
+constexpr Key kMenu{Qt::Key_Menu, 135, 0xFF67};
+constexpr Key kNumLock{Qt::Key_NumLock, 77, 0xFF7F};
 constexpr Key kShift{Qt::Key_Shift, 50, 0xFFE1};
 constexpr Key kReturn{Qt::Key_Return, 36, 0xFF0D};
 
@@ -69,6 +72,9 @@ class SingleKeyPanelTest : public QObject {
         QTest::addColumn<int>("usage");
         QTest::newRow("key") << kF5.qtKey << kF5.scanCode << kF5.keysym << "F5" << 62;
         QTest::newRow("modifier alone") << kShift.qtKey << kShift.scanCode << kShift.keysym << "Shift" << 225;
+        QTest::newRow("menu key") << kMenu.qtKey << kMenu.scanCode << kMenu.keysym << "Menu" << 0x65;
+        QTest::newRow("Num Lock") << kNumLock.qtKey << kNumLock.scanCode << kNumLock.keysym << "Num Lock"
+                                  << 0x53;
         QTest::newRow("default button's")
             << kReturn.qtKey << kReturn.scanCode << kReturn.keysym << "Return" << 40;
     }
@@ -93,6 +99,20 @@ class SingleKeyPanelTest : public QObject {
         QVERIFY(fixture.savedInputIs(3, {{"command", 49}, {"param1", usage}, {"param2", 0}}));
         QCOMPARE(fixture.shown(3), "Press Key " + name);
         QVERIFY(!fixture.sheetIsUp());
+    }
+
+    void aKeyThatTheMouseCannotPressLeavesTheAssignedOne() {
+        KeyFixture fixture;
+        fixture.openWithInput(3, {{"command", 49}, {"param1", 62}, {"param2", 0}});
+        QStringList shown;
+        fixture.askForKey(3, [&](QDialog* sheet) {
+            press(sheet, kF16);
+            shown << shownKey(sheet);
+            answer(sheet, true);
+        });
+        QVERIFY(fixture.commandsBecome({"KyPR 0"}));
+        QCOMPARE(shown, QStringList("F5"));
+        QVERIFY(fixture.savedInputIs(3, {{"command", 49}, {"param1", 62}, {"param2", 0}}));
     }
 
     void withoutAKeyOrOKEverythingStays_data() {

@@ -42,6 +42,29 @@ void connectNothing(PaneFixture& fixture) {
     fixture.helper->forget();
 }
 
+/// Values that the key of a tree cannot have, and the empty ones of those that it can.
+std::vector<plist::Value> valuesOfEveryOtherType(const QByteArray& key) {
+    std::vector<plist::Value> values{
+        u"text", plist::Data{1, 2}, plist::Array::create(), plist::Dictionary::create()};
+    // A number of any type is a version.
+    if (key != "firmware")
+        values.insert(values.end(), {7, true, 1.5});
+    return values;
+}
+
+/// What the window shows of each part of the tree.
+QString summaryOf(const PaneFixture& fixture) {
+    const auto rows = [&](const char* table) {
+        return fixture.find<KyvarQuorviTableView>(table)->model()->rowCount();
+    };
+    return QStringLiteral("%1, row %2 of %3, %4 macros, %5")
+        .arg(fixture.text("quorviTextProfile"))
+        .arg(fixture.selectedRow("quorviTableProfiles"))
+        .arg(rows("quorviTableProfiles"))
+        .arg(rows("quorviTableMacros"))
+        .arg(fixture.text("quorviTextFirmwareVersion"));
+}
+
 } // namespace
 
 class SynchronisationTest : public QObject {
@@ -355,18 +378,21 @@ class SynchronisationTest : public QObject {
 
     void valuesOfEveryWrongTypeAreShownAsNothing_data() {
         QTest::addColumn<QByteArray>("key");
-        for (const char* key : {"settings", "profiles", "macros", "firmware"})
-            QTest::newRow(key) << QByteArray(key);
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("settings") << QByteArray("settings") << "Default Profile, row -1 of 2, 0 macros, 1.05";
+        QTest::newRow("profiles") << QByteArray("profiles") << "Default Profile, row -1 of 0, 0 macros, 1.05";
+        QTest::newRow("macros") << QByteArray("macros") << "Desk, row 0 of 2, 0 macros, 1.05";
+        QTest::newRow("firmware") << QByteArray("firmware") << "Desk, row 0 of 2, 2 macros, 0.00";
     }
 
     void valuesOfEveryWrongTypeAreShownAsNothing() {
         QFETCH(QByteArray, key);
-        for (const plist::Value& wrong : {plist::Value(u"text"), plist::Value(7), plist::Value(true),
-                 plist::Value(1.5), plist::Value(plist::Data{1, 2}), plist::Value(plist::Array::create()),
-                 plist::Value(plist::Dictionary::create())}) {
+        QFETCH(QString, shown);
+        for (const plist::Value& wrong : valuesOfEveryOtherType(key)) {
             PaneFixture fixture;
             fixture.openWith(sampleWith(key.toStdString(), wrong));
             fixture.pane->updateUI();
+            QCOMPARE(summaryOf(fixture), shown);
         }
     }
 };

@@ -183,6 +183,23 @@ TEST(WriterBounds, AreTheReadersForTheNumberOfValuesAndKeys) {
     EXPECT_FALSE(agreeOnDictionaries((kMaxNodes - 1) / 3 + 1));
 }
 
+/// A UID is one value of a tree, and a dictionary with a key and a number in the text.
+bool agreeOnUids(std::size_t count) {
+    Binary file;
+    file.add("\x80\x07");
+    const Value uid = read(file.bytes());
+    const auto array = Array::create();
+    for (std::size_t i = 0; i < count; ++i)
+        array.append(uid);
+    const std::string text = "\t<dict>\n\t\t<key>CF$UID</key>\n\t\t<integer>7</integer>\n\t</dict>\n";
+    return agreeOn(array, xmlOf("<array>\n" + repeated(text, count) + "</array>\n"));
+}
+
+TEST(WriterBounds, AreTheReadersForTheNumberOfUids) {
+    EXPECT_TRUE(agreeOnUids((kMaxNodes - 1) / 3));
+    EXPECT_FALSE(agreeOnUids((kMaxNodes - 1) / 3 + 1));
+}
+
 bool agreeOnKeys(std::size_t count) {
     const auto dictionary = Dictionary::create();
     std::string body = "<dict>\n";
@@ -195,8 +212,8 @@ bool agreeOnKeys(std::size_t count) {
 }
 
 TEST(WriterBounds, AreTheReadersForTheKeysOfADictionary) {
-    EXPECT_TRUE(agreeOnKeys(16384));
-    EXPECT_FALSE(agreeOnKeys(16385));
+    EXPECT_TRUE(agreeOnKeys(23170));
+    EXPECT_FALSE(agreeOnKeys(23171));
 }
 
 bool agreeOnEntities(std::size_t count) {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "model/ConfigFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/ItemFile.h"
 #include "model/Keys.h"
@@ -18,6 +19,8 @@ namespace quorvi::test {
 namespace {
 
 constexpr const char* kForeignKey = "another program's";
+constexpr const char* kCountKey = "count of the second writer";
+constexpr unsigned kSavesOfCount = 15;
 
 /// A recording hears of time what a hurried user makes of it.
 constexpr double kSecondsOfLook = 0.037;
@@ -46,7 +49,7 @@ void put(const QString& path, const QByteArray& bytes) {
 }
 
 void putItem(const plist::Dictionary& item, const QString& path) {
-    if (!writeItemFile(item, path.toStdString()))
+    if (writeItemFile(item, path.toStdString()))
         qFatal("%s cannot be written", qPrintable(path));
 }
 
@@ -57,6 +60,11 @@ World::World() : m_fixture({.files = m_witness, .clock = [this] { return m_clock
     putFiles();
     m_fixture.writeSettings(PaneFixture::sampleTree());
     m_witness.saved = [this] { wasSaved(); };
+    const auto sometimes = [this](bool askingNobody) {
+        return m_second() % kSavesOfCount == 0 && countInFile(askingNobody);
+    };
+    m_witness.amidSave = [sometimes] { return sometimes(false); };
+    m_witness.beforeExchange = [sometimes] { return sometimes(true); };
     m_fixture.load();
     m_other.show();
     show();
@@ -139,6 +147,8 @@ void World::activateOtherWindow() {
 QString World::changeFile(std::mt19937& random) {
     const auto file = m_fixture.settingsFile();
     const QString path = QString::fromStdString(file.string());
+    m_countIsThere = false;
+    m_wasJoined = true;
     switch (random() % 7) {
     case 0:
         QFile::remove(path);
@@ -171,12 +181,43 @@ QString World::changeFile(std::mt19937& random) {
     }
 }
 
+plist::Dictionary World::savedTop() const {
+    return plist::readPropertyListFile(m_fixture.settingsFile()).value.dictionary();
+}
+
+bool World::countInFile(bool askingNobody) {
+    const auto count = [this](const plist::Dictionary& tree) {
+        if (!KyvarValidateConfig(tree, limits::minimumVersion))
+            return false; // nobody's settings
+        tree.set(kCountKey, m_count + 1);
+        return true;
+    };
+    if (askingNobody) {
+        const auto top = savedTop();
+        if (!count(top.dictionary(keys::storage)))
+            return false;
+        putItem(top, QString::fromStdString(m_fixture.settingsFile().string()));
+    } else if (changeConfigFile(keys::storage, m_fixture.settingsFile(), count) != 0) {
+        return false;
+    }
+    ++m_count;
+    m_countIsThere = m_wasJoined = true;
+    return true;
+}
+
 void World::wasSaved() {
     ++m_saves;
-    m_expected << QStringLiteral("KyPR %1").arg(m_fixture.pane->profileIndex());
-    const auto top = plist::readPropertyListFile(m_fixture.settingsFile()).value.dictionary();
-    if (!(top.value(keys::storage) == asWritten(m_fixture.pane->deviceConfig())))
+    const auto top = savedTop();
+    const auto tree = top.dictionary(keys::storage);
+    // What others have written comes into the panel's tree when the save is over.
+    const bool isPanels = top.value(keys::storage) == asWritten(m_fixture.pane->deviceConfig());
+    if (!isPanels && !m_wasJoined)
         m_complaints << QStringLiteral("the file is not what the panel has");
+    m_expected << (m_wasJoined ? kAnyProfile : QStringLiteral("KyPR %1").arg(m_fixture.pane->profileIndex()));
+    m_wasJoined = false;
+    if (m_countIsThere && tree.integer(kCountKey) != m_count)
+        m_complaints
+            << QStringLiteral("the second writer's %1 is %2").arg(m_count).arg(tree.integer(kCountKey));
     if (!(top.value(kForeignKey) == m_foreign))
         m_complaints << QStringLiteral("what another program keeps in the file is gone");
 }

@@ -1,5 +1,5 @@
 // What happens around the panel: mice come and go, the host hides it and shows it again, other windows take
-// the focus, other programs change the settings file, the disk fills up.
+// the focus, other programs change the settings file, also while the panel saves it, the disk fills up.
 #pragma once
 
 #include <future>
@@ -45,6 +45,10 @@ class World {
   private:
     void wasSaved();
     void putFiles() const;
+    /// A second writer counts in the settings, either as all of ours do or as an editor does that asks
+    /// nobody.
+    [[nodiscard]] bool countInFile(bool askingNobody);
+    [[nodiscard]] plist::Dictionary savedTop() const;
 
     SaveWitness m_witness;
     double m_clock = 1000.0;
@@ -54,8 +58,12 @@ class World {
     int m_saves = 0;
     QStringList m_expected; ///< what the helper has to hear of the saves since the panel was shown
     QStringList m_complaints;
-    plist::Value m_foreign;   ///< what another program keeps in the file; nothing when it keeps nothing
-    std::future<void> m_list; ///< valid while a device list is on its way
+    std::mt19937 m_second{1};    ///< says when the second writer writes
+    std::int32_t m_count = 0;    ///< what it has written last
+    bool m_countIsThere = false; ///< nothing but the panel has written the file since
+    bool m_wasJoined = false;    ///< somebody has written since the panel's last save
+    plist::Value m_foreign;      ///< what another program keeps in the file; nothing when it keeps nothing
+    std::future<void> m_list;    ///< valid while a device list is on its way
 };
 
 } // namespace quorvi::test

@@ -34,6 +34,9 @@ class CallsWithoutDisk final : public RecordingCalls {
     int renameat(int folder, const char* from, const char* to) override {
         return FileCalls::renameat(folder, from, to);
     }
+    int renameat2(int folder, const char* from, const char* to, unsigned flags) override {
+        return FileCalls::renameat2(folder, from, to, flags);
+    }
     int fsync(int /*file*/) override { return 0; }
 };
 

@@ -70,6 +70,17 @@ TEST_P(StringTables, keepThePlaceholders) {
         EXPECT_EQ(placeholdersOf(text), placeholdersOf(key)) << key << "\n" << text;
 }
 
+// A name has room for 20 units: this one, and a blank and two digits behind it when it is taken. A longer one
+// would be cut where the counter stands.
+TEST_P(StringTables, nameNewProfilesAndMacrosSoThatACounterFitsBehindThem) {
+    constexpr std::size_t kUnits = 17;
+    for (const char* key : {"Untitled Profile", "Untitled Macro"}) {
+        const std::u16string name = plist::toUtf16(m_table.at(key));
+        EXPECT_LE(name.size(), kUnits) << m_table.at(key);
+        EXPECT_FALSE(name.empty());
+    }
+}
+
 // A label shows a line feed as a new line, and nothing else.
 TEST_P(StringTables, breakLinesWhereEnglishDoes) {
     for (const auto& [key, text] : m_table) {

@@ -23,6 +23,11 @@ int RecordingCalls::renameat(int folder, const char* from, const char* to) {
     return FileCalls::renameat(folder, from, to);
 }
 
+int RecordingCalls::renameat2(int folder, const char* from, const char* to, unsigned flags) {
+    log << QStringLiteral("rename");
+    return FileCalls::renameat2(folder, from, to, flags);
+}
+
 int RecordingCalls::fsync(int file) {
     struct stat status = {};
     const bool folder = ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);

@@ -18,6 +18,7 @@ class RecordingCalls : public FileCalls {
     QStringList log; ///< "rename", "sync file", "sync folder"
 
     int renameat(int folder, const char* from, const char* to) override;
+    int renameat2(int folder, const char* from, const char* to, unsigned flags) override;
     int fsync(int file) override;
 };
 

@@ -353,21 +353,11 @@ class StagesEditorTest : public QObject {
         QCOMPARE(fixture.savedResolutions().size(), 4);
     }
 
-    void whenAnotherProfileHasBecomeCurrentOkStoresNothing_data() {
-        QTest::addColumn<bool>("removed");
-        QTest::newRow("another place") << false;
-        QTest::newRow("another name in its place") << true;
-    }
-
     void whenAnotherProfileHasBecomeCurrentOkStoresNothing() {
-        QFETCH(bool, removed);
         SensitivityFixture fixture;
         fixture.open();
         auto changed = PaneFixture::sampleTree();
-        if (removed)
-            changed.array("profiles").remove(0);
-        else
-            changed.dictionary("settings").set("profileid", 2);
+        changed.dictionary("settings").set("profileid", 2);
         inStagesSheet(fixture, [&](QDialog* sheet) {
             fixture.click(kAdd);
             fixture.writeSettings(changed);
@@ -377,6 +367,23 @@ class StagesEditorTest : public QObject {
         });
         QVERIFY(fixture.commandsBecome({}));
         QVERIFY(plist::Value(fixture.savedSettings()) == plist::Value(changed));
+    }
+
+    void aProfileThatWasRenamedMeanwhileKeepsTheEdit() {
+        SensitivityFixture fixture;
+        fixture.open();
+        auto changed = PaneFixture::sampleTree();
+        changed.array("profiles").dictionary(0).set("name", u"Table");
+        inStagesSheet(fixture, [&](QDialog* sheet) {
+            fixture.click(kAdd);
+            fixture.writeSettings(changed);
+            fixture.connectDevices(1);
+            QTRY_COMPARE(fixture.text("quorviTextProfile"), QStringLiteral("Table"));
+            endSheet(sheet, true);
+        });
+        QVERIFY(fixture.announced(1));
+        QCOMPARE(fixture.savedResolutions(), QStringList({"400/400", "800/800", "800/800", "1600/1600"}));
+        QCOMPARE(namesIn(fixture.savedSettings(), "profiles"), QStringList({"Table", "Game"}));
     }
 
     void thePanelMayGoAwayWhileTheSheetIsUp_data() {

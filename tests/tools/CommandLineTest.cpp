@@ -31,7 +31,8 @@ TEST(CommandLine, GivesHelpAndVersionOnStandardOutput) {
              " [--signature S] [--executable E]\n", "       quorvictl commands\n",
              "       quorvictl key-name CODE [MASK]\n", "       quorvictl usb-to-adb USAGE\n",
              "       quorvictl adb-to-usb CODE\n", "       quorvictl devices\n", "       quorvictl attach\n",
-             "       quorvictl detach\n"})
+             "       quorvictl detach\n", "       quorvictl press INPUT\n",
+             "       quorvictl release INPUT\n", "       quorvictl watch\n"})
         EXPECT_NE(help.output.find(line), std::string::npos) << line;
     expectDone({"--version"}, "quorvictl " QUORVI_VERSION "\n");
 }

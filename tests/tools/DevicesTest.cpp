@@ -1,25 +1,12 @@
 #include <csignal>
 
-#include "events/BusFixture.h"
 #include "platform/events/DeviceList.h"
-#include "tools/ToolFixture.h"
+#include "tools/RunningHelper.h"
 
 namespace quorvi::test {
 namespace {
 
-class Devices : public BusTest {
-  protected:
-    void startHelper() {
-        helper = std::make_unique<ChildProcess>(
-            std::vector<std::string>{QUORVI_HELPER}, std::vector{"HOME=" + m_home.path().string()});
-        ASSERT_TRUE(
-            waitFor(*bus, [&] { return bus->findProcessByName("KyvarQuorviHelper", nullptr) == noErr; }));
-    }
-    std::unique_ptr<ChildProcess> helper;
-
-  private:
-    TemporaryFolder m_home;
-};
+using Devices = RunningHelper;
 
 constexpr char kMouse[] =
     "0: vendor 0x1209, product 0x0001, release 1.00, interface 0, power 100 mA, location 0x00100000\n";

@@ -1,5 +1,7 @@
 // Profiles and macros on the command line.
 
+#include <unistd.h>
+
 #include "plist/Reader.h"
 #include "tools/ToolFixture.h"
 
@@ -102,6 +104,51 @@ TEST_F(Items, WhatIsNeitherAProfileNorAMacroIsRefused) {
         {"import", settings, folder / "none"}, (folder / "none").string() + ": there is no such file");
 }
 
+TEST_F(Items, AFileThatIsDamagedTooLargeOrOfTooManyStepsIsRefused) {
+    const std::string before = readFile(settings);
+    writeFile(file, "<plist><dict><key>name</key>");
+    expectRefused({"import", settings, file}, file + ": it is not a property list");
+    std::string steps;
+    for (int step = 0; step < 17; ++step)
+        steps += "<dict/>";
+    const std::string macro = "<dict><key>name</key><string>m</string><key>steps</key><array>";
+    expectRefused({"import", settings, fileWith(macro + steps + "</array></dict>")},
+        file + ": it is a macro of more than 16 steps");
+    for (int step = 0; step < 150'000; ++step)
+        steps += "<dict/>";
+    expectRefused({"import", settings, fileWith(macro + steps + "</array></dict>")},
+        file + ": it is too large; an item has at most 1048576 bytes and 16384 values");
+    EXPECT_EQ(readFile(settings), before);
+}
+
+TEST_F(Items, AnImportedProfileWhoseMacrosAreNotThereIsWarnedOf) {
+    const std::string button = "<dict><key>command</key><integer>65</integer><key>param1</key><integer>";
+    std::string profile = profileXml("Draw");
+    profile.replace(profile.find("<dict/>"), 7,
+        "<dict><key>04</key>" + button + "9</integer></dict><key>05</key>" + button +
+            "7</integer></dict><key>09</key>" + button + "8</integer></dict></dict>");
+    const auto result = quorvictl({"import", settings, fileWith(profile)});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output, "Draw\n");
+    EXPECT_EQ(
+        result.error, "quorvictl: " + settings + ": buttons that run a macro which is not there: 4, 9\n");
+}
+
+TEST_F(Items, AnExportDoesNotFollowALinkThatSomebodyElseHasPutIntoASharedFolder) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give a link to another user";
+    const std::filesystem::path shared = folder / "shared";
+    const std::filesystem::path link = shared / "link";
+    std::filesystem::create_directory(shared);
+    ASSERT_EQ(::chmod(shared.c_str(), 01777), 0);
+    writeFile(file, "precious");
+    std::filesystem::create_symlink(file, link);
+    ASSERT_EQ(::lchown(link.c_str(), 54321, 54321), 0);
+    expectRefused({"export", settings, "profile", "1", link},
+        link.string() + ": it cannot be written: Permission denied");
+    EXPECT_EQ(readFile(file), "precious");
+}
+
 TEST_F(Items, AnItemThatIsNotThereIsNotExported) {
     expectRefused({"export", settings, "profile", "0", file}, settings + ": it holds no profile 0");
     expectRefused({"export", settings, "profile", "3", file}, settings + ": it holds no profile 3");
@@ -109,7 +156,7 @@ TEST_F(Items, AnItemThatIsNotThereIsNotExported) {
     expectRefused(
         {"export", settings, "macro", "0xFFFFFFFF", file}, settings + ": it holds no macro 4294967295");
     expectRefused({"export", settings, "macro", "7", folder / "none" / "x"},
-        (folder / "none" / "x").string() + ": it cannot be written");
+        (folder / "none" / "x").string() + ": it cannot be written: No such file or directory");
     EXPECT_EQ(folder.names(), std::set<std::string>{"settings.plist"});
 }
 

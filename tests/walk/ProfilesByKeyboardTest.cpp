@@ -136,7 +136,8 @@ class ProfilesByKeyboardTest : public QObject {
         QVERIFY(walk.moveTo(remove));
         for (const QStringList& left : {QStringList{"Default Profile", "Game"}, {"Default Profile"}}) {
             QCOMPARE(walk.focusAfter("space", kCancel), kCancel);
-            QCOMPARE(walk.focusAfter("shift+Tab", "push button 'OK'"), QStringLiteral("push button 'OK'"));
+            QCOMPARE(
+                walk.focusAfter("shift+Tab", "push button 'Delete'"), QStringLiteral("push button 'Delete'"));
             // The last one takes the button out of use, which leaves the keyboard to the list.
             const QString then = left.size() > 1 ? remove : QStringLiteral("cell '1'");
             QCOMPARE(walk.focusAfter("Return", then), then);

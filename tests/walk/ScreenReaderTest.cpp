@@ -174,7 +174,7 @@ class ScreenReaderTest : public QObject {
         QCOMPARE(whatIsWrongIn(sheet), QString());
         QVERIFY(!walk.thing("label 'Delete profile: Game\n\nAre you sure you want to delete this profile?'")
                      .isNull());
-        QVERIFY(walk.perform("push button 'OK'"));
+        QVERIFY(walk.perform("push button 'Delete'"));
         const QStringList left{"Default Profile", "Work"};
         QCOMPARE(walk.savedNames("profiles", left), left);
     }
@@ -192,7 +192,7 @@ class ScreenReaderTest : public QObject {
         QVERIFY(remove != items.end());
         QVERIFY(remove->perform("Press")); // answered while the question stands
         QVERIFY(!walk.reader().window("Please Confirm").isNull());
-        QVERIFY(walk.perform("push button 'OK'"));
+        QVERIFY(walk.perform("push button 'Delete'"));
         const QStringList left{"Default Profile", "Game"};
         QCOMPARE(walk.savedNames("profiles", left), left);
     }

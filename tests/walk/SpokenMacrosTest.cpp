@@ -12,7 +12,8 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kOK = QStringLiteral("push button 'OK'");
+const QString kDelete = QStringLiteral("push button 'Delete'");
+const QString kTold = QStringLiteral("push button 'OK'"); // of the bar at the window's foot
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
 constexpr char kQuestion[] = "Please Confirm";
@@ -197,7 +198,7 @@ class SpokenMacrosTest : public QObject {
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kQuestion)());
         QVERIFY(controls.press("push button 'Delete macro'", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Bye", "Greet"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Bye", "Greet"})));
 
         QVERIFY(tab.selectMacro(0));
         QVERIFY(tab.choose(kMacros, "New Macro", tab.named({"Bye", "Greet", "Untitled Macro"})));
@@ -210,6 +211,7 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(tab.choose(kMacros, "Export Macro…", controls.opens("Export Macro")));
         QVERIFY(controls.type(kFileName, file, holdsFile));
         QVERIFY(controls.press("push button 'Save'", [&] { return QFile::exists(file); }));
+        QVERIFY(controls.press(kTold, [&] { return !controls.isThere(kTold); }));
         QVERIFY(tab.choose(kMacros, "Import Macro…", controls.opens("Import Macro")));
         QVERIFY(controls.type(kFileName, file, holdsFile));
         QVERIFY(controls.press("push button 'Open'", tab.named({"Bye", "Greet", "Untitled Macro", "Bye 2"})));

@@ -12,7 +12,8 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kOK = QStringLiteral("push button 'OK'");
+const QString kDelete = QStringLiteral("push button 'Delete'");
+const QString kTold = QStringLiteral("push button 'OK'"); // of the bar at the window's foot
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kGear = QStringLiteral("push button 'More profile commands'");
 const QString kFileName = QStringLiteral("text 'File name:'");
@@ -129,7 +130,7 @@ class SpokenProfilesTest : public QObject {
         QCOMPARE(defaultButtonOf(tab.walk.reader().window(kQuestion)), kCancel);
         QVERIFY(controls.press(kCancel, controls.closes(kQuestion)));
         QVERIFY(controls.press("push button 'Delete profile'", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Default Profile", "Desk", "Work"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Default Profile", "Desk", "Work"})));
 
         // The menu, in which what the first profile cannot do is disabled.
         QVERIFY(controls.selectRow("Profiles", 0, tab.current(0)));
@@ -142,7 +143,7 @@ class SpokenProfilesTest : public QObject {
             tab.choose("New Profile", tab.named({"Default Profile", "Desk", "Work", "Untitled Profile"})));
         tab.finishName();
         QVERIFY(tab.choose("Delete Profile…", controls.opens(kQuestion)));
-        QVERIFY(controls.press(kOK, tab.named({"Default Profile", "Desk", "Work"})));
+        QVERIFY(controls.press(kDelete, tab.named({"Default Profile", "Desk", "Work"})));
         QVERIFY(tab.choose(
             "Duplicate Profile", [&] { return tab.names().size() == 4 && controls.meet().isEmpty(); }));
         tab.finishName();
@@ -204,12 +205,13 @@ class SpokenProfilesTest : public QObject {
             QString::fromStdString(tab.walk.session().home.path()) + "/carried.quorviProfile";
         QVERIFY(tab.choose("Export Profile…", controls.opens("Export Profile")));
         QCOMPARE(tab.walk.focusBecomes(kFileName), kFileName);
-        QCOMPARE(controls.find(kFileName).text(), std::string("Default Profile"));
+        QCOMPARE(controls.find(kFileName).text(), std::string("Default Profile.quorviProfile"));
         const auto holds = [&](const QString& text) {
             return [&, text] { return controls.find(kFileName).text() == text.toStdString(); };
         };
         QVERIFY(controls.type(kFileName, file, holds(file)));
         QVERIFY(controls.press("push button 'Save'", [&] { return QFile::exists(file); }));
+        QVERIFY(controls.press(kTold, [&] { return !controls.isThere(kTold); }));
         QVERIFY(tab.choose("Import Profile…", controls.opens("Import Profile")));
         QVERIFY(controls.press(kCancel, controls.closes("Import Profile")));
         QVERIFY(tab.choose("Import Profile…", controls.opens("Import Profile")));

@@ -65,7 +65,21 @@ Walk::Walk(const plist::Dictionary& settings, const WalkStart& start) {
         return role == (start.attached ? "page tab list" : "push button");
     };
     if (m_window.isNull() || thing(QString::fromUtf8(start.heardThen)).isNull() || !waitUntil(hasFocus))
-        qFatal("the program does not show the mouse; the focus is on %s", qPrintable(focus()));
+        failToStart();
+}
+
+void Walk::failToStart() {
+    QStringList windows;
+    for (const Accessible& window : m_reader.windows())
+        windows << QString::fromStdString(window.name());
+    const QString focused = focus();
+    const bool runs = m_program->isRunning();
+    m_program->kill();
+    qFatal(
+        "the program does not show the mouse; the focus is on %s, the windows are \"%s\"; it %s, saying: %s",
+        qPrintable(focused), qPrintable(windows.join(QLatin1String("\", \""))), runs ? "runs" : "has ended",
+        m_program->readError().c_str());
+    std::abort();
 }
 
 Walk::~Walk() {

@@ -85,6 +85,9 @@ class Walk {
     [[nodiscard]] QStringList commandsUntil(const char* last);
 
   private:
+    /// Ends the test with what there is instead of the window.
+    [[noreturn]] void failToStart();
+
     Session m_session;
     ScreenReader m_reader;
     EventMonitor m_monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};

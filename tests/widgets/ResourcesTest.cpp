@@ -53,10 +53,13 @@ class ResourcesTest : public QObject {
 
     void everyTextOfTheControllerIsInTheStringTable() {
         const QVariantMap strings = stringTable();
-        for (const char* text : {"No device connected", "Default Profile", "Untitled Profile",
-                 "Untitled Macro", "Profile:", "Macro:", "Press", "Release", "Press button", "Release button",
-                 "%d DPI", "X = %d, Y = %d DPI", "X = %d,  Y = %d DPI",
-                 "Stage %1 of %2 is the current one. All stages in DPI: %3",
+        for (const char* text : {"No device connected", "Connected", "Looking for the mouse…",
+                 "The background program is not running.",
+                 "The background program is not running. Changes are saved and reach the mouse when it is "
+                 "back.",
+                 "Default Profile", "Untitled Profile", "Untitled Macro", "Profile:", "Macro:", "Press",
+                 "Release", "Press button", "Release button", "%d DPI", "X = %d, Y = %d DPI",
+                 "X = %d,  Y = %d DPI", "Stage %1 of %2 is the current one. All stages in DPI: %3",
                  "The pointer follows the hand as it is, at every speed.",
                  "Off: the pointer follows the hand as it is.",
                  "At full speed of the hand the pointer goes %1 times as fast.",

@@ -127,8 +127,11 @@ Status AutostartLoginItemStore::apply(
         return status;
     if (!changes.empty())
         removeLeftovers(pathOf(changes.front().fileName), m_calls);
+    // Sessions read them, of whatever user the tools run as that list them: a process's mask is no say in it.
+    constexpr ModeOfNew forEverybodyToRead{0644, true};
     for (const auto& change : changes)
-        if (!replaceFileAtomically(pathOf(change.fileName), change.text, m_calls))
+        if (!replaceFileAtomically(
+                pathOf(change.fileName), change.text, m_calls, Durability::now, forEverybodyToRead))
             return ioErr;
     for (const std::size_t index : leftOut)
         if (const Status status = removeFile(pathOf(m_elements[index].fileName), m_calls); status != noErr)

@@ -40,12 +40,13 @@ Status AddLoginItem(LoginItemStore& store, std::optional<std::string_view> path,
 Status RemoveLoginItem(
     LoginItemStore& store, std::optional<std::string_view> nameSuffix, std::int16_t* removed);
 
-/// The same on the property-list file in the Preferences folder of the user who runs this; fnfErr when the
-/// user has no home folder.
+/// The same on the lists of the user who runs this: the desktop's, in which the panel registers its helper,
+/// and the property list in the Preferences folder. `removed` counts both. A list that is not there does not
+/// count beside the other; fnfErr when the user has no home folder.
 Status RemoveLoginItem(std::optional<std::string_view> nameSuffix, std::int16_t* removed);
 
-/// The same on the property-list file of the user with that home folder; pathTooLongErr when the folder's
-/// path has more than 1,000 bytes.
+/// The same on the lists of the user with that home folder; pathTooLongErr when the folder's path has more
+/// than 1,000 bytes. The desktop's list is looked for where it is unless that user has set another place.
 Status RemoveLoginItemForUser(std::optional<std::string_view> homeFolder,
     std::optional<std::string_view> nameSuffix, std::int16_t* removed);
 

@@ -13,7 +13,6 @@ namespace quorvi {
 
 namespace {
 
-constexpr std::string_view kFileName = "loginWindow.plist";
 constexpr std::string_view kListKey = "AutoLaunchedApplicationDictionary"; // an array, despite its name
 constexpr std::string_view kElementPath = "Path";
 constexpr std::string_view kElementHide = "Hide";
@@ -46,7 +45,7 @@ LoginItem itemOf(const plist::Value& element, std::size_t index) {
 } // namespace
 
 PropertyListLoginItemStore::PropertyListLoginItemStore(const std::string& preferencesFolder, FileCalls& calls)
-    : m_path(preferencesFolder + "/" + std::string(kFileName)), m_calls(calls) {}
+    : m_path(preferencesFolder + "/" + std::string(kLoginItemsFile)), m_calls(calls) {}
 
 Status PropertyListLoginItemStore::read(LoginItemAccess access, LoginItems& items) {
     if (const Status status = ensureFile(m_path, m_calls); status != noErr)

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "model/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "plist/Value.h"
 
 namespace quorvi {
+
+/// The list's name in its Preferences folder.
+inline constexpr std::string_view kLoginItemsFile = "loginWindow.plist";
 
 /// The list is the array "AutoLaunchedApplicationDictionary" of the file's top-level dictionary, its elements
 /// dictionaries of "Path" (string) and "Hide" (boolean). Every other key of the file and every element that

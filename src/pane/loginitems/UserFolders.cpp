@@ -25,11 +25,15 @@ std::string preferencesFolderIn(const std::string& homeFolder) {
     return homeFolder + "/Library/Preferences";
 }
 
+std::string autostartFolderIn(const std::string& homeFolder) {
+    return homeFolder + "/.config/autostart";
+}
+
 std::optional<std::string> userAutostartFolder() {
     if (const auto config = environment("XDG_CONFIG_HOME"); config.starts_with('/'))
         return std::string(config) + "/autostart";
     if (const auto home = userHomeFolder())
-        return *home + "/.config/autostart";
+        return autostartFolderIn(*home);
     return std::nullopt;
 }
 

@@ -12,6 +12,9 @@ namespace quorvi {
 /// The Preferences folder of a home folder.
 [[nodiscard]] std::string preferencesFolderIn(const std::string& homeFolder);
 
+/// The autostart folder of a home folder whose user has not set another.
+[[nodiscard]] std::string autostartFolderIn(const std::string& homeFolder);
+
 /// $XDG_CONFIG_HOME/autostart, else ~/.config/autostart (freedesktop.org, Desktop Application Autostart; a
 /// relative $XDG_CONFIG_HOME is ignored, as the base directories ask for). Nothing without a home folder.
 [[nodiscard]] std::optional<std::string> userAutostartFolder();

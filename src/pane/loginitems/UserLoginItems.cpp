@@ -1,4 +1,7 @@
 // The removals that name a user's list, not a store.
+#include <filesystem>
+
+#include "pane/loginitems/AutostartLoginItemStore.h"
 #include "pane/loginitems/LoginItems.h"
 #include "pane/loginitems/PropertyListLoginItemStore.h"
 #include "pane/loginitems/UserFolders.h"
@@ -15,6 +18,34 @@ Status failed(Status status, std::int16_t* removed) {
     return status;
 }
 
+/// Only entries are removed, so no program is looked for.
+Status removeFromDesktop(const std::string& autostartFolder, std::string_view suffix, std::int16_t& removed) {
+    AutostartLoginItemStore store(autostartFolder, [](const std::string&) { return std::string(); });
+    return RemoveLoginItem(store, suffix, &removed);
+}
+
+bool isThere(Status status) {
+    return status != resNotFound && status != fnfErr;
+}
+
+/// The user's lists are two: the desktop's, in which the panel registers, and the property list. One that is
+/// not there does not count beside the other, and is not created then.
+Status removeFromBoth(const std::string& autostartFolder, const std::string& preferencesFolder,
+    std::string_view suffix, std::int16_t* removed) {
+    std::int16_t entries = 0;
+    std::int16_t elements = 0;
+    const Status desktop = removeFromDesktop(autostartFolder, suffix, entries);
+    std::error_code error;
+    Status list = resNotFound;
+    if (!isThere(desktop) ||
+        std::filesystem::exists(std::filesystem::path(preferencesFolder) / kLoginItemsFile, error))
+        list = RemoveLoginItemInFolder(preferencesFolder, suffix, &elements);
+    const Status status = !isThere(desktop) || (isThere(list) && desktop == noErr) ? list : desktop;
+    if (removed)
+        *removed = status == noErr ? static_cast<std::int16_t>(entries + elements) : std::int16_t{0};
+    return status;
+}
+
 } // namespace
 
 Status RemoveLoginItem(std::optional<std::string_view> nameSuffix, std::int16_t* removed) {
@@ -23,7 +54,8 @@ Status RemoveLoginItem(std::optional<std::string_view> nameSuffix, std::int16_t*
     const auto home = userHomeFolder();
     if (!home)
         return failed(fnfErr, removed);
-    return RemoveLoginItemInFolder(preferencesFolderIn(*home), nameSuffix, removed);
+    return removeFromBoth(
+        userAutostartFolder().value_or(""), preferencesFolderIn(*home), *nameSuffix, removed);
 }
 
 Status RemoveLoginItemForUser(std::optional<std::string_view> homeFolder,
@@ -32,7 +64,8 @@ Status RemoveLoginItemForUser(std::optional<std::string_view> homeFolder,
         return failed(paramErr, removed);
     if (homeFolder->size() > kHomePathLimit)
         return failed(pathTooLongErr, removed);
-    return RemoveLoginItemInFolder(preferencesFolderIn(std::string(*homeFolder)), nameSuffix, removed);
+    const std::string home(*homeFolder);
+    return removeFromBoth(autostartFolderIn(home), preferencesFolderIn(home), *nameSuffix, removed);
 }
 
 Status RemoveLoginItemInFolder(std::optional<std::string_view> preferencesFolder,

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/widgets/ShownText.h"
+
 namespace quorvi {
 
 namespace {
@@ -57,7 +59,7 @@ QVariant ApplicationList::data(const QModelIndex& index, int role) const {
     const Row& row = m_rows.at(static_cast<std::size_t>(index.row()));
     switch (role) {
     case Qt::DisplayRole:
-        return row.application.name;
+        return shownName(row.application.name);
     case Qt::DecorationRole:
         if (!row.icon)
             row.icon = iconOf(row.application.icon);

@@ -41,6 +41,7 @@ bool becomeReady(sd_bus* bus, milliseconds timeout) {
 } // namespace
 
 EventBus::Private::Private(events::BusPtr connected) : bus(std::move(connected)) {
+    known.onChange([this] { noteProcessesChanged(); });
     const char* name = nullptr;
     if (sd_bus_get_unique_name(bus.get(), &name) >= 0)
         own = events::psnFromUniqueName(name).value_or(ProcessSerialNumber{});
@@ -160,6 +161,7 @@ void EventBus::process() {
     d->disconnectReported = true;
     if (d->disconnectedFunction)
         d->disconnectedFunction();
+    d->dispatch(Private::ProcessesChanged{});
 }
 
 bool EventBus::wait(milliseconds timeout) {

@@ -114,6 +114,11 @@ class EventBus {
     [[nodiscard]] Status findProcessByName(std::string_view name, ProcessSerialNumber* psn);
     /// The processes that own exactly this name or wait for it, the owner first. Empty when there is none.
     [[nodiscard]] std::vector<ProcessSerialNumber> processesInLine(std::string_view processName);
+    /// Called from process() when the process list is another one than before: a process came, left or took a
+    /// name over, once for several of them; and when the bus went away. What has come before it was called
+    /// has been dispatched, what comes later has not. The bus tells of changes from this call on; one that
+    /// came a moment before may be told as well. An empty function ends it.
+    void onProcessesChanged(std::function<void()> function);
 
     // Events.
 

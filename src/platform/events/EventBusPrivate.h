@@ -51,6 +51,7 @@ class EventBus::Private {
     events::KnownProcesses known{bus.get()};
     std::function<void()> pendingFunction;
     std::function<void()> disconnectedFunction;
+    std::function<void()> processesChangedFunction;
     bool disconnectReported = false;
 
     using HandlerKey = std::pair<FourCharCode, FourCharCode>;
@@ -66,12 +67,16 @@ class EventBus::Private {
     std::map<ProcessSerialNumber, Watch> watches;
     std::function<void(const ProcessSerialNumber&)> goneFunction;
 
-    /// Incoming events and departures in the order of their arrival. They wait here until the library has
-    /// returned, so that a handler may call everything, nested loops included.
-    std::deque<std::variant<events::MessageRef, ProcessSerialNumber>> work;
+    struct ProcessesChanged {};
+    /// Incoming events, departures and changes of the process list in the order of their arrival. They wait
+    /// here until the library has returned, so that a handler may call everything, nested loops included.
+    std::deque<std::variant<events::MessageRef, ProcessSerialNumber, ProcessesChanged>> work;
 
     void dispatch(const events::MessageRef& message);
     void dispatch(const ProcessSerialNumber& gone);
+    void dispatch(ProcessesChanged);
+    /// Has the change dispatched, unless one is the last thing that waits for it.
+    void noteProcessesChanged();
     [[nodiscard]] bool offerEvents();
 };
 

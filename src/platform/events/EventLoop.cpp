@@ -1,8 +1,8 @@
 #include "platform/events/EventLoop.h"
 
 #include <csignal>
+#include <utility>
 
-#include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
@@ -24,16 +24,29 @@ EventLoop::~EventLoop() {
         close(m_signals);
 }
 
-void EventLoop::run(EventBus& bus) const {
+void EventLoop::watch(int fd, std::function<void()> readable) {
+    m_polled.push_back({fd, POLLIN, 0});
+    m_readable.push_back(std::move(readable));
+}
+
+void EventLoop::run(EventBus& bus) {
     bus.process();
     while (bus.isConnected()) {
-        pollfd watched[] = {{bus.fd(), bus.events(), 0}, {m_signals, POLLIN, 0}};
+        m_polled[0] = {bus.fd(), bus.events(), 0};
+        m_polled[1] = {m_signals, POLLIN, 0};
         const auto forEver = std::chrono::milliseconds(-1);
-        poll(watched, 2, bus.hasPending() ? 0 : bus.connection().pollTimeout(forEver));
-        if (watched[1].revents != 0)
+        poll(m_polled.data(), m_polled.size(), bus.hasPending() ? 0 : bus.connection().pollTimeout(forEver));
+        if (m_polled[1].revents != 0)
             return;
+        callReadable();
         bus.process();
     }
+}
+
+void EventLoop::callReadable() {
+    for (std::size_t i = 0; i < m_readable.size(); ++i)
+        if (m_polled[i + 2].revents != 0)
+            m_readable[i]();
 }
 
 } // namespace quorvi

@@ -30,7 +30,12 @@ std::optional<ProcessSerialNumber> KnownProcesses::find(std::string_view name) c
 }
 
 void KnownProcesses::startWatching() {
-    if (!std::exchange(m_askedBefore, true) || m_rule || m_refused)
+    if (std::exchange(m_askedBefore, true))
+        watch();
+}
+
+void KnownProcesses::watch() {
+    if (m_rule || m_refused)
         return;
     sd_bus_slot* slot = nullptr;
     sd_bus_add_match_async(m_bus, &slot, ruleForChanges().c_str(), receiveChange, receiveRuleAdded, this);
@@ -43,7 +48,10 @@ void KnownProcesses::remember(std::string_view name, const ProcessSerialNumber& 
 }
 
 int KnownProcesses::receiveChange(sd_bus_message*, void* known, sd_bus_error*) {
-    static_cast<KnownProcesses*>(known)->m_found.clear();
+    auto& self = *static_cast<KnownProcesses*>(known);
+    self.m_found.clear();
+    if (self.m_changed)
+        self.m_changed();
     return 0;
 }
 

@@ -1,6 +1,7 @@
 // The processes that were found by their names, so that nobody asks the bus twice what has not changed.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -26,6 +27,10 @@ class KnownProcesses {
     /// woken by them who looks only once. It answers in order, so what it is asked from then on can be kept.
     /// Does not wait.
     void startWatching();
+    /// The bus tells of changes from now on, whether it was asked before or not. Does not wait.
+    void watch();
+    /// Called when the bus has told of one, inside the library: the function may only take a note.
+    void onChange(std::function<void()> function) { m_changed = std::move(function); }
     void remember(std::string_view name, const ProcessSerialNumber& psn);
 
   private:
@@ -35,6 +40,7 @@ class KnownProcesses {
 
     sd_bus* m_bus;
     std::map<std::string, ProcessSerialNumber, std::less<>> m_found;
+    std::function<void()> m_changed;
     SlotPtr m_rule;
     bool m_askedBefore = false;
     bool m_refused = false; ///< the bus has too many rules of ours, or does not know this kind

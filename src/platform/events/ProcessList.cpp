@@ -137,6 +137,23 @@ std::vector<ProcessSerialNumber> EventBus::processesInLine(std::string_view proc
     return line;
 }
 
+void EventBus::onProcessesChanged(std::function<void()> function) {
+    if (function)
+        d->known.watch();
+    d->processesChangedFunction = std::move(function);
+    d->notifyPending();
+}
+
+void EventBus::Private::noteProcessesChanged() {
+    if (processesChangedFunction && (work.empty() || !std::holds_alternative<ProcessesChanged>(work.back())))
+        work.emplace_back(ProcessesChanged{});
+}
+
+void EventBus::Private::dispatch(ProcessesChanged) {
+    if (const auto function = processesChangedFunction) // keeps it while it takes itself back
+        function();
+}
+
 NameResult EventBus::ownName(std::string_view processName, NameMode mode) {
     const std::string name = events::wellKnownName(processName);
     const std::uint64_t flags = mode == NameMode::queueBehindOwner ? SD_BUS_NAME_QUEUE : 0;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/events/EventsInterface.h"
+#include "platform/events/SimulatedMouseInterface.h"
 
 namespace quorvi::events {
 
@@ -19,6 +20,7 @@ constexpr std::array kNamedStatus{
     NamedStatus{kErrorEventNotHandled, errAEEventNotHandled},
     NamedStatus{kErrorEventFailed, errAEEventFailed},
     NamedStatus{kErrorInvalidArguments, paramErr},
+    NamedStatus{simulatedmouse::kErrorNotAttached, errAEEventFailed},
     NamedStatus{SD_BUS_ERROR_SERVICE_UNKNOWN, procNotFound},
     NamedStatus{SD_BUS_ERROR_NAME_HAS_NO_OWNER, procNotFound},
     NamedStatus{SD_BUS_ERROR_UNKNOWN_METHOD, errAEEventNotHandled},

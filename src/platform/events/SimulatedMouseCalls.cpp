@@ -15,10 +15,12 @@ EventBus::Private::Deadline deadline() {
     return std::chrono::steady_clock::now() + kCallTimeout;
 }
 
-Status callMethod(const EventBus& bus, const ProcessSerialNumber& helper, const char* method) {
+template <typename... Arguments>
+Status callMethod(const EventBus& bus, const ProcessSerialNumber& helper, const char* method,
+    const char* signature = "", Arguments... arguments) {
     Status status = noErr;
-    (void)bus.connection().call(
-        events::uniqueName(helper).c_str(), kPath, kInterface, method, deadline(), status, "");
+    (void)bus.connection().call(events::uniqueName(helper).c_str(), kPath, kInterface, method, deadline(),
+        status, signature, arguments...);
     return status;
 }
 
@@ -46,6 +48,12 @@ Status getBoolean(
     });
 }
 
+Status getNumber(
+    const EventBus& bus, const ProcessSerialNumber& helper, const char* property, std::uint32_t& result) {
+    return getProperty(bus, helper, property, kRunningSignature,
+        [&](sd_bus_message* reply) { return sd_bus_message_read_basic(reply, 'u', &result) > 0; });
+}
+
 } // namespace
 
 Status attachSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper) {
@@ -62,6 +70,28 @@ Status getSimulatedMouseAttached(const EventBus& bus, const ProcessSerialNumber&
 
 Status getSimulatedMouseRecording(const EventBus& bus, const ProcessSerialNumber& helper, bool& recording) {
     return getBoolean(bus, helper, kRecording, recording);
+}
+
+Status getSimulatedMouseProfile(
+    const EventBus& bus, const ProcessSerialNumber& helper, std::uint32_t& profile) {
+    return getNumber(bus, helper, kProfile, profile);
+}
+
+Status getSimulatedMouseStage(const EventBus& bus, const ProcessSerialNumber& helper, std::uint32_t& stage) {
+    return getNumber(bus, helper, kStage, stage);
+}
+
+Status pressSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper, std::uint8_t input) {
+    return callMethod(bus, helper, kPress, kInputSignature, input);
+}
+
+Status releaseSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper, std::uint8_t input) {
+    return callMethod(bus, helper, kRelease, kInputSignature, input);
+}
+
+Status moveSimulatedMouse(
+    const EventBus& bus, const ProcessSerialNumber& helper, std::int32_t x, std::int32_t y) {
+    return callMethod(bus, helper, kMove, kMoveSignature, x, y);
 }
 
 Status getSimulatedMouseRecord(const EventBus& bus, const ProcessSerialNumber& helper, EventBytes& record) {

@@ -9,9 +9,6 @@ namespace quorvi {
 
 namespace {
 
-constexpr float neutralFactor = 1.0F;
-constexpr float lowestFactor = 0.1F;
-constexpr float highestFactor = 2.0F;
 constexpr int points = 48; ///< of the curve: no corner shows at this size
 constexpr qreal margin = 4.0;
 constexpr qreal curveWidth = 2.4;
@@ -19,16 +16,12 @@ constexpr qreal labelGap = 2.0;
 
 } // namespace
 
-double pointerSpeed(double handSpeed, double factor) {
-    return handSpeed / (1.0 + (1.0 / factor - 1.0) * handSpeed);
-}
-
 AccelerationCurve::AccelerationCurve(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 
 void AccelerationCurve::setFactor(float factor) {
-    m_factor = factor >= lowestFactor && factor <= highestFactor ? factor : neutralFactor;
+    m_factor = effectiveAcceleration(factor);
     update();
 }
 
@@ -52,7 +45,7 @@ QRectF AccelerationCurve::plot() const {
 QPointF AccelerationCurve::pointAt(double handSpeed, double factor) const {
     const QRectF area = plot();
     return {area.left() + handSpeed * area.width(),
-        area.bottom() - pointerSpeed(handSpeed, factor) / double(highestFactor) * area.height()};
+        area.bottom() - pointerSpeed(handSpeed, factor) / double(highestAcceleration) * area.height()};
 }
 
 QSize AccelerationCurve::sizeHint() const {
@@ -76,7 +69,7 @@ void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
     painter.drawLine(area.bottomLeft(), area.bottomRight());
 
     painter.setPen(QPen(mutedTextColour(palette()), 1.2, Qt::DashLine));
-    painter.drawLine(pointAt(0, double(neutralFactor)), pointAt(1, double(neutralFactor)));
+    painter.drawLine(pointAt(0, double(neutralAcceleration)), pointAt(1, double(neutralAcceleration)));
 
     QPainterPath curve(pointAt(0, double(m_factor)));
     for (int point = 1; point <= points; ++point)

@@ -4,12 +4,9 @@
 
 #include <QWidget>
 
-namespace quorvi {
+#include "model/PointerSpeed.h"
 
-/// The pointer's speed at the hand's speed, both as shares of the fastest: equal while the hand is slow, and
-/// the factor times as fast at 1. It rises everywhere, and is the hand's speed itself for the factor 1. Takes
-/// a speed from 0 to 1 and a factor above 0.
-[[nodiscard]] double pointerSpeed(double handSpeed, double factor);
+namespace quorvi {
 
 class AccelerationCurve : public QWidget {
     Q_OBJECT

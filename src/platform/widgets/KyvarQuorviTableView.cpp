@@ -102,8 +102,9 @@ void KyvarQuorviTableView::deselectAll() {
 }
 
 void KyvarQuorviTableView::editCell(int column, int row) {
-    if (model())
-        edit(model()->index(row, column));
+    const QModelIndex cell = model() ? model()->index(row, column) : QModelIndex();
+    if (cell.flags() & Qt::ItemIsEditable)
+        edit(cell);
 }
 
 QModelIndex KyvarQuorviTableView::cellOfSelectedRow(Qt::ItemFlag flag) const {
@@ -340,13 +341,27 @@ void KyvarQuorviTableView::openMenuByKey() {
     activateFirstItem(*m_menu);
 }
 
+bool KyvarQuorviTableView::isOnCheckBox(const QModelIndex& cell, const QPoint& point) const {
+    if (!(cell.flags() & Qt::ItemIsUserCheckable))
+        return false;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+#else
+    QStyleOptionViewItem option = viewOptions();
+#endif
+    option.rect = visualRect(cell);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this).contains(point);
+}
+
 // A check box is about its own row, whichever is selected.
 QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
     const QModelIndex& index, const QEvent* event) const {
-    const bool pressed =
+    const bool byMouse =
         event && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease ||
                      event->type() == QEvent::MouseMove);
-    if (pressed && index.isValid() && (index.flags() & Qt::ItemIsUserCheckable))
+    if (byMouse && isOnCheckBox(index, static_cast<const QMouseEvent*>(event)->pos()))
         return QItemSelectionModel::NoUpdate;
     return QTableView::selectionCommand(index, event);
 }

@@ -55,7 +55,7 @@ class KyvarQuorviTableView : public QTableView {
     void selectRowAlone(int row);
     void deselectAll();
     using QTableView::edit;
-    /// Starts an edit of the cell, with its text selected.
+    /// Starts an edit of the cell, with its text selected; does nothing where the cell cannot be edited.
     void editCell(int column, int row);
     /// Whether the user is typing into a cell.
     [[nodiscard]] bool isEditing() const { return state() == EditingState; }
@@ -124,6 +124,8 @@ class KyvarQuorviTableView : public QTableView {
 
   private:
     void layOutColumns();
+    /// Whether the point, of the viewport, is on the cell's check box.
+    [[nodiscard]] bool isOnCheckBox(const QModelIndex& cell, const QPoint& point) const;
     [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
     void showEmptyText();
     void alignTitles();

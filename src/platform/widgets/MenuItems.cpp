@@ -85,7 +85,7 @@ QString shownTitle(const QString& title) {
     QString shown = shownText(withoutDirection(title));
     // A tab would put what follows where the item's shortcut stands.
     for (QChar& character : shown)
-        if (!character.isPrint() && !character.isSurrogate())
+        if (!character.isPrint() && !character.isSurrogate() && !isolatesName(character))
             character = QLatin1Char(' ');
     return inItsDirection(shown);
 }

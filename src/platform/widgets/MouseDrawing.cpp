@@ -40,8 +40,8 @@ QPainterPath bodyPath() {
     return path;
 }
 
-QColor onWindow(const QPalette& palette, qreal shareOfText) {
-    return mixed(shareOfText, palette.color(QPalette::WindowText), palette.color(QPalette::Window));
+QColor onWindow(const QPalette& palette, qreal share) {
+    return mixed(share, palette.color(QPalette::WindowText), palette.color(QPalette::Window));
 }
 
 /// The mouse itself, and its buttons and wheel.

@@ -153,6 +153,13 @@ bool PopUpButton::selectItemWithTag(int tag, const std::optional<QString>& title
     return m_selected != nullptr;
 }
 
+void PopUpButton::selectNone(const QString& text) {
+    m_awaited.reset();
+    if (!m_original)
+        selectItem(nullptr);
+    showText(text);
+}
+
 void PopUpButton::chooseTriggeredItem(QAction* item) {
     if (!items().contains(item)) {
         emit listItemChosen(item);

@@ -49,6 +49,8 @@ class PopUpButton : public QComboBox {
     /// Selects the item with the tag, or none when no item has it; false then. A title is the item's own from
     /// then on.
     bool selectItemWithTag(int tag, const std::optional<QString>& title = std::nullopt);
+    /// Selects none and shows the text where the title would be, until something is selected.
+    void selectNone(const QString& text);
 
     /// Of a fixed number of characters, whatever is selected.
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }

@@ -1,0 +1,36 @@
+// What the window says of an export and of an import.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <filesystem>
+#include <vector>
+
+#include "model/ItemFile.h"
+#include "platform/widgets/FilledText.h"
+
+namespace quorvi {
+
+enum class ItemKind : std::uint8_t { profile, macro };
+
+/// The path as users write it: from their home folder where it is in there. Long names are cut.
+[[nodiscard]] QString shownPath(const std::filesystem::path& path, const std::filesystem::path& home);
+
+/// What was exported, and where to, as shownPath() gives it.
+[[nodiscard]] QString exportedText(
+    ItemKind kind, const QString& name, const QString& path, const PanelText& text);
+/// Why it was not.
+[[nodiscard]] QString notExportedText(
+    const QString& name, const QString& path, std::error_code reason, const PanelText& text);
+
+/// What was imported, and which inputs of it, 1 to 9, run macros that are not there.
+[[nodiscard]] QString importedText(
+    ItemKind kind, const QString& name, const std::vector<int>& withoutMacro, const PanelText& text);
+/// Why the file, as shownPath() gives it, was not imported.
+[[nodiscard]] QString notImportedText(
+    ItemKind kind, const QString& path, ItemFault fault, const PanelText& text);
+/// There are as many items as there can be.
+[[nodiscard]] QString listFullText(ItemKind kind, const QString& path, const PanelText& text);
+
+} // namespace quorvi

@@ -1,0 +1,44 @@
+// Turns of the virtual wheels: what a real wheel does, and notches from buttons, which repeat while they are
+// held as a key does.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "engine/FrameWriter.h"
+#include "engine/Functions.h"
+#include "engine/Options.h"
+
+namespace quorvi::engine {
+
+/// Parts of a notch in high resolution, as the kernel defines it.
+inline constexpr std::int32_t partsOfNotch = 120;
+
+class Scrolling {
+  public:
+    explicit Scrolling(FrameWriter& writer) : m_writer(writer) {}
+
+    /// Turns in that direction by notches and by parts of notches, which say the same; both may be negative.
+    void turn(ScrollDirection direction, std::int64_t notches, std::int64_t parts);
+
+    /// A notch at once and more until the release. The input is 1 to 7.
+    void press(std::uint8_t input, ScrollDirection direction, Time now);
+    void release(std::uint8_t input);
+    void wake(Time now);
+    [[nodiscard]] std::optional<Time> nextWake() const;
+    void endAll();
+    [[nodiscard]] bool isAny() const;
+
+  private:
+    struct Held {
+        bool isDown = false;
+        ScrollDirection direction;
+        Time due{0};
+    };
+
+    FrameWriter& m_writer;
+    std::array<Held, buttonInputs> m_held{};
+};
+
+} // namespace quorvi::engine

@@ -1,0 +1,99 @@
+#include "helper/SimulatedDevice.h"
+
+#include <utility>
+
+#include "engine/Event.h"
+#include "platform/keyboard/LetterKeys.h"
+#include "platform/keyboard/XkbKeyboardLayout.h"
+
+namespace quorvi {
+
+namespace {
+
+using engine::eventOf;
+
+constexpr std::uint8_t wheelAway = 8;
+constexpr std::int32_t partsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
+
+engine::Time now() {
+    return std::chrono::duration_cast<engine::Time>(Timer::Clock::now().time_since_epoch());
+}
+
+} // namespace
+
+void SimulatedDevice::setRecord(
+    std::span<const std::uint8_t> record, const std::array<float, limits::profiles>& acceleration) {
+    m_options.acceleration = acceleration;
+    setOptions();
+    (void)m_engine.setRecord(record, now());
+    setTimer();
+}
+
+void SimulatedDevice::setMacrosAreQuiet(bool quiet) {
+    if (std::exchange(m_options.macrosAreQuiet, quiet) != quiet)
+        setOptions();
+}
+
+void SimulatedDevice::press(std::uint8_t input) {
+    readLayout();
+    if (input <= engine::buttonInputs)
+        return feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 1)});
+    const std::int32_t notch = input == wheelAway ? 1 : -1;
+    feed(std::array{
+        eventOf(EV_REL, REL_WHEEL, notch), eventOf(EV_REL, REL_WHEEL_HI_RES, notch * partsOfNotch)});
+}
+
+void SimulatedDevice::release(std::uint8_t input) {
+    if (input <= engine::buttonInputs)
+        feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 0)});
+}
+
+void SimulatedDevice::move(std::int32_t x, std::int32_t y) {
+    feed(std::array{eventOf(EV_REL, REL_X, x), eventOf(EV_REL, REL_Y, y)});
+}
+
+void SimulatedDevice::releaseAll() {
+    m_engine.releaseAll(now());
+    setTimer();
+}
+
+void SimulatedDevice::wake() {
+    m_engine.wake(now());
+    setTimer();
+}
+
+void SimulatedDevice::write(engine::Device, std::span<const input_event> frame) {
+    if (m_frame)
+        m_frame(frame);
+}
+
+void SimulatedDevice::runs(const engine::Running&) {
+    if (m_running)
+        m_running();
+}
+
+/// Compiling a keymap takes some milliseconds and memory, which a helper that nobody presses does not need.
+void SimulatedDevice::readLayout() {
+    if (std::exchange(m_layoutIsRead, true))
+        return;
+    if (const auto layout = makeDefaultKeyboardLayout())
+        m_options.letterKeys = letterKeysOf(*layout);
+    setOptions();
+}
+
+void SimulatedDevice::feed(std::span<const input_event> frame) {
+    m_engine.input(frame, now());
+    setTimer();
+}
+
+void SimulatedDevice::setOptions() {
+    m_engine.setOptions(m_options, now());
+    setTimer();
+}
+
+void SimulatedDevice::setTimer() {
+    const auto next = m_engine.nextWake();
+    m_timer.set(next ? std::optional(Timer::Clock::time_point(*next)) : std::nullopt);
+}
+
+} // namespace quorvi

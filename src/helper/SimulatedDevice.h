@@ -1,0 +1,63 @@
+// The simulated mouse itself: what a real one's buttons and sensor would do, for whoever has none in use.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+
+#include "engine/Engine.h"
+#include "platform/events/Timer.h"
+
+namespace quorvi {
+
+/// Its sensor has 1600 DPI. Shortcuts are typed by the keys of the layout that the machine is configured
+/// with, read when an input is first used.
+class SimulatedDevice : private engine::Output {
+  public:
+    SimulatedDevice() = default;
+
+    /// What it types and moves, a frame at a time.
+    void onFrame(std::function<void(std::span<const input_event>)> function) {
+        m_frame = std::move(function);
+    }
+    /// Its profile or stage is another one.
+    void onRunning(std::function<void()> function) { m_running = std::move(function); }
+
+    /// A record that the engine refuses changes nothing.
+    void setRecord(
+        std::span<const std::uint8_t> record, const std::array<float, limits::profiles>& acceleration);
+    /// No macro starts while the panel records one.
+    void setMacrosAreQuiet(bool quiet);
+
+    // Inputs are 1 to 9. The wheel (8 and 9) turns by a notch and has no release.
+    void press(std::uint8_t input);
+    void release(std::uint8_t input);
+    /// Counts of the sensor.
+    void move(std::int32_t x, std::int32_t y);
+    void releaseAll();
+
+    [[nodiscard]] engine::Running running() const { return m_engine.running(); }
+
+    /// Becomes readable when wake() wants to be called.
+    [[nodiscard]] int timerFd() const { return m_timer.fd(); }
+    void wake();
+
+  private:
+    void write(engine::Device device, std::span<const input_event> frame) override;
+    void runs(const engine::Running& running) override;
+
+    void readLayout();
+    void feed(std::span<const input_event> frame);
+    void setOptions();
+    void setTimer();
+
+    std::function<void(std::span<const input_event>)> m_frame;
+    std::function<void()> m_running;
+    engine::Options m_options;
+    bool m_layoutIsRead = false;
+    engine::Engine m_engine{*this};
+    Timer m_timer;
+};
+
+} // namespace quorvi

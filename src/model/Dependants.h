@@ -1,0 +1,40 @@
+// What inputs of the mouse depend on: the macros that they run and the profiles that they switch to.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "plist/Value.h"
+
+namespace quorvi {
+
+/// One of the nine inputs of a profile.
+struct ProfileInput {
+    std::size_t profile = 0; ///< its position from 0
+    int input = 0;           ///< 1 to 9
+    bool operator==(const ProfileInput&) const = default;
+};
+
+/// An input that switches to a profile, whose number comes to mean another one or none.
+struct RedirectedInput {
+    ProfileInput from;
+    std::size_t now = 0;             ///< the position of the profile that it switches to
+    std::optional<std::size_t> then; ///< the same, as positions are now; nothing when there will be none
+    bool operator==(const RedirectedInput&) const = default;
+};
+
+/// The inputs of all profiles that run the macro at the index and nothing once it is removed. Another macro
+/// of its identifier would be run in its place.
+[[nodiscard]] std::vector<ProfileInput> inputsThatRun(const plist::Dictionary& tree, std::size_t macro);
+
+/// The inputs of the other profiles that do not switch to what they switched to, once the profile at the
+/// index is removed: their numbers stay, and the profiles behind it move up.
+[[nodiscard]] std::vector<RedirectedInput> inputsRedirectedWithout(
+    const plist::Dictionary& tree, std::size_t profile);
+
+/// The inputs of the profile, 1 to 9, that run a macro which is not in the array.
+[[nodiscard]] std::vector<int> inputsWithoutMacro(
+    const plist::Dictionary& profile, const plist::Array& macros);
+
+} // namespace quorvi

@@ -1,0 +1,106 @@
+// Whether the helper application runs: it is started where it does not, and the user is told.
+
+#include <QLabel>
+
+#include <utility>
+
+#include "pane/HelperName.h"
+#include "pane/KyvarQuorviPane.h"
+#include "pane/Notices.h"
+#include "pane/loginitems/LoginItems.h"
+#include "platform/widgets/NoticeBar.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+namespace {
+
+std::string helperApplication(const Bundle& bundle) {
+    return bundle.resourcePath() + "/" + kHelperName + ".app";
+}
+
+} // namespace
+
+void KyvarQuorviPane::startHelper() {
+    if (findProcessByName(kHelperName, nullptr) != noErr)
+        launchHelper();
+    // Running or not, it is to start with every session from now on.
+    AddLoginItem(
+        *fServices.loginItems, helperApplication(fServices.bundle), std::nullopt, false, true, nullptr);
+}
+
+void KyvarQuorviPane::launchHelper() {
+    const QString application = QString::fromStdString(helperApplication(fServices.bundle));
+    fHelperStarting = fServices.workspace->launchApplication(application, [this] {
+        fHelperStarting = false;
+        followHelper();
+    });
+}
+
+void KyvarQuorviPane::startFollowingHelper() {
+    fFollowsHelper = true;
+    fHelper = {};
+    fListHasCome = false;
+    if (fServices.bus)
+        fServices.bus->onProcessesChanged([this] { followHelper(); });
+    followHelper();
+}
+
+void KyvarQuorviPane::stopFollowingHelper() {
+    fFollowsHelper = false;
+    if (fServices.bus)
+        fServices.bus->onProcessesChanged(nullptr);
+}
+
+void KyvarQuorviPane::followHelper() {
+    if (!fFollowsHelper || !fMainView)
+        return;
+    ProcessSerialNumber helper;
+    const Status found = findProcessByName(kHelperName, &helper);
+    if (found == errAETimeout)
+        return; // a bus that is busy says neither
+    if (std::exchange(fHelper, helper) != helper)
+        fListHasCome = false; // what another one knows of the mouse is yet to be heard
+    fHelperStarting = fHelperStarting && found != noErr;
+    fHelperGone = found != noErr && (fHelperGone || !fHelperStarting);
+    if (fHelperGone)
+        tellUser(Notice::helperGone,
+            locString(QStringLiteral("The background program is not running. Changes are saved and reach the "
+                                     "mouse when it is back.")),
+            NoticeSign::warning);
+    else
+        withdrawNotice(Notice::helperGone);
+    updateConnectionUI();
+}
+
+void KyvarQuorviPane::bringHelperBack() {
+    followHelper();
+    // A program takes a while to start: in a drag, which saves all the time, that would be felt. Without a
+    // bus it would end at once.
+    if (fFollowsHelper && fHelperGone && !fHelperStarting && !fDragging && fServices.bus &&
+        fServices.bus->isConnected())
+        launchHelper();
+}
+
+void KyvarQuorviPane::tellHelperOfSave() {
+    if (sendMessageToHelper(kMessageSettingsSaved, fProfileIndex) != noErr)
+        bringHelperBack();
+}
+
+QString KyvarQuorviPane::connectionText() const {
+    if (fHelperGone)
+        return locString(QStringLiteral("The background program is not running."));
+    if (!fListHasCome)
+        return locString(QStringLiteral("Looking for the mouse…"));
+    return hasDevice()
+               ? locString(QStringLiteral("Connected"))
+               : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in."));
+}
+
+void KyvarQuorviPane::updateConnectionUI() {
+    const QString text = connectionText();
+    fViews->main.quorviTextConnection->setText(text);
+    fViews->main.textNoMacro->setText(hasDevice() ? fStringNoMacro : text);
+}
+
+} // namespace quorvi

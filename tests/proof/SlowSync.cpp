@@ -1,0 +1,14 @@
+// Loaded into a program before its own libraries (LD_PRELOAD), makes its disk slow: bringing a file to it
+// takes QUORVI_SYNC_MS milliseconds more.
+
+#include <chrono>
+#include <cstdlib>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+extern "C" int fsync(int file) {
+    if (const char* milliseconds = std::getenv("QUORVI_SYNC_MS"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(milliseconds)));
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
