@@ -2,7 +2,9 @@
 
 #include <QEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QPointer>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -33,6 +35,15 @@ class SheetPlacement : public QObject {
     QWidget* m_window;
 };
 
+/// Has Qt forget that the hidden sheet had the focus. It does so by itself only when the display has focused
+/// another window of the program; a sheet that is shown again before that gets the focus as its window had it
+/// already, and Qt 6.8 (6.4 not) then does not make it the active one.
+void giveFocusUp(const QWidget& sheet) {
+    QWindow* window = sheet.windowHandle();
+    if (window && window == QGuiApplication::focusWindow())
+        window->destroy();
+}
+
 } // namespace
 
 ModalSessions::~ModalSessions() {
@@ -55,6 +66,7 @@ int ModalSessions::run(QDialog* panel) {
     const auto cancel = QObject::connect(panel, &QDialog::rejected, &loop, [this] { stop(0); });
     const auto accept = QObject::connect(panel, &QDialog::accepted, &loop, [this] { stop(1); });
     const SheetPlacement placement(panel, panel->parentWidget()->window());
+    giveFocusUp(*panel);
     panel->show();
     panel->raise();
     panel->activateWindow();

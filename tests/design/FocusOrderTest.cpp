@@ -17,10 +17,10 @@ QRect placeOf(const QWidget& widget) {
     return {widget.mapTo(widget.window(), QPoint()), widget.size()};
 }
 
-/// What the Tab key stops at in the view, in its order.
-QList<QWidget*> stopsIn(QWidget& view) {
+/// What the Tab key stops at in the view, in its order from that widget on.
+QList<QWidget*> stopsIn(QWidget& view, QWidget& first) {
     QList<QWidget*> stops;
-    QWidget* widget = &view;
+    QWidget* widget = &first;
     do {
         const bool isStop = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
                             widget->isEnabled() && view.isAncestorOf(widget) &&
@@ -28,8 +28,13 @@ QList<QWidget*> stopsIn(QWidget& view) {
         if (isStop && (widget->objectName().startsWith("quorvi") || qobject_cast<QTabBar*>(widget)))
             stops << widget;
         widget = widget->nextInFocusChain();
-    } while (widget != &view);
+    } while (widget != &first);
     return stops;
+}
+
+/// The same from the view on.
+QList<QWidget*> stopsIn(QWidget& view) {
+    return stopsIn(view, view);
 }
 
 /// Reading on from the one, the eye comes to the other: further down, or further along and not up to before.
@@ -43,9 +48,9 @@ bool leadsTo(const QWidget& from, const QWidget& to) {
     return below || along;
 }
 
-QStringList leapsIn(QWidget& view) {
+/// Where the Tab key goes against the eye, on this way through a view.
+QStringList leapsOn(const QList<QWidget*>& stops) {
     QStringList leaps;
-    const QList<QWidget*> stops = stopsIn(view);
     for (int i = 1; i < stops.size(); ++i)
         if (!leadsTo(*stops[i - 1], *stops[i]))
             leaps << stops[i - 1]->objectName() + " to " + stops[i]->objectName();
@@ -85,8 +90,12 @@ class FocusOrderTest : public QObject {
         for (int tab = 0; tab < main.quorviTabsMain->count(); ++tab) {
             main.quorviTabsMain->setCurrentIndex(tab);
             QCoreApplication::processEvents();
-            QCOMPARE(leapsIn(*main.quorviTabsMain->widget(tab)).join("; "), QString());
-            stops += int(stopsIn(*main.quorviTabsMain->widget(tab)).size());
+            // From the row of tabs, as the key leads into the page. The page itself is no stop, and Qt
+            // releases differ in where they have it in the ring.
+            const QList<QWidget*> way =
+                stopsIn(*main.quorviTabsMain->widget(tab), *main.quorviTabsMain->tabBar());
+            QCOMPARE(leapsOn(way).join("; "), QString());
+            stops += int(way.size());
         }
         QCOMPARE(stops, 9 + 7 + 5 + 9 + 4);
     }
@@ -112,8 +121,9 @@ class FocusOrderTest : public QObject {
         for (QDialog* sheet : spoken.view->findChildren<QDialog*>()) {
             sheet->show();
             QCoreApplication::processEvents();
-            QVERIFY2(!stopsIn(*sheet).isEmpty(), qPrintable(sheet->objectName()));
-            QCOMPARE(leapsIn(*sheet).join("; "), QString());
+            const QList<QWidget*> way = stopsIn(*sheet);
+            QVERIFY2(!way.isEmpty(), qPrintable(sheet->objectName()));
+            QCOMPARE(leapsOn(way).join("; "), QString());
             sheet->hide();
         }
     }
