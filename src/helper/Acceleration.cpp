@@ -27,7 +27,8 @@ std::array<float, limits::profiles> accelerationOfSlots(const plist::Dictionary&
     std::array<float, limits::profiles> factors{};
     factors.fill(neutralAcceleration);
     std::size_t slot = 0;
-    for (const auto& item : tree.array(keys::profiles).items()) {
+    const plist::Array profiles = tree.array(keys::profiles);
+    for (const auto& item : profiles.items()) {
         const auto profile = item.dictionary();
         if (slot < factors.size() && takesASlot(profile))
             factors[slot++] = accelerationOf(profile);
