@@ -35,7 +35,7 @@ QString shownPath(const std::filesystem::path& path, const std::filesystem::path
     const auto shown = [](const std::filesystem::path& part) {
         return shownText(QFile::decodeName(part.c_str()));
     };
-    const QString name = shown(path.filename());
+    QString name = shown(path.filename());
     if (folder.empty())
         return name;
     return folder == "/" ? QLatin1Char('/') + name : shown(folder) + QLatin1Char('/') + name;
