@@ -47,7 +47,9 @@ void KnownProcesses::remember(std::string_view name, const ProcessSerialNumber& 
         m_found.insert_or_assign(std::string(name), psn);
 }
 
-int KnownProcesses::receiveChange(sd_bus_message*, void* known, sd_bus_error*) {
+int KnownProcesses::receiveChange(sd_bus_message* message, void* known, sd_bus_error*) {
+    if (!isOfTheBus(message))
+        return 0;
     auto& self = *static_cast<KnownProcesses*>(known);
     self.m_found.clear();
     if (self.m_changed)

@@ -11,8 +11,9 @@ void reportGone(const Watch& watch) {
     watch.connection->work.emplace_back(watch.psn);
 }
 
-int receiveLeft(sd_bus_message*, void* watch, sd_bus_error*) {
-    reportGone(*static_cast<const Watch*>(watch));
+int receiveLeft(sd_bus_message* message, void* watch, sd_bus_error*) {
+    if (events::isOfTheBus(message))
+        reportGone(*static_cast<const Watch*>(watch));
     return 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include <systemd/sd-bus.h>
 
@@ -38,6 +39,13 @@ class BusError {
   private:
     sd_bus_error m_error = {nullptr, nullptr, 0};
 };
+
+/// Whether the bus itself sent the signal. A rule that asks for this sender by its name does not: the library
+/// lets a signal through that any other connection sends to this one alone.
+[[nodiscard]] inline bool isOfTheBus(sd_bus_message* signal) {
+    const char* sender = sd_bus_message_get_sender(signal);
+    return sender && std::string_view(sender) == "org.freedesktop.DBus";
+}
 
 /// The status for a call that failed: by the name of the error answer, else by the error number.
 [[nodiscard]] Status statusOf(const sd_bus_error& error, int errorNumber);
