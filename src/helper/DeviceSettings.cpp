@@ -1,9 +1,9 @@
 #include "helper/DeviceSettings.h"
 
-#include <bit>
-#include <memory>
+#include <cstring>
+#include <utility>
 
-#include "helper/Acceleration.h"
+#include "helper/ProfileSlots.h"
 #include "model/ConfigMapping.h"
 #include "model/SettingsDocument.h"
 
@@ -34,20 +34,50 @@ bool DeviceSettings::reload() {
     if (const auto tree = loadSettings(m_files.user, {}))
         return take(tree);
     const bool missing = isMissing(m_files.user);
-    if (!missing && !m_record.empty())
+    if (!missing && m_record)
         return false;
     return take(loadSettings(m_files.defaults, {})) && missing;
 }
 
+bool DeviceSettings::follow(std::optional<std::size_t> profile) {
+    m_followed = profile;
+    if (!m_record)
+        return false;
+    const auto before = std::exchange(m_record->settings, settingsToRun());
+    return std::memcmp(&before, &m_record->settings, sizeof before) != 0;
+}
+
+std::span<const std::uint8_t> DeviceSettings::record() const {
+    if (!m_record)
+        return {};
+    return {reinterpret_cast<const std::uint8_t*>(m_record.get()), sizeof(ConfigRecord)};
+}
+
 bool DeviceSettings::take(const plist::Dictionary& tree) {
-    const auto record = std::make_unique<ConfigRecord>();
+    auto record = std::make_unique<ConfigRecord>();
     if (!KyvarConfigDictToStruct(tree, record.get()))
         return false;
-    const auto bytes = std::as_bytes(std::span(record.get(), 1));
-    const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
-    m_record.assign(first, first + bytes.size());
-    m_acceleration = accelerationOfSlots(tree);
+    m_record = std::move(record);
+    m_chosen = m_record->settings;
+    m_profiles = profilesOfSlots(tree);
+    m_acceleration = accelerationOfSlots(m_profiles);
+    m_record->settings = settingsToRun();
     return true;
+}
+
+SettingsRecord DeviceSettings::settingsToRun() const {
+    if (!m_followed || *m_followed >= m_profiles.size())
+        return m_chosen;
+    const auto& profile = m_record->profiles[*m_followed];
+    auto settings = m_chosen;
+    settings.profileId = profile.number;
+    settings.stage = profile.defaultStage;
+    if (profile.defaultStage >= 1 && profile.defaultStage <= profile.stages.size()) {
+        const auto& stage = profile.stages[profile.defaultStage - 1U];
+        settings.dpiXCode = stage.dpiXCode;
+        settings.dpiYCode = stage.dpiYCode;
+    }
+    return settings;
 }
 
 } // namespace quorvi

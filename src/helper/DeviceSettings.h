@@ -2,10 +2,13 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <span>
-#include <vector>
 
+#include "model/ConfigRecord.h"
 #include "model/Limits.h"
 #include "plist/Value.h"
 
@@ -33,18 +36,30 @@ class DeviceSettings {
     /// then. Where there is none yet, the mouse gets that of the defaults meanwhile.
     bool reload();
 
-    /// 13232 bytes; empty until the first reload that succeeds.
-    [[nodiscard]] std::span<const std::uint8_t> record() const { return m_record; }
+    /// Has the record run this profile (an index of profiles()) from its default stage on, whichever one its
+    /// user chose; nothing gives theirs back, stage and sensitivity with it, and so does an index that no
+    /// profile has. It is kept across reloads, and writes nothing. False when the record is as before.
+    bool follow(std::optional<std::size_t> profile);
+    [[nodiscard]] std::optional<std::size_t> followed() const { return m_followed; }
 
+    /// 13232 bytes; empty until the first reload that succeeds.
+    [[nodiscard]] std::span<const std::uint8_t> record() const;
+
+    /// "name" and "driver" of each profile, in the order of the record. Nil as long as there is no record.
+    [[nodiscard]] const plist::Array& profiles() const { return m_profiles; }
     /// The acceleration of each profile of the record.
     [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
 
   private:
     /// False, with the old record kept, when the tree gives no record.
     bool take(const plist::Dictionary& tree);
+    [[nodiscard]] SettingsRecord settingsToRun() const;
 
     SettingsFiles m_files;
-    std::vector<std::uint8_t> m_record;
+    std::unique_ptr<ConfigRecord> m_record; ///< with the settings that run
+    SettingsRecord m_chosen{};              ///< the settings as the user chose them
+    std::optional<std::size_t> m_followed;
+    plist::Array m_profiles;
     std::array<float, limits::profiles> m_acceleration{};
 };
 

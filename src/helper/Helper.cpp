@@ -128,9 +128,21 @@ void Helper::setRecording(bool recording) {
 bool Helper::reloadSettings() {
     const bool hadNone = m_settings.record().empty();
     const bool reloaded = m_settings.reload();
-    if (reloaded || (hadNone && !m_settings.record().empty()))
-        m_mouse.setRecord(m_settings.record(), m_settings.acceleration());
+    if (!reloaded && (!hadNone || m_settings.record().empty()))
+        return false;
+    if (m_profilesRead)
+        m_profilesRead();
+    giveRecord();
     return reloaded;
+}
+
+void Helper::giveRecord() {
+    m_mouse.setRecord(m_settings.record(), m_settings.acceleration());
+}
+
+void Helper::followProfile(std::optional<std::size_t> profile) {
+    if (profile != m_settings.followed() && m_settings.follow(profile))
+        giveRecord();
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {

@@ -2,6 +2,7 @@
 // device what the panels' user has set.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 
@@ -25,6 +26,17 @@ class Helper : public SimulatedMouseDevice {
     /// run.
     [[nodiscard]] NameResult start();
 
+    /// Runs the profile, an index of profiles(), from its default stage on, until it is told another one;
+    /// nothing runs the one that the user chose. No file is written, and what is followed already changes
+    /// nothing.
+    void followProfile(std::optional<std::size_t> profile);
+    [[nodiscard]] std::optional<std::size_t> followedProfile() const { return m_settings.followed(); }
+    /// "name" and "driver" of each profile, in the order of the mouse's record.
+    [[nodiscard]] const plist::Array& profiles() const { return m_settings.profiles(); }
+    /// Called when profiles() has been read anew, before the mouse gets the record: followProfile() may be
+    /// called from it.
+    void onProfilesRead(std::function<void()> function) { m_profilesRead = std::move(function); }
+
     void attach() override;
     void detach() override;
     [[nodiscard]] bool attached() const override { return m_attached; }
@@ -42,6 +54,7 @@ class Helper : public SimulatedMouseDevice {
     void setAttached(bool attached);
     void setRecording(bool recording);
     bool reloadSettings();
+    void giveRecord();
     void addPanel(const ProcessSerialNumber& panel);
     void removePanel(const ProcessSerialNumber& panel);
     void setRecorder(std::optional<ProcessSerialNumber> recorder);
@@ -53,6 +66,7 @@ class Helper : public SimulatedMouseDevice {
     DeviceSettings m_settings;
     SimulatedDevice m_mouse;
     std::unique_ptr<SimulatedMouseObject> m_object;
+    std::function<void()> m_profilesRead;
     std::set<ProcessSerialNumber> m_panels; ///< shown, and told of every change
     bool m_attached = true;                 ///< a simulated mouse is plugged in until someone unplugs it
     bool m_recording = false;
