@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
     const auto bus = quorvi::EventBus::connect();
     if (!bus)
         return fail("there is no session bus, or it does not answer");
-    quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess());
+    quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess(), quorvi::chosenMicePath());
     switch (helper.start()) {
     case quorvi::NameResult::owned:
         loop.run(*bus);

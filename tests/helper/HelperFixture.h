@@ -88,11 +88,15 @@ class HelperTest : public BusTest {
     std::filesystem::path resources = folder / "Kyvar.prefPane/Contents/Resources";
     std::filesystem::path defaults = resources / "Defaults.plist";
     std::filesystem::path userSettings = folder / "Library/Preferences/com.kyvar.quorvi.settings.plist";
+    std::filesystem::path configuration = folder / "configuration";
+    std::filesystem::path chosenMice = configuration / "kyvar-quorvi/mice.plist";
     std::unique_ptr<ChildProcess> helper;
     ProcessSerialNumber psn;
 
   private:
-    [[nodiscard]] std::vector<std::string> environment() const { return {"HOME=" + folder.path().string()}; }
+    [[nodiscard]] std::vector<std::string> environment() const {
+        return {"HOME=" + folder.path().string(), "XDG_CONFIG_HOME=" + configuration.string()};
+    }
     std::filesystem::path m_program = resources / "KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper";
 };
 
