@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/events/EventBusPrivate.h"
+
 namespace quorvi {
 
 namespace {
@@ -12,7 +14,8 @@ constexpr char kPanelName[] = "KyvarQuorviPane";
 } // namespace
 
 Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesystem::path chosenMice)
-    : m_bus(bus), m_settings(std::move(files)), m_mice(loop, std::move(chosenMice), *this) {
+    : m_bus(bus), m_settings(files), m_mice(loop, std::move(chosenMice), *this), m_bundle(files.bundle()),
+      m_display(bus.connection().bus.get()) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
@@ -28,7 +31,7 @@ Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesys
         if (m_object)
             m_object->tellRunning();
         if (isDemonstration())
-            tellRunning();
+            noteRunning();
     });
     loop.watch(m_mouse.timerFd(), [this] { m_mouse.wake(); });
 }
@@ -110,11 +113,13 @@ void Helper::setRecording(bool recording) {
 
 bool Helper::reloadSettings() {
     const bool hadNone = m_settings.record().empty();
+    const auto before = m_settings.settings();
     const bool reloaded = m_settings.reload();
     if (!reloaded && (!hadNone || m_settings.record().empty()))
         return false;
     if (m_profilesRead)
         m_profilesRead();
+    expectSaved(before);
     giveRecord();
     return reloaded;
 }

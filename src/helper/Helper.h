@@ -9,6 +9,8 @@
 
 #include "helper/DeviceSettings.h"
 #include "helper/SimulatedDevice.h"
+#include "helper/display/RunningChanges.h"
+#include "helper/display/ScreenDisplay.h"
 #include "helper/mice/RealMice.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventLoop.h"
@@ -75,7 +77,8 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     [[nodiscard]] DeviceList deviceList() const;
     void sendDeviceList();
     [[nodiscard]] engine::Running running() const;
-    void tellRunning();
+    void noteRunning();
+    void expectSaved(const SettingsRecord& before);
     void miceChanged() override;
     void runningChanged() override;
     void inputChanged(const std::string& mouse, std::uint8_t input, bool pressed) override;
@@ -100,6 +103,9 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     std::unique_ptr<HelperObject> m_controls;
     std::function<void()> m_profilesRead;
     std::string m_frontReason;
+    std::filesystem::path m_bundle;
+    RunningChanges m_changes;
+    ScreenDisplay m_display;
     bool m_wasDemonstration = true;
     std::optional<DeviceList> m_sentList;        ///< what the panels were told last
     std::optional<ProcessSerialNumber> m_setter; ///< who sets a mouse up

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "helper/Helper.h"
+#include "helper/display/ChangeTexts.h"
 
 namespace quorvi {
 
@@ -25,9 +26,19 @@ engine::Running Helper::running() const {
     return isDemonstration() ? m_mouse.running() : m_mice.running();
 }
 
-void Helper::tellRunning() {
+void Helper::noteRunning() {
     if (m_controls)
         m_controls->tellRunning();
+    const auto now = running();
+    if (const auto shown = m_changes.note(now, profiles()))
+        m_display.show(textOf(*shown, now, profiles(), Bundle(m_bundle.native())));
+}
+
+/// As the engine does: a record whose settings are those of the one before changes nothing that runs.
+void Helper::expectSaved(const SettingsRecord& before) {
+    const auto now = m_settings.settings();
+    if (std::memcmp(&before, &now, sizeof now) != 0)
+        m_changes.expect(now.profileId, now.stage);
 }
 
 void Helper::setFrontReason(std::string reason) {
@@ -93,7 +104,8 @@ void Helper::miceChanged() {
     if (std::exchange(m_wasDemonstration, isDemonstration()) != m_wasDemonstration) {
         if (m_controls)
             m_controls->tellDemonstration();
-        tellRunning();
+        m_changes.startWith(running());
+        noteRunning();
     }
     const auto list = deviceList();
     if (!m_sentList || std::memcmp(&*m_sentList, &list, sizeof list) != 0)
@@ -101,7 +113,7 @@ void Helper::miceChanged() {
 }
 
 void Helper::runningChanged() {
-    tellRunning();
+    noteRunning();
 }
 
 void Helper::inputChanged(const std::string& mouse, std::uint8_t input, bool pressed) {
