@@ -70,14 +70,15 @@ bool Sway::setLayout(const std::string& layout, const std::string& variant) cons
            command("nop"); // before it takes in another command, it writes to all its clients
 }
 
-KWin::KWin() : Compositor("kwin-0") {
+KWin::KWin(const std::string& bus) : Compositor("kwin-0") {
     const std::string runtime = folder().path().native();
     const std::string noBus = "unix:path=" + folder().path("no-bus");
     startAsUser({"kwin_wayland", "--virtual", "--width", "1280", "--height", "800", "--no-lockscreen",
                     "--no-global-shortcuts", "--no-kactivities", "--socket", socket()},
-        {"XDG_RUNTIME_DIR=" + runtime, "HOME=" + runtime, "DBUS_SESSION_BUS_ADDRESS=" + noBus,
-            "DBUS_SYSTEM_BUS_ADDRESS=" + noBus, "KWIN_COMPOSE=Q", "QT_QUICK_BACKEND=software",
-            "KWIN_WAYLAND_NO_PERMISSION_CHECKS=1", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
+        {"XDG_RUNTIME_DIR=" + runtime, "HOME=" + runtime,
+            "DBUS_SESSION_BUS_ADDRESS=" + (bus.empty() ? noBus : bus), "DBUS_SYSTEM_BUS_ADDRESS=" + noBus,
+            "KWIN_COMPOSE=Q", "QT_QUICK_BACKEND=software", "KWIN_WAYLAND_NO_PERMISSION_CHECKS=1", "DISPLAY",
+            "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
 }
 
 Weston::Weston(const std::string& display) : Compositor("weston") {

@@ -49,7 +49,8 @@ class Sway : public Compositor {
 /// KWin, with nothing but a screen in memory; it has the keyboard that clients make. It needs no bus.
 class KWin : public Compositor {
   public:
-    KWin();
+    /// On the session bus of this address, if any.
+    explicit KWin(const std::string& bus = "");
 };
 
 /// Weston. In a window on an X display it takes that display's layout when it starts; without a display it

@@ -3,20 +3,33 @@
 #include <algorithm>
 #include <utility>
 
+#include "helper/front/KWinSource.h"
 #include "helper/front/Recognition.h"
+#include "helper/front/WlrootsSource.h"
 #include "helper/front/X11Source.h"
 
 namespace quorvi::front {
 
 ApplicationInFront::ApplicationInFront(EventBus& bus, EventLoop& loop, const Session& session)
-    : m_object(FrontObject::offer(bus)) {
+    : m_bus(bus), m_object(FrontObject::offer(bus)) {
     m_state.desktop = session.desktop;
     loop.watch(m_descriptors.fd(), [this] { m_descriptors.serve(); });
-    if (!session.isWayland && !session.x11Display.empty())
-        add(std::make_unique<X11Source>(m_descriptors, session.x11Display));
+    addSources(session);
 }
 
 ApplicationInFront::~ApplicationInFront() = default;
+
+/// What a compositor's X server tells is not asked: it knows of X11's windows alone.
+void ApplicationInFront::addSources(const Session& session) {
+    if (!session.isWayland) {
+        if (!session.x11Display.empty())
+            add(std::make_unique<X11Source>(m_descriptors, session.x11Display));
+        return;
+    }
+    add(std::make_unique<KWinSource>(m_bus, m_descriptors, m_reports, session.resources / "kwin-front.js"));
+    if (!session.waylandSocket.empty())
+        add(std::make_unique<WlrootsSource>(m_descriptors, session.waylandSocket));
+}
 
 void ApplicationInFront::add(std::unique_ptr<FrontSource> source) {
     source->onWindow([this](const FrontWindow& window) { take(window); });
