@@ -3,7 +3,7 @@
 packages_build=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-private-dev
-    libplist-dev libsystemd-dev libevdev-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
+    libplist-dev libsystemd-dev libevdev-dev libxkbcommon-dev libxkbcommon-x11-dev libxcb1-dev libxcb-xkb-dev libwayland-dev libwayland-bin wayland-protocols
     libfontconfig-dev
     dbus dbus-daemon
 )

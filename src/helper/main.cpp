@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "helper/Helper.h"
+#include "helper/ProfileFollower.h"
 #include "platform/events/EventLoop.h"
 
 namespace {
@@ -23,8 +24,10 @@ int main(int argc, char** argv) {
     if (!bus)
         return fail("there is no session bus, or it does not answer");
     quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess(), quorvi::chosenMicePath());
+    quorvi::ProfileFollower follower(*bus, loop, helper);
     switch (helper.start()) {
     case quorvi::NameResult::owned:
+        follower.start();
         loop.run(*bus);
         return 0;
     case quorvi::NameResult::taken:

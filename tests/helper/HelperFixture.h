@@ -84,6 +84,9 @@ class HelperTest : public BusTest {
         return attached;
     }
 
+    /// More of its environment, "NAME=value". It has no display unless one is named here: what goes on on the
+    /// test's own would wake it.
+    std::vector<std::string> surroundings;
     TemporaryFolder folder;
     std::filesystem::path resources = folder / "Kyvar.prefPane/Contents/Resources";
     std::filesystem::path defaults = resources / "Defaults.plist";
@@ -95,7 +98,11 @@ class HelperTest : public BusTest {
 
   private:
     [[nodiscard]] std::vector<std::string> environment() const {
-        return {"HOME=" + folder.path().string(), "XDG_CONFIG_HOME=" + configuration.string()};
+        std::vector<std::string> all{"HOME=" + folder.path().string(),
+            "XDG_CONFIG_HOME=" + configuration.string(), "XDG_DATA_HOME", "XDG_DATA_DIRS=/nonexistent",
+            "XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "DISPLAY", "WAYLAND_DISPLAY"};
+        all.insert(all.end(), surroundings.begin(), surroundings.end());
+        return all;
     }
     std::filesystem::path m_program = resources / "KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper";
 };

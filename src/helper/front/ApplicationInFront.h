@@ -1,0 +1,49 @@
+// The application in front, from whoever tells on this desktop.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "helper/front/Descriptors.h"
+#include "helper/front/DesktopEntries.h"
+#include "helper/front/FrontApplication.h"
+#include "helper/front/FrontSource.h"
+#include "helper/front/Session.h"
+#include "platform/events/EventLoop.h"
+#include "platform/events/FrontObject.h"
+
+namespace quorvi::front {
+
+/// On X11 the X server tells; on Wayland the compositor does, by what it has for that. Offers what it knows
+/// on the bus, com.kyvar.Front1.
+class ApplicationInFront {
+  public:
+    ApplicationInFront(EventBus& bus, EventLoop& loop, const Session& session = Session::ofThisProcess());
+    ~ApplicationInFront();
+    ApplicationInFront(const ApplicationInFront&) = delete;
+    ApplicationInFront& operator=(const ApplicationInFront&) = delete;
+
+    /// Called when another application is in front.
+    void onApplication(std::function<void()> function) { m_function = std::move(function); }
+    /// Reads the desktop entries and connects to the display.
+    void start();
+
+    /// The last one that was said to be in front; nothing in it before.
+    [[nodiscard]] const FrontApplication& application() const { return m_application; }
+
+  private:
+    void add(std::unique_ptr<FrontSource> source);
+    void take(const FrontWindow& window);
+    void tell();
+
+    FrontState m_state;
+    std::unique_ptr<FrontObject> m_object;
+    Descriptors m_descriptors;
+    DesktopEntries m_entries{desktopEntryFolders()};
+    std::vector<std::unique_ptr<FrontSource>> m_sources;
+    FrontApplication m_application;
+    std::function<void()> m_function;
+};
+
+} // namespace quorvi::front

@@ -1,0 +1,28 @@
+#include "helper/front/Session.h"
+
+#include <cstdlib>
+
+namespace quorvi::front {
+
+namespace {
+
+std::string variable(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+} // namespace
+
+Session Session::ofThisProcess() {
+    Session session;
+    session.x11Display = variable("DISPLAY");
+    // An absolute path leaves the folder aside, as the Wayland library has it.
+    if (const std::string socket = variable("WAYLAND_DISPLAY"); !socket.empty())
+        session.waylandSocket = std::filesystem::path(variable("XDG_RUNTIME_DIR")) / socket;
+    session.isWayland = !session.waylandSocket.empty() || variable("XDG_SESSION_TYPE") == "wayland";
+    const std::string desktops = variable("XDG_CURRENT_DESKTOP");
+    session.desktop = desktops.substr(0, desktops.find(':'));
+    return session;
+}
+
+} // namespace quorvi::front

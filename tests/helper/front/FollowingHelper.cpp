@@ -1,0 +1,118 @@
+#include "helper/front/FollowingHelper.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+
+#include "model/Trees.h"
+#include "platform/events/FrontInterface.h"
+#include "plist/Unicode.h"
+#include "plist/Writer.h"
+#include "support/ProcessFigures.h"
+
+namespace quorvi::test {
+
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+
+constexpr int switchesOfOneRun = 30;
+constexpr microseconds wanted = std::chrono::milliseconds(20);
+
+std::string lastPart(const std::string& id) {
+    return id.substr(id.rfind('.') + 1);
+}
+
+plist::Dictionary profileFor(const std::string& id, bool automatic) {
+    const auto name = plist::toUtf16(lastPart(id));
+    auto made = profile(name);
+    made.set("driver", dict({{"application", name}, {"identifier", plist::toUtf16(id)}, {"signature", u""},
+                           {"executable", plist::toUtf16(id + "-program")}, {"autoswitch", automatic}}));
+    return made;
+}
+
+void print(std::vector<microseconds> times) {
+    std::ranges::sort(times);
+    std::cout << times.size() << " switches, from the request to the profile, in microseconds: half within "
+              << times[times.size() / 2].count() << ", 99 of 100 within "
+              << times[times.size() * 99 / 100].count() << ", all within " << times.back().count()
+              << std::endl;
+}
+
+} // namespace
+
+FollowingHelper::FollowingHelper() {
+    const auto entries = folder / ".local/share/applications";
+    std::filesystem::create_directories(entries);
+    for (const std::string id : {drawing, writing, other})
+        writeFile(entries / (id + ".desktop"),
+            "[Desktop Entry]\nType=Application\nName=" + lastPart(id) + "\nExec=" + id + "-program %U\n");
+    bind();
+}
+
+void FollowingHelper::bind(bool automatic) const {
+    auto made =
+        tree(list({test::profile(u"Own"), profileFor(drawing, automatic), profileFor(writing, automatic)}), list());
+    made.set("settings", dict({{"profileid", 1}, {"stage", 1}, {"dpix", 400}, {"dpiy", 400}}));
+    writeFile(userSettings, plist::writeXml(dict({{"quorvi", made}})).value());
+}
+
+std::uint32_t FollowingHelper::profile() {
+    std::uint32_t runs = 99;
+    EXPECT_EQ(getSimulatedMouseProfile(*bus, psn, runs), noErr);
+    return runs;
+}
+
+bool FollowingHelper::comesToRun(std::uint32_t wantedProfile) {
+    return waitFor(*bus, [&] { return profile() == wantedProfile; });
+}
+
+std::string FollowingHelper::said(const std::string& property) const {
+    const auto result = runProgram({"busctl", "--user", "get-property", "com.kyvar.KyvarQuorviHelper",
+        frontinterface::kPath, frontinterface::kInterface, property});
+    const auto start = result.output.find('"');
+    const auto end = result.output.rfind('"');
+    return start < end && end != std::string::npos ? result.output.substr(start + 1, end - start - 1) : "?";
+}
+
+bool FollowingHelper::comesToSay(const std::string& property, const std::string& wantedText) {
+    return waitFor(*bus, [&] { return said(property) == wantedText; });
+}
+
+void FollowingHelper::switchInTurn(const std::function<void(const std::string&)>& bringToFront) {
+    const char* often = std::getenv("QUORVI_FRONT_SWITCHES");
+    const int switches = often ? std::atoi(often) : switchesOfOneRun;
+    std::vector<microseconds> times;
+    for (int i = 0; i < switches; ++i) {
+        const bool toDrawing = i % 2 == 0;
+        const auto start = steady_clock::now();
+        bringToFront(toDrawing ? drawing : writing);
+        const auto end = start + kPatience;
+        while (profile() != (toDrawing ? ofDrawing : ofWriting) && steady_clock::now() < end)
+            bus->process();
+        times.push_back(std::chrono::duration_cast<microseconds>(steady_clock::now() - start));
+        ASSERT_LT(times.back(), kPatience) << "switch " << i;
+    }
+    print(times);
+    std::ranges::nth_element(times, times.begin() + switches / 2);
+    EXPECT_LE(times[static_cast<std::size_t>(switches) / 2], wanted);
+}
+
+void FollowingHelper::expectSleepDuring(const std::function<void()>& function) {
+    ASSERT_TRUE(comesToRest(helper->pid()));
+    const auto before = sleepsOf(helper->pid());
+    function();
+    ASSERT_TRUE(comesToRest(helper->pid()));
+    EXPECT_EQ(sleepsOf(helper->pid()), before);
+}
+
+void FollowingHelper::expectLittleMemory() const {
+#ifndef __SANITIZE_ADDRESS__
+    EXPECT_LT(memoryOf(helper->pid()).resident, 8192) << "in KiB";
+#endif
+    std::cout << "memory in KiB: " << memoryOf(helper->pid()).resident << " in all, "
+              << memoryOf(helper->pid()).anonymous << " of its own" << std::endl;
+}
+
+} // namespace quorvi::test

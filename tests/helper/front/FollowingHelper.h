@@ -1,0 +1,41 @@
+// The real helper on a real display, with two applications that profiles are bound to.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "helper/HelperFixture.h"
+
+namespace quorvi::test {
+
+class FollowingHelper : public HelperTest {
+  protected:
+    /// Applications and what they are bound to. A third has an entry and no profile.
+    static constexpr std::uint32_t usersOwn = 1;
+    static constexpr std::uint32_t ofDrawing = 2;
+    static constexpr std::uint32_t ofWriting = 3;
+    static constexpr char drawing[] = "org.example.Drawing";
+    static constexpr char writing[] = "org.example.Writing";
+    static constexpr char other[] = "org.example.Other";
+
+    FollowingHelper();
+
+    [[nodiscard]] std::uint32_t profile();
+    /// Waits until the mouse runs it.
+    [[nodiscard]] bool comesToRun(std::uint32_t wanted);
+    /// Of com.kyvar.Front1; "?" when it cannot be had.
+    [[nodiscard]] std::string said(const std::string& property) const;
+    [[nodiscard]] bool comesToSay(const std::string& property, const std::string& wanted);
+
+    /// Brings the applications to the front in turn by the function, 30 times or as often as
+    /// QUORVI_FRONT_SWITCHES says, looks each time for the profile, and prints how long that took. Half of
+    /// the switches have to take no longer than 20 ms.
+    void switchInTurn(const std::function<void(const std::string&)>& bringToFront);
+    /// The helper sleeps for half a second, and is not woken by what the function does.
+    void expectSleepDuring(const std::function<void()>& function);
+    void expectLittleMemory() const;
+
+    void bind(bool automatic = true) const;
+};
+
+} // namespace quorvi::test
