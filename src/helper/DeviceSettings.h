@@ -22,6 +22,11 @@ struct SettingsFiles {
     /// The user's file and the defaults of the panel's bundle that holds the helper's own application
     /// (<bundle>/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper).
     [[nodiscard]] static SettingsFiles ofThisProcess();
+
+    /// The panel's bundle, whose resources the defaults are among.
+    [[nodiscard]] std::filesystem::path bundle() const {
+        return defaults.parent_path().parent_path().parent_path();
+    }
 };
 
 /// The configuration record, rebuilt from the settings on request.
@@ -44,6 +49,9 @@ class DeviceSettings {
 
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const;
+
+    /// Those of the record; zeros without one.
+    [[nodiscard]] SettingsRecord settings() const { return m_record ? m_record->settings : SettingsRecord{}; }
 
     /// "name" and "driver" of each profile, in the order of the record. Nil as long as there is no record.
     [[nodiscard]] const plist::Array& profiles() const { return m_profiles; }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/events/EventBusPrivate.h"
+
 namespace quorvi {
 
 namespace {
@@ -9,29 +11,18 @@ namespace {
 constexpr char kHelperName[] = "KyvarQuorviHelper";
 constexpr char kPanelName[] = "KyvarQuorviPane";
 
-/// The product id that pid.codes keeps for tests and prototypes, under its vendor id.
-constexpr DeviceEntry kSimulatedMouse{
-    .vendorID = 0x1209,
-    .productID = 0x0001,
-    .releaseNum = 0x0100,
-    .interfaceNum = 0,
-    .busPower = 100,
-    .locationID = 0x00100000,
-    .deviceIndex = 0,
-    .reserved2 = 0,
-    .reserved3 = 0,
-};
-
 } // namespace
 
-Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files)
-    : m_bus(bus), m_settings(std::move(files)) {
+Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesystem::path chosenMice)
+    : m_bus(bus), m_settings(files), m_mice(loop, std::move(chosenMice), *this), m_bundle(files.bundle()),
+      m_display(bus.connection().bus.get()) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
         });
     m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { forget(psn); });
     m_object = SimulatedMouseObject::offer(m_bus, *this);
+    m_controls = HelperObject::offer(m_bus, *this);
     m_mouse.onFrame([this](std::span<const input_event> frame) {
         if (m_object)
             m_object->tellEmitted(frame);
@@ -39,6 +30,8 @@ Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files)
     m_mouse.onRunning([this] {
         if (m_object)
             m_object->tellRunning();
+        if (isDemonstration())
+            noteRunning();
     });
     loop.watch(m_mouse.timerFd(), [this] { m_mouse.wake(); });
 }
@@ -56,6 +49,7 @@ NameResult Helper::start() {
     // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
     // who saved before that is read here, and who saves later sends its message to this process.
     reloadSettings();
+    m_mice.start();
     return result;
 }
 
@@ -95,15 +89,6 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
     return noErr;
 }
 
-DeviceList Helper::deviceList() const {
-    DeviceList list;
-    if (m_attached) {
-        list.count = 1;
-        list.device[0] = kSimulatedMouse;
-    }
-    return list;
-}
-
 void Helper::attach() {
     setAttached(true);
 }
@@ -116,28 +101,32 @@ void Helper::setAttached(bool attached) {
     m_attached = attached;
     if (!attached)
         m_mouse.releaseAll();
-    for (const auto& panel : m_panels)
-        (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
+    m_mouse.setPluggedIn(attached);
+    sendDeviceList();
 }
 
 void Helper::setRecording(bool recording) {
     m_recording = recording;
-    m_mouse.setMacrosAreQuiet(recording);
+    for (auto* backend : m_backends)
+        backend->setMacrosAreQuiet(recording);
 }
 
 bool Helper::reloadSettings() {
     const bool hadNone = m_settings.record().empty();
+    const auto before = m_settings.settings();
     const bool reloaded = m_settings.reload();
     if (!reloaded && (!hadNone || m_settings.record().empty()))
         return false;
     if (m_profilesRead)
         m_profilesRead();
+    expectSaved(before);
     giveRecord();
     return reloaded;
 }
 
 void Helper::giveRecord() {
-    m_mouse.setRecord(m_settings.record(), m_settings.acceleration());
+    for (auto* backend : m_backends)
+        backend->setRecord(m_settings.record(), m_settings.acceleration());
 }
 
 void Helper::followProfile(std::optional<std::size_t> profile) {
@@ -148,11 +137,13 @@ void Helper::followProfile(std::optional<std::size_t> profile) {
 void Helper::addPanel(const ProcessSerialNumber& panel) {
     m_panels.insert(panel);
     m_bus.watchProcess(panel);
+    m_mice.setShown(true);
     (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
 }
 
 void Helper::removePanel(const ProcessSerialNumber& panel) {
     m_panels.erase(panel);
+    m_mice.setShown(!m_panels.empty());
     unwatchUnlessNeeded(panel);
 }
 
@@ -167,6 +158,8 @@ void Helper::setRecorder(std::optional<ProcessSerialNumber> recorder) {
 /// A process that was killed has said neither that it is hidden nor that its recording is over.
 void Helper::forget(const ProcessSerialNumber& gone) {
     m_panels.erase(gone);
+    m_mice.setShown(!m_panels.empty());
+    endSetUp(gone);
     if (m_recorder != gone)
         return;
     m_recorder.reset();
@@ -174,7 +167,7 @@ void Helper::forget(const ProcessSerialNumber& gone) {
 }
 
 void Helper::unwatchUnlessNeeded(const ProcessSerialNumber& process) {
-    if (m_panels.count(process) == 0 && m_recorder != process)
+    if (m_panels.count(process) == 0 && m_recorder != process && m_setter != process)
         m_bus.unwatchProcess(process);
 }
 

@@ -15,14 +15,30 @@ using engine::eventOf;
 constexpr std::uint8_t wheelAway = 8;
 constexpr std::int32_t partsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
 
+/// The product id that pid.codes keeps for tests and prototypes, under its vendor id.
+constexpr DeviceEntry kSimulatedMouse{
+    .vendorID = 0x1209,
+    .productID = 0x0001,
+    .releaseNum = 0x0100,
+    .interfaceNum = 0,
+    .busPower = 100,
+    .locationID = 0x00100000,
+    .deviceIndex = 0,
+    .reserved2 = 0,
+    .reserved3 = 0,
+};
+
+std::uint16_t bitOf(std::uint8_t input) {
+    return static_cast<std::uint16_t>(1U << (input - 1U));
+}
+
 engine::Time now() {
     return std::chrono::duration_cast<engine::Time>(Timer::Clock::now().time_since_epoch());
 }
 
 } // namespace
 
-void SimulatedDevice::setRecord(
-    std::span<const std::uint8_t> record, const std::array<float, limits::profiles>& acceleration) {
+void SimulatedDevice::setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) {
     m_options.acceleration = acceleration;
     setOptions();
     (void)m_engine.setRecord(record, now());
@@ -34,18 +50,32 @@ void SimulatedDevice::setMacrosAreQuiet(bool quiet) {
         setOptions();
 }
 
+void SimulatedDevice::setLetterKeys(const engine::LetterKeys& keys) {
+    m_layoutIsRead = true;
+    m_options.letterKeys = keys;
+    setOptions();
+}
+
+std::vector<DeviceEntry> SimulatedDevice::devices() const {
+    return m_isPluggedIn ? std::vector{kSimulatedMouse} : std::vector<DeviceEntry>();
+}
+
 void SimulatedDevice::press(std::uint8_t input) {
     readLayout();
-    if (input <= engine::buttonInputs)
+    if (input <= engine::buttonInputs) {
+        m_pressed = static_cast<std::uint16_t>(m_pressed | bitOf(input));
         return feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 1)});
+    }
     const std::int32_t notch = input == wheelAway ? 1 : -1;
     feed(std::array{
         eventOf(EV_REL, REL_WHEEL, notch), eventOf(EV_REL, REL_WHEEL_HI_RES, notch * partsOfNotch)});
 }
 
 void SimulatedDevice::release(std::uint8_t input) {
-    if (input <= engine::buttonInputs)
-        feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 0)});
+    if (input > engine::buttonInputs)
+        return;
+    m_pressed = static_cast<std::uint16_t>(m_pressed & ~bitOf(input));
+    feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 0)});
 }
 
 void SimulatedDevice::move(std::int32_t x, std::int32_t y) {
@@ -53,6 +83,7 @@ void SimulatedDevice::move(std::int32_t x, std::int32_t y) {
 }
 
 void SimulatedDevice::releaseAll() {
+    m_pressed = 0;
     m_engine.releaseAll(now());
     setTimer();
 }

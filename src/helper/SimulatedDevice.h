@@ -7,13 +7,14 @@
 #include <span>
 
 #include "engine/Engine.h"
+#include "helper/Backend.h"
 #include "platform/events/Timer.h"
 
 namespace quorvi {
 
 /// Its sensor has 1600 DPI. Shortcuts are typed by the keys of the layout that the machine is configured
 /// with, read when an input is first used.
-class SimulatedDevice : private engine::Output {
+class SimulatedDevice final : public Backend, engine::Output {
   public:
     SimulatedDevice() = default;
 
@@ -24,11 +25,13 @@ class SimulatedDevice : private engine::Output {
     /// Its profile or stage is another one.
     void onRunning(std::function<void()> function) { m_running = std::move(function); }
 
-    /// A record that the engine refuses changes nothing.
-    void setRecord(
-        std::span<const std::uint8_t> record, const std::array<float, limits::profiles>& acceleration);
-    /// No macro starts while the panel records one.
-    void setMacrosAreQuiet(bool quiet);
+    void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) override;
+    void setMacrosAreQuiet(bool quiet) override;
+    void setLetterKeys(const engine::LetterKeys& keys) override;
+    [[nodiscard]] std::vector<DeviceEntry> devices() const override;
+    [[nodiscard]] engine::Running running() const override { return m_engine.running(); }
+
+    void setPluggedIn(bool pluggedIn) { m_isPluggedIn = pluggedIn; }
 
     // Inputs are 1 to 9. The wheel (8 and 9) turns by a notch and has no release.
     void press(std::uint8_t input);
@@ -37,7 +40,8 @@ class SimulatedDevice : private engine::Output {
     void move(std::int32_t x, std::int32_t y);
     void releaseAll();
 
-    [[nodiscard]] engine::Running running() const { return m_engine.running(); }
+    /// Bit 0 is input 1; the wheel's are never down.
+    [[nodiscard]] std::uint16_t pressedInputs() const { return m_pressed; }
 
     /// Becomes readable when wake() wants to be called.
     [[nodiscard]] int timerFd() const { return m_timer.fd(); }
@@ -56,6 +60,8 @@ class SimulatedDevice : private engine::Output {
     std::function<void()> m_running;
     engine::Options m_options;
     bool m_layoutIsRead = false;
+    bool m_isPluggedIn = true;
+    std::uint16_t m_pressed = 0;
     engine::Engine m_engine{*this};
     Timer m_timer;
 };

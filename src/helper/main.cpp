@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
     const auto bus = quorvi::EventBus::connect();
     if (!bus)
         return fail("there is no session bus, or it does not answer");
-    quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess());
+    quorvi::Helper helper(*bus, loop, quorvi::SettingsFiles::ofThisProcess(), quorvi::chosenMicePath());
     quorvi::ProfileFollower follower(*bus, loop, helper);
     switch (helper.start()) {
     case quorvi::NameResult::owned:

@@ -24,11 +24,15 @@ constexpr char kGetStatus[] = "GetStatus";
 constexpr char kGetStatusArguments[] = "s";
 constexpr char kWatch[] = "Watch";
 constexpr char kWatchArguments[] = "b";
+constexpr char kWatchCodes[] = "WatchCodes";
+constexpr char kWatchCodesArguments[] = "sb";
 
 constexpr char kMiceChanged[] = "MiceChanged";
 constexpr char kStatusChanged[] = "StatusChanged";
 constexpr char kInputChanged[] = "InputChanged";
 constexpr char kInputChangedArguments[] = "syb"; ///< mouse, input, pressed
+constexpr char kCodeChanged[] = "CodeChanged";
+constexpr char kCodeChangedArguments[] = "sqb"; ///< mouse, EV_KEY code, pressed
 
 /// State, profile, stage, DPI of X and Y, inputs that are down (bit 0 is input 1).
 constexpr char kStatus[] = "syyqqq";

@@ -94,14 +94,16 @@ class HelperTest : public BusTest {
     std::filesystem::path resources = folder / "Kyvar.prefPane/Contents/Resources";
     std::filesystem::path defaults = resources / "Defaults.plist";
     std::filesystem::path userSettings = folder / "Library/Preferences/com.kyvar.quorvi.settings.plist";
+    std::filesystem::path configuration = folder / "configuration";
+    std::filesystem::path chosenMice = configuration / "kyvar-quorvi/mice.plist";
     std::unique_ptr<ChildProcess> helper;
     ProcessSerialNumber psn;
 
   private:
     [[nodiscard]] std::vector<std::string> environment() const {
-        std::vector<std::string> all{"HOME=" + folder.path().string(), "XDG_DATA_HOME",
-            "XDG_DATA_DIRS=/nonexistent", "XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "DISPLAY",
-            "WAYLAND_DISPLAY"};
+        std::vector<std::string> all{"HOME=" + folder.path().string(),
+            "XDG_CONFIG_HOME=" + configuration.string(), "XDG_DATA_HOME", "XDG_DATA_DIRS=/nonexistent",
+            "XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "DISPLAY", "WAYLAND_DISPLAY"};
         all.insert(all.end(), surroundings.begin(), surroundings.end());
         return all;
     }

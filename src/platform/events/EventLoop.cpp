@@ -1,5 +1,6 @@
 #include "platform/events/EventLoop.h"
 
+#include <algorithm>
 #include <csignal>
 #include <utility>
 
@@ -9,6 +10,22 @@
 #include "platform/events/EventBusPrivate.h"
 
 namespace quorvi {
+
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr milliseconds forEver{-1};
+constexpr std::size_t firstWatched = 2; // behind the bus and the signals
+
+/// The shorter of two times, of which a negative one is for ever.
+milliseconds shorter(milliseconds a, milliseconds b) {
+    if (a < milliseconds::zero())
+        return b;
+    return b < milliseconds::zero() ? a : std::min(a, b);
+}
+
+} // namespace
 
 EventLoop::EventLoop() {
     sigset_t signals;
@@ -25,28 +42,60 @@ EventLoop::~EventLoop() {
 }
 
 void EventLoop::watch(int fd, std::function<void()> readable) {
-    m_polled.push_back({fd, POLLIN, 0});
+    m_watched.push_back({fd, POLLIN, 0});
     m_readable.push_back(std::move(readable));
+}
+
+void EventLoop::add(EventSource& source) {
+    m_sources.push_back(&source);
+}
+
+/// Its place is kept until the next round, so that a round that is under way finds the others where they
+/// were.
+void EventLoop::remove(EventSource& source) {
+    std::ranges::replace(m_sources, &source, nullptr);
 }
 
 void EventLoop::run(EventBus& bus) {
     bus.process();
     while (bus.isConnected()) {
-        m_polled[0] = {bus.fd(), bus.events(), 0};
-        m_polled[1] = {m_signals, POLLIN, 0};
-        const auto forEver = std::chrono::milliseconds(-1);
-        poll(m_polled.data(), m_polled.size(), bus.hasPending() ? 0 : bus.connection().pollTimeout(forEver));
+        m_polled = {{bus.fd(), bus.events(), 0}, {m_signals, POLLIN, 0}};
+        m_polled.insert(m_polled.end(), m_watched.begin(), m_watched.end());
+        const auto wanted = prepareSources();
+        const int timeout = bus.hasPending() ? 0 : bus.connection().pollTimeout(wanted);
+        poll(m_polled.data(), m_polled.size(), timeout);
         if (m_polled[1].revents != 0)
             return;
         callReadable();
+        processSources();
         bus.process();
     }
 }
 
+milliseconds EventLoop::prepareSources() {
+    std::erase(m_sources, nullptr);
+    auto wanted = forEver;
+    for (const auto* source : m_sources) {
+        m_polled.push_back({source->fd(), source->events(), 0});
+        wanted = shorter(wanted, source->timeout());
+    }
+    return wanted;
+}
+
 void EventLoop::callReadable() {
-    for (std::size_t i = 0; i < m_readable.size(); ++i)
-        if (m_polled[i + 2].revents != 0)
+    for (std::size_t i = 0; i < m_watched.size(); ++i)
+        if (m_polled[firstWatched + i].revents != 0)
             m_readable[i]();
+}
+
+/// Those that were there when the wait began: what has been added since has its turn in the next round.
+void EventLoop::processSources() {
+    const auto first = firstWatched + m_watched.size();
+    const auto known = m_polled.size() - first;
+    for (std::size_t i = 0; i < known; ++i)
+        if (m_sources[i] &&
+            (m_polled[first + i].revents != 0 || m_sources[i]->timeout() == milliseconds::zero()))
+            m_sources[i]->process();
 }
 
 } // namespace quorvi

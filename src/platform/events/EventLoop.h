@@ -1,6 +1,7 @@
 // The event loop of a program without a window.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -9,6 +10,22 @@
 #include "platform/events/EventBus.h"
 
 namespace quorvi {
+
+/// A connection that the loop serves. What it says is asked before each wait, since it may change with every
+/// call of anything.
+class EventSource {
+  public:
+    virtual ~EventSource() = default;
+
+    /// What to wait for; a negative one is never ready.
+    [[nodiscard]] virtual int fd() const = 0;
+    /// As for poll(2).
+    [[nodiscard]] virtual short events() const { return POLLIN; }
+    /// How long process() may be left uncalled: 0 for not at all, a negative time for ever.
+    [[nodiscard]] virtual std::chrono::milliseconds timeout() const { return std::chrono::milliseconds(-1); }
+    /// Does what is there, without waiting, and not for long. Called when there may be something.
+    virtual void process() = 0;
+};
 
 /// From its construction on, SIGTERM, SIGINT and SIGHUP end run() instead of the process.
 class EventLoop {
@@ -22,15 +39,24 @@ class EventLoop {
     /// it, or to close it after the last run(). A negative one is never readable.
     void watch(int fd, std::function<void()> readable);
 
+    /// Serves the source, which must live until it is removed. Both may be called from anywhere on the loop's
+    /// thread, its own process() included.
+    void add(EventSource& source);
+    void remove(EventSource& source);
+
     /// Serves the bus until it goes away or such a signal comes. Sleeps all the time in between.
     void run(EventBus& bus);
 
   private:
+    [[nodiscard]] std::chrono::milliseconds prepareSources();
     void callReadable();
+    void processSources();
 
     int m_signals = -1;                            ///< readable when a signal has come
-    std::vector<pollfd> m_polled{2};               ///< the bus, the signals, and what is watched
+    std::vector<pollfd> m_watched;                 ///< what watch() was given
     std::vector<std::function<void()>> m_readable; ///< for what is watched, in that order
+    std::vector<EventSource*> m_sources;           ///< null when it has been removed meanwhile
+    std::vector<pollfd> m_polled;                  ///< the bus, the signals, what is watched, the sources
 };
 
 } // namespace quorvi

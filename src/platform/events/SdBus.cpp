@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/events/EventsInterface.h"
+#include "platform/events/HelperInterface.h"
 #include "platform/events/SimulatedMouseInterface.h"
 
 namespace quorvi::events {
@@ -21,6 +22,10 @@ constexpr std::array kNamedStatus{
     NamedStatus{kErrorEventFailed, errAEEventFailed},
     NamedStatus{kErrorInvalidArguments, paramErr},
     NamedStatus{simulatedmouse::kErrorNotAttached, errAEEventFailed},
+    NamedStatus{helperinterface::kErrorNoSuchMouse, resNotFound},
+    NamedStatus{helperinterface::kErrorNotInUse, errAEEventFailed},
+    NamedStatus{helperinterface::kErrorBusy, errAEEventFailed},
+    NamedStatus{helperinterface::kErrorNotWritten, ioErr},
     NamedStatus{SD_BUS_ERROR_SERVICE_UNKNOWN, procNotFound},
     NamedStatus{SD_BUS_ERROR_NAME_HAS_NO_OWNER, procNotFound},
     NamedStatus{SD_BUS_ERROR_UNKNOWN_METHOD, errAEEventNotHandled},
