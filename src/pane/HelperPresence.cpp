@@ -83,7 +83,12 @@ void KyvarQuorviPane::bringHelperBack() {
 }
 
 void KyvarQuorviPane::tellHelperOfSave() {
-    if (sendMessageToHelper(kMessageSettingsSaved, fProfileIndex) != noErr)
+    Status told = sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+    // A bus that is too busy to say who the helper is still carries what the known one is sent. Where another
+    // has taken its place meanwhile, that one reads the file as it starts.
+    if (told == errAETimeout)
+        told = fServices.bus->send(fHelper, makeCommand(kMessageSettingsSaved, fProfileIndex));
+    if (told != noErr)
         bringHelperBack();
 }
 
