@@ -45,6 +45,9 @@ class HelperTest : public BusTest {
     HelperTest() {
         std::filesystem::create_directories(m_program.parent_path());
         std::filesystem::copy_file(QUORVI_HELPER, m_program);
+        const auto contents = std::filesystem::path(QUORVI_HELPER).parent_path().parent_path();
+        std::filesystem::copy(contents / "Resources", m_program.parent_path().parent_path() / "Resources",
+            std::filesystem::copy_options::recursive);
         std::filesystem::create_directories(userSettings.parent_path());
     }
 

@@ -3,20 +3,38 @@
 #include <algorithm>
 #include <utility>
 
+#include "helper/front/KWinSource.h"
 #include "helper/front/Recognition.h"
+#include "helper/front/WlrootsSource.h"
 #include "helper/front/X11Source.h"
 
 namespace quorvi::front {
 
 ApplicationInFront::ApplicationInFront(EventBus& bus, EventLoop& loop, const Session& session)
-    : m_object(FrontObject::offer(bus)) {
+    : m_bus(bus), m_object(FrontObject::offer(bus)) {
     m_state.desktop = session.desktop;
     loop.watch(m_descriptors.fd(), [this] { m_descriptors.serve(); });
-    if (!session.isWayland && !session.x11Display.empty())
-        add(std::make_unique<X11Source>(m_descriptors, session.x11Display));
+    addSources(session);
 }
 
 ApplicationInFront::~ApplicationInFront() = default;
+
+/// What a compositor's X server tells is not asked: it knows of X11's windows alone.
+void ApplicationInFront::addSources(const Session& session) {
+    if (!session.isWayland) {
+        if (!session.x11Display.empty())
+            add(std::make_unique<X11Source>(m_descriptors, session.x11Display));
+        return;
+    }
+    add(std::make_unique<KWinSource>(m_bus, m_descriptors, m_reports, session.resources / "kwin-front.js"));
+    auto gnome = std::make_unique<GnomeSource>(m_bus, m_reports);
+    if (m_object)
+        m_object->onEnableGnomeExtension([shell = gnome.get()] { shell->enableExtension(); });
+    m_gnome = gnome.get();
+    add(std::move(gnome));
+    if (!session.waylandSocket.empty())
+        add(std::make_unique<WlrootsSource>(m_descriptors, session.waylandSocket));
+}
 
 void ApplicationInFront::add(std::unique_ptr<FrontSource> source) {
     source->onWindow([this](const FrontWindow& window) { take(window); });
@@ -46,6 +64,8 @@ void ApplicationInFront::tell() {
     m_state.application = m_application.shownName;
     const auto telling = std::ranges::find_if(m_sources, [](const auto& source) { return source->tells(); });
     m_state.source = telling == m_sources.end() ? std::string_view() : (*telling)->name();
+    if (m_gnome)
+        m_state.gnomeExtension = m_gnome->extension();
     if (m_object)
         m_object->tell(m_state);
 }

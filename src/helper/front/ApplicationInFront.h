@@ -7,8 +7,10 @@
 
 #include "helper/front/Descriptors.h"
 #include "helper/front/DesktopEntries.h"
+#include "helper/front/DesktopReports.h"
 #include "helper/front/FrontApplication.h"
 #include "helper/front/FrontSource.h"
+#include "helper/front/GnomeSource.h"
 #include "helper/front/Session.h"
 #include "platform/events/EventLoop.h"
 #include "platform/events/FrontObject.h"
@@ -33,15 +35,19 @@ class ApplicationInFront {
     [[nodiscard]] const FrontApplication& application() const { return m_application; }
 
   private:
+    void addSources(const Session& session);
     void add(std::unique_ptr<FrontSource> source);
     void take(const FrontWindow& window);
     void tell();
 
+    EventBus& m_bus;
     FrontState m_state;
     std::unique_ptr<FrontObject> m_object;
     Descriptors m_descriptors;
     DesktopEntries m_entries{desktopEntryFolders()};
+    DesktopReports m_reports{m_bus};
     std::vector<std::unique_ptr<FrontSource>> m_sources;
+    const GnomeSource* m_gnome = nullptr; ///< of those; null when it is not among them
     FrontApplication m_application;
     std::function<void()> m_function;
 };

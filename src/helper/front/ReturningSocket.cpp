@@ -10,7 +10,7 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr int triesForOne = 50;
+constexpr int triesForOne = 20;
 constexpr auto betweenTries = std::chrono::milliseconds(100);
 
 } // namespace

@@ -53,7 +53,8 @@ FollowingHelper::FollowingHelper() {
 
 void FollowingHelper::bind(bool automatic) const {
     auto made =
-        tree(list({test::profile(u"Own"), profileFor(drawing, automatic), profileFor(writing, automatic)}), list());
+        tree(list({test::profile(u"Own"), profileFor(drawing, automatic), profileFor(writing, automatic)}),
+            list());
     made.set("settings", dict({{"profileid", 1}, {"stage", 1}, {"dpix", 400}, {"dpiy", 400}}));
     writeFile(userSettings, plist::writeXml(dict({{"quorvi", made}})).value());
 }

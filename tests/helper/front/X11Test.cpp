@@ -3,6 +3,7 @@
 
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Windows.h"
+#include "support/ProcessFigures.h"
 #include "support/VirtualDisplay.h"
 #include "support/WaitUntil.h"
 
@@ -88,7 +89,7 @@ TEST_F(OnX11, WaitsForTheClassOfAWindowThatHasNoneYet) {
     startHere();
     const auto window = windows->open("");
     windows->setTitle(window, "Loading");
-    ASSERT_TRUE(waitUntil([&] { return comesToRest(helper->pid()); }));
+    ASSERT_TRUE(comesToRest(helper->pid()));
     windows->setClass(window, drawing, "drawing");
     EXPECT_TRUE(comesToRun(ofDrawing));
     expectSleepDuring([&] { windows->setTitle(window, "Loaded"); });

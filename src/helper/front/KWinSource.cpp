@@ -1,0 +1,90 @@
+#include "helper/front/KWinSource.h"
+
+#include <utility>
+
+namespace quorvi::front {
+
+namespace {
+
+constexpr char scripting[] = "/Scripting";
+constexpr char scriptingInterface[] = "org.kde.kwin.Scripting";
+constexpr char scriptInterface[] = "org.kde.kwin.Script";
+constexpr int mostTries = 40;
+constexpr auto betweenTries = std::chrono::milliseconds(250);
+constexpr char scriptName[] = "kyvar-quorvi-front";
+
+} // namespace
+
+KWinSource::KWinSource(
+    const EventBus& bus, Descriptors& descriptors, DesktopReports& reports, std::string script)
+    : m_bus(bus), m_descriptors(descriptors), m_script(std::move(script)), m_call(bus),
+      m_kwin(bus, "org.kde.KWin", [this] { loadAnew(); }) {
+    m_descriptors.watch(m_timer.fd(), [this] {
+        m_timer.set(std::nullopt);
+        load();
+    });
+    reports.listenTo(m_kwin, [this](const FrontWindow& window) { report(window); });
+}
+
+KWinSource::~KWinSource() {
+    m_descriptors.unwatch(m_timer.fd());
+    auto& bus = m_bus.connection();
+    if (!m_isRunning)
+        return;
+    const auto message = bus.newCall(m_kwin.owner().c_str(), scripting, scriptingInterface, "unloadScript");
+    if (!message || sd_bus_message_append(message.get(), "s", scriptName) < 0)
+        return;
+    sd_bus_message_set_expect_reply(message.get(), 0);
+    sd_bus_send(bus.bus.get(), message.get(), nullptr);
+    sd_bus_flush(bus.bus.get());
+}
+
+/// A script of an earlier helper that was killed may be there still, and is not gone before KWin has
+/// answered.
+void KWinSource::loadAnew() {
+    m_call.giveUp();
+    m_timer.set(std::nullopt);
+    m_triesLeft = mostTries;
+    setRunning(false);
+    if (!m_kwin.owner().empty())
+        m_call.make(
+            m_kwin.owner(), scripting, scriptingInterface, "unloadScript",
+            [this](sd_bus_message*) { load(); }, "s", scriptName);
+}
+
+void KWinSource::load() {
+    m_call.make(
+        m_kwin.owner(), scripting, scriptingInterface, "loadScript",
+        [this](sd_bus_message* answer) {
+            std::int32_t number = -1;
+            if (answer && sd_bus_message_read(answer, "i", &number) > 0 && number >= 0)
+                run(number);
+            else
+                loadLater();
+        },
+        "ss", m_script.c_str(), scriptName);
+}
+
+/// KWin takes its name a moment before it takes scripts, and does not say when it does.
+void KWinSource::loadLater() {
+    if (--m_triesLeft > 0)
+        m_timer.set(Timer::Clock::now() + betweenTries);
+}
+
+void KWinSource::run(std::int32_t number) {
+    const std::string ofKWin6 = std::string(scripting) + "/Script" + std::to_string(number);
+    const std::string ofKWin5 = "/" + std::to_string(number);
+    m_call.make(m_kwin.owner(), ofKWin6, scriptInterface, "run", [this, ofKWin5](sd_bus_message* answer) {
+        if (answer)
+            return setRunning(true);
+        m_call.make(m_kwin.owner(), ofKWin5, scriptInterface, "run",
+            [this](sd_bus_message* older) { setRunning(older != nullptr); });
+    });
+}
+
+void KWinSource::setRunning(bool running) {
+    if (std::exchange(m_isRunning, running) != running)
+        changed();
+}
+
+} // namespace quorvi::front

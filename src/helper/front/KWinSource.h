@@ -1,0 +1,43 @@
+// The window in front on KWin, Plasma's compositor and window manager.
+#pragma once
+
+#include <string>
+
+#include "helper/front/BusCall.h"
+#include "helper/front/Descriptors.h"
+#include "helper/front/DesktopReports.h"
+#include "helper/front/FrontSource.h"
+#include "platform/events/Timer.h"
+
+namespace quorvi::front {
+
+/// KWin runs scripts that are loaded into it over the bus; ours tells which window is in front. It is loaded
+/// again when KWin has been started anew, and taken away at the end. KWin 5 and 6 have it at other places.
+class KWinSource : public FrontSource {
+  public:
+    /// They must live longer. The script's path has to be one that KWin can read.
+    KWinSource(const EventBus& bus, Descriptors& descriptors, DesktopReports& reports, std::string script);
+    ~KWinSource() override;
+
+    void start() override {}
+    [[nodiscard]] bool tells() const override { return m_isRunning; }
+    [[nodiscard]] std::string_view name() const override { return "KWin"; }
+
+  private:
+    void loadAnew();
+    void load();
+    void loadLater();
+    void run(std::int32_t number);
+    void setRunning(bool running);
+
+    const EventBus& m_bus;
+    Descriptors& m_descriptors;
+    std::string m_script;
+    Timer m_timer;
+    int m_triesLeft = 0;
+    BusCall m_call;
+    bool m_isRunning = false;
+    WatchedName m_kwin;
+};
+
+} // namespace quorvi::front

@@ -1,0 +1,58 @@
+// The window in front on sway, labwc and other compositors of their kind.
+#pragma once
+
+#include <list>
+#include <memory>
+#include <string>
+
+#include "helper/front/Descriptors.h"
+#include "helper/front/FrontSource.h"
+#include "helper/front/ReturningSocket.h"
+
+struct wl_display;
+struct wl_registry;
+struct zwlr_foreign_toplevel_handle_v1;
+struct zwlr_foreign_toplevel_manager_v1;
+
+namespace quorvi::front {
+
+/// By wlr-foreign-toplevel-management, the protocol of their panels. It names windows by app_id alone. A
+/// compositor without it is left at once.
+class WlrootsSource : public FrontSource {
+  public:
+    /// The compositor's socket. The descriptors must live longer.
+    WlrootsSource(Descriptors& descriptors, const std::filesystem::path& socket);
+    ~WlrootsSource() override;
+
+    void start() override;
+    [[nodiscard]] bool tells() const override { return m_manager != nullptr; }
+    [[nodiscard]] std::string_view name() const override { return "wlroots"; }
+
+  private:
+    struct Events;
+    struct Window {
+        WlrootsSource* source;
+        zwlr_foreign_toplevel_handle_v1* handle;
+        std::string appId;
+        bool active = false;
+        bool wasActive = false; ///< when the compositor last said that all was said
+        std::string toldAppId;
+    };
+
+    bool connect();
+    void leave();
+    void lose();
+    void serve();
+    void tellWhenNew(Window& window) const;
+
+    Descriptors& m_descriptors;
+    std::filesystem::path m_socket;
+    ReturningSocket m_return;
+    wl_display* m_display = nullptr;
+    wl_registry* m_registry = nullptr;
+    zwlr_foreign_toplevel_manager_v1* m_manager = nullptr;
+    bool m_isListed = false; ///< the compositor has said all that it has
+    std::list<Window> m_windows;
+};
+
+} // namespace quorvi::front
