@@ -3,7 +3,7 @@
 _quorvictl() {
     local word=${COMP_WORDS[COMP_CWORD]} verb=${COMP_WORDS[1]-}
     local verbs='encode decode check match profiles macros import export commands key-name usb-to-adb adb-to-usb
-        devices attach detach press release watch --help --version'
+        devices attach detach mice use forget press release watch --help --version'
     if [ "$COMP_CWORD" -eq 1 ]; then
         mapfile -t COMPREPLY < <(compgen -W "$verbs" -- "$word")
         return
@@ -18,6 +18,10 @@ _quorvictl() {
         ;;
     press:2 | release:2)
         mapfile -t COMPREPLY < <(compgen -W '1 2 3 4 5 6 7 8 9' -- "$word")
+        return
+        ;;
+    use:2 | forget:2)
+        mapfile -t COMPREPLY < <(compgen -W "$(quorvictl mice 2>/dev/null | cut -f1)" -- "$word")
         return
         ;;
     export:3)

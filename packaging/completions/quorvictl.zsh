@@ -18,6 +18,9 @@ _quorvictl() {
         'devices:list the connected mice'
         'attach:plug the simulated mouse in'
         'detach:unplug the simulated mouse'
+        'mice:list the mice of this computer'
+        'use:have a mouse do what the settings say'
+        'forget:make a mouse a plain one again'
         'press:press an input of the simulated mouse'
         'release:release an input of the simulated mouse'
         'watch:print what the simulated mouse sends'
@@ -41,6 +44,7 @@ _quorvictl() {
         fi
         ;;
     export:4) compadd profile macro ;;
+    use:3 | forget:3) compadd -- ${(f)"$(quorvictl mice 2>/dev/null | cut -f1)"} ;;
     press:3 | release:3) compadd {1..9} ;;
     encode:[34] | decode:[34] | check:3 | profiles:3 | macros:3 | import:[34] | export:[36]) _files ;;
     esac

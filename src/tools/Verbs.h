@@ -57,6 +57,16 @@ using Arguments = std::vector<std::string>;
 [[nodiscard]] Outcome attach(const Arguments& arguments);
 [[nodiscard]] Outcome detach(const Arguments& arguments);
 
+// The mice of this computer, as the helper knows them.
+
+/// Prints id, state, connection, DPI and name of each, with tabs between them, one a line; "-" for what is
+/// not known.
+[[nodiscard]] Outcome mice(const Arguments& arguments);
+/// MOUSE, by its id or model: has it, and all of its model, do what the settings say.
+[[nodiscard]] Outcome use(const Arguments& arguments);
+/// MOUSE: makes it a plain one again.
+[[nodiscard]] Outcome forget(const Arguments& arguments);
+
 // The simulated mouse by hand.
 
 /// INPUT (1 to 9): presses the button, or turns the wheel by a notch (8 away, 9 back).

@@ -9,15 +9,13 @@ namespace quorvi::test {
 class RunningHelper : public BusTest {
   protected:
     void startHelper() {
-        helper = std::make_unique<ChildProcess>(
-            std::vector<std::string>{QUORVI_HELPER}, std::vector{"HOME=" + m_home.path().string()});
+        helper = std::make_unique<ChildProcess>(std::vector<std::string>{QUORVI_HELPER},
+            std::vector<std::string>{"HOME=" + home.path().string(), "XDG_CONFIG_HOME"});
         ASSERT_TRUE(
             waitFor(*bus, [&] { return bus->findProcessByName("KyvarQuorviHelper", nullptr) == noErr; }));
     }
     std::unique_ptr<ChildProcess> helper;
-
-  private:
-    TemporaryFolder m_home;
+    TemporaryFolder home;
 };
 
 } // namespace quorvi::test

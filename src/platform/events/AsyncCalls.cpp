@@ -31,10 +31,8 @@ int AsyncCalls::answered(sd_bus_message* reply, void* pending, sd_bus_error* /*e
 }
 
 SlotPtr matchSignal(sd_bus* bus, const char* rule, sd_bus_message_handler_t received, void* userdata) {
-    // Without a function of ours, the library closes the connection when the bus refuses the rule.
-    const auto ruleAdded = [](sd_bus_message*, void*, sd_bus_error*) { return 1; };
     sd_bus_slot* slot = nullptr;
-    sd_bus_add_match_async(bus, &slot, rule, received, ruleAdded, userdata);
+    sd_bus_add_match_async(bus, &slot, rule, received, receiveRuleAdded, userdata);
     return SlotPtr(slot);
 }
 

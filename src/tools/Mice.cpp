@@ -1,0 +1,64 @@
+#include <cstdio>
+
+#include "platform/events/HelperCalls.h"
+#include "tools/HelperLink.h"
+#include "tools/Verbs.h"
+
+namespace quorvi::tools {
+
+namespace {
+
+/// Why the helper did not do it.
+std::string mouseFault(Status status, const std::string& mouse) {
+    switch (status) {
+    case resNotFound:
+        return "there is no mouse " + mouse + "; quorvictl mice lists them";
+    case ioErr:
+        return "KyvarQuorviHelper cannot write down which mice are in use";
+    default:
+        return callFault(status);
+    }
+}
+
+/// The helper knows a mouse once it has listed it.
+Outcome setInUse(const std::string& mouse, bool inUse) {
+    const HelperLink link = connectToHelper();
+    if (!link.fault.empty())
+        return refused(link.fault);
+    std::vector<MouseEntry> mice;
+    auto status = listMice(*link.bus, link.helper, mice);
+    if (status == noErr)
+        status = useMouse(*link.bus, link.helper, mouse, inUse);
+    return status == noErr ? done() : refused(mouseFault(status, mouse));
+}
+
+void print(const MouseEntry& mouse) {
+    const auto dpi = mouse.dpi != 0 ? mouse.dpi : mouse.hardwareDpi;
+    std::printf("%s\t%s\t%s\t%s\t%s\n", mouse.id.c_str(), mouse.state.c_str(),
+        mouse.connection.empty() ? "-" : mouse.connection.c_str(),
+        dpi != 0 ? std::to_string(dpi).c_str() : "-", mouse.name.c_str());
+}
+
+} // namespace
+
+Outcome mice(const Arguments&) {
+    const HelperLink link = connectToHelper();
+    if (!link.fault.empty())
+        return refused(link.fault);
+    std::vector<MouseEntry> all;
+    if (const auto status = listMice(*link.bus, link.helper, all); status != noErr)
+        return refused(callFault(status));
+    for (const auto& mouse : all)
+        print(mouse);
+    return done();
+}
+
+Outcome use(const Arguments& arguments) {
+    return setInUse(arguments[0], true);
+}
+
+Outcome forget(const Arguments& arguments) {
+    return setInUse(arguments[0], false);
+}
+
+} // namespace quorvi::tools
