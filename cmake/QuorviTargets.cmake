@@ -26,6 +26,11 @@ if(QUORVI_WERROR)
 endif()
 target_include_directories(quorvi-options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 
+# For what runs with each report of a mouse. Position independent code leaves every function to be replaced by another
+# library's, so that none is put into its caller; nobody replaces ours.
+add_library(quorvi-hot-path INTERFACE)
+target_compile_options(quorvi-hot-path INTERFACE -fno-semantic-interposition)
+
 if(CMAKE_UNITY_BUILD)
     # In a file of several sources no class of a source's own is of the main file.
     target_compile_options(quorvi-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)

@@ -48,9 +48,10 @@ void Engine::Core::begin(Time now) {
 
 void Engine::Core::finish() {
     m_writer.flush();
-    const auto now = running();
-    if (std::exchange(m_told, now) != now)
-        m_output.runs(now);
+    if (m_told == running())
+        return;
+    m_told = running();
+    m_output.runs(m_told);
 }
 
 bool Engine::Core::setRecord(std::span<const std::uint8_t> record) {
@@ -85,7 +86,8 @@ void Engine::Core::input(std::span<const input_event> frame) {
         else if (event.type == EV_SYN && event.code == SYN_REPORT)
             endFrame();
     }
-    endFrame();
+    if (frame.empty() || frame.back().type != EV_SYN || frame.back().code != SYN_REPORT)
+        endFrame();
 }
 
 void Engine::Core::wake() {
@@ -210,10 +212,14 @@ void Engine::Core::relative(std::uint16_t code, std::int32_t value) {
 
 void Engine::Core::endFrame() {
     move();
-    const Turn vertical = std::exchange(m_vertical, {});
-    turnWheel(vertical.notches, partsOf(vertical));
-    const Turn sideways = std::exchange(m_horizontal, {});
-    m_scrolling.turn({REL_HWHEEL, 1}, sideways.notches, partsOf(sideways));
+    if (m_vertical.isAny()) {
+        const Turn turn = std::exchange(m_vertical, {});
+        turnWheel(turn.notches, partsOf(turn));
+    }
+    if (m_horizontal.isAny()) {
+        const Turn turn = std::exchange(m_horizontal, {});
+        m_scrolling.turn({REL_HWHEEL, 1}, turn.notches, partsOf(turn));
+    }
     m_writer.flush();
 }
 
@@ -222,7 +228,7 @@ void Engine::Core::move() {
     if (counts.x == 0 && counts.y == 0)
         return;
     if (m_hasRecord) {
-        const auto runs = running();
+        const auto& runs = running();
         counts = m_motion.scaled(
             counts, runs.dpiX, runs.dpiY, m_options.acceleration[runs.profile - 1U], m_clock.now());
     }

@@ -32,7 +32,7 @@ class Engine::Core {
     void releaseAll();
 
     [[nodiscard]] std::optional<Time> nextWake() const;
-    [[nodiscard]] Running running() const { return m_position.running(); }
+    [[nodiscard]] const Running& running() const { return m_position.running(); }
     [[nodiscard]] bool isBusy() const;
 
   private:
@@ -41,6 +41,8 @@ class Engine::Core {
         std::int64_t notches = 0;
         std::int64_t parts = 0;
         bool hasParts = false;
+
+        [[nodiscard]] bool isAny() const { return notches != 0 || hasParts; }
     };
     /// What a button of the mouse has pressed, until it goes up.
     struct HeldInput {
@@ -64,26 +66,28 @@ class Engine::Core {
 
     [[nodiscard]] const ButtonAssignment& assignmentOf(std::uint8_t input) const;
 
+    // What each report of the mouse needs, side by side: between two of them the processor does other things
+    // and forgets where all of this is, page by page.
     Output& m_output;
     Clock m_clock;
-    FrameWriter m_writer;
-    HeldKeys m_keys{m_writer};
-    Configuration m_configuration;
-    bool m_hasRecord = false;
-    Options m_options;
-    Position m_position{m_configuration};
-    Motion m_motion;
-    MacroPlayer m_macros{m_keys, m_writer};
-    DoubleClicks m_clicks{m_keys};
-    Scrolling m_scrolling{m_writer};
-
-    std::array<std::uint8_t, KEY_CNT> m_inputOf{};    ///< by code: the input that it is, 0 for none
-    std::array<std::uint8_t, KEY_CNT> m_pressedAs{};  ///< by code that is down: its input, or that it passed
-    std::array<HeldInput, buttonInputs + 1> m_held{}; ///< by input
     Move m_move;
     Turn m_vertical;
     Turn m_horizontal;
     Running m_told;
+    bool m_hasRecord = false;
+    Options m_options;
+    Position m_position{m_configuration};
+    Motion m_motion;
+    DoubleClicks m_clicks{m_keys};
+    Scrolling m_scrolling{m_writer};
+    FrameWriter m_writer;
+    MacroPlayer m_macros{m_keys, m_writer};
+
+    HeldKeys m_keys{m_writer};
+    Configuration m_configuration;
+    std::array<std::uint8_t, KEY_CNT> m_inputOf{};    ///< by code: the input that it is, 0 for none
+    std::array<std::uint8_t, KEY_CNT> m_pressedAs{};  ///< by code that is down: its input, or that it passed
+    std::array<HeldInput, buttonInputs + 1> m_held{}; ///< by input
 };
 
 } // namespace quorvi::engine

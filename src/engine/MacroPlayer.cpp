@@ -34,6 +34,7 @@ void MacroPlayer::start(std::uint8_t macroId, const Configuration::Macro& macro,
     if (runs || free == m_macros.end())
         return;
     free->isActive = true;
+    ++m_playing;
     free->macroId = macroId;
     std::ranges::copy(macro.steps, free->bytes.begin());
     free->size = macro.steps.size();
@@ -52,6 +53,8 @@ void MacroPlayer::wake(Time now) {
 
 std::optional<Time> MacroPlayer::nextWake() const {
     std::optional<Time> next;
+    if (!isPlaying())
+        return next;
     for (const Playing& macro : m_macros)
         if (macro.isActive)
             next = earlier(next, macro.due);
@@ -70,10 +73,6 @@ void MacroPlayer::endAll() {
     for (Playing& macro : m_macros)
         if (macro.isActive)
             end(macro);
-}
-
-bool MacroPlayer::isPlaying() const {
-    return std::ranges::any_of(m_macros, &Playing::isActive);
 }
 
 /// What is left of the bytes gets shorter with each round.
@@ -138,6 +137,7 @@ void MacroPlayer::end(Playing& macro) {
     while (macro.pressed.size > 0)
         m_keys.release(macro.pressed.codes[--macro.pressed.size]);
     macro.isActive = false;
+    --m_playing;
     m_writer.flush();
 }
 

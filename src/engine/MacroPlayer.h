@@ -31,7 +31,7 @@ class MacroPlayer {
     /// Ends those that the configuration does not have as they are played.
     void keepOnly(const Configuration& configuration);
     void endAll();
-    [[nodiscard]] bool isPlaying() const;
+    [[nodiscard]] bool isPlaying() const { return m_playing > 0; }
 
   private:
     /// Codes that a macro has pressed. A step has two bytes at least, so that half as many do.
@@ -62,6 +62,7 @@ class MacroPlayer {
 
     HeldKeys& m_keys;
     FrameWriter& m_writer;
+    std::size_t m_playing = 0; ///< how many are active
     std::array<Playing, kMostAtOnce> m_macros{};
 };
 

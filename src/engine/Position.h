@@ -28,18 +28,21 @@ class Position {
     void cycle();
 
     // Each hold ends with a release.
-    void holdLowest() { ++m_lowestHolds; }
+    void holdLowest();
     void releaseLowest();
-    void releaseAll() { m_lowestHolds = 0; }
+    void releaseAll();
 
-    [[nodiscard]] Running running() const;
+    [[nodiscard]] const Running& running() const { return m_running; }
     [[nodiscard]] std::uint8_t profile() const { return m_profile; }
 
   private:
+    void update();
+
     const Configuration& m_configuration;
     std::uint8_t m_profile = 0;
     std::uint8_t m_stage = 0; ///< the one that runs when the lowest is not held
     int m_lowestHolds = 0;
+    Running m_running; ///< what follows from all of these: each report of the mouse asks for it
 };
 
 } // namespace quorvi::engine

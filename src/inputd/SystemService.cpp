@@ -69,7 +69,7 @@ class LoginMonitor {
 class SystemService final : public LoopOwner, public UsedMiceListener {
   public:
     SystemService(Loop& loop, EventSources& sources, sd_bus* bus)
-        : m_loop(loop), m_sources(sources), m_mice(loop, *this), m_questions(bus), m_watchers(bus),
+        : m_loop(loop), m_sources(sources), m_mice(loop, *this), m_questions(bus), m_watchers(bus, m_questions),
           m_allowed(stateFolder()), m_nodes(sources.get(), [this] { nodesChanged(); }),
           m_logins(sources.get(), [this] { loginsChanged(); }),
           m_sleep(bus, m_questions, [this](bool begins) { begins ? m_mice.goToSleep() : m_mice.wakeUp(); }),

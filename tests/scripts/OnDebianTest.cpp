@@ -23,6 +23,8 @@ class OnDebian : public testing::Test {
             GTEST_SKIP() << "only root can change to another system";
         if (runProgram({"sh", "-c", "command -v git && command -v unshare"}).exitCode != 0)
             GTEST_SKIP() << "git or unshare is not installed";
+        if (runProgram({"mountpoint", "--quiet", "/"}).exitCode != 0)
+            GTEST_SKIP() << "in a plain chroot there are no mounts of one's own";
         m_checkout.write(".gitignore", "/build*/\n*.ignored\n");
         m_checkout.write("known", "by git");
         m_checkout.write("new", "and not ignored");

@@ -24,7 +24,7 @@ events::MessageRef newCall(
 
 bool Questions::ask(
     const events::MessageRef& call, std::uint64_t timeout, std::function<void(sd_bus_message*)> answer) {
-    if (!call || m_questions.size() >= most)
+    if (!call)
         return false;
     auto question = std::make_unique<Question>();
     question->owner = this;
@@ -49,7 +49,7 @@ int Questions::answered(sd_bus_message* reply, void* question, sd_bus_error* /*e
 bool Questions::userOf(const char* connection, std::function<void(std::optional<uid_t>)> answer) {
     const auto call = newCall(m_bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
         "GetConnectionUnixUser");
-    if (!call || sd_bus_message_append_basic(call.get(), 's', connection) < 0)
+    if (!call || !hasRoom() || sd_bus_message_append_basic(call.get(), 's', connection) < 0)
         return false;
     return ask(call, usualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         std::uint32_t user = 0;
@@ -63,8 +63,9 @@ bool Questions::userOf(const char* connection, std::function<void(std::optional<
 bool Questions::isAuthorized(const char* connection, const char* action, std::function<void(bool)> answer) {
     const auto call = newCall(m_bus, "org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority",
         "org.freedesktop.PolicyKit1.Authority", "CheckAuthorization");
-    if (!call || sd_bus_message_append(call.get(), "(sa{sv})sa{ss}us", "system-bus-name", 1, "name", "s",
-                     connection, action, 0, allowUserInteraction, "") < 0)
+    if (!call || !hasRoom() ||
+        sd_bus_message_append(call.get(), "(sa{sv})sa{ss}us", "system-bus-name", 1, "name", "s", connection,
+            action, 0, allowUserInteraction, "") < 0)
         return false;
     return ask(call, patientTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         int yes = 0;
@@ -84,6 +85,21 @@ bool Questions::delaySleep(const char* why, std::function<void(int)> answer) {
         if (reply && sd_bus_message_read_basic(reply, 'h', &descriptor) > 0)
             descriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
         answer(descriptor);
+    });
+}
+
+bool Questions::isPreparingForSleep(std::function<void(std::optional<bool>)> answer) {
+    const auto call = newCall(
+        m_bus, "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.DBus.Properties", "Get");
+    if (!call ||
+        sd_bus_message_append(call.get(), "ss", "org.freedesktop.login1.Manager", "PreparingForSleep") < 0)
+        return false;
+    return ask(call, usualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
+        int yes = 0;
+        if (reply && sd_bus_message_read(reply, "v", "b", &yes) > 0)
+            answer(yes != 0);
+        else
+            answer({});
     });
 }
 

@@ -16,7 +16,8 @@ namespace quorvi::inputd {
 
 class Questions {
   public:
-    /// As many at once. Whoever asks more is told so.
+    /// As many at once that others are the cause of. Whoever asks more is told so; the service's own find
+    /// room.
     static constexpr std::size_t most = 32;
 
     explicit Questions(sd_bus* bus) : m_bus(bus) {}
@@ -32,6 +33,8 @@ class Questions {
     /// A descriptor that keeps the computer from sleeping until it is closed, for some seconds at most; -1
     /// when there is none. It is the answer's.
     [[nodiscard]] bool delaySleep(const char* why, std::function<void(int descriptor)> answer);
+    /// Whether the computer is on its way to sleep, by the log-in manager; nothing when that does not answer.
+    [[nodiscard]] bool isPreparingForSleep(std::function<void(std::optional<bool> yes)> answer);
 
   private:
     struct Question {
@@ -39,6 +42,7 @@ class Questions {
         events::SlotPtr slot;
         std::function<void(sd_bus_message* reply)> answer; ///< with null when the other side failed
     };
+    [[nodiscard]] bool hasRoom() const { return m_questions.size() < most; }
     [[nodiscard]] bool ask(
         const events::MessageRef& call, std::uint64_t timeout, std::function<void(sd_bus_message*)> answer);
     static int answered(sd_bus_message* reply, void* question, sd_bus_error* error);

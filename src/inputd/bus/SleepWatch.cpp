@@ -1,5 +1,7 @@
 #include "inputd/bus/SleepWatch.h"
 
+#include <utility>
+
 namespace quorvi::inputd {
 
 SleepWatch::SleepWatch(sd_bus* bus, Questions& questions, std::function<void(bool)> sleeps)
@@ -20,6 +22,8 @@ void SleepWatch::setNeeded(bool needed) {
 }
 
 void SleepWatch::takeDelay() {
+    if (m_delay)
+        return;
     // Without an answer keys are released all the same, perhaps after the sleep.
     (void)m_questions.delaySleep("Keys that the mouse holds are released", [this](int descriptor) {
         Descriptor delay(descriptor);
@@ -28,17 +32,34 @@ void SleepWatch::takeDelay() {
     });
 }
 
-int SleepWatch::received(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-    auto& watch = *static_cast<SleepWatch*>(self);
-    int begins = 0;
-    if (sd_bus_message_read_basic(message, 'b', &begins) <= 0)
-        return 0;
-    watch.m_sleeps(begins != 0);
-    if (begins != 0)
-        watch.m_delay.reset(); // now it may
-    else if (watch.m_needed)
-        watch.takeDelay();
+/// Whoever is on the bus can send such a signal to this connection alone, in the log-in manager's words: the
+/// library cannot tell it from that one's own. So it is no more than a reason to ask the log-in manager,
+/// which a call reaches by its name.
+int SleepWatch::received(sd_bus_message* /*message*/, void* self, sd_bus_error* /*error*/) {
+    static_cast<SleepWatch*>(self)->look();
     return 0;
+}
+
+/// One question at a time, however many signals come.
+void SleepWatch::look() {
+    m_looksAgain = m_isLooking;
+    if (!m_isLooking)
+        m_isLooking = m_questions.isPreparingForSleep([this](std::optional<bool> sleeps) {
+            m_isLooking = false;
+            looked(sleeps);
+            if (std::exchange(m_looksAgain, false))
+                look();
+        });
+}
+
+void SleepWatch::looked(std::optional<bool> sleeps) {
+    if (!sleeps)
+        return;
+    m_sleeps(*sleeps);
+    if (*sleeps)
+        m_delay.reset(); // now it may
+    else if (m_needed)
+        takeDelay();
 }
 
 } // namespace quorvi::inputd

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "inputd/Descriptor.h"
 #include "inputd/bus/Questions.h"
@@ -10,7 +11,8 @@ namespace quorvi::inputd {
 
 class SleepWatch {
   public:
-    /// `sleeps` is called with true before the computer goes to sleep and with false when it is awake again.
+    /// `sleeps` is called with true before the computer goes to sleep and with false when it is awake again,
+    /// or has stayed so.
     SleepWatch(sd_bus* bus, Questions& questions, std::function<void(bool)> sleeps);
 
     /// Whether there is something to release: only then is the computer made to wait.
@@ -18,6 +20,8 @@ class SleepWatch {
 
   private:
     static int received(sd_bus_message* message, void* self, sd_bus_error* error);
+    void look();
+    void looked(std::optional<bool> sleeps);
     void takeDelay();
 
     Questions& m_questions;
@@ -25,6 +29,8 @@ class SleepWatch {
     events::SlotPtr m_slot;
     Descriptor m_delay;
     bool m_needed = false;
+    bool m_isLooking = false;
+    bool m_looksAgain = false; ///< something has changed since the question was asked
 };
 
 } // namespace quorvi::inputd

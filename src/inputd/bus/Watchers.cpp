@@ -47,20 +47,30 @@ bool Watchers::add(const char* connection, uid_t user, bool inputs) {
     if (m_watchers.size() >= most)
         return false;
     auto watcher = std::make_unique<Watcher>(Watcher{this, connection, user, inputs, nullptr});
-    sd_bus_track* track = nullptr;
-    if (sd_bus_track_new(m_bus, &track, left, watcher.get()) < 0)
+    sd_bus_slot* slot = nullptr;
+    if (sd_bus_add_match_async(m_bus, &slot, events::ruleForLeaving(watcher->connection).c_str(), left,
+            events::receiveRuleAdded, watcher.get()) < 0)
         return false;
-    watcher->track.reset(track);
-    if (sd_bus_track_add_name(track, connection) < 0)
+    watcher->leaving.reset(slot);
+    // It may have left before the rule was there. The bus answers in order, so nothing falls in between.
+    if (!m_questions.userOf(connection, [this, name = watcher->connection](std::optional<uid_t> there) {
+            if (!there)
+                remove(name);
+        }))
         return false;
     m_watchers.push_back(std::move(watcher));
     return true;
 }
 
-int Watchers::left(sd_bus_track* /*track*/, void* watcher) {
-    std::erase_if(static_cast<Watcher*>(watcher)->owner->m_watchers,
-        [&](const auto& each) { return each.get() == watcher; });
+int Watchers::left(sd_bus_message* signal, void* watcher, sd_bus_error* /*error*/) {
+    auto& gone = *static_cast<Watcher*>(watcher);
+    if (events::isOfTheBus(signal))
+        gone.owner->remove(std::string(gone.connection));
     return 0;
+}
+
+void Watchers::remove(const std::string& connection) {
+    std::erase_if(m_watchers, [&](const auto& each) { return each->connection == connection; });
 }
 
 bool Watchers::wantInputs() const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "inputd/UsedMice.h"
+#include "inputd/bus/Questions.h"
 #include "platform/events/SdBus.h"
 
 namespace quorvi::inputd {
@@ -13,11 +14,12 @@ class Watchers {
   public:
     static constexpr std::size_t most = 16;
 
-    explicit Watchers(sd_bus* bus) : m_bus(bus) {}
+    /// Both must live longer.
+    Watchers(sd_bus* bus, Questions& questions) : m_bus(bus), m_questions(questions) {}
     Watchers(const Watchers&) = delete;
     Watchers& operator=(const Watchers&) = delete;
 
-    /// Until it leaves the bus. False when there are too many.
+    /// Until it leaves the bus. False when there are too many, or too much has been asked.
     [[nodiscard]] bool add(const char* connection, uid_t user, bool inputs);
 
     /// Tells those of its owner alone: nobody learns what another one presses.
@@ -27,19 +29,18 @@ class Watchers {
     [[nodiscard]] bool wantInputs() const;
 
   private:
-    struct TrackReleaser {
-        void operator()(sd_bus_track* track) const { sd_bus_track_unref(track); }
-    };
     struct Watcher {
         Watchers* owner;
         std::string connection;
         uid_t user;
         bool inputs;
-        std::unique_ptr<sd_bus_track, TrackReleaser> track;
+        events::SlotPtr leaving;
     };
-    static int left(sd_bus_track* track, void* watcher);
+    static int left(sd_bus_message* signal, void* watcher, sd_bus_error* error);
+    void remove(const std::string& connection);
 
     sd_bus* m_bus;
+    Questions& m_questions;
     std::vector<std::unique_ptr<Watcher>> m_watchers;
 };
 

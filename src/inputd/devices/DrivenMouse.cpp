@@ -151,7 +151,8 @@ void DrivenMouse::setState(MouseState state) {
 void DrivenMouse::frame(std::span<const input_event> events, engine::Time when) {
     m_engine.input(events, when);
     for (const auto& event : events)
-        showPressed(event);
+        if (event.type == EV_KEY || event.code == REL_WHEEL)
+            showPressed(event);
 }
 
 void DrivenMouse::showPressed(const input_event& event) {

@@ -101,7 +101,7 @@ std::vector<Mouse> groupMice(std::span<const NodeFacts> nodes) {
     std::string earlier;
     for (auto& mouse : mice)
         if (std::exchange(earlier, mouse.id) == mouse.id)
-            mouse.id += "@" + plainText(mouse.nodes.front().group);
+            mouse.id.append("@").append(plainText(mouse.nodes.front().group));
     std::ranges::sort(mice, {}, &Mouse::id);
     return mice;
 }

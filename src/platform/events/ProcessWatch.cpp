@@ -24,11 +24,6 @@ int receiveHasOwner(sd_bus_message* message, void* watch, sd_bus_error*) {
     return 1;
 }
 
-/// Without a function of ours, the library closes the connection when the bus refuses the rule.
-int receiveRuleAdded(sd_bus_message*, void*, sd_bus_error*) {
-    return 1;
-}
-
 } // namespace
 
 void EventBus::watchProcess(const ProcessSerialNumber& psn) {
@@ -37,11 +32,9 @@ void EventBus::watchProcess(const ProcessSerialNumber& psn) {
         return;
     // One rule for each watched process, so that the others of the session do not wake this one.
     const std::string name = events::uniqueName(psn);
-    const std::string rule = "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
-                             "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
-                             name + "',arg2=''";
     sd_bus_slot* slot = nullptr;
-    sd_bus_add_match_async(d->bus.get(), &slot, rule.c_str(), receiveLeft, receiveRuleAdded, &entry->second);
+    sd_bus_add_match_async(d->bus.get(), &slot, events::ruleForLeaving(name).c_str(), receiveLeft,
+        events::receiveRuleAdded, &entry->second);
     entry->second.left.reset(slot);
     // It may have left before the rule was there. The bus answers in order, so nothing falls in between.
     slot = nullptr;

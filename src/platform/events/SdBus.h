@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include <systemd/sd-bus.h>
@@ -45,6 +46,19 @@ class BusError {
 [[nodiscard]] inline bool isOfTheBus(sd_bus_message* signal) {
     const char* sender = sd_bus_message_get_sender(signal);
     return sender && std::string_view(sender) == "org.freedesktop.DBus";
+}
+
+/// The rule for the bus's signal that the connection with that unique name has left it.
+[[nodiscard]] inline std::string ruleForLeaving(const std::string& connection) {
+    return "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
+           "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
+           connection + "',arg2=''";
+}
+
+/// For sd_bus_add_match_async: without a function of ours, the library closes the connection when the bus
+/// refuses the rule.
+inline int receiveRuleAdded(sd_bus_message* /*reply*/, void* /*data*/, sd_bus_error* /*error*/) {
+    return 1;
 }
 
 /// The status for a call that failed: by the name of the error answer, else by the error number.

@@ -20,6 +20,7 @@ const sd_bus_vtable Managers::authority[] = {
 const sd_bus_vtable Managers::manager[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Inhibit", "ssss", "h", inhibit, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_PROPERTY("PreparingForSleep", "b", isPreparingForSleep, 0, 0),
     SD_BUS_SIGNAL("PrepareForSleep", "b", 0),
     SD_BUS_VTABLE_END,
 };
@@ -50,9 +51,11 @@ void Managers::run() {
     while (!m_ends) {
         while (sd_bus_process(m_bus.get(), nullptr) > 0)
             ;
-        if (const int begins = m_announced.exchange(-1); begins >= 0)
+        if (const int begins = m_announced.exchange(-1); begins >= 0) {
+            m_isPreparing = begins;
             sd_bus_emit_signal(m_bus.get(), "/org/freedesktop/login1", "org.freedesktop.login1.Manager",
                 "PrepareForSleep", "b", begins);
+        }
         if (!isSlow)
             answer();
         sd_bus_wait(m_bus.get(), 5000);
@@ -95,6 +98,11 @@ int Managers::inhibit(sd_bus_message* message, void* self, sd_bus_error* /*error
     const int result = sd_bus_reply_method_return(message, "h", ends[1]);
     close(ends[1]);
     return result;
+}
+
+int Managers::isPreparingForSleep(sd_bus* /*bus*/, const char* /*path*/, const char* /*interface*/,
+    const char* /*property*/, sd_bus_message* reply, void* self, sd_bus_error* /*error*/) {
+    return sd_bus_message_append(reply, "b", static_cast<Managers*>(self)->m_isPreparing);
 }
 
 bool Managers::isSleepDelayed() const {

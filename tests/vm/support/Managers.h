@@ -30,6 +30,8 @@ class Managers {
   private:
     static int authorize(sd_bus_message* message, void* self, sd_bus_error* error);
     static int inhibit(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int isPreparingForSleep(sd_bus* bus, const char* path, const char* interface, const char* property,
+        sd_bus_message* reply, void* self, sd_bus_error* error);
     static const sd_bus_vtable authority[];
     static const sd_bus_vtable manager[];
     void run();
@@ -38,6 +40,7 @@ class Managers {
 
     events::BusPtr m_bus;
     std::vector<events::MessageRef> m_asked; ///< of the thread's own
+    int m_isPreparing = 0;                   ///< the same
     std::atomic<int> m_timesAsked = 0;
     std::atomic<int> m_delay = -1;     ///< the reading end of the inhibitor's pipe
     std::atomic<int> m_announced = -1; ///< a PrepareForSleep that waits to be said
