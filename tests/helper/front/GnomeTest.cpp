@@ -33,7 +33,11 @@ class OnGnome : public FollowingHelper {
         ASSERT_TRUE(comesToSay("FrontSource", "GNOME"));
         windows = std::make_unique<WaylandWindows>(shell->runtimeFolder() + "/" + shell->socket());
     }
-    /// New windows come to the front only until the Shell takes them for intruders.
+    /// A new window alone comes to the front only when the Shell does not take it for an intruder.
+    void show(const std::string& appId) {
+        windows->show(appId);
+        bringToFront(appId);
+    }
     void bringToFront(const std::string& appId) {
         const std::string script =
             "global.get_window_actors().map(a => a.meta_window).find(w => w.get_wm_class() === '" + appId +
@@ -51,13 +55,12 @@ class OnGnome : public FollowingHelper {
 
 TEST_F(OnGnome, FollowsWindowsOfTwoApplications) {
     startEnabled();
-    windows->show(drawing);
+    show(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
-    windows->show(writing);
+    show(writing);
     ASSERT_TRUE(comesToRun(ofWriting));
     switchInTurn([&](const std::string& id) { bringToFront(id); });
-    windows->show(other);
-    bringToFront(other);
+    show(other);
     EXPECT_TRUE(comesToRun(usersOwn));
     EXPECT_TRUE(comesToSay("FrontApplication", "Other"));
     expectLittleMemory();
@@ -75,7 +78,7 @@ TEST_F(OnGnome, SwitchesItsExtensionOnWhenItIsAskedTo) {
 
 TEST_F(OnGnome, HearsOfTheWindowInFrontWhenItStartsAnew) {
     startEnabled();
-    windows->show(drawing);
+    show(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
     helper->kill();
     ASSERT_TRUE(waitFor(*bus, [&] { return bus->findProcessByName("KyvarQuorviHelper", nullptr) != noErr; }));
@@ -85,7 +88,7 @@ TEST_F(OnGnome, HearsOfTheWindowInFrontWhenItStartsAnew) {
 
 TEST_F(OnGnome, SleepsWhileNothingChanges) {
     startEnabled();
-    windows->show(drawing);
+    show(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
     expectSleepDuring([&] {
         for (int i = 0; i < 20; ++i)
