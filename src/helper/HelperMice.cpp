@@ -101,6 +101,9 @@ void Helper::endSetUp(const ProcessSerialNumber& caller) {
 void Helper::miceChanged() {
     if (m_controls)
         m_controls->tellMiceChanged();
+    const bool has = hasService();
+    if (std::exchange(m_hadService, has) != has && m_controls)
+        m_controls->tellService();
     if (std::exchange(m_wasDemonstration, isDemonstration()) != m_wasDemonstration) {
         if (m_controls)
             m_controls->tellDemonstration();
