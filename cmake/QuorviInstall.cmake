@@ -36,7 +36,7 @@ install(CODE "set(folder site-functions)
         DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${folder}\")" COMPONENT panel)
 
 # Manual pages are installed packed, as every system reads them.
-foreach(page quorvictl.1 quorvi-settings.1)
+foreach(page quorvictl.1 quorvi-settings.1 quorvi-inputd.8)
     set(packed "${PROJECT_BINARY_DIR}/man/${page}.gz")
     add_custom_command(OUTPUT "${packed}"
         COMMAND ${CMAKE_COMMAND} -E make_directory "${PROJECT_BINARY_DIR}/man"
@@ -45,7 +45,9 @@ foreach(page quorvictl.1 quorvi-settings.1)
     list(APPEND packed_pages "${packed}")
 endforeach()
 add_custom_target(manual-pages ALL DEPENDS ${packed_pages})
-install(FILES ${packed_pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT panel)
+install(FILES "${PROJECT_BINARY_DIR}/man/quorvictl.1.gz" "${PROJECT_BINARY_DIR}/man/quorvi-settings.1.gz"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT panel)
+install(FILES "${PROJECT_BINARY_DIR}/man/quorvi-inputd.8.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man8" COMPONENT service)
 
 # The system service. Where its program is, is not known before it is installed, as with the helper.
 set(QUORVI_INPUTD_FILES "${PROJECT_SOURCE_DIR}/src/inputd/system")

@@ -14,8 +14,8 @@ constexpr char kPanelName[] = "KyvarQuorviPane";
 } // namespace
 
 Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesystem::path chosenMice)
-    : m_bus(bus), m_settings(files), m_mice(loop, std::move(chosenMice), *this), m_bundle(files.bundle()),
-      m_display(bus.connection().bus.get()) {
+    : m_bus(bus), m_settings(files), m_layout(loop), m_mice(loop, std::move(chosenMice), *this),
+      m_bundle(files.bundle()), m_display(bus.connection().bus.get()) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
@@ -32,6 +32,10 @@ Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesys
             m_object->tellRunning();
         if (isDemonstration())
             noteRunning();
+    });
+    m_layout.onKeys([this](const engine::LetterKeys& keys) {
+        for (auto* backend : m_backends)
+            backend->setLetterKeys(keys);
     });
     loop.watch(m_mouse.timerFd(), [this] { m_mouse.wake(); });
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "helper/DeviceSettings.h"
+#include "helper/SessionLayout.h"
 #include "helper/SimulatedDevice.h"
 #include "helper/display/RunningChanges.h"
 #include "helper/display/ScreenDisplay.h"
@@ -97,6 +98,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
 
     EventBus& m_bus;
     DeviceSettings m_settings;
+    SessionLayout m_layout;
     SimulatedDevice m_mouse;
     RealMice m_mice;
     std::array<Backend*, 2> m_backends{&m_mouse, &m_mice};

@@ -47,6 +47,7 @@ void Helper::setFrontReason(std::string reason) {
 }
 
 void Helper::press(std::uint8_t input) {
+    m_layout.follow();
     m_mouse.press(input);
     if (isDemonstration())
         inputChanged("", input, true);
@@ -99,6 +100,8 @@ void Helper::endSetUp(const ProcessSerialNumber& caller) {
 
 /// Panels read their settings anew with each list, so they get one only when it is another.
 void Helper::miceChanged() {
+    if (!isDemonstration())
+        m_layout.follow();
     if (m_controls)
         m_controls->tellMiceChanged();
     const bool has = hasService();

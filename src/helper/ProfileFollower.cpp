@@ -1,5 +1,7 @@
 #include "helper/ProfileFollower.h"
 
+#include <utility>
+
 #include "helper/front/FollowedProfile.h"
 
 namespace quorvi {
@@ -11,7 +13,9 @@ ProfileFollower::ProfileFollower(EventBus& bus, EventLoop& loop, Helper& helper)
 }
 
 void ProfileFollower::follow() {
-    m_helper.followProfile(front::profileFor(m_helper.profiles(), m_front.application()).profile);
+    auto followed = front::profileFor(m_helper.profiles(), m_front.application());
+    m_helper.setFrontReason(std::move(followed.reason));
+    m_helper.followProfile(followed.profile);
 }
 
 } // namespace quorvi

@@ -3,8 +3,6 @@
 #include <utility>
 
 #include "engine/Event.h"
-#include "platform/keyboard/LetterKeys.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 namespace quorvi {
 
@@ -51,7 +49,6 @@ void SimulatedDevice::setMacrosAreQuiet(bool quiet) {
 }
 
 void SimulatedDevice::setLetterKeys(const engine::LetterKeys& keys) {
-    m_layoutIsRead = true;
     m_options.letterKeys = keys;
     setOptions();
 }
@@ -61,7 +58,6 @@ std::vector<DeviceEntry> SimulatedDevice::devices() const {
 }
 
 void SimulatedDevice::press(std::uint8_t input) {
-    readLayout();
     if (input <= engine::buttonInputs) {
         m_pressed = static_cast<std::uint16_t>(m_pressed | bitOf(input));
         return feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 1)});
@@ -101,15 +97,6 @@ void SimulatedDevice::write(engine::Device, std::span<const input_event> frame) 
 void SimulatedDevice::runs(const engine::Running&) {
     if (m_running)
         m_running();
-}
-
-/// Compiling a keymap takes some milliseconds and memory, which a helper that nobody presses does not need.
-void SimulatedDevice::readLayout() {
-    if (std::exchange(m_layoutIsRead, true))
-        return;
-    if (const auto layout = makeDefaultKeyboardLayout())
-        m_options.letterKeys = letterKeysOf(*layout);
-    setOptions();
 }
 
 void SimulatedDevice::feed(std::span<const input_event> frame) {

@@ -12,8 +12,7 @@
 
 namespace quorvi {
 
-/// Its sensor has 1600 DPI. Shortcuts are typed by the keys of the layout that the machine is configured
-/// with, read when an input is first used.
+/// Its sensor has 1600 DPI.
 class SimulatedDevice final : public Backend, engine::Output {
   public:
     SimulatedDevice() = default;
@@ -51,7 +50,6 @@ class SimulatedDevice final : public Backend, engine::Output {
     void write(engine::Device device, std::span<const input_event> frame) override;
     void runs(const engine::Running& running) override;
 
-    void readLayout();
     void feed(std::span<const input_event> frame);
     void setOptions();
     void setTimer();
@@ -59,7 +57,6 @@ class SimulatedDevice final : public Backend, engine::Output {
     std::function<void(std::span<const input_event>)> m_frame;
     std::function<void()> m_running;
     engine::Options m_options;
-    bool m_layoutIsRead = false;
     bool m_isPluggedIn = true;
     std::uint16_t m_pressed = 0;
     engine::Engine m_engine{*this};

@@ -23,6 +23,12 @@ TEST(Manual, ThePageOfTheToolNamesEveryVerb) {
         EXPECT_NE(page.find(verb), std::string::npos) << verb;
 }
 
+TEST(Manual, ThePageOfTheServiceNamesItsOptions) {
+    const auto page = shownPage("quorvi-inputd.8");
+    for (const char* option : {"--device", "--record", "--sensor-dpi", "--version"})
+        EXPECT_NE(page.find(option), std::string::npos) << option;
+}
+
 TEST(Manual, ThePageOfThePanelIsInOrder) {
     EXPECT_NE(shownPage("quorvi-settings.1").find("quorvi-settings"), std::string::npos);
 }

@@ -1,5 +1,8 @@
 #include "support/Compositors.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include <sys/socket.h>
@@ -24,6 +27,11 @@ bool accepts(const std::string& socketPath) {
     return connected;
 }
 
+void giveAway(const std::filesystem::path& path) {
+    if (chown(path.c_str(), nobody, nobody) != 0)
+        throw std::runtime_error("the runtime folder cannot be given away");
+}
+
 } // namespace
 
 std::vector<std::string> Compositor::environment() const {
@@ -42,8 +50,9 @@ void Compositor::startAsUser(std::vector<std::string> command, const std::vector
         const std::string id = std::to_string(nobody);
         command.insert(command.begin(),
             {"setpriv", "--reuid", id, "--regid", id, "--clear-groups", "--pdeathsig", "KILL", "--"});
-        if (chown(folder().path().c_str(), nobody, nobody) != 0)
-            throw std::runtime_error("the runtime folder cannot be given away");
+        giveAway(folder().path());
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder().path()))
+            giveAway(entry.path());
     }
     start(command, environment);
 }
@@ -79,6 +88,33 @@ KWin::KWin(const std::string& bus) : Compositor("kwin-0") {
             "DBUS_SESSION_BUS_ADDRESS=" + (bus.empty() ? noBus : bus), "DBUS_SYSTEM_BUS_ADDRESS=" + noBus,
             "KWIN_COMPOSE=Q", "QT_QUICK_BACKEND=software", "KWIN_WAYLAND_NO_PERMISSION_CHECKS=1", "DISPLAY",
             "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
+}
+
+GnomeShell::GnomeShell(const std::string& bus, const std::string& extensions)
+    : Compositor("gnome-0"), m_system(std::make_unique<PrivateBus>()) {
+    namespace fs = std::filesystem;
+    setenv("DBUS_SESSION_BUS_ADDRESS", bus.c_str(), 1); // which the other bus has taken
+    const auto settings = folder() / "config/glib-2.0/settings";
+    const auto ownExtensions = folder() / "data/gnome-shell/extensions";
+    fs::create_directories(settings);
+    fs::create_directories(ownExtensions);
+    fs::copy(extensions, ownExtensions, fs::copy_options::recursive);
+    std::ofstream(settings / "keyfile")
+        << "[org/gnome/shell]\ndisable-user-extensions=true\nwelcome-dialog-last-shown-version='9999'\n";
+    const std::string runtime = folder().path().native();
+    startAsUser({"gnome-shell", "--headless", "--no-x11", "--virtual-monitor", "1280x800", "--unsafe-mode",
+                    "--wayland-display", socket()},
+        {"XDG_RUNTIME_DIR=" + runtime, "HOME=" + runtime, "XDG_CONFIG_HOME=" + runtime + "/config",
+            "XDG_DATA_HOME=" + runtime + "/data", "XDG_SESSION_TYPE=wayland", "GSETTINGS_BACKEND=keyfile",
+            "DBUS_SESSION_BUS_ADDRESS=" + bus, "DBUS_SYSTEM_BUS_ADDRESS=" + m_system->address(),
+            "LIBGL_ALWAYS_SOFTWARE=1", "DISPLAY", "WAYLAND_DISPLAY"});
+    const auto overviewIsHidden = [&] {
+        return runProgram({"busctl", "--address=" + bus, "call", "org.gnome.Shell", "/org/gnome/Shell",
+                              "org.gnome.Shell", "Eval", "s", "Main.overview.hide(); Main.overview.visible"})
+                   .output == "bs true \"false\"\n";
+    };
+    if (!waitUntil(overviewIsHidden))
+        throw std::runtime_error("gnome-shell does not come up: " + process().readError());
 }
 
 Weston::Weston(const std::string& display) : Compositor("weston") {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
+#include "support/PrivateBus.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::test {
@@ -51,6 +52,17 @@ class KWin : public Compositor {
   public:
     /// On the session bus of this address, if any.
     explicit KWin(const std::string& bus = "");
+};
+
+/// GNOME Shell 43 or later, with a screen in memory and without a graphics card, the extensions of a folder
+/// beside its own, which are off, and no overview.
+class GnomeShell : public Compositor {
+  public:
+    /// On the session bus of this address.
+    GnomeShell(const std::string& bus, const std::string& extensions);
+
+  private:
+    std::unique_ptr<PrivateBus> m_system; ///< an empty bus stands for the system's
 };
 
 /// Weston. In a window on an X display it takes that display's layout when it starts; without a display it

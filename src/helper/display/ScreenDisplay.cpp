@@ -16,7 +16,7 @@ constexpr char kNotificationsPath[] = "/org/freedesktop/Notifications";
 constexpr char kIcon[] = "input-mouse";
 
 /// A desktop that is alive answers within milliseconds; starting a notification server takes longer.
-constexpr std::chrono::milliseconds kPatience = 2s;
+constexpr std::chrono::milliseconds kDesktopPatience = 2s;
 /// What was changed longer ago than this is not news.
 constexpr std::chrono::milliseconds kFresh = 1s;
 constexpr std::int32_t kShownFor = 1500; // milliseconds
@@ -53,13 +53,15 @@ void ScreenDisplay::askWhetherInhibited() {
     const auto call = m_calls.newCall(kNotifications, kNotificationsPath, "org.freedesktop.DBus.Properties",
         "Get", "ss", kNotifications, "Inhibited");
     neverStart(call);
-    const bool sent = m_calls.call(call, kPatience, [this](sd_bus_message* reply, std::string_view error) {
-        int inhibited = 0;
-        const bool isKnown = error.empty() && sd_bus_message_read(reply, "v", "b", &inhibited) > 0;
-        if ((isKnown && inhibited != 0) || error == SD_BUS_ERROR_NO_REPLY || error == SD_BUS_ERROR_TIMEOUT)
-            return done();
-        showByKde();
-    });
+    const bool sent =
+        m_calls.call(call, kDesktopPatience, [this](sd_bus_message* reply, std::string_view error) {
+            int inhibited = 0;
+            const bool isKnown = error.empty() && sd_bus_message_read(reply, "v", "b", &inhibited) > 0;
+            if ((isKnown && inhibited != 0) || error == SD_BUS_ERROR_NO_REPLY ||
+                error == SD_BUS_ERROR_TIMEOUT)
+                return done();
+            showByKde();
+        });
     if (!sent)
         done();
 }
@@ -68,7 +70,7 @@ void ScreenDisplay::showByKde() {
     const auto call = m_calls.newCall("org.kde.plasmashell", "/org/kde/osdService", "org.kde.osdService",
         "showText", "ss", kIcon, m_text.c_str());
     neverStart(call);
-    const bool sent = m_calls.call(call, kPatience,
+    const bool sent = m_calls.call(call, kDesktopPatience,
         [this](sd_bus_message*, std::string_view error) { isAbsence(error) ? notify() : done(); });
     if (!sent)
         done();
@@ -78,11 +80,12 @@ void ScreenDisplay::notify() {
     const auto call = m_calls.newCall(kNotifications, kNotificationsPath, kNotifications, "Notify",
         "susssasa{sv}i", "Kyvar Quorvi", m_notification, kIcon, m_text.c_str(), "", 0, 2, "transient", "b", 1,
         "urgency", "y", 0, kShownFor);
-    const bool sent = m_calls.call(call, kPatience, [this](sd_bus_message* reply, std::string_view error) {
-        if (std::uint32_t id = 0; error.empty() && sd_bus_message_read_basic(reply, 'u', &id) > 0)
-            m_notification = id;
-        done();
-    });
+    const bool sent =
+        m_calls.call(call, kDesktopPatience, [this](sd_bus_message* reply, std::string_view error) {
+            if (std::uint32_t id = 0; error.empty() && sd_bus_message_read_basic(reply, 'u', &id) > 0)
+                m_notification = id;
+            done();
+        });
     if (!sent)
         done();
 }

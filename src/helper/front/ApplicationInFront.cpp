@@ -27,6 +27,11 @@ void ApplicationInFront::addSources(const Session& session) {
         return;
     }
     add(std::make_unique<KWinSource>(m_bus, m_descriptors, m_reports, session.resources / "kwin-front.js"));
+    auto gnome = std::make_unique<GnomeSource>(m_bus, m_reports);
+    if (m_object)
+        m_object->onEnableGnomeExtension([shell = gnome.get()] { shell->enableExtension(); });
+    m_gnome = gnome.get();
+    add(std::move(gnome));
     if (!session.waylandSocket.empty())
         add(std::make_unique<WlrootsSource>(m_descriptors, session.waylandSocket));
 }
@@ -59,6 +64,8 @@ void ApplicationInFront::tell() {
     m_state.application = m_application.shownName;
     const auto telling = std::ranges::find_if(m_sources, [](const auto& source) { return source->tells(); });
     m_state.source = telling == m_sources.end() ? std::string_view() : (*telling)->name();
+    if (m_gnome)
+        m_state.gnomeExtension = m_gnome->extension();
     if (m_object)
         m_object->tell(m_state);
 }

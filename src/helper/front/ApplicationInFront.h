@@ -10,6 +10,7 @@
 #include "helper/front/DesktopReports.h"
 #include "helper/front/FrontApplication.h"
 #include "helper/front/FrontSource.h"
+#include "helper/front/GnomeSource.h"
 #include "helper/front/Session.h"
 #include "platform/events/EventLoop.h"
 #include "platform/events/FrontObject.h"
@@ -46,6 +47,7 @@ class ApplicationInFront {
     DesktopEntries m_entries{desktopEntryFolders()};
     DesktopReports m_reports{m_bus};
     std::vector<std::unique_ptr<FrontSource>> m_sources;
+    const GnomeSource* m_gnome = nullptr; ///< of those; null when it is not among them
     FrontApplication m_application;
     std::function<void()> m_function;
 };

@@ -1,8 +1,10 @@
-// One question to another program on the bus, without waiting for its answer.
+// One question after another to a desktop, without waiting for its answers.
 #pragma once
 
-#include <functional>
+#include <string>
+#include <utility>
 
+#include "platform/events/AsyncCalls.h"
 #include "platform/events/EventBusPrivate.h"
 
 namespace quorvi::front {
@@ -13,27 +15,23 @@ class BusCall {
     /// may take its time.
     using Answer = std::function<void(sd_bus_message*)>;
 
-    explicit BusCall(const EventBus& bus) : m_bus(bus.connection()) {}
-    BusCall(const BusCall&) = delete;
-    BusCall& operator=(const BusCall&) = delete;
+    explicit BusCall(const EventBus& bus) : m_calls(bus.connection().bus.get()) {}
 
-    /// Gives up what is still on its way. The signature and what follows are as for sd_bus_message_append.
+    /// The signature and what follows are as for sd_bus_message_append.
     template <typename... Arguments>
     void make(const std::string& destination, const std::string& path, const char* interface,
         const char* member, Answer answer, const char* signature = "", Arguments... arguments) {
-        auto message = m_bus.newCall(destination.c_str(), path.c_str(), interface, member);
-        if (message && sd_bus_message_append(message.get(), signature, arguments...) >= 0)
-            send(message, std::move(answer));
+        m_calls.call(
+            m_calls.newCall(destination.c_str(), path.c_str(), interface, member, signature, arguments...),
+            std::chrono::seconds(30),
+            [answer = std::move(answer)](
+                sd_bus_message* reply, std::string_view error) { answer(error.empty() ? reply : nullptr); });
     }
-    void giveUp();
+    /// What is under way is not answered any more.
+    void giveUp() { m_calls.dropAll(); }
 
   private:
-    void send(const events::MessageRef& message, Answer answer);
-    static int receive(sd_bus_message* answer, void* self, sd_bus_error*);
-
-    EventBus::Private& m_bus;
-    Answer m_answer;
-    events::SlotPtr m_slot;
+    events::AsyncCalls m_calls;
 };
 
 } // namespace quorvi::front

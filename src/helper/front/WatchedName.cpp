@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/events/AsyncCalls.h"
 #include "platform/events/EventBusPrivate.h"
 
 namespace quorvi::front {
@@ -19,9 +20,8 @@ WatchedName::WatchedName(const EventBus& bus, std::string name, std::function<vo
     const std::string rule = "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
                              "member='NameOwnerChanged',arg0='" +
                              m_name + "'";
+    m_match = events::matchSignal(connection, rule.c_str(), receiveChange, this);
     sd_bus_slot* slot = nullptr;
-    if (sd_bus_add_match_async(connection, &slot, rule.c_str(), receiveChange, nullptr, this) >= 0)
-        m_match.reset(slot);
     // Behind the rule, so that no change is missed.
     if (sd_bus_call_method_async(connection, &slot, busName, busPath, busName, "GetNameOwner", receiveOwner,
             this, "s", m_name.c_str()) >= 0)

@@ -24,7 +24,7 @@ constexpr char kSignalRule[] =
     "type='signal',sender='com.kyvar.Inputd1',path='/com/kyvar/Inputd1',interface='com.kyvar.Inputd1'";
 
 /// Starting a service of the system may take a while.
-constexpr milliseconds kPatience = 25s;
+constexpr milliseconds kServicePatience = 25s;
 
 InputdResult resultOf(std::string_view error) {
     constexpr auto missing = std::to_array<std::string_view>(
@@ -112,7 +112,7 @@ InputdLink::InputdLink(sd_bus* bus, InputdListener& listener)
     : m_bus(bus), m_listener(listener), m_calls(bus),
       m_ownerMatch(events::matchSignal(bus, kOwnerRule, ownerChanged, this)),
       m_signalMatch(events::matchSignal(bus, kSignalRule, signalled, this)) {
-    m_calls.call(m_calls.newCall(kBusName, kBusPath, kBusName, "GetNameOwner", "s", kName), kPatience,
+    m_calls.call(m_calls.newCall(kBusName, kBusPath, kBusName, "GetNameOwner", "s", kName), kServicePatience,
         [this](sd_bus_message* reply, std::string_view error) {
             const char* owner = nullptr;
             if (error.empty() && sd_bus_message_read_basic(reply, 's', &owner) > 0 && m_owner.empty())
@@ -185,7 +185,7 @@ void InputdLink::callFor(const events::MessageRef& call, milliseconds timeout, A
 
 void InputdLink::list(std::function<void(InputdResult, std::vector<ListedMouse>)> answer) {
     const auto call = m_calls.newCall(kName, kPath, kInterface, kListMice);
-    if (!m_calls.call(call, kPatience, [answer](sd_bus_message* reply, std::string_view error) {
+    if (!m_calls.call(call, kServicePatience, [answer](sd_bus_message* reply, std::string_view error) {
             answer(resultOf(error), error.empty() ? readMice(reply) : std::vector<ListedMouse>());
         }))
         answer(InputdResult::noService, {});
@@ -208,7 +208,7 @@ void InputdLink::setOptions(const std::string& id, const engine::Options& option
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
         appendOptions(call.get(), options);
     }
-    callFor(call, kPatience, std::move(answer));
+    callFor(call, kServicePatience, std::move(answer));
 }
 
 void InputdLink::setRecord(const std::string& id, std::span<const std::uint8_t> record, Answer answer) {
@@ -217,13 +217,13 @@ void InputdLink::setRecord(const std::string& id, std::span<const std::uint8_t> 
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
         sd_bus_message_append_array(call.get(), 'y', record.data(), record.size());
     }
-    callFor(call, kPatience, std::move(answer));
+    callFor(call, kServicePatience, std::move(answer));
 }
 
 void InputdLink::forget(const std::string& id) {
     const auto call = newCall(kForget);
     if (call && sd_bus_message_append_basic(call.get(), 's', id.c_str()) >= 0)
-        callFor(call, kPatience, [](InputdResult) {});
+        callFor(call, kServicePatience, [](InputdResult) {});
 }
 
 void InputdLink::status(const std::string& id, std::function<void(const MouseStatus&)> answer) {
@@ -231,7 +231,7 @@ void InputdLink::status(const std::string& id, std::function<void(const MouseSta
     if (!call || sd_bus_message_append_basic(call.get(), 's', id.c_str()) < 0)
         return;
     m_calls.call(
-        call, kPatience, [answer = std::move(answer)](sd_bus_message* reply, std::string_view error) {
+        call, kServicePatience, [answer = std::move(answer)](sd_bus_message* reply, std::string_view error) {
             if (MouseStatus status; error.empty() && readStatus(reply, status))
                 answer(status);
         });
@@ -240,14 +240,14 @@ void InputdLink::status(const std::string& id, std::function<void(const MouseSta
 void InputdLink::watch(bool inputs) {
     const auto call = newCall(kWatch);
     if (call && sd_bus_message_append(call.get(), kWatchArguments, static_cast<int>(inputs)) >= 0)
-        callFor(call, kPatience, [](InputdResult) {});
+        callFor(call, kServicePatience, [](InputdResult) {});
 }
 
 void InputdLink::watchCodes(const std::string& id, bool wanted) {
     const auto call = newCall(kWatchCodes);
     if (call &&
         sd_bus_message_append(call.get(), kWatchCodesArguments, id.c_str(), static_cast<int>(wanted)) >= 0)
-        callFor(call, kPatience, [](InputdResult) {});
+        callFor(call, kServicePatience, [](InputdResult) {});
 }
 
 } // namespace quorvi
