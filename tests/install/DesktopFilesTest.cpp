@@ -33,4 +33,13 @@ TEST_F(DesktopFiles, TheEntrysIconIsInstalled) {
         m_folder.path("share/icons/hicolor/scalable/apps/com.kyvar.quorvi-settings.svg")}));
 }
 
+TEST_F(DesktopFiles, TheExtensionsOfTheShellAreWhereItLooksForThem) {
+    for (const std::string uuid : {"quorvi-front@kyvar.com", "quorvi-front-43@kyvar.com"}) {
+        const std::string folder = "share/gnome-shell/extensions/" + uuid + "/";
+        EXPECT_NE(
+            m_folder.read(folder + "metadata.json").find("\"uuid\": \"" + uuid + "\""), std::string::npos);
+        EXPECT_NE(m_folder.read(folder + "extension.js").find("com.kyvar.FrontReport1"), std::string::npos);
+    }
+}
+
 } // namespace quorvi::test

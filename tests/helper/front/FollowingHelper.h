@@ -28,8 +28,9 @@ class FollowingHelper : public HelperTest {
     [[nodiscard]] bool comesToSay(const std::string& property, const std::string& wanted);
 
     /// Brings the applications to the front in turn by the function, 30 times or as often as
-    /// QUORVI_FRONT_SWITCHES says, looks each time for the profile, and prints how long that took. Half of
-    /// the switches have to take no longer than 20 ms.
+    /// QUORVI_FRONT_SWITCHES says, looks each time for the profile, and prints how long that took from when
+    /// the display had taken it. A quarter of the switches has to take no longer than 20 ms, whatever else
+    /// the machine is at.
     void switchInTurn(const std::function<void(const std::string&)>& bringToFront);
     /// The helper sleeps for half a second, and is not woken by what the function does.
     void expectSleepDuring(const std::function<void()>& function);

@@ -2,79 +2,91 @@
 #include <map>
 
 #include "helper/front/FollowingHelper.h"
-#include "helper/front/X11Windows.h"
+#include "helper/front/X11Display.h"
+#include "platform/events/FrontCalls.h"
+#include "platform/events/HelperCalls.h"
 #include "support/ProcessFigures.h"
-#include "support/VirtualDisplay.h"
-#include "support/WaitUntil.h"
 
 namespace quorvi::test {
 namespace {
 
 class OnX11 : public FollowingHelper {
   protected:
-    OnX11() { manage(); }
-    void manage() {
-        manager = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"},
-            std::vector<std::string>{"DISPLAY=" + display->name(), "HOME=" + folder.path().string()});
-        windows = std::make_unique<X11Windows>(display->name());
-        EXPECT_TRUE(waitUntil([&] { return windows->isManaged(); }));
-    }
     void startHere() {
         surroundings = {"DISPLAY=" + display->name()};
         start();
     }
+    [[nodiscard]] const X11Windows& windows() const { return display->windows(); }
 
-    std::unique_ptr<VirtualDisplay> display = std::make_unique<VirtualDisplay>();
-    std::unique_ptr<ChildProcess> manager;
-    std::unique_ptr<X11Windows> windows;
+    std::unique_ptr<X11Display> display = std::make_unique<X11Display>(folder.path());
 };
 
 TEST_F(OnX11, FollowsWindowsOfTwoApplications) {
     startHere();
     const std::map<std::string, xcb_window_t> window{
-        {drawing, windows->open(drawing)}, {writing, windows->open(writing)}};
+        {drawing, windows().open(drawing)}, {writing, windows().open(writing)}};
     ASSERT_TRUE(comesToRun(ofWriting)); // the newest is in front
-    switchInTurn([&](const std::string& id) { windows->bringToFront(window.at(id)); });
+    switchInTurn([&](const std::string& id) { windows().bringToFront(window.at(id)); });
     expectLittleMemory();
 }
 
 TEST_F(OnX11, GivesTheUsersOwnProfileBackToOtherApplications) {
     startHere();
     EXPECT_EQ(profile(), usersOwn);
-    const auto first = windows->open(drawing);
+    const auto first = windows().open(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
     EXPECT_TRUE(comesToSay("FrontApplication", "Drawing"));
-    (void)windows->open(other);
+    (void)windows().open(other);
     ASSERT_TRUE(comesToRun(usersOwn));
     EXPECT_TRUE(comesToSay("FrontApplication", "Other"));
-    windows->bringToFront(first);
+    windows().bringToFront(first);
     ASSERT_TRUE(comesToRun(ofDrawing));
     EXPECT_EQ(said("FrontSource"), "X11");
 }
 
+TEST_F(OnX11, TellsOthersWhatIsInFrontAndWhyItsProfileRuns) {
+    startHere();
+    int changes = 0;
+    const auto listener = FrontListener::listen(*bus, psn, [&] { ++changes; });
+    ASSERT_NE(listener, nullptr);
+    (void)windows().open(drawing);
+    ASSERT_TRUE(waitFor(*bus, [&] { return changes > 0; }));
+    FrontState state;
+    EXPECT_EQ(getFrontState(*bus, psn, state), noErr);
+    EXPECT_EQ(state, (FrontState{"Drawing", "X11", "", ""}));
+    HelperState mouse;
+    EXPECT_EQ(getHelperState(*bus, psn, mouse), noErr);
+    EXPECT_EQ(mouse.frontReason, "Drawing");
+    EXPECT_EQ(mouse.profile, ofDrawing);
+    (void)windows().open(other);
+    ASSERT_TRUE(comesToRun(usersOwn));
+    EXPECT_EQ(getHelperState(*bus, psn, mouse), noErr);
+    EXPECT_EQ(mouse.frontReason, "");
+}
+
 TEST_F(OnX11, KnowsWhatWasInFrontBeforeItStarted) {
-    (void)windows->open(drawing);
+    (void)windows().open(drawing);
     startHere();
     EXPECT_TRUE(comesToRun(ofDrawing));
 }
 
 TEST_F(OnX11, StaysWithTheLastOneWhenNoneIsInFront) {
     startHere();
-    const auto window = windows->open(drawing);
+    const auto window = windows().open(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
-    windows->close(window);
-    (void)windows->open(writing);
+    windows().close(window);
+    (void)windows().open(writing);
     ASSERT_TRUE(comesToRun(ofWriting));
-    const auto last = windows->open(drawing);
+    const auto last = windows().open(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
-    windows->close(last);
+    windows().close(last);
     EXPECT_TRUE(comesToRun(ofWriting)); // which the window manager brings to the front
 }
 
 TEST_F(OnX11, LeavesProfilesAloneThatDoNotSwitchByThemselves) {
     bind(false);
     startHere();
-    (void)windows->open(drawing);
+    (void)windows().open(drawing);
     ASSERT_TRUE(comesToSay("FrontApplication", "Drawing"));
     EXPECT_EQ(profile(), usersOwn);
     bind(true);
@@ -87,12 +99,12 @@ TEST_F(OnX11, LeavesProfilesAloneThatDoNotSwitchByThemselves) {
 
 TEST_F(OnX11, WaitsForTheClassOfAWindowThatHasNoneYet) {
     startHere();
-    const auto window = windows->open("");
-    windows->setTitle(window, "Loading");
+    const auto window = windows().open("");
+    windows().setTitle(window, "Loading");
     ASSERT_TRUE(comesToRest(helper->pid()));
-    windows->setClass(window, drawing, "drawing");
+    windows().setClass(window, drawing, "drawing");
     EXPECT_TRUE(comesToRun(ofDrawing));
-    expectSleepDuring([&] { windows->setTitle(window, "Loaded"); });
+    expectSleepDuring([&] { windows().setTitle(window, "Loaded"); });
 }
 
 TEST_F(OnX11, KnowsAProgramByItsProcess) {
@@ -100,36 +112,32 @@ TEST_F(OnX11, KnowsAProgramByItsProcess) {
     std::filesystem::copy_file("/bin/sleep", program);
     const ChildProcess running({program.string(), "1000"});
     startHere();
-    (void)windows->open("Unknown", "unknown", running.pid());
+    (void)windows().open("Unknown", "unknown", running.pid());
     EXPECT_TRUE(comesToRun(ofDrawing));
 }
 
 TEST_F(OnX11, SleepsWhileNothingChanges) {
     startHere();
-    const auto window = windows->open(drawing);
+    const auto window = windows().open(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
     expectSleepDuring([&] {
         for (int i = 0; i < 20; ++i)
-            windows->setTitle(window, std::to_string(i));
+            windows().setTitle(window, std::to_string(i));
     });
 }
 
 TEST_F(OnX11, ComesBackWithItsDisplay) {
     startHere();
-    (void)windows->open(drawing);
+    (void)windows().open(drawing);
     ASSERT_TRUE(comesToRun(ofDrawing));
     const std::string name = display->name();
-    manager.reset();
-    windows.reset();
     display.reset();
     ASSERT_TRUE(comesToSay("FrontSource", ""));
-    expectSleepDuring([] {});
     EXPECT_EQ(profile(), ofDrawing);
     while (!display || display->name() != name) // the first number that is free
-        display = std::make_unique<VirtualDisplay>();
+        display = std::make_unique<X11Display>(folder.path());
     ASSERT_TRUE(comesToSay("FrontSource", "X11"));
-    manage();
-    (void)windows->open(writing);
+    (void)windows().open(writing);
     EXPECT_TRUE(comesToRun(ofWriting));
 }
 
@@ -138,7 +146,6 @@ TEST_F(OnX11, StartsWithoutADisplay) {
     start();
     EXPECT_EQ(said("FrontSource"), "");
     EXPECT_EQ(profile(), usersOwn);
-    expectSleepDuring([] {});
 }
 
 } // namespace

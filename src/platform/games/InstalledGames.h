@@ -1,0 +1,23 @@
+// The games that Steam, Heroic and Lutris have installed.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace quorvi::games {
+
+/// What a profile stores of a game is its name, this identifier, no signature, and this executable.
+struct InstalledGame {
+    std::string name;           ///< as its launcher shows it; never empty
+    std::string identifier;     ///< see GameIdentifiers.h; never empty
+    std::string executable;     ///< the file name of its program, or of its launcher; never empty
+    std::filesystem::path icon; ///< a picture; empty when there is none
+};
+
+/// In the order of their names, each once. Reads the launchers' own files in the home folder, of packages,
+/// flatpak and snap, when it is called; what cannot be read is left out. Tools that Steam installs for its
+/// games are no games.
+[[nodiscard]] std::vector<InstalledGame> installedGames(const std::filesystem::path& home);
+
+} // namespace quorvi::games

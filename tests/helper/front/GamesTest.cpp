@@ -1,0 +1,67 @@
+// Profiles that are bound to games of Steam.
+#include "games/SteamLibrary.h"
+#include "helper/front/FollowingHelper.h"
+#include "helper/front/X11Display.h"
+#include "model/Trees.h"
+#include "platform/games/GameIdentifiers.h"
+#include "platform/games/InstalledGames.h"
+#include "plist/Unicode.h"
+#include "plist/Writer.h"
+
+namespace quorvi::test {
+namespace {
+
+constexpr int numberOfGames = 20;
+constexpr std::size_t boundAtOnce = 4; // the first of five profiles is the user's own
+
+class GamesInFront : public FollowingHelper {
+  protected:
+    GamesInFront() {
+        for (int i = 0; i < numberOfGames; ++i)
+            addSteamGame(
+                folder / ".local/share/Steam", std::to_string(1000 + i), "Game " + std::to_string(1000 + i));
+    }
+    /// Profiles 2 to 5 are bound to the games as the panel stores them.
+    void bindGames(std::span<const games::InstalledGame> some) {
+        auto profiles = list({test::profile(u"Own")});
+        for (const auto& game : some) {
+            auto made = test::profile(u"Game");
+            made.set("driver", dict({{"application", plist::toUtf16(game.name)},
+                                   {"identifier", plist::toUtf16(game.identifier)}, {"signature", u""},
+                                   {"executable", plist::toUtf16(game.executable)}, {"autoswitch", true}}));
+            profiles.append(made);
+        }
+        auto made = tree(profiles, list());
+        made.set("settings", dict({{"profileid", 1}, {"stage", 1}, {"dpix", 400}, {"dpiy", 400}}));
+        writeFile(userSettings, plist::writeXml(dict({{"quorvi", made}})).value());
+        EXPECT_EQ(ask(kMessageSettingsSaved, 0), 1);
+    }
+    /// Of a game for Windows, whose window's class says it; or of a native one, which only its process knows.
+    void expectToRunIn(const games::InstalledGame& game, bool forWindows, std::uint32_t wanted) {
+        const auto number = std::string(games::steamNumber(game.identifier));
+        const ChildProcess native({"sleep", "1000"}, {"SteamAppId=" + number, "SteamGameId=" + number});
+        const auto window = forWindows ? display.windows().open(game.identifier)
+                                       : display.windows().open("native", "native", native.pid());
+        EXPECT_TRUE(comesToRun(wanted)) << game.name;
+        (void)display.windows().open(other);
+        EXPECT_TRUE(comesToRun(usersOwn)) << game.name;
+        display.windows().close(window);
+    }
+
+    X11Display display{folder.path()};
+};
+
+TEST_F(GamesInFront, AreListedBoundAndFollowed) {
+    surroundings = {"DISPLAY=" + display.name()};
+    start();
+    const auto all = games::installedGames(folder.path());
+    ASSERT_EQ(all.size(), static_cast<std::size_t>(numberOfGames));
+    for (std::size_t first = 0; first < all.size(); first += boundAtOnce) {
+        bindGames(std::span(all).subspan(first, boundAtOnce));
+        for (std::size_t i = 0; i < boundAtOnce; ++i)
+            expectToRunIn(all[first + i], i % 2 == 0, static_cast<std::uint32_t>(i + 2));
+    }
+}
+
+} // namespace
+} // namespace quorvi::test
