@@ -31,10 +31,6 @@ target_include_directories(quorvi-options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 add_library(quorvi-hot-path INTERFACE)
 target_compile_options(quorvi-hot-path INTERFACE -fno-semantic-interposition)
 
-# GCC 12 takes sums of a literal and a string for copies that overlap (its bug 105651), now here, now there.
-target_compile_options(quorvi-options INTERFACE
-    "$<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>")
-
 if(CMAKE_UNITY_BUILD)
     # In a file of several sources no class of a source's own is of the main file.
     target_compile_options(quorvi-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
