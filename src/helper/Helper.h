@@ -67,6 +67,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     [[nodiscard]] MouseResult beginSetUp(
         const std::string& mouse, const ProcessSerialNumber& caller) override;
     void endSetUp(const ProcessSerialNumber& caller) override;
+    [[nodiscard]] bool hasService() const override { return m_mice.hasService(); }
     [[nodiscard]] bool isDemonstration() const override { return !m_mice.anyInUse(); }
     [[nodiscard]] std::uint32_t runningProfile() const override { return running().profile; }
     [[nodiscard]] std::uint32_t runningStage() const override { return running().stage; }
@@ -109,6 +110,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     RunningChanges m_changes;
     ScreenDisplay m_display;
     bool m_wasDemonstration = true;
+    bool m_hadService = false;
     std::optional<DeviceList> m_sentList;        ///< what the panels were told last
     std::optional<ProcessSerialNumber> m_setter; ///< who sets a mouse up
     std::set<ProcessSerialNumber> m_panels;      ///< shown, and told of every change

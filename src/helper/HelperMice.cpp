@@ -104,6 +104,9 @@ void Helper::miceChanged() {
         m_layout.follow();
     if (m_controls)
         m_controls->tellMiceChanged();
+    const bool has = hasService();
+    if (std::exchange(m_hadService, has) != has && m_controls)
+        m_controls->tellService();
     if (std::exchange(m_wasDemonstration, isDemonstration()) != m_wasDemonstration) {
         if (m_controls)
             m_controls->tellDemonstration();

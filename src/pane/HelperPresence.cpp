@@ -4,11 +4,14 @@
 
 #include <utility>
 
+#include "live/LiveHelper.h"
+#include "model/Keys.h"
 #include "pane/HelperName.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Notices.h"
 #include "pane/loginitems/LoginItems.h"
 #include "platform/widgets/NoticeBar.h"
+#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 
 namespace quorvi {
@@ -37,6 +40,22 @@ void KyvarQuorviPane::launchHelper() {
     });
 }
 
+void KyvarQuorviPane::makeLive() {
+    const auto profileName = [this](std::uint32_t number) {
+        if (number < 1 || number > fProfiles.size())
+            return QString();
+        const QString name =
+            shownName(QString::fromStdU16String(fProfiles.dictionary(number - 1).string(keys::name)));
+        return name.isEmpty() ? locString(QStringLiteral("Default Profile")) : name;
+    };
+    fLive = std::make_unique<LiveHelper>(LiveHelper::Panel{
+        .view = *fMainView, .views = fViews->main, .text = panelText(), .profileName = profileName});
+    connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::updateConnectionUI);
+    connect(fLive.get(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
+    connect(fLive.get(), &LiveHelper::failed, this,
+        [this](const QString& text) { tellUser(Notice::outcome, text, NoticeSign::warning); });
+}
+
 void KyvarQuorviPane::startFollowingHelper() {
     fFollowsHelper = true;
     fHelper = {};
@@ -50,6 +69,7 @@ void KyvarQuorviPane::stopFollowingHelper() {
     fFollowsHelper = false;
     if (fServices.bus)
         fServices.bus->onProcessesChanged(nullptr);
+    fLive->stop();
 }
 
 void KyvarQuorviPane::followHelper() {
@@ -61,6 +81,8 @@ void KyvarQuorviPane::followHelper() {
         return; // a bus that is busy says neither
     if (std::exchange(fHelper, helper) != helper)
         fListHasCome = false; // what another one knows of the mouse is yet to be heard
+    if (fServices.bus)
+        fLive->follow(*fServices.bus, helper);
     fHelperStarting = fHelperStarting && found != noErr;
     fHelperGone = found != noErr && (fHelperGone || !fHelperStarting);
     if (fHelperGone)
@@ -83,7 +105,12 @@ void KyvarQuorviPane::bringHelperBack() {
 }
 
 void KyvarQuorviPane::tellHelperOfSave() {
-    if (sendMessageToHelper(kMessageSettingsSaved, fProfileIndex) != noErr)
+    Status told = sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+    // A bus that is too busy to say who the helper is still carries what the known one is sent. Where another
+    // has taken its place meanwhile, that one reads the file as it starts.
+    if (told == errAETimeout)
+        told = fServices.bus->send(fHelper, makeCommand(kMessageSettingsSaved, fProfileIndex));
+    if (told != noErr)
         bringHelperBack();
 }
 
@@ -93,7 +120,7 @@ QString KyvarQuorviPane::connectionText() const {
     if (!fListHasCome)
         return locString(QStringLiteral("Looking for the mouse…"));
     return hasDevice()
-               ? locString(QStringLiteral("Connected"))
+               ? fLive->connectionText()
                : locString(QStringLiteral("Switch the mouse on, and plug its cable or its receiver in."));
 }
 

@@ -45,6 +45,7 @@ class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
+class LiveHelper;
 class NoticeBar;
 enum class ItemFault : std::uint8_t;
 enum class ItemKind : std::uint8_t;
@@ -163,6 +164,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void updateDpiText();
     /// Draws the current profile's stages with the current one marked.
     void updateStagesView();
+    /// Makes the stage that the mouse runs the current one, when it runs the current profile. Nothing is
+    /// saved: the mouse has it, and the next save brings it along.
+    void followRunningStage();
     /// Draws the acceleration that the box and the slider show.
     void updateAccelerationView();
 
@@ -311,6 +315,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void followLanguage();
     void startHelper();
     void launchHelper();
+    /// Makes what shows what the helper tells.
+    void makeLive();
     void startFollowingHelper();
     void stopFollowingHelper();
     /// A helper that is not there to hear it is started, and reads the file by itself.
@@ -419,6 +425,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     QPointer<NoticeBar> fNotices;          ///< null until there is something to tell
     QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
+    std::unique_ptr<LiveHelper> fLive; ///< what the helper tells; never null
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
     ModalSessions fModalSessions;
     FocusObserver fFocus;

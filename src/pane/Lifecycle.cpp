@@ -9,6 +9,7 @@
 #include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
+#include "live/LiveHelper.h"
 #include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
@@ -30,6 +31,7 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     setInterfaceTextLookup([this](const QString& english) { return inItsDirection(locString(english)); });
     fViews = std::make_unique<Interface>(*fMainView);
     setInterfaceTextLookup(nullptr);
+    makeLive();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);

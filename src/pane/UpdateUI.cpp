@@ -8,6 +8,7 @@
 
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
+#include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
 #include "model/Limits.h"
@@ -64,6 +65,7 @@ void KyvarQuorviPane::updateUI() {
     updateStepsUI();
     updateLightingUI();
     updateHints();
+    fLive->show();
     fViews->main.quorviTextFirmwareVersion->setText(
         hasDevice() ? firmwareText(fDeviceConfig.integer(keys::firmware)) : QStringLiteral("-"));
 }

@@ -12,6 +12,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/DeepCopy.h"
 #include "resources/Interface.h"
+#include "sensitivity/StageResolution.h"
 
 namespace quorvi {
 
@@ -19,12 +20,6 @@ namespace {
 
 /// What the sliders show while no stage is selected, in DPI.
 constexpr int kResolutionWithoutStage = 1500;
-
-void copyResolution(const plist::Dictionary& from, const plist::Dictionary& to) {
-    to.set(keys::dpiX, from.integer(keys::dpiX));
-    to.set(keys::dpiY, from.integer(keys::dpiY));
-    to.set(keys::independentXY, from.boolean(keys::independentXY));
-}
 
 } // namespace
 

@@ -12,6 +12,7 @@
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MiceList.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/StageBar.h"
 #include "platform/widgets/TableColumns.h"
@@ -240,9 +241,32 @@ class FitTest : public QObject {
                 main.textProfilesHint->setText(
                     spoken.text("Add a profile with the + button for each other way of using the mouse. "
                                 "The gear button assigns it an application."));
+                showWhatTheHelperTells();
             }
             cuts.removeDuplicates();
             return cuts;
+        }
+        /// The longest of it, on the tabs for profiles and the device.
+        void showWhatTheHelperTells() const {
+            auto& main = spoken.views->main;
+            const QString name(20, 'W');
+            const auto show = [&](QLabel* label, const char* english) {
+                label->setText(filledText(spoken.text(english), {name, name}));
+                label->show();
+            };
+            show(main.textRunningProfile, "Running now: ^1 – because ^2 is in front");
+            show(main.textFrontHindrance,
+                "GNOME tells which application is in front by an extension, which is switched off.");
+            main.quorviButtonGnomeExtension->show();
+            show(main.textPollingHint, "No program can set the polling rate of the mouse in use.");
+            show(main.textLightsHint, "No program can switch the lights of the mouse in use.");
+            const QString detail = spoken.text("Bluetooth") + QStringLiteral(" \u00B7 ") +
+                                   spoken.text("In use as soon as all its buttons are up");
+            QList<MouseLine> mice;
+            for (const char* id : {"1", "2", "3", "4"})
+                mice << MouseLine{id, name + name, detail, true};
+            main.listMice->setLines(mice);
+            main.groupMice->show();
         }
         /// What each tab needs, to be told when they are too high.
         [[nodiscard]] QString heights() const {

@@ -51,7 +51,11 @@ class PlainMouse {
         std::int64_t due = 0;
     };
 
+    static constexpr std::int64_t millisecond = 1000;
+
     void come(std::int64_t now);
+    /// The key of a usage; 0 for one that no key has.
+    [[nodiscard]] static int usageKey(int usage);
     [[nodiscard]] int at(std::size_t offset) const { return m_bytes[offset]; }
     [[nodiscard]] bool isUsed(int profile) const;
     [[nodiscard]] std::size_t profileAt(int profile) const { return 212 + 56 * std::size_t(profile - 1); }

@@ -96,6 +96,15 @@ TEST(InputdFiles, OfTheBusAndOfPolkitAreWellFormedAndNameTheService) {
         std::string::npos);
 }
 
+TEST(InputdFiles, NameTheUnitsUserAsTheOwnerOfTheActionWithoutWhomPolkitRefusesToAnswer) {
+    EXPECT_NE(test::fileText(QUORVI_INPUTD_SYSTEM "/quorvi-inputd.service.in").find("\nUser=quorvi-inputd\n"),
+        std::string::npos);
+    EXPECT_NE(
+        test::fileText(QUORVI_INPUTD_SYSTEM "/com.kyvar.inputd.policy")
+            .find("<annotate key=\"org.freedesktop.policykit.owner\">unix-user:quorvi-inputd</annotate>"),
+        std::string::npos);
+}
+
 TEST(InputdFiles, AskInEveryLanguageOfThePanel) {
     const auto policy = test::fileText(QUORVI_INPUTD_SYSTEM "/com.kyvar.inputd.policy");
     int languages = 0;

@@ -5,6 +5,9 @@
 
 namespace quorvi::test {
 
+/// All programs are compressed and looked through, which takes some seconds, and a minute beside a build.
+constexpr std::chrono::minutes kPatienceWithPackages{2};
+
 class DebianPackages : public ::testing::Test {
   protected:
     void SetUp() override { make({}); }
@@ -12,7 +15,7 @@ class DebianPackages : public ::testing::Test {
     void make(std::vector<std::string> options) {
         options.insert(options.begin(),
             {QUORVI_CPACK, "--config", QUORVI_BUILD "/CPackConfig.cmake", "-B", m_folder.path()});
-        ASSERT_TRUE(succeeds(options));
+        ASSERT_TRUE(succeeds(options, {}, kPatienceWithPackages));
     }
     /// The file of the package; empty when there is none.
     [[nodiscard]] std::string package(const std::string& name) const {
@@ -22,7 +25,8 @@ class DebianPackages : public ::testing::Test {
         return {};
     }
     [[nodiscard]] ::testing::AssertionResult hasNoErrors(const std::string& name) const {
-        return succeeds({"lintian", "--allow-root", "--fail-on", "error", package(name)});
+        return succeeds(
+            {"lintian", "--allow-root", "--fail-on", "error", package(name)}, {}, kPatienceWithPackages);
     }
 
     TemporaryFolder m_folder;

@@ -5,6 +5,7 @@
 
 #include "support/ChildProcess.h"
 #include "support/Files.h"
+#include "support/PatientProgram.h"
 
 namespace quorvi::test {
 
@@ -32,9 +33,9 @@ class Installed : public ::testing::Test {
 };
 
 /// Passes when the program ends with 0; says what it said otherwise.
-[[nodiscard]] inline ::testing::AssertionResult succeeds(
-    const std::vector<std::string>& command, const std::vector<std::string>& environment = {}) {
-    const auto result = runProgram(command, environment);
+[[nodiscard]] inline ::testing::AssertionResult succeeds(const std::vector<std::string>& command,
+    const std::vector<std::string>& environment = {}, std::chrono::milliseconds patience = kPatience) {
+    const auto result = runProgram(command, environment, patience);
     if (result.exitCode == 0)
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << command.front() << ": " << result.output << result.error;

@@ -56,6 +56,24 @@ class HelperPresenceTest : public QObject {
         QCOMPARE(int(panel.launches()), 0);
     }
 
+    void aSaveOnABusThatIsTooBusyToAnswerReachesTheHelperInTheEnd() {
+        PrivateBus bus;
+        Panel panel;
+        panel.openWith(PaneFixture::sampleTree());
+        const auto other = EventBus::connect();
+        ProcessSerialNumber itself;
+        QCOMPARE(other->findProcessByName("KyvarQuorviPane", &itself), noErr);
+        // What has come and has not been looked at might be the news of another helper, so the bus is asked.
+        QCOMPARE(other->send(itself, makeCommand(kMessageRecording, 0)), noErr);
+        QCOMPARE(other->findProcessByName("nobody", nullptr), procNotFound);
+        bus.pause();
+        QVERIFY(panel.pane->saveSettings(panel.pane->deviceConfig()));
+        bus.goOn();
+        QVERIFY(panel.commandsBecome({"KyPR 0"}));
+        QCOMPARE(panel.notice(), QString());
+        QCOMPARE(int(panel.launches()), 0);
+    }
+
     void aHelperThatIsBackIsConnectedByItself() {
         Panel panel;
         panel.openWith(PaneFixture::sampleTree());

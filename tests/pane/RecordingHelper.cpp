@@ -1,6 +1,7 @@
 #include "pane/RecordingHelper.h"
 
 #include <chrono>
+#include <future>
 #include <stdexcept>
 
 namespace quorvi::test {
@@ -23,7 +24,29 @@ RecordingHelper::~RecordingHelper() {
 
 void RecordingHelper::serve() {
     while (!m_stop && m_bus->isConnected())
-        m_bus->wait(std::chrono::milliseconds(20));
+        performActions();
+}
+
+void RecordingHelper::performActions() {
+    m_bus->wait(std::chrono::milliseconds(5));
+    std::vector<std::function<void(EventBus&)>> actions;
+    {
+        const std::lock_guard lock(m_mutex);
+        actions.swap(m_actions);
+    }
+    for (const auto& action : actions)
+        action(*m_bus);
+    m_bus->process();
+}
+
+void RecordingHelper::perform(std::function<void(EventBus& bus)> action) {
+    auto task = std::make_shared<std::packaged_task<void(EventBus&)>>(std::move(action));
+    auto done = task->get_future();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_actions.emplace_back([task](EventBus& bus) { (*task)(bus); });
+    }
+    done.get();
 }
 
 Status RecordingHelper::receive(const Event& event, Event& reply) {

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventBus.h"
@@ -18,7 +19,9 @@ class RecordingHelper {
   public:
     /// Owns the name before the constructor returns.
     explicit RecordingHelper(const std::string& processName = "KyvarQuorviHelper");
-    ~RecordingHelper();
+    virtual ~RecordingHelper();
+    RecordingHelper(const RecordingHelper&) = delete;
+    RecordingHelper& operator=(const RecordingHelper&) = delete;
 
     /// The commands so far, each as its four characters and its parameter: "KyPR 0".
     [[nodiscard]] QStringList commands() const;
@@ -32,8 +35,12 @@ class RecordingHelper {
     void sendDeviceList(std::uint16_t count);
     void sendToPanel(const Event& event);
 
+    /// Does that on the helper's own thread, which alone may use its bus, and returns when it is done.
+    void perform(std::function<void(EventBus& bus)> action);
+
   private:
     void serve();
+    void performActions();
     Status receive(const Event& event, Event& reply);
 
     std::unique_ptr<EventBus> m_bus;    // the thread's
@@ -41,6 +48,7 @@ class RecordingHelper {
     mutable std::mutex m_mutex;
     QStringList m_commands;
     std::function<Status(Event& reply)> m_answer;
+    std::vector<std::function<void(EventBus&)>> m_actions;
     std::atomic<bool> m_stop = false;
     std::thread m_thread;
 };

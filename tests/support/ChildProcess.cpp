@@ -1,4 +1,5 @@
 #include "support/ChildProcess.h"
+#include "support/PatientProgram.h"
 
 #include <algorithm>
 #include <csignal>
@@ -132,13 +133,18 @@ std::string ChildProcess::readError() {
 }
 
 ProgramResult runProgram(std::vector<std::string> command, const std::vector<std::string>& environment) {
+    return runProgram(std::move(command), environment, kPatience);
+}
+
+ProgramResult runProgram(
+    std::vector<std::string> command, const std::vector<std::string>& environment, milliseconds patience) {
     const auto start = std::chrono::steady_clock::now();
     ChildProcess child(std::move(command), environment);
     ProgramResult result;
     // Both pipes at once, so that a program that fills one of them cannot stand still.
     std::thread errorReader([&] { result.error = child.readError(); });
     std::thread watchdog([&] {
-        if (!child.wait())
+        if (!child.wait(patience))
             child.kill();
     });
     result.output = child.readOutput();

@@ -43,7 +43,6 @@ void ApplicationInFront::add(std::unique_ptr<FrontSource> source) {
 }
 
 void ApplicationInFront::start() {
-    m_entries.refresh();
     for (const auto& source : m_sources)
         source->start();
     tell();

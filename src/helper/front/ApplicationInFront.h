@@ -28,7 +28,8 @@ class ApplicationInFront {
 
     /// Called when another application is in front.
     void onApplication(std::function<void()> function) { m_function = std::move(function); }
-    /// Reads the desktop entries and connects to the display.
+    /// Connects to the display. Desktop entries are read when the first window is told, from the loop, so
+    /// that a helper that is just starting answers at once.
     void start();
 
     /// The last one that was said to be in front; nothing in it before.

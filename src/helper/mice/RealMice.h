@@ -49,6 +49,8 @@ class RealMice final : public Backend, InputdListener {
     /// A mouse that its user has chosen takes the simulated one's place, also while it is unplugged: the
     /// service is there, and has not refused it.
     [[nodiscard]] bool anyInUse() const;
+    /// The service has listed its mice.
+    [[nodiscard]] bool hasService() const { return m_hasService; }
     /// Bit 0 is input 1; of all mice in use.
     [[nodiscard]] std::uint16_t pressedInputs() const;
 
@@ -109,7 +111,7 @@ class RealMice final : public Backend, InputdListener {
     engine::Options m_options; ///< but for what each mouse has of its own
     engine::Running m_running{};
     std::map<std::string, Mouse> m_mice; ///< plugged in or ours, by id
-    bool m_hasService = false;           ///< it has listed its mice
+    bool m_hasService = false;           ///< see hasService()
     bool m_isListing = false;
     bool m_listsAgain = false;
     std::vector<std::function<void(std::vector<MouseEntry>)>> m_waiting;

@@ -37,6 +37,7 @@ constexpr char kCodeChanged[] = "CodeChanged";
 constexpr char kCodeChangedSignature[] = "sqb";
 constexpr char kCodeChangedNames[] = "mouse\0code\0pressed\0";
 
+constexpr char kService[] = "Service";
 constexpr char kDemonstration[] = "Demonstration";
 constexpr char kRunningProfile[] = "RunningProfile";
 constexpr char kRunningStage[] = "RunningStage";

@@ -103,6 +103,11 @@ int receiveEndSetUp(sd_bus_message* call, void* controls, sd_bus_error*) {
     return sd_bus_reply_method_return(call, "");
 }
 
+int giveService(
+    sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void* controls, sd_bus_error*) {
+    return sd_bus_message_append(reply, "b", static_cast<int>(controlsOf(controls).hasService()));
+}
+
 int giveDemonstration(
     sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void* controls, sd_bus_error*) {
     return sd_bus_message_append(reply, "b", static_cast<int>(controlsOf(controls).isDemonstration()));
@@ -144,6 +149,7 @@ const sd_bus_vtable g_vtable[] = {
     SD_BUS_SIGNAL(kMiceChanged, "", 0),
     SD_BUS_SIGNAL_WITH_NAMES(kInputChanged, kInputChangedSignature, kInputChangedNames, 0),
     SD_BUS_SIGNAL_WITH_NAMES(kCodeChanged, kCodeChangedSignature, kCodeChangedNames, 0),
+    SD_BUS_PROPERTY(kService, "b", giveService, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
     SD_BUS_PROPERTY(kDemonstration, "b", giveDemonstration, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
     SD_BUS_PROPERTY(kRunningProfile, "u", giveProfile, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
     SD_BUS_PROPERTY(kRunningStage, "u", giveStage, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
@@ -174,6 +180,10 @@ struct HelperObject::Registration {
 
 void HelperObject::tellMiceChanged() const {
     sd_bus_emit_signal(m_registration->bus, kPath, kInterface, kMiceChanged, "");
+}
+
+void HelperObject::tellService() const {
+    sd_bus_emit_properties_changed(m_registration->bus, kPath, kInterface, kService, nullptr);
 }
 
 void HelperObject::tellDemonstration() const {

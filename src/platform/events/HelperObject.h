@@ -50,6 +50,8 @@ class HelperControls {
         const std::string& mouse, const ProcessSerialNumber& caller) = 0;
     virtual void endSetUp(const ProcessSerialNumber& caller) = 0;
 
+    /// The system's service for real mice is installed, as far as it was asked for anything yet.
+    [[nodiscard]] virtual bool hasService() const = 0;
     [[nodiscard]] virtual bool isDemonstration() const = 0;
     [[nodiscard]] virtual std::uint32_t runningProfile() const = 0;
     [[nodiscard]] virtual std::uint32_t runningStage() const = 0;
@@ -68,6 +70,7 @@ class HelperObject {
 
     // To whoever listens.
     void tellMiceChanged() const;
+    void tellService() const;
     void tellDemonstration() const;
     void tellRunning() const;
     void tellFrontReason() const;

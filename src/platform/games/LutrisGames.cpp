@@ -15,8 +15,8 @@ constexpr std::string_view extension = ".yml";
 
 /// The plain value of a line "key: value" with that indentation; quotes around it are taken off.
 std::string valueOf(std::string_view text, std::string_view key) {
-    const std::string start = "\n" + std::string(key) + ": ";
-    const std::string lines = "\n" + std::string(text);
+    const auto start = std::string("\n").append(key).append(": ");
+    const auto lines = std::string("\n").append(text);
     const auto at = lines.find(start);
     if (at == std::string::npos)
         return {};

@@ -39,7 +39,7 @@ bool InputMarks::isMarked(int input) const {
 }
 
 bool InputMarks::isPressed(int input) const {
-    return isInput(input) && m_inputs[Pressed].test(std::size_t(input));
+    return isInput(input) && (m_inputs[Pressed] | m_inputs[Reported]).test(std::size_t(input));
 }
 
 } // namespace quorvi

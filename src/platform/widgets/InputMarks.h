@@ -15,9 +15,10 @@ class InputMarks : public QObject {
 
   public:
     enum Reason : std::size_t {
-        Focused, ///< its pop-up has the focus
-        Pointed, ///< the pointer is over it or its pop-up
-        Pressed, ///< the real button is down, or the real wheel was just turned
+        Focused,  ///< its pop-up has the focus
+        Pointed,  ///< the pointer is over it or its pop-up
+        Pressed,  ///< a button is down in the window, or the wheel was just turned there
+        Reported, ///< likewise, as the helper says of the mouse
     };
 
     using QObject::QObject;
@@ -39,7 +40,7 @@ class InputMarks : public QObject {
 
     void replace(Reason reason, const Inputs& inputs);
 
-    std::array<Inputs, 3> m_inputs;
+    std::array<Inputs, 4> m_inputs;
 };
 
 } // namespace quorvi

@@ -28,9 +28,24 @@ MouseView::MouseView(QWidget* parent) : QWidget(parent) {
     m_wheelRest.setSingleShot(true);
     m_wheelRest.setInterval(wheelMarkMs);
     connect(&m_wheelRest, &QTimer::timeout, this, [this] {
-        m_marks.set(wheelUp, InputMarks::Pressed, false);
-        m_marks.set(wheelDown, InputMarks::Pressed, false);
+        for (const auto reason : {InputMarks::Pressed, InputMarks::Reported}) {
+            m_marks.set(wheelUp, reason, false);
+            m_marks.set(wheelDown, reason, false);
+        }
     });
+}
+
+void MouseView::setReported(bool reported) {
+    m_reported = reported;
+    m_pressed.setActive(!reported);
+}
+
+void MouseView::reportInput(int input, bool pressed) {
+    m_marks.set(input, InputMarks::Reported, pressed);
+    if (input == wheelUp || input == wheelDown) {
+        m_marks.set(input == wheelUp ? wheelDown : wheelUp, InputMarks::Reported, false);
+        m_wheelRest.start();
+    }
 }
 
 void MouseView::setLights(bool wheel, bool battery) {
@@ -97,7 +112,7 @@ void MouseView::mouseReleaseEvent(QMouseEvent* event) {
 void MouseView::wheelEvent(QWheelEvent* event) {
     event->ignore();
     const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
-    if (turn == 0)
+    if (turn == 0 || m_reported)
         return;
     m_marks.set(turn > 0 ? wheelUp : wheelDown, InputMarks::Pressed, true);
     m_marks.set(turn > 0 ? wheelDown : wheelUp, InputMarks::Pressed, false);

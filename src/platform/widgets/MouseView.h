@@ -22,6 +22,12 @@ class MouseView : public QWidget {
     [[nodiscard]] InputMarks& marks() { return m_marks; }
     [[nodiscard]] const InputMarks& marks() const { return m_marks; }
 
+    /// Whether the helper reports what is pressed on the mouse that is drawn. Then what is pressed in the
+    /// window marks nothing: which of the mouse's buttons that was, is not known there.
+    void setReported(bool reported);
+    /// The helper says that the input, 1 to 9, went down or up. A turn of the wheel, 8 and 9, only goes down.
+    void reportInput(int input, bool pressed);
+
     /// Which of the mouse's lights are drawn as lit.
     void setLights(bool wheel, bool battery);
 
@@ -54,8 +60,9 @@ class MouseView : public QWidget {
 
     InputMarks m_marks;
     PressedInputs m_pressed{*this, m_marks};
-    QTimer m_wheelRest; ///< runs while a turn of the wheel is shown
-    int m_clicked = 0;  ///< the input that the left button went down on
+    QTimer m_wheelRest;      ///< runs while a turn of the wheel is shown
+    int m_clicked = 0;       ///< the input that the left button went down on
+    bool m_reported = false; ///< see setReported()
     bool m_wheelIsLit = false;
     bool m_batteryIsLit = false;
 };

@@ -29,6 +29,12 @@ PressedInputs::PressedInputs(QWidget& view, InputMarks& marks) : m_view(view), m
     view.installEventFilter(this);
 }
 
+void PressedInputs::setActive(bool active) {
+    m_active = active;
+    if (!active)
+        keepOnly({});
+}
+
 // Events of windows, not of widgets: a widget that takes a press for itself does not hide it, and a menu that
 // opens by the press gets its release.
 bool PressedInputs::eventFilter(QObject* watched, QEvent* event) {
@@ -48,7 +54,7 @@ bool PressedInputs::eventFilter(QObject* watched, QEvent* event) {
             keepOnly({});
         break;
     case QEvent::MouseButtonPress:
-        if (watched == m_view.window()->windowHandle())
+        if (m_active && watched == m_view.window()->windowHandle())
             m_marks.set(inputOfButton(static_cast<QMouseEvent*>(event)->button()), InputMarks::Pressed, true);
         break;
     case QEvent::MouseButtonRelease:

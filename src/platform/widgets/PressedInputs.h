@@ -19,6 +19,9 @@ class PressedInputs : public QObject {
     /// For the life of both.
     PressedInputs(QWidget& view, InputMarks& marks);
 
+    /// Whether it marks anything; it does from the start.
+    void setActive(bool active);
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -27,6 +30,7 @@ class PressedInputs : public QObject {
 
     QWidget& m_view;
     InputMarks& m_marks;
+    bool m_active = true;
 };
 
 } // namespace quorvi

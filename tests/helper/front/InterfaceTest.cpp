@@ -23,5 +23,16 @@ TEST_F(TellingHelper, NamesADesktopThatDoesNotTell) {
     EXPECT_EQ(said("FrontApplication"), "");
 }
 
+TEST_F(TellingHelper, TakesNoReportsOfAnybodyButTheDesktop) {
+    surroundings = {"XDG_SESSION_TYPE=wayland"};
+    start();
+    const auto forged = runProgram({"busctl", "--user", "call", "com.kyvar.KyvarQuorviHelper",
+        "/com/kyvar/Front", "com.kyvar.FrontReport1", "Window", "sssi", writing, "", "", "0"});
+    EXPECT_EQ(forged.exitCode, 1);
+    EXPECT_NE(forged.error.find("Access denied"), std::string::npos) << forged.error;
+    EXPECT_EQ(said("FrontApplication"), "");
+    EXPECT_EQ(profile(), usersOwn);
+}
+
 } // namespace
 } // namespace quorvi::test

@@ -1,0 +1,35 @@
+#include "live/ConnectionText.h"
+
+#include <algorithm>
+
+#include "platform/events/HelperInterface.h"
+#include "platform/widgets/ShownText.h"
+
+namespace quorvi {
+
+namespace {
+
+/// One that is not plugged in is in no list of devices, so that nothing is connected by it.
+bool isConnected(const ListedHelperMouse& mouse) {
+    return mouse.inUse && mouse.state != helperinterface::kStateAbsent &&
+           mouse.state != helperinterface::kStateRefused && mouse.state != helperinterface::kStateAsking;
+}
+
+} // namespace
+
+bool anyMouseIsThere(const HelperNews& helper) {
+    return !helper.demonstration && std::ranges::any_of(helper.mice, isConnected);
+}
+
+QString connectionTextOf(const HelperNews& helper, const PanelText& text) {
+    if (helper.demonstration)
+        return helper.hasService ? text("Demonstration mouse – choose yours on the Device tab")
+                                 : text("Connected");
+    QStringList names;
+    for (const ListedHelperMouse& mouse : helper.mice)
+        if (isConnected(mouse) && !mouse.name.empty())
+            names << shownName(QString::fromStdString(mouse.name));
+    return names.isEmpty() ? text("Connected") : shownText(names.join(QStringLiteral(", ")));
+}
+
+} // namespace quorvi

@@ -1,0 +1,104 @@
+#include "live/LiveHelper.h"
+
+#include <QPushButton>
+
+#include <utility>
+
+#include "live/ConnectionText.h"
+#include "live/MiceOfComputer.h"
+#include "live/RunningProfile.h"
+
+namespace quorvi {
+
+LiveHelper::LiveHelper(Panel panel) : m_panel(std::move(panel)), m_view(&m_panel.view) {
+    connect(m_panel.views.quorviButtonGnomeExtension, &QPushButton::clicked, this, [this] {
+        if (m_follower)
+            m_follower->enableGnomeExtension();
+    });
+    connect(m_panel.views.listMice, &MiceList::useChosen, this, &LiveHelper::useMouse);
+    connect(
+        m_panel.views.listMice, &MiceList::stopsChanged, this, [this] { orderStopsOfMice(m_panel.views); });
+}
+
+void LiveHelper::follow(const EventBus& bus, const ProcessSerialNumber& helper) {
+    if (std::exchange(m_helper, helper) == helper)
+        return;
+    forgetFollower();
+    if (helper != ProcessSerialNumber{})
+        m_follower = std::make_unique<HelperFollower>(bus, helper, static_cast<HelperNewsListener&>(*this));
+    helperStateChanged();
+}
+
+void LiveHelper::stop() {
+    m_helper = {};
+    forgetFollower();
+    show();
+}
+
+// What is down is not known any more.
+void LiveHelper::forgetFollower() {
+    m_follower.reset();
+    if (m_view)
+        m_panel.views.viewMouse->marks().setOnly(0, InputMarks::Reported);
+}
+
+const HelperNews& LiveHelper::state() const {
+    static const HelperNews nothing;
+    return m_follower ? m_follower->state() : nothing;
+}
+
+QString LiveHelper::connectionText() const {
+    return connectionTextOf(state(), m_panel.text);
+}
+
+void LiveHelper::show() {
+    if (!m_view)
+        return;
+    const HelperNews& helper = state();
+    showRunningProfile(m_panel.views, helper,
+        helper.runningProfile > 0 ? m_panel.profileName(helper.runningProfile) : QString(), m_panel.text);
+    showMice(m_panel.views, helper, m_panel.text);
+    m_panel.views.viewMouse->setReported(anyMouseIsThere(helper));
+}
+
+// The box has changed already; it goes back when the helper does not do it.
+void LiveHelper::useMouse(const QString& id, bool inUse) {
+    if (!m_follower)
+        return;
+    m_follower->use(id.toStdString(), inUse, [this](std::string_view error) {
+        if (!error.empty())
+            QMetaObject::invokeMethod(
+                this, [this] { tellThatUseFailed(); }, Qt::QueuedConnection);
+    });
+}
+
+// Several changes come at once; they are shown once, when the bus has been dealt with.
+void LiveHelper::helperStateChanged() {
+    if (std::exchange(m_showScheduled, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_showScheduled = false;
+            show();
+            emit changed();
+            const std::pair running(state().runningProfile, state().runningStage);
+            if (std::exchange(m_running, running) != running)
+                emit runningChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+void LiveHelper::tellThatUseFailed() {
+    show();
+    emit failed(m_panel.text("What you chose for the mouse could not be saved."));
+}
+
+void LiveHelper::helperInputChanged(const std::string& /*mouse*/, int input, bool pressed) {
+    if (m_view)
+        m_panel.views.viewMouse->reportInput(input, pressed);
+}
+
+void LiveHelper::helperCodeChanged(const std::string& /*mouse*/, std::uint16_t /*code*/, bool /*pressed*/) {}
+
+} // namespace quorvi

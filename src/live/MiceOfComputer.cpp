@@ -1,0 +1,89 @@
+#include "live/MiceOfComputer.h"
+
+#include <algorithm>
+
+#include "inputd/InputdInterface.h"
+#include "platform/events/HelperInterface.h"
+#include "platform/widgets/ShownText.h"
+
+namespace quorvi {
+
+namespace {
+
+QString connectionOf(const ListedHelperMouse& mouse, const PanelText& text) {
+    if (mouse.connection == "usb")
+        return text("USB");
+    if (mouse.connection == "bluetooth")
+        return text("Bluetooth");
+    return mouse.connection == "internal" ? text("Built in") : QString();
+}
+
+QString stateOf(const ListedHelperMouse& mouse, const PanelText& text) {
+    using namespace helperinterface;
+    if (mouse.state == kStateAsking)
+        return text("Waiting for permission");
+    if (mouse.state == kStateRefused)
+        return text("Not permitted by an administrator");
+    if (mouse.state == kStateAbsent)
+        return text("Not plugged in");
+    if (mouse.state == inputd::kStateWaiting)
+        return text("In use as soon as all its buttons are up");
+    if (mouse.state == inputd::kStateBusy)
+        return text("Taken by another program");
+    return mouse.state == inputd::kStateDriven ? text("In use") : QString();
+}
+
+MouseLine lineOf(const ListedHelperMouse& mouse, const PanelText& text) {
+    QStringList details{connectionOf(mouse, text), stateOf(mouse, text)};
+    details.removeAll(QString());
+    const QString name = shownName(QString::fromStdString(mouse.name));
+    return {.id = QString::fromStdString(mouse.id),
+        .name = name.isEmpty() ? text("Mouse without a name") : name,
+        .detail = details.join(QStringLiteral(" · ")),
+        .inUse = mouse.inUse};
+}
+
+void showWhatIsFixed(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text) {
+    const auto anyInUse = [&](bool ListedHelperMouse::*isFixed) {
+        return std::ranges::any_of(
+            helper.mice, [&](const ListedHelperMouse& mouse) { return mouse.inUse && mouse.*isFixed; });
+    };
+    const bool fixedRate = anyInUse(&ListedHelperMouse::fixedPollingRate);
+    const bool fixedLights = anyInUse(&ListedHelperMouse::fixedLights);
+    const QString rateHint = text("No program can set the polling rate of the mouse in use.");
+    const QString lightsHint = text("No program can switch the lights of the mouse in use.");
+    views.textPollingHint->setText(
+        fixedRate
+            ? rateHint
+            : text("A higher rate makes the pointer follow more closely, and takes more of the battery."));
+    views.textLightsHint->setText(fixedLights ? lightsHint : text("Each profile has lights of its own."));
+    // Screen readers say it of the controls.
+    views.quorviMenuPollingRate->setAccessibleDescription(
+        fixedRate ? rateHint : text("How many times a second the mouse tells the computer where it is."));
+    views.quorviBoxLightOnWheel->setAccessibleDescription(
+        fixedLights ? lightsHint : text("Switches the light of the wheel on in this profile."));
+    views.quorviBoxLightOnBattery->setAccessibleDescription(
+        fixedLights ? lightsHint : text("Switches the light of the battery indicator on in this profile."));
+}
+
+} // namespace
+
+void showMice(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text) {
+    QList<MouseLine> lines;
+    if (helper.hasService)
+        for (const ListedHelperMouse& mouse : helper.mice)
+            lines << lineOf(mouse, text);
+    views.listMice->setLines(lines);
+    views.groupMice->setVisible(helper.hasService);
+    showWhatIsFixed(views, helper, text);
+}
+
+void orderStopsOfMice(const Ui::KyvarQuorviPane& views) {
+    QWidget* before = views.quorviButtonRestoreDefaults;
+    for (QWidget* stop : views.listMice->stops()) {
+        QWidget::setTabOrder(before, stop);
+        before = stop;
+    }
+}
+
+} // namespace quorvi

@@ -1,0 +1,71 @@
+#include "live/RunningProfile.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace quorvi {
+
+namespace {
+
+QString runningText(const HelperNews& helper, const QString& profile, const PanelText& text) {
+    if (profile.isEmpty())
+        return {};
+    if (helper.frontReason.empty()) {
+        const QString chosen = text("Running now: ^1 – because you chose it");
+        return filledText(chosen, {nameFor(chosen, profile)});
+    }
+    const QString followed = text("Running now: ^1 – because ^2 is in front");
+    return filledText(followed,
+        {nameFor(followed, profile), nameFor(followed, QString::fromStdString(helper.frontReason))});
+}
+
+bool canSwitchExtensionOn(const HelperNews& helper) {
+    return helper.gnomeExtension == "disabled" || helper.gnomeExtension == "off";
+}
+
+/// Why profiles do not switch by themselves here; empty where they do.
+QString hindranceText(const HelperNews& helper, const PanelText& text) {
+    if (!helper.followsFront || !helper.frontSource.empty())
+        return {};
+    if (canSwitchExtensionOn(helper))
+        return text("GNOME tells which application is in front by an extension, which is switched off.");
+    if (helper.gnomeExtension == "missing")
+        return text("GNOME tells which application is in front by an extension of this panel's. If you have "
+                    "just installed it, log out and in again.");
+    if (helper.gnomeExtension == "error")
+        return text("GNOME reports an error of the extension that tells which application is in front, so "
+                    "profiles do not switch by themselves.");
+    if (!helper.gnomeExtension.empty())
+        return {}; // it is on, and about to tell
+    if (helper.desktop.empty())
+        return text("This desktop does not tell which application is in front, so profiles do not switch by "
+                    "themselves.");
+    const QString named =
+        text("^1 does not tell which application is in front, so profiles do not switch by themselves.");
+    return filledText(named, {nameFor(named, QString::fromStdString(helper.desktop))});
+}
+
+void showText(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
+}
+
+/// A button that goes leaves the keyboard to the list, not to whatever comes next.
+void showButton(QPushButton& button, bool shown, QWidget& list) {
+    const bool hadFocus = button.window()->focusWidget() == &button;
+    if (hadFocus && !shown)
+        list.setFocus();
+    button.setVisible(shown);
+}
+
+} // namespace
+
+void showRunningProfile(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const QString& profile,
+    const PanelText& text) {
+    showText(*views.textRunningProfile, runningText(helper, profile, text));
+    showText(*views.textFrontHindrance, hindranceText(helper, text));
+    showButton(*views.quorviButtonGnomeExtension, helper.frontSource.empty() && canSwitchExtensionOn(helper),
+        *views.quorviTableProfiles);
+}
+
+} // namespace quorvi

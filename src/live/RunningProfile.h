@@ -1,0 +1,16 @@
+// Which profile runs now and why, below the list of profiles.
+#pragma once
+
+#include <QString>
+
+#include "platform/events/HelperNews.h"
+#include "platform/widgets/FilledText.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+/// The profile is the name of the one that the helper says is running; empty for none.
+void showRunningProfile(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const QString& profile,
+    const PanelText& text);
+
+} // namespace quorvi

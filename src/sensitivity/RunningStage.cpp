@@ -1,0 +1,24 @@
+// The current stage follows the mouse's own sensitivity buttons.
+
+#include "live/LiveHelper.h"
+#include "model/Keys.h"
+#include "pane/KyvarQuorviPane.h"
+#include "sensitivity/StageResolution.h"
+
+namespace quorvi {
+
+void KyvarQuorviPane::followRunningStage() {
+    const HelperNews& helper = fLive->state();
+    const auto stage = static_cast<std::size_t>(helper.runningStage) - 1;
+    const bool isOfThisProfile = helper.runningProfile > 0 && fProfileIndex >= 0 &&
+                                 helper.runningProfile - 1 == static_cast<std::uint32_t>(fProfileIndex);
+    if (!isOfThisProfile || helper.runningStage == 0 || stage >= fStages.size() ||
+        stage == static_cast<std::size_t>(fStageIndex) || fDragging || fModalSessions.isRunning())
+        return;
+    fSettings.set(keys::stage, static_cast<std::int32_t>(helper.runningStage));
+    copyResolution(fStages.dictionary(stage), fSettings);
+    editProfileIndex(fProfileIndex);
+    updateSensitivityUI();
+}
+
+} // namespace quorvi
