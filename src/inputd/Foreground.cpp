@@ -52,6 +52,7 @@ class Foreground final : public MouseListener, public LoopOwner {
             m_loop.end();
     }
     void inputChanged(DrivenMouse& /*mouse*/, std::uint8_t /*input*/, bool /*pressed*/) override {}
+    void codeChanged(DrivenMouse& /*mouse*/, std::uint16_t /*code*/, bool /*pressed*/) override {}
     std::optional<std::chrono::microseconds> beforeWait() override { return {}; }
     std::optional<engine::Time> nextWake() override { return m_mouse.nextWake(); }
     void wake() override { m_mouse.wake(steadyNow()); }

@@ -69,8 +69,9 @@ class LoginMonitor {
 class SystemService final : public LoopOwner, public UsedMiceListener {
   public:
     SystemService(Loop& loop, EventSources& sources, sd_bus* bus)
-        : m_loop(loop), m_sources(sources), m_mice(loop, *this), m_questions(bus), m_watchers(bus, m_questions),
-          m_allowed(stateFolder()), m_nodes(sources.get(), [this] { nodesChanged(); }),
+        : m_loop(loop), m_sources(sources), m_mice(loop, *this), m_questions(bus),
+          m_watchers(bus, m_questions), m_allowed(stateFolder()),
+          m_nodes(sources.get(), [this] { nodesChanged(); }),
           m_logins(sources.get(), [this] { loginsChanged(); }),
           m_sleep(bus, m_questions, [this](bool begins) { begins ? m_mice.goToSleep() : m_mice.wakeUp(); }),
           m_object(bus, m_questions, m_nodes, m_mice, m_watchers, m_allowed,
@@ -114,6 +115,10 @@ class SystemService final : public LoopOwner, public UsedMiceListener {
             return;
         m_watchers.tellInput(mouse, input, pressed);
         m_sources.touch();
+    }
+    void codeChanged(const UsedMouse& mouse, std::uint16_t code, bool pressed) override {
+        if (m_watchers.tellCode(mouse, code, pressed))
+            m_sources.touch();
     }
     void forgotten(const UsedMouse& mouse) override {
         m_watchers.tellStatus(mouse, kStateUnused);

@@ -120,4 +120,9 @@ void UsedMice::inputChanged(DrivenMouse& mouse, std::uint8_t input, bool pressed
         m_listener.inputChanged(*used, input, pressed);
 }
 
+void UsedMice::codeChanged(DrivenMouse& mouse, std::uint16_t code, bool pressed) {
+    if (const auto* used = ownerOf(mouse))
+        m_listener.codeChanged(*used, code, pressed);
+}
+
 } // namespace quorvi::inputd

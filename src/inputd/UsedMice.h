@@ -30,6 +30,7 @@ class UsedMiceListener {
     virtual ~UsedMiceListener() = default;
     virtual void statusChanged(const UsedMouse& mouse) = 0;
     virtual void inputChanged(const UsedMouse& mouse, std::uint8_t input, bool pressed) = 0;
+    virtual void codeChanged(const UsedMouse& mouse, std::uint16_t code, bool pressed) = 0;
     /// It is a plain mouse again, and will stay one.
     virtual void forgotten(const UsedMouse& mouse) = 0;
 };
@@ -76,6 +77,7 @@ class UsedMice final : MouseListener {
     [[nodiscard]] const UsedMouse* ownerOf(const DrivenMouse& mouse) const;
     void mouseChanged(DrivenMouse& mouse) override;
     void inputChanged(DrivenMouse& mouse, std::uint8_t input, bool pressed) override;
+    void codeChanged(DrivenMouse& mouse, std::uint16_t code, bool pressed) override;
 
     Loop& m_loop;
     UsedMiceListener& m_listener;

@@ -67,6 +67,8 @@ const sd_bus_vtable BusObject::vtable[] = {
         called<&BusObject::getStatus>, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES(kWatch, kWatchArguments, SD_BUS_PARAM(inputs), "", , called<&BusObject::watch>,
         SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES(kWatchCodes, kWatchCodesArguments, SD_BUS_PARAM(mouse) SD_BUS_PARAM(wanted), "",
+        , called<&BusObject::watchCodes>, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_SIGNAL(kMiceChanged, "", 0),
     SD_BUS_SIGNAL_WITH_NAMES(kStatusChanged, kStatusChangedArguments,
         SD_BUS_PARAM(mouse) SD_BUS_PARAM(state) SD_BUS_PARAM(profile) SD_BUS_PARAM(stage) SD_BUS_PARAM(dpiX)
@@ -74,6 +76,8 @@ const sd_bus_vtable BusObject::vtable[] = {
         0),
     SD_BUS_SIGNAL_WITH_NAMES(kInputChanged, kInputChangedArguments,
         SD_BUS_PARAM(mouse) SD_BUS_PARAM(input) SD_BUS_PARAM(pressed), 0),
+    SD_BUS_SIGNAL_WITH_NAMES(
+        kCodeChanged, kCodeChangedArguments, SD_BUS_PARAM(mouse) SD_BUS_PARAM(code) SD_BUS_PARAM(pressed), 0),
     SD_BUS_VTABLE_END,
 };
 
@@ -251,6 +255,18 @@ void BusObject::watch(const Call& call) {
     if (!isAtTheSeat(call.user, "seat0"))
         return refuseAccess(call);
     if (!m_watchers.add(sd_bus_message_get_sender(call.message.get()), call.user, inputs != 0))
+        return refuse(call, kErrorLimitsExceeded, "Too many want to be told");
+    reply(call);
+}
+
+void BusObject::watchCodes(const Call& call) {
+    const auto* mouse = readUsedMouse(call);
+    if (!mouse)
+        return;
+    int wanted = 0;
+    sd_bus_message_read_basic(call.message.get(), 'b', &wanted);
+    if (!m_watchers.addForCodes(
+            sd_bus_message_get_sender(call.message.get()), call.user, wanted != 0 ? mouse->id : ""))
         return refuse(call, kErrorLimitsExceeded, "Too many want to be told");
     reply(call);
 }

@@ -40,6 +40,7 @@ class BusObject {
     void forget(const Call& call);
     void getStatus(const Call& call);
     void watch(const Call& call);
+    void watchCodes(const Call& call);
 
     void useAllowed(const Call& call, const std::string& id, std::span<const std::uint8_t> record,
         const engine::Options& options);

@@ -37,29 +37,57 @@ bool appendStatus(sd_bus_message* message, const UsedMouse& mouse, const char* s
                running.dpiY, mouse.driven.pressedInputs()) >= 0;
 }
 
-bool Watchers::add(const char* connection, uid_t user, bool inputs) {
+Watchers::Watcher* Watchers::findOrAdd(const char* connection, uid_t user) {
     const auto found = std::ranges::find_if(
         m_watchers, [&](const auto& watcher) { return watcher->connection == connection; });
-    if (found != m_watchers.end()) {
-        (*found)->inputs = inputs;
-        return true;
-    }
+    if (found != m_watchers.end())
+        return found->get();
     if (m_watchers.size() >= most)
-        return false;
-    auto watcher = std::make_unique<Watcher>(Watcher{this, connection, user, inputs, nullptr});
+        return nullptr;
+    auto watcher = std::make_unique<Watcher>(Watcher{this, connection, user, false, false, {}, nullptr});
     sd_bus_slot* slot = nullptr;
     if (sd_bus_add_match_async(m_bus, &slot, events::ruleForLeaving(watcher->connection).c_str(), left,
             events::receiveRuleAdded, watcher.get()) < 0)
-        return false;
+        return nullptr;
     watcher->leaving.reset(slot);
     // It may have left before the rule was there. The bus answers in order, so nothing falls in between.
     if (!m_questions.userOf(connection, [this, name = watcher->connection](std::optional<uid_t> there) {
             if (!there)
                 remove(name);
         }))
-        return false;
+        return nullptr;
     m_watchers.push_back(std::move(watcher));
-    return true;
+    return m_watchers.back().get();
+}
+
+bool Watchers::add(const char* connection, uid_t user, bool inputs) {
+    auto* watcher = findOrAdd(connection, user);
+    if (watcher) {
+        watcher->status = true;
+        watcher->inputs = inputs;
+    }
+    return watcher != nullptr;
+}
+
+bool Watchers::addForCodes(const char* connection, uid_t user, const std::string& mouse) {
+    auto* watcher = findOrAdd(connection, user);
+    if (watcher)
+        watcher->codes = mouse;
+    return watcher != nullptr;
+}
+
+bool Watchers::tellCode(const UsedMouse& mouse, std::uint16_t code, bool pressed) const {
+    bool told = false;
+    for (const auto& watcher : m_watchers) {
+        if (watcher->user != mouse.owner || watcher->codes != mouse.id)
+            continue;
+        const auto signal = newSignal(m_bus, watcher->connection, kCodeChanged);
+        told = signal &&
+               sd_bus_message_append(signal.get(), kCodeChangedArguments, mouse.id.c_str(), code,
+                   static_cast<int>(pressed)) >= 0 &&
+               sd_bus_send(m_bus, signal.get(), nullptr) >= 0;
+    }
+    return told;
 }
 
 int Watchers::left(sd_bus_message* signal, void* watcher, sd_bus_error* /*error*/) {
@@ -79,7 +107,7 @@ bool Watchers::wantInputs() const {
 
 void Watchers::tellStatus(const UsedMouse& mouse, const char* state) const {
     for (const auto& watcher : m_watchers) {
-        if (watcher->user != mouse.owner)
+        if (watcher->user != mouse.owner || !watcher->status)
             continue;
         const auto signal = newSignal(m_bus, watcher->connection, kStatusChanged);
         if (signal && sd_bus_message_append_basic(signal.get(), 's', mouse.id.c_str()) >= 0 &&

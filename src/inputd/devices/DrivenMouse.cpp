@@ -10,6 +10,11 @@ namespace {
 /// is lost.
 constexpr std::chrono::milliseconds settlingTime{250};
 
+/// Codes below these and from KEY_OK on are keys.
+constexpr bool isButton(std::uint16_t code) {
+    return code >= BTN_MISC && code < KEY_OK;
+}
+
 constexpr std::uint8_t wheelAway = 8;
 constexpr std::uint8_t wheelBack = 9;
 
@@ -162,6 +167,8 @@ void DrivenMouse::showPressed(const input_event& event) {
     }
     if (event.type != EV_KEY || event.code == 0 || event.value > 1)
         return;
+    if (isButton(event.code))
+        m_listener.codeChanged(*this, event.code, event.value != 0);
     const auto found = std::ranges::find(m_options.buttonCodes, event.code);
     if (found == m_options.buttonCodes.end())
         return;

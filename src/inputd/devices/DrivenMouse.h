@@ -31,6 +31,9 @@ class MouseListener {
     virtual void mouseChanged(DrivenMouse& mouse) = 0;
     /// An input, 1 to 9, went down or up; 8 and 9, a notch of the wheel, only go down.
     virtual void inputChanged(DrivenMouse& mouse, std::uint8_t input, bool pressed) = 0;
+    /// A button went down or up, whether it is an input or not. Keys are told nobody: they may be a
+    /// keyboard's.
+    virtual void codeChanged(DrivenMouse& mouse, std::uint16_t code, bool pressed) = 0;
 };
 
 class DrivenMouse final : engine::Output, FrameTaker {

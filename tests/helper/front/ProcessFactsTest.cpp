@@ -65,6 +65,8 @@ TEST(FactsOfAProcess, AreThoseOfWhatStartedItToo) {
     ChildProcess launcher({"sh", "-c", "sleep 1000 & echo $!; wait", "SteamLaunch", "AppId=441", "--"});
     const auto child = launcher.readLine();
     ASSERT_TRUE(child);
+    // Until it has become another program it has the shell's command line.
+    ASSERT_TRUE(waitUntil([&] { return factsOf(std::stoi(*child)).programs == Names{"sleep"}; }));
     EXPECT_EQ(factsOf(std::stoi(*child)).games, Names{"steam_app_441"});
 }
 

@@ -44,6 +44,9 @@ TEST_F(OnSway, GivesTheUsersOwnProfileBackToOtherApplications) {
     EXPECT_TRUE(comesToSay("FrontApplication", "Other"));
     focus(drawing);
     EXPECT_TRUE(comesToRun(ofDrawing));
+    windows->setTitle(other, "In the background");
+    EXPECT_TRUE(sway->command("nop"));
+    EXPECT_EQ(said("FrontApplication"), "Drawing");
     windows->close(drawing);
     EXPECT_TRUE(comesToRun(usersOwn));
 }

@@ -152,6 +152,12 @@ std::string Caller::mouseNamed(const std::string& name) {
     return id;
 }
 
+std::string Caller::watchCodes(const std::string& mouse, bool wanted) {
+    return call(kWatchCodes, [&](sd_bus_message* message) {
+        sd_bus_message_append(message, kWatchCodesArguments, mouse.c_str(), static_cast<int>(wanted));
+    });
+}
+
 const std::vector<std::string>& Caller::signalsSoFar() {
     while (sd_bus_process(m_bus.get(), nullptr) > 0)
         ;
@@ -172,6 +178,11 @@ int Caller::received(sd_bus_message* message, void* self, sd_bus_error* /*error*
         int pressed = 0;
         sd_bus_message_read(message, kInputChangedArguments, &mouse, &input, &pressed);
         text += " " + std::to_string(input) + " " + std::to_string(pressed);
+    } else if (text == kCodeChanged) {
+        std::uint16_t code = 0;
+        int pressed = 0;
+        sd_bus_message_read(message, kCodeChangedArguments, &mouse, &code, &pressed);
+        text += " " + std::to_string(code) + " " + std::to_string(pressed);
     }
     static_cast<Caller*>(self)->m_signals.push_back(text);
     return 0;

@@ -46,6 +46,7 @@ class Caller {
     std::string forget(const std::string& mouse);
     std::string status(const std::string& mouse, Status& status);
     std::string watch(bool inputs);
+    std::string watchCodes(const std::string& mouse, bool wanted);
     /// Any method, with arguments that the function appends.
     std::string call(
         const char* method, const std::function<void(sd_bus_message*)>& append,
