@@ -1,10 +1,12 @@
 // Signals that another program sends to the service alone, in the words of the log-in manager or of the bus.
 // A rule that names the sender does not keep them out: the library lets what is sent to it alone through.
+#include <array>
 #include <csignal>
 #include <optional>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "inputd/bus/SleepWatch.h"
 #include "inputd/bus/Watchers.h"
@@ -45,14 +47,35 @@ class LogInManager {
             0);
     }
 
+    /// Gives the delay that was asked for while grantsLate was set. It is kept until the other end of the
+    /// pipe says otherwise.
+    void grant() {
+        EXPECT_EQ(pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
+        const Descriptor given(m_pipe[1]);
+        EXPECT_GE(sd_bus_reply_method_return(late.get(), "h", given.get()), 0);
+        late.reset();
+        EXPECT_GE(sd_bus_flush(bus.get()), 0);
+    }
+    [[nodiscard]] bool delayWasGivenBack() const {
+        char byte = 0;
+        return read(m_pipe[0], &byte, 1) == 0; // nobody has the writing end any more
+    }
+
     events::BusPtr bus;
+    bool grantsLate = false;
+    events::MessageRef late;
     int isPreparing = 0;
     int timesDelayed = 0;
     int timesAsked = 0;
 
   private:
     static int inhibit(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-        ++static_cast<LogInManager*>(self)->timesDelayed;
+        auto& manager = *static_cast<LogInManager*>(self);
+        ++manager.timesDelayed;
+        if (manager.grantsLate) {
+            manager.late = events::adopt(sd_bus_message_ref(message));
+            return 1;
+        }
         const Descriptor any(open("/dev/null", O_RDONLY | O_CLOEXEC));
         return sd_bus_reply_method_return(message, "h", any.get());
     }
@@ -63,6 +86,8 @@ class LogInManager {
         return sd_bus_message_append(reply, "b", manager.isPreparing);
     }
     static const sd_bus_vtable vtable[];
+
+    std::array<int, 2> m_pipe{-1, -1};
 };
 
 const sd_bus_vtable LogInManager::vtable[] = {
@@ -180,6 +205,18 @@ TEST_F(ForgedSleep, IsToldFromARealOneAlsoWhileOthersAskAsMuchAsTheyMay) {
     ASSERT_FALSE(questions.userOf("org.freedesktop.DBus", [](std::optional<uid_t>) {}));
     manager.prepareForSleep(true);
     EXPECT_TRUE(serveUntil([&] { return sleeps == true; }));
+}
+
+TEST_F(ForgedSignals, ADelayThatComesAfterTheSleepWasAnnouncedIsGivenBack) {
+    manager.grantsLate = true;
+    std::optional<bool> sleeps;
+    SleepWatch watch{bus.get(), questions, [&](bool begins) { sleeps = begins; }};
+    watch.setNeeded(true);
+    ASSERT_TRUE(serveUntil([&] { return manager.late != nullptr; }));
+    manager.prepareForSleep(true);
+    ASSERT_TRUE(serveUntil([&] { return sleeps == true; }));
+    manager.grant();
+    EXPECT_TRUE(serveUntil([&] { return manager.delayWasGivenBack(); }));
 }
 
 class ForgedLeaving : public ForgedSignals {

@@ -27,7 +27,7 @@ void SleepWatch::takeDelay() {
     // Without an answer keys are released all the same, perhaps after the sleep.
     (void)m_questions.delaySleep("Keys that the mouse holds are released", [this](int descriptor) {
         Descriptor delay(descriptor);
-        if (m_needed)
+        if (m_needed && !m_isAsleep) // a late one would hold the computer back
             m_delay = std::move(delay);
     });
 }
@@ -55,6 +55,7 @@ void SleepWatch::look() {
 void SleepWatch::looked(std::optional<bool> sleeps) {
     if (!sleeps)
         return;
+    m_isAsleep = *sleeps;
     m_sleeps(*sleeps);
     if (*sleeps)
         m_delay.reset(); // now it may

@@ -29,6 +29,7 @@ class SleepWatch {
     events::SlotPtr m_slot;
     Descriptor m_delay;
     bool m_needed = false;
+    bool m_isAsleep = false; ///< or on its way there
     bool m_isLooking = false;
     bool m_looksAgain = false; ///< something has changed since the question was asked
 };
