@@ -114,6 +114,7 @@ void KyvarQuorviPane::fillAssignmentMenus() {
         fViews->main.quorviMenuTop7, fViews->main.quorviMenuTop8, fViews->main.quorviMenuTop9};
     for (const QMenu* commands : {fViews->menus.quorviMenuCommands, fViews->menus.quorviMenuWheelCommands})
         rememberItemTitles(*commands);
+    fViews->main.viewMouse->setExplanation([this](int input) { return explanationOfInput(input); });
     for (int n = 1; n <= kAssignmentCount; ++n) {
         PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(n - 1)];
         popUp->setMenuLike(commandsOf(n));

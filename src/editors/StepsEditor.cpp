@@ -36,10 +36,14 @@ QAction* itemAt(const QMenu& menu, const QVariant& value) {
 } // namespace
 
 QString KyvarQuorviPane::textOfStep(int row) const {
+    return textOfStep(fMacroSteps.dictionary(static_cast<std::size_t>(row)));
+}
+
+QString KyvarQuorviPane::textOfStep(const plist::Dictionary& step) const {
     const auto lookup = [this](std::u16string_view english) {
         return locString(QString::fromUtf16(english.data(), int(english.size()))).toStdU16String();
     };
-    return QString::fromStdU16String(stepText(fMacroSteps.dictionary(static_cast<std::size_t>(row)), lookup));
+    return QString::fromStdU16String(stepText(step, lookup));
 }
 
 QVariant KyvarQuorviPane::delayOfStep(int row) const {

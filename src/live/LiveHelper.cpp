@@ -51,12 +51,20 @@ QString LiveHelper::connectionText() const {
     return connectionTextOf(state(), m_panel.text);
 }
 
+QString LiveHelper::runningProfile() const {
+    const std::uint32_t number = state().runningProfile;
+    return number > 0 ? m_panel.profileName(number) : QString();
+}
+
+QString LiveHelper::runningText() const {
+    return quorvi::runningText(state(), runningProfile(), m_panel.text);
+}
+
 void LiveHelper::show() {
     if (!m_view)
         return;
     const HelperNews& helper = state();
-    showRunningProfile(m_panel.views, helper,
-        helper.runningProfile > 0 ? m_panel.profileName(helper.runningProfile) : QString(), m_panel.text);
+    showRunningProfile(m_panel.views, helper, runningProfile(), m_panel.text);
     showMice(m_panel.views, helper, m_panel.text);
     m_panel.views.viewMouse->setReported(anyMouseIsThere(helper));
 }

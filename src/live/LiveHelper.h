@@ -37,6 +37,8 @@ class LiveHelper final : public QObject, HelperNewsListener {
     [[nodiscard]] const HelperNews& state() const;
     /// What stands beside the title while a mouse is there.
     [[nodiscard]] QString connectionText() const;
+    /// Which profile runs and why; empty when that is not known.
+    [[nodiscard]] QString runningText() const;
     /// Shows what the helper has told, with the names that profiles have now.
     void show();
 
@@ -49,6 +51,7 @@ class LiveHelper final : public QObject, HelperNewsListener {
     void failed(const QString& text);
 
   private:
+    [[nodiscard]] QString runningProfile() const;
     void forgetFollower();
     void useMouse(const QString& id, bool inUse);
     void tellThatUseFailed();

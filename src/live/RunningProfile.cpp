@@ -5,8 +5,6 @@
 
 namespace quorvi {
 
-namespace {
-
 QString runningText(const HelperNews& helper, const QString& profile, const PanelText& text) {
     if (profile.isEmpty())
         return {};
@@ -18,6 +16,8 @@ QString runningText(const HelperNews& helper, const QString& profile, const Pane
     return filledText(followed,
         {nameFor(followed, profile), nameFor(followed, QString::fromStdString(helper.frontReason))});
 }
+
+namespace {
 
 bool canSwitchExtensionOn(const HelperNews& helper) {
     return helper.gnomeExtension == "disabled" || helper.gnomeExtension == "off";

@@ -184,10 +184,13 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Shows the copies.
     void updateSensitivityStagesUI();
 
-    // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp)
+    // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp,
+    // assignment/InputExplanation.cpp)
     void updateMenu(PopUpButton* popUp, int assignment);
     void updateMacrosSubmenu();
     void updateProfilesSubmenu();
+    /// What the input, 1 to 9, does and why, a line each; nothing before that is known.
+    [[nodiscard]] QString explanationOfInput(int input) const;
     /// Stores the function that the pop-up shows, saves, and shows what is stored. The function of a single
     /// key asks for the key first.
     void actionMenuButtonAssignment(PopUpButton* popUp);
@@ -300,6 +303,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] QString assignmentTitle(
         const plist::Dictionary& assignment, const QString& plainTitle) const;
     [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
+    /// In a line; empty for an assignment of something else.
+    [[nodiscard]] QString stepsOfMacro(const plist::Dictionary& assignment) const;
+    /// The profile that the panel shows, with the reason when it is the one that runs.
+    [[nodiscard]] QString profileInUse() const;
     void askForSingleKey(int input);
     /// Shows the captured key in the single-key panel.
     void showSingleKey();
@@ -400,6 +407,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] QString recordingText() const;
     [[nodiscard]] QString withHintHowToEnd(const QString& state) const;
     [[nodiscard]] QString textOfStep(int row) const;
+    [[nodiscard]] QString textOfStep(const plist::Dictionary& step) const;
     /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
     [[nodiscard]] QVariant delayOfStep(int row) const;
     void setDelayOfStep(const QVariant& value, int row);

@@ -2,8 +2,12 @@
 
 #include <QAbstractButton>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QLabel>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
+#include "model/CommandCodes.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
@@ -23,6 +27,13 @@ constexpr int kDeviceTab = 4;
 
 MouseEntry mouse(const std::string& id, const std::string& name, bool inUse, const std::string& state) {
     return {.id = id, .name = name, .connection = "usb", .inUse = inUse, .state = state};
+}
+
+plist::Dictionary runMacroOfId(std::int32_t macro) {
+    auto assignment = plist::Dictionary::create();
+    assignment.set("command", commands::runMacro);
+    assignment.set("param1", macro);
+    return assignment;
 }
 
 /// A panel with a helper that tells, and the two profiles "Desk", which is the current one, and "Game".
@@ -51,6 +62,18 @@ class Panel : public PaneFixture {
         return find<MouseView>("viewMouse")->marks().isPressed(input);
     }
     [[nodiscard]] int stage() const { return find<StageBar>("quorviViewStages")->currentStage() + 1; }
+
+    /// The lines that are shown where the pointer rests on the input; none when nothing is.
+    [[nodiscard]] QStringList explanation(int input) const {
+        auto* drawing = find<MouseView>("viewMouse");
+        const QPoint at = drawing->middleOfInput(input).toPoint();
+        QHelpEvent rest(QEvent::ToolTip, at, drawing->mapToGlobal(at));
+        QCoreApplication::sendEvent(drawing, &rest);
+        QStringList lines;
+        for (const QString& line : QToolTip::text().split("<br>", Qt::SkipEmptyParts))
+            lines << QTextDocumentFragment::fromHtml(line).toPlainText();
+        return lines;
+    }
 
     TellingHelper* telling = nullptr;
 };
@@ -300,6 +323,31 @@ class LiveHelperTest : public QObject {
         QTRY_VERIFY(panel.isPressed(6));
         QVERIFY(!panel.isPressed(5));
         QCOMPARE(panel.state(), QStringLiteral("First"));
+    }
+
+    /// The fixture knows no layout, so that keys have no names.
+    void pointingAtAnInputSaysWhatItDoesAndWhy() {
+        Panel panel;
+        panel.pane->deviceConfig()
+            .array("profiles")
+            .dictionary(0)
+            .dictionary("buttons")
+            .set("04", runMacroOfId(0));
+        panel.pane->deviceConfig().array("macros").dictionary(0).set("name", u"<b>Hello</b>");
+        panel.pane->updateUI();
+        QTRY_COMPARE(panel.explanation(4),
+            QStringList({"4 Rear side button", "Macro: <b>Hello</b>", "Press ??? · Release ???",
+                "Running now: Desk – because you chose it"}));
+        QCOMPARE(panel.explanation(2),
+            QStringList({"2 Right button", "Secondary Click", "Running now: Desk – because you chose it"}));
+        panel.telling->change([](auto& told) {
+            told.profile = 2;
+            told.frontReason = "Image Editor";
+        });
+        QTRY_COMPARE(
+            panel.explanation(2), QStringList({"2 Right button", "Secondary Click", "Profile: Desk"}));
+        panel.connectDevices(0);
+        QTRY_COMPARE(panel.explanation(2), QStringList());
     }
 
     void theCurrentStageFollowsTheMouse() {

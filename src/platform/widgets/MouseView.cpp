@@ -2,9 +2,11 @@
 
 #include "platform/widgets/MouseDrawing.h"
 
+#include <QHelpEvent>
 #include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <utility>
@@ -89,6 +91,26 @@ void MouseView::pointAt(int input) {
 
 void MouseView::mouseMoveEvent(QMouseEvent* event) {
     pointAt(inputAt(event->pos()));
+}
+
+bool MouseView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    explain(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+void MouseView::explain(const QHelpEvent& event) {
+    const int input = inputAt(event.pos());
+    const QString text = input != 0 && m_explanation ? m_explanation(input) : QString();
+    if (text.isEmpty())
+        return QToolTip::hideText();
+    QString lines = text.toHtmlEscaped(); // names are shown as they are
+    lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    const qreal reached = radiusOfInput() * reach;
+    const QRectF around(middleOfInput(input) - QPointF(reached, reached), QSizeF(2 * reached, 2 * reached));
+    QToolTip::showText(
+        event.globalPos(), QStringLiteral("<span>%1</span>").arg(lines), this, around.toAlignedRect());
 }
 
 void MouseView::leaveEvent(QEvent* /*event*/) {

@@ -6,8 +6,13 @@
 #include <QTransform>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 #include "platform/widgets/InputMarks.h"
 #include "platform/widgets/PressedInputs.h"
+
+class QHelpEvent;
 
 namespace quorvi {
 
@@ -27,6 +32,10 @@ class MouseView : public QWidget {
     void setReported(bool reported);
     /// The helper says that the input, 1 to 9, went down or up. A turn of the wheel, 8 and 9, only goes down.
     void reportInput(int input, bool pressed);
+
+    /// Gives what is said of the input that the pointer rests on, in lines; empty for nothing.
+    using Explanation = std::function<QString(int input)>;
+    void setExplanation(Explanation explanation) { m_explanation = std::move(explanation); }
 
     /// Which of the mouse's lights are drawn as lit.
     void setLights(bool wheel, bool battery);
@@ -48,6 +57,7 @@ class MouseView : public QWidget {
     void inputClicked(int input);
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -57,8 +67,10 @@ class MouseView : public QWidget {
 
   private:
     void pointAt(int input);
+    void explain(const QHelpEvent& event);
 
     InputMarks m_marks;
+    Explanation m_explanation;
     PressedInputs m_pressed{*this, m_marks};
     QTimer m_wheelRest;      ///< runs while a turn of the wheel is shown
     int m_clicked = 0;       ///< the input that the left button went down on
