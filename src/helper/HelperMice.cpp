@@ -42,7 +42,10 @@ void Helper::expectSaved(const SettingsRecord& before) {
 }
 
 void Helper::setFrontReason(std::string reason) {
-    if (std::exchange(m_frontReason, std::move(reason)) != m_frontReason && m_controls)
+    if (reason == m_frontReason)
+        return;
+    m_frontReason = std::move(reason);
+    if (m_controls)
         m_controls->tellFrontReason();
 }
 
@@ -107,7 +110,8 @@ void Helper::miceChanged() {
     const bool has = hasService();
     if (std::exchange(m_hadService, has) != has && m_controls)
         m_controls->tellService();
-    if (std::exchange(m_wasDemonstration, isDemonstration()) != m_wasDemonstration) {
+    const bool demonstrates = isDemonstration();
+    if (std::exchange(m_wasDemonstration, demonstrates) != demonstrates) {
         if (m_controls)
             m_controls->tellDemonstration();
         m_changes.startWith(running());

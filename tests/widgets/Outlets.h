@@ -47,6 +47,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviSliderAcceleration", slider, "actionSliderAcceleration:"},
     {"quorviBoxSensitivityOSD", "quorvi::CheckBox", "actionBoxSensitivityOSD:"},
 
+    {"quorviButtonGnomeExtension", "QPushButton"},
     {"quorviTableProfiles", table, nullptr, 1},
     {"quorviButtonProfileAdd", "QPushButton", "actionButtonProfileAdd:"},
     {"quorviButtonProfileRemove", "QPushButton", "actionButtonProfileRemove:"},

@@ -113,8 +113,10 @@ void GnomeSource::takeExtension(sd_bus_message* answer) {
 }
 
 void GnomeSource::setExtension(std::string state) {
-    if (std::exchange(m_extension, std::move(state)) != m_extension)
-        changed();
+    if (state == m_extension)
+        return;
+    m_extension = std::move(state);
+    changed();
 }
 
 void GnomeSource::enableExtension() {
