@@ -13,7 +13,7 @@ constexpr char kPanelName[] = "KyvarQuorviPane";
 
 } // namespace
 
-Helper::Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesystem::path chosenMice)
+Helper::Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::filesystem::path chosenMice)
     : m_bus(bus), m_settings(files), m_layout(loop), m_mice(loop, std::move(chosenMice), *this),
       m_bundle(files.bundle()), m_display(bus.connection().bus.get()) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,

@@ -23,7 +23,7 @@ namespace quorvi {
 class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListener {
   public:
     /// The loop has to run for the mouse's macros to go on. Which mice are in use is kept in that file.
-    Helper(EventBus& bus, EventLoop& loop, SettingsFiles files, std::filesystem::path chosenMice);
+    Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::filesystem::path chosenMice);
     ~Helper() override;
     Helper(const Helper&) = delete;
     Helper& operator=(const Helper&) = delete;

@@ -44,8 +44,8 @@ std::filesystem::path socketOf(const std::string& display) {
     int screen = 0;
     if (!xcb_parse_display(display.c_str(), &host, &number, &screen))
         return {};
+    const std::unique_ptr<char, XcbFree> owned(host);
     const bool isHere = !host || *host == '\0' || std::string_view(host) == "unix";
-    std::free(host);
     return isHere ? "/tmp/.X11-unix/X" + std::to_string(number) : std::string();
 }
 
@@ -57,10 +57,9 @@ xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
 }
 
 xcb_atom_t atomOf(xcb_connection_t* connection, xcb_intern_atom_cookie_t question) {
-    auto* answer = xcb_intern_atom_reply(connection, question, nullptr);
-    const xcb_atom_t atom = answer ? answer->atom : xcb_atom_t{XCB_NONE};
-    std::free(answer);
-    return atom;
+    const std::unique_ptr<xcb_intern_atom_reply_t, XcbFree> answer(
+        xcb_intern_atom_reply(connection, question, nullptr));
+    return answer ? answer->atom : xcb_atom_t{XCB_NONE};
 }
 
 xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name) {
@@ -74,8 +73,8 @@ void listenToProperties(xcb_connection_t* connection, xcb_window_t window, bool 
 
 } // namespace
 
-void X11Source::Free::operator()(void* reply) const {
-    std::free(reply);
+void XcbFree::operator()(void* memory) const {
+    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc): it is malloc's
 }
 
 X11Source::X11Source(Descriptors& descriptors, std::string display)
@@ -141,7 +140,7 @@ void X11Source::serve() {
 bool X11Source::takeEvents() {
     bool any = false;
     for (;;) {
-        const std::unique_ptr<xcb_generic_event_t, Free> event(xcb_poll_for_event(m_connection.get()));
+        const std::unique_ptr<xcb_generic_event_t, XcbFree> event(xcb_poll_for_event(m_connection.get()));
         if (!event)
             return any;
         takeEvent(*event);
@@ -217,7 +216,8 @@ bool X11Source::answered(Question& question, Property& property) const {
     if (!question || xcb_poll_for_reply(m_connection.get(), *question, &reply, &error) == 0)
         return false;
     property.reset(static_cast<xcb_get_property_reply_t*>(reply));
-    std::free(error); // the window is gone, and another one will be in front
+    // With an error the window is gone, and another one will be in front.
+    const std::unique_ptr<xcb_generic_error_t, XcbFree> owned(error);
     question.reset();
     return true;
 }

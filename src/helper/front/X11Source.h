@@ -13,6 +13,11 @@
 
 namespace quorvi::front {
 
+/// Frees what xcb gives away.
+struct XcbFree {
+    void operator()(void* memory) const;
+};
+
 /// Listens to _NET_ACTIVE_WINDOW of the root (freedesktop.org, Extended Window Manager Hints). The server is
 /// asked without waiting for its answers, since a client may hold it for itself for as long as it likes.
 class X11Source : public FrontSource {
@@ -29,10 +34,7 @@ class X11Source : public FrontSource {
     struct Disconnect {
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
-    struct Free {
-        void operator()(void* reply) const;
-    };
-    using Property = std::unique_ptr<xcb_get_property_reply_t, Free>;
+    using Property = std::unique_ptr<xcb_get_property_reply_t, XcbFree>;
     /// A question that is on its way: its number; what came is taken once.
     using Question = std::optional<unsigned>;
 

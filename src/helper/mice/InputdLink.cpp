@@ -177,13 +177,13 @@ events::MessageRef InputdLink::newCall(const char* method) const {
     return call;
 }
 
-void InputdLink::callFor(const events::MessageRef& call, milliseconds timeout, Answer answer) {
+void InputdLink::callFor(const events::MessageRef& call, milliseconds timeout, const Answer& answer) {
     if (!m_calls.call(call, timeout,
             [answer](sd_bus_message* /*reply*/, std::string_view error) { answer(resultOf(error)); }))
         answer(InputdResult::noService);
 }
 
-void InputdLink::list(std::function<void(InputdResult, std::vector<ListedMouse>)> answer) {
+void InputdLink::list(const std::function<void(InputdResult, std::vector<ListedMouse>)>& answer) {
     const auto call = m_calls.newCall(kName, kPath, kInterface, kListMice);
     if (!m_calls.call(call, kServicePatience, [answer](sd_bus_message* reply, std::string_view error) {
             answer(resultOf(error), error.empty() ? readMice(reply) : std::vector<ListedMouse>());
@@ -192,32 +192,33 @@ void InputdLink::list(std::function<void(InputdResult, std::vector<ListedMouse>)
 }
 
 void InputdLink::use(const std::string& id, std::span<const std::uint8_t> record,
-    const engine::Options& options, Answer answer) {
+    const engine::Options& options, const Answer& answer) {
     const auto call = newCall(kUse);
     if (call) {
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
         sd_bus_message_append_array(call.get(), 'y', record.data(), record.size());
         appendOptions(call.get(), options);
     }
-    callFor(call, events::kForEver, std::move(answer));
+    callFor(call, events::kForEver, answer);
 }
 
-void InputdLink::setOptions(const std::string& id, const engine::Options& options, Answer answer) {
+void InputdLink::setOptions(const std::string& id, const engine::Options& options, const Answer& answer) {
     const auto call = newCall(kSetOptions);
     if (call) {
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
         appendOptions(call.get(), options);
     }
-    callFor(call, kServicePatience, std::move(answer));
+    callFor(call, kServicePatience, answer);
 }
 
-void InputdLink::setRecord(const std::string& id, std::span<const std::uint8_t> record, Answer answer) {
+void InputdLink::setRecord(
+    const std::string& id, std::span<const std::uint8_t> record, const Answer& answer) {
     const auto call = newCall(kSetRecord);
     if (call) {
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
         sd_bus_message_append_array(call.get(), 'y', record.data(), record.size());
     }
-    callFor(call, kServicePatience, std::move(answer));
+    callFor(call, kServicePatience, answer);
 }
 
 void InputdLink::forget(const std::string& id) {

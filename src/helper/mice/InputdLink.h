@@ -62,12 +62,12 @@ class InputdLink {
     InputdLink& operator=(const InputdLink&) = delete;
 
     /// The service starts for this one, and for no other call.
-    void list(std::function<void(InputdResult, std::vector<ListedMouse>)> answer);
+    void list(const std::function<void(InputdResult, std::vector<ListedMouse>)>& answer);
     /// An administrator may be asked meanwhile, who takes time.
     void use(const std::string& id, std::span<const std::uint8_t> record, const engine::Options& options,
-        Answer answer);
-    void setOptions(const std::string& id, const engine::Options& options, Answer answer);
-    void setRecord(const std::string& id, std::span<const std::uint8_t> record, Answer answer);
+        const Answer& answer);
+    void setOptions(const std::string& id, const engine::Options& options, const Answer& answer);
+    void setRecord(const std::string& id, std::span<const std::uint8_t> record, const Answer& answer);
     void forget(const std::string& id);
     void status(const std::string& id, std::function<void(const MouseStatus&)> answer);
     /// Has statusChanged() called from now on, and inputChanged() if that is wanted.
@@ -81,7 +81,7 @@ class InputdLink {
     void setOwner(std::string owner);
     void receive(sd_bus_message* signal);
     [[nodiscard]] events::MessageRef newCall(const char* method) const;
-    void callFor(const events::MessageRef& call, std::chrono::milliseconds timeout, Answer answer);
+    void callFor(const events::MessageRef& call, std::chrono::milliseconds timeout, const Answer& answer);
 
     sd_bus* m_bus;
     InputdListener& m_listener;
