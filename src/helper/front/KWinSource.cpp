@@ -73,7 +73,7 @@ void KWinSource::loadLater() {
 
 void KWinSource::run(std::int32_t number) {
     const std::string ofKWin6 = std::string(scripting) + "/Script" + std::to_string(number);
-    const std::string ofKWin5 = "/" + std::to_string(number);
+    const auto ofKWin5 = std::string("/").append(std::to_string(number));
     m_call.make(m_kwin.owner(), ofKWin6, scriptInterface, "run", [this, ofKWin5](sd_bus_message* answer) {
         if (answer)
             return setRunning(true);
