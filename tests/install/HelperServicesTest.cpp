@@ -70,6 +70,7 @@ TEST_F(HelperServices, TakeWhatTheHelperDoesNotNeed) {
     installIn(kAwkwardName);
     for (const auto& [key, value] : std::initializer_list<std::pair<const char*, const char*>>{
              {"NoNewPrivileges", "yes"}, {"ProtectSystem", "strict"}, {"ProtectHome", "read-only"},
+             {"ConfigurationDirectory", "kyvar-quorvi"}, {"ReadWritePaths", "-%E/kyvar-quorvi"},
              {"RestrictAddressFamilies", "AF_UNIX"}, {"MemoryMax", "256M"}})
         EXPECT_EQ(unitLines(key), std::set<std::string>{value}) << key;
     // The judge takes it for a service of the system, which has capabilities; one from which nothing is taken
