@@ -7,6 +7,8 @@
 #include "platform/games/InstalledGames.h"
 #include "plist/Unicode.h"
 #include "plist/Writer.h"
+#include "support/Files.h"
+#include "support/WaitUntil.h"
 
 namespace quorvi::test {
 namespace {
@@ -40,6 +42,10 @@ class GamesInFront : public FollowingHelper {
     void expectToRunIn(const games::InstalledGame& game, bool forWindows, std::uint32_t wanted) {
         const auto number = std::string(games::steamNumber(game.identifier));
         const ChildProcess native({"sleep", "1000"}, {"SteamAppId=" + number, "SteamGameId=" + number});
+        // A game opens windows when it runs, not while it is still what started it.
+        const auto environment = "/proc/" + std::to_string(native.pid()) + "/environ";
+        ASSERT_TRUE(waitUntil(
+            [&] { return readFile(environment).find("SteamAppId=" + number) != std::string::npos; }));
         const auto window = forWindows ? display.windows().open(game.identifier)
                                        : display.windows().open("native", "native", native.pid());
         EXPECT_TRUE(comesToRun(wanted)) << game.name;
