@@ -132,8 +132,9 @@ TEST_F(RealMouse, ThatIsUnpluggedLeavesNoDeviceUntilItIsBack) {
 TEST_F(RealMouse, IsUsedAgainAtAnotherPlug) {
     startWithMouse();
     service->setMice({{"1e7d:2dcb:two"}});
-    EXPECT_TRUE(becomes("driven", "1e7d:2dcb:two"));
+    // Nobody asks for the list meanwhile.
     EXPECT_TRUE(hasRecord("case-000.bin", "1e7d:2dcb:two"));
+    EXPECT_TRUE(becomes("driven", "1e7d:2dcb:two"));
 }
 
 TEST_F(RealMouse, IsUsedAgainWithTheRecordOfNowWhenTheServiceHasStartedAnew) {
@@ -145,6 +146,55 @@ TEST_F(RealMouse, IsUsedAgainWithTheRecordOfNowWhenTheServiceHasStartedAnew) {
     EXPECT_TRUE(hasRecord("case-004.bin"));
     EXPECT_TRUE(becomes("driven"));
     EXPECT_FALSE(state().demonstration);
+}
+
+TEST_F(RealMouse, IsUsedAgainWhenTheSystemsBusHasDiedAndIsBack) {
+    startWithMouse();
+    Panel panel;
+    EXPECT_EQ(panel.command(kMessagePaneShown, 1), noErr);
+    for (const auto* name : {"case-004", "case-005"}) {
+        systemBus.kill();
+        ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+        EXPECT_EQ(stateOf(kMouse), "not listed");
+        save(std::string(name) + ".plist");
+        service.reset();
+        systemBus.startAnew();
+        service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+        // Nobody asks for the list meanwhile.
+        ASSERT_TRUE(hasRecord(std::string(name) + ".bin"));
+        ASSERT_TRUE(becomes("driven"));
+        EXPECT_FALSE(state().demonstration);
+        EXPECT_TRUE(waitUntil([&] { return service->countOf("Watch 1") == 1; })) << "for the panel";
+    }
+}
+
+TEST_F(RealMouse, ThatIsSetUpWhenTheSystemsBusDiesIsUsedAsBeforeAfterIt) {
+    startWithMouse();
+    ASSERT_EQ(beginMouseSetUp(*bus, psn, kMouse), noErr);
+    const auto usual = engine::usualButtonCodes;
+    ASSERT_TRUE(waitUntil([&] { return service->optionsOf(kMouse).buttonCodes != usual; }));
+    systemBus.kill();
+    ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+    EXPECT_EQ(endMouseSetUp(*bus, psn), noErr);
+    service.reset();
+    systemBus.startAnew();
+    service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    EXPECT_TRUE(becomes("driven"));
+    EXPECT_EQ(service->optionsOf(kMouse).buttonCodes, usual);
+}
+
+TEST_F(RealMouse, SleepsWhileThereIsNoBusOfTheSystem) {
+    startWithMouse();
+    systemBus.kill();
+    ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+    // The socket that was left behind is tried twenty times, and then forgotten until there is a new one.
+    ASSERT_TRUE(comesToRest(helper->pid()));
+    const auto beforeTries = sleepsOf(helper->pid());
+    ASSERT_TRUE(waitUntil([&] { return sleepsOf(helper->pid()) >= beforeTries + 20; }));
+    ASSERT_TRUE(comesToRest(helper->pid()));
+    const auto before = sleepsOf(helper->pid());
+    ASSERT_TRUE(comesToRest(helper->pid())); // half a second
+    EXPECT_EQ(sleepsOf(helper->pid()), before);
 }
 
 TEST_F(RealMouse, IsUsedAgainByAHelperThatWasKilled) {
@@ -416,6 +466,18 @@ TEST_F(NoService, NorAnySystemBusIsNeeded) {
     ASSERT_EQ(listMice(*bus, psn, mice), noErr);
     EXPECT_TRUE(mice.empty());
     EXPECT_TRUE(state().demonstration);
+}
+
+TEST_F(NoService, AndABusThatComesLaterIsTaken) {
+    std::filesystem::create_directories(chosenMice.parent_path());
+    writeFile(chosenMice,
+        plist::writeXml(dict({{"mice", dict({{"1e7d:2dcb", dict({{"inuse", true}})}})}})).value());
+    systemBus.kill();
+    start();
+    EXPECT_TRUE(state().demonstration);
+    systemBus.startAnew();
+    service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    EXPECT_TRUE(becomes("driven"));
 }
 
 TEST_F(NoService, ButABusThatAnswersNobodyKeepsNobodyWaiting) {

@@ -40,21 +40,33 @@ DeviceEntry entryOf(const ListedMouse& mouse, std::uint16_t index) {
 } // namespace
 
 RealMice::RealMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener)
-    : m_listener(listener), m_loop(loop), m_chosen(std::move(chosen)), m_bus(SystemBus::open()) {
-    if (!m_bus)
-        return;
-    InputdListener& inputdListener = *this;
-    m_link = std::make_unique<InputdLink>(m_bus->get(), inputdListener);
-    m_loop.add(*m_bus);
-    m_loop.watch(m_restart.fd(), [this] {
+    : m_listener(listener), m_chosen(std::move(chosen)), m_bus(loop, [this] { followBus(); }) {
+    followBus();
+    loop.watch(m_restart.fd(), [this] {
         m_restart.set({});
         refresh();
     });
 }
 
-RealMice::~RealMice() {
-    if (m_bus)
-        m_loop.remove(*m_bus);
+RealMice::~RealMice() = default;
+
+/// With a bus that has gone goes all that the service has said on it. One that has come is asked for the
+/// service, as at the start.
+void RealMice::followBus() {
+    const bool hadLink = m_link != nullptr;
+    m_link.reset();
+    if (hadLink) {
+        m_restart.set({});
+        m_inSetUp.clear();
+        m_listsAgain = false;
+        listed(InputdResult::noService, {});
+    }
+    if (!m_bus.get())
+        return;
+    InputdListener& inputdListener = *this;
+    m_link = std::make_unique<InputdLink>(m_bus.get(), inputdListener);
+    if (!m_record.empty())
+        start();
 }
 
 void RealMice::start() {

@@ -30,7 +30,7 @@ class RealMiceListener {
 
 class RealMice final : public Backend, InputdListener {
   public:
-    /// Without a system's bus there are no mice. Loop and listener must live longer.
+    /// While there is no bus of the system there are no mice. Loop and listener must live longer.
     RealMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener);
     ~RealMice() override;
     RealMice(const RealMice&) = delete;
@@ -88,6 +88,7 @@ class RealMice final : public Backend, InputdListener {
     void inputChanged(const std::string& id, std::uint8_t input, bool pressed) override;
     void codeChanged(const std::string& id, std::uint16_t code, bool pressed) override;
 
+    void followBus();
     void refresh();
     void listed(InputdResult result, const std::vector<ListedMouse>& mice);
     void takeOver(const std::vector<ListedMouse>& mice);
@@ -105,7 +106,6 @@ class RealMice final : public Backend, InputdListener {
         const std::string& mouse, const std::function<void(ChosenMouse&)>& change);
 
     RealMiceListener& m_listener;
-    EventLoop& m_loop;
     ChosenMice m_chosen;
     std::vector<std::uint8_t> m_record;
     engine::Options m_options; ///< but for what each mouse has of its own
@@ -119,7 +119,7 @@ class RealMice final : public Backend, InputdListener {
     bool m_isShown = false;
     Timer m_restart;
     Timer::Clock::time_point m_cameAt;
-    std::unique_ptr<SystemBus> m_bus;
+    SystemBus m_bus;
     std::unique_ptr<InputdLink> m_link; ///< null without a bus
 };
 
