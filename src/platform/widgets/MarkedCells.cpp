@@ -1,0 +1,35 @@
+#include "platform/widgets/MarkedCells.h"
+
+#include <QPainter>
+
+#include "platform/widgets/ThemeColours.h"
+
+namespace quorvi {
+
+namespace {
+
+/// As high as a small letter.
+QRectF markIn(const QStyleOptionViewItem& option) {
+    const int side = option.fontMetrics.height() / 2;
+    const QRect cell = option.rect.adjusted(side / 2, 0, -side / 2, 0);
+    return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(side, side), cell);
+}
+
+} // namespace
+
+void MarkedCells::paint(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!index.data(markRole).toBool())
+        return;
+    const QRectF mark = markIn(option);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(cellTextColour(option));
+    painter->drawPolygon(
+        QPolygonF{mark.topLeft(), QPointF(mark.right(), mark.center().y()), mark.bottomLeft()});
+    painter->restore();
+}
+
+} // namespace quorvi
