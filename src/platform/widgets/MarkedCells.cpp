@@ -27,8 +27,10 @@ void MarkedCells::paint(
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(cellTextColour(option));
-    painter->drawPolygon(
-        QPolygonF{mark.topLeft(), QPointF(mark.right(), mark.center().y()), mark.bottomLeft()});
+    const bool mirrored = option.direction == Qt::RightToLeft;
+    const qreal base = mirrored ? mark.right() : mark.left();
+    const qreal point = mirrored ? mark.left() : mark.right();
+    painter->drawPolygon(QPolygonF{{base, mark.top()}, {point, mark.center().y()}, {base, mark.bottom()}});
     painter->restore();
 }
 

@@ -5,8 +5,8 @@
 
 namespace quorvi {
 
-/// A small triangle at the end of the cell, as players mark what they play. It points the same way in every
-/// language, as theirs do.
+/// A small triangle at the end of the cell, which points at the rest of the row: to the left in one that is
+/// read from the right.
 class MarkedCells : public QStyledItemDelegate {
   public:
     /// True for a cell with the mark.
