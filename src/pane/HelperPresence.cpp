@@ -51,6 +51,7 @@ void KyvarQuorviPane::makeLive() {
     fLive = std::make_unique<LiveHelper>(LiveHelper::Panel{
         .view = *fMainView, .views = fViews->main, .text = panelText(), .profileName = profileName});
     connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::updateConnectionUI);
+    connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(fLive.get(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
     connect(fLive.get(), &LiveHelper::failed, this,
         [this](const QString& text) { tellUser(Notice::outcome, text, NoticeSign::warning); });
