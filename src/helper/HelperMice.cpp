@@ -127,6 +127,8 @@ void Helper::miceChanged() {
 }
 
 void Helper::runningChanged() {
+    const auto now = running();
+    m_settings.noteRunning(now.profile, now.stage);
     noteRunning();
 }
 

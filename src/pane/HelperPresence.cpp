@@ -56,6 +56,7 @@ void KyvarQuorviPane::makeLive() {
         .profileName = profileName,
         .runSheet = [this](QDialog& sheet) { modalDialog(&sheet); }});
     connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::updateConnectionUI);
+    connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(fLive.get(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
     connect(fLive.get(), &LiveHelper::failed, this,
         [this](const QString& text) { tellUser(Notice::outcome, text, NoticeSign::warning); });
