@@ -72,7 +72,8 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     [[nodiscard]] bool isDemonstration() const override { return !m_mice.anyInUse(); }
     [[nodiscard]] std::uint32_t runningProfile() const override { return running().profile; }
     [[nodiscard]] std::uint32_t runningStage() const override { return running().stage; }
-    [[nodiscard]] std::string frontReason() const override { return m_frontReason; }
+    /// Empty as well while the mouse runs another profile than that, which its user has chosen there.
+    [[nodiscard]] std::string frontReason() const override;
     [[nodiscard]] std::uint16_t pressedInputs() const override;
 
   private:

@@ -9,6 +9,7 @@
 #include <QTabBar>
 
 #include "design/Languages.h"
+#include "platform/applications/ApplicationPanel.h"
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -158,6 +159,21 @@ class FitTest : public QObject {
             }
         QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
         QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
+    }
+
+    void theChooserOfApplicationsFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theChooserOfApplicationsFitsASmallScreenUncut() {
+        const SpokenInterface spoken(currentLanguage());
+        setInterfaceTextLookup([&](const QString& english) { return spoken.text(english); });
+        ApplicationPanel chooser;
+        setInterfaceTextLookup(nullptr);
+        chooser.setLayoutDirection(spoken.view->layoutDirection());
+        chooser.show();
+        chooser.findChild<QLabel*>("textReadingGames")->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&chooser));
+        QTRY_COMPARE(cutIn(chooser).join("; "), QString());
+        QVERIFY(chooser.width() <= kScreen.width() - kDecoration.width());
+        QVERIFY(chooser.height() <= kScreen.height() - kDecoration.height());
     }
 
     void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }

@@ -2,6 +2,7 @@
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
 #include "model/Trees.h"
+#include "platform/events/HelperCalls.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
 #include "support/Files.h"
@@ -22,6 +23,13 @@ class ChosenOnMouse : public FollowingHelper {
     void chooseNext() {
         EXPECT_EQ(pressSimulatedMouse(*bus, psn, sideButton), noErr);
         EXPECT_EQ(releaseSimulatedMouse(*bus, psn, sideButton), noErr);
+    }
+
+    /// Why the profile runs, as the panel says it.
+    [[nodiscard]] std::string reason() const {
+        HelperState state;
+        EXPECT_EQ(getHelperState(*bus, psn, state), noErr);
+        return state.frontReason;
     }
 
     X11Display display{folder.path()};
@@ -48,14 +56,17 @@ TEST_F(ChosenOnMouse, IsRunAgainWhenTheApplicationInFrontHasNone) {
 TEST_F(ChosenOnMouse, HoldsOverTheOneThatFollowsUntilAnotherApplicationComesToTheFront) {
     const auto window = display.windows().open(drawing);
     EXPECT_TRUE(comesToRun(ofDrawing));
+    EXPECT_EQ(reason(), "Drawing");
     chooseNext();
     EXPECT_TRUE(comesToRun(ofWriting));
+    EXPECT_EQ(reason(), "") << "its user has chosen it";
     const auto another = display.windows().open(other);
     EXPECT_TRUE(comesToSay("FrontApplication", "Other"));
     EXPECT_EQ(profile(), ofWriting);
     display.windows().close(another);
     display.windows().bringToFront(window);
     EXPECT_TRUE(comesToRun(ofDrawing));
+    EXPECT_EQ(reason(), "Drawing");
 }
 
 } // namespace
