@@ -31,7 +31,7 @@ Helper::Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::
         if (m_object)
             m_object->tellRunning();
         if (isDemonstration())
-            noteRunning();
+            runningChanged();
     });
     m_layout.onKeys([this](const engine::LetterKeys& keys) {
         for (auto* backend : m_backends)

@@ -66,12 +66,14 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
         const std::string& mouse, std::span<const std::uint16_t> codes) override;
     [[nodiscard]] MouseResult beginSetUp(
         const std::string& mouse, const ProcessSerialNumber& caller) override;
+    [[nodiscard]] MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) override;
     void endSetUp(const ProcessSerialNumber& caller) override;
     [[nodiscard]] bool hasService() const override { return m_mice.hasService(); }
     [[nodiscard]] bool isDemonstration() const override { return !m_mice.anyInUse(); }
     [[nodiscard]] std::uint32_t runningProfile() const override { return running().profile; }
     [[nodiscard]] std::uint32_t runningStage() const override { return running().stage; }
-    [[nodiscard]] std::string frontReason() const override { return m_frontReason; }
+    /// Empty as well while the mouse runs another profile than that, which its user has chosen there.
+    [[nodiscard]] std::string frontReason() const override;
     [[nodiscard]] std::uint16_t pressedInputs() const override;
 
   private:

@@ -27,8 +27,10 @@ engine::Running Helper::running() const {
 }
 
 void Helper::noteRunning() {
-    if (m_controls)
+    if (m_controls) {
         m_controls->tellRunning();
+        m_controls->tellFrontReason();
+    }
     const auto now = running();
     if (const auto shown = m_changes.note(now, profiles()))
         m_display.show(textOf(*shown, now, profiles(), Bundle(m_bundle.native())));
@@ -47,6 +49,11 @@ void Helper::setFrontReason(std::string reason) {
     m_frontReason = std::move(reason);
     if (m_controls)
         m_controls->tellFrontReason();
+}
+
+std::string Helper::frontReason() const {
+    const auto followed = followedProfile();
+    return followed && running().profile == *followed + 1 ? m_frontReason : std::string();
 }
 
 void Helper::press(std::uint8_t input) {
@@ -93,6 +100,10 @@ MouseResult Helper::beginSetUp(const std::string& mouse, const ProcessSerialNumb
     return result;
 }
 
+MouseResult Helper::watchKey(std::uint16_t code, const ProcessSerialNumber& caller) {
+    return m_setter == caller ? m_mice.watchKey(code) : MouseResult::notInUse;
+}
+
 void Helper::endSetUp(const ProcessSerialNumber& caller) {
     if (m_setter != caller)
         return;
@@ -123,6 +134,8 @@ void Helper::miceChanged() {
 }
 
 void Helper::runningChanged() {
+    const auto now = running();
+    m_settings.noteRunning(now.profile, now.stage);
     noteRunning();
 }
 
