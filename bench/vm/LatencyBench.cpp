@@ -1,7 +1,7 @@
 // How long a report of the mouse takes to its desktop through a program between them, what processor time
 // that takes, and what gets lost. Programs are measured in turn, round for round, in the machine that this
 // runs in.
-//   quorvi-bench-latency ROUNDS SECONDS NAME=DEVICE=COMMAND...
+//   quorvi-bench-latency ROUNDS SECONDS RATE,RATE... NAME=DEVICE=COMMAND...
 // DEVICE is the name of the virtual pointer that the command makes, which may be the mouse's own; NODE in the
 // command is the mouse's. Each program has to have the mouse for itself before it is measured.
 // Output: for each program and rate, tab-separated, medians over the rounds: name, rate, p50 and p99 in µs,
@@ -38,8 +38,6 @@ namespace {
 using test::ChildProcess;
 using test::FakeMouse;
 using Nanoseconds = std::int64_t;
-
-constexpr std::array rates{125, 1000, 8000};
 
 /// Reports are numbered from 1, since 0 would be no event, to this and from 1 again.
 constexpr int numbers = 4095;
@@ -221,6 +219,14 @@ Program parse(const std::string& text) {
     return {text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1)};
 }
 
+std::vector<int> parseRates(const std::string& text) {
+    std::vector<int> rates;
+    std::istringstream parts(text);
+    for (std::string part; std::getline(parts, part, ',');)
+        rates.push_back(std::max(std::atoi(part.c_str()), 1));
+    return rates;
+}
+
 std::string withNode(std::string command, const std::string& node) {
     for (auto at = command.find("NODE"); at != std::string::npos; at = command.find("NODE"))
         command.replace(at, 4, node);
@@ -245,7 +251,8 @@ std::string passingNode(const Program& program, FakeMouse& mouse) {
 }
 
 /// A round of the program, at all rates. False when it does not come up.
-bool run(const Program& program, int seconds, std::map<int, std::vector<Figures>>& rounds) {
+bool run(const Program& program, int seconds, const std::vector<int>& rates,
+    std::map<int, std::vector<Figures>>& rounds) {
     FakeMouse mouse;
     ChildProcess child({"/bin/sh", "-c", "exec " + withNode(program.command, mouse.node())});
     const auto node = passingNode(program, mouse);
@@ -274,17 +281,19 @@ auto median(std::vector<Figures> rounds, Field field) {
 
 int main(int argc, char** argv) {
     using namespace quorvi::bench;
-    if (argc < 4) {
-        std::fputs("usage: quorvi-bench-latency ROUNDS SECONDS NAME=DEVICE=COMMAND...\n", stderr);
+    if (argc < 5) {
+        std::fputs(
+            "usage: quorvi-bench-latency ROUNDS SECONDS RATE,RATE... NAME=DEVICE=COMMAND...\n", stderr);
         return 2;
     }
     std::vector<Program> programs;
-    for (int i = 3; i < argc; ++i)
+    const auto rates = parseRates(argv[3]);
+    for (int i = 4; i < argc; ++i)
         programs.push_back(parse(argv[i]));
     std::map<std::string, std::map<int, std::vector<Figures>>> figures;
     for (int round = 0; round < std::atoi(argv[1]); ++round) {
         for (const auto& program : programs)
-            if (!run(program, std::atoi(argv[2]), figures[program.name]))
+            if (!run(program, std::atoi(argv[2]), rates, figures[program.name]))
                 return 1;
         std::ranges::reverse(programs);
     }
