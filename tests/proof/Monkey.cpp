@@ -11,6 +11,8 @@
 #include "model/Keys.h"
 #include "proof/Rules.h"
 
+#include <qpa/qwindowsysteminterface.h>
+
 namespace quorvi::test {
 
 namespace {
@@ -67,6 +69,9 @@ void Monkey::turn() {
     scheduleTurn(); // before the action, which may run a loop of its own
     ++m_done;
     act();
+    // Before any timer: the platform without a display delivers what waits while it makes a window, and Qt 5
+    // does not survive a click that closes a submenu which it is just opening.
+    QWindowSystemInterface::sendWindowSystemEvents(QEventLoop::AllEvents);
 }
 
 void Monkey::act() {

@@ -112,7 +112,9 @@ class ProfilesByKeyboardTest : public QObject {
         walk.press({"Menu"});
         QVERIFY(walk.chooseItem(QStringLiteral("Assign Application…")));
         QCOMPARE(walk.focusBecomes(search), search);
-        QCOMPARE(walk.focusMovedBy("Tab"), QStringLiteral("list 'Applications'"));
+        // Qt 5 tells screen readers nothing of a list's state, so they have its focus from its rows alone.
+        const QString state = QT_VERSION_MAJOR < 6 ? QStringLiteral("out of sight: ") : QString();
+        QCOMPARE(walk.focusMovedBy("Tab"), state + QStringLiteral("list 'Applications'"));
         QCOMPARE(walk.focusAfter("Down", "list item 'Terminal'"), QStringLiteral("list item 'Terminal'"));
         QCOMPARE(walk.focusAfter("Escape", "cell '2'"), QStringLiteral("cell '2'"));
         QVERIFY(application() == u"Byte Editor");

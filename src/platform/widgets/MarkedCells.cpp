@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <array>
+
 #include "platform/widgets/ThemeColours.h"
 
 namespace quorvi {
@@ -30,7 +32,9 @@ void MarkedCells::paint(
     const bool mirrored = option.direction == Qt::RightToLeft;
     const qreal base = mirrored ? mark.right() : mark.left();
     const qreal point = mirrored ? mark.left() : mark.right();
-    painter->drawPolygon(QPolygonF{{base, mark.top()}, {point, mark.center().y()}, {base, mark.bottom()}});
+    const std::array corners{
+        QPointF(base, mark.top()), QPointF(point, mark.center().y()), QPointF(base, mark.bottom())};
+    painter->drawPolygon(corners.data(), int(corners.size()));
     painter->restore();
 }
 
