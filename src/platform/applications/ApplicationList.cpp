@@ -72,6 +72,7 @@ class ByName {
 void ApplicationList::setApplications(std::vector<InstalledApplication> applications) {
     beginResetModel();
     m_rows.clear();
+    m_rows.reserve(applications.size());
     for (auto& application : applications)
         m_rows.push_back({std::move(application), std::nullopt});
     std::sort(m_rows.begin(), m_rows.end(), ByName());
@@ -81,6 +82,7 @@ void ApplicationList::setApplications(std::vector<InstalledApplication> applicat
 void ApplicationList::addGames(std::vector<InstalledApplication> games) {
     removeEntriesOf(games);
     std::vector<Row> rows;
+    rows.reserve(games.size());
     for (auto& game : games)
         rows.push_back({std::move(game), std::nullopt});
     std::sort(rows.begin(), rows.end(), ByName());
