@@ -48,3 +48,9 @@ packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 packages_fuzz=(clang libclang-rt-dev)
 # Settings programs for mice, whose start bench/run --peers sets beside the panel's.
 packages_bench_peers=(lxinput xfce4-settings piper)
+# Programs that stand between a mouse and the desktop, which bench/vm/run --peers sets beside the service for real mice. They
+# are unpacked for a virtual machine (bench/vm/with-packages), and never installed; keyd is in Debian 13 only.
+packages_vm_peers=(interception-tools input-remapper-daemon)
+packages_vm_newer_peers=(keyd)
+# An X server that reads input devices, for bench/vm/xorg; unpacked like them.
+packages_vm_xorg=(dash xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-input-libinput x11-xkb-utils xkb-data)

@@ -1,16 +1,22 @@
 // How long a report of the mouse takes to its desktop through a program between them, what processor time
 // that takes, and what gets lost. Programs are measured in turn, round for round, in the machine that this
 // runs in.
-//   quorvi-bench-latency ROUNDS SECONDS NAME=DEVICE=COMMAND...
-// DEVICE is the name of the virtual pointer that the command makes; NODE in the command is the mouse's.
+//   quorvi-bench-latency ROUNDS SECONDS RATE,RATE... NAME=DEVICE=COMMAND...
+// DEVICE is the name of the virtual pointer that the command makes, which may be the mouse's own; NODE in the
+// command is the mouse's. Each program has to have the mouse for itself before it is measured.
 // Output: for each program and rate, tab-separated, medians over the rounds: name, rate, p50 and p99 in µs,
-// processor time in per cent, lost counts, sent counts.
+// processor time in per cent; then of all rounds the reports that were lost, those of them that the program
+// never read, those that the desktop's queue had no room for, and the reports that were sent. What a program
+// of several processes has read is not known.
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -22,8 +28,8 @@
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 
+#include "support/ChildProcess.h"
 #include "support/WaitUntil.h"
-#include "vm/support/Desk.h"
 #include "vm/support/FakeMouse.h"
 
 namespace quorvi::bench {
@@ -33,7 +39,8 @@ using test::ChildProcess;
 using test::FakeMouse;
 using Nanoseconds = std::int64_t;
 
-constexpr std::array rates{125, 1000, 8000};
+/// Reports are numbered from 1, since 0 would be no event, to this and from 1 again.
+constexpr int numbers = 4095;
 
 Nanoseconds now() {
     timespec time{};
@@ -47,33 +54,73 @@ struct Program {
     std::string command;
 };
 
+/// In reports.
+struct Counts {
+    long lost = 0;
+    long lostBefore = 0; ///< the program never read them
+    long lostAfter = 0;  ///< the desktop's queue had no room for them
+    long sent = 0;
+};
+
 struct Figures {
     double p50 = 0;
     double p99 = 0;
     double cpu = 0;
-    long lost = 0;
-    long sent = 0;
+    Counts reports;
 };
 
-/// Processor time of all threads of the process and of its children, from the scheduler, in nanoseconds.
-Nanoseconds processorTime(pid_t process) {
-    Nanoseconds time = 0;
-    const auto task = "/proc/" + std::to_string(process) + "/task/" + std::to_string(process);
-    std::ifstream("/proc/" + std::to_string(process) + "/schedstat") >> time;
-    std::ifstream children(task + "/children");
-    for (pid_t child = 0; children >> child;)
-        time += processorTime(child);
-    return time;
+/// The process, what it has started, and so on.
+std::vector<pid_t> family(pid_t process) {
+    std::vector<pid_t> all{process};
+    std::error_code gone;
+    for (const auto& task :
+        std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task", gone)) {
+        std::ifstream children(task.path() / "children");
+        for (pid_t child = 0; children >> child;)
+            std::ranges::copy(family(child), std::back_inserter(all));
+    }
+    return all;
 }
 
-std::string nodeNamed(const std::string& device) {
+/// Processor time of all threads of the process and of what it has started, from the scheduler.
+Nanoseconds processorTime(pid_t process) {
+    Nanoseconds sum = 0;
+    for (const auto member : family(process)) {
+        std::error_code gone;
+        for (const auto& task :
+            std::filesystem::directory_iterator("/proc/" + std::to_string(member) + "/task", gone)) {
+            Nanoseconds time = 0;
+            std::ifstream(task.path() / "schedstat") >> time;
+            sum += time;
+        }
+    }
+    return sum;
+}
+
+/// How many events of input devices the process has read so far, if that is all that it reads.
+long eventsRead(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/io");
+    std::string name;
+    long bytes = 0;
+    file >> name >> bytes; // "rchar:"
+    return bytes / static_cast<long>(sizeof(input_event));
+}
+
+/// The node of that name which is not the mouse's own.
+std::string nodeNamed(const std::string& device, const std::string& mouse) {
     for (int number = 0; number < 64; ++number) {
         std::string name;
         std::ifstream file("/sys/class/input/event" + std::to_string(number) + "/device/name");
-        if (std::getline(file, name) && name == device)
-            return "/dev/input/event" + std::to_string(number);
+        if (auto node = "/dev/input/event" + std::to_string(number);
+            node != mouse && std::getline(file, name) && name == device)
+            return node;
     }
     return {};
+}
+
+bool isTaken(const std::string& mouse) {
+    const inputd::Descriptor fd(open(mouse.c_str(), O_RDONLY | O_CLOEXEC));
+    return fd && ioctl(fd.get(), EVIOCGRAB, 1) < 0;
 }
 
 /// Reads what arrives, on a thread of its own. Counts carry the number of their report.
@@ -87,13 +134,15 @@ class Arrivals {
     }
     std::vector<Nanoseconds> delays;
     std::atomic<long> counts = 0;
+    /// Reports for which the queue of this reader had no room.
+    long dropped = 0;
 
   private:
     void run() {
         prctl(PR_SET_TIMERSLACK, 1);
         fcntl(m_fd.get(), F_SETFL, O_NONBLOCK);
         std::array<input_event, 64> events;
-        while (!m_ends) {
+        while (m_fd && !m_ends) {
             fd_set set;
             FD_ZERO(&set);
             FD_SET(m_fd.get(), &set);
@@ -107,8 +156,13 @@ class Arrivals {
         }
     }
     void take(const input_event& event, Nanoseconds time) {
+        if (event.type == EV_SYN && event.code == SYN_DROPPED)
+            m_isBehind = true;
         if (event.type != EV_REL || event.code != REL_X)
             return;
+        if (std::exchange(m_isBehind, false))
+            dropped += (event.value - m_last - 1 + numbers) % numbers;
+        m_last = event.value;
         counts += 1;
         delays.push_back(time - m_sent[static_cast<std::size_t>(event.value) % m_sent.size()]);
     }
@@ -116,15 +170,18 @@ class Arrivals {
     inputd::Descriptor m_fd;
     std::vector<std::atomic<Nanoseconds>>& m_sent;
     std::atomic<bool> m_ends = false;
+    bool m_isBehind = false;
+    int m_last = 0;
     std::thread m_thread;
 };
 
 Figures measure(FakeMouse& mouse, const std::string& node, pid_t process, int rate, int seconds) {
-    std::vector<std::atomic<Nanoseconds>> sent(4096);
+    std::vector<std::atomic<Nanoseconds>> sent(numbers + 1);
     Arrivals arrivals(node, sent);
     const long total = static_cast<long>(rate) * seconds;
     const auto period = 1'000'000'000LL / rate;
     const auto processorBefore = processorTime(process);
+    const auto readBefore = eventsRead(process);
     const auto begin = now();
     auto due = begin;
     for (long i = 0; i < total; ++i) {
@@ -134,7 +191,7 @@ Figures measure(FakeMouse& mouse, const std::string& node, pid_t process, int ra
         clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr);
         // A mouse that was kept waiting sends its next report a period later, and not all at once.
         due = std::max<Nanoseconds>(due, now() - period);
-        const auto number = static_cast<int>(i % 4095) + 1; // 0 would be no event
+        const auto number = static_cast<int>(i % numbers) + 1;
         sent[static_cast<std::size_t>(number)] = now();
         mouse.send({{FakeMouse::Part{EV_REL, REL_X, number}, FakeMouse::Part{EV_REL, REL_Y, 1}}});
     }
@@ -143,13 +200,17 @@ Figures measure(FakeMouse& mouse, const std::string& node, pid_t process, int ra
     const auto end = now() + 2'000'000'000LL;
     while (arrivals.counts < total && now() < end)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    constexpr long eventsOfReport = 3;
+    Counts reports{total - arrivals.counts, 0, arrivals.dropped, total};
+    if (family(process).size() == 1)
+        reports.lostBefore = std::max(0L, total - (eventsRead(process) - readBefore) / eventsOfReport);
     auto& delays = arrivals.delays;
     if (delays.empty())
-        return {0, 0, 0, total, total};
+        return {0, 0, 0, reports};
     std::ranges::sort(delays);
     return {static_cast<double>(delays[delays.size() / 2]) / 1000,
         static_cast<double>(delays[delays.size() * 99 / 100]) / 1000,
-        100.0 * static_cast<double>(processor) / static_cast<double>(passed), total - arrivals.counts, total};
+        100.0 * static_cast<double>(processor) / static_cast<double>(passed), reports};
 }
 
 Program parse(const std::string& text) {
@@ -158,35 +219,55 @@ Program parse(const std::string& text) {
     return {text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1)};
 }
 
+std::vector<int> parseRates(const std::string& text) {
+    std::vector<int> rates;
+    std::istringstream parts(text);
+    for (std::string part; std::getline(parts, part, ',');)
+        rates.push_back(std::max(std::atoi(part.c_str()), 1));
+    return rates;
+}
+
 std::string withNode(std::string command, const std::string& node) {
     for (auto at = command.find("NODE"); at != std::string::npos; at = command.find("NODE"))
         command.replace(at, 4, node);
     return command;
 }
 
+/// Waits until the program has the mouse for itself and what that does comes from the program's device.
+/// Gives its node, none when that does not happen.
+std::string passingNode(const Program& program, FakeMouse& mouse) {
+    std::string node;
+    const auto find = [&] { return !(node = nodeNamed(program.device, mouse.node())).empty(); };
+    if (!test::waitUntil(find))
+        return {};
+    test::settleUdev();
+    std::vector<std::atomic<Nanoseconds>> sent(numbers + 1);
+    Arrivals arrivals(node, sent);
+    const auto passes = [&] {
+        mouse.move(1, 1);
+        return arrivals.counts > 0 && isTaken(mouse.node());
+    };
+    return test::waitUntil(passes) ? node : std::string();
+}
+
 /// A round of the program, at all rates. False when it does not come up.
-bool run(const Program& program, int seconds, std::map<int, std::vector<Figures>>& rounds) {
+bool run(const Program& program, int seconds, const std::vector<int>& rates,
+    std::map<int, std::vector<Figures>>& rounds) {
     FakeMouse mouse;
     ChildProcess child({"/bin/sh", "-c", "exec " + withNode(program.command, mouse.node())});
-    if (!test::waitUntil([&] { return !nodeNamed(program.device).empty(); })) {
-        std::fprintf(stderr, "%s: %s\n", program.name.c_str(), child.readError().c_str());
-        return false;
+    const auto node = passingNode(program, mouse);
+    if (!node.empty()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200)); // what was moved is behind us
+        for (const int rate : rates)
+            rounds[rate].push_back(measure(mouse, node, child.pid(), rate, seconds));
     }
-    test::settleUdev();
-    test::Desk desk;
-    // It has taken the mouse when what that does comes from its own device.
-    if (!desk.waitUntil([&] {
-            mouse.move(1, 1);
-            for (const auto& event : desk.events())
-                if (event.device == program.device)
-                    return true;
-            return false;
-        }))
-        return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(200)); // what was moved is behind us
-    for (const int rate : rates)
-        rounds[rate].push_back(measure(mouse, nodeNamed(program.device), child.pid(), rate, seconds));
-    return true;
+    // What it has started goes with it.
+    for (const auto member : family(child.pid()))
+        kill(member, SIGKILL);
+    if (node.empty())
+        std::fprintf(
+            stderr, "%s does not pass the mouse on: %s\n", program.name.c_str(), child.readError().c_str());
+    return !node.empty();
 }
 
 template <typename Field>
@@ -200,31 +281,34 @@ auto median(std::vector<Figures> rounds, Field field) {
 
 int main(int argc, char** argv) {
     using namespace quorvi::bench;
-    if (argc < 4) {
-        std::fputs("usage: quorvi-bench-latency ROUNDS SECONDS NAME=DEVICE=COMMAND...\n", stderr);
+    if (argc < 5) {
+        std::fputs(
+            "usage: quorvi-bench-latency ROUNDS SECONDS RATE,RATE... NAME=DEVICE=COMMAND...\n", stderr);
         return 2;
     }
     std::vector<Program> programs;
-    for (int i = 3; i < argc; ++i)
+    const auto rates = parseRates(argv[3]);
+    for (int i = 4; i < argc; ++i)
         programs.push_back(parse(argv[i]));
     std::map<std::string, std::map<int, std::vector<Figures>>> figures;
     for (int round = 0; round < std::atoi(argv[1]); ++round) {
         for (const auto& program : programs)
-            if (!run(program, std::atoi(argv[2]), figures[program.name]))
+            if (!run(program, std::atoi(argv[2]), rates, figures[program.name]))
                 return 1;
         std::ranges::reverse(programs);
     }
     for (const auto& [name, byRate] : figures)
         for (const auto& [rate, rounds] : byRate) {
-            long lost = 0;
-            long sent = 0;
+            Counts all;
             for (const auto& each : rounds) {
-                lost += each.lost;
-                sent += each.sent;
+                all.lost += each.reports.lost;
+                all.lostBefore += each.reports.lostBefore;
+                all.lostAfter += each.reports.lostAfter;
+                all.sent += each.reports.sent;
             }
-            std::printf("%s\t%d\t%.0f\t%.0f\t%.2f\t%ld\t%ld\n", name.c_str(), rate,
+            std::printf("%s\t%d\t%.0f\t%.0f\t%.2f\t%ld\t%ld\t%ld\t%ld\n", name.c_str(), rate,
                 median(rounds, &Figures::p50), median(rounds, &Figures::p99), median(rounds, &Figures::cpu),
-                lost, sent);
+                all.lost, all.lostBefore, all.lostAfter, all.sent);
         }
     return 0;
 }

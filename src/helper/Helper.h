@@ -66,6 +66,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
         const std::string& mouse, std::span<const std::uint16_t> codes) override;
     [[nodiscard]] MouseResult beginSetUp(
         const std::string& mouse, const ProcessSerialNumber& caller) override;
+    [[nodiscard]] MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) override;
     void endSetUp(const ProcessSerialNumber& caller) override;
     [[nodiscard]] bool hasService() const override { return m_mice.hasService(); }
     [[nodiscard]] bool isDemonstration() const override { return !m_mice.anyInUse(); }

@@ -100,6 +100,10 @@ MouseResult Helper::beginSetUp(const std::string& mouse, const ProcessSerialNumb
     return result;
 }
 
+MouseResult Helper::watchKey(std::uint16_t code, const ProcessSerialNumber& caller) {
+    return m_setter == caller ? m_mice.watchKey(code) : MouseResult::notInUse;
+}
+
 void Helper::endSetUp(const ProcessSerialNumber& caller) {
     if (m_setter != caller)
         return;

@@ -293,17 +293,20 @@ class LiveHelperTest : public QObject {
     }
 
     void theTabKeyGoesThroughTheMice() {
-        Panel panel({.mice = {mouse("1", "First", false, "unused"), mouse("2", "Second", false, "unused")}});
+        Panel panel({.mice = {mouse("2", "Second", false, "unused")}});
         panel.selectTab(kDeviceTab);
-        QTRY_VERIFY(panel.box(2));
+        QTRY_VERIFY(panel.box(1));
+        panel.telling->change(
+            [](auto& told) { told.mice.insert(told.mice.begin(), mouse("1", "First", true, "driven")); });
+        QTRY_VERIFY(panel.box(2) && panel.box(2)->isVisible());
         QStringList stops;
         panel.find<QWidget>("quorviButtonRestoreDefaults")->setFocus();
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 4; ++i) {
             QTest::keyClick(panel.window->focusWidget(), Qt::Key_Tab);
             stops << panel.window->focusWidget()->objectName();
         }
-        QCOMPARE(
-            stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviBoxMouse2 quorviButtonCheckForUpdates"));
+        QCOMPARE(stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviButtonSetUpMouse1 quorviBoxMouse2 "
+                                                 "quorviButtonCheckForUpdates"));
         panel.box(2)->setFocus();
         QTest::keyClick(panel.box(2), Qt::Key_Space);
         QTRY_COMPARE(panel.telling->asked(), QStringList{"use 2 1"});

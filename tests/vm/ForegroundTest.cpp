@@ -1,5 +1,6 @@
 // One mouse driven by hand.
 #include <csignal>
+#include <numeric>
 
 #include <gtest/gtest.h>
 
@@ -7,6 +8,33 @@
 
 namespace quorvi::test {
 namespace {
+
+class StoppedTest : public DrivenTest {
+  protected:
+    /// Reports of one to that many counts while the service stands still; those of them that reach the
+    /// desktop once it goes on.
+    [[nodiscard]] std::vector<int> passedAfter(int reports) {
+        inputd->signal(SIGSTOP);
+        for (int counts = 1; counts <= reports; ++counts)
+            mouse.move(counts, 0);
+        inputd->signal(SIGCONT);
+        std::vector<int> passed;
+        EXPECT_TRUE(desk.waitUntil([&] {
+            passed.clear();
+            for (const auto& event : desk.events())
+                if (event.type == EV_REL && event.code == REL_X)
+                    passed.push_back(event.value);
+            return !passed.empty() && passed.back() == reports;
+        }));
+        return passed;
+    }
+    /// The last of so many reports.
+    [[nodiscard]] static std::vector<int> last(int count, int reports) {
+        std::vector<int> numbers(static_cast<std::size_t>(count));
+        std::iota(numbers.begin(), numbers.end(), reports - count + 1);
+        return numbers;
+    }
+};
 
 TEST_F(DrivenTest, AButtonTypesItsKeyAndMovesReachTheDesktopThroughTheVirtualPointer) {
     drive(TestRecord().function(1, 4, kSingleKey, kUsageA));
@@ -27,6 +55,19 @@ TEST_F(DrivenTest, TheVirtualPointerIsThereOnlyWhileAMouseIsDriven) {
     inputd->signal(SIGTERM);
     EXPECT_EQ(inputd->wait(), 0);
     EXPECT_TRUE(desk.waitForNoDevice("Quorvi virtual pointer"));
+}
+
+// A mouse's queue in the kernel has room for 128 events, here of two a report.
+TEST_F(StoppedTest, LosesNothingThatTheKernelHadRoomFor) {
+    drive(TestRecord());
+    EXPECT_EQ(passedAfter(63), last(63, 63));
+}
+
+// When it is full, the kernel keeps the newest event and a note that there were more, and goes on from there.
+// Of 400 events those after the 380th are left, which ended a report itself.
+TEST_F(StoppedTest, PassesOnWhatTheKernelStillHasOfAQueueThatRanOver) {
+    drive(TestRecord());
+    EXPECT_EQ(passedAfter(200), last(10, 200));
 }
 
 } // namespace

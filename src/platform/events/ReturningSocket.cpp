@@ -1,4 +1,4 @@
-#include "helper/front/ReturningSocket.h"
+#include "platform/events/ReturningSocket.h"
 
 #include <array>
 #include <string_view>
@@ -6,7 +6,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-namespace quorvi::front {
+namespace quorvi {
 
 namespace {
 
@@ -15,29 +15,29 @@ constexpr auto betweenTries = std::chrono::milliseconds(100);
 
 } // namespace
 
-ReturningSocket::ReturningSocket(Descriptors& descriptors, std::filesystem::path socket, Connect connect)
-    : m_descriptors(descriptors), m_socket(std::move(socket)), m_connect(std::move(connect)) {
+ReturningSocket::ReturningSocket(EventLoop& loop, std::filesystem::path socket, Connect connect)
+    : m_loop(loop), m_socket(std::move(socket)), m_connect(std::move(connect)) {
     if (m_timer.fd() >= 0)
-        m_descriptors.watch(m_timer.fd(), [this] { tryAgain(); });
+        m_loop.watch(m_timer.fd(), [this] { tryAgain(); });
 }
 
 ReturningSocket::~ReturningSocket() {
     stop();
-    m_descriptors.unwatch(m_timer.fd());
+    m_loop.unwatch(m_timer.fd());
 }
 
-void ReturningSocket::wait() {
+void ReturningSocket::wait(std::chrono::milliseconds pause) {
     if (m_inotify >= 0)
         return;
     m_inotify = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
     if (m_inotify < 0)
         return;
     inotify_add_watch(m_inotify, m_socket.parent_path().c_str(), IN_CREATE | IN_MOVED_TO);
-    m_descriptors.watch(m_inotify, [this] { look(); });
+    m_loop.watch(m_inotify, [this] { look(); });
     // It may have come between the loss and the watch.
     std::error_code error;
     if (std::filesystem::exists(m_socket, error))
-        retryLater();
+        tryAfter(pause);
 }
 
 void ReturningSocket::look() {
@@ -62,22 +62,22 @@ void ReturningSocket::tryAgain() {
     if (m_connect())
         stop();
     else if (--m_triesLeft > 0)
-        retryLater();
+        tryAfter(betweenTries);
 }
 
-void ReturningSocket::retryLater() {
+void ReturningSocket::tryAfter(std::chrono::milliseconds pause) {
     if (m_triesLeft <= 0)
         m_triesLeft = triesForOne;
-    m_timer.set(Timer::Clock::now() + betweenTries);
+    m_timer.set(Timer::Clock::now() + pause);
 }
 
 void ReturningSocket::stop() {
     m_timer.set(std::nullopt);
     if (m_inotify < 0)
         return;
-    m_descriptors.unwatch(m_inotify);
+    m_loop.unwatch(m_inotify);
     close(m_inotify);
     m_inotify = -1;
 }
 
-} // namespace quorvi::front
+} // namespace quorvi
