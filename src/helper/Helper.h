@@ -82,6 +82,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     void sendDeviceList();
     [[nodiscard]] engine::Running running() const;
     void noteRunning();
+    void tellFrontReason();
     void expectSaved(const SettingsRecord& before);
     void miceChanged() override;
     void runningChanged() override;
@@ -108,6 +109,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     std::unique_ptr<HelperObject> m_controls;
     std::function<void()> m_profilesRead;
     std::string m_frontReason;
+    std::string m_toldReason; ///< what frontReason() was when it was told
     std::filesystem::path m_bundle;
     RunningChanges m_changes;
     ScreenDisplay m_display;
