@@ -43,8 +43,6 @@ void Helper::expectSaved(const SettingsRecord& before) {
 }
 
 void Helper::setFrontReason(std::string reason) {
-    if (reason == m_frontReason)
-        return;
     m_frontReason = std::move(reason);
     tellFrontReason();
 }
