@@ -72,14 +72,30 @@ install(CODE "set(QUORVI_INPUTD \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBEX
 
 # The libraries that know nothing of windows, for drivers and helpers of the device.
 set(QUORVI_LIBRARIES plist model keyboard)
+
+# Their headers for other programs: docs/HEADERS.md lists them, a folder in each row of the section's table.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/HEADERS.md")
+file(READ "${PROJECT_SOURCE_DIR}/docs/HEADERS.md" listed)
+string(REGEX REPLACE ".*\n## For other programs\n" "" listed "${listed}")
+string(REGEX REPLACE "\n## .*" "" listed "${listed}")
+function(quorvi_public_headers folder result)
+    string(REGEX MATCH "\n\\| `src/${folder}` [^\n]*" row "${listed}")
+    string(REGEX MATCHALL "`[A-Za-z]+`" names "${row}")
+    list(TRANSFORM names REPLACE "`(.*)`" "${PROJECT_SOURCE_DIR}/src/${folder}/\\1.h")
+    if(NOT names)
+        message(FATAL_ERROR "docs/HEADERS.md lists no headers of src/${folder} for other programs")
+    endif()
+    set(${result} "${names}" PARENT_SCOPE)
+endfunction()
+
 foreach(library IN LISTS QUORVI_LIBRARIES)
     set_target_properties(quorvi-${library} PROPERTIES EXPORT_NAME ${library})
     target_include_directories(quorvi-${library} PUBLIC "$<INSTALL_INTERFACE:${QUORVI_INSTALL_INCLUDE}>")
     target_compile_features(quorvi-${library} PUBLIC cxx_std_20)
     install(TARGETS quorvi-${library} EXPORT KyvarQuorviTargets
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${library}"
-        DESTINATION "${QUORVI_INSTALL_INCLUDE}" COMPONENT development FILES_MATCHING PATTERN "*.h")
+    quorvi_public_headers(${library} headers)
+    install(FILES ${headers} DESTINATION "${QUORVI_INSTALL_INCLUDE}/${library}" COMPONENT development)
 endforeach()
 install(EXPORT KyvarQuorviTargets NAMESPACE KyvarQuorvi::
     DESTINATION "${QUORVI_INSTALL_CMAKE}" COMPONENT development)

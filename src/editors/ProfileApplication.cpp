@@ -25,7 +25,8 @@ void KyvarQuorviPane::showApplicationPanel() {
 
 void KyvarQuorviPane::askForApplication() {
     setInterfaceTextLookup([this](const QString& english) { return locString(english); });
-    const QPointer<ApplicationPanel> panel = new ApplicationPanel(fMainView);
+    const QPointer<ApplicationPanel> panel =
+        new ApplicationPanel(fMainView, {.home = fServices.homeFolder, .text = panelText()});
     setInterfaceTextLookup(nullptr);
     const int returnCode = modalDialog(panel);
     if (!panel)
@@ -35,18 +36,21 @@ void KyvarQuorviPane::askForApplication() {
 }
 
 void KyvarQuorviPane::assignApplication(const ApplicationPanel* panel, int returnCode) {
-    if (returnCode == QDialog::Accepted)
-        assignApplication(panel->chosenPath());
+    const auto application = returnCode == QDialog::Accepted ? panel->chosen() : std::nullopt;
+    if (application)
+        bindToApplication(*application);
 }
 
 void KyvarQuorviPane::assignApplication(const QString& path) {
-    const auto application = applicationInformation(path);
-    if (!application)
-        return;
-    fDriverData.set(keys::application, application->name);
-    fDriverData.set(keys::identifier, application->identifier);
-    fDriverData.set(keys::signature, application->signature);
-    fDriverData.set(keys::executable, application->executable);
+    if (const auto application = applicationInformation(path))
+        bindToApplication(*application);
+}
+
+void KyvarQuorviPane::bindToApplication(const ApplicationInformation& application) {
+    fDriverData.set(keys::application, application.name);
+    fDriverData.set(keys::identifier, application.identifier);
+    fDriverData.set(keys::signature, application.signature);
+    fDriverData.set(keys::executable, application.executable);
     showProfileApplication();
     saveSettings(fDeviceConfig);
 }

@@ -1,9 +1,11 @@
 #include "editors/TableModel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "platform/widgets/MarkedCells.h"
 #include "platform/widgets/ShownText.h"
 
 namespace quorvi {
@@ -40,6 +42,19 @@ void TableModel::setColumnEnabled(int columnIdentifier, bool enabled) {
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
+void TableModel::setMark(int row, const QString& why) {
+    const int before = std::exchange(m_markedRow, row);
+    if (std::exchange(m_markText, why) == why && before == row)
+        return;
+    for (const int changed : {before, row})
+        if (changed >= 0 && changed < rowCount())
+            emit dataChanged(index(changed, 0), index(changed, 0));
+}
+
+bool TableModel::isMarked(const QModelIndex& index) const {
+    return index.row() == m_markedRow && index.column() == 0;
+}
+
 int TableModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : m_pane->numberOfRowsInTableView(m_tableTag);
 }
@@ -62,6 +77,10 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return {};
     const int identifier = identifierOf(index);
     const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
+    if (role == MarkedCells::markRole)
+        return isMarked(index);
+    if (role == Qt::ToolTipRole && isMarked(index))
+        return m_markText;
     if (role == Qt::ToolTipRole)
         return explanation(identifier, value());
     if (role == Qt::AccessibleTextRole)

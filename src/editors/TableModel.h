@@ -24,6 +24,10 @@ class TableModel : public QAbstractTableModel {
     /// Greys the column's cells and refuses edits of them, or takes that back.
     void setColumnEnabled(int columnIdentifier, bool enabled);
 
+    /// Marks the row, -1 for none, by a sign beside its number. The text says why, to the pointer that rests
+    /// there and to screen readers.
+    void setMark(int row, const QString& why);
+
     /// The position of the column; -1 when the table has none like that.
     [[nodiscard]] int columnOf(int columnIdentifier) const;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -37,11 +41,14 @@ class TableModel : public QAbstractTableModel {
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;
     [[nodiscard]] QVariant spokenText(int columnIdentifier, const QVariant& value) const;
     [[nodiscard]] QVariant explanation(int columnIdentifier, const QVariant& value) const;
+    [[nodiscard]] bool isMarked(const QModelIndex& index) const;
 
     KyvarQuorviPane* m_pane;
     int m_tableTag;
     std::span<const TableColumn> m_columns;
     std::set<int> m_disabledColumns;
+    int m_markedRow = -1;
+    QString m_markText;
 };
 
 } // namespace quorvi

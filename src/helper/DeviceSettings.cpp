@@ -23,6 +23,12 @@ bool isMissing(const std::filesystem::path& file) {
            std::filesystem::status(file, error).type() == std::filesystem::file_type::not_found;
 }
 
+/// The polling rate is the mouse's, whatever runs.
+bool isSameChoice(const SettingsRecord& a, SettingsRecord b) {
+    b.pollingCode = a.pollingCode;
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
 } // namespace
 
 SettingsFiles SettingsFiles::ofThisProcess() {
@@ -40,11 +46,23 @@ bool DeviceSettings::reload() {
 }
 
 bool DeviceSettings::follow(std::optional<std::size_t> profile) {
+    if (const auto onMouse = std::exchange(m_onMouse, {}))
+        m_chosen = *onMouse;
     m_followed = profile;
     if (!m_record)
         return false;
     const auto before = std::exchange(m_record->settings, settingsToRun());
-    return std::memcmp(&before, &m_record->settings, sizeof before) != 0;
+    return !isSameChoice(before, m_record->settings);
+}
+
+void DeviceSettings::noteRunning(std::uint32_t profile, std::uint32_t stage) {
+    if (!m_record || profile == 0 || profile > m_profiles.size())
+        return;
+    const auto& told = m_record->settings;
+    const bool isAsTold = profile == told.profileId && (isFollowing() || stage == told.stage);
+    m_onMouse.reset();
+    if (!isAsTold)
+        m_onMouse = settingsIn(m_record->profiles[profile - 1U], static_cast<std::uint8_t>(stage));
 }
 
 std::span<const std::uint8_t> DeviceSettings::record() const {
@@ -58,25 +76,40 @@ bool DeviceSettings::take(const plist::Dictionary& tree) {
     if (!KyvarConfigDictToStruct(tree, record.get()))
         return false;
     m_record = std::move(record);
-    m_chosen = m_record->settings;
     m_profiles = profilesOfSlots(tree);
+    // What the panel has chosen anew holds. A save of anything else leaves what was chosen on the mouse.
+    const bool choosesAnew = !isSameChoice(std::exchange(m_saved, m_record->settings), m_record->settings);
+    if (choosesAnew || !isThere(m_chosen))
+        m_chosen = m_saved;
+    if (choosesAnew || (m_onMouse && !isThere(*m_onMouse)))
+        m_onMouse.reset();
     m_acceleration = accelerationOfSlots(m_profiles);
     m_record->settings = settingsToRun();
     return true;
 }
 
-SettingsRecord DeviceSettings::settingsToRun() const {
-    if (!m_followed || *m_followed >= m_profiles.size())
-        return m_chosen;
-    const auto& profile = m_record->profiles[*m_followed];
-    auto settings = m_chosen;
+bool DeviceSettings::isThere(const SettingsRecord& settings) const {
+    return settings.profileId >= 1 && settings.profileId <= m_profiles.size();
+}
+
+SettingsRecord DeviceSettings::settingsIn(const ProfileRecord& profile, std::uint8_t stage) const {
+    auto settings = m_saved;
     settings.profileId = profile.number;
-    settings.stage = profile.defaultStage;
-    if (profile.defaultStage >= 1 && profile.defaultStage <= profile.stages.size()) {
-        const auto& stage = profile.stages[profile.defaultStage - 1U];
-        settings.dpiXCode = stage.dpiXCode;
-        settings.dpiYCode = stage.dpiYCode;
+    settings.stage = stage;
+    if (stage >= 1 && stage <= profile.stages.size()) {
+        settings.dpiXCode = profile.stages[stage - 1U].dpiXCode;
+        settings.dpiYCode = profile.stages[stage - 1U].dpiYCode;
     }
+    return settings;
+}
+
+SettingsRecord DeviceSettings::settingsToRun() const {
+    auto settings = m_chosen;
+    if (isFollowing()) {
+        const auto& profile = m_record->profiles[*m_followed];
+        settings = settingsIn(profile, profile.defaultStage);
+    }
+    settings.pollingCode = m_saved.pollingCode;
     return settings;
 }
 

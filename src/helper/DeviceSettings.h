@@ -43,9 +43,16 @@ class DeviceSettings {
 
     /// Has the record run this profile (an index of profiles()) from its default stage on, whichever one its
     /// user chose; nothing gives theirs back, stage and sensitivity with it, and so does an index that no
-    /// profile has. It is kept across reloads, and writes nothing. False when the record is as before.
+    /// profile has. Theirs is what was chosen last, in the panel or on the mouse. It is kept across reloads,
+    /// and writes nothing. False when the record is as before.
     bool follow(std::optional<std::size_t> profile);
     [[nodiscard]] std::optional<std::size_t> followed() const { return m_followed; }
+
+    /// The mouse says that it runs this profile and stage, numbers from 1. Others than the record's were
+    /// chosen by its own buttons, and count as what the user chose until the panel saves another choice.
+    /// While a profile is followed only another profile counts: stages of the followed one are its own
+    /// affair, and who comes back to it has thought better of it.
+    void noteRunning(std::uint32_t profile, std::uint32_t stage);
 
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const;
@@ -61,11 +68,16 @@ class DeviceSettings {
   private:
     /// False, with the old record kept, when the tree gives no record.
     bool take(const plist::Dictionary& tree);
+    [[nodiscard]] bool isFollowing() const { return m_followed && *m_followed < m_profiles.size(); }
+    [[nodiscard]] bool isThere(const SettingsRecord& settings) const;
+    [[nodiscard]] SettingsRecord settingsIn(const ProfileRecord& profile, std::uint8_t stage) const;
     [[nodiscard]] SettingsRecord settingsToRun() const;
 
     SettingsFiles m_files;
-    std::unique_ptr<ConfigRecord> m_record; ///< with the settings that run
-    SettingsRecord m_chosen{};              ///< the settings as the user chose them
+    std::unique_ptr<ConfigRecord> m_record;  ///< with the settings that run
+    SettingsRecord m_saved{};                ///< the settings as the file has them
+    SettingsRecord m_chosen{};               ///< those that run while no profile is followed
+    std::optional<SettingsRecord> m_onMouse; ///< what was chosen there since the record was made
     std::optional<std::size_t> m_followed;
     plist::Array m_profiles;
     std::array<float, limits::profiles> m_acceleration{};

@@ -31,7 +31,7 @@ Helper::Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::
         if (m_object)
             m_object->tellRunning();
         if (isDemonstration())
-            noteRunning();
+            runningChanged();
     });
     m_layout.onKeys([this](const engine::LetterKeys& keys) {
         for (auto* backend : m_backends)
@@ -136,6 +136,7 @@ void Helper::giveRecord() {
 void Helper::followProfile(std::optional<std::size_t> profile) {
     if (profile != m_settings.followed() && m_settings.follow(profile))
         giveRecord();
+    tellFrontReason(); // which was given first, and holds from now on
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {

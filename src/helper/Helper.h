@@ -66,12 +66,14 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
         const std::string& mouse, std::span<const std::uint16_t> codes) override;
     [[nodiscard]] MouseResult beginSetUp(
         const std::string& mouse, const ProcessSerialNumber& caller) override;
+    [[nodiscard]] MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) override;
     void endSetUp(const ProcessSerialNumber& caller) override;
     [[nodiscard]] bool hasService() const override { return m_mice.hasService(); }
     [[nodiscard]] bool isDemonstration() const override { return !m_mice.anyInUse(); }
     [[nodiscard]] std::uint32_t runningProfile() const override { return running().profile; }
     [[nodiscard]] std::uint32_t runningStage() const override { return running().stage; }
-    [[nodiscard]] std::string frontReason() const override { return m_frontReason; }
+    /// Empty as well while the mouse runs another profile than that, which its user has chosen there.
+    [[nodiscard]] std::string frontReason() const override;
     [[nodiscard]] std::uint16_t pressedInputs() const override;
 
   private:
@@ -80,6 +82,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     void sendDeviceList();
     [[nodiscard]] engine::Running running() const;
     void noteRunning();
+    void tellFrontReason();
     void expectSaved(const SettingsRecord& before);
     void miceChanged() override;
     void runningChanged() override;
@@ -105,7 +108,8 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     std::unique_ptr<SimulatedMouseObject> m_object;
     std::unique_ptr<HelperObject> m_controls;
     std::function<void()> m_profilesRead;
-    std::string m_frontReason;
+    std::string m_frontReason;     ///< see setFrontReason()
+    std::string m_toldFrontReason; ///< what frontReason() was when that was told last
     std::filesystem::path m_bundle;
     RunningChanges m_changes;
     ScreenDisplay m_display;

@@ -29,6 +29,7 @@ engine::Running Helper::running() const {
 void Helper::noteRunning() {
     if (m_controls)
         m_controls->tellRunning();
+    tellFrontReason();
     const auto now = running();
     if (const auto shown = m_changes.note(now, profiles()))
         m_display.show(textOf(*shown, now, profiles(), Bundle(m_bundle.native())));
@@ -42,11 +43,23 @@ void Helper::expectSaved(const SettingsRecord& before) {
 }
 
 void Helper::setFrontReason(std::string reason) {
-    if (reason == m_frontReason)
-        return;
     m_frontReason = std::move(reason);
+    tellFrontReason();
+}
+
+/// It depends on what runs too, and mostly does not change with it.
+void Helper::tellFrontReason() {
+    auto now = frontReason();
+    if (now == m_toldFrontReason)
+        return;
+    m_toldFrontReason = std::move(now);
     if (m_controls)
         m_controls->tellFrontReason();
+}
+
+std::string Helper::frontReason() const {
+    const auto followed = followedProfile();
+    return followed && running().profile == *followed + 1 ? m_frontReason : std::string();
 }
 
 void Helper::press(std::uint8_t input) {
@@ -93,6 +106,10 @@ MouseResult Helper::beginSetUp(const std::string& mouse, const ProcessSerialNumb
     return result;
 }
 
+MouseResult Helper::watchKey(std::uint16_t code, const ProcessSerialNumber& caller) {
+    return m_setter == caller ? m_mice.watchKey(code) : MouseResult::notInUse;
+}
+
 void Helper::endSetUp(const ProcessSerialNumber& caller) {
     if (m_setter != caller)
         return;
@@ -123,6 +140,8 @@ void Helper::miceChanged() {
 }
 
 void Helper::runningChanged() {
+    const auto now = running();
+    m_settings.noteRunning(now.profile, now.stage);
     noteRunning();
 }
 

@@ -2,10 +2,12 @@
 
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 #include "live/ConnectionText.h"
 #include "live/MiceOfComputer.h"
+#include "live/MouseSetUp.h"
 #include "live/RunningProfile.h"
 
 namespace quorvi {
@@ -16,9 +18,14 @@ LiveHelper::LiveHelper(Panel panel) : m_panel(std::move(panel)), m_view(&m_panel
             m_follower->enableGnomeExtension();
     });
     connect(m_panel.views.listMice, &MiceList::useChosen, this, &LiveHelper::useMouse);
+    // The list may change while the sheet is open, and the button that was clicked go.
+    connect(
+        m_panel.views.listMice, &MiceList::setUpChosen, this, &LiveHelper::setUpMouse, Qt::QueuedConnection);
     connect(
         m_panel.views.listMice, &MiceList::stopsChanged, this, [this] { orderStopsOfMice(m_panel.views); });
 }
+
+LiveHelper::~LiveHelper() = default;
 
 void LiveHelper::follow(const EventBus& bus, const ProcessSerialNumber& helper) {
     if (std::exchange(m_helper, helper) == helper)
@@ -26,6 +33,8 @@ void LiveHelper::follow(const EventBus& bus, const ProcessSerialNumber& helper) 
     forgetFollower();
     if (helper != ProcessSerialNumber{})
         m_follower = std::make_unique<HelperFollower>(bus, helper, static_cast<HelperNewsListener&>(*this));
+    if (m_setUp)
+        m_setUp->setFollower(m_follower.get());
     helperStateChanged();
 }
 
@@ -37,6 +46,8 @@ void LiveHelper::stop() {
 
 // What is down is not known any more.
 void LiveHelper::forgetFollower() {
+    if (m_setUp)
+        m_setUp->setFollower(nullptr);
     m_follower.reset();
     if (m_view)
         m_panel.views.viewMouse->marks().setOnly(0, InputMarks::Reported);
@@ -80,6 +91,20 @@ void LiveHelper::useMouse(const QString& id, bool inUse) {
     });
 }
 
+void LiveHelper::setUpMouse(const QString& id) {
+    const auto mouse = std::ranges::find(state().mice, id.toStdString(), &ListedHelperMouse::id);
+    if (!m_view || m_setUp || mouse == state().mice.end())
+        return;
+    QDialog& sheet = m_panel.setUpPanel;
+    m_setUp =
+        std::make_unique<MouseSetUp>(MouseSetUp::Sheet{sheet, m_panel.setUpViews, m_panel.text}, *mouse);
+    m_setUp->setFollower(m_follower.get());
+    const QPointer self(this);
+    m_panel.runSheet(sheet);
+    if (self)
+        m_setUp.reset();
+}
+
 // Several changes come at once; they are shown once, when the bus has been dealt with.
 void LiveHelper::helperStateChanged() {
     if (std::exchange(m_showScheduled, true))
@@ -89,6 +114,8 @@ void LiveHelper::helperStateChanged() {
         [this] {
             m_showScheduled = false;
             show();
+            if (m_setUp)
+                m_setUp->helperChanged();
             emit changed();
             const std::pair running(state().runningProfile, state().runningStage);
             if (std::exchange(m_running, running) != running)
@@ -107,6 +134,14 @@ void LiveHelper::helperInputChanged(const std::string& /*mouse*/, int input, boo
         m_panel.views.viewMouse->reportInput(input, pressed);
 }
 
-void LiveHelper::helperCodeChanged(const std::string& /*mouse*/, std::uint16_t /*code*/, bool /*pressed*/) {}
+void LiveHelper::helperCodeChanged(const std::string& mouse, std::uint16_t code, bool pressed) {
+    QMetaObject::invokeMethod(
+        this,
+        [=, this] {
+            if (m_setUp)
+                m_setUp->codeChanged(mouse, code, pressed);
+        },
+        Qt::QueuedConnection);
+}
 
 } // namespace quorvi

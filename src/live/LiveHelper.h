@@ -14,6 +14,8 @@
 
 namespace quorvi {
 
+class MouseSetUp;
+
 /// Nothing here waits for the helper. One that does not know the interfaces has nothing of it shown.
 class LiveHelper final : public QObject, HelperNewsListener {
     Q_OBJECT
@@ -23,12 +25,19 @@ class LiveHelper final : public QObject, HelperNewsListener {
     struct Panel {
         QWidget& view;
         Ui::KyvarQuorviPane& views;
+        QDialog& setUpPanel;
+        Ui::SetUpPanel& setUpViews;
         PanelText text;
         /// The name of the profile of that number, from 1, as it is shown; empty when there is none.
         std::function<QString(std::uint32_t number)> profileName;
+        /// Runs a sheet on the panel's window until it is closed. The panel may not outlive it.
+        std::function<void(QDialog& sheet)> runSheet;
     };
 
     explicit LiveHelper(Panel panel);
+    ~LiveHelper() override;
+    LiveHelper(const LiveHelper&) = delete;
+    LiveHelper& operator=(const LiveHelper&) = delete;
 
     /// Follows that helper from now on, nobody for {0, 0}. Does nothing for the one that is followed already.
     void follow(const EventBus& bus, const ProcessSerialNumber& helper);
@@ -55,6 +64,7 @@ class LiveHelper final : public QObject, HelperNewsListener {
     void forgetFollower();
     void useMouse(const QString& id, bool inUse);
     void tellThatUseFailed();
+    void setUpMouse(const QString& id);
     void helperStateChanged() override;
     void helperInputChanged(const std::string& mouse, int input, bool pressed) override;
     void helperCodeChanged(const std::string& mouse, std::uint16_t code, bool pressed) override;
@@ -63,6 +73,7 @@ class LiveHelper final : public QObject, HelperNewsListener {
     QPointer<QWidget> m_view;
     ProcessSerialNumber m_helper; ///< {0, 0} for nobody
     std::unique_ptr<HelperFollower> m_follower;
+    std::unique_ptr<MouseSetUp> m_setUp;               ///< while its sheet is open
     std::pair<std::uint32_t, std::uint32_t> m_running; ///< profile and stage, as they were told of last
     bool m_showScheduled = false;
 };

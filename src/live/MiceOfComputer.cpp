@@ -18,29 +18,15 @@ QString connectionOf(const ListedHelperMouse& mouse, const PanelText& text) {
     return mouse.connection == "internal" ? text("Built in") : QString();
 }
 
-QString stateOf(const ListedHelperMouse& mouse, const PanelText& text) {
-    using namespace helperinterface;
-    if (mouse.state == kStateAsking)
-        return text("Waiting for permission");
-    if (mouse.state == kStateRefused)
-        return text("Not permitted by an administrator");
-    if (mouse.state == kStateAbsent)
-        return text("Not plugged in");
-    if (mouse.state == inputd::kStateWaiting)
-        return text("In use as soon as all its buttons are up");
-    if (mouse.state == inputd::kStateBusy)
-        return text("Taken by another program");
-    return mouse.state == inputd::kStateDriven ? text("In use") : QString();
-}
-
 MouseLine lineOf(const ListedHelperMouse& mouse, const PanelText& text) {
-    QStringList details{connectionOf(mouse, text), stateOf(mouse, text)};
+    QStringList details{connectionOf(mouse, text), stateOfMouse(mouse, text)};
     details.removeAll(QString());
     const QString name = shownName(QString::fromStdString(mouse.name));
     return {.id = QString::fromStdString(mouse.id),
         .name = name.isEmpty() ? text("Mouse without a name") : name,
         .detail = details.join(QStringLiteral(" · ")),
-        .inUse = mouse.inUse};
+        .inUse = mouse.inUse,
+        .canSetUp = canBeSetUp(mouse)};
 }
 
 void showWhatIsFixed(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text) {
@@ -76,6 +62,25 @@ void showMice(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const 
     views.listMice->setLines(lines);
     views.groupMice->setVisible(helper.hasService);
     showWhatIsFixed(views, helper, text);
+}
+
+bool canBeSetUp(const ListedHelperMouse& mouse) {
+    return mouse.inUse && (mouse.state == inputd::kStateDriven || mouse.state == inputd::kStateWaiting);
+}
+
+QString stateOfMouse(const ListedHelperMouse& mouse, const PanelText& text) {
+    using namespace helperinterface;
+    if (mouse.state == kStateAsking)
+        return text("Waiting for permission");
+    if (mouse.state == kStateRefused)
+        return text("Not permitted by an administrator");
+    if (mouse.state == kStateAbsent)
+        return text("Not plugged in");
+    if (mouse.state == inputd::kStateWaiting)
+        return text("In use as soon as all its buttons are up");
+    if (mouse.state == inputd::kStateBusy)
+        return text("Taken by another program");
+    return mouse.state == inputd::kStateDriven ? text("In use") : QString();
 }
 
 void orderStopsOfMice(const Ui::KyvarQuorviPane& views) {

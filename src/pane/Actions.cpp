@@ -14,6 +14,7 @@
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
+#include "platform/widgets/MarkedCells.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
@@ -150,6 +151,9 @@ void KyvarQuorviPane::connectTables() {
         connect(table, &KyvarQuorviTableView::selectedRowChanged, this,
             [this, table] { tableViewSelectionDidChange(table); });
     }
+    KyvarQuorviTableView* profiles = fViews->main.quorviTableProfiles;
+    profiles->setItemDelegateForColumn(fTableModels[kProfilesTable - 1]->columnOf(kProfileNumberColumn),
+        std::make_unique<MarkedCells>(profiles).release());
     fViews->main.quorviTableSteps->setPopUpColumn(
         fTableModels[kStepsTable - 1]->columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
 }

@@ -48,9 +48,15 @@ void KyvarQuorviPane::makeLive() {
             shownName(QString::fromStdU16String(fProfiles.dictionary(number - 1).string(keys::name)));
         return name.isEmpty() ? locString(QStringLiteral("Default Profile")) : name;
     };
-    fLive = std::make_unique<LiveHelper>(LiveHelper::Panel{
-        .view = *fMainView, .views = fViews->main, .text = panelText(), .profileName = profileName});
+    fLive = std::make_unique<LiveHelper>(LiveHelper::Panel{.view = *fMainView,
+        .views = fViews->main,
+        .setUpPanel = *fViews->quorviPanelSetUp,
+        .setUpViews = fViews->setUp,
+        .text = panelText(),
+        .profileName = profileName,
+        .runSheet = [this](QDialog& sheet) { modalDialog(&sheet); }});
     connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::updateConnectionUI);
+    connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(fLive.get(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
     connect(fLive.get(), &LiveHelper::failed, this,
         [this](const QString& text) { tellUser(Notice::outcome, text, NoticeSign::warning); });

@@ -41,6 +41,7 @@ class QMenu;
 
 namespace quorvi {
 
+struct ApplicationInformation;
 class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
@@ -167,6 +168,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     /// Makes the stage that the mouse runs the current one, when it runs the current profile. Nothing is
     /// saved: the mouse has it, and the next save brings it along.
     void followRunningStage();
+    void showRunningRow();
     /// Draws the acceleration that the box and the slider show.
     void updateAccelerationView();
 
@@ -387,6 +389,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void appendMacro(const plist::Dictionary& macro);
     [[nodiscard]] bool canRemoveProfile() const;
     void showApplicationPanel();
+    void bindToApplication(const ApplicationInformation& application);
     void askForApplication();
     void removeApplication();
     void showProfileApplication();

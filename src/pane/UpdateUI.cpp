@@ -66,6 +66,7 @@ void KyvarQuorviPane::updateUI() {
     updateLightingUI();
     updateHints();
     fLive->show();
+    showRunningRow();
     fViews->main.quorviTextFirmwareVersion->setText(
         hasDevice() ? firmwareText(fDeviceConfig.integer(keys::firmware)) : QStringLiteral("-"));
 }

@@ -60,6 +60,13 @@ void widenButtons(const QWidget& view) {
         widenButton(*button);
 }
 
+/// Texts that change have their room from the start, so that nothing around them moves.
+void reserveLines(const QWidget& view) {
+    for (QLabel* label : view.findChildren<QLabel*>())
+        if (const int lines = label->property("lines").toInt(); lines > 0)
+            label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
+}
+
 template <typename PanelUi>
 QDialog* addPanel(QWidget& owner, PanelUi& ui) {
     auto panel = std::make_unique<QDialog>(&owner);
@@ -107,9 +114,11 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelNoDevice = addPanel(mainView, noDevice);
     quorviPanelStages = addPanel(mainView, stages);
     quorviPanelSingleKey = addPanel(mainView, singleKey);
+    quorviPanelSetUp = addPanel(mainView, setUp);
     quorviPanelRestore = addPanel(mainView, restore);
 
     scaleFonts(mainView);
+    reserveLines(mainView);
     setSymbols(mainView);
     widenButtons(mainView);
     keepNotesWhole(mainView);
@@ -124,7 +133,8 @@ void widenButton(QPushButton& button) {
 void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction) {
     mainView.setLayoutDirection(direction);
     // A label goes by its own text, which here is a name that the user gave or a number.
-    for (const char* name : {"quorviTextProfile", "quorviTextFirmwareVersion", "quorviTextDriverVersion"})
+    for (const char* name : {"quorviTextProfile", "quorviTextConnection", "quorviTextFirmwareVersion",
+             "quorviTextDriverVersion", "textSetUpMouse"})
         mainView.findChild<QLabel*>(QLatin1String(name))
             ->setAlignment(
                 QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter) | Qt::AlignAbsolute);

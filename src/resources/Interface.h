@@ -11,6 +11,7 @@
 #include "ui_KyvarQuorviPane.h"
 #include "ui_NoDevicePanel.h"
 #include "ui_RestorePanel.h"
+#include "ui_SetUpPanel.h"
 #include "ui_SingleKeyPanel.h"
 #include "ui_StagesPanel.h"
 
@@ -22,7 +23,7 @@ namespace quorvi {
 /// members of the Ui classes, so that one that is missing does not compile.
 class Interface {
   public:
-    /// Fills the empty widget with the panel, and gives it the menus and the five panels as children. Texts
+    /// Fills the empty widget with the panel, and gives it the menus and the six panels as children. Texts
     /// are looked up now: set setInterfaceTextLookup() before.
     explicit Interface(QWidget& mainView);
 
@@ -33,12 +34,14 @@ class Interface {
     QDialog* quorviPanelNoDevice = nullptr;
     QDialog* quorviPanelStages = nullptr;
     QDialog* quorviPanelSingleKey = nullptr;
+    QDialog* quorviPanelSetUp = nullptr;
     QDialog* quorviPanelRestore = nullptr; ///< nothing shows it yet
 
     Ui::ConfirmPanel confirm;
     Ui::NoDevicePanel noDevice;
     Ui::StagesPanel stages;
     Ui::SingleKeyPanel singleKey;
+    Ui::SetUpPanel setUp;
     Ui::RestorePanel restore;
 };
 

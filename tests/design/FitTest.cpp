@@ -9,6 +9,7 @@
 #include <QTabBar>
 
 #include "design/Languages.h"
+#include "platform/applications/ApplicationPanel.h"
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -131,6 +132,48 @@ class FitTest : public QObject {
                 sheet->hide();
             }
         }
+    }
+
+    void theSetUpOfAMouseFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theSetUpOfAMouseFitsASmallScreenUncut() {
+        const Panel panel;
+        auto& views = panel.spoken.views->setUp;
+        QDialog* sheet = panel.spoken.views->quorviPanelSetUp;
+        views.textSetUpMouse->setText(QString(20, 'W'));
+        sheet->show();
+        QVERIFY(QTest::qWaitForWindowExposed(sheet));
+        const QSize before = sheet->size();
+        for (const char* english : {"Press the button that should be number ^1, or skip.",
+                 "All numbers have been asked for.", "Waiting for the mouse…"})
+            for (const char* note :
+                {"That button is number ^1 already.", "A sensor has from 100 to 64000 DPI.",
+                    "A key was typed. If it was by the mouse, press the same button of it once more.",
+                    "Press with the pointer on this window, beside its buttons.",
+                    "Somebody else is at the computer, or the service for mice has ended.",
+                    "Another program is setting up a mouse. Try again when it has finished.",
+                    "What you chose for the mouse could not be saved."}) {
+                views.textSetUpQuestion->setText(filledText(panel.spoken.text(english), {"7"}));
+                views.textSetUpNote->setText(filledText(panel.spoken.text(note), {"7"}));
+                QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
+                QCOMPARE(sheet->size(), before); // nothing moves under the pointer
+            }
+        QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
+        QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
+    }
+
+    void theChooserOfApplicationsFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theChooserOfApplicationsFitsASmallScreenUncut() {
+        const SpokenInterface spoken(currentLanguage());
+        setInterfaceTextLookup([&](const QString& english) { return spoken.text(english); });
+        ApplicationPanel chooser;
+        setInterfaceTextLookup(nullptr);
+        chooser.setLayoutDirection(spoken.view->layoutDirection());
+        chooser.show();
+        chooser.findChild<QLabel*>("textReadingGames")->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&chooser));
+        QTRY_COMPARE(cutIn(chooser).join("; "), QString());
+        QVERIFY(chooser.width() <= kScreen.width() - kDecoration.width());
+        QVERIFY(chooser.height() <= kScreen.height() - kDecoration.height());
     }
 
     void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
@@ -264,7 +307,7 @@ class FitTest : public QObject {
                                    spoken.text("In use as soon as all its buttons are up");
             QList<MouseLine> mice;
             for (const char* id : {"1", "2", "3", "4"})
-                mice << MouseLine{id, name + name, detail, true};
+                mice << MouseLine{id, name + name, detail, true, true};
             main.listMice->setLines(mice);
             main.groupMice->show();
         }

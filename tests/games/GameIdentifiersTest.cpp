@@ -30,5 +30,13 @@ TEST(GameOfAProcess, IsSaidByTheCommandThatSteamStartsItBy) {
     EXPECT_EQ(steamNumberOfCommand({}), "");
 }
 
+TEST(SteamNumberOfLink, IsThatOfTheGameThatItStarts) {
+    EXPECT_EQ(games::steamNumberOfLink("steam steam://rungameid/440"), "440");
+    EXPECT_EQ(games::steamNumberOfLink("/usr/bin/flatpak run com.x steam://rungameid/7 %U"), "7");
+    EXPECT_EQ(games::steamNumberOfLink("steam steam://open/440"), "");
+    EXPECT_EQ(games::steamNumberOfLink("steam://rungameid/"), "");
+    EXPECT_EQ(games::steamNumberOfLink(""), "");
+}
+
 } // namespace
 } // namespace quorvi::test

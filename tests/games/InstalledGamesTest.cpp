@@ -89,6 +89,37 @@ TEST_F(GamesOfTheUser, AreThoseOfHeroicsStores) {
     EXPECT_EQ(games::installedGames(home.path())[0].icon, home / (heroic + "icons/Quail.png"));
 }
 
+TEST_F(GamesOfTheUser, SayWhatStartsThem) {
+    addSteamGame(steam, "440", "A");
+    write(".local/share/lutris/games/b-1600000000.yml", "game:\n  exe: /g/b\n");
+    write(".config/heroic/sideload_apps/library.json", R"({"games": [{"app_name": "c", "title": "C"}]})");
+    std::vector<std::string> launchers;
+    for (const auto& game : games::installedGames(home.path()))
+        launchers.push_back(game.launcher);
+    EXPECT_EQ(launchers, (List{"Steam", "Lutris", "Heroic"}));
+}
+
+TEST_F(GamesOfTheUser, HaveTheirIconByWhateverNameSteamGivesIt) {
+    const std::string cache = ".local/share/Steam/appcache/librarycache/";
+    const std::string hash = "0123456789abcdef0123456789abcdef01234567";
+    addSteamGame(steam, "440", "Hats");
+    write(cache + "440/library_600x900.jpg", "x");
+    write(cache + "440/header.jpg", "x");
+    EXPECT_EQ(games::installedGames(home.path())[0].icon.filename(), "library_600x900.jpg");
+    write(cache + "440/" + hash + ".jpg", "x");
+    EXPECT_EQ(games::installedGames(home.path())[0].icon.filename(), hash + ".jpg");
+}
+
+TEST_F(GamesOfTheUser, AreNotReadOnWhenNobodyWantsThemAnyMore) {
+    addSteamGame(steam, "440", "A");
+    write(".local/share/lutris/games/b-1600000000.yml", "game:\n  exe: /g/b\n");
+    write(".config/heroic/sideload_apps/library.json", R"({"games": [{"app_name": "c", "title": "C"}]})");
+    std::stop_source stop;
+    EXPECT_EQ(games::installedGames(home.path(), stop.get_token()).size(), 3U);
+    stop.request_stop();
+    EXPECT_TRUE(games::installedGames(home.path(), stop.get_token()).empty());
+}
+
 TEST_F(GamesOfTheUser, AreThoseOfLutris) {
     write(".local/share/lutris/games/drive-to-win-1600000000.yml",
         "game:\n  args: ''\n  exe: /g/Drive To Win/Drive.exe\n  prefix: /g\nsystem: {}\n");

@@ -26,10 +26,10 @@ class FollowedProfile : public testing::Test {
         save(1, list({profileInStage(u"One", 1), profileInStage(u"Two", 3)}));
         EXPECT_TRUE(settings.reload());
     }
-    void save(int chosen, plist::Array profiles) const {
+    void save(int chosen, plist::Array profiles, int pollingRate = 500) const {
         auto made = tree(std::move(profiles), list());
-        made.set("settings",
-            dict({{"profileid", chosen}, {"pollingrate", 500}, {"stage", 2}, {"dpix", 800}, {"dpiy", 1600}}));
+        made.set("settings", dict({{"profileid", chosen}, {"pollingrate", pollingRate}, {"stage", 2},
+                                 {"dpix", 800}, {"dpiy", 1600}}));
         writeFile(file, plist::writeXml(dict({{"quorvi", made}})).value());
     }
     [[nodiscard]] ConfigRecord record() const {
@@ -37,6 +37,11 @@ class FollowedProfile : public testing::Test {
         EXPECT_EQ(settings.record().size(), sizeof made);
         std::memcpy(&made, settings.record().data(), std::min(settings.record().size(), sizeof made));
         return made;
+    }
+
+    /// "PROFILE STAGE" of the record.
+    [[nodiscard]] std::string runs() const {
+        return std::to_string(record().settings.profileId) + " " + std::to_string(record().settings.stage);
     }
 
     TemporaryFolder folder;
@@ -86,6 +91,76 @@ TEST_F(FollowedProfile, ThatIsRemovedGivesWayToTheUsersOwn) {
     EXPECT_EQ(record().settings.profileId, 1);
     EXPECT_EQ(record().settings.stage, 2);
     EXPECT_FALSE(settings.follow(7)) << "nor has it a seventh";
+}
+
+TEST_F(FollowedProfile, GivesWayToWhatWasChosenOnTheMouseBefore) {
+    settings.noteRunning(2, 1);
+    EXPECT_EQ(runs(), "1 2") << "the mouse runs it already";
+    EXPECT_TRUE(settings.follow(0));
+    EXPECT_EQ(runs(), "1 1");
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "2 1");
+    EXPECT_EQ(record().settings.dpiXCode, (400 - 100) / 25);
+    EXPECT_TRUE(settings.follow(0));
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "2 1") << "and again";
+}
+
+TEST_F(FollowedProfile, GivesWayToAStageThatWasChosenOnTheMouse) {
+    settings.noteRunning(1, 3);
+    EXPECT_TRUE(settings.follow(1));
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "1 3");
+    EXPECT_EQ(record().settings.dpiXCode, (3200 - 100) / 25);
+}
+
+TEST_F(FollowedProfile, GivesWayToAnotherThatWasChosenOnTheMouseMeanwhile) {
+    EXPECT_TRUE(settings.follow(0));
+    settings.noteRunning(2, 3);
+    EXPECT_EQ(runs(), "1 1");
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "2 3");
+}
+
+TEST_F(FollowedProfile, IsNotWhatTheUserChoseByItsOwnStages) {
+    EXPECT_TRUE(settings.follow(1));
+    settings.noteRunning(2, 3);
+    settings.noteRunning(2, 1);
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "1 2");
+}
+
+TEST_F(FollowedProfile, IsNotWhatTheUserChoseByComingBackToIt) {
+    EXPECT_TRUE(settings.follow(1));
+    settings.noteRunning(1, 1);
+    settings.noteRunning(2, 3);
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "1 2");
+}
+
+TEST_F(FollowedProfile, GivesWayToWhatThePanelChoseLast) {
+    const auto profiles = list({profileInStage(u"One", 1), profileInStage(u"Two", 3)});
+    settings.noteRunning(2, 1);
+    EXPECT_TRUE(settings.follow(0));
+    save(1, profiles, 1000);
+    EXPECT_TRUE(settings.reload());
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "2 1") << "a polling rate is no choice of a profile";
+    EXPECT_EQ(record().settings.pollingCode, 1);
+    EXPECT_TRUE(settings.follow(0));
+    save(2, profiles);
+    EXPECT_TRUE(settings.reload());
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "2 2");
+}
+
+TEST_F(FollowedProfile, ForgetsAChoiceOfAProfileThatIsRemoved) {
+    settings.noteRunning(2, 1);
+    EXPECT_TRUE(settings.follow(0));
+    save(1, list({profileInStage(u"One", 1)}));
+    EXPECT_TRUE(settings.reload());
+    EXPECT_TRUE(settings.follow({}));
+    EXPECT_EQ(runs(), "1 2");
 }
 
 TEST_F(FollowedProfile, WritesNoFile) {

@@ -1,6 +1,7 @@
 // The real helper with mice in use: what it tells the system's service, and what it makes of its news.
 #include <algorithm>
 #include <csignal>
+#include <cstring>
 #include <fstream>
 
 #include <sys/stat.h>
@@ -8,6 +9,7 @@
 #include "events/Introspection.h"
 #include "helper/HelperFixture.h"
 #include "helper/support/StandInService.h"
+#include "model/ConfigRecord.h"
 #include "model/Trees.h"
 #include "platform/events/HelperCalls.h"
 #include "platform/events/HelperInterface.h"
@@ -31,6 +33,17 @@ class RealMouse : public HelperTest {
         HelperTest::SetUp();
         writeFile(userSettings, vectorFile("case-000.plist"));
         service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    }
+    /// Whether the process waits for a time, by what the kernel tells of its timers.
+    [[nodiscard]] static bool hasArmedTimer(pid_t process) {
+        const auto descriptors = std::filesystem::path("/proc") / std::to_string(process) / "fdinfo";
+        for (const auto& each : std::filesystem::directory_iterator(descriptors)) {
+            const auto text = readFile(each.path());
+            if (text.find("it_value: (") != std::string::npos &&
+                text.find("it_value: (0, 0)") == std::string::npos)
+                return true;
+        }
+        return false;
     }
     /// Starts the helper and puts the mouse to use.
     void startWithMouse() {
@@ -132,8 +145,9 @@ TEST_F(RealMouse, ThatIsUnpluggedLeavesNoDeviceUntilItIsBack) {
 TEST_F(RealMouse, IsUsedAgainAtAnotherPlug) {
     startWithMouse();
     service->setMice({{"1e7d:2dcb:two"}});
-    EXPECT_TRUE(becomes("driven", "1e7d:2dcb:two"));
+    // Nobody asks for the list meanwhile.
     EXPECT_TRUE(hasRecord("case-000.bin", "1e7d:2dcb:two"));
+    EXPECT_TRUE(becomes("driven", "1e7d:2dcb:two"));
 }
 
 TEST_F(RealMouse, IsUsedAgainWithTheRecordOfNowWhenTheServiceHasStartedAnew) {
@@ -145,6 +159,54 @@ TEST_F(RealMouse, IsUsedAgainWithTheRecordOfNowWhenTheServiceHasStartedAnew) {
     EXPECT_TRUE(hasRecord("case-004.bin"));
     EXPECT_TRUE(becomes("driven"));
     EXPECT_FALSE(state().demonstration);
+}
+
+TEST_F(RealMouse, IsUsedAgainWhenTheSystemsBusHasDiedAndIsBack) {
+    startWithMouse();
+    Panel panel;
+    EXPECT_EQ(panel.command(kMessagePaneShown, 1), noErr);
+    for (const auto* name : {"case-004", "case-005"}) {
+        systemBus.kill();
+        ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+        EXPECT_EQ(stateOf(kMouse), "not listed");
+        save(std::string(name) + ".plist");
+        service.reset();
+        systemBus.startAnew();
+        service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+        // Nobody asks for the list meanwhile.
+        ASSERT_TRUE(hasRecord(std::string(name) + ".bin"));
+        ASSERT_TRUE(becomes("driven"));
+        EXPECT_FALSE(state().demonstration);
+        EXPECT_TRUE(waitUntil([&] { return service->countOf("Watch 1") == 1; })) << "for the panel";
+    }
+}
+
+TEST_F(RealMouse, ThatIsSetUpWhenTheSystemsBusDiesIsUsedAsBeforeAfterIt) {
+    startWithMouse();
+    ASSERT_EQ(beginMouseSetUp(*bus, psn, kMouse), noErr);
+    const auto usual = engine::usualButtonCodes;
+    ASSERT_TRUE(waitUntil([&] { return service->optionsOf(kMouse).buttonCodes != usual; }));
+    systemBus.kill();
+    ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+    EXPECT_EQ(endMouseSetUp(*bus, psn), noErr);
+    service.reset();
+    systemBus.startAnew();
+    service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    EXPECT_TRUE(becomes("driven"));
+    EXPECT_EQ(service->optionsOf(kMouse).buttonCodes, usual);
+}
+
+TEST_F(RealMouse, SleepsWhileThereIsNoBusOfTheSystem) {
+    startWithMouse();
+    systemBus.kill();
+    ASSERT_TRUE(waitUntil([&] { return state().demonstration; }));
+    // The socket that was left behind is tried twenty times, and then forgotten until there is a new one.
+    EXPECT_TRUE(hasArmedTimer(helper->pid()));
+    ASSERT_TRUE(waitUntil([&] { return !hasArmedTimer(helper->pid()); }));
+    ASSERT_TRUE(comesToRest(helper->pid()));
+    const auto before = sleepsOf(helper->pid());
+    ASSERT_TRUE(comesToRest(helper->pid())); // half a second
+    EXPECT_EQ(sleepsOf(helper->pid()), before);
 }
 
 TEST_F(RealMouse, IsUsedAgainByAHelperThatWasKilled) {
@@ -193,14 +255,15 @@ TEST_F(RealMouse, RunsWhatTheServiceSays) {
     int news = 0;
     const auto listener = HelperListener::listen(*bus, psn, {{}, [&] { ++news; }, {}, {}});
     service->tellStatus(kMouse, "driven", 3, 2, 1200);
-    ASSERT_TRUE(waitFor(*bus, [&] { return news > 0; }));
-    EXPECT_EQ(state().profile, 3u);
+    ASSERT_TRUE(waitFor(*bus, [&] { return news > 0 && state().profile == 3; }));
     EXPECT_EQ(state().stage, 2u);
 }
 
 TEST_F(RealMouse, IsNotBelievedToBeWhatAStrangerSays) {
     startWithMouse();
-    ASSERT_TRUE(waitUntil([&] { return state().profile == 1; }));
+    // The simulated mouse's profile is 1 as well: this one is the service's, and the last of its start.
+    service->tellStatus(kMouse, "driven", 3, 1, 800);
+    ASSERT_TRUE(waitUntil([&] { return state().profile == 3; }));
     const auto calls = service->calls().size();
     int news = 0;
     const auto listener = HelperListener::listen(*bus, psn, {{}, [&] { ++news; }, {}, {}});
@@ -313,6 +376,92 @@ TEST_F(RealMouse, IsPlainWhileItIsSetUpAndTellsItsCodesToWhoDoesThat) {
     EXPECT_EQ(endMouseSetUp(*bus, psn), noErr);
 }
 
+TEST_F(RealMouse, TellsOfItsKeyToWhoSetsItUpAndWaitsForIt) {
+    startWithMouse();
+    Panel panel;
+    EXPECT_EQ(panel.command(kMessagePaneShown, 1), noErr);
+    EXPECT_EQ(watchMouseKey(*panel.bus, psn, KEY_F13), errAEEventFailed) << "there is no set-up";
+    std::vector<int> codes;
+    int inputs = 0;
+    const auto listener = HelperListener::listen(*panel.bus, psn,
+        {{}, {}, [&](const std::string&, std::uint8_t, bool) { ++inputs; },
+            [&](const std::string&, std::uint16_t code, bool down) {
+                codes.push_back(down ? code : -code);
+            }});
+    ASSERT_EQ(beginMouseSetUp(*panel.bus, psn, kMouse), noErr);
+    EXPECT_EQ(watchMouseKey(*bus, psn, KEY_F13), errAEEventFailed) << "somebody else's set-up";
+    EXPECT_EQ(watchMouseKey(*panel.bus, psn, KEY_MAX + 1), paramErr);
+    EXPECT_EQ(watchMouseKey(*panel.bus, psn, KEY_F13), noErr);
+    const engine::ButtonCodes watched{0, 0, 0, 0, 0, 0, KEY_F13};
+    ASSERT_TRUE(waitUntil([&] { return service->optionsOf(kMouse).buttonCodes == watched; }));
+    ConfigRecord record;
+    ASSERT_TRUE(waitUntil([&] {
+        const auto bytes = service->recordOf(kMouse);
+        std::memcpy(&record, bytes.data(), std::min(bytes.size(), sizeof record));
+        return record.profiles[0].buttons[6].command == 0;
+    })) << "the key does nothing else meanwhile";
+    service->tellInput(kMouse, 7, true);
+    service->tellInput(kMouse, 7, false);
+    ASSERT_TRUE(waitFor(*panel.bus, [&] { return codes.size() == 2; }));
+    EXPECT_EQ(codes, (std::vector<int>{KEY_F13, -KEY_F13}));
+    EXPECT_EQ(inputs, 0);
+    EXPECT_EQ(endMouseSetUp(*panel.bus, psn), noErr);
+    EXPECT_TRUE(hasRecord("case-000.bin"));
+    EXPECT_TRUE(
+        waitUntil([&] { return service->optionsOf(kMouse).buttonCodes == engine::usualButtonCodes; }));
+}
+
+TEST_F(RealMouse, ThatComesBackInItsSetUpIsStillSetUp) {
+    startWithMouse();
+    ASSERT_EQ(beginMouseSetUp(*bus, psn, kMouse), noErr);
+    const auto begun = std::string("WatchCodes ") + kMouse + " 1";
+    ASSERT_TRUE(waitUntil([&] { return service->countOf(begun) == 1; }));
+    service->setMice({});
+    ASSERT_TRUE(becomes("absent", "1e7d:2dcb"));
+    service->setMice({{kMouse}});
+    EXPECT_TRUE(waitUntil([&] { return service->countOf(begun) == 2; }));
+    service.reset();
+    service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    EXPECT_TRUE(waitUntil([&] { return service->countOf(begun) == 1; })) << "it has forgotten everything";
+    const engine::ButtonCodes none{};
+    EXPECT_TRUE(waitUntil([&] { return service->optionsOf(kMouse).buttonCodes == none; }));
+}
+
+TEST_F(RealMouse, IsAPlainOneNoLongerWhenAnotherIsSetUpInItsPlace) {
+    service->setMice({{kMouse}, {.id = "1e7d:2dcb:two"}});
+    startWithMouse();
+    ASSERT_TRUE(becomes("driven", "1e7d:2dcb:two"));
+    ASSERT_EQ(beginMouseSetUp(*bus, psn, kMouse), noErr);
+    ASSERT_EQ(beginMouseSetUp(*bus, psn, "1e7d:2dcb:two"), noErr);
+    EXPECT_TRUE(waitUntil([&] { return service->countOf(std::string("WatchCodes ") + kMouse + " 0") == 1; }));
+    EXPECT_TRUE(
+        waitUntil([&] { return service->optionsOf(kMouse).buttonCodes == engine::usualButtonCodes; }));
+}
+
+TEST_F(RealMouse, IsNewsOnceAndNotWithEachLookAtIt) {
+    start();
+    int news = 0;
+    const auto listener = HelperListener::listen(*bus, psn, {[&] { ++news; }, {}, {}, {}});
+    for (int i = 0; i < 5; ++i)
+        ASSERT_EQ(listMice(*bus, psn, mice), noErr);
+    ASSERT_TRUE(waitFor(*bus, [&] { return news > 0; }));
+    EXPECT_EQ(news, 1);
+    ASSERT_EQ(useMouse(*bus, psn, kMouse, true), noErr);
+    ASSERT_TRUE(becomes("driven"));
+    ASSERT_EQ(setMouseDpi(*bus, psn, kMouse, 3200), noErr);
+    ASSERT_EQ(setMouseCodes(*bus, psn, kMouse, {272, 273, 274, 275, 276, 0, 0}), noErr);
+    ASSERT_EQ(listMice(*bus, psn, mice), noErr);
+    bus->process(); // what came before that answer
+    const int after = news;
+    EXPECT_GE(after, 4) << "in use, driven, the DPI, the codes";
+    ASSERT_EQ(setMouseDpi(*bus, psn, kMouse, 3200), noErr);
+    ASSERT_EQ(listMice(*bus, psn, mice), noErr);
+    bus->process();
+    EXPECT_EQ(news, after) << "nothing is another";
+    service->setMice({});
+    EXPECT_TRUE(waitFor(*bus, [&] { return news > after; }));
+}
+
 TEST_F(RealMouse, IsRefusedWhatItIsNot) {
     start();
     ASSERT_EQ(listMice(*bus, psn, mice), noErr);
@@ -416,6 +565,18 @@ TEST_F(NoService, NorAnySystemBusIsNeeded) {
     ASSERT_EQ(listMice(*bus, psn, mice), noErr);
     EXPECT_TRUE(mice.empty());
     EXPECT_TRUE(state().demonstration);
+}
+
+TEST_F(NoService, AndABusThatComesLaterIsTaken) {
+    std::filesystem::create_directories(chosenMice.parent_path());
+    writeFile(chosenMice,
+        plist::writeXml(dict({{"mice", dict({{"1e7d:2dcb", dict({{"inuse", true}})}})}})).value());
+    systemBus.kill();
+    start();
+    EXPECT_TRUE(state().demonstration);
+    systemBus.startAnew();
+    service = std::make_unique<StandInService>(std::vector<StandInMouse>{{kMouse}});
+    EXPECT_TRUE(becomes("driven"));
 }
 
 TEST_F(NoService, ButABusThatAnswersNobodyKeepsNobodyWaiting) {

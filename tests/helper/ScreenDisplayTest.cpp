@@ -7,6 +7,7 @@
 #include "plist/Writer.h"
 #include "support/EnvironmentVariable.h"
 #include "support/ProcessFigures.h"
+#include "support/VirtualDisplay.h"
 #include "support/WaitUntil.h"
 
 namespace quorvi::test {
@@ -174,6 +175,48 @@ TEST_F(OnScreen, ADesktopWithoutAnyDisplayIsNoFault) {
     const StandInDesktop desktop({});
     click(kStageInput);
     EXPECT_EQ(shownBy(desktop, 1).size(), 1u) << "one that comes later is found";
+}
+
+TEST_F(OnScreen, OfAServerThatIsStartedAnewNoOtherNotificationIsReplaced) {
+    auto desktop = std::make_unique<StandInDesktop>(StandInDesktop::Parts{});
+    startWith(twoProfiles(true, true));
+    click(kStageInput);
+    ASSERT_EQ(shownBy(*desktop, 1).size(), 1u);
+    desktop.reset();
+    desktop = std::make_unique<StandInDesktop>(StandInDesktop::Parts{});
+    click(kStageInput);
+    EXPECT_EQ(shownBy(*desktop, 1), Texts{"notified 0 800 DPI"});
+    click(kStageInput);
+    EXPECT_EQ(shownBy(*desktop, 2).back(), "notified 42 X = 1600, Y = 400 DPI");
+}
+
+TEST_F(OnScreen, ARealServerShowsOneAfterManyChangesAndNoneAWhileLater) {
+    if (!isInstalled("dunst"))
+        GTEST_SKIP() << "dunst is not installed";
+    const VirtualDisplay display;
+    const ChildProcess dunst({"dunst", "-print"}, {"DISPLAY=" + display.name(), "WAYLAND_DISPLAY",
+                                                      "HOME=" + folder.path().native(), "XDG_CONFIG_HOME"});
+    const auto count = [](const std::string& which) {
+        return runProgram({"dunstctl", "count", which}).output;
+    };
+    ASSERT_TRUE(waitUntil([&] { return count("displayed") == "0\n"; }));
+    startWith(twoProfiles(true, true));
+    for (const auto input : {kStageInput, kProfileInput, kStageInput})
+        click(input);
+    bool wasShown = false;
+    EXPECT_TRUE(waitUntil([&] {
+        const auto shown = count("displayed");
+        EXPECT_TRUE(shown == "0\n" || shown == "1\n") << shown;
+        EXPECT_EQ(count("waiting"), "0\n");
+        const char* picture = std::getenv("QUORVI_PICTURE");
+        if (picture && shown == "1\n" && !wasShown)
+            (void)runProgram({"import", "-display", display.name(), "-window", "root", picture});
+        wasShown = wasShown || shown == "1\n";
+        return wasShown && shown == "0\n";
+    }));
+    // This server keeps also what is transient: of all of them one, with the last text.
+    EXPECT_EQ(count("history"), "1\n");
+    EXPECT_NE(runProgram({"dunstctl", "history"}).output.find("X = 1600, Y = 400 DPI"), std::string::npos);
 }
 
 TEST_F(OnScreen, TextsAreInTheUsersLanguage) {

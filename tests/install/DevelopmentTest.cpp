@@ -47,6 +47,13 @@ TEST_F(Development, TheExampleRefusesWhatHoldsNoSettings) {
     EXPECT_EQ(runProgram({program, kSettings}).exitCode, 0);
 }
 
+TEST_F(Development, OnlyPublicHeadersAreInstalled) {
+    for (const auto* header : {"plist/Value.h", "model/ConfigMapping.h", "keyboard/KeyNames.h"})
+        EXPECT_TRUE(files().contains(std::string("include/kyvar-quorvi/") + header)) << header;
+    for (const auto* header : {"plist/Node.h", "model/SharedFile.h", "keyboard/KeyTables.h"})
+        EXPECT_FALSE(files().contains(std::string("include/kyvar-quorvi/") + header)) << header;
+}
+
 TEST_F(Development, EveryInstalledHeaderFindsWhatItIncludes) {
     std::string source;
     for (const auto& file : files())

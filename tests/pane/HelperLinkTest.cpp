@@ -174,19 +174,13 @@ class HelperLinkTest : public QObject {
     void listsThatComeTogetherAreShownOnceAndTheLastOneCounts() {
         PaneFixture fixture;
         fixture.openWith(PaneFixture::sampleTree());
-        // What the panel has asked at its start is answered, and does not fill the pieces that it takes at
-        // once.
-        for (int round = 0; round < 20; ++round) {
-            std::int32_t result = 0;
-            (void)fixture.pane->sendControlToKext("KyvarQuorviHelper", kMessageRecording, 0, &result);
-            QCoreApplication::processEvents();
-        }
         const CallCounter calls(*fixture.pane);
         for (int list = 0; list < 20; ++list)
             fixture.helper->sendDeviceList(1);
         fixture.helper->sendDeviceList(0);
-        // Its own look-up is answered behind the lists, and so is the panel's: all of them have come by then.
-        fixture.helper->sendToPanel(listEvent(195, typeDeviceList));
+        // The bus serves its connections in turn: the panel's own look-up is answered behind the lists only
+        // when they have been passed on.
+        fixture.helper->awaitPassedOn();
         QCOMPARE(fixture.pane->findProcessByName("nobody", nullptr), procNotFound);
         QTRY_COMPARE(fixture.text("quorviTextProfile"), QStringLiteral("No device connected"));
         QCOMPARE(calls.count(), 1);

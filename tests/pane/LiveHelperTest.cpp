@@ -1,6 +1,7 @@
 // What the helper tells of mice, profiles and presses, as the window shows it.
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QGroupBox>
 #include <QHelpEvent>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
+#include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/MiceList.h"
 #include "platform/widgets/MouseView.h"
 #include "platform/widgets/PopUpButton.h"
@@ -75,6 +77,27 @@ class Panel : public PaneFixture {
         return lines;
     }
 
+    /// Of each row's number: what a screen reader reads beside it, when there is a mark.
+    [[nodiscard]] QStringList marks() const {
+        QAccessibleInterface* const list =
+            QAccessible::queryAccessibleInterface(find<KyvarQuorviTableView>("quorviTableProfiles"));
+        QStringList marks;
+        for (int row = 0; row < list->tableInterface()->rowCount(); ++row)
+            marks << list->tableInterface()->cellAt(row, 0)->text(QAccessible::Description);
+        return marks;
+    }
+    /// Something stands behind the number.
+    [[nodiscard]] bool cellIsDrawnWithAMark(int row) const {
+        auto* table = find<KyvarQuorviTableView>("quorviTableProfiles");
+        const QRect cell = table->visualRect(table->model()->index(row, 0));
+        const QRect end = cell.adjusted(cell.width() / 2, 2, -2, -2);
+        const QImage drawn = table->viewport()->grab(end).toImage();
+        for (int x = 0; x < drawn.width(); ++x)
+            if (drawn.pixel(x, drawn.height() / 2) != drawn.pixel(drawn.width() - 1, 0))
+                return true;
+        return false;
+    }
+
     TellingHelper* telling = nullptr;
 };
 
@@ -125,6 +148,29 @@ class LiveHelperTest : public QObject {
         QCOMPARE(panel.seen("textFrontHindrance"), QString());
         panel.telling->change([](auto& told) { told.profile = 3; }); // there is no such one
         QTRY_COMPARE(panel.seen("textRunningProfile"), QString());
+    }
+
+    void theRowOfTheProfileThatRunsIsMarked() {
+        Panel panel;
+        panel.selectTab(kProfilesTab);
+        const QString chosen = QStringLiteral("Running now: Desk – because you chose it");
+        QTRY_COMPARE(panel.marks(), QStringList({chosen, ""}));
+        panel.telling->change([](auto& told) {
+            told.profile = 2;
+            told.frontReason = "Image Editor";
+        });
+        const QString followed = QStringLiteral("Running now: Game – because Image Editor is in front");
+        QTRY_COMPARE(panel.marks(), QStringList({"", followed}));
+        QCOMPARE(panel.selectedRow("quorviTableProfiles"), 0); // that one is edited still
+        QVERIFY(panel.cellIsDrawnWithAMark(1));
+        QVERIFY(!panel.cellIsDrawnWithAMark(0));
+        panel.telling->change([](auto& told) { told.profile = 3; }); // there is no such one
+        QTRY_COMPARE(panel.marks(), QStringList({"", ""}));
+        panel.telling->change([](auto& told) { told.profile = 2; });
+        QTRY_COMPARE(panel.marks(), QStringList({"", followed}));
+        panel.helper.reset();
+        QTRY_COMPARE(panel.marks(), QStringList({"", ""}));
+        QVERIFY(!panel.cellIsDrawnWithAMark(1));
     }
 
     void whereTheDesktopCannotTellThisIsSaid_data() {
@@ -247,17 +293,20 @@ class LiveHelperTest : public QObject {
     }
 
     void theTabKeyGoesThroughTheMice() {
-        Panel panel({.mice = {mouse("1", "First", false, "unused"), mouse("2", "Second", false, "unused")}});
+        Panel panel({.mice = {mouse("2", "Second", false, "unused")}});
         panel.selectTab(kDeviceTab);
-        QTRY_VERIFY(panel.box(2));
+        QTRY_VERIFY(panel.box(1));
+        panel.telling->change(
+            [](auto& told) { told.mice.insert(told.mice.begin(), mouse("1", "First", true, "driven")); });
+        QTRY_VERIFY(panel.box(2) && panel.box(2)->isVisible());
         QStringList stops;
         panel.find<QWidget>("quorviButtonRestoreDefaults")->setFocus();
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 4; ++i) {
             QTest::keyClick(panel.window->focusWidget(), Qt::Key_Tab);
             stops << panel.window->focusWidget()->objectName();
         }
-        QCOMPARE(
-            stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviBoxMouse2 quorviButtonCheckForUpdates"));
+        QCOMPARE(stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviButtonSetUpMouse1 quorviBoxMouse2 "
+                                                 "quorviButtonCheckForUpdates"));
         panel.box(2)->setFocus();
         QTest::keyClick(panel.box(2), Qt::Key_Space);
         QTRY_COMPARE(panel.telling->asked(), QStringList{"use 2 1"});

@@ -1,10 +1,15 @@
 // Binding a profile to an application, with the real chooser.
 
 #include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 
 #include <QSignalSpy>
 
+#include "games/SteamLibrary.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
 #include "platform/applications/ApplicationPanel.h"
@@ -64,6 +69,10 @@ class ApplicationFixture : public PaneFixture {
     EnvironmentVariable m_dataFolders{"XDG_DATA_DIRS", m_data.filePath(QStringLiteral("none")).toStdString()};
 };
 
+std::filesystem::path libraryOf(const PaneFixture& fixture) {
+    return fixture.home.path().toStdString() + "/.local/share/Steam";
+}
+
 QList<QString> binding(const plist::Dictionary& driver) {
     QList<QString> texts;
     for (const char* key : {"application", "identifier", "signature", "executable"})
@@ -94,6 +103,49 @@ class ProfileApplicationTest : public QObject {
         QCOMPARE(binding(fixture.savedDriver(1)), QList<QString>({"Bild", "org.bild.Bild", "", "bild"}));
         QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"", "Bild"}));
         QTRY_VERIFY(!fixture.chooser());
+    }
+
+    void aGameIsBoundByWhatItsLauncherSaysOfIt() {
+        ApplicationFixture fixture;
+        addSteamGame(libraryOf(fixture), "440", "Hats & Caps");
+        fixture.whenChooserIsOpen([&](ApplicationPanel* panel) {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("hats"));
+            QTRY_VERIFY(panel->findChild<QPushButton*>("quorviApplicationButtonChoose")->isEnabled());
+            QTest::keyClick(panel->windowHandle(), Qt::Key_Return);
+        });
+        chooseInGearMenu(fixture, kGear, 16);
+        QTRY_COMPARE(
+            binding(fixture.savedDriver(0)), QList<QString>({"Hats & Caps", "steam_app_440", "", "steam"}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", ""}));
+        QTRY_VERIFY(!fixture.chooser());
+        // It keeps its profile when it is not installed any more.
+        std::filesystem::remove_all(libraryOf(fixture));
+        fixture.connectDevices(1);
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", ""}));
+        fixture.selectRow(kProfiles, 1);
+        QTRY_COMPARE(fixture.savedSettings().dictionary("settings").integer("profileid"), 2);
+        QCOMPARE(
+            binding(fixture.savedDriver(0)), QList<QString>({"Hats & Caps", "steam_app_440", "", "steam"}));
+    }
+
+    void whatTheChooserSaysLaterOnIsInTheUsersLanguageToo() {
+        const EnvironmentVariable language("LC_ALL", "de_DE.UTF-8");
+        ApplicationFixture fixture;
+        QString said;
+        QString other;
+        fixture.whenChooserIsOpen([&](ApplicationPanel* panel) {
+            panel->findChild<QLineEdit*>("quorviFieldSearch")->setText("nothing is called so");
+            const auto* label = panel->findChild<QLabel*>("textNoApplication");
+            QTRY_COMPARE(label->text(), QStringLiteral("Keine Anwendung entspricht der Suche."));
+            said = label->text();
+            panel->findChild<QPushButton*>("quorviApplicationButtonOther")->click();
+            other = panel->findChild<QFileDialog*>()->windowTitle();
+            panel->reject();
+        });
+        chooseInGearMenu(fixture, kGear, 16);
+        QTRY_VERIFY(!said.isEmpty());
+        QTRY_VERIFY(!fixture.chooser());
+        QCOMPARE(other, QStringLiteral("Anwendung auswählen"));
     }
 
     void cancellingChangesNothing() {

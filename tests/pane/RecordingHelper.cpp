@@ -99,4 +99,8 @@ void RecordingHelper::sendToPanel(const Event& event) {
     m_sender->process();
 }
 
+void RecordingHelper::awaitPassedOn() {
+    (void)m_sender->processes(); // which the bus is asked each time
+}
+
 } // namespace quorvi::test

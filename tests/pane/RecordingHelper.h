@@ -34,6 +34,9 @@ class RecordingHelper {
     /// Sends the panel that is shown a list of that many devices.
     void sendDeviceList(std::uint16_t count);
     void sendToPanel(const Event& event);
+    /// Returns when the bus has passed on what was sent to the panel: its next answer to the panel comes
+    /// behind it.
+    void awaitPassedOn();
 
     /// Does that on the helper's own thread, which alone may use its bus, and returns when it is done.
     void perform(std::function<void(EventBus& bus)> action);

@@ -84,6 +84,10 @@ MouseResult TellingHelper::beginSetUp(const std::string& mouse, const ProcessSer
     return note(QStringLiteral("begin ") + QString::fromStdString(mouse));
 }
 
+MouseResult TellingHelper::watchKey(std::uint16_t code, const ProcessSerialNumber&) {
+    return note(QStringLiteral("watch %1").arg(code));
+}
+
 void TellingHelper::endSetUp(const ProcessSerialNumber&) {
     note(QStringLiteral("end"));
 }

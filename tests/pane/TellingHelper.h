@@ -45,6 +45,7 @@ class TellingHelper final : public RecordingHelper, HelperControls {
     MouseResult setDpi(const std::string& mouse, std::uint16_t dpi) override;
     MouseResult setCodes(const std::string& mouse, std::span<const std::uint16_t> codes) override;
     MouseResult beginSetUp(const std::string& mouse, const ProcessSerialNumber& caller) override;
+    MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) override;
     void endSetUp(const ProcessSerialNumber& caller) override;
     [[nodiscard]] bool hasService() const override { return m_told.service; }
     [[nodiscard]] bool isDemonstration() const override { return m_told.demonstration; }

@@ -29,7 +29,8 @@ class ApplicationPanelFixture : public QObject {
         m_window = std::make_unique<QWidget>();
         m_window->show();
         waitUntilActive(m_window.get());
-        m_panel = std::make_unique<ApplicationPanel>(m_window.get());
+        m_panel = std::make_unique<ApplicationPanel>(
+            m_window.get(), ApplicationPanel::Surroundings{.home = m_folder->path()});
         m_search = outlet<QLineEdit>(m_panel.get(), "quorviFieldSearch");
         m_list = outlet<QListView>(m_panel.get(), "quorviListApplications");
         m_choose = outlet<QPushButton>(m_panel.get(), "quorviApplicationButtonChoose");

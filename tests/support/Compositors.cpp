@@ -79,6 +79,13 @@ bool Sway::setLayout(const std::string& layout, const std::string& variant) cons
            command("nop"); // before it takes in another command, it writes to all its clients
 }
 
+Labwc::Labwc() : Compositor("wayland-0") {
+    const std::string runtime = folder().path().native();
+    startAsUser({"labwc"},
+        {"XDG_RUNTIME_DIR=" + runtime, "HOME=" + runtime, "XDG_CONFIG_HOME", "WLR_BACKENDS=headless",
+            "WLR_LIBINPUT_NO_DEVICES=1", "WLR_RENDERER=pixman", "DISPLAY", "WAYLAND_DISPLAY"});
+}
+
 KWin::KWin(const std::string& bus) : Compositor("kwin-0") {
     const std::string runtime = folder().path().native();
     const std::string noBus = "unix:path=" + folder().path("no-bus");

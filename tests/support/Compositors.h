@@ -14,6 +14,10 @@ namespace quorvi::test {
 /// A compositor that runs until the test lets go of it.
 class Compositor {
   public:
+    virtual ~Compositor() = default;
+    Compositor(const Compositor&) = delete;
+    Compositor& operator=(const Compositor&) = delete;
+
     /// What a client needs in its environment to reach it, "NAME=value".
     [[nodiscard]] std::vector<std::string> environment() const;
     [[nodiscard]] std::string runtimeFolder() const { return m_folder.path(); }
@@ -45,6 +49,12 @@ class Sway : public Compositor {
     /// Sets the layouts and variants of the keyboard, separated by commas. When it returns, every client has
     /// been sent the keymap.
     [[nodiscard]] bool setLayout(const std::string& layout, const std::string& variant = "") const;
+};
+
+/// Labwc, with a screen in memory and no keyboard but what clients make.
+class Labwc : public Compositor {
+  public:
+    Labwc();
 };
 
 /// KWin, with nothing but a screen in memory; it has the keyboard that clients make. It needs no bus.

@@ -23,13 +23,19 @@ PrivateBus::PrivateBus(const std::filesystem::path& services) : m_earlierAddress
     const std::filesystem::path file = m_configuration / "bus.conf";
     std::ofstream(file) << "<busconfig><include>" QUORVI_TEST_DATA "/private-bus.conf</include><servicedir>"
                         << services.native() << "</servicedir></busconfig>\n";
-    m_daemon = std::make_unique<ChildProcess>(std::vector<std::string>{
-        "dbus-daemon", "--nofork", "--config-file=" + file.native(), "--print-address=1"});
+    startDaemon({});
+    setenv(kVariable, m_address.c_str(), 1);
+}
+
+void PrivateBus::startDaemon(const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{
+        "dbus-daemon", "--nofork", "--config-file=" + m_configuration.path("bus.conf"), "--print-address=1"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    m_daemon = std::make_unique<ChildProcess>(command);
     const auto address = m_daemon->readLine();
     if (!address)
         throw std::runtime_error("dbus-daemon does not start: " + m_daemon->readError());
-    m_address = *address;
-    setenv(kVariable, m_address.c_str(), 1);
+    m_address = address->substr(0, address->find(",guid="));
 }
 
 PrivateBus::~PrivateBus() {
@@ -44,6 +50,10 @@ PrivateBus::~PrivateBus() {
 
 void PrivateBus::kill() {
     m_daemon->kill();
+}
+
+void PrivateBus::startAnew() {
+    startDaemon({"--address=" + m_address});
 }
 
 void PrivateBus::pause() {

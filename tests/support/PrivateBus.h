@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
@@ -21,14 +22,20 @@ class PrivateBus {
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
+    /// Of the place alone, so that a daemon that is started anew there is taken for the same bus.
     [[nodiscard]] const std::string& address() const { return m_address; }
-    /// Ends the daemon by force; every connection is cut.
+    /// Ends the daemon by force; every connection is cut, and its socket stays behind.
     void kill();
+    /// Starts another one at the place of the one that was killed.
+    void startAnew();
     /// Stops the daemon, which answers nobody until it goes on.
     void pause();
     void goOn();
 
   private:
+    /// With more arguments for the daemon, if any.
+    void startDaemon(const std::vector<std::string>& arguments);
+
     TemporaryFolder m_configuration;
     std::unique_ptr<ChildProcess> m_daemon;
     std::string m_address;

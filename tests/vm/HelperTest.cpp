@@ -8,11 +8,11 @@
 #include <grp.h>
 #include <unistd.h>
 
-#include "model/ConfigMapping.h"
+#include "model/CommandCodes.h"
+#include "model/SettingsDocument.h"
 #include "model/Trees.h"
 #include "platform/events/HelperCalls.h"
 #include "platform/events/SimulatedMouse.h"
-#include "plist/Writer.h"
 #include "support/EnvironmentVariable.h"
 #include "vm/support/Serviced.h"
 
@@ -41,7 +41,7 @@ class AsUser {
 class UserSession {
   public:
     explicit UserSession(uid_t user) : m_user(user), m_home("/tmp/home-" + std::to_string(user)) {
-        std::filesystem::create_directories(m_home + "/Library/Preferences");
+        std::filesystem::create_directories(m_home);
         own(m_home);
         const auto configuration = m_home + "/bus.conf";
         std::ofstream(configuration)
@@ -63,17 +63,28 @@ class UserSession {
     UserSession(const UserSession&) = delete;
     UserSession& operator=(const UserSession&) = delete;
 
-    /// Has input 4 type the key.
-    void save(int usage) {
-        auto first = profile(u"One");
-        first.set("buttons", dict({{"04", assignment(kSingleKey, usage, 0)}}));
-        auto made = tree(list({first}), list());
-        made.set("settings", dict({{"profileid", 1}, {"stage", 1}, {"dpix", 1600}, {"dpiy", 1600}}));
-        first.set("stages", list({stage(1600, 1600)}));
-        first.set("defaultstage", 1);
-        const auto file = m_home + "/Library/Preferences/com.kyvar.quorvi.settings.plist";
-        std::ofstream(file) << plist::writeXml(dict({{"quorvi", made}})).value();
-        own(file);
+    /// Has input 4 type the key, as the panel does it.
+    void save(int usage) { saveAssignment(assignment(commands::singleKey, usage, 0), list()); }
+    /// Has input 4 run a macro that types A for half a second, and then B.
+    void saveMacro() {
+        const auto step = [](int pressed, int usage, int delay) {
+            return dict({{"command", pressed}, {"argument", usage}, {"delay", delay}});
+        };
+        auto made = macro(1);
+        made.set("delay", 0);
+        made.set("steps",
+            list({step(1, kUsageA, 500), step(0, kUsageA, 50), step(1, kUsageB, 50), step(0, kUsageB, 0)}));
+        saveAssignment(assignment(commands::runMacro, 1, 1), list({made}));
+    }
+    /// From the defaults or what is there, by the panel's own writer, whom its user has started.
+    void saveAssignment(const plist::Dictionary& assignment, const plist::Array& macros) {
+        {
+            const AsUser user_(m_user);
+            auto tree = loadSettings(m_settings, std::string(kBundle) + "/Defaults.plist");
+            tree.array("profiles").dictionary(0).dictionary("buttons").set("04", assignment);
+            tree.set("macros", macros);
+            ASSERT_TRUE(saveSettings(tree, m_settings));
+        }
         if (m_helper) {
             EXPECT_EQ(m_bus->send(m_psn, makeCommand(kMessageSettingsSaved, 0), SendMode::waitReply, nullptr,
                           kPatience),
@@ -134,6 +145,7 @@ class UserSession {
 
     uid_t m_user;
     std::string m_home;
+    ConfigFile m_settings{userSettingsFile(m_home)};
     std::string m_address;
     std::unique_ptr<ChildProcess> m_daemon;
     std::unique_ptr<EventBus> m_bus;
@@ -249,6 +261,70 @@ TEST_F(HelpedMouse, NeverHasTheRecordOfTheUserWhoWasAtTheMachineBefore) {
     ASSERT_TRUE(first.becomes("driven"));
     ASSERT_TRUE(waitUntilDriven(mouse, desk));
     EXPECT_TRUE(types("46+ 46-"));
+}
+
+TEST_F(HelpedMouse, DoesAsBeforeWhenTheComputerHasSleptAndItWasAwayMeanwhile) {
+    UserSession session(kAnna);
+    session.save(kUsageA);
+    session.startHelper();
+    session.useTheMouse();
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    ASSERT_TRUE(waitUntil([&] { return managers.isSleepDelayed(); }));
+    mouse.press(BTN_SIDE);
+    ASSERT_TRUE(desk.waitForKey(KEY_A, 1));
+    managers.sayPrepareForSleep(true);
+    EXPECT_TRUE(waitUntil([&] { return !managers.isSleepDelayed(); }));
+    desk.look();
+    EXPECT_EQ(desk.keys(), "30+ 30-") << "up before the computer sleeps";
+    mouse.unplug(); // as many are while it does
+    managers.sayPrepareForSleep(false);
+    ASSERT_TRUE(session.becomes("absent"));
+    mouse = FakeMouse();
+    ASSERT_TRUE(session.becomes("driven"));
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    EXPECT_TRUE(types("30+ 30-"));
+    session.save(kUsageB);
+    EXPECT_TRUE(types("48+ 48-"));
+}
+
+/// Both have chosen the mouse and have their helpers running, and the first one's macro is in the middle.
+TEST_F(HelpedMouse, TypesNothingOfTheMacroOfTheUserWhoHasLeft) {
+    UserSession first(kAnna);
+    first.saveMacro();
+    first.startHelper();
+    first.useTheMouse();
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    showSession({kBerta});
+    UserSession second(kBerta);
+    second.save(kUsageC);
+    second.startHelper();
+    ASSERT_TRUE(waitUntil([&] { return !second.mice().empty(); }));
+    second.useTheMouse();
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    showSession({kAnna});
+    ASSERT_TRUE(first.becomes("driven"));
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    mouse.click(BTN_SIDE);
+    ASSERT_TRUE(desk.waitForKey(KEY_A, 1));
+    showSession({kBerta});
+    ASSERT_TRUE(desk.waitForKey(KEY_A, 0));
+    ASSERT_TRUE(second.becomes("driven"));
+    EXPECT_EQ(desk.keys(), "30+ 30-") << "the key that was down, and no other";
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    EXPECT_TRUE(types("46+ 46-"));
+    for (int click = 0; click < 3; ++click) {
+        EXPECT_EQ(typed(), "46+ 46-") << "Berta's key alone";
+        first.saveMacro(); // her panel is still there, and tells her helper
+    }
+    // Left alone it goes on to B, or the test would have shown nothing.
+    showSession({kAnna});
+    ASSERT_TRUE(first.becomes("driven"));
+    ASSERT_TRUE(waitUntilDriven(mouse, desk));
+    EXPECT_TRUE(waitUntil([&] {
+        desk.forget();
+        mouse.click(BTN_SIDE);
+        return desk.waitForKey(KEY_B, 0) && desk.keys() == "30+ 30- 48+ 48-";
+    }));
 }
 
 TEST_F(HelpedMouse, IsPlainWhileItIsSetUpAndSaysWhichButtonsItHas) {

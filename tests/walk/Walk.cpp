@@ -48,6 +48,8 @@ QStringList namesIn(const plist::Array& items) {
 
 Walk::Walk(const plist::Dictionary& settings, const WalkStart& start) {
     m_session.home.writeSettings(settings);
+    if (start.before)
+        start.before();
     if (!start.attached) {
         m_session.startHelper();
         m_session.detach();

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 #include "host/Session.h"
 #include "support/EventMonitor.h"
 #include "support/ScreenReader.h"
@@ -20,6 +22,8 @@ struct WalkStart {
     const char* locale = "C.UTF-8";
     bool attached = true;
     const char* heardThen = "label 'Connected'";
+    /// Is done in the new session, before the program starts.
+    std::function<void()> before = {};
 };
 
 class Walk {

@@ -149,7 +149,7 @@ class InterfaceTest : public QObject {
             QVERIFY2(!widget->accessibleDescription().isEmpty(), qPrintable(widget->objectName()));
             QVERIFY2(!widget->accessibleName().contains('&'), qPrintable(widget->objectName()));
         }
-        QCOMPARE(controls, 54);
+        QCOMPARE(controls, 59);
     }
 
     // A screen reader names a combo box by the label that it is the buddy of, not by its accessible name.
@@ -311,6 +311,7 @@ class InterfaceTest : public QObject {
         QVERIFY(!m_interface->confirm.quorviConfirmButtonOK->isDefault());
         QVERIFY(m_interface->noDevice.quorviNoDeviceButtonOK->isDefault());
         QVERIFY(m_interface->stages.quorviStagesButtonOK->isDefault());
+        QVERIFY(m_interface->setUp.quorviSetUpButtonDone->isDefault());
     }
 
     void escapeRejectsEachPanel() {
@@ -320,7 +321,7 @@ class InterfaceTest : public QObject {
             QTest::keyClick(panel, Qt::Key_Escape);
             QCOMPARE(rejected.count(), 1);
         }
-        QCOMPARE(m_view->findChildren<QDialog*>().size(), 5);
+        QCOMPARE(m_view->findChildren<QDialog*>().size(), 6);
     }
 
     void returnInTheQuestionPressesCancel() {

@@ -76,14 +76,25 @@ void ScreenDisplay::showByKde() {
         done();
 }
 
+/// The server that shows the notification already is called itself: another one may have given its number to
+/// another program's.
 void ScreenDisplay::notify() {
-    const auto call = m_calls.newCall(kNotifications, kNotificationsPath, kNotifications, "Notify",
-        "susssasa{sv}i", "Kyvar Quorvi", m_notification, kIcon, m_text.c_str(), "", 0, 2, "transient", "b", 1,
-        "urgency", "y", 0, kShownFor);
+    const auto call = m_calls.newCall(m_server.empty() ? kNotifications : m_server.c_str(),
+        kNotificationsPath, kNotifications, "Notify", "susssasa{sv}i", "Kyvar Quorvi", m_notification, kIcon,
+        m_text.c_str(), "", 0, 2, "transient", "b", 1, "urgency", "y", 0, kShownFor);
     const bool sent =
         m_calls.call(call, kDesktopPatience, [this](sd_bus_message* reply, std::string_view error) {
-            if (std::uint32_t id = 0; error.empty() && sd_bus_message_read_basic(reply, 'u', &id) > 0)
+            if (!m_server.empty() && isAbsence(error)) {
+                m_server.clear();
+                m_notification = 0;
+                return notify();
+            }
+            const char* server = sd_bus_message_get_sender(reply);
+            std::uint32_t id = 0;
+            if (error.empty() && server && sd_bus_message_read_basic(reply, 'u', &id) > 0) {
+                m_server = server;
                 m_notification = id;
+            }
             done();
         });
     if (!sent)

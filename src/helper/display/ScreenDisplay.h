@@ -34,6 +34,7 @@ class ScreenDisplay {
     std::optional<std::string> m_next;
     Clock::time_point m_nextCame;
     std::uint32_t m_notification = 0; ///< the one to replace; 0 for none
+    std::string m_server;             ///< whose number that is, by its unique name
 };
 
 } // namespace quorvi

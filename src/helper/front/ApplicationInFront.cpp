@@ -11,9 +11,8 @@
 namespace quorvi::front {
 
 ApplicationInFront::ApplicationInFront(EventBus& bus, EventLoop& loop, const Session& session)
-    : m_bus(bus), m_object(FrontObject::offer(bus)) {
+    : m_bus(bus), m_loop(loop), m_object(FrontObject::offer(bus)) {
     m_state.desktop = session.desktop;
-    loop.watch(m_descriptors.fd(), [this] { m_descriptors.serve(); });
     addSources(session);
 }
 
@@ -23,17 +22,17 @@ ApplicationInFront::~ApplicationInFront() = default;
 void ApplicationInFront::addSources(const Session& session) {
     if (!session.isWayland) {
         if (!session.x11Display.empty())
-            add(std::make_unique<X11Source>(m_descriptors, session.x11Display));
+            add(std::make_unique<X11Source>(m_loop, session.x11Display));
         return;
     }
-    add(std::make_unique<KWinSource>(m_bus, m_descriptors, m_reports, session.resources / "kwin-front.js"));
+    add(std::make_unique<KWinSource>(m_bus, m_loop, m_reports, session.resources / "kwin-front.js"));
     auto gnome = std::make_unique<GnomeSource>(m_bus, m_reports);
     if (m_object)
         m_object->onEnableGnomeExtension([shell = gnome.get()] { shell->enableExtension(); });
     m_gnome = gnome.get();
     add(std::move(gnome));
     if (!session.waylandSocket.empty())
-        add(std::make_unique<WlrootsSource>(m_descriptors, session.waylandSocket));
+        add(std::make_unique<WlrootsSource>(m_loop, session.waylandSocket));
 }
 
 void ApplicationInFront::add(std::unique_ptr<FrontSource> source) {

@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "helper/front/Descriptors.h"
 #include "helper/front/DesktopEntries.h"
 #include "helper/front/DesktopReports.h"
 #include "helper/front/FrontApplication.h"
@@ -42,9 +41,9 @@ class ApplicationInFront {
     void tell();
 
     EventBus& m_bus;
+    EventLoop& m_loop;
     FrontState m_state;
     std::unique_ptr<FrontObject> m_object;
-    Descriptors m_descriptors;
     DesktopEntries m_entries{desktopEntryFolders()};
     DesktopReports m_reports{m_bus};
     std::vector<std::unique_ptr<FrontSource>> m_sources;

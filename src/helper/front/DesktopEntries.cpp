@@ -8,6 +8,7 @@
 #include "platform/Languages.h"
 #include "platform/applications/DesktopEntryKeys.h"
 #include "platform/applications/ExecKey.h"
+#include "platform/games/GameIdentifiers.h"
 
 namespace quorvi::front {
 
@@ -40,16 +41,6 @@ std::string_view lastPart(std::string_view id) {
     return id.substr(id.rfind('.') + 1);
 }
 
-/// Of a link that Steam makes for a game: "steam steam://rungameid/NUMBER".
-std::string steamGameOf(std::string_view exec) {
-    constexpr std::string_view start = "steam://rungameid/";
-    const auto at = exec.find(start);
-    if (at == std::string_view::npos)
-        return {};
-    const auto number = exec.substr(at + start.size());
-    return std::string(number.substr(0, std::min(number.find_first_not_of("0123456789"), number.size())));
-}
-
 std::optional<DesktopEntry> entryOf(
     const fs::path& file, std::string id, const std::vector<std::string>& locales) {
     const std::string text = desktopEntryFileText(file);
@@ -59,7 +50,7 @@ std::optional<DesktopEntry> entryOf(
     const std::string exec = keys.value("Exec").value_or("");
     DesktopEntry entry{std::move(id), keys.value("Name").value_or(""),
         keys.localizedValue("Name", locales).value_or(""), keys.value("StartupWMClass").value_or(""),
-        execProgramName(exec), steamGameOf(exec)};
+        execProgramName(exec), std::string(games::steamNumberOfLink(exec))};
     return entry.name.empty() ? std::nullopt : std::optional(std::move(entry));
 }
 

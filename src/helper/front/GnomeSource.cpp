@@ -45,12 +45,13 @@ std::string nameOfState(double state) {
 } // namespace
 
 GnomeSource::GnomeSource(const EventBus& bus, DesktopReports& reports)
-    : m_bus(bus), m_call(bus), m_shell(bus, "org.gnome.Shell", [this] { watchShell(); }) {
+    : m_bus(bus), m_call(bus), m_enabling(bus), m_shell(bus, "org.gnome.Shell", [this] { watchShell(); }) {
     reports.listenTo(m_shell, [this](const FrontWindow& window) { report(window); });
 }
 
 void GnomeSource::watchShell() {
     m_call.giveUp();
+    m_enabling.giveUp();
     m_stateMatch.reset();
     m_shellMatch.reset();
     if (m_shell.owner().empty())
@@ -122,16 +123,16 @@ void GnomeSource::setExtension(std::string state) {
 void GnomeSource::enableExtension() {
     if (m_uuid.empty() || m_shell.owner().empty())
         return;
-    m_call.giveUp();
+    m_enabling.giveUp();
     const auto enable = [this](sd_bus_message*) {
-        m_call.make(
+        m_enabling.make(
             m_shell.owner(), shellPath, extensionsInterface, "EnableExtension",
             [this](sd_bus_message*) { look(); }, "s", m_uuid.c_str());
     };
     if (!m_extensionsAreOff)
         return enable(nullptr);
-    m_call.make(m_shell.owner(), shellPath, propertiesInterface, "Set", enable, "ssv", extensionsInterface,
-        userExtensions, "b", 1);
+    m_enabling.make(m_shell.owner(), shellPath, propertiesInterface, "Set", enable, "ssv",
+        extensionsInterface, userExtensions, "b", 1);
 }
 
 } // namespace quorvi::front

@@ -35,7 +35,8 @@ class GnomeSource : public FrontSource {
     static int receiveChange(sd_bus_message* signal, void* self, sd_bus_error*);
 
     const EventBus& m_bus;
-    BusCall m_call;
+    BusCall m_call;     ///< looks; a change that comes meanwhile looks anew
+    BusCall m_enabling; ///< goes on whatever changes meanwhile
     std::string m_uuid; ///< of the extension that this Shell loads
     bool m_extensionsAreOff = false;
     std::string m_extension;

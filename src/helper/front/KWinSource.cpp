@@ -15,11 +15,10 @@ constexpr char scriptName[] = "kyvar-quorvi-front";
 
 } // namespace
 
-KWinSource::KWinSource(
-    const EventBus& bus, Descriptors& descriptors, DesktopReports& reports, std::string script)
-    : m_bus(bus), m_descriptors(descriptors), m_script(std::move(script)), m_call(bus),
+KWinSource::KWinSource(const EventBus& bus, EventLoop& loop, DesktopReports& reports, std::string script)
+    : m_bus(bus), m_loop(loop), m_script(std::move(script)), m_call(bus),
       m_kwin(bus, "org.kde.KWin", [this] { loadAnew(); }) {
-    m_descriptors.watch(m_timer.fd(), [this] {
+    m_loop.watch(m_timer.fd(), [this] {
         m_timer.set(std::nullopt);
         load();
     });
@@ -27,7 +26,7 @@ KWinSource::KWinSource(
 }
 
 KWinSource::~KWinSource() {
-    m_descriptors.unwatch(m_timer.fd());
+    m_loop.unwatch(m_timer.fd());
     auto& bus = m_bus.connection();
     if (!m_isRunning)
         return;

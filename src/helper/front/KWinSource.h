@@ -4,9 +4,9 @@
 #include <string>
 
 #include "helper/front/BusCall.h"
-#include "helper/front/Descriptors.h"
 #include "helper/front/DesktopReports.h"
 #include "helper/front/FrontSource.h"
+#include "platform/events/EventLoop.h"
 #include "platform/events/Timer.h"
 
 namespace quorvi::front {
@@ -16,7 +16,7 @@ namespace quorvi::front {
 class KWinSource : public FrontSource {
   public:
     /// They must live longer. The script's path has to be one that KWin can read.
-    KWinSource(const EventBus& bus, Descriptors& descriptors, DesktopReports& reports, std::string script);
+    KWinSource(const EventBus& bus, EventLoop& loop, DesktopReports& reports, std::string script);
     ~KWinSource() override;
 
     void start() override {}
@@ -31,7 +31,7 @@ class KWinSource : public FrontSource {
     void setRunning(bool running);
 
     const EventBus& m_bus;
-    Descriptors& m_descriptors;
+    EventLoop& m_loop;
     std::string m_script;
     Timer m_timer;
     int m_triesLeft = 0;

@@ -75,9 +75,8 @@ struct WlrootsSource::Events {
     static constexpr wl_callback_listener ofList{listed};
 };
 
-WlrootsSource::WlrootsSource(Descriptors& descriptors, const std::filesystem::path& socket)
-    : m_descriptors(descriptors), m_socket(socket),
-      m_return(descriptors, socket, [this] { return connect(); }) {}
+WlrootsSource::WlrootsSource(EventLoop& loop, const std::filesystem::path& socket)
+    : m_loop(loop), m_socket(socket), m_return(loop, socket, [this] { return connect(); }) {}
 
 WlrootsSource::~WlrootsSource() {
     leave();
@@ -96,14 +95,14 @@ bool WlrootsSource::connect() {
     wl_registry_add_listener(m_registry, &Events::ofRegistry, this);
     wl_callback_add_listener(wl_display_sync(m_display), &Events::ofList, this);
     wl_display_flush(m_display);
-    m_descriptors.watch(wl_display_get_fd(m_display), [this] { serve(); });
+    m_loop.watch(wl_display_get_fd(m_display), [this] { serve(); });
     return true;
 }
 
 void WlrootsSource::leave() {
     if (!m_display)
         return;
-    m_descriptors.unwatch(wl_display_get_fd(m_display));
+    m_loop.unwatch(wl_display_get_fd(m_display));
     for (const auto& window : m_windows)
         zwlr_foreign_toplevel_handle_v1_destroy(window.handle);
     m_windows.clear();

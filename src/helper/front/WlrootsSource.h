@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "helper/front/Descriptors.h"
 #include "helper/front/FrontSource.h"
-#include "helper/front/ReturningSocket.h"
+#include "platform/events/EventLoop.h"
+#include "platform/events/ReturningSocket.h"
 
 struct wl_display;
 struct wl_registry;
@@ -20,8 +20,8 @@ namespace quorvi::front {
 /// compositor without it is left at once.
 class WlrootsSource : public FrontSource {
   public:
-    /// The compositor's socket. The descriptors must live longer.
-    WlrootsSource(Descriptors& descriptors, const std::filesystem::path& socket);
+    /// The compositor's socket. The loop must live longer.
+    WlrootsSource(EventLoop& loop, const std::filesystem::path& socket);
     ~WlrootsSource() override;
 
     void start() override;
@@ -45,7 +45,7 @@ class WlrootsSource : public FrontSource {
     void serve();
     void tellWhenNew(Window& window) const;
 
-    Descriptors& m_descriptors;
+    EventLoop& m_loop;
     std::filesystem::path m_socket;
     ReturningSocket m_return;
     wl_display* m_display = nullptr;

@@ -77,16 +77,14 @@ void XcbFree::operator()(void* memory) const {
     std::free(memory); // NOLINT(cppcoreguidelines-no-malloc): it is malloc's
 }
 
-X11Source::X11Source(Descriptors& descriptors, std::string display)
-    : m_descriptors(descriptors), m_display(std::move(display)) {
+X11Source::X11Source(EventLoop& loop, std::string display) : m_loop(loop), m_display(std::move(display)) {
     if (auto socket = socketOf(m_display); !socket.empty())
-        m_return =
-            std::make_unique<ReturningSocket>(m_descriptors, std::move(socket), [this] { return connect(); });
+        m_return = std::make_unique<ReturningSocket>(m_loop, std::move(socket), [this] { return connect(); });
 }
 
 X11Source::~X11Source() {
     if (m_connection)
-        m_descriptors.unwatch(xcb_get_file_descriptor(m_connection.get()));
+        m_loop.unwatch(xcb_get_file_descriptor(m_connection.get()));
 }
 
 void X11Source::start() {
@@ -108,7 +106,7 @@ bool X11Source::connect() {
     if (xcb_connection_has_error(made.get()) != 0)
         return false;
     m_connection = std::move(made);
-    m_descriptors.watch(xcb_get_file_descriptor(m_connection.get()), [this] { serve(); });
+    m_loop.watch(xcb_get_file_descriptor(m_connection.get()), [this] { serve(); });
     changed();
     askForWindow();
     serve();
@@ -116,7 +114,7 @@ bool X11Source::connect() {
 }
 
 void X11Source::lose() {
-    m_descriptors.unwatch(xcb_get_file_descriptor(m_connection.get()));
+    m_loop.unwatch(xcb_get_file_descriptor(m_connection.get()));
     m_connection.reset();
     m_window = m_classless = XCB_NONE;
     m_windowQuestion.reset();

@@ -7,9 +7,9 @@
 
 #include <xcb/xcb.h>
 
-#include "helper/front/Descriptors.h"
 #include "helper/front/FrontSource.h"
-#include "helper/front/ReturningSocket.h"
+#include "platform/events/EventLoop.h"
+#include "platform/events/ReturningSocket.h"
 
 namespace quorvi::front {
 
@@ -22,8 +22,8 @@ struct XcbFree {
 /// asked without waiting for its answers, since a client may hold it for itself for as long as it likes.
 class X11Source : public FrontSource {
   public:
-    /// The display as in $DISPLAY. The descriptors must live longer.
-    X11Source(Descriptors& descriptors, std::string display);
+    /// The display as in $DISPLAY. The loop must live longer.
+    X11Source(EventLoop& loop, std::string display);
     ~X11Source() override;
 
     void start() override;
@@ -55,7 +55,7 @@ class X11Source : public FrontSource {
     /// Listens for the class of a window that has none yet, and to no other window's properties.
     void waitForClassOf(xcb_window_t window);
 
-    Descriptors& m_descriptors;
+    EventLoop& m_loop;
     std::string m_display;
     std::unique_ptr<ReturningSocket> m_return;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;

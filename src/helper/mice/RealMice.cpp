@@ -1,6 +1,7 @@
 #include "helper/mice/RealMice.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <utility>
 
@@ -8,6 +9,8 @@
 
 #include "helper/mice/Connection.h"
 #include "inputd/InputdInterface.h"
+#include "model/CommandCodes.h"
+#include "model/ConfigRecord.h"
 #include "platform/events/HelperInterface.h"
 
 namespace quorvi {
@@ -22,6 +25,22 @@ constexpr auto kPause = 5s;
 
 /// Inputs that are buttons nowhere pass unchanged: a plain mouse.
 constexpr engine::ButtonCodes kNoInputs{};
+
+/// The one that a watched key is, during a set-up: the service tells of inputs, and of no other key.
+constexpr std::uint8_t kWatchInput = 7;
+
+std::vector<std::uint8_t> withoutFunctionOf(std::uint8_t input, const std::vector<std::uint8_t>& bytes) {
+    ConfigRecord record;
+    if (bytes.size() != sizeof record)
+        return bytes;
+    std::memcpy(&record, bytes.data(), sizeof record);
+    for (auto& profile : record.profiles)
+        profile.buttons[input - 1U] = {
+            .button = input, .command = commands::noFunction, .param1 = 0, .param2 = 0};
+    std::vector<std::uint8_t> changed(bytes.size());
+    std::memcpy(changed.data(), &record, sizeof record);
+    return changed;
+}
 
 DeviceEntry entryOf(const ListedMouse& mouse, std::uint16_t index) {
     return {
@@ -40,21 +59,32 @@ DeviceEntry entryOf(const ListedMouse& mouse, std::uint16_t index) {
 } // namespace
 
 RealMice::RealMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener)
-    : m_listener(listener), m_loop(loop), m_chosen(std::move(chosen)), m_bus(SystemBus::open()) {
-    if (!m_bus)
-        return;
-    InputdListener& inputdListener = *this;
-    m_link = std::make_unique<InputdLink>(m_bus->get(), inputdListener);
-    m_loop.add(*m_bus);
-    m_loop.watch(m_restart.fd(), [this] {
+    : m_listener(listener), m_chosen(std::move(chosen)), m_bus(loop, [this] { followBus(); }) {
+    followBus();
+    loop.watch(m_restart.fd(), [this] {
         m_restart.set({});
         refresh();
     });
 }
 
-RealMice::~RealMice() {
-    if (m_bus)
-        m_loop.remove(*m_bus);
+RealMice::~RealMice() = default;
+
+/// With a bus that has gone goes all that the service has said on it; a set-up goes on when it is back. One
+/// that has come is asked for the service, as at the start.
+void RealMice::followBus() {
+    const bool hadLink = m_link != nullptr;
+    m_link.reset();
+    if (hadLink) {
+        m_restart.set({});
+        m_listsAgain = false;
+        listed(InputdResult::noService, {});
+    }
+    if (!m_bus.get())
+        return;
+    InputdListener& inputdListener = *this;
+    m_link = std::make_unique<InputdLink>(m_bus.get(), inputdListener);
+    if (!m_record.empty())
+        start();
 }
 
 void RealMice::start() {
@@ -167,7 +197,7 @@ MouseResult RealMice::use(const std::string& mouse, bool inUse) {
     }
     std::erase_if(m_mice, [](const auto& each) { return !each.second.isPluggedIn && !each.second.isOurs; });
     updateAll();
-    m_listener.miceChanged();
+    tell();
     return result;
 }
 
@@ -175,8 +205,10 @@ MouseResult RealMice::setDpi(const std::string& mouse, std::uint16_t dpi) {
     if (dpi != 0 && (dpi < engine::lowestSensorDpi || dpi > engine::highestSensorDpi))
         return MouseResult::invalid;
     const auto result = change(mouse, [dpi](ChosenMouse& chosen) { chosen.dpi = dpi; });
-    if (result == MouseResult::done)
+    if (result == MouseResult::done) {
         updateAll();
+        tell();
+    }
     return result;
 }
 
@@ -186,8 +218,10 @@ MouseResult RealMice::setCodes(const std::string& mouse, std::span<const std::ui
         return MouseResult::invalid;
     const auto result =
         change(mouse, [&](ChosenMouse& chosen) { std::ranges::copy(codes, chosen.codes.begin()); });
-    if (result == MouseResult::done)
+    if (result == MouseResult::done) {
         updateAll();
+        tell();
+    }
     return result;
 }
 
@@ -197,6 +231,8 @@ MouseResult RealMice::beginSetUp(const std::string& mouse) {
         return MouseResult::noSuchMouse;
     if (!found->isOurs)
         return MouseResult::notInUse;
+    if (m_inSetUp != mouse)
+        endSetUp();
     m_inSetUp = mouse;
     m_link->watchCodes(mouse, true);
     updateAll();
@@ -205,9 +241,24 @@ MouseResult RealMice::beginSetUp(const std::string& mouse) {
 
 void RealMice::endSetUp() {
     if (const auto mouse = std::exchange(m_inSetUp, {}); !mouse.empty()) {
-        m_link->watchCodes(mouse, false);
+        if (m_link)
+            m_link->watchCodes(mouse, false);
+        m_watchedKey = 0;
+        watch();
         updateAll();
     }
+}
+
+MouseResult RealMice::watchKey(std::uint16_t code) {
+    if (m_inSetUp.empty())
+        return MouseResult::notInUse;
+    if (code > KEY_MAX)
+        return MouseResult::invalid;
+    if (std::exchange(m_watchedKey, code) != code) {
+        watch();
+        updateAll();
+    }
+    return MouseResult::done;
 }
 
 void RealMice::setShown(bool shown) {
@@ -218,10 +269,11 @@ void RealMice::setShown(bool shown) {
     watch();
 }
 
-/// What a panel shows is wanted as long as there is one; the profile and stage as long as a mouse is in use.
+/// What is pressed is wanted as long as there is a panel to show it, or a key to wait for; the profile and
+/// stage as long as a mouse is in use.
 void RealMice::watch() {
     if (std::ranges::any_of(m_mice, [](const auto& each) { return each.second.isOurs; }))
-        m_link->watch(m_isShown);
+        m_link->watch(m_isShown || m_watchedKey != 0);
 }
 
 void RealMice::serviceCame() {
@@ -270,7 +322,7 @@ void RealMice::listed(InputdResult result, const std::vector<ListedMouse>& mice)
         m_hasService = false;
         m_mice.clear();
     }
-    m_listener.miceChanged();
+    tell();
     for (const auto& answer : std::exchange(m_waiting, {}))
         answer(entries());
 }
@@ -308,9 +360,9 @@ void RealMice::update(Mouse& mouse) {
     mouse.isOutdated = false;
     const auto answer = [this, id = mouse.listed.id](InputdResult result) { updated(id, result); };
     if (mouse.isPluggedIn)
-        return m_link->use(mouse.listed.id, m_record, optionsOf(mouse), answer);
+        return m_link->use(mouse.listed.id, recordOf(mouse), optionsOf(mouse), answer);
     m_link->setOptions(mouse.listed.id, optionsOf(mouse), [](InputdResult) {});
-    m_link->setRecord(mouse.listed.id, m_record, answer);
+    m_link->setRecord(mouse.listed.id, recordOf(mouse), answer);
 }
 
 void RealMice::updated(const std::string& id, InputdResult result) {
@@ -333,9 +385,11 @@ void RealMice::updated(const std::string& id, InputdResult result) {
         return;
     if (mouse->isOurs) {
         watch();
+        if (id == m_inSetUp)
+            m_link->watchCodes(id, true); // it was away, or the service was
         m_link->status(id, [this, id](const MouseStatus& status) { statusChanged(id, status); });
     }
-    m_listener.miceChanged();
+    tell();
 }
 
 engine::Options RealMice::optionsOf(const Mouse& mouse) const {
@@ -345,8 +399,17 @@ engine::Options RealMice::optionsOf(const Mouse& mouse) const {
         options.sensorDpi = chosen.dpi;
     else if (mouse.listed.dpi != 0)
         options.sensorDpi = std::clamp(mouse.listed.dpi, engine::lowestSensorDpi, engine::highestSensorDpi);
-    options.buttonCodes = mouse.listed.id == m_inSetUp ? kNoInputs : chosen.codes;
+    options.buttonCodes = chosen.codes;
+    if (mouse.listed.id == m_inSetUp) {
+        options.buttonCodes = kNoInputs;
+        options.buttonCodes[kWatchInput - 1U] = m_watchedKey;
+    }
     return options;
+}
+
+std::vector<std::uint8_t> RealMice::recordOf(const Mouse& mouse) const {
+    const bool watchesKey = mouse.listed.id == m_inSetUp && m_watchedKey != 0;
+    return watchesKey ? withoutFunctionOf(kWatchInput, m_record) : m_record;
 }
 
 void RealMice::statusChanged(const std::string& id, const MouseStatus& status) {
@@ -360,7 +423,7 @@ void RealMice::statusChanged(const std::string& id, const MouseStatus& status) {
     else
         noteRunning(status);
     if (isOther)
-        m_listener.miceChanged();
+        tell();
 }
 
 void RealMice::noteRunning(const MouseStatus& status) {
@@ -373,6 +436,8 @@ void RealMice::inputChanged(const std::string& id, std::uint8_t input, bool pres
     auto* mouse = find(id);
     if (!mouse || !mouse->isOurs || input < 1 || input > limits::buttons)
         return;
+    if (id == m_inSetUp && input == kWatchInput)
+        return m_listener.codeChanged(id, m_watchedKey, pressed);
     const auto bit = static_cast<std::uint16_t>(input <= engine::buttonInputs ? 1U << (input - 1U) : 0U);
     mouse->status.inputs =
         static_cast<std::uint16_t>(pressed ? mouse->status.inputs | bit : mouse->status.inputs & ~bit);
@@ -382,6 +447,15 @@ void RealMice::inputChanged(const std::string& id, std::uint8_t input, bool pres
 void RealMice::codeChanged(const std::string& id, std::uint16_t code, bool pressed) {
     if (id == m_inSetUp)
         m_listener.codeChanged(id, code, pressed);
+}
+
+/// Whoever looks at the news asks for the list, which is news again unless it is compared.
+void RealMice::tell() {
+    Told now{entries(), anyInUse(), hasService()};
+    if (m_told == now)
+        return;
+    m_told = std::move(now);
+    m_listener.miceChanged();
 }
 
 RealMice::Mouse* RealMice::find(const std::string& id) {

@@ -30,7 +30,7 @@ class RealMiceListener {
 
 class RealMice final : public Backend, InputdListener {
   public:
-    /// Without a system's bus there are no mice. Loop and listener must live longer.
+    /// While there is no bus of the system there are no mice. Loop and listener must live longer.
     RealMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener);
     ~RealMice() override;
     RealMice(const RealMice&) = delete;
@@ -63,6 +63,9 @@ class RealMice final : public Backend, InputdListener {
     [[nodiscard]] MouseResult setCodes(const std::string& mouse, std::span<const std::uint16_t> codes);
     /// From now on the mouse is a plain one, whose buttons and keys are told by codeChanged().
     [[nodiscard]] MouseResult beginSetUp(const std::string& mouse);
+    /// During a set-up: this key is told by codeChanged() too when it is the mouse's, and does nothing else
+    /// then; 0 for none.
+    [[nodiscard]] MouseResult watchKey(std::uint16_t code);
     void endSetUp();
     [[nodiscard]] const std::string& inSetUp() const { return m_inSetUp; }
 
@@ -81,6 +84,14 @@ class RealMice final : public Backend, InputdListener {
         [[nodiscard]] std::string model() const { return modelOf(listed.vendor, listed.product); }
     };
 
+    /// Who has been told of it need not look again until it is another.
+    struct Told {
+        std::vector<MouseEntry> entries;
+        bool anyInUse = false;
+        bool hasService = false;
+        bool operator==(const Told&) const = default;
+    };
+
     void serviceCame() override;
     void serviceLeft() override;
     void miceChanged() override { refresh(); }
@@ -88,6 +99,7 @@ class RealMice final : public Backend, InputdListener {
     void inputChanged(const std::string& id, std::uint8_t input, bool pressed) override;
     void codeChanged(const std::string& id, std::uint16_t code, bool pressed) override;
 
+    void followBus();
     void refresh();
     void listed(InputdResult result, const std::vector<ListedMouse>& mice);
     void takeOver(const std::vector<ListedMouse>& mice);
@@ -96,8 +108,10 @@ class RealMice final : public Backend, InputdListener {
     void update(Mouse& mouse);
     void updated(const std::string& id, InputdResult result);
     void noteRunning(const MouseStatus& status);
+    void tell();
     void watch();
     [[nodiscard]] engine::Options optionsOf(const Mouse& mouse) const;
+    [[nodiscard]] std::vector<std::uint8_t> recordOf(const Mouse& mouse) const;
     [[nodiscard]] std::vector<MouseEntry> entries() const;
     [[nodiscard]] Mouse* find(const std::string& id);
     [[nodiscard]] std::string modelNamed(const std::string& mouse) const;
@@ -105,7 +119,6 @@ class RealMice final : public Backend, InputdListener {
         const std::string& mouse, const std::function<void(ChosenMouse&)>& change);
 
     RealMiceListener& m_listener;
-    EventLoop& m_loop;
     ChosenMice m_chosen;
     std::vector<std::uint8_t> m_record;
     engine::Options m_options; ///< but for what each mouse has of its own
@@ -115,11 +128,13 @@ class RealMice final : public Backend, InputdListener {
     bool m_isListing = false;
     bool m_listsAgain = false;
     std::vector<std::function<void(std::vector<MouseEntry>)>> m_waiting;
-    std::string m_inSetUp; ///< the id of the mouse that is being set up
+    std::string m_inSetUp;          ///< the id of the mouse that is being set up
+    std::uint16_t m_watchedKey = 0; ///< see watchKey()
+    Told m_told;                    ///< what there was to list when that was told last
     bool m_isShown = false;
     Timer m_restart;
     Timer::Clock::time_point m_cameAt;
-    std::unique_ptr<SystemBus> m_bus;
+    SystemBus m_bus;
     std::unique_ptr<InputdLink> m_link; ///< null without a bus
 };
 

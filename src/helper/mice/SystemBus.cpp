@@ -1,8 +1,11 @@
 #include "helper/mice/SystemBus.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <charconv>
+#include <cstdlib>
 #include <limits>
+#include <string_view>
+#include <utility>
 
 namespace quorvi {
 
@@ -10,13 +13,67 @@ using std::chrono::microseconds;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-std::unique_ptr<SystemBus> SystemBus::open() {
+namespace {
+
+/// A bus that goes sooner than this after it was there lets nobody in, or comes and goes.
+constexpr std::chrono::seconds kSoundBusLife{10};
+constexpr std::chrono::seconds kBusPause{5};
+constexpr milliseconds kBusSoon{100};
+
+/// Of the first address, if it is one in the file system; as the library has it, a byte may be written as "%"
+/// and two digits.
+std::filesystem::path socketOfSystemBus() {
+    constexpr std::string_view start = "unix:path=";
+    const char* set = std::getenv("DBUS_SYSTEM_BUS_ADDRESS");
+    const std::string_view address = set ? set : "unix:path=/run/dbus/system_bus_socket";
+    if (!address.starts_with(start))
+        return {};
+    const auto written = address.substr(start.size(), address.find_first_of(",;") - start.size());
+    std::string path;
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        unsigned char byte = 0;
+        const auto* digits = written.data() + i + 1;
+        const bool isEscaped = written[i] == '%' && written.size() - i > 2 &&
+                               std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+        path += isEscaped ? static_cast<char>(byte) : written[i];
+        i += isEscaped ? 2 : 0;
+    }
+    return path;
+}
+
+} // namespace
+
+SystemBus::SystemBus(EventLoop& loop, std::function<void()> changed)
+    : m_loop(loop), m_changed(std::move(changed)), m_return(loop, socketOfSystemBus(), [this] {
+          const bool isOpen = open();
+          if (isOpen)
+              m_changed();
+          return isOpen;
+      }) {
+    if (!open())
+        m_return.wait();
+}
+
+SystemBus::~SystemBus() {
+    m_loop.remove(*this);
+}
+
+bool SystemBus::open() {
     sd_bus* opened = nullptr;
     if (sd_bus_open_system(&opened) < 0)
-        return nullptr;
-    events::BusPtr bus(opened);
+        return false;
+    m_bus.reset(opened);
+    m_openedAt = Timer::Clock::now();
     sd_bus_set_exit_on_disconnect(opened, 0);
-    return std::unique_ptr<SystemBus>(new SystemBus(std::move(bus)));
+    m_loop.add(*this);
+    return true;
+}
+
+void SystemBus::lose() {
+    m_loop.remove(*this);
+    const auto gone = std::move(m_bus);
+    m_changed();
+    m_return.wait(Timer::Clock::now() - m_openedAt < kSoundBusLife ? kBusPause : kBusSoon);
 }
 
 int SystemBus::fd() const {
@@ -40,8 +97,8 @@ void SystemBus::process() {
     for (int messages = 0; messages < kProcessedAtOnce; ++messages) {
         const int done = sd_bus_process(m_bus.get(), nullptr);
         if (done < 0)
-            sd_bus_close(m_bus.get());
-        if (done <= 0)
+            return lose();
+        if (done == 0)
             return;
     }
 }

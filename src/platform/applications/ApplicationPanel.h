@@ -5,10 +5,15 @@
 #include <QPointer>
 #include <QSortFilterProxyModel>
 #include <QString>
+#include <QTimer>
 
+#include <filesystem>
 #include <memory>
+#include <optional>
 
+#include "platform/InterfaceText.h"
 #include "platform/applications/ApplicationList.h"
+#include "platform/widgets/FilledText.h"
 
 namespace Ui {
 class ApplicationPanel;
@@ -16,22 +21,33 @@ class ApplicationPanel;
 
 namespace quorvi {
 
+class GamesReader;
 class OtherApplicationDialog;
 
-/// Lists the installed applications, with a search field above that has the focus; "Other…" opens a file
-/// panel for whatever is not among them. The list is read when the panel is shown: making one costs no more
-/// than its views. A choice accepts the dialog, Cancel and Escape reject it.
+/// Lists the installed applications and games, with a search field above that has the focus; "Other…" opens a
+/// file panel for whatever is not among them. The list is read when the panel is shown: making one costs no
+/// more than its views. Games come when they have been read, and leave what is selected. A choice accepts the
+/// dialog, Cancel and Escape reject it.
 class ApplicationPanel : public QDialog {
     Q_OBJECT
 
   public:
+    struct Surroundings {
+        std::filesystem::path home = {}; ///< the folder that games are looked for in; empty for none
+        /// For what is said later on.
+        PanelText text = [](const char* english) { return interfaceText(english); };
+    };
+
     /// Texts are looked up now: set setInterfaceTextLookup() before.
     explicit ApplicationPanel(QWidget* parent = nullptr);
+    ApplicationPanel(QWidget* parent, Surroundings surroundings);
     ~ApplicationPanel() override;
 
     /// The path of what was chosen since the panel was last shown: a desktop entry, an application bundle or
-    /// any other file; see applicationInformation(). Empty when nothing was.
+    /// any other file; see applicationInformation(). Empty when nothing was, and for a game.
     [[nodiscard]] QString chosenPath() const { return m_chosenPath; }
+    /// What a profile keeps of what was chosen; nothing when nothing was, or when nothing could be kept.
+    [[nodiscard]] std::optional<ApplicationInformation> chosen() const;
 
     /// Chooses the selected application; does nothing when there is none.
     void accept() override;
@@ -44,17 +60,27 @@ class ApplicationPanel : public QDialog {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void readGames();
+    void stopReadingGames();
+    void addGames();
+    [[nodiscard]] QString text(const char* english) const { return m_surroundings.text(english); }
     void search(const QString& text);
+    void selectBest();
+    [[nodiscard]] bool selectFirst(int role, const QString& value, Qt::MatchFlag how);
     void updateViews();
     void chooseOther();
     void choose(const QString& path);
     [[nodiscard]] QModelIndex selected() const;
 
+    Surroundings m_surroundings;
     std::unique_ptr<Ui::ApplicationPanel> m_ui;
     ApplicationList m_list;
     QSortFilterProxyModel m_found;
     QPointer<OtherApplicationDialog> m_other;
+    QPointer<GamesReader> m_reader; ///< null when it has read all
+    QTimer m_longReading;
     QString m_chosenPath;
+    std::optional<ApplicationInformation> m_chosenGame;
 };
 
 } // namespace quorvi

@@ -13,6 +13,8 @@
 #include "platform/Languages.h"
 #include "platform/applications/ApplicationInformation.h"
 #include "platform/applications/DesktopEntryKeys.h"
+#include "platform/games/GameIdentifiers.h"
+#include "plist/Unicode.h"
 
 namespace quorvi {
 
@@ -56,6 +58,13 @@ bool isShown(const DesktopEntryKeys& keys, const Surroundings& surroundings) {
            isForDesktop(keys, surroundings.desktops) && isThere(textOf(keys.value("TryExec")));
 }
 
+/// The identifier of the game that an entry starts; empty for none.
+QString gameOf(const DesktopEntryKeys& keys) {
+    const std::string exec = keys.value("Exec").value_or("");
+    const auto number = games::steamNumberOfLink(exec);
+    return number.empty() ? QString() : QString::fromStdString(games::steamIdentifier(number));
+}
+
 /// The application of an entry, unless it is not to be shown.
 std::optional<InstalledApplication> readApplication(
     const QString& path, const QString& id, const Surroundings& surroundings) {
@@ -70,7 +79,7 @@ std::optional<InstalledApplication> readApplication(
         name = untranslated;
     const QStringList searchTexts{name, untranslated, QString::fromStdU16String(information->executable)};
     return InstalledApplication{id, name, searchTexts.join(QLatin1Char('\n')),
-        textOf(keys.localizedValue("Icon", surroundings.locales)), path};
+        textOf(keys.localizedValue("Icon", surroundings.locales)), path, gameOf(keys), {}};
 }
 
 /// The paths of a folder's entries, those of its subfolders included, in the order of their names.
@@ -102,6 +111,17 @@ std::vector<InstalledApplication> installedApplications() {
         }
     }
     return applications;
+}
+
+InstalledApplication applicationOfGame(const games::InstalledGame& game) {
+    const QString name = QString::fromStdString(game.name).simplified();
+    const QString executable = QString::fromStdString(game.executable);
+    const QString launcher = QString::fromStdString(game.launcher);
+    const QString identifier = QString::fromStdString(game.identifier);
+    const ApplicationInformation information{
+        plist::toUtf16(game.name), plist::toUtf16(game.identifier), {}, plist::toUtf16(game.executable)};
+    return {identifier, name, QStringList{name, executable, launcher}.join(QLatin1Char('\n')),
+        QFile::decodeName(game.icon.c_str()), {}, identifier, launcher, information};
 }
 
 } // namespace quorvi

@@ -1,18 +1,25 @@
-// The applications that the desktop's own menus offer.
+// The applications that the desktop's own menus offer, and games.
 #pragma once
 
 #include <QString>
 
+#include <optional>
 #include <vector>
+
+#include "platform/applications/ApplicationInformation.h"
+#include "platform/games/InstalledGames.h"
 
 namespace quorvi {
 
 struct InstalledApplication {
-    QString id;          ///< its desktop-file id, without ".desktop"
-    QString name;        ///< in the user's language, on one line
-    QString searchTexts; ///< what it may be looked for by: its names and its program, a line each
-    QString icon;        ///< a name in the icon theme or an absolute path; empty when it has none
-    QString path;        ///< of its desktop entry
+    QString id;            ///< its desktop-file id, without ".desktop"; of a game its identifier
+    QString name;          ///< in the user's language, on one line
+    QString searchTexts;   ///< what it may be looked for by: its names and its program, a line each
+    QString icon;          ///< a name in the icon theme or an absolute path; empty when it has none
+    QString path;          ///< of its desktop entry; empty for a game
+    QString game = {};     ///< identifier of the game that the entry starts; empty for none
+    QString launcher = {}; ///< of a game: what starts it, "Steam"; empty for an application
+    std::optional<ApplicationInformation> information = {}; ///< of a game
 };
 
 /// The applications in the "applications" folders of XDG_DATA_HOME and XDG_DATA_DIRS, in no useful order. Of
@@ -21,5 +28,8 @@ struct InstalledApplication {
 /// those that applicationInformation() knows nothing of, which could not be recognised. Reads every entry
 /// there is: about 20 ms for a thousand.
 [[nodiscard]] std::vector<InstalledApplication> installedApplications();
+
+/// A game as a row of the same list.
+[[nodiscard]] InstalledApplication applicationOfGame(const games::InstalledGame& game);
 
 } // namespace quorvi

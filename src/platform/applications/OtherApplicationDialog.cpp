@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QUrl>
 
-#include "platform/InterfaceText.h"
 #include "platform/applications/PathName.h"
 
 namespace quorvi {
@@ -25,12 +24,12 @@ QList<QUrl> placesOfApplications() {
 
 } // namespace
 
-OtherApplicationDialog::OtherApplicationDialog(QWidget* parent)
-    : QFileDialog(parent, interfaceText("Choose an Application"), QDir::homePath()) {
+OtherApplicationDialog::OtherApplicationDialog(QWidget* parent, const PanelText& text)
+    : QFileDialog(parent, text("Choose an Application"), QDir::homePath()) {
     setObjectName(QStringLiteral("quorviPanelOtherApplication"));
     setOption(QFileDialog::DontUseNativeDialog);
     setFileMode(QFileDialog::ExistingFile);
-    setLabelText(QFileDialog::Accept, interfaceText("Choose"));
+    setLabelText(QFileDialog::Accept, text("Choose"));
     setSidebarUrls(placesOfApplications());
     connect(this, &QFileDialog::directoryEntered, this, &OtherApplicationDialog::enter);
 }

@@ -3,6 +3,9 @@
 
 #include <QFileDialog>
 
+#include "platform/InterfaceText.h"
+#include "platform/widgets/FilledText.h"
+
 namespace quorvi {
 
 /// Chooses one file, or one application bundle: a folder "*.app", which is opened like a file instead of
@@ -12,7 +15,9 @@ class OtherApplicationDialog : public QFileDialog {
     Q_OBJECT
 
   public:
-    explicit OtherApplicationDialog(QWidget* parent = nullptr);
+    explicit OtherApplicationDialog(
+        QWidget* parent = nullptr,
+        const PanelText& text = [](const char* english) { return interfaceText(english); });
 
     void accept() override;
 

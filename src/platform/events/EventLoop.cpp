@@ -42,8 +42,11 @@ EventLoop::~EventLoop() {
 }
 
 void EventLoop::watch(int fd, std::function<void()> readable) {
-    m_watched.push_back({fd, POLLIN, 0});
-    m_readable.push_back(std::move(readable));
+    m_watched[fd] = std::make_shared<const Function>(std::move(readable));
+}
+
+void EventLoop::unwatch(int fd) {
+    m_watched.erase(fd);
 }
 
 void EventLoop::add(EventSource& source) {
@@ -60,7 +63,9 @@ void EventLoop::run(EventBus& bus) {
     bus.process();
     while (bus.isConnected()) {
         m_polled = {{bus.fd(), bus.events(), 0}, {m_signals, POLLIN, 0}};
-        m_polled.insert(m_polled.end(), m_watched.begin(), m_watched.end());
+        for (const auto& [fd, function] : m_watched)
+            m_polled.push_back({fd, POLLIN, 0});
+        m_firstSource = m_polled.size();
         const auto wanted = prepareSources();
         const int timeout = bus.hasPending() ? 0 : bus.connection().pollTimeout(wanted);
         poll(m_polled.data(), m_polled.size(), timeout);
@@ -83,14 +88,20 @@ milliseconds EventLoop::prepareSources() {
 }
 
 void EventLoop::callReadable() {
-    for (std::size_t i = 0; i < m_watched.size(); ++i)
-        if (m_polled[firstWatched + i].revents != 0)
-            m_readable[i]();
+    for (std::size_t i = firstWatched; i < m_firstSource; ++i) {
+        if (m_polled[i].revents == 0)
+            continue;
+        const auto found = m_watched.find(m_polled[i].fd);
+        if (found == m_watched.end())
+            continue;                        // one that was called before it has taken it away
+        const auto function = found->second; // keeps it while it takes itself away
+        (*function)();
+    }
 }
 
 /// Those that were there when the wait began: what has been added since has its turn in the next round.
 void EventLoop::processSources() {
-    const auto first = firstWatched + m_watched.size();
+    const auto first = m_firstSource;
     const auto known = m_polled.size() - first;
     for (std::size_t i = 0; i < known; ++i)
         if (m_sources[i] &&

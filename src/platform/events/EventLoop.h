@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
+#include <memory>
 #include <vector>
 
 #include <poll.h>
@@ -35,9 +37,11 @@ class EventLoop {
     EventLoop(const EventLoop&) = delete;
     EventLoop& operator=(const EventLoop&) = delete;
 
-    /// Calls the function whenever the file descriptor is readable, for as long as run() runs. It has to read
-    /// it, or to close it after the last run(). A negative one is never readable.
+    /// Calls the function whenever the file descriptor is readable or its other end is gone, for as long as
+    /// run() runs. Before the last run() it is closed only after unwatch(). A negative one is never readable.
+    /// Both may be called from anywhere on the loop's thread, the function included.
     void watch(int fd, std::function<void()> readable);
+    void unwatch(int fd);
 
     /// Serves the source, which must live until it is removed. Both may be called from anywhere on the loop's
     /// thread, its own process() included.
@@ -52,11 +56,13 @@ class EventLoop {
     void callReadable();
     void processSources();
 
-    int m_signals = -1;                            ///< readable when a signal has come
-    std::vector<pollfd> m_watched;                 ///< what watch() was given
-    std::vector<std::function<void()>> m_readable; ///< for what is watched, in that order
-    std::vector<EventSource*> m_sources;           ///< null when it has been removed meanwhile
-    std::vector<pollfd> m_polled;                  ///< the bus, the signals, what is watched, the sources
+    using Function = std::function<void()>;
+
+    int m_signals = -1; ///< readable when a signal has come
+    std::map<int, std::shared_ptr<const Function>> m_watched;
+    std::vector<EventSource*> m_sources; ///< null when it has been removed meanwhile
+    std::vector<pollfd> m_polled;        ///< the bus, the signals, what is watched, the sources
+    std::size_t m_firstSource = 0;       ///< of these
 };
 
 } // namespace quorvi

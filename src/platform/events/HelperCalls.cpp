@@ -121,6 +121,10 @@ Status beginMouseSetUp(const EventBus& bus, const ProcessSerialNumber& helper, c
     return callMethod(bus, helper, kBeginSetUp, kMouseSignature, mouse.c_str());
 }
 
+Status watchMouseKey(const EventBus& bus, const ProcessSerialNumber& helper, std::uint16_t code) {
+    return callMethod(bus, helper, kWatchKey, kWatchKeySignature, code);
+}
+
 Status endMouseSetUp(const EventBus& bus, const ProcessSerialNumber& helper) {
     return callMethod(bus, helper, kEndSetUp);
 }

@@ -35,6 +35,9 @@ struct HelperState {
     const std::string& mouse, const std::vector<std::uint16_t>& codes);
 [[nodiscard]] Status beginMouseSetUp(
     const EventBus& bus, const ProcessSerialNumber& helper, const std::string& mouse);
+/// 0 for no key.
+[[nodiscard]] Status watchMouseKey(
+    const EventBus& bus, const ProcessSerialNumber& helper, std::uint16_t code);
 [[nodiscard]] Status endMouseSetUp(const EventBus& bus, const ProcessSerialNumber& helper);
 [[nodiscard]] Status getHelperState(
     const EventBus& bus, const ProcessSerialNumber& helper, HelperState& state);

@@ -176,6 +176,10 @@ void HelperFollower::beginSetUp(const std::string& mouse, const Answer& answer) 
     d->send(d->newCall(kInterface, kBeginSetUp, kMouseSignature, mouse.c_str()), answer);
 }
 
+void HelperFollower::watchKey(std::uint16_t code) {
+    d->send(d->newCall(kInterface, kWatchKey, kWatchKeySignature, code), Answer{});
+}
+
 void HelperFollower::endSetUp() {
     d->send(d->newCall(kInterface, kEndSetUp), Answer{});
 }

@@ -49,6 +49,8 @@ class HelperFollower {
     void setDpi(const std::string& mouse, std::uint16_t dpi, const Answer& answer);
     void setCodes(const std::string& mouse, const Codes& codes, const Answer& answer);
     void beginSetUp(const std::string& mouse, const Answer& answer);
+    /// Has that key told by helperCodeChanged() when the mouse that is set up types it; 0 for none.
+    void watchKey(std::uint16_t code);
     void endSetUp();
     void enableGnomeExtension();
 

@@ -27,6 +27,9 @@ constexpr char kSetCodesNames[] = "mouse\0codes\0";
 constexpr char kBeginSetUp[] = "BeginSetUp";
 constexpr char kMouseSignature[] = "s";
 constexpr char kMouseNames[] = "mouse\0";
+constexpr char kWatchKey[] = "WatchKey";
+constexpr char kWatchKeySignature[] = "q";
+constexpr char kWatchKeyNames[] = "code\0";
 constexpr char kEndSetUp[] = "EndSetUp";
 
 constexpr char kMiceChanged[] = "MiceChanged";

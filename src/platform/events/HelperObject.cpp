@@ -98,6 +98,13 @@ int receiveBeginSetUp(sd_bus_message* call, void* controls, sd_bus_error* error)
     return answer(call, error, controlsOf(controls).beginSetUp(mouse, senderOf(call)));
 }
 
+int receiveWatchKey(sd_bus_message* call, void* controls, sd_bus_error* error) {
+    std::uint16_t code = 0;
+    if (const int read = sd_bus_message_read_basic(call, 'q', &code); read < 0)
+        return read;
+    return answer(call, error, controlsOf(controls).watchKey(code, senderOf(call)));
+}
+
 int receiveEndSetUp(sd_bus_message* call, void* controls, sd_bus_error*) {
     controlsOf(controls).endSetUp(senderOf(call));
     return sd_bus_reply_method_return(call, "");
@@ -145,6 +152,8 @@ const sd_bus_vtable g_vtable[] = {
         /* no others */, receiveSetCodes, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES(kBeginSetUp, kMouseSignature, kMouseNames, "",
         /* no others */, receiveBeginSetUp, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES(kWatchKey, kWatchKeySignature, kWatchKeyNames, "",
+        /* no others */, receiveWatchKey, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD(kEndSetUp, "", "", receiveEndSetUp, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_SIGNAL(kMiceChanged, "", 0),
     SD_BUS_SIGNAL_WITH_NAMES(kInputChanged, kInputChangedSignature, kInputChangedNames, 0),

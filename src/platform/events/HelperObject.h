@@ -24,6 +24,8 @@ struct MouseEntry {
     std::uint16_t hardwareDpi = 0;
     std::uint16_t dpi = 0;                ///< as the user says; 0 when they have not
     std::array<std::uint16_t, 7> codes{}; ///< of inputs 1 to 7 (EV_KEY), 0 for none
+
+    bool operator==(const MouseEntry&) const = default;
 };
 
 enum class MouseResult {
@@ -48,6 +50,8 @@ class HelperControls {
         const std::string& mouse, std::span<const std::uint16_t> codes) = 0;
     [[nodiscard]] virtual MouseResult beginSetUp(
         const std::string& mouse, const ProcessSerialNumber& caller) = 0;
+    /// 0 for no key.
+    [[nodiscard]] virtual MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) = 0;
     virtual void endSetUp(const ProcessSerialNumber& caller) = 0;
 
     /// The system's service for real mice is installed, as far as it was asked for anything yet.

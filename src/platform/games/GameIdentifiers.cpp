@@ -67,4 +67,13 @@ std::string steamNumberOfCommand(const std::vector<std::string>& words) {
     return {};
 }
 
+std::string_view steamNumberOfLink(std::string_view exec) {
+    constexpr std::string_view start = "steam://rungameid/";
+    const auto at = exec.find(start);
+    if (at == std::string_view::npos)
+        return {};
+    const auto number = exec.substr(at + start.size());
+    return number.substr(0, std::min(number.find_first_not_of("0123456789"), number.size()));
+}
+
 } // namespace quorvi::games

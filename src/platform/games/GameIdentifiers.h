@@ -21,4 +21,8 @@ namespace quorvi::games {
 /// The number of the game that Steam starts by this command line; empty when it starts none.
 [[nodiscard]] std::string steamNumberOfCommand(const std::vector<std::string>& words);
 
+/// The number of the game that an Exec value of a desktop entry starts, "steam steam://rungameid/NUMBER";
+/// empty when it starts none.
+[[nodiscard]] std::string_view steamNumberOfLink(std::string_view exec);
+
 } // namespace quorvi::games

@@ -25,7 +25,8 @@ Titles titlesIn(const TextTree& list) {
 
 class Place {
   public:
-    Place(fs::path folder, Games& games) : m_folder(std::move(folder)), m_games(games) {}
+    Place(fs::path folder, const std::stop_token& stop, Games& games)
+        : m_folder(std::move(folder)), m_stop(stop), m_games(games) {}
 
     void addAll() {
         addThoseOfLegendary();
@@ -62,13 +63,15 @@ class Place {
             addNamed(titles, game["id"].text, game["path"].text);
     }
 
-    [[nodiscard]] TextTree treeOf(const char* file) const { return readJson(textOfFile(m_folder / file)); }
+    [[nodiscard]] TextTree treeOf(const char* file) const {
+        return m_stop.stop_requested() ? TextTree() : readJson(textOfFile(m_folder / file));
+    }
     void add(const std::string& id, const std::string& title, std::string_view executable) {
-        if (id.empty() || title.empty())
+        if (id.empty() || title.empty() || m_stop.stop_requested())
             return;
         const auto icons = m_folder / "icons";
         m_games.push_back({title, heroicIdentifier(id), programOr(executable, "heroic"),
-            firstThatExists({icons / (id + ".png"), icons / (id + ".jpg")})});
+            firstThatExists({icons / (id + ".png"), icons / (id + ".jpg")}), "Heroic"});
     }
     /// Without a title it has the name of the folder that it is in.
     void addNamed(const Titles& titles, const std::string& id, const std::string& folder) {
@@ -77,14 +80,15 @@ class Place {
     }
 
     fs::path m_folder;
+    const std::stop_token& m_stop;
     Games& m_games;
 };
 
 } // namespace
 
-void addHeroicGames(const fs::path& home, Games& games) {
+void addHeroicGames(const fs::path& home, const std::stop_token& stop, Games& games) {
     for (const char* place : places)
-        Place(home / place, games).addAll();
+        Place(home / place, stop, games).addAll();
 }
 
 } // namespace quorvi::games

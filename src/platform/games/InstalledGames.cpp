@@ -6,11 +6,11 @@
 
 namespace quorvi::games {
 
-std::vector<InstalledGame> installedGames(const std::filesystem::path& home) {
+std::vector<InstalledGame> installedGames(const std::filesystem::path& home, const std::stop_token& stop) {
     Games games;
-    addSteamGames(home, games);
-    addHeroicGames(home, games);
-    addLutrisGames(home, games);
+    addSteamGames(home, stop, games);
+    addHeroicGames(home, stop, games);
+    addLutrisGames(home, stop, games);
     std::ranges::stable_sort(games, {}, &InstalledGame::identifier);
     const auto again = std::ranges::unique(games, {}, &InstalledGame::identifier);
     games.erase(again.begin(), again.end());

@@ -48,9 +48,11 @@ std::string slugOf(const fs::path& file) {
 
 } // namespace
 
-void addLutrisGames(const fs::path& home, Games& games) {
+void addLutrisGames(const fs::path& home, const std::stop_token& stop, Games& games) {
     for (const char* place : places) {
         for (const auto& file : filesNamed(home / place, "", extension)) {
+            if (stop.stop_requested())
+                return;
             const std::string text = textOfFile(file);
             const std::string slug = slugOf(file);
             const std::string said = valueOf(text, "name");
@@ -59,7 +61,8 @@ void addLutrisGames(const fs::path& home, Games& games) {
             games.push_back({said.empty() ? readableName(slug) : said, lutrisIdentifier(slug),
                 programOr(valueOf(text, "  exe"), "lutris"),
                 firstThatExists(
-                    {home / ".local/share/icons/hicolor/128x128/apps" / ("lutris_" + slug + ".png")})});
+                    {home / ".local/share/icons/hicolor/128x128/apps" / ("lutris_" + slug + ".png")}),
+                "Lutris"});
         }
     }
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 
 #include "platform/games/GameIdentifiers.h"
 #include "platform/games/LauncherFiles.h"
@@ -50,28 +51,50 @@ void addLibraries(std::vector<fs::path>& libraries, const fs::path& steam) {
     }
 }
 
+/// Newer versions of Steam name a game's icon by its hash, of forty digits.
+fs::path hashedIconIn(const fs::path& folder) {
+    constexpr std::string_view extension = ".jpg";
+    constexpr std::size_t digitsOfHash = 40;
+    const auto pictures = filesNamed(folder, "", extension);
+    const auto found = std::ranges::find_if(pictures, [](const fs::path& picture) {
+        const std::string hash = picture.stem();
+        return hash.size() == digitsOfHash && hash.find_first_not_of("0123456789abcdef") == std::string::npos;
+    });
+    return found == pictures.end() ? fs::path() : *found;
+}
+
 fs::path iconOf(const fs::path& steam, const std::string& number) {
     const auto cache = steam / "appcache/librarycache";
-    return firstThatExists({cache / (number + "_icon.jpg"), cache / number / "icon.jpg",
-        cache / (number + "_library_600x900.jpg"), cache / number / "library_600x900.jpg"});
+    return firstThatExists(
+        {cache / (number + "_icon.jpg"), cache / number / "icon.jpg", hashedIconIn(cache / number),
+            cache / (number + "_library_600x900.jpg"), cache / number / "library_600x900.jpg"});
+}
+
+void addGame(const fs::path& steam, const fs::path& manifest, Games& games) {
+    const auto tree = readKeyValues(textOfFile(manifest));
+    const auto& state = tree["AppState"];
+    const auto identifier = steamIdentifier(state["appid"].text);
+    const auto& name = state["name"].text;
+    if (!steamNumber(identifier).empty() && !name.empty() && !isTool(name) &&
+        isInstalled(state["StateFlags"].text))
+        games.push_back({name, identifier, "steam", iconOf(steam, state["appid"].text), "Steam"});
 }
 
 } // namespace
 
-void addSteamGames(const fs::path& home, Games& games) {
+void addSteamGames(const fs::path& home, const std::stop_token& stop, Games& games) {
+    std::vector<fs::path> libraries;
     for (const char* place : places) {
         const auto steam = home / place;
-        std::vector<fs::path> libraries;
+        // Several places are mostly links to one.
+        const auto read = libraries.size();
         addLibraries(libraries, steam);
-        for (const auto& library : libraries) {
-            for (const auto& file : filesNamed(library / "steamapps", "appmanifest_", ".acf")) {
-                const auto tree = readKeyValues(textOfFile(file));
-                const auto& state = tree["AppState"];
-                const auto identifier = steamIdentifier(state["appid"].text);
-                const auto& name = state["name"].text;
-                if (!steamNumber(identifier).empty() && !name.empty() && !isTool(name) &&
-                    isInstalled(state["StateFlags"].text))
-                    games.push_back({name, identifier, "steam", iconOf(steam, state["appid"].text)});
+        for (auto library = libraries.begin() + static_cast<std::ptrdiff_t>(read); library != libraries.end();
+             ++library) {
+            for (const auto& file : filesNamed(*library / "steamapps", "appmanifest_", ".acf")) {
+                if (stop.stop_requested())
+                    return;
+                addGame(steam, file, games);
             }
         }
     }

@@ -38,8 +38,13 @@ bool InputMarks::isMarked(int input) const {
     return isPressed(input) || m_inputs.at(shown).test(std::size_t(input));
 }
 
+bool InputMarks::isKnown(int input) const {
+    return isInput(input) && m_inputs[Known].test(std::size_t(input));
+}
+
 bool InputMarks::isPressed(int input) const {
-    return isInput(input) && (m_inputs[Pressed] | m_inputs[Reported]).test(std::size_t(input));
+    return isInput(input) &&
+           (m_inputs[Pressed] | m_inputs[Reported] | m_inputs[Asked]).test(std::size_t(input));
 }
 
 } // namespace quorvi

@@ -19,6 +19,8 @@ class InputMarks : public QObject {
         Pointed,  ///< the pointer is over it or its pop-up
         Pressed,  ///< a button is down in the window, or the wheel was just turned there
         Reported, ///< likewise, as the helper says of the mouse
+        Asked,    ///< its button is to be pressed
+        Known,    ///< its button has been
     };
 
     using QObject::QObject;
@@ -31,6 +33,7 @@ class InputMarks : public QObject {
     /// Whether to show a mark. What is pointed at takes the mark from what has the focus.
     [[nodiscard]] bool isMarked(int input) const;
     [[nodiscard]] bool isPressed(int input) const;
+    [[nodiscard]] bool isKnown(int input) const;
 
   signals:
     void changed();
@@ -40,7 +43,7 @@ class InputMarks : public QObject {
 
     void replace(Reason reason, const Inputs& inputs);
 
-    std::array<Inputs, 4> m_inputs;
+    std::array<Inputs, 6> m_inputs;
 };
 
 } // namespace quorvi

@@ -1,5 +1,6 @@
 #include "platform/widgets/MiceList.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -61,20 +62,25 @@ void MiceList::setLines(const QList<MouseLine>& lines) {
 }
 
 void MiceList::makeRows(const QList<MouseLine>& lines) {
+    // Of this window, also while a sheet is in front of it.
+    const QWidget* focus = window()->focusWidget();
     QString focused;
     for (const MouseRow* row : m_rows)
-        if (row->box()->hasFocus())
+        if (row->box() == focus || row->button() == focus)
             focused = row->id();
+    const bool isButton = qobject_cast<const QPushButton*>(focus);
     qDeleteAll(m_rows);
     m_rows.clear();
     for (const MouseLine& line : lines) {
-        auto* row = new MouseRow(line.id, int(m_rows.size()) + 1, m_boxDescription);
+        auto* row = new MouseRow(line.id, int(m_rows.size()) + 1,
+            {m_boxDescription, m_setUpText, m_setUpName, m_setUpDescription, m_setUpHindrance});
         m_layout->insertWidget(m_layout->count() - 1, row);
         connect(
             row, &MouseRow::useChosen, this, [this, id = line.id](bool inUse) { emit useChosen(id, inUse); });
+        connect(row, &MouseRow::setUpChosen, this, [this, id = line.id] { emit setUpChosen(id); });
         m_rows << row;
         if (line.id == focused)
-            row->box()->setFocus();
+            isButton ? row->button()->setFocus() : row->box()->setFocus();
     }
     emit stopsChanged();
 }
@@ -82,7 +88,7 @@ void MiceList::makeRows(const QList<MouseLine>& lines) {
 QList<QWidget*> MiceList::stops() const {
     QList<QWidget*> stops;
     for (const MouseRow* row : m_rows)
-        stops << row->box();
+        stops << row->box() << row->button();
     return stops;
 }
 

@@ -17,6 +17,7 @@ struct MouseLine {
     QString name;   ///< shortened where there is no room
     QString detail; ///< below the name
     bool inUse = false;
+    bool canSetUp = false;
 
     bool operator==(const MouseLine&) const = default;
 };
@@ -27,6 +28,12 @@ class MiceList : public QScrollArea {
     Q_PROPERTY(QString emptyText READ emptyText WRITE setEmptyText)
     /// What each mouse's box does.
     Q_PROPERTY(QString boxDescription READ boxDescription WRITE setBoxDescription)
+    /// The title of each mouse's button, what a screen reader calls it, with "^1" for the mouse's name, what
+    /// it does, and why it cannot do it now.
+    Q_PROPERTY(QString setUpText MEMBER m_setUpText)
+    Q_PROPERTY(QString setUpName MEMBER m_setUpName)
+    Q_PROPERTY(QString setUpDescription MEMBER m_setUpDescription)
+    Q_PROPERTY(QString setUpHindrance MEMBER m_setUpHindrance)
 
   public:
     explicit MiceList(QWidget* parent = nullptr);
@@ -48,6 +55,8 @@ class MiceList : public QScrollArea {
   signals:
     /// The user has checked or unchecked the mouse's box.
     void useChosen(const QString& id, bool inUse);
+    /// The user has clicked the mouse's button.
+    void setUpChosen(const QString& id);
     /// There are other stops than before.
     void stopsChanged();
 
@@ -60,6 +69,10 @@ class MiceList : public QScrollArea {
     QLabel* m_empty;
     QList<MouseRow*> m_rows;
     QString m_boxDescription;
+    QString m_setUpText;
+    QString m_setUpName;
+    QString m_setUpDescription;
+    QString m_setUpHindrance;
 };
 
 } // namespace quorvi

@@ -138,6 +138,24 @@ void drawMouse(QPainter& painter, const QPalette& palette, bool wheelIsLit, bool
     drawBattery(painter, palette, batteryIsLit);
 }
 
+namespace {
+
+/// On the edge of the number's circle.
+void drawTick(QPainter& painter, const QPalette& palette, const QPointF& middleOfNumber) {
+    constexpr qreal tickRadius = 7.0;
+    const QPointF middle = middleOfNumber + QPointF(badgeRadius, -badgeRadius) * 0.8;
+    painter.setPen(QPen(palette.color(QPalette::Window), 1.0));
+    painter.setBrush(markGroundColour(palette));
+    painter.drawEllipse(middle, tickRadius, tickRadius);
+    painter.setPen(
+        QPen(palette.color(QPalette::HighlightedText), 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(
+        QPolygonF({middle + QPointF(-3.2, 0.2), middle + QPointF(-0.9, 2.5), middle + QPointF(3.2, -2.5)}));
+}
+
+} // namespace
+
 void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state) {
     const QPointF middle = placeOfInput(input);
     if (state == BadgeState::Pressed) {
@@ -147,7 +165,7 @@ void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(middle, badgeRadius + pressedRing / 2, badgeRadius + pressedRing / 2);
     }
-    const bool marked = state != BadgeState::Plain;
+    const bool marked = state == BadgeState::Marked || state == BadgeState::Pressed;
     painter.setPen(Qt::NoPen);
     painter.setBrush(marked ? markGroundColour(palette) : lineOnWindow(palette, 0.75));
     painter.drawEllipse(middle, badgeRadius, badgeRadius);
@@ -155,6 +173,8 @@ void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState
     painter.drawText(
         QRectF(middle.x() - badgeRadius, middle.y() - badgeRadius, 2 * badgeRadius, 2 * badgeRadius),
         Qt::AlignCenter, QString::number(input));
+    if (state == BadgeState::Known)
+        drawTick(painter, palette, middle);
 }
 
 } // namespace quorvi

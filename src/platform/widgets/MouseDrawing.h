@@ -24,7 +24,12 @@ inline constexpr qreal badgeRadius = 11.0;
 /// Draws the mouse without its numbers in the colours of the palette's current group.
 void drawMouse(QPainter& painter, const QPalette& palette, bool wheelIsLit, bool batteryIsLit);
 
-enum class BadgeState { Plain, Marked, Pressed };
+enum class BadgeState {
+    Plain,
+    Known, ///< with a tick beside it
+    Marked,
+    Pressed
+};
 
 /// Draws the number of the input, 1 to 9, in the painter's font.
 void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state);

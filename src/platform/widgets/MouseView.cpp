@@ -141,6 +141,14 @@ void MouseView::wheelEvent(QWheelEvent* event) {
     m_wheelRest.start();
 }
 
+BadgeState MouseView::stateOf(int input) const {
+    if (isEnabled() && m_marks.isPressed(input))
+        return BadgeState::Pressed;
+    if (isEnabled() && m_marks.isMarked(input))
+        return BadgeState::Marked;
+    return m_marks.isKnown(input) ? BadgeState::Known : BadgeState::Plain;
+}
+
 void MouseView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -152,9 +160,7 @@ void MouseView::paintEvent(QPaintEvent* /*event*/) {
     numbers.setBold(true);
     painter.setFont(numbers);
     for (int input = 1; input <= mouseInputs; ++input) {
-        const bool marked = isEnabled() && m_marks.isMarked(input);
-        const BadgeState state = m_marks.isPressed(input) ? BadgeState::Pressed : BadgeState::Marked;
-        drawBadge(painter, palette(), input, marked ? state : BadgeState::Plain);
+        drawBadge(painter, palette(), input, stateOf(input));
     }
 }
 

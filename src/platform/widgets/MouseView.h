@@ -16,6 +16,8 @@ class QHelpEvent;
 
 namespace quorvi {
 
+enum class BadgeState;
+
 class MouseView : public QWidget {
     Q_OBJECT
 
@@ -67,6 +69,7 @@ class MouseView : public QWidget {
 
   private:
     void pointAt(int input);
+    [[nodiscard]] BadgeState stateOf(int input) const;
     void explain(const QHelpEvent& event);
 
     InputMarks m_marks;

@@ -1,6 +1,7 @@
 #include "platform/widgets/PopUpCells.h"
 
 #include "platform/widgets/MenuItems.h"
+#include "platform/widgets/ThemeColours.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -35,13 +36,6 @@ QRect signIn(const QStyleOptionViewItem& option) {
     const int side = option.fontMetrics.height() * 2 / 3;
     const QRect cell = option.rect.adjusted(side / 2, 0, -side / 2, 0);
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(side, side), cell);
-}
-
-/// The one that styles draw the text of a cell in.
-QPalette::ColorGroup colourGroup(const QStyleOptionViewItem& option) {
-    if (!(option.state & QStyle::State_Enabled))
-        return QPalette::Disabled;
-    return option.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
 }
 
 } // namespace
@@ -106,11 +100,9 @@ void PopUpCells::paint(
     QStyleOption sign = cell;
     sign.rect = signIn(cell);
     // Styles draw the sign in the colour of a button's text.
-    const bool selected = cell.state & QStyle::State_Selected;
-    const QBrush text =
-        cell.palette.brush(colourGroup(cell), selected ? QPalette::HighlightedText : QPalette::Text);
-    sign.palette.setBrush(QPalette::ButtonText, text);
-    sign.palette.setBrush(QPalette::WindowText, text);
+    const QColor text = cellTextColour(cell);
+    sign.palette.setColor(QPalette::ButtonText, text);
+    sign.palette.setColor(QPalette::WindowText, text);
     const QStyle* style = cell.widget ? cell.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_IndicatorArrowDown, &sign, painter, cell.widget);
 }

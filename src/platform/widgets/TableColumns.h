@@ -15,7 +15,7 @@ struct TableColumn {
 };
 
 inline constexpr std::array profileColumns{
-    TableColumn{11, "No.", 4},
+    TableColumn{11, "No.", 6}, // beside which a mark may stand
     TableColumn{12, "Profile", 0},
     TableColumn{13, "Application", 0},
     TableColumn{14, "Switch Automatically", 12,

@@ -1,5 +1,7 @@
 #include "platform/widgets/ThemeColours.h"
 
+#include <QStyleOptionViewItem>
+
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
@@ -97,6 +99,14 @@ QColor outlineColour(const QPalette& palette) {
 
 QColor mutedTextColour(const QPalette& palette) {
     return textOnField(palette, 0.6, wantedTextContrast(palette));
+}
+
+QColor cellTextColour(const QStyleOptionViewItem& cell) {
+    const bool selected = cell.state & QStyle::State_Selected;
+    QPalette::ColorGroup group = QPalette::Disabled;
+    if (cell.state & QStyle::State_Enabled)
+        group = cell.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
+    return cell.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 QColor markColour(const QPalette& palette) {

@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QPalette>
 
+class QStyleOptionViewItem;
+
 namespace quorvi {
 
 /// The contrast of two opaque colours, 1 to 21: the ratio of their relative luminances as the Web Content
@@ -39,6 +41,9 @@ namespace quorvi {
 
 /// A text on a field that stands behind the main thing and is still to be read.
 [[nodiscard]] QColor mutedTextColour(const QPalette& palette);
+
+/// What styles draw the text of a cell of a list in.
+[[nodiscard]] QColor cellTextColour(const QStyleOptionViewItem& cell);
 
 /// A line that the eye is to find first, on a window or a field; grey while the widget is disabled. A theme's
 /// highlight is made to stand behind text, and often too near to the field to be a line by itself.

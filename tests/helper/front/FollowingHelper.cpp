@@ -4,10 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "model/Trees.h"
 #include "platform/events/FrontInterface.h"
-#include "plist/Unicode.h"
-#include "plist/Writer.h"
 #include "support/ProcessFigures.h"
 
 namespace quorvi::test {
@@ -19,18 +16,6 @@ using std::chrono::steady_clock;
 
 constexpr int switchesOfOneRun = 30;
 constexpr microseconds longestOfQuick = std::chrono::milliseconds(20);
-
-std::string lastPart(const std::string& id) {
-    return id.substr(id.rfind('.') + 1);
-}
-
-plist::Dictionary profileFor(const std::string& id, bool automatic) {
-    const auto name = plist::toUtf16(lastPart(id));
-    auto made = profile(name);
-    made.set("driver", dict({{"application", name}, {"identifier", plist::toUtf16(id)}, {"signature", u""},
-                           {"executable", plist::toUtf16(id + "-program")}, {"autoswitch", automatic}}));
-    return made;
-}
 
 void print(std::vector<microseconds> times) {
     std::ranges::sort(times);
@@ -44,20 +29,8 @@ void print(std::vector<microseconds> times) {
 } // namespace
 
 FollowingHelper::FollowingHelper() {
-    const auto entries = folder / ".local/share/applications";
-    std::filesystem::create_directories(entries);
-    for (const std::string id : {drawing, writing, other})
-        writeFile(entries / (id + ".desktop"),
-            "[Desktop Entry]\nType=Application\nName=" + lastPart(id) + "\nExec=" + id + "-program %U\n");
+    install(folder.path());
     bind();
-}
-
-void FollowingHelper::bind(bool automatic) const {
-    auto made =
-        tree(list({test::profile(u"Own"), profileFor(drawing, automatic), profileFor(writing, automatic)}),
-            list());
-    made.set("settings", dict({{"profileid", 1}, {"stage", 1}, {"dpix", 400}, {"dpiy", 400}}));
-    writeFile(userSettings, plist::writeXml(dict({{"quorvi", made}})).value());
 }
 
 std::uint32_t FollowingHelper::profile() {

@@ -5,19 +5,12 @@
 #include <vector>
 
 #include "helper/HelperFixture.h"
+#include "helper/front/BoundApplications.h"
 
 namespace quorvi::test {
 
-class FollowingHelper : public HelperTest {
+class FollowingHelper : public HelperTest, protected BoundApplications {
   protected:
-    /// Applications and what they are bound to. A third has an entry and no profile.
-    static constexpr std::uint32_t usersOwn = 1;
-    static constexpr std::uint32_t ofDrawing = 2;
-    static constexpr std::uint32_t ofWriting = 3;
-    static constexpr char drawing[] = "org.example.Drawing";
-    static constexpr char writing[] = "org.example.Writing";
-    static constexpr char other[] = "org.example.Other";
-
     FollowingHelper();
 
     [[nodiscard]] std::uint32_t profile();
@@ -36,7 +29,7 @@ class FollowingHelper : public HelperTest {
     void expectSleepDuring(const std::function<void()>& function);
     void expectLittleMemory() const;
 
-    void bind(bool automatic = true) const;
+    void bind(bool automatic = true) const { BoundApplications::bind(userSettings, automatic); }
 };
 
 } // namespace quorvi::test

@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include "helper/front/FollowingHelper.h"
+#include "helper/front/GnomeWindows.h"
 #include "helper/front/WaylandWindows.h"
-#include "platform/events/EventBusPrivate.h"
 #include "platform/events/FrontCalls.h"
 #include "support/Compositors.h"
 #include "support/VirtualDisplay.h"
@@ -38,15 +38,7 @@ class OnGnome : public FollowingHelper {
         windows->show(appId);
         bringToFront(appId);
     }
-    void bringToFront(const std::string& appId) {
-        const std::string script =
-            "global.get_window_actors().map(a => a.meta_window).find(w => w.get_wm_class() === '" + appId +
-            "').activate(0)";
-        Status status = noErr;
-        const auto answer = bus->connection().call("org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell",
-            "Eval", std::chrono::steady_clock::now() + kPatience, status, "s", script.c_str());
-        EXPECT_EQ(status, noErr);
-    }
+    void bringToFront(const std::string& appId) { EXPECT_TRUE(bringToFrontOnGnome(*bus, appId)); }
     void enable() { EXPECT_EQ(enableGnomeExtension(*bus, psn), noErr); }
 
     std::unique_ptr<GnomeShell> shell;

@@ -141,6 +141,10 @@ void WaylandWindows::setTitle(const std::string& appId, const std::string& title
     m_connection->settle();
 }
 
+void WaylandWindows::settle() const {
+    m_connection->settle();
+}
+
 void WaylandWindows::close(const std::string& appId) {
     m_windows.erase(appId);
     m_connection->settle();

@@ -21,6 +21,8 @@ class WaylandWindows {
     void show(const std::string& appId);
     void setTitle(const std::string& appId, const std::string& title);
     void close(const std::string& appId);
+    /// Returns when the compositor has done all that was asked.
+    void settle() const;
 
   private:
     class Connection;

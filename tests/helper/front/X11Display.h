@@ -2,8 +2,7 @@
 #pragma once
 
 #include <memory>
-
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 #include "helper/front/X11Windows.h"
 #include "support/VirtualDisplay.h"
@@ -17,7 +16,8 @@ class X11Display {
         m_manager = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"},
             std::vector<std::string>{"DISPLAY=" + m_display.name(), "HOME=" + home.string()});
         m_windows = std::make_unique<X11Windows>(m_display.name());
-        EXPECT_TRUE(waitUntil([&] { return m_windows->isManaged(); }));
+        if (!waitUntil([&] { return m_windows->isManaged(); }))
+            throw std::runtime_error("openbox does not start");
     }
     [[nodiscard]] const std::string& name() const { return m_display.name(); }
     [[nodiscard]] const X11Windows& windows() const { return *m_windows; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include <poll.h>
 
@@ -148,9 +149,9 @@ void StandInService::answerSlow() {
 }
 
 void StandInService::appendMice(sd_bus_message* reply) const {
-    sd_bus_message_open_container(reply, 'a', kMouse);
+    sd_bus_message_open_container(reply, 'a', inputd::kMouse);
     for (const auto& mouse : m_mice)
-        sd_bus_message_append(reply, kMouse, mouse.id.c_str(), mouse.name.c_str(), mouse.vendor,
+        sd_bus_message_append(reply, inputd::kMouse, mouse.id.c_str(), mouse.name.c_str(), mouse.vendor,
             mouse.product, mouse.dpi, static_cast<int>(mouse.used));
     sd_bus_message_close_container(reply);
 }
