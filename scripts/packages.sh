@@ -31,6 +31,7 @@ else
     kde_preset=default
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
     packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
+    packages_test+=(labwc) # not in Debian before 13
 fi
 # A machine of its own for the service that drives mice. What runs in it is fetched by tests/vm/image, and not installed.
 packages_vm=(qemu-system-x86)

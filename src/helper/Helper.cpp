@@ -136,6 +136,7 @@ void Helper::giveRecord() {
 void Helper::followProfile(std::optional<std::size_t> profile) {
     if (profile != m_settings.followed() && m_settings.follow(profile))
         giveRecord();
+    tellFrontReason(); // which was given first, and holds from now on
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {

@@ -82,6 +82,7 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     void sendDeviceList();
     [[nodiscard]] engine::Running running() const;
     void noteRunning();
+    void tellFrontReason();
     void expectSaved(const SettingsRecord& before);
     void miceChanged() override;
     void runningChanged() override;
@@ -107,7 +108,8 @@ class Helper : public SimulatedMouseDevice, public HelperControls, RealMiceListe
     std::unique_ptr<SimulatedMouseObject> m_object;
     std::unique_ptr<HelperObject> m_controls;
     std::function<void()> m_profilesRead;
-    std::string m_frontReason;
+    std::string m_frontReason;     ///< see setFrontReason()
+    std::string m_toldFrontReason; ///< what frontReason() was when that was told last
     std::filesystem::path m_bundle;
     RunningChanges m_changes;
     ScreenDisplay m_display;

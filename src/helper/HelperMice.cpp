@@ -27,10 +27,9 @@ engine::Running Helper::running() const {
 }
 
 void Helper::noteRunning() {
-    if (m_controls) {
+    if (m_controls)
         m_controls->tellRunning();
-        m_controls->tellFrontReason();
-    }
+    tellFrontReason();
     const auto now = running();
     if (const auto shown = m_changes.note(now, profiles()))
         m_display.show(textOf(*shown, now, profiles(), Bundle(m_bundle.native())));
@@ -44,9 +43,16 @@ void Helper::expectSaved(const SettingsRecord& before) {
 }
 
 void Helper::setFrontReason(std::string reason) {
-    if (reason == m_frontReason)
-        return;
     m_frontReason = std::move(reason);
+    tellFrontReason();
+}
+
+/// It depends on what runs too, and mostly does not change with it.
+void Helper::tellFrontReason() {
+    auto now = frontReason();
+    if (now == m_toldFrontReason)
+        return;
+    m_toldFrontReason = std::move(now);
     if (m_controls)
         m_controls->tellFrontReason();
 }

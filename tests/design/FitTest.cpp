@@ -143,20 +143,21 @@ class FitTest : public QObject {
         sheet->show();
         QVERIFY(QTest::qWaitForWindowExposed(sheet));
         const QSize before = sheet->size();
-        for (const char* english : {"Press the button that should be number ^1, or skip.",
-                 "All numbers have been asked for.", "Waiting for the mouse…"})
-            for (const char* note :
-                {"That button is number ^1 already.", "A sensor has from 100 to 64000 DPI.",
-                    "A key was typed. If it was by the mouse, press the same button of it once more.",
-                    "Press with the pointer on this window, beside its buttons.",
-                    "Somebody else is at the computer, or the service for mice has ended.",
-                    "Another program is setting up a mouse. Try again when it has finished.",
-                    "What you chose for the mouse could not be saved."}) {
-                views.textSetUpQuestion->setText(filledText(panel.spoken.text(english), {"7"}));
-                views.textSetUpNote->setText(filledText(panel.spoken.text(note), {"7"}));
-                QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
-                QCOMPARE(sheet->size(), before); // nothing moves under the pointer
-            }
+        const auto show = [&](QLabel* label, const char* english) {
+            label->setText(filledText(panel.spoken.text(english), {"7"}));
+            QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
+            QCOMPARE(sheet->size(), before); // nothing moves under the pointer
+        };
+        for (const char* question :
+            {"All numbers have been asked for.", "Press the button that should be number ^1, or skip."})
+            show(views.textSetUpQuestion, question);
+        for (const char* note :
+            {"A key was typed. If it was by the mouse, press the same button of it once more.",
+                "Press with the pointer on this window, beside its buttons.",
+                "Somebody else is at the computer, or the service for mice has ended.",
+                "Another program is setting up a mouse. Try again when it has finished.",
+                "What you chose for the mouse could not be saved."})
+            show(views.textSetUpNote, note);
         QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
         QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
     }

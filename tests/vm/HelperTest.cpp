@@ -14,12 +14,14 @@
 #include "platform/events/HelperCalls.h"
 #include "platform/events/SimulatedMouse.h"
 #include "support/EnvironmentVariable.h"
+#include "vm/support/HidMouse.h"
 #include "vm/support/Serviced.h"
 
 namespace quorvi::test {
 namespace {
 
 constexpr int kUsageC = 6;
+constexpr std::uint8_t kUsageOfF13 = 0x68;
 constexpr char kBundle[] = "/quorvi/Kyvar.prefPane/Contents/Resources";
 
 /// A connection to the session's bus as another user has it: who calls is told by the socket.
@@ -354,6 +356,56 @@ TEST_F(HelpedMouse, IsPlainWhileItIsSetUpAndSaysWhichButtonsItHas) {
         (void)desk.waitUntil([&] { return desk.keys().find('-') != std::string::npos; });
         return desk.keys() == "30+ 30-";
     }));
+}
+
+TEST_F(HelpedMouse, TellsAKeyOfItsOwnFromTheDesktopsWhileItIsSetUp) {
+    HidMouse hid;
+    UserSession session(kAnna);
+    session.save(kUsageA);
+    session.startHelper();
+    std::string id;
+    ASSERT_TRUE(waitUntil([&] {
+        for (const auto& each : session.mice())
+            if (each.name == "Nine-button mouse Mouse")
+                id = each.id;
+        return !id.empty();
+    }));
+    ASSERT_EQ(useMouse(session.bus(), session.psn(), id, true), noErr);
+    const auto isDriven = [&] {
+        const auto mice = session.mice();
+        const auto found = std::ranges::find(mice, id, &MouseEntry::id);
+        return found != mice.end() && found->state == "driven";
+    };
+    ASSERT_TRUE(waitUntil(isDriven));
+    std::vector<int> codes;
+    const auto listener = HelperListener::listen(session.bus(), session.psn(),
+        {{}, {}, {}, [&](const std::string&, std::uint16_t code, bool) { codes.push_back(code); }});
+    ASSERT_EQ(beginMouseSetUp(session.bus(), session.psn(), id), noErr);
+    const auto type = [&](std::uint8_t usage) {
+        hid.type(usage);
+        hid.type(0);
+    };
+    ASSERT_TRUE(desk.waitForDevice("Nine-button mouse Keyboard"));
+    type(kUsageOfF13);
+    ASSERT_TRUE(desk.waitForKey(KEY_F13, 0)) << "as a keyboard's";
+    ASSERT_EQ(watchMouseKey(session.bus(), session.psn(), KEY_F13), noErr);
+    ASSERT_TRUE(waitUntil([&] {
+        type(kUsageOfF13);
+        session.bus().process();
+        return codes.size() >= 2;
+    }));
+    EXPECT_EQ(codes.front(), KEY_F13);
+    desk.forget();
+    type(kUsageOfF13);
+    type(kUsageB);
+    ASSERT_TRUE(desk.waitForKey(KEY_B, 0));
+    EXPECT_EQ(desk.keys(), "48+ 48-") << "that one does nothing, and the others what they do";
+    ASSERT_EQ(endMouseSetUp(session.bus(), session.psn()), noErr);
+    EXPECT_TRUE(waitUntil([&] {
+        desk.forget();
+        type(kUsageOfF13);
+        return desk.waitForKey(KEY_F13, 0);
+    })) << "it is the desktop's again";
 }
 
 /// What the caller has been told of codes so far.

@@ -69,5 +69,17 @@ TEST_F(ChosenOnMouse, HoldsOverTheOneThatFollowsUntilAnotherApplicationComesToTh
     EXPECT_EQ(reason(), "Drawing");
 }
 
+TEST_F(ChosenOnMouse, IsSaidToFollowOnceItsApplicationIsInFront) {
+    chooseNext();
+    EXPECT_TRUE(comesToRun(ofDrawing));
+    int news = 0;
+    const auto listener = HelperListener::listen(*bus, psn, {{}, [&] { ++news; }, {}, {}});
+    ASSERT_NE(listener, nullptr);
+    (void)display.windows().open(drawing);
+    EXPECT_TRUE(waitFor(*bus, [&] { return news > 0; }));
+    EXPECT_EQ(reason(), "Drawing");
+    EXPECT_EQ(profile(), ofDrawing);
+}
+
 } // namespace
 } // namespace quorvi::test
