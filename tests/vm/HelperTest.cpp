@@ -395,6 +395,8 @@ TEST_F(HelpedMouse, TellsAKeyOfItsOwnFromTheDesktopsWhileItIsSetUp) {
         return codes.size() >= 2;
     }));
     EXPECT_EQ(codes.front(), KEY_F13);
+    type(kUsageB); // behind those that came before the node was ours
+    ASSERT_TRUE(desk.waitForKey(KEY_B, 0));
     desk.forget();
     type(kUsageOfF13);
     type(kUsageB);
