@@ -52,7 +52,7 @@ class LayoutDirectionTest : public QObject {
         QCOMPARE(fixture.find<QWidget>("quorviTableProfiles")->layoutDirection(), wanted);
         QCOMPARE(fixture.find<QWidget>("quorviMenuTop1")->layoutDirection(), wanted);
         QCOMPARE(fixture.find<QLabel>("labelInput6")->layoutDirection(), wanted);
-        QCOMPARE(view->findChildren<QDialog*>().size(), 5);
+        QCOMPARE(view->findChildren<QDialog*>().size(), 6);
         for (const QDialog* sheet : view->findChildren<QDialog*>())
             QCOMPARE(sheet->layoutDirection(), wanted);
         QVERIFY(view->findChildren<QMenu*>().size() > 15);

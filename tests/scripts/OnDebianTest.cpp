@@ -30,7 +30,8 @@ class OnDebian : public testing::Test {
         m_checkout.write("new", "and not ignored");
         m_checkout.write("not.ignored/file", "in a folder of that name");
         m_checkout.write("scripts/setup", "");
-        fs::copy_file(QUORVI_SOURCE "/scripts/on-debian", m_checkout / "scripts/on-debian");
+        for (const char* script : {"on-debian", "debian-mirror.sh"})
+            fs::copy_file(fs::path(QUORVI_SOURCE "/scripts") / script, m_checkout / "scripts" / script);
         ASSERT_EQ(inCheckout("git init --quiet && git add .gitignore known scripts"), "");
         // The programs of this system with the libraries that they are linked to.
         ASSERT_EQ(inCheckout("mkdir -p build-debian-13/root && cd build-debian-13/root && mkdir proc sys dev "
