@@ -70,7 +70,8 @@ class InputNode {
     using Keys = std::bitset<KEY_CNT>;
     [[nodiscard]] bool keysDown(Keys& keys) const;
 
-    /// What one call reads. The kernel keeps 128 events of a mouse for a reader that is late, and drops older ones.
+    /// What one call reads. The kernel keeps 128 events of a mouse for a reader that is late, and drops older
+    /// ones.
     static constexpr std::size_t bufferedEvents = 64;
 
     std::string m_path;
