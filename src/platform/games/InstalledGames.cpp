@@ -12,8 +12,10 @@ std::vector<InstalledGame> installedGames(const std::filesystem::path& home, con
     addHeroicGames(home, stop, games);
     addLutrisGames(home, stop, games);
     std::ranges::stable_sort(games, {}, &InstalledGame::identifier);
-    const auto again = std::ranges::unique(games, {}, &InstalledGame::identifier);
-    games.erase(again.begin(), again.end());
+    const auto isAgain = [](const InstalledGame& one, const InstalledGame& next) {
+        return one.identifier == next.identifier;
+    };
+    games.erase(std::unique(games.begin(), games.end(), isAgain), games.end());
     std::ranges::stable_sort(games, {}, &InstalledGame::name);
     return games;
 }

@@ -194,6 +194,13 @@ class JsonReader : Reader {
 
 } // namespace
 
+TextTree::TextTree() = default;
+TextTree::TextTree(const TextTree& other) = default;
+TextTree::TextTree(TextTree&& other) noexcept = default;
+TextTree& TextTree::operator=(const TextTree& other) = default;
+TextTree& TextTree::operator=(TextTree&& other) noexcept = default;
+TextTree::~TextTree() = default;
+
 const TextTree& TextTree::operator[](std::string_view name) const& {
     static const TextTree nothing;
     const auto found = std::ranges::find_if(members,

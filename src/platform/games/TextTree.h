@@ -10,6 +10,14 @@ namespace quorvi::games {
 
 /// A text or members, or neither.
 struct TextTree {
+    // Where they are defined the pairs below are whole, which clang wants to know.
+    TextTree();
+    TextTree(const TextTree& other);
+    TextTree(TextTree&& other) noexcept;
+    TextTree& operator=(const TextTree& other);
+    TextTree& operator=(TextTree&& other) noexcept;
+    ~TextTree();
+
     std::string text; ///< a JSON number, true and false as they are written; null is nothing
     std::vector<std::pair<std::string, TextTree>> members; ///< those of a JSON array have no names
 
