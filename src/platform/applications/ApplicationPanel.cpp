@@ -95,9 +95,8 @@ void ApplicationPanel::readGames() {
     stopReadingGames();
     if (m_surroundings.home.empty())
         return;
-    m_reader = GamesReader::begin(m_surroundings.home);
-    // One that was stopped may have said already that it is done.
-    connect(m_reader, &QThread::finished, this, [this, reader = m_reader.data()] {
+    m_reader = GamesReader::begin(m_surroundings.home, this, [this](const GamesReader* reader) {
+        // One that was stopped may have said already that it is done.
         if (m_reader == reader)
             addGames();
     });

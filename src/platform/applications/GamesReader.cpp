@@ -6,8 +6,10 @@
 
 namespace quorvi {
 
-GamesReader* GamesReader::begin(const std::filesystem::path& home) {
+GamesReader* GamesReader::begin(
+    const std::filesystem::path& home, QObject* receiver, const std::function<void(GamesReader*)>& done) {
     auto* const reader = new GamesReader(home, QCoreApplication::instance());
+    connect(reader, &QThread::finished, receiver, [reader, done] { done(reader); });
     connect(reader, &QThread::finished, reader, &QObject::deleteLater);
     reader->start(LowPriority);
     return reader;

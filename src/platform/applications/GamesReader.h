@@ -4,6 +4,7 @@
 #include <QThread>
 
 #include <filesystem>
+#include <functional>
 #include <stop_token>
 #include <vector>
 
@@ -17,8 +18,11 @@ class GamesReader final : public QThread {
     Q_OBJECT
 
   public:
-    /// Begins at once. Its signal finished() says that the games can be taken.
-    [[nodiscard]] static GamesReader* begin(const std::filesystem::path& home);
+    /// Begins at once. When the games can be taken, done is called with the reader in the receiver's thread,
+    /// as long as there is a receiver. It is connected here since a small library is read before begin()
+    /// returns.
+    [[nodiscard]] static GamesReader* begin(
+        const std::filesystem::path& home, QObject* receiver, const std::function<void(GamesReader*)>& done);
     ~GamesReader() override;
 
     /// Nobody wants the games any more.
