@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <exception>
 #include <iterator>
 
 namespace quorvi::bench {
@@ -72,6 +73,16 @@ void printRow(
 bool isQuick(int argc, char** argv) {
     return std::any_of(
         argv + 1, argv + argc, [](const char* argument) { return std::string_view(argument) == "--quick"; });
+}
+
+int exitCodeOf(const char* program, const std::function<void()>& benchmark) {
+    try {
+        benchmark();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", program, error.what());
+        return 1;
+    }
+    return 0;
 }
 
 } // namespace quorvi::bench

@@ -47,4 +47,8 @@ void printRow(std::string_view what, const Figure& figure, std::string_view unit
 /// --quick is among the arguments: few pairs, only to see that everything runs.
 [[nodiscard]] bool isQuick(int argc, char** argv);
 
+/// The exit code of a benchmark that may fail: 1, with the program's name and the reason on the standard
+/// error stream, when it throws.
+[[nodiscard]] int exitCodeOf(const char* program, const std::function<void()>& benchmark);
+
 } // namespace quorvi::bench

@@ -1,7 +1,6 @@
 // From another window in front to its profile in the simulated mouse, on each desktop that is installed.
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <map>
@@ -160,10 +159,6 @@ void run(bool quick) {
 } // namespace quorvi::bench
 
 int main(int argc, char** argv) {
-    try {
-        quorvi::bench::run(quorvi::bench::isQuick(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "quorvi-bench-front: %s\n", error.what());
-        return 1;
-    }
+    return quorvi::bench::exitCodeOf(
+        "quorvi-bench-front", [&] { quorvi::bench::run(quorvi::bench::isQuick(argc, argv)); });
 }

@@ -1,7 +1,6 @@
 // What the open panel and the helper do while the user does nothing: how often each is woken, and what it
 // computes.
 
-#include <cstdio>
 #include <stdexcept>
 
 #include "bench/Figures.h"
@@ -44,10 +43,6 @@ void run(bool quick) {
 } // namespace quorvi::bench
 
 int main(int argc, char** argv) {
-    try {
-        quorvi::bench::run(quorvi::bench::isQuick(argc, argv));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "quorvi-bench-idle: %s\n", error.what());
-        return 1;
-    }
+    return quorvi::bench::exitCodeOf(
+        "quorvi-bench-idle", [&] { quorvi::bench::run(quorvi::bench::isQuick(argc, argv)); });
 }

@@ -109,12 +109,8 @@ void run(bool quick, bool peers) {
 } // namespace quorvi::bench
 
 int main(int argc, char** argv) {
-    try {
-        const bool peers = std::any_of(
-            argv + 1, argv + argc, [](const char* argument) { return !std::strcmp(argument, "--peers"); });
-        quorvi::bench::run(quorvi::bench::isQuick(argc, argv), peers);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "quorvi-bench-start: %s\n", error.what());
-        return 1;
-    }
+    const bool peers = std::any_of(
+        argv + 1, argv + argc, [](const char* argument) { return !std::strcmp(argument, "--peers"); });
+    return quorvi::bench::exitCodeOf(
+        "quorvi-bench-start", [&] { quorvi::bench::run(quorvi::bench::isQuick(argc, argv), peers); });
 }
