@@ -23,15 +23,16 @@ PrivateBus::PrivateBus(const std::filesystem::path& services) : m_earlierAddress
     const std::filesystem::path file = m_configuration / "bus.conf";
     std::ofstream(file) << "<busconfig><include>" QUORVI_TEST_DATA "/private-bus.conf</include><servicedir>"
                         << services.native() << "</servicedir></busconfig>\n";
-    startDaemon({});
+    // A folder without other files: what others make beside the socket would wake who waits for it to come
+    // back. Compositors look into it as another user.
+    std::filesystem::permissions(m_configuration.path(), std::filesystem::perms(0755));
+    startDaemon("unix:path=" + m_configuration.path("bus"));
     setenv(kVariable, m_address.c_str(), 1);
 }
 
-void PrivateBus::startDaemon(const std::vector<std::string>& arguments) {
-    std::vector<std::string> command{
-        "dbus-daemon", "--nofork", "--config-file=" + m_configuration.path("bus.conf"), "--print-address=1"};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    m_daemon = std::make_unique<ChildProcess>(command);
+void PrivateBus::startDaemon(const std::string& place) {
+    m_daemon = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--nofork",
+        "--config-file=" + m_configuration.path("bus.conf"), "--print-address=1", "--address=" + place});
     const auto address = m_daemon->readLine();
     if (!address)
         throw std::runtime_error("dbus-daemon does not start: " + m_daemon->readError());
@@ -53,7 +54,7 @@ void PrivateBus::kill() {
 }
 
 void PrivateBus::startAnew() {
-    startDaemon({"--address=" + m_address});
+    startDaemon(m_address);
 }
 
 void PrivateBus::pause() {

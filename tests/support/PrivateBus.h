@@ -33,8 +33,8 @@ class PrivateBus {
     void goOn();
 
   private:
-    /// With more arguments for the daemon, if any.
-    void startDaemon(const std::vector<std::string>& arguments);
+    /// At that address.
+    void startDaemon(const std::string& place);
 
     TemporaryFolder m_configuration;
     std::unique_ptr<ChildProcess> m_daemon;
