@@ -35,7 +35,8 @@ void assign(const plist::Dictionary& assignment, AssignmentValues values) {
 } // namespace
 
 plist::Dictionary KyvarQuorviPane::assignmentOf(std::int32_t profileIndex, int input) const {
-    return fProfiles.dictionary(static_cast<std::size_t>(profileIndex))
+    return fDocument.profiles()
+        .dictionary(static_cast<std::size_t>(profileIndex))
         .dictionary(keys::buttons)
         .dictionary(keys::button(input));
 }
@@ -50,16 +51,15 @@ void KyvarQuorviPane::actionMenuButtonAssignment(PopUpButton* popUp) {
             this, [this, input] { askForSingleKey(input); }, Qt::QueuedConnection);
         return;
     }
-    assign(fButtons.dictionary(keys::button(input)), {{keys::command, command}});
-    updateUI();
-    saveSettings(fDeviceConfig);
+    assign(fDocument.buttons().dictionary(keys::button(input)), {{keys::command, command}});
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::askForSingleKey(int input) {
     if (gPatchedPane != this)
         return; // hidden meanwhile: no key would reach the sheet
-    const std::int32_t profileIndex = fProfileIndex;
-    const plist::Dictionary before = fButtons.dictionary(keys::button(input));
+    const std::int32_t profileIndex = fDocument.profileIndex();
+    const plist::Dictionary before = fDocument.buttons().dictionary(keys::button(input));
     const bool hasKey = before.integer(keys::command) == commands::singleKey;
     fSingleKeyCode = hasKey ? UsbToAdbKeycode(before.integer(keys::param1) & 0xFF) : noKey;
     fSingleKeyModifiers = hasKey ? UsbToAdbModifiers(before.integer(keys::param2) & 0xFF) : 0;
@@ -75,8 +75,7 @@ void KyvarQuorviPane::askForSingleKey(int input) {
             {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(fSingleKeyCode)},
                 {keys::param2, AdbToUsbModifiers(fSingleKeyModifiers)}});
     }
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionSubmenuButtonMacro(QAction* item) {
@@ -96,11 +95,10 @@ void KyvarQuorviPane::assignFromList(const QAction& item, int tabOfList, Assignm
         fViews->main.quorviTabsMain->setCurrentIndex(tabOfList);
         return;
     }
-    const plist::Dictionary assignment = fButtons.dictionary(keys::button(*input));
+    const plist::Dictionary assignment = fDocument.buttons().dictionary(keys::button(*input));
     assign(assignment, values);
     assignment.set(keys::string, titleOfItem(item).toStdU16String());
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 } // namespace quorvi

@@ -137,12 +137,13 @@ QString KyvarQuorviPane::assignmentTitle(
     switch (assignment.integer(keys::command)) {
     case commands::switchToProfile:
         return titleWithName(locString(QStringLiteral("Profile:")),
-            fProfiles.dictionary(static_cast<std::size_t>(indexOfNumber(param))));
+            fDocument.profiles().dictionary(static_cast<std::size_t>(indexOfNumber(param))));
     case commands::runMacro: {
         const QString title = locString(QStringLiteral("Macro:"));
-        const int index = KyvarFindMacroInArray(param, nullptr, fMacros);
-        return index >= 0 ? titleWithName(title, fMacros.dictionary(static_cast<std::size_t>(index)))
-                          : title + QLatin1Char(' ') + locString(QStringLiteral("(missing)"));
+        const int index = KyvarFindMacroInArray(param, nullptr, fDocument.macros());
+        return index >= 0
+                   ? titleWithName(title, fDocument.macros().dictionary(static_cast<std::size_t>(index)))
+                   : title + QLatin1Char(' ') + locString(QStringLiteral("(missing)"));
     }
     case commands::singleKey:
         return plainTitle + QLatin1Char(' ') +
@@ -154,20 +155,20 @@ QString KyvarQuorviPane::assignmentTitle(
 }
 
 void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
-    const plist::Dictionary record = fButtons.dictionary(keys::button(assignment));
+    const plist::Dictionary record = fDocument.buttons().dictionary(keys::button(assignment));
     std::int32_t command = record.integer(keys::command);
     // A mouse without a primary click could not undo that: button 1 takes it when no other button has it.
     if (assignment == 1 && command != commands::click &&
-        KyvarFindClickInProfile(fProfile, kOtherButtons) < 0) {
+        KyvarFindClickInProfile(fDocument.profile(), kOtherButtons) < 0) {
         record.set(keys::command, commands::click);
         command = commands::click;
     }
     if (assignment <= kLastButton) {
         const std::uint32_t others = kAllButtons & ~(1U << (assignment - 1));
-        popUp->setEnabled(
-            hasDevice() && (command != commands::click || KyvarFindClickInProfile(fProfile, others) >= 0));
+        popUp->setEnabled(hasDevice() && (command != commands::click ||
+                                             KyvarFindClickInProfile(fDocument.profile(), others) >= 0));
     }
-    if (!fDeviceConfig) {
+    if (!fDocument.tree()) {
         popUp->selectNone(unreadText());
         return;
     }
@@ -186,7 +187,7 @@ void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
 }
 
 void KyvarQuorviPane::updateMacrosSubmenu() {
-    const plist::Array macros = fDeviceConfig.array(keys::macros);
+    const plist::Array macros = fDocument.tree().array(keys::macros);
     fListedMacros =
         entriesOf(macros, [&](std::size_t index) { return macros.dictionary(index).integer(keys::macroId); });
     for (PopUpButton* popUp : fAssignmentMenus)
@@ -194,7 +195,7 @@ void KyvarQuorviPane::updateMacrosSubmenu() {
 }
 
 void KyvarQuorviPane::updateProfilesSubmenu() {
-    fListedProfiles = entriesOf(fDeviceConfig.array(keys::profiles),
+    fListedProfiles = entriesOf(fDocument.tree().array(keys::profiles),
         [](std::size_t index) { return static_cast<std::int32_t>(index); });
     for (PopUpButton* popUp : fAssignmentMenus)
         rebuildSubmenu(*popUp, commands::switchToProfile, fListedProfiles);

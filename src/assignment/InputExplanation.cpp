@@ -26,12 +26,12 @@ QString titleOf(const QLabel& label) {
 } // namespace
 
 QString KyvarQuorviPane::explanationOfInput(int input) const {
-    if (!fDeviceConfig || !hasDevice())
+    if (!fDocument.tree() || !hasDevice())
         return {};
     const auto* label = fMainView->findChild<QLabel*>(QStringLiteral("labelInput%1").arg(input));
     const PopUpButton* popUp = fAssignmentMenus[static_cast<std::size_t>(input - 1)];
     QStringList lines{titleOf(*label), withoutDirection(popUp->currentText()),
-        stepsOfMacro(fButtons.dictionary(keys::button(input))), profileInUse()};
+        stepsOfMacro(fDocument.buttons().dictionary(keys::button(input))), profileInUse()};
     lines.removeAll(QString());
     return lines.join(QLatin1Char('\n'));
 }
@@ -39,10 +39,11 @@ QString KyvarQuorviPane::explanationOfInput(int input) const {
 QString KyvarQuorviPane::stepsOfMacro(const plist::Dictionary& assignment) const {
     if (assignment.integer(keys::command) != commands::runMacro)
         return {};
-    const int index = KyvarFindMacroInArray(assignment.integer(keys::param1), nullptr, fMacros);
+    const int index = KyvarFindMacroInArray(assignment.integer(keys::param1), nullptr, fDocument.macros());
     if (index < 0)
         return {};
-    const plist::Array steps = fMacros.dictionary(static_cast<std::size_t>(index)).array(keys::steps);
+    const plist::Array steps =
+        fDocument.macros().dictionary(static_cast<std::size_t>(index)).array(keys::steps);
     QStringList texts;
     for (std::size_t i = 0; i < std::min<std::size_t>(steps.size(), limits::macroSteps); ++i)
         texts << textOfStep(steps.dictionary(i));
@@ -50,7 +51,7 @@ QString KyvarQuorviPane::stepsOfMacro(const plist::Dictionary& assignment) const
 }
 
 QString KyvarQuorviPane::profileInUse() const {
-    if (fLive->state().runningProfile == static_cast<std::uint32_t>(fProfileIndex + 1))
+    if (fLive->state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
         return fLive->runningText();
     const QString title = locString(QStringLiteral("Profile:"));
     return title + QLatin1Char(' ') + nameWithin(title, fViews->main.quorviTextProfile->text());

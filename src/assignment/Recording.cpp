@@ -29,9 +29,7 @@ void KyvarQuorviPane::startStopRecording(bool start, bool oneStep) {
     }
     showRecordButton();
     sendMessageToHelper(kMessageRecording, start ? 1 : 0);
-    if (!start)
-        saveSettings(fDeviceConfig);
-    updateUI();
+    fDocument.commit({.saving = start ? Saving::never : Saving::now});
     fViews->main.quorviTableSteps->viewport()->update();
     updateKeyboardGrab();
 }
@@ -51,7 +49,7 @@ void KyvarQuorviPane::setTablesTakeFocus(bool take) {
 }
 
 RecordingTarget KyvarQuorviPane::recordingTarget() const {
-    return {fMacroSteps, fViews->main.quorviTableSteps->selectedRow()};
+    return {fDocument.macroSteps(), fViews->main.quorviTableSteps->selectedRow()};
 }
 
 void KyvarQuorviPane::recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown) {
@@ -76,7 +74,7 @@ void KyvarQuorviPane::followHeldEscape() {
 }
 
 void KyvarQuorviPane::endRecordingByEscape() {
-    fRecorder.takeBackEscape(fMacroSteps);
+    fRecorder.takeBackEscape(fDocument.macroSteps());
     showRecordedStep();
     startStopRecording(false, false);
 }
@@ -87,17 +85,17 @@ void KyvarQuorviPane::showRecordedStep() {
     if (fRecorder.isForOneStep())
         startStopRecording(false, false);
     else
-        table->selectRowAlone(static_cast<int>(fMacroSteps.size()) - 1);
+        table->selectRowAlone(static_cast<int>(fDocument.macroSteps().size()) - 1);
 }
 
 void KyvarQuorviPane::setMacroStep(
     std::uint32_t code, std::uint8_t argument, std::uint16_t /*modifiers*/, std::int32_t index) {
-    fRecorder.setStep(fMacroSteps, code, argument, index, fServices.clock());
+    fRecorder.setStep(fDocument.macroSteps(), code, argument, index, fServices.clock());
 }
 
 void KyvarQuorviPane::appendMacroStep(
     std::uint32_t code, std::uint8_t argument, std::uint16_t /*modifiers*/) {
-    fRecorder.appendStep(fMacroSteps, code, argument, fServices.clock());
+    fRecorder.appendStep(fDocument.macroSteps(), code, argument, fServices.clock());
 }
 
 std::uint32_t KyvarQuorviPane::matchingCommand(std::uint32_t code, bool* isDown) {

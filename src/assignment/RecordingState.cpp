@@ -24,7 +24,7 @@ QString KyvarQuorviPane::recordingText() const {
     const int row = recordingTarget().row;
     if (fRecorder.isForOneStep() && row >= 0)
         return text("Recording over step ^1", static_cast<std::size_t>(row) + 1);
-    const std::size_t used = fMacroSteps.size();
+    const std::size_t used = fDocument.macroSteps().size();
     const std::size_t left = used < limits::macroSteps ? limits::macroSteps - used : 0;
     return left == 0   ? text("Recording: no steps left", left)
            : left == 1 ? text("Recording: 1 step left", left)

@@ -12,7 +12,7 @@ void KyvarQuorviPane::actionMenuTableContext(QAction* item) {
     performTableCommand(tag);
     // A question may outlive the pane. A recording saves when it ends.
     if (guard && tag != kRecordItem && tag != kRecordStepItem)
-        saveSettings(fDeviceConfig);
+        fDocument.commit({.shown = Shown::nothing});
 }
 
 void KyvarQuorviPane::performTableCommand(int tag) {

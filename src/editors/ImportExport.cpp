@@ -101,7 +101,7 @@ QFileDialog* showSavePanel(QFileDialog* panel, const QString& name) {
 } // namespace
 
 void KyvarQuorviPane::showImportProfilePanel() {
-    if (int(fProfiles.size()) >= limits::profiles)
+    if (int(fDocument.profiles().size()) >= limits::profiles)
         return;
     QFileDialog* panel = showOpenPanel(filePanel(*this, fMainView->window(), "Import Profile", kProfileFile));
     connect(panel, &QDialog::finished, this, [this, panel](int code) { importProfile(panel, code); });
@@ -119,7 +119,7 @@ void KyvarQuorviPane::showImportMacroPanel() {
 }
 
 void KyvarQuorviPane::showExportMacroPanel() {
-    if (!fMacro)
+    if (!fDocument.macro())
         return;
     QFileDialog* panel = showSavePanel(
         filePanel(*this, fMainView->window(), "Export Macro", kMacroFile), proposedName(ItemKind::macro));
@@ -127,19 +127,19 @@ void KyvarQuorviPane::showExportMacroPanel() {
 }
 
 QString KyvarQuorviPane::proposedName(ItemKind kind) const {
-    const QString name = nameOfItem(kind == ItemKind::profile ? fProfile : fMacro);
+    const QString name = nameOfItem(kind == ItemKind::profile ? fDocument.profile() : fDocument.macro());
     const std::u16string untitled = kind == ItemKind::profile ? untitledProfile() : untitledMacro();
     return name.isEmpty() ? QString::fromStdU16String(untitled) : name;
 }
 
 void KyvarQuorviPane::exportProfile(const QFileDialog* panel, int returnCode) {
     if (returnCode == QDialog::Accepted)
-        exportItem(ItemKind::profile, fProfile, chosenFile(*panel));
+        exportItem(ItemKind::profile, fDocument.profile(), chosenFile(*panel));
 }
 
 void KyvarQuorviPane::exportMacro(const QFileDialog* panel, int returnCode) {
     if (returnCode == QDialog::Accepted)
-        exportItem(ItemKind::macro, fMacro, chosenFile(*panel));
+        exportItem(ItemKind::macro, fDocument.macro(), chosenFile(*panel));
 }
 
 void KyvarQuorviPane::exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen) {
@@ -190,7 +190,7 @@ void KyvarQuorviPane::importMacroCompletion(const QString& path) {
 bool KyvarQuorviPane::mayImport(ItemKind kind, ItemFault fault, const QString& path) {
     const PanelText text = panelText();
     const bool isProfile = kind == ItemKind::profile;
-    const plist::Array& list = isProfile ? fProfiles : fMacros;
+    const plist::Array& list = isProfile ? fDocument.profiles() : fDocument.macros();
     if (!list)
         return false; // there are no settings at all
     // More may have come, from another program, since the panel was opened.
@@ -208,7 +208,7 @@ bool KyvarQuorviPane::mayImport(ItemKind kind, ItemFault fault, const QString& p
 void KyvarQuorviPane::tellOfImport(ItemKind kind, const plist::Dictionary& item) {
     const PanelText text = panelText();
     const std::vector<int> missing =
-        kind == ItemKind::profile ? inputsWithoutMacro(item, fMacros) : std::vector<int>();
+        kind == ItemKind::profile ? inputsWithoutMacro(item, fDocument.macros()) : std::vector<int>();
     tellUser(Notice::outcome, importedText(kind, nameOfItem(item), missing, text),
         missing.empty() ? NoticeSign::information : NoticeSign::warning);
 }

@@ -34,47 +34,45 @@ std::u16string KyvarQuorviPane::untitledMacro() const {
 }
 
 void KyvarQuorviPane::appendMacro(const plist::Dictionary& macro) {
-    appendItem(fMacros, macro, untitledMacro());
-    editMacroIndex(static_cast<std::int32_t>(fMacros.size()) - 1);
+    appendItem(fDocument.macros(), macro, untitledMacro());
+    fDocument.editMacroIndex(static_cast<std::int32_t>(fDocument.macros().size()) - 1);
     reloadTableViewDataQuietly(fViews->main.quorviTableMacros);
-    fViews->main.quorviTableMacros->selectRowAlone(fMacroIndex);
+    fViews->main.quorviTableMacros->selectRowAlone(fDocument.macroIndex());
     updateMacrosSubmenu();
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionButtonMacroAdd() {
-    const int macroId = KyvarFindUnusedMacroID(fMacros);
-    if (!fMacros || macroId < 0)
+    const int macroId = KyvarFindUnusedMacroID(fDocument.macros());
+    if (!fDocument.macros() || macroId < 0)
         return;
     appendMacro(newMacro(macroId, untitledMacro()));
-    fViews->main.quorviTableMacros->editCell(kPlaceOfMacroName, fMacroIndex);
+    fViews->main.quorviTableMacros->editCell(kPlaceOfMacroName, fDocument.macroIndex());
 }
 
 void KyvarQuorviPane::actionButtonMacroRemove() {
-    if (fMacroIndex < 0)
+    if (fDocument.macroIndex() < 0)
         return;
-    const std::u16string name = fMacro.string(keys::name);
+    const std::u16string name = fDocument.macro().string(keys::name);
     const PanelText text = panelText();
     const bool confirmed =
         confirmAction(QStringLiteral("Delete macro: ^1\r\rAre you sure you want to delete this macro?"),
             QString::fromStdU16String(name),
-            effectOfRemovingMacro(fDeviceConfig, static_cast<std::size_t>(fMacroIndex), text),
+            effectOfRemovingMacro(fDocument.tree(), static_cast<std::size_t>(fDocument.macroIndex()), text),
             QStringLiteral("Delete"));
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
-    if (!confirmed || fMacroIndex < 0 || fMacro.string(keys::name) != name)
+    if (!confirmed || fDocument.macroIndex() < 0 || fDocument.macro().string(keys::name) != name)
         return;
-    fMacros.remove(static_cast<std::size_t>(fMacroIndex));
-    const auto last = static_cast<std::int32_t>(fMacros.size()) - 1;
-    editMacroIndex(std::min(fMacroIndex, last));
+    fDocument.macros().remove(static_cast<std::size_t>(fDocument.macroIndex()));
+    const auto last = static_cast<std::int32_t>(fDocument.macros().size()) - 1;
+    fDocument.editMacroIndex(std::min(fDocument.macroIndex(), last));
     reloadTableViewDataQuietly(fViews->main.quorviTableMacros);
-    if (fMacroIndex >= 0)
-        fViews->main.quorviTableMacros->selectRowAlone(fMacroIndex);
+    if (fDocument.macroIndex() >= 0)
+        fViews->main.quorviTableMacros->selectRowAlone(fDocument.macroIndex());
     showStepsOfMacro();
-    cleanUpSettings(fDeviceConfig);
+    cleanUpSettings(fDocument.tree());
     updateMacrosSubmenu();
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::showStepsOfMacro() {

@@ -47,26 +47,25 @@ void KyvarQuorviPane::assignApplication(const QString& path) {
 }
 
 void KyvarQuorviPane::bindToApplication(const ApplicationInformation& application) {
-    fDriverData.set(keys::application, application.name);
-    fDriverData.set(keys::identifier, application.identifier);
-    fDriverData.set(keys::signature, application.signature);
-    fDriverData.set(keys::executable, application.executable);
-    showProfileApplication();
-    saveSettings(fDeviceConfig);
+    fDocument.driverData().set(keys::application, application.name);
+    fDocument.driverData().set(keys::identifier, application.identifier);
+    fDocument.driverData().set(keys::signature, application.signature);
+    fDocument.driverData().set(keys::executable, application.executable);
+    showProfileApplication(Saving::now);
 }
 
 void KyvarQuorviPane::removeApplication() {
-    if (fProfileIndex < 0 || fDriverData.string(keys::application).empty())
+    if (fDocument.profileIndex() < 0 || fDocument.driverData().string(keys::application).empty())
         return;
     for (const std::string_view key : kApplicationKeys)
-        fDriverData.set(key, u"");
-    showProfileApplication();
+        fDocument.driverData().set(key, u"");
+    showProfileApplication(Saving::never); // the command that asked for it saves
 }
 
-void KyvarQuorviPane::showProfileApplication() {
+void KyvarQuorviPane::showProfileApplication(Saving saving) {
     reloadData(fViews->main.quorviTableProfiles);
     updateProfilesSubmenu();
-    updateUI();
+    fDocument.commit({.saving = saving});
 }
 
 } // namespace quorvi

@@ -25,26 +25,25 @@ std::u16string KyvarQuorviPane::untitledProfile() const {
 }
 
 void KyvarQuorviPane::appendProfile(const plist::Dictionary& profile) {
-    appendItem(fProfiles, profile, untitledProfile());
-    editProfileIndex(static_cast<std::int32_t>(fProfiles.size()) - 1);
+    appendItem(fDocument.profiles(), profile, untitledProfile());
+    fDocument.editProfileIndex(static_cast<std::int32_t>(fDocument.profiles().size()) - 1);
     reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
-    fViews->main.quorviTableProfiles->selectRowAlone(fProfileIndex);
+    fViews->main.quorviTableProfiles->selectRowAlone(fDocument.profileIndex());
     updateProfilesSubmenu();
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::createNewProfile(bool duplicate) {
-    if (int(fProfiles.size()) >= limits::profiles)
+    if (int(fDocument.profiles().size()) >= limits::profiles)
         return;
-    const plist::Dictionary profile = duplicate ? plist::mutableDeepCopy(fProfile)
+    const plist::Dictionary profile = duplicate ? plist::mutableDeepCopy(fDocument.profile())
                                                 : getDefaultSettings().array(keys::profiles).dictionary(0);
     if (!profile)
         return;
     if (!duplicate)
         profile.set(keys::name, untitledProfile());
     appendProfile(profile);
-    fViews->main.quorviTableProfiles->editCell(kNameColumn, fProfileIndex);
+    fViews->main.quorviTableProfiles->editCell(kNameColumn, fDocument.profileIndex());
 }
 
 void KyvarQuorviPane::actionButtonProfileAdd() {
@@ -52,38 +51,37 @@ void KyvarQuorviPane::actionButtonProfileAdd() {
 }
 
 bool KyvarQuorviPane::canRemoveProfile() const {
-    const auto count = static_cast<std::int32_t>(fProfiles.size());
-    return count >= 2 && fProfileIndex >= 1 && fProfileIndex < count;
+    const auto count = static_cast<std::int32_t>(fDocument.profiles().size());
+    return count >= 2 && fDocument.profileIndex() >= 1 && fDocument.profileIndex() < count;
 }
 
 void KyvarQuorviPane::actionButtonProfileRemove() {
     if (!canRemoveProfile())
         return;
-    const std::u16string name = fProfile.string(keys::name);
+    const std::u16string name = fDocument.profile().string(keys::name);
     const PanelText text = panelText();
-    const bool confirmed =
-        confirmAction(QStringLiteral("Delete profile: ^1\r\rAre you sure you want to delete this profile?"),
-            QString::fromStdU16String(name),
-            effectOfRemovingProfile(fDeviceConfig, static_cast<std::size_t>(fProfileIndex), text),
-            QStringLiteral("Delete"));
+    const bool confirmed = confirmAction(
+        QStringLiteral("Delete profile: ^1\r\rAre you sure you want to delete this profile?"),
+        QString::fromStdU16String(name),
+        effectOfRemovingProfile(fDocument.tree(), static_cast<std::size_t>(fDocument.profileIndex()), text),
+        QStringLiteral("Delete"));
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
-    if (!confirmed || !canRemoveProfile() || fProfile.string(keys::name) != name)
+    if (!confirmed || !canRemoveProfile() || fDocument.profile().string(keys::name) != name)
         return;
-    fProfiles.remove(static_cast<std::size_t>(fProfileIndex));
-    const auto last = static_cast<std::int32_t>(fProfiles.size()) - 1;
-    const std::int32_t next = std::min(fProfileIndex, last);
+    fDocument.profiles().remove(static_cast<std::size_t>(fDocument.profileIndex()));
+    const auto last = static_cast<std::int32_t>(fDocument.profiles().size()) - 1;
+    const std::int32_t next = std::min(fDocument.profileIndex(), last);
     reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
-    editProfileIndex(next);
+    fDocument.editProfileIndex(next);
     fViews->main.quorviTableProfiles->selectRowAlone(next);
-    cleanUpSettings(fDeviceConfig);
+    cleanUpSettings(fDocument.tree());
     updateProfilesSubmenu();
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionBoxProfileOSD() {
-    fDriverData.set(keys::profileDisplay, fViews->main.quorviBoxProfileOSD->isChecked());
-    saveSettings(fDeviceConfig);
+    fDocument.driverData().set(keys::profileDisplay, fViews->main.quorviBoxProfileOSD->isChecked());
+    fDocument.commit({.shown = Shown::nothing});
 }
 
 } // namespace quorvi

@@ -36,7 +36,7 @@ QAction* itemAt(const QMenu& menu, const QVariant& value) {
 } // namespace
 
 QString KyvarQuorviPane::textOfStep(int row) const {
-    return textOfStep(fMacroSteps.dictionary(static_cast<std::size_t>(row)));
+    return textOfStep(fDocument.macroSteps().dictionary(static_cast<std::size_t>(row)));
 }
 
 QString KyvarQuorviPane::textOfStep(const plist::Dictionary& step) const {
@@ -47,9 +47,9 @@ QString KyvarQuorviPane::textOfStep(const plist::Dictionary& step) const {
 }
 
 QVariant KyvarQuorviPane::delayOfStep(int row) const {
-    if (row < 0 || row >= static_cast<int>(fMacroSteps.size()))
+    if (row < 0 || row >= static_cast<int>(fDocument.macroSteps().size()))
         return QString();
-    const auto step = fMacroSteps.dictionary(static_cast<std::size_t>(row));
+    const auto step = fDocument.macroSteps().dictionary(static_cast<std::size_t>(row));
     return indexOfDelay(*fViews->menus.quorviMenuStepDelay, step.integer(keys::delay));
 }
 
@@ -61,7 +61,9 @@ QString KyvarQuorviPane::titleOfDelay(const QVariant& value) const {
 void KyvarQuorviPane::setDelayOfStep(const QVariant& value, int row) {
     const QAction* item = itemAt(*fViews->menus.quorviMenuStepDelay, value);
     if (item && row >= 0)
-        fMacroSteps.dictionary(static_cast<std::size_t>(row)).set(keys::delay, tagOfItem(*item).value_or(0));
+        fDocument.macroSteps()
+            .dictionary(static_cast<std::size_t>(row))
+            .set(keys::delay, tagOfItem(*item).value_or(0));
 }
 
 void KyvarQuorviPane::actionButtonStepAdd() {
@@ -75,33 +77,32 @@ void KyvarQuorviPane::actionButtonStepRecord() {
 void KyvarQuorviPane::actionButtonStepRemove() {
     KyvarQuorviTableView* table = fViews->main.quorviTableSteps;
     const int row = table->selectedRow();
-    if (row < 0 || row >= static_cast<int>(fMacroSteps.size()))
+    if (row < 0 || row >= static_cast<int>(fDocument.macroSteps().size()))
         return;
-    fMacroSteps.remove(static_cast<std::size_t>(row));
-    fUnsavedEdits = true; // the next action saves it
+    fDocument.macroSteps().remove(static_cast<std::size_t>(row));
     reloadData(table);
-    const int last = static_cast<int>(fMacroSteps.size()) - 1;
+    const int last = static_cast<int>(fDocument.macroSteps().size()) - 1;
     if (last >= 0) {
         const int next = row < last ? row : last;
         table->selectRowAlone(next);
     }
-    updateUI();
-    retryFailedSave();
+    fDocument.commit({.saving = Saving::withNextAction});
 }
 
 void KyvarQuorviPane::removeAllSteps() {
-    fMacroSteps.removeAll();
+    fDocument.macroSteps().removeAll();
     reloadData(fViews->main.quorviTableSteps);
 }
 
 void KyvarQuorviPane::useDelayOfStepForAll() {
     const int row = fViews->main.quorviTableSteps->selectedRow();
-    if (row >= 0 && row < static_cast<int>(fMacroSteps.size()))
-        setDelayForAllSteps(fMacroSteps.dictionary(static_cast<std::size_t>(row)).integer(keys::delay));
+    if (row >= 0 && row < static_cast<int>(fDocument.macroSteps().size()))
+        setDelayForAllSteps(
+            fDocument.macroSteps().dictionary(static_cast<std::size_t>(row)).integer(keys::delay));
 }
 
 void KyvarQuorviPane::setDelayForAllSteps(std::int32_t milliseconds) {
-    quorvi::setDelayForAllSteps(fMacroSteps, milliseconds);
+    quorvi::setDelayForAllSteps(fDocument.macroSteps(), milliseconds);
     reloadData(fViews->main.quorviTableSteps);
 }
 

@@ -8,7 +8,6 @@
 #include "editors/TableTags.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
-#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -34,11 +33,11 @@ int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
         return 0;
     switch (tableTag) {
     case kProfilesTable:
-        return static_cast<int>(fProfiles.size());
+        return static_cast<int>(fDocument.profiles().size());
     case kMacrosTable:
-        return static_cast<int>(fMacros.size());
+        return static_cast<int>(fDocument.macros().size());
     case kStepsTable:
-        return static_cast<int>(fMacroSteps.size());
+        return static_cast<int>(fDocument.macroSteps().size());
     case kStagesTable:
         return static_cast<int>(editedStages().size());
     default:
@@ -53,13 +52,13 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
     case kStageNumberColumn:
         return QString::number(row + 1);
     case kProfileNameColumn:
-        return text(fProfiles.dictionary(index), keys::name);
+        return text(fDocument.profiles().dictionary(index), keys::name);
     case kProfileApplicationColumn:
-        return text(fProfiles.dictionary(index).dictionary(keys::driver), keys::application);
+        return text(fDocument.profiles().dictionary(index).dictionary(keys::driver), keys::application);
     case kProfileAutoswitchColumn:
-        return fProfiles.dictionary(index).dictionary(keys::driver).boolean(keys::autoSwitch);
+        return fDocument.profiles().dictionary(index).dictionary(keys::driver).boolean(keys::autoSwitch);
     case kMacroNameColumn:
-        return text(fMacros.dictionary(index), keys::name);
+        return text(fDocument.macros().dictionary(index), keys::name);
     case kStepActionColumn:
         return textOfStep(row);
     case kStepDelayColumn:
@@ -73,18 +72,20 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
 }
 
 void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier, int row) {
-    fUnsavedEdits = true; // the next action saves it
+    Shown shown = Shown::nothing; // the cell shows what was typed
     switch (columnIdentifier) {
     case kProfileNameColumn:
         renameProfile(value, row);
+        shown = Shown::everything;
         break;
     case kProfileAutoswitchColumn:
-        if (row != fProfileIndex)
-            editProfileIndex(row);
-        fDriverData.set(keys::autoSwitch, value.toBool());
+        if (row != fDocument.profileIndex())
+            fDocument.editProfileIndex(row);
+        fDocument.driverData().set(keys::autoSwitch, value.toBool());
         break;
     case kMacroNameColumn:
         renameMacro(value, row);
+        shown = Shown::everything;
         break;
     case kStepDelayColumn:
         setDelayOfStep(value, row);
@@ -92,34 +93,32 @@ void KyvarQuorviPane::setObjectValue(const QVariant& value, int columnIdentifier
     default:
         break;
     }
-    retryFailedSave();
+    fDocument.commit({.shown = shown, .saving = Saving::withNextAction});
 }
 
 void KyvarQuorviPane::renameProfile(const QVariant& value, int row) {
     // The first profile is the one that always exists; it keeps its name.
     if (row > 0 && isText(value)) {
-        const std::u16string name =
-            makeNameUnique(value.toString().toStdU16String(), untitledProfile(), fProfiles, keys::name, row);
-        if (row != fProfileIndex)
-            editProfileIndex(row);
-        fProfile.set(keys::name, name);
+        const std::u16string name = makeNameUnique(
+            value.toString().toStdU16String(), untitledProfile(), fDocument.profiles(), keys::name, row);
+        if (row != fDocument.profileIndex())
+            fDocument.editProfileIndex(row);
+        fDocument.profile().set(keys::name, name);
     }
-    cleanUpSettings(fDeviceConfig);
+    cleanUpSettings(fDocument.tree());
     updateProfilesSubmenu();
-    updateUI();
 }
 
 void KyvarQuorviPane::renameMacro(const QVariant& value, int row) {
     if (isText(value)) {
-        const std::u16string name =
-            makeNameUnique(value.toString().toStdU16String(), untitledMacro(), fMacros, keys::name, row);
-        if (row != fMacroIndex)
-            editMacroIndex(row);
-        fMacro.set(keys::name, name);
+        const std::u16string name = makeNameUnique(
+            value.toString().toStdU16String(), untitledMacro(), fDocument.macros(), keys::name, row);
+        if (row != fDocument.macroIndex())
+            fDocument.editMacroIndex(row);
+        fDocument.macro().set(keys::name, name);
     }
-    cleanUpSettings(fDeviceConfig);
+    cleanUpSettings(fDocument.tree());
     updateMacrosSubmenu();
-    updateUI();
 }
 
 void KyvarQuorviPane::reloadTableViewDataQuietly(KyvarQuorviTableView* table) {
@@ -170,22 +169,13 @@ void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
 }
 
 void KyvarQuorviPane::switchToProfile(int row) {
-    editProfileIndex(row);
-    // A profile always starts in its default stage.
-    fStageIndex = indexOfNumber(fProfile.integer(keys::defaultStage));
-    fStage = fStages.dictionary(static_cast<std::size_t>(fStageIndex));
-    const std::int32_t x = fStage.integer(keys::dpiX);
-    const std::int32_t y = fStage.integer(keys::dpiY);
-    fSettings.set(keys::dpiX, x);
-    fSettings.set(keys::dpiY, y);
-    fSettings.set(keys::independentXY, x != y);
-    fSettings.set(keys::stage, fStageIndex + 1);
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.editProfileIndex(row);
+    fDocument.startInDefaultStage();
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::switchToMacro(int row) {
-    editMacroIndex(row);
+    fDocument.editMacroIndex(row);
     showStepsOfMacro();
     updateUI();
 }

@@ -31,16 +31,14 @@ void copyValues(const plist::Dictionary& source, const plist::Dictionary& target
 void KyvarQuorviPane::actionMenuPollingRate() {
     const int rate = fViews->main.quorviMenuPollingRate->selectedTag();
     if (rate >= kLowestPollingRate && rate <= kHighestPollingRate)
-        fSettings.set(keys::pollingRate, rate);
-    updateUI();
-    saveSettings(fDeviceConfig);
+        fDocument.settings().set(keys::pollingRate, rate);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::setLight(std::int32_t bit, bool on) {
-    const std::int32_t lit = fProfile.integer(keys::ledState);
-    fProfile.set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
-    updateLightingUI();
-    saveSettings(fDeviceConfig);
+    const std::int32_t lit = fDocument.profile().integer(keys::ledState);
+    fDocument.profile().set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
+    fDocument.commit({.shown = Shown::lights});
 }
 
 void KyvarQuorviPane::actionBoxLightOnWheel() {
@@ -52,12 +50,12 @@ void KyvarQuorviPane::actionBoxLightOnBattery() {
 }
 
 void KyvarQuorviPane::restoreDefaultsFrom(const plist::Dictionary& defaults) {
-    copyValues(defaults, fDeviceConfig, {keys::settings});
+    copyValues(defaults, fDocument.tree(), {keys::settings});
     const plist::Dictionary first = defaults.array(keys::profiles).dictionary(0);
-    copyValues(first, fProfile, {keys::ledState, keys::defaultStage, keys::stages, keys::buttons});
-    copyValues(first.dictionary(keys::driver), fProfile.dictionary(keys::driver),
+    copyValues(first, fDocument.profile(), {keys::ledState, keys::defaultStage, keys::stages, keys::buttons});
+    copyValues(first.dictionary(keys::driver), fDocument.profile().dictionary(keys::driver),
         {keys::profileDisplay, keys::sensitivityDisplay, keys::enableAcceleration, keys::acceleration});
-    editProfileIndex(fProfileIndex);
+    fDocument.editProfileIndex(fDocument.profileIndex());
 }
 
 void KyvarQuorviPane::actionButtonRestoreDefaults() {
@@ -66,8 +64,7 @@ void KyvarQuorviPane::actionButtonRestoreDefaults() {
         return;
     if (const plist::Dictionary defaults = getDefaultSettings())
         restoreDefaultsFrom(defaults);
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionButtonCheckUpdates() {

@@ -42,10 +42,10 @@ void KyvarQuorviPane::launchHelper() {
 
 void KyvarQuorviPane::makeLive() {
     const auto profileName = [this](std::uint32_t number) {
-        if (number < 1 || number > fProfiles.size())
+        if (number < 1 || number > fDocument.profiles().size())
             return QString();
-        const QString name =
-            shownName(QString::fromStdU16String(fProfiles.dictionary(number - 1).string(keys::name)));
+        const QString name = shownName(
+            QString::fromStdU16String(fDocument.profiles().dictionary(number - 1).string(keys::name)));
         return name.isEmpty() ? locString(QStringLiteral("Default Profile")) : name;
     };
     fLive = std::make_unique<LiveHelper>(LiveHelper::Panel{.view = *fMainView,
@@ -111,11 +111,11 @@ void KyvarQuorviPane::bringHelperBack() {
 }
 
 void KyvarQuorviPane::tellHelperOfSave() {
-    Status told = sendMessageToHelper(kMessageSettingsSaved, fProfileIndex);
+    Status told = sendMessageToHelper(kMessageSettingsSaved, fDocument.profileIndex());
     // A bus that is too busy to say who the helper is still carries what the known one is sent. Where another
     // has taken its place meanwhile, that one reads the file as it starts.
     if (told == errAETimeout)
-        told = fServices.bus->send(fHelper, makeCommand(kMessageSettingsSaved, fProfileIndex));
+        told = fServices.bus->send(fHelper, makeCommand(kMessageSettingsSaved, fDocument.profileIndex()));
     if (told != noErr)
         bringHelperBack();
 }

@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include "document/Document.h"
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
 #include "model/ConfigFile.h"
@@ -66,7 +67,10 @@ struct SubmenuEntry {
     std::int32_t tag; ///< a profile's position from 0, a macro's identifier
 };
 
-class KyvarQuorviPane final : public QObject, public PreferencePane, private TableDelegate {
+class KyvarQuorviPane final : public QObject,
+                              public PreferencePane,
+                              private TableDelegate,
+                              private DocumentOwner {
     Q_OBJECT
 
   public:
@@ -235,8 +239,8 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
 
     // Lists (editors/CurrentItems.cpp, editors/TableData.cpp, editors/TableEvents.cpp,
     // editors/ContextMenu.cpp)
-    void editProfileIndex(std::int32_t index);
-    void editMacroIndex(std::int32_t index);
+    void editProfileIndex(std::int32_t index) { fDocument.editProfileIndex(index); }
+    void editMacroIndex(std::int32_t index) { fDocument.editMacroIndex(index); }
     [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
     /// The value of a cell: a text, a boolean for a check box, the index of an item for a pop-up cell.
     [[nodiscard]] QVariant objectValueForTableColumn(int columnIdentifier, int row) const;
@@ -286,9 +290,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
     /// A recording runs that ends with its first step.
     [[nodiscard]] bool awaitsOneStep() const { return fRecorder.isRecording() && fRecorder.isForOneStep(); }
-    [[nodiscard]] std::int32_t profileIndex() const { return fProfileIndex; }
-    [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
-    [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDeviceConfig; }
+    [[nodiscard]] std::int32_t profileIndex() const { return fDocument.profileIndex(); }
+    [[nodiscard]] std::int32_t macroIndex() const { return fDocument.macroIndex(); }
+    [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDocument.tree(); }
     /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
     [[nodiscard]] std::uint8_t singleKeyCode() const { return fSingleKeyCode; }
 
@@ -336,6 +340,10 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void installDeviceListHandler();
     void removeEventHandlers();
     Status receiveDeviceList(const Event& event);
+
+    void showDocument(Shown shown) override;
+    void saveDocument() override;
+    void saveDocumentLater() override;
 
     void closeMenus();
     void watchSettingsFile();
@@ -392,7 +400,7 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     void bindToApplication(const ApplicationInformation& application);
     void askForApplication();
     void removeApplication();
-    void showProfileApplication();
+    void showProfileApplication(Saving saving);
     [[nodiscard]] RecordingTarget recordingTarget() const;
     void takeFocusFromCells();
     void setTablesTakeFocus(bool take);
@@ -473,22 +481,9 @@ class KyvarQuorviPane final : public QObject, public PreferencePane, private Tab
     QString fStringNoMacro;           ///< the same, below it
     QString fStringProfilesHint;      ///< what stands below the list of profiles
 
-    plist::Dictionary fDeviceConfig;
-    plist::Dictionary fSettings;
-    plist::Array fProfiles;
-    plist::Dictionary fProfile;
-    plist::Dictionary fButtons;
-    plist::Array fStages;
-    plist::Dictionary fStage;
-    plist::Dictionary fDriverData;
-    plist::Array fMacros;
-    plist::Dictionary fMacro;
-    plist::Array fMacroSteps;
+    Document fDocument{*this};
     plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
     plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
-    std::int32_t fProfileIndex = -1;
-    std::int32_t fStageIndex = -1;
-    std::int32_t fMacroIndex = -1;
 
     std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0

@@ -151,18 +151,18 @@ void KyvarQuorviPane::willUnselect() {
     fFocus.stop();
     fSettingsWatcher.stop();
     fFollowLater.reset();
-    if (fDeviceConfig) {
+    if (fDocument.tree()) {
         if (fMainView && !fUnsavedEdits && othersChangedSettings(fSettingsFile))
             showSettingsOfFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
         // A tree that no file has is held until it can be saved; nothing is read over it.
-        if (saveSettings(fDeviceConfig))
-            fDeviceConfig = {};
+        if (saveSettings(fDocument.tree()))
+            fDocument.setTree({});
     }
-    if (!fDeviceConfig)
+    if (!fDocument.tree())
         fSettingsFile.forget();
     fMergedUnshown = false;
-    editProfileIndex(-1);
-    editMacroIndex(-1);
+    fDocument.editProfileIndex(-1);
+    fDocument.editMacroIndex(-1);
 }
 
 // A menu is a window of its own, and would stay. The view may have gone before, with the host's window.

@@ -15,8 +15,8 @@ namespace quorvi {
 bool KyvarQuorviPane::validateMenuItem(QAction* item) {
     if (!item || !hasDevice())
         return false;
-    const bool profileIsCurrent = fProfileIndex >= 0;
-    const bool roomForProfile = fProfiles.size() < limits::profiles;
+    const bool profileIsCurrent = fDocument.profileIndex() >= 0;
+    const bool roomForProfile = fDocument.profiles().size() < limits::profiles;
     const bool stepIsSelected = fViews->main.quorviTableSteps->selectedRow() >= 0;
     switch (tagOfItem(*item).value_or(0)) {
     case kNewProfileItem:
@@ -27,14 +27,14 @@ bool KyvarQuorviPane::validateMenuItem(QAction* item) {
     case kRestoreDefaultsItem:
         return profileIsCurrent;
     case kRemoveProfileItem: // the first one always stays
-        return fProfileIndex > 0;
+        return fDocument.profileIndex() > 0;
     case kDuplicateProfileItem:
         return profileIsCurrent && roomForProfile;
     case kRemoveApplicationItem:
-        return profileIsCurrent && !fDriverData.string(keys::application).empty();
+        return profileIsCurrent && !fDocument.driverData().string(keys::application).empty();
     case kNewMacroItem:
     case kImportMacroItem:
-        return fMacros.size() < limits::macros;
+        return fDocument.macros().size() < limits::macros;
     case kExportMacroItem:
     case kRemoveMacroItem:
         return fViews->main.quorviTableMacros->selectedRow() >= 0;
@@ -48,7 +48,7 @@ bool KyvarQuorviPane::validateMenuItem(QAction* item) {
         return stepIsSelected;
     case kRemoveAllStepsItem:
     case kRemoveAllDelaysItem:
-        return fMacroSteps.size() > 0;
+        return fDocument.macroSteps().size() > 0;
     default:
         return true;
     }

@@ -3,8 +3,6 @@
 #include <cerrno>
 #include <system_error>
 
-#include "model/Keys.h"
-#include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Notices.h"
 #include "platform/widgets/NoticeBar.h"
@@ -13,11 +11,11 @@
 namespace quorvi {
 
 bool KyvarQuorviPane::saveUnsavedEdits() {
-    if (!fDeviceConfig || !fUnsavedEdits)
+    if (!fDocument.tree() || !fUnsavedEdits)
         return true;
-    if (fProfileIndex < 0) // the panel was hidden, and could not save then
-        editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
-    return saveSettings(fDeviceConfig);
+    if (fDocument.profileIndex() < 0) // the panel was hidden, and could not save then
+        fDocument.editProfileIndex(fDocument.profileIndexOfSettings());
+    return saveSettings(fDocument.tree());
 }
 
 void KyvarQuorviPane::retryFailedSave() {

@@ -30,7 +30,7 @@ bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
     const Durability durability = fDragging ? Durability::later : Durability::now;
     const bool saved = quorvi::saveSettings(tree, fSettingsFile, durability);
     fUnsavedEdits = fSaveHasFailed = !saved;
-    if (fSettingsFile.tookChangesOver() && tree.isSameAs(fDeviceConfig))
+    if (fSettingsFile.tookChangesOver() && tree.isSameAs(fDocument.tree()))
         takeMergedSettingsOver();
     if (saved) {
         fSyncPending = fDragging;
@@ -45,6 +45,15 @@ bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
     return saved;
 }
 
+void KyvarQuorviPane::saveDocument() {
+    saveSettings(fDocument.tree());
+}
+
+void KyvarQuorviPane::saveDocumentLater() {
+    fUnsavedEdits = true;
+    retryFailedSave();
+}
+
 void KyvarQuorviPane::dragDidBegin() {
     fDragging = true;
 }
@@ -54,7 +63,7 @@ void KyvarQuorviPane::dragDidEnd() {
     // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
     // anew.
     if (std::exchange(fSyncPending, false) && !syncFile(fSettingsFile.path(), fServices.files))
-        saveSettings(fDeviceConfig);
+        saveSettings(fDocument.tree());
     if (fHelperGone)
         bringHelperBack();
     updateDpiOnMouse();

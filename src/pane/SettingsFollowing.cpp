@@ -7,8 +7,6 @@
 
 #include <algorithm>
 
-#include "model/Keys.h"
-#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Notices.h"
@@ -26,7 +24,7 @@ void KyvarQuorviPane::watchSettingsFile() {
 
 void KyvarQuorviPane::followSettingsFile() {
     fFollowLater.reset();
-    if (!fMainView || !fReceiveListUPP || !fDeviceConfig)
+    if (!fMainView || !fReceiveListUPP || !fDocument.tree())
         return;
     watchSettingsFile();
     if (userIsAtSomething())
@@ -34,17 +32,14 @@ void KyvarQuorviPane::followSettingsFile() {
     else if (!fUnsavedEdits && othersChangedSettings(fSettingsFile))
         showSettingsOfFile(Repairs::inMemoryAlone);
     else if (fMergedUnshown)
-        showSettings(Repairs::inMemoryAlone, fMacroIndex);
+        showSettings(Repairs::inMemoryAlone, fDocument.macroIndex());
 }
 
 // Not at once: whatever has saved goes on with the handles that it has.
 void KyvarQuorviPane::takeMergedSettingsOver() {
     if (!fReceiveListUPP)
         return; // about to be let go
-    const std::int32_t macro = fMacro.integer(keys::macroId);
-    editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
-    const auto current = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));
-    editMacroIndex(current && current.integer(keys::macroId) == macro ? fMacroIndex : -1);
+    fDocument.editSameItems();
     fMergedUnshown = true;
     QMetaObject::invokeMethod(this, &KyvarQuorviPane::followSettingsFile, Qt::QueuedConnection);
 }

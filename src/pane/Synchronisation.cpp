@@ -4,7 +4,6 @@
 
 #include "editors/TableModel.h"
 #include "model/Keys.h"
-#include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -25,16 +24,16 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
 }
 
 void KyvarQuorviPane::showSettingsOfFile(Repairs repairs) {
-    fDeviceConfig = loadSettings();
+    fDocument.setTree(loadSettings());
     fUnsavedEdits = fSaveHasFailed = false;
-    cleanUpSettings(fDeviceConfig);
+    cleanUpSettings(fDocument.tree());
     showSettings(repairs, -1);
 }
 
 void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
     fMergedUnshown = false;
-    editProfileIndex(indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId)));
-    editMacroIndex(macroIndex);
+    fDocument.editProfileIndex(fDocument.profileIndexOfSettings());
+    fDocument.editMacroIndex(macroIndex);
 
     selectCurrentProfileQuietly();
     selectCurrentMacroQuietly();
@@ -43,9 +42,8 @@ void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
     updateProfilesSubmenu();
     updateMacrosSubmenu();
     alignIndependentAxes();
-    if (alignStageWithSettings() && repairs == Repairs::saved)
-        saveSettings(fDeviceConfig);
-    updateUI();
+    const bool repaired = alignStageWithSettings();
+    fDocument.commit({.saving = repaired && repairs == Repairs::saved ? Saving::now : Saving::never});
     updateSensitivityStagesUI();
 }
 
@@ -54,34 +52,35 @@ void KyvarQuorviPane::selectCurrentProfileQuietly() {
     // profile's default stage with it.
     const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
     reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
-    fViews->main.quorviTableProfiles->selectRowAlone(fProfileIndex);
+    fViews->main.quorviTableProfiles->selectRowAlone(fDocument.profileIndex());
 }
 
 void KyvarQuorviPane::selectCurrentMacroQuietly() {
     KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
     reloadTableViewDataQuietly(table);
-    if (fMacroIndex < 0) {
+    if (fDocument.macroIndex() < 0) {
         table->deselectAll();
         return;
     }
     const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    table->selectRowAlone(fMacroIndex);
+    table->selectRowAlone(fDocument.macroIndex());
 }
 
 void KyvarQuorviPane::alignIndependentAxes() {
-    const bool independent = fSettings.integer(keys::dpiX) != fSettings.integer(keys::dpiY);
-    for (const plist::Dictionary& holder : {fSettings, fStage})
+    const bool independent =
+        fDocument.settings().integer(keys::dpiX) != fDocument.settings().integer(keys::dpiY);
+    for (const plist::Dictionary& holder : {fDocument.settings(), fDocument.stage()})
         if (holder.boolean(keys::independentXY) != independent)
             holder.set(keys::independentXY, independent);
 }
 
 bool KyvarQuorviPane::alignStageWithSettings() {
-    const std::int32_t x = fSettings.integer(keys::dpiX);
-    const std::int32_t y = fSettings.integer(keys::dpiY);
-    if (fStage.integer(keys::dpiX) == x && fStage.integer(keys::dpiY) == y)
+    const std::int32_t x = fDocument.settings().integer(keys::dpiX);
+    const std::int32_t y = fDocument.settings().integer(keys::dpiY);
+    if (fDocument.stage().integer(keys::dpiX) == x && fDocument.stage().integer(keys::dpiY) == y)
         return false;
-    fStage.set(keys::dpiX, x);
-    fStage.set(keys::dpiY, y);
+    fDocument.stage().set(keys::dpiX, x);
+    fDocument.stage().set(keys::dpiY, y);
     return true;
 }
 

@@ -42,8 +42,24 @@ void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabl
 
 } // namespace
 
+void KyvarQuorviPane::showDocument(Shown shown) {
+    switch (shown) {
+    case Shown::everything:
+        updateUI();
+        break;
+    case Shown::lights:
+        updateLightingUI();
+        break;
+    case Shown::acceleration:
+        updateAccelerationView();
+        break;
+    case Shown::nothing:
+        break;
+    }
+}
+
 void KyvarQuorviPane::updateUI() {
-    QString title = hasDevice() ? shownName(QString::fromStdU16String(fProfile.string(keys::name)))
+    QString title = hasDevice() ? shownName(QString::fromStdU16String(fDocument.profile().string(keys::name)))
                                 : locString(QStringLiteral("No device connected"));
     if (title.isEmpty())
         title = locString(QStringLiteral("Default Profile"));
@@ -56,8 +72,9 @@ void KyvarQuorviPane::updateUI() {
     for (int n = 1; n <= kAssignmentCount; ++n)
         updateMenu(fAssignmentMenus[static_cast<std::size_t>(n - 1)], n);
     updateSensitivityUI();
-    if (fDeviceConfig)
-        fViews->main.quorviMenuPollingRate->selectItemWithTag(fSettings.integer(keys::pollingRate));
+    if (fDocument.tree())
+        fViews->main.quorviMenuPollingRate->selectItemWithTag(
+            fDocument.settings().integer(keys::pollingRate));
     else
         fViews->main.quorviMenuPollingRate->selectNone(unreadText());
     updateProfilesUI();
@@ -68,35 +85,36 @@ void KyvarQuorviPane::updateUI() {
     fLive->show();
     showRunningRow();
     fViews->main.quorviTextFirmwareVersion->setText(
-        hasDevice() ? firmwareText(fDeviceConfig.integer(keys::firmware)) : QStringLiteral("-"));
+        hasDevice() ? firmwareText(fDocument.tree().integer(keys::firmware)) : QStringLiteral("-"));
 }
 
 void KyvarQuorviPane::updateSensitivityUI() {
-    const bool independent = fSettings.boolean(keys::independentXY);
+    const bool independent = fDocument.settings().boolean(keys::independentXY);
     // A blank keeps the label's height, so that nothing moves when the axes are separated.
     fViews->main.quorviTextXLabel->setText(independent ? QStringLiteral("X") : QStringLiteral(" "));
     fViews->main.quorviTextYLabel->setText(independent ? QStringLiteral("Y") : QStringLiteral(" "));
     fViews->main.quorviSliderSensitivityY->setEnabled(independent && hasDevice());
     updateDpiText();
     updateStagesView();
-    fViews->main.quorviSliderSensitivityX->setValue(fSettings.integer(keys::dpiX));
-    fViews->main.quorviSliderSensitivityY->setValue(fSettings.integer(keys::dpiY));
+    fViews->main.quorviSliderSensitivityX->setValue(fDocument.settings().integer(keys::dpiX));
+    fViews->main.quorviSliderSensitivityY->setValue(fDocument.settings().integer(keys::dpiY));
     fViews->main.quorviBoxIndependentXY->setChecked(independent);
-    fViews->main.quorviBoxSensitivityOSD->setChecked(fDriverData.boolean(keys::sensitivityDisplay));
-    const bool accelerated = fDriverData.boolean(keys::enableAcceleration);
+    fViews->main.quorviBoxSensitivityOSD->setChecked(
+        fDocument.driverData().boolean(keys::sensitivityDisplay));
+    const bool accelerated = fDocument.driverData().boolean(keys::enableAcceleration);
     fViews->main.quorviBoxAcceleration->setChecked(accelerated);
     fViews->main.quorviSliderAcceleration->setEnabled(accelerated && hasDevice());
     fViews->main.quorviSliderAcceleration->setFloatValue(
-        accelerationToSliderValue(static_cast<float>(fDriverData.real(keys::acceleration))));
+        accelerationToSliderValue(static_cast<float>(fDocument.driverData().real(keys::acceleration))));
     updateAccelerationView();
 }
 
 void KyvarQuorviPane::updateProfilesUI() {
     KyvarQuorviTableView* table = fViews->main.quorviTableProfiles;
-    enableButtonOf(
-        table, fViews->main.quorviButtonProfileAdd, hasDevice() && int(fProfiles.size()) < limits::profiles);
+    enableButtonOf(table, fViews->main.quorviButtonProfileAdd,
+        hasDevice() && int(fDocument.profiles().size()) < limits::profiles);
     enableButtonOf(table, fViews->main.quorviButtonProfileRemove, hasDevice() && table->selectedRow() > 0);
-    fViews->main.quorviBoxProfileOSD->setChecked(fDriverData.boolean(keys::profileDisplay));
+    fViews->main.quorviBoxProfileOSD->setChecked(fDocument.driverData().boolean(keys::profileDisplay));
 }
 
 void KyvarQuorviPane::updateMacrosUI() {
@@ -104,8 +122,8 @@ void KyvarQuorviPane::updateMacrosUI() {
     KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
     const bool macroSelected = table->selectedRow() >= 0;
     makeViewActive(table, editable);
-    enableButtonOf(
-        table, fViews->main.quorviButtonMacroAdd, editable && int(fMacros.size()) < limits::macros);
+    enableButtonOf(table, fViews->main.quorviButtonMacroAdd,
+        editable && int(fDocument.macros().size()) < limits::macros);
     enableButtonOf(table, fViews->main.quorviButtonMacroRemove, editable && macroSelected);
     fViews->main.quorviButtonMacroGear->setEnabled(editable);
     fViews->main.quorviTabsShowHideSteps->setCurrentIndex(hasDevice() && macroSelected ? 0 : 1);
@@ -131,7 +149,7 @@ void KyvarQuorviPane::updateHints() {
     main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
     main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
     makeViewActive(main.pageNoMacro, true);
-    main.textProfilesHint->setText(fProfiles.size() == 1
+    main.textProfilesHint->setText(fDocument.profiles().size() == 1
                                        ? locString(QStringLiteral("Add a profile with the + button for each "
                                                                   "other way of using the mouse. The gear "
                                                                   "button assigns it an application."))
@@ -139,7 +157,7 @@ void KyvarQuorviPane::updateHints() {
 }
 
 void KyvarQuorviPane::updateLightingUI() {
-    const std::int32_t lit = fProfile.integer(keys::ledState);
+    const std::int32_t lit = fDocument.profile().integer(keys::ledState);
     const bool wheel = (lit & lights::wheel) != 0;
     const bool battery = (lit & lights::battery) != 0;
     fViews->main.quorviBoxLightOnWheel->setChecked(wheel);

@@ -10,14 +10,15 @@ namespace quorvi {
 void KyvarQuorviPane::followRunningStage() {
     const HelperNews& helper = fLive->state();
     const auto stage = static_cast<std::size_t>(helper.runningStage) - 1;
-    const bool isOfThisProfile = helper.runningProfile > 0 && fProfileIndex >= 0 &&
-                                 helper.runningProfile - 1 == static_cast<std::uint32_t>(fProfileIndex);
-    if (!isOfThisProfile || helper.runningStage == 0 || stage >= fStages.size() ||
-        stage == static_cast<std::size_t>(fStageIndex) || fDragging || fModalSessions.isRunning())
+    const bool isOfThisProfile =
+        helper.runningProfile > 0 && fDocument.profileIndex() >= 0 &&
+        helper.runningProfile - 1 == static_cast<std::uint32_t>(fDocument.profileIndex());
+    if (!isOfThisProfile || helper.runningStage == 0 || stage >= fDocument.stages().size() ||
+        stage == static_cast<std::size_t>(fDocument.stageIndex()) || fDragging || fModalSessions.isRunning())
         return;
-    fSettings.set(keys::stage, static_cast<std::int32_t>(helper.runningStage));
-    copyResolution(fStages.dictionary(stage), fSettings);
-    editProfileIndex(fProfileIndex);
+    fDocument.settings().set(keys::stage, static_cast<std::int32_t>(helper.runningStage));
+    copyResolution(fDocument.stages().dictionary(stage), fDocument.settings());
+    fDocument.editProfileIndex(fDocument.profileIndex());
     updateSensitivityUI();
 }
 

@@ -15,49 +15,44 @@ namespace quorvi {
 // The current stage and the settings in force hold the same numbers, so every change goes into both.
 
 void KyvarQuorviPane::actionSliderSensitivityX(KyvarQuorviSlider* slider) {
-    const bool bothAxes = !fStage.boolean(keys::independentXY);
-    for (const plist::Dictionary& holder : {fStage, fSettings}) {
+    const bool bothAxes = !fDocument.stage().boolean(keys::independentXY);
+    for (const plist::Dictionary& holder : {fDocument.stage(), fDocument.settings()}) {
         holder.set(keys::dpiX, slider->value());
         if (bothAxes)
             holder.set(keys::dpiY, slider->value());
     }
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionSliderSensitivityY(KyvarQuorviSlider* slider) {
-    for (const plist::Dictionary& holder : {fStage, fSettings})
+    for (const plist::Dictionary& holder : {fDocument.stage(), fDocument.settings()})
         holder.set(keys::dpiY, slider->value());
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionBoxIndependentXY(QAbstractButton* box) {
-    for (const plist::Dictionary& holder : {fStage, fSettings}) {
+    for (const plist::Dictionary& holder : {fDocument.stage(), fDocument.settings()}) {
         holder.set(keys::independentXY, box->isChecked());
         if (!box->isChecked())
             holder.set(keys::dpiY, holder.integer(keys::dpiX));
     }
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionSliderAcceleration() {
-    fDriverData.set(
+    fDocument.driverData().set(
         keys::acceleration, sliderValueToAcceleration(fViews->main.quorviSliderAcceleration->floatValue()));
-    updateAccelerationView();
-    saveSettings(fDeviceConfig);
+    fDocument.commit({.shown = Shown::acceleration});
 }
 
 void KyvarQuorviPane::actionBoxAcceleration() {
-    fDriverData.set(keys::enableAcceleration, fViews->main.quorviBoxAcceleration->isChecked());
-    updateUI();
-    saveSettings(fDeviceConfig);
+    fDocument.driverData().set(keys::enableAcceleration, fViews->main.quorviBoxAcceleration->isChecked());
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::actionBoxSensitivityOSD() {
-    fDriverData.set(keys::sensitivityDisplay, fViews->main.quorviBoxSensitivityOSD->isChecked());
-    saveSettings(fDeviceConfig);
+    fDocument.driverData().set(keys::sensitivityDisplay, fViews->main.quorviBoxSensitivityOSD->isChecked());
+    fDocument.commit({.shown = Shown::nothing});
 }
 
 void KyvarQuorviPane::actionButtonEditStages() {

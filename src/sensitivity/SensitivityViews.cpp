@@ -38,21 +38,21 @@ constexpr float kNeutralFactor = 1.0F;
 } // namespace
 
 void KyvarQuorviPane::updateDpiText() {
-    if (!fDeviceConfig) {
+    if (!fDocument.tree()) {
         fViews->main.quorviTextDPI->setText(unreadText());
         return;
     }
     // Two blanks after the comma: the label is set wider than the list of stages on purpose.
     const QString format =
-        locString(fSettings.boolean(keys::independentXY) ? QStringLiteral("X = %d,  Y = %d DPI")
-                                                         : QStringLiteral("%d DPI"));
-    fViews->main.quorviTextDPI->setText(
-        resolutionText(format, fSettings.integer(keys::dpiX), fSettings.integer(keys::dpiY)));
+        locString(fDocument.settings().boolean(keys::independentXY) ? QStringLiteral("X = %d,  Y = %d DPI")
+                                                                    : QStringLiteral("%d DPI"));
+    fViews->main.quorviTextDPI->setText(resolutionText(
+        format, fDocument.settings().integer(keys::dpiX), fDocument.settings().integer(keys::dpiY)));
 }
 
 void KyvarQuorviPane::updateStagesView() {
     StageBar* const bar = fViews->main.quorviViewStages;
-    bar->setStages(stageFields(fStages), fStageIndex);
+    bar->setStages(stageFields(fDocument.stages()), fDocument.stageIndex());
     bar->setEnabled(hasDevice());
     const QString all = bar->texts().join(QStringLiteral(", "));
     bar->setAccessibleDescription(
@@ -72,7 +72,7 @@ void KyvarQuorviPane::updateAccelerationView() {
                              : kNeutralFactor;
     curve->setFactor(factor);
     curve->setEnabled(hasDevice());
-    if (!fDeviceConfig)
+    if (!fDocument.tree())
         curve->setAccessibleDescription(unreadText());
     else if (factor == kNeutralFactor)
         curve->setAccessibleDescription(

@@ -40,9 +40,9 @@ void KyvarQuorviPane::editSensitivityStages() {
     if (fEditStagesProfile)
         return; // the sheet is up
     const QPointer<KyvarQuorviPane> self(this);
-    const std::int32_t profile = fProfileIndex;
-    fEditStagesSettings = plist::mutableDeepCopy(fSettings);
-    fEditStagesProfile = plist::mutableDeepCopy(fProfile);
+    const std::int32_t profile = fDocument.profileIndex();
+    fEditStagesSettings = plist::mutableDeepCopy(fDocument.settings());
+    fEditStagesProfile = plist::mutableDeepCopy(fDocument.profile());
     updateSensitivityStagesUI();
     const bool confirmed = modalDialog(fViews->quorviPanelStages) == QDialog::Accepted;
     if (!self)
@@ -50,22 +50,21 @@ void KyvarQuorviPane::editSensitivityStages() {
     // The settings may have been read afresh while the sheet was up. The stages go into the tree that is
     // there now, unless another profile has become the current one. A profile is its place in the list: its
     // name may have been changed by another program.
-    if (confirmed && fProfileIndex == profile)
+    if (confirmed && fDocument.profileIndex() == profile)
         storeEditedStages();
     closeStagesEditor();
 }
 
 void KyvarQuorviPane::storeEditedStages() {
     const std::int32_t index = editedStageIndex();
-    if (index < 0 || !fProfile)
+    if (index < 0 || !fDocument.profile())
         return;
-    fSettings.set(keys::stage, index + 1);
-    copyResolution(editedStages().dictionary(static_cast<std::size_t>(index)), fSettings);
-    fProfile.set(keys::defaultStage, fEditStagesProfile.integer(keys::defaultStage));
-    fProfile.set(keys::stages, editedStages());
-    editProfileIndex(fProfileIndex);
-    saveSettings(fDeviceConfig);
-    updateUI();
+    fDocument.settings().set(keys::stage, index + 1);
+    copyResolution(editedStages().dictionary(static_cast<std::size_t>(index)), fDocument.settings());
+    fDocument.profile().set(keys::defaultStage, fEditStagesProfile.integer(keys::defaultStage));
+    fDocument.profile().set(keys::stages, editedStages());
+    fDocument.editProfileIndex(fDocument.profileIndex());
+    fDocument.commit();
 }
 
 void KyvarQuorviPane::closeStagesEditor() {

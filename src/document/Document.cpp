@@ -1,10 +1,9 @@
-// Which profile and which macro the editors work on.
+#include "document/Document.h"
 
 #include <algorithm>
 
 #include "model/Keys.h"
 #include "model/Numbering.h"
-#include "pane/KyvarQuorviPane.h"
 
 namespace quorvi {
 
@@ -16,7 +15,7 @@ bool isIndexOf(const plist::Array& array, std::int32_t index) {
 
 } // namespace
 
-void KyvarQuorviPane::editProfileIndex(std::int32_t index) {
+void Document::editProfileIndex(std::int32_t index) {
     fProfiles = fDeviceConfig.array(keys::profiles);
     const bool exists = isIndexOf(fProfiles, index);
     fProfileIndex = exists ? index : -1;
@@ -33,10 +32,40 @@ void KyvarQuorviPane::editProfileIndex(std::int32_t index) {
     fMacros = exists ? fDeviceConfig.array(keys::macros) : plist::Array();
 }
 
-void KyvarQuorviPane::editMacroIndex(std::int32_t index) {
+std::int32_t Document::profileIndexOfSettings() const {
+    return indexOfNumber(fDeviceConfig.dictionary(keys::settings).integer(keys::profileId));
+}
+
+void Document::editSameItems() {
+    const std::int32_t macro = fMacro.integer(keys::macroId);
+    editProfileIndex(profileIndexOfSettings());
+    const auto current = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));
+    editMacroIndex(current && current.integer(keys::macroId) == macro ? fMacroIndex : -1);
+}
+
+void Document::startInDefaultStage() {
+    fStageIndex = indexOfNumber(fProfile.integer(keys::defaultStage));
+    fStage = fStages.dictionary(static_cast<std::size_t>(fStageIndex));
+    const std::int32_t x = fStage.integer(keys::dpiX);
+    const std::int32_t y = fStage.integer(keys::dpiY);
+    fSettings.set(keys::dpiX, x);
+    fSettings.set(keys::dpiY, y);
+    fSettings.set(keys::independentXY, x != y);
+    fSettings.set(keys::stage, fStageIndex + 1);
+}
+
+void Document::editMacroIndex(std::int32_t index) {
     fMacroIndex = isIndexOf(fMacros, index) ? index : -1;
     fMacro = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));
     fMacroSteps = fMacro.array(keys::steps);
+}
+
+void Document::commit(Change change) {
+    m_owner.showDocument(change.shown);
+    if (change.saving == Saving::now)
+        m_owner.saveDocument();
+    else if (change.saving == Saving::withNextAction)
+        m_owner.saveDocumentLater();
 }
 
 } // namespace quorvi
