@@ -65,7 +65,7 @@ void KyvarQuorviPane::askForSingleKey(int input) {
     fSingleKeyModifiers = hasKey ? UsbToAdbModifiers(before.integer(keys::param2) & 0xFF) : 0;
     showSingleKey();
     const QPointer<KyvarQuorviPane> guard(this);
-    const bool confirmed = modalDialog(fViews->quorviPanelSingleKey) == 1;
+    const bool confirmed = fSheets.run(fViews->quorviPanelSingleKey) == 1;
     if (!guard)
         return;
     if (confirmed && fSingleKeyCode != noKey) {

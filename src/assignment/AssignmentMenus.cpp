@@ -12,11 +12,11 @@
 #include "model/Lookups.h"
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Unread.h"
 #include "platform/widgets/MenuItems.h"
 #include "platform/widgets/PopUpButton.h"
 #include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "window/Unread.h"
 
 namespace quorvi {
 

@@ -51,6 +51,10 @@ class Document {
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
+    /// Whether a mouse is there: without one nothing is listed, and nothing can be edited.
+    [[nodiscard]] bool hasDevice() const { return m_hasDevice; }
+    void setHasDevice(bool hasDevice) { m_hasDevice = hasDevice; }
+
     [[nodiscard]] const plist::Dictionary& tree() const { return fDeviceConfig; }
     /// Takes another tree, nil for none. The current items still are those of the old one.
     void setTree(const plist::Dictionary& tree) { fDeviceConfig = tree; }
@@ -89,6 +93,7 @@ class Document {
 
   private:
     DocumentOwner& m_owner;
+    bool m_hasDevice = false;
     plist::Dictionary fDeviceConfig;
     plist::Dictionary fSettings;
     plist::Array fProfiles;

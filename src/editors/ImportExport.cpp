@@ -11,7 +11,6 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Notices.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
 
@@ -152,9 +151,11 @@ void KyvarQuorviPane::exportItem(ItemKind kind, const plist::Dictionary& item, c
         mayGo ? writeItemFile(item, nativePath(path)) : make_error_code(std::errc::file_exists);
     const QString shown = shownPath(nativePath(path), fServices.homeFolder);
     if (error)
-        tellUser(Notice::outcome, notExportedText(nameOfItem(item), shown, error, text), NoticeSign::warning);
+        fNotices.tell(
+            Notice::outcome, notExportedText(nameOfItem(item), shown, error, text), NoticeSign::warning);
     else
-        tellUser(Notice::outcome, exportedText(kind, nameOfItem(item), shown, text), NoticeSign::information);
+        fNotices.tell(
+            Notice::outcome, exportedText(kind, nameOfItem(item), shown, text), NoticeSign::information);
 }
 
 // An import waits until its panel has gone.
@@ -198,7 +199,7 @@ bool KyvarQuorviPane::mayImport(ItemKind kind, ItemFault fault, const QString& p
     if (fault == ItemFault::none && !isFull)
         return true;
     const QString shown = shownPath(nativePath(path), fServices.homeFolder);
-    tellUser(Notice::outcome,
+    fNotices.tell(Notice::outcome,
         fault == ItemFault::none ? listFullText(kind, shown, text)
                                  : notImportedText(kind, shown, fault, text),
         NoticeSign::warning);
@@ -209,7 +210,7 @@ void KyvarQuorviPane::tellOfImport(ItemKind kind, const plist::Dictionary& item)
     const PanelText text = panelText();
     const std::vector<int> missing =
         kind == ItemKind::profile ? inputsWithoutMacro(item, fDocument.macros()) : std::vector<int>();
-    tellUser(Notice::outcome, importedText(kind, nameOfItem(item), missing, text),
+    fNotices.tell(Notice::outcome, importedText(kind, nameOfItem(item), missing, text),
         missing.empty() ? NoticeSign::information : NoticeSign::warning);
 }
 

@@ -55,11 +55,10 @@ void KyvarQuorviPane::actionButtonMacroRemove() {
         return;
     const std::u16string name = fDocument.macro().string(keys::name);
     const PanelText text = panelText();
-    const bool confirmed =
-        confirmAction(QStringLiteral("Delete macro: ^1\r\rAre you sure you want to delete this macro?"),
-            QString::fromStdU16String(name),
-            effectOfRemovingMacro(fDocument.tree(), static_cast<std::size_t>(fDocument.macroIndex()), text),
-            QStringLiteral("Delete"));
+    const bool confirmed = fSheets.confirm(Question{
+        "Delete macro: ^1\r\rAre you sure you want to delete this macro?", QString::fromStdU16String(name),
+        effectOfRemovingMacro(fDocument.tree(), static_cast<std::size_t>(fDocument.macroIndex()), text),
+        "Delete"});
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || fDocument.macroIndex() < 0 || fDocument.macro().string(keys::name) != name)
         return;

@@ -28,7 +28,7 @@ void KyvarQuorviPane::askForApplication() {
     const QPointer<ApplicationPanel> panel =
         new ApplicationPanel(fMainView, {.home = fServices.homeFolder, .text = panelText()});
     setInterfaceTextLookup(nullptr);
-    const int returnCode = modalDialog(panel);
+    const int returnCode = fSheets.run(panel);
     if (!panel)
         return; // The pane went away underneath, and the panel with it.
     assignApplication(panel, returnCode);

@@ -60,11 +60,11 @@ void KyvarQuorviPane::actionButtonProfileRemove() {
         return;
     const std::u16string name = fDocument.profile().string(keys::name);
     const PanelText text = panelText();
-    const bool confirmed = confirmAction(
-        QStringLiteral("Delete profile: ^1\r\rAre you sure you want to delete this profile?"),
+    const bool confirmed = fSheets.confirm(Question{
+        "Delete profile: ^1\r\rAre you sure you want to delete this profile?",
         QString::fromStdU16String(name),
         effectOfRemovingProfile(fDocument.tree(), static_cast<std::size_t>(fDocument.profileIndex()), text),
-        QStringLiteral("Delete"));
+        "Delete"});
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || !canRemoveProfile() || fDocument.profile().string(keys::name) != name)
         return;

@@ -59,8 +59,7 @@ void KyvarQuorviPane::restoreDefaultsFrom(const plist::Dictionary& defaults) {
 }
 
 void KyvarQuorviPane::actionButtonRestoreDefaults() {
-    if (!confirmAction(
-            QStringLiteral("Are you sure you want to restore all settings to default?"), std::nullopt))
+    if (!fSheets.confirm(Question{"Are you sure you want to restore all settings to default?"}))
         return;
     if (const plist::Dictionary defaults = getDefaultSettings())
         restoreDefaultsFrom(defaults);

@@ -60,6 +60,7 @@ void KyvarQuorviPane::removeEventHandlers() {
 Status KyvarQuorviPane::receiveDeviceList(const Event& event) {
     if (!getDeviceList(event, fDeviceList))
         return noErr;
+    fDocument.setHasDevice(fDeviceList.count != 0);
     fListHasCome = true;
     // Lists that come before the call runs share it: it would read the same file again and show the same, the
     // last, list.

@@ -8,7 +8,6 @@
 #include "model/Keys.h"
 #include "pane/HelperName.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Notices.h"
 #include "pane/loginitems/LoginItems.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
@@ -54,12 +53,12 @@ void KyvarQuorviPane::makeLive() {
         .setUpViews = fViews->setUp,
         .text = panelText(),
         .profileName = profileName,
-        .runSheet = [this](QDialog& sheet) { modalDialog(&sheet); }});
+        .runSheet = [this](QDialog& sheet) { fSheets.run(&sheet); }});
     connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::updateConnectionUI);
     connect(fLive.get(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(fLive.get(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
     connect(fLive.get(), &LiveHelper::failed, this,
-        [this](const QString& text) { tellUser(Notice::outcome, text, NoticeSign::warning); });
+        [this](const QString& text) { fNotices.tell(Notice::outcome, text, NoticeSign::warning); });
 }
 
 void KyvarQuorviPane::startFollowingHelper() {
@@ -92,12 +91,12 @@ void KyvarQuorviPane::followHelper() {
     fHelperStarting = fHelperStarting && found != noErr;
     fHelperGone = found != noErr && (fHelperGone || !fHelperStarting);
     if (fHelperGone)
-        tellUser(Notice::helperGone,
+        fNotices.tell(Notice::helperGone,
             locString(QStringLiteral("The background program is not running. Changes are saved and reach the "
                                      "mouse when it is back.")),
             NoticeSign::warning);
     else
-        withdrawNotice(Notice::helperGone);
+        fNotices.withdraw(Notice::helperGone);
     updateConnectionUI();
 }
 

@@ -27,13 +27,14 @@
 #include "platform/FocusObserver.h"
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardGrab.h"
-#include "platform/ModalSession.h"
 #include "platform/PreferencePane.h"
 #include "platform/events/DeviceList.h"
 #include "platform/events/EventTypes.h"
 #include "platform/widgets/FilledText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
+#include "window/Notices.h"
+#include "window/Sheets.h"
 
 class QAbstractButton;
 class QAction;
@@ -48,11 +49,8 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class LiveHelper;
-class NoticeBar;
 enum class ItemFault : std::uint8_t;
 enum class ItemKind : std::uint8_t;
-enum class Notice;
-enum class NoticeSign : std::uint8_t;
 class PopUpButton;
 class TableModel;
 
@@ -151,11 +149,8 @@ class KyvarQuorviPane final : public QObject,
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
-    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1". The
-    /// effect, in the user's language already, stands below the message's first line; the button that
-    /// confirms is called by its key.
-    bool confirmAction(const QString& messageKey, const std::optional<QString>& item,
-        const QString& effect = {}, const QString& confirmingKey = QStringLiteral("OK"));
+    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
+    bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
     // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
     /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
@@ -285,7 +280,7 @@ class KyvarQuorviPane final : public QObject,
     void importMacroCompletion(const QString& path);
 
     // What others may ask
-    [[nodiscard]] bool hasDevice() const { return fDeviceList.count != 0; }
+    [[nodiscard]] bool hasDevice() const { return fDocument.hasDevice(); }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
     [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
     /// A recording runs that ends with its first step.
@@ -354,11 +349,6 @@ class KyvarQuorviPane final : public QObject,
     [[nodiscard]] QString textOfError(int error) const;
     /// Has the handles lead to what a save has brought into the tree, and the window show it when it is free.
     void takeMergedSettingsOver();
-    /// Tells the text in the bar at the window's foot, in place of the kind's last one; nowhere while there
-    /// is no window. It is in the user's language already.
-    void tellUser(Notice kind, const QString& text, NoticeSign sign);
-    /// The kind's text is no longer so. Does nothing when there is none.
-    void withdrawNotice(Notice kind);
     /// The path as users write it, from their home folder.
     [[nodiscard]] QString pathFromHome(const std::filesystem::path& path) const;
 
@@ -441,12 +431,12 @@ class KyvarQuorviPane final : public QObject,
     ConfigFile fSettingsFile;
     FileWatcher fSettingsWatcher;
     std::unique_ptr<QObject> fFollowLater; ///< hears of the end of what the user is at; else null
-    QPointer<NoticeBar> fNotices;          ///< null until there is something to tell
     QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
+    Sheets fSheets;
+    Notices fNotices;
     std::unique_ptr<LiveHelper> fLive; ///< what the helper tells; never null
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
-    ModalSessions fModalSessions;
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()

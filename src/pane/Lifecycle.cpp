@@ -23,14 +23,31 @@ namespace quorvi {
 
 KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 
+namespace {
+
+/// The views with the texts that the lookup gives.
+std::unique_ptr<Interface> makeInterface(QWidget& mainView, const InterfaceTextLookup& lookup) {
+    setInterfaceTextLookup([&lookup](const QString& english) { return inItsDirection(lookup(english)); });
+    auto views = std::make_unique<Interface>(mainView);
+    setInterfaceTextLookup(nullptr);
+    return views;
+}
+
+} // namespace
+
 KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     : fServices(std::move(services)), fSettingsFile(userSettingsFile(fServices.homeFolder, fServices.files)),
-      fMainView(new QWidget) {
+      fMainView(new QWidget),
+      fViews(makeInterface(*fMainView, [this](const QString& english) { return locString(english); })),
+      fSheets({.mainView = fMainView,
+                  .confirmPanel = fViews->quorviPanelConfirm,
+                  .question = fViews->confirm.quorviTextConfirm,
+                  .confirmButton = fViews->confirm.quorviConfirmButtonOK,
+                  .cancelButton = fViews->confirm.quorviConfirmButtonCancel},
+          panelText()),
+      fNotices(*fMainView, panelText()) {
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
-    setInterfaceTextLookup([this](const QString& english) { return inItsDirection(locString(english)); });
-    fViews = std::make_unique<Interface>(*fMainView);
-    setInterfaceTextLookup(nullptr);
     makeLive();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
@@ -64,7 +81,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
     gKyvarQuorviPane = this;
     fPanelIsFront = true;
     fBluetoothWarningDone = false;
-    fDeviceList.count = 0;
+    fDocument.setHasDevice(false);
     connectActions();
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
@@ -129,7 +146,7 @@ void KyvarQuorviPane::followLanguage() {
 }
 
 void KyvarQuorviPane::didSelect() {
-    fDeviceList.count = 0;
+    fDocument.setHasDevice(false);
     fFocus.start(fMainView->window());
     installDeviceListHandler();
     startFollowingHelper();

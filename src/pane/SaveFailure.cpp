@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Notices.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
 
@@ -56,7 +55,7 @@ void KyvarQuorviPane::tellOfFailedSave(int error) {
     const QString name = nameWithin(text, pathFromHome(fSettingsFile.path()));
     text.replace(QStringLiteral("^2"), textOfError(error));
     text.replace(QStringLiteral("^1"), name);
-    tellUser(Notice::saveFailed, text, NoticeSign::warning);
+    fNotices.tell(Notice::saveFailed, text, NoticeSign::warning);
 }
 
 } // namespace quorvi

@@ -4,7 +4,6 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Notices.h"
 
 namespace quorvi {
 
@@ -36,7 +35,7 @@ bool KyvarQuorviPane::saveSettings(const plist::Dictionary& tree) {
         fSyncPending = fDragging;
         tellHelperOfSave();
         watchSettingsFile();
-        withdrawNotice(Notice::saveFailed);
+        fNotices.withdraw(Notice::saveFailed);
     } else {
         tellOfFailedSave(fSettingsFile.error());
     }

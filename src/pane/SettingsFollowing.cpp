@@ -9,7 +9,6 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Notices.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/NoticeBar.h"
 #include "platform/widgets/ShownText.h"
@@ -47,9 +46,8 @@ void KyvarQuorviPane::takeMergedSettingsOver() {
 bool KyvarQuorviPane::userIsAtSomething() const {
     const auto edited = [](const KyvarQuorviTableView* table) { return table->isEditing(); };
     const auto lists = tables();
-    return fRecorder.isRecording() || fDragging || fModalSessions.isRunning() ||
-           QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
-           std::any_of(lists.begin(), lists.end(), edited);
+    return fRecorder.isRecording() || fDragging || fSheets.isRunning() || QApplication::activeModalWidget() ||
+           QApplication::activePopupWidget() || std::any_of(lists.begin(), lists.end(), edited);
 }
 
 // The end of a drag asks anyway, so does the window when a sheet gives the focus back, and a recording saves.
@@ -69,6 +67,10 @@ void KyvarQuorviPane::followSettingsFileWhenFree() {
         connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, fFollowLater.get(), later);
 }
 
+QString KyvarQuorviPane::pathFromHome(const std::filesystem::path& path) const {
+    return QString::fromStdString("~/" + path.lexically_relative(fServices.homeFolder).string());
+}
+
 void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
     QString text =
         locString(QStringLiteral("Another program has changed the settings as well. This panel's are in "
@@ -77,7 +79,7 @@ void KyvarQuorviPane::tellOfKeptCopy(const std::filesystem::path& copy) {
     const QString own = QString::fromStdString(fSettingsFile.path().filename());
     text.replace(QStringLiteral("^2"), nameWithin(text, own));
     text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy)));
-    tellUser(Notice::keptCopy, text, NoticeSign::warning);
+    fNotices.tell(Notice::keptCopy, text, NoticeSign::warning);
 }
 
 } // namespace quorvi

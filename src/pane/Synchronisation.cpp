@@ -20,7 +20,7 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
         showSettings(Repairs::inMemoryAlone, -1);
     watchSettingsFile();
     if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
-        modalDialog(fViews->quorviPanelNoDevice);
+        fSheets.run(fViews->quorviPanelNoDevice);
 }
 
 void KyvarQuorviPane::showSettingsOfFile(Repairs repairs) {

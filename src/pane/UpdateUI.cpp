@@ -13,7 +13,6 @@
 #include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Unread.h"
 #include "platform/ViewActivation.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -22,6 +21,7 @@
 #include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
+#include "window/Unread.h"
 
 namespace quorvi {
 

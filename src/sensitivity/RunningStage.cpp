@@ -14,7 +14,7 @@ void KyvarQuorviPane::followRunningStage() {
         helper.runningProfile > 0 && fDocument.profileIndex() >= 0 &&
         helper.runningProfile - 1 == static_cast<std::uint32_t>(fDocument.profileIndex());
     if (!isOfThisProfile || helper.runningStage == 0 || stage >= fDocument.stages().size() ||
-        stage == static_cast<std::size_t>(fDocument.stageIndex()) || fDragging || fModalSessions.isRunning())
+        stage == static_cast<std::size_t>(fDocument.stageIndex()) || fDragging || fSheets.isRunning())
         return;
     fDocument.settings().set(keys::stage, static_cast<std::int32_t>(helper.runningStage));
     copyResolution(fDocument.stages().dictionary(stage), fDocument.settings());

@@ -9,13 +9,13 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/Unread.h"
 #include "platform/widgets/AccelerationCurve.h"
 #include "platform/widgets/KyvarQuorviSlider.h"
 #include "platform/widgets/StageBar.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
 #include "sensitivity/StageText.h"
+#include "window/Unread.h"
 
 namespace quorvi {
 

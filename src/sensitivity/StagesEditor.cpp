@@ -44,7 +44,7 @@ void KyvarQuorviPane::editSensitivityStages() {
     fEditStagesSettings = plist::mutableDeepCopy(fDocument.settings());
     fEditStagesProfile = plist::mutableDeepCopy(fDocument.profile());
     updateSensitivityStagesUI();
-    const bool confirmed = modalDialog(fViews->quorviPanelStages) == QDialog::Accepted;
+    const bool confirmed = fSheets.run(fViews->quorviPanelStages) == QDialog::Accepted;
     if (!self)
         return;
     // The settings may have been read afresh while the sheet was up. The stages go into the tree that is

@@ -16,7 +16,7 @@ namespace {
 
 // Functions that look a text up, and tables whose texts are looked up.
 const std::set<std::string, std::less<>> kTakersOfTexts{"locString", "interfaceText", "KeyNamesLocStr",
-    "lookup", "text", "confirmAction", "filePanel", "Entry", "Command", "TableColumn"};
+    "lookup", "text", "m_text", "Question", "filePanel", "Entry", "Command", "TableColumn"};
 
 // Every UTF-16 text in it is a name of a key.
 constexpr std::string_view kNamesOfKeys = "KeyNames.cpp";

@@ -1,0 +1,39 @@
+// What the bar at the window's foot tells: what would cost the user work, and what came of commands whose
+// outcome is not on the screen.
+#pragma once
+
+#include <QPointer>
+
+#include "platform/widgets/FilledText.h"
+#include "platform/widgets/NoticeBar.h"
+
+class QWidget;
+
+namespace quorvi {
+
+/// Each kind is told in one text at a time; a new one takes the place of the old one. An earlier kind stands
+/// before a later one.
+enum class Notice {
+    saveFailed, ///< changes that no file has; until a save succeeds
+    helperGone, ///< the background program does not run; until it does
+    keptCopy,   ///< where another program's settings, or ones that could not be read, were kept
+    outcome,    ///< what came of an import, an export or the like; until the next one
+};
+
+class Notices {
+  public:
+    /// The view may go before; then nothing is told any more.
+    Notices(QWidget& mainView, PanelText text);
+
+    /// Tells the text, which is in the user's language already, in place of the kind's last one.
+    void tell(Notice kind, const QString& text, NoticeSign sign);
+    /// The kind's text is no longer so. Does nothing when there is none.
+    void withdraw(Notice kind);
+
+  private:
+    QPointer<QWidget> m_mainView;
+    PanelText m_text;
+    QPointer<NoticeBar> m_bar; ///< null until there is something to tell
+};
+
+} // namespace quorvi

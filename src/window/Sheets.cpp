@@ -1,0 +1,58 @@
+#include "window/Sheets.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include <utility>
+
+#include "platform/widgets/ShownText.h"
+#include "resources/Interface.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr int kResponseOK = 1;
+constexpr int kResponseCancel = 0;
+
+/// Screen readers say the button's name in place of its text.
+void nameButton(QPushButton& button, const QString& name) {
+    button.setText(name);
+    button.setAccessibleName(name);
+    widenButton(button);
+}
+
+} // namespace
+
+Sheets::Sheets(const Views& views, PanelText text) : m_views(views), m_text(std::move(text)) {}
+
+int Sheets::run(QDialog* panel) {
+    // A sheet is a window: it does not take its parent's direction.
+    panel->setLayoutDirection(m_views.mainView->layoutDirection());
+    return m_sessions.run(panel);
+}
+
+void Sheets::accept() {
+    m_sessions.stop(kResponseOK);
+}
+
+void Sheets::cancel() {
+    m_sessions.stop(kResponseCancel);
+}
+
+bool Sheets::confirm(const Question& question) {
+    // A label does not break its lines at carriage returns.
+    QString text = m_text(question.message).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (const auto end = text.indexOf(QLatin1Char('\n')); end >= 0 && !question.effect.isEmpty())
+        text.insert(end, QLatin1Char('\n') + question.effect);
+    const auto mark = text.indexOf(QStringLiteral("^1"));
+    if (question.item && mark >= 0)
+        text.replace(mark, 2, nameWithin(text, shownText(*question.item)));
+    m_views.question->setText(text);
+    nameButton(*m_views.confirmButton, m_text(question.confirming));
+    // The safe answer, also after a question that was answered otherwise.
+    m_views.cancelButton->setFocus();
+    return run(m_views.confirmPanel) == kResponseOK;
+}
+
+} // namespace quorvi

@@ -1,0 +1,55 @@
+// The sheets of the panel, and the question before what cannot be taken back.
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+#include "platform/ModalSession.h"
+#include "platform/widgets/FilledText.h"
+
+class QDialog;
+class QLabel;
+class QPushButton;
+class QWidget;
+
+namespace quorvi {
+
+/// What a question asks.
+struct Question {
+    const char* message; ///< a key of the string table; its lines are separated by carriage returns
+    /// What stands in place of the message's first "^1", if anything does.
+    std::optional<QString> item = std::nullopt;
+    QString effect = {};           ///< stands below the message's first line; in the user's language already
+    const char* confirming = "OK"; ///< a key of the string table: the name of the button that confirms
+};
+
+class Sheets {
+  public:
+    /// The sheet for questions. All of it, and the view, must outlive this object's use.
+    struct Views {
+        QWidget* mainView;
+        QDialog* confirmPanel;
+        QLabel* question;
+        QPushButton* confirmButton;
+        QPushButton* cancelButton;
+    };
+
+    Sheets(const Views& views, PanelText text);
+
+    /// Runs the panel as a sheet on the window; the code that ended it. Whoever calls may not outlive it.
+    int run(QDialog* panel);
+    void accept();
+    void cancel();
+    [[nodiscard]] bool isRunning() const { return m_sessions.isRunning(); }
+
+    /// Whether the user agrees. Whoever calls may not outlive the question.
+    [[nodiscard]] bool confirm(const Question& question);
+
+  private:
+    Views m_views;
+    PanelText m_text;
+    ModalSessions m_sessions;
+};
+
+} // namespace quorvi
