@@ -20,9 +20,9 @@
 #include "model/FileCalls.h"
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/PrivateBus.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
 
 namespace quorvi::bench {
 namespace {

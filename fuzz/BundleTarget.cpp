@@ -2,10 +2,10 @@
 #include <QString>
 
 #include "Scratch.h"
+#include "applications/ApplicationInformation.h"
 #include "model/Keys.h"
 #include "model/ProfileMatching.h"
 #include "platform/Bundle.h"
-#include "platform/applications/ApplicationInformation.h"
 #include "plist/Reader.h"
 #include "plist/Unicode.h"
 

@@ -13,10 +13,10 @@
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Unread.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -2,7 +2,7 @@
 
 #include "editors/MenuTags.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

@@ -11,9 +11,9 @@
 #include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
 #include "sensitivity/StageText.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

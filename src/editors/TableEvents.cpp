@@ -7,7 +7,7 @@
 #include "editors/TableTags.h"
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

@@ -5,8 +5,8 @@
 
 #include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -8,8 +8,8 @@
 
 #include "engine/Options.h"
 #include "engine/Output.h"
+#include "events/DeviceList.h"
 #include "model/Limits.h"
-#include "platform/events/DeviceList.h"
 
 namespace quorvi {
 

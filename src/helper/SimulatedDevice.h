@@ -7,8 +7,8 @@
 #include <span>
 
 #include "engine/Engine.h"
+#include "events/Timer.h"
 #include "helper/Backend.h"
-#include "platform/events/Timer.h"
 
 namespace quorvi {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "events/HelperInterface.h"
 #include "inputd/InputdInterface.h"
-#include "platform/events/HelperInterface.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

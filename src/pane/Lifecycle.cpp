@@ -15,9 +15,9 @@
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

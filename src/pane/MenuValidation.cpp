@@ -6,9 +6,9 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

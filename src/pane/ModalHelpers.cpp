@@ -4,8 +4,8 @@
 #include <QPushButton>
 
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -3,7 +3,7 @@
 
 #include "pane/Notices.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/NoticeBar.h"
+#include "widgets/NoticeBar.h"
 
 namespace quorvi {
 

@@ -7,8 +7,8 @@
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Notices.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -15,13 +15,13 @@
 #include "pane/KyvarQuorviPane.h"
 #include "pane/Unread.h"
 #include "platform/ViewActivation.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -4,7 +4,7 @@
 #include "editors/MenuTags.h"
 #include "model/CommandCodes.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/MenuItems.h"
 
 #include <array>
 #include <span>

@@ -4,7 +4,7 @@
 
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
-#include "platform/keyboard/LiveKeyboardLayout.h"
+#include "layouts/LiveKeyboardLayout.h"
 #include "plist/Unicode.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"

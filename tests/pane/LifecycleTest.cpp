@@ -18,9 +18,9 @@
 #include "editors/MenuTags.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -15,11 +15,11 @@
 #include "model/SettingsDocument.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/DeepCopy.h"
 #include "support/Files.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -7,8 +7,8 @@
 
 #include "model/FileCalls.h"
 #include "pane/PaneFixture.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
 
 namespace quorvi::test {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
+#include "events/SdBus.h"
 #include "inputd/UsedMice.h"
 #include "inputd/bus/Questions.h"
-#include "platform/events/SdBus.h"
 
 namespace quorvi::inputd {
 

@@ -5,10 +5,10 @@
 #include <system_error>
 #include <utility>
 
+#include "applications/DesktopEntryKeys.h"
 #include "model/AtomicFile.h"
 #include "model/Leftovers.h"
 #include "pane/loginitems/Files.h"
-#include "platform/applications/DesktopEntryKeys.h"
 
 namespace quorvi {
 

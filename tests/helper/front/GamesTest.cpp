@@ -1,10 +1,10 @@
 // Profiles that are bound to games of Steam.
-#include "games/SteamLibrary.h"
+#include "applications/games/GameIdentifiers.h"
+#include "applications/games/InstalledGames.h"
+#include "applications/games/SteamLibrary.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
 #include "model/Trees.h"
-#include "platform/games/GameIdentifiers.h"
-#include "platform/games/InstalledGames.h"
 #include "plist/Unicode.h"
 #include "plist/Writer.h"
 #include "support/Files.h"
