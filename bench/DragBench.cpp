@@ -15,9 +15,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/FileCalls.h"
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
-#include "model/FileCalls.h"
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
 #include "support/PrivateBus.h"

@@ -8,8 +8,8 @@
 #include "applications/DesktopEntryKeys.h"
 #include "applications/ExecKey.h"
 #include "applications/PathName.h"
+#include "base/Unicode.h"
 #include "platform/Bundle.h"
-#include "plist/Unicode.h"
 
 namespace quorvi {
 
@@ -22,7 +22,7 @@ ApplicationInformation informationOnBundle(const std::string& path) {
     const Bundle bundle(path);
     const auto text = [&](const char* key) { return bundle.infoString(key); };
     ApplicationInformation information;
-    information.name = text("CFBundleName").value_or(plist::toUtf16(lastComponent(path)));
+    information.name = text("CFBundleName").value_or(toUtf16(lastComponent(path)));
     information.identifier = text("CFBundleIdentifier").value_or(u"");
     information.signature = text("CFBundleSignature").value_or(u"");
     information.executable = text("CFBundleExecutable").value_or(u"");
@@ -31,7 +31,7 @@ ApplicationInformation informationOnBundle(const std::string& path) {
 
 ApplicationInformation informationOnProgram(const std::string& path) {
     ApplicationInformation information;
-    information.name = plist::toUtf16(lastComponent(path));
+    information.name = toUtf16(lastComponent(path));
     information.executable = information.name;
     return information;
 }
@@ -60,9 +60,9 @@ std::optional<ApplicationInformation> applicationInformation(const QString& path
 std::optional<ApplicationInformation> applicationInformation(
     const DesktopEntryKeys& entry, const QString& id) {
     ApplicationInformation information;
-    information.name = plist::toUtf16(entry.value("Name").value_or(""));
+    information.name = toUtf16(entry.value("Name").value_or(""));
     information.identifier = id.toStdU16String();
-    information.executable = plist::toUtf16(execProgramName(entry.value("Exec").value_or("")));
+    information.executable = toUtf16(execProgramName(entry.value("Exec").value_or("")));
     return usable(std::move(information));
 }
 

@@ -13,8 +13,8 @@
 #include "applications/ApplicationInformation.h"
 #include "applications/DesktopEntryKeys.h"
 #include "applications/games/GameIdentifiers.h"
+#include "base/Unicode.h"
 #include "platform/Languages.h"
-#include "plist/Unicode.h"
 
 namespace quorvi {
 
@@ -119,7 +119,7 @@ InstalledApplication applicationOfGame(const games::InstalledGame& game) {
     const QString launcher = QString::fromStdString(game.launcher);
     const QString identifier = QString::fromStdString(game.identifier);
     const ApplicationInformation information{
-        plist::toUtf16(game.name), plist::toUtf16(game.identifier), {}, plist::toUtf16(game.executable)};
+        toUtf16(game.name), toUtf16(game.identifier), {}, toUtf16(game.executable)};
     return {identifier, name, QStringList{name, executable, launcher}.join(QLatin1Char('\n')),
         QFile::decodeName(game.icon.c_str()), {}, identifier, launcher, information};
 }

@@ -11,7 +11,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/Status.h"
+#include "base/Status.h"
 
 namespace quorvi {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <charconv>
 
+#include "base/StringHelpers.h"
 #include "events/EventsInterface.h"
-#include "platform/StringHelpers.h"
 
 namespace quorvi::events {
 

@@ -7,7 +7,7 @@
 
 #include <systemd/sd-bus.h>
 
-#include "platform/Status.h"
+#include "base/Status.h"
 
 namespace quorvi::events {
 

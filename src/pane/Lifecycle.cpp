@@ -7,10 +7,10 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
+#include "base/Leftovers.h"
 #include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
-#include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"

@@ -6,8 +6,8 @@
 #include <functional>
 #include <memory>
 
+#include "base/FileCalls.h"
 #include "events/EventBus.h"
-#include "model/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"

@@ -9,8 +9,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include "base/ScriptedCalls.h"
 #include "editors/TableTags.h"
-#include "model/ScriptedCalls.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "support/Files.h"

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QTest>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 #include "pane/PaneFixture.h"
 #include "support/SliderTools.h"
 #include "widgets/KyvarQuorviSlider.h"

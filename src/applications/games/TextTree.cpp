@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "plist/Unicode.h"
+#include "base/Unicode.h"
 
 namespace quorvi::games {
 
@@ -146,7 +146,7 @@ class JsonReader : Reader {
             return false;
         std::u16string units; // of what is written as "\uD83D\uDE00", which belongs together
         const auto finishUnits = [&] {
-            text += plist::toUtf8(units);
+            text += toUtf8(units);
             units.clear();
         };
         while (!atEnd() && !nextIs('"')) {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "applications/DesktopEntryKeys.h"
-#include "model/AtomicFile.h"
-#include "model/Leftovers.h"
+#include "base/AtomicFile.h"
+#include "base/Leftovers.h"
 #include "pane/loginitems/Files.h"
 
 namespace quorvi {

@@ -3,7 +3,7 @@
 
 #include <cerrno>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi::test {
 

@@ -1,8 +1,8 @@
-#include "plist/Unicode.h"
+#include "base/Unicode.h"
 
 #include <cstddef>
 
-namespace quorvi::plist {
+namespace quorvi {
 
 namespace {
 
@@ -119,4 +119,4 @@ std::string toXmlUtf8(std::u16string_view utf16) {
     return encode(utf16, isXmlCharacter);
 }
 
-} // namespace quorvi::plist
+} // namespace quorvi

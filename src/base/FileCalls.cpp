@@ -1,4 +1,4 @@
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 #include <cstdio>
 #include <fcntl.h>

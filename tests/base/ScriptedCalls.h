@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi::test {
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi {
 

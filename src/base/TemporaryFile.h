@@ -7,7 +7,7 @@
 #include <string_view>
 #include <sys/stat.h>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorvi::plist {
+namespace quorvi {
 
 inline constexpr char16_t kReplacementCharacter = 0xFFFD;
 
@@ -20,4 +20,4 @@ inline constexpr char16_t kReplacementCharacter = 0xFFFD;
 /// below U+0020 except tab, line feed and carriage return, U+FFFE and U+FFFF.
 [[nodiscard]] std::string toXmlUtf8(std::u16string_view utf16);
 
-} // namespace quorvi::plist
+} // namespace quorvi

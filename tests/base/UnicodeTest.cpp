@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "plist/Unicode.h"
+#include "base/Unicode.h"
 
-namespace quorvi::plist {
+namespace quorvi {
 namespace {
 
 TEST(Unicode, ConvertsEveryLengthOfCharacterBothWays) {
@@ -68,4 +68,4 @@ TEST(Unicode, ReplacesWhatXmlCannotHold) {
 }
 
 } // namespace
-} // namespace quorvi::plist
+} // namespace quorvi

@@ -1,13 +1,13 @@
 // What the system calls under an atomic replacement are, in which order, and what happens when one of them
 // fails.
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <tuple>
 
-#include "model/ScriptedCalls.h"
+#include "base/ScriptedCalls.h"
 #include "support/Files.h"
 
 namespace quorvi {

@@ -1,5 +1,5 @@
 // The temporary files of replacements that were never finished, and everything that is not one.
-#include "model/Leftovers.h"
+#include "base/Leftovers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "model/AtomicFile.h"
-#include "model/TemporaryName.h"
+#include "base/AtomicFile.h"
+#include "base/TemporaryName.h"
 #include "support/Files.h"
 
 namespace quorvi {

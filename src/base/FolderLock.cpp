@@ -1,4 +1,4 @@
-#include "model/FolderLock.h"
+#include "base/FolderLock.h"
 
 #include <cerrno>
 #include <sys/file.h>

@@ -1,4 +1,4 @@
-#include "model/KeptCopies.h"
+#include "base/KeptCopies.h"
 
 #include <cerrno>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "model/TemporaryName.h"
+#include "base/TemporaryName.h"
 
 #include <charconv>
 

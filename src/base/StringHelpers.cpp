@@ -1,4 +1,4 @@
-#include "platform/StringHelpers.h"
+#include "base/StringHelpers.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
-#include "model/ForkedChild.h"
+#include "base/ForkedChild.h"
 #include "support/Files.h"
 #include "support/UmaskGuard.h"
 

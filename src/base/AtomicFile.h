@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi {
 

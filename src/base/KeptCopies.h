@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi {
 

@@ -1,4 +1,4 @@
-#include "model/Leftovers.h"
+#include "base/Leftovers.h"
 
 #include <cerrno>
 #include <csignal>
@@ -10,8 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "model/AtomicFile.h"
-#include "model/TemporaryName.h"
+#include "base/AtomicFile.h"
+#include "base/TemporaryName.h"
 
 namespace quorvi {
 

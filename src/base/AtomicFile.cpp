@@ -1,4 +1,4 @@
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "model/TemporaryFile.h"
+#include "base/TemporaryFile.h"
 
 namespace quorvi {
 

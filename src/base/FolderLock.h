@@ -3,7 +3,7 @@
 
 #include <chrono>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/StringHelpers.h"
+#include "base/StringHelpers.h"
 
 namespace quorvi::test {
 

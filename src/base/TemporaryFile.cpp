@@ -1,4 +1,4 @@
-#include "model/TemporaryFile.h"
+#include "base/TemporaryFile.h"
 
 #include <atomic>
 #include <cstdio>
@@ -6,7 +6,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "model/TemporaryName.h"
+#include "base/TemporaryName.h"
 
 namespace quorvi {
 
