@@ -5,13 +5,13 @@
 #include <algorithm>
 
 #include "editors/TableModel.h"
-#include "editors/TableTags.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/Numbering.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "sensitivity/StageText.h"
 #include "widgets/KyvarQuorviTableView.h"
 

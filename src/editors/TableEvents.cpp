@@ -4,9 +4,9 @@
 
 #include <bit>
 
-#include "editors/TableTags.h"
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
+#include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "resources/TableTags.h"
 #include "widgets/MarkedCells.h"
 #include "widgets/ShownText.h"
 

@@ -9,10 +9,10 @@
 
 #include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
-#include "editors/TableTags.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MarkedCells.h"

@@ -2,11 +2,11 @@
 
 #include <QAction>
 
-#include "editors/MenuTags.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
+#include "resources/MenuTags.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 

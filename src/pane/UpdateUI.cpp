@@ -7,7 +7,6 @@
 #include <QTabWidget>
 
 #include "editors/TableModel.h"
-#include "editors/TableTags.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
@@ -16,6 +15,7 @@
 #include "pane/Unread.h"
 #include "platform/ViewActivation.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "sensitivity/AccelerationScale.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"

@@ -15,9 +15,9 @@
 #include <fstream>
 
 #include "assignment/EventPatch.h"
-#include "editors/MenuTags.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
+#include "resources/MenuTags.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"

@@ -4,9 +4,9 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "editors/TableTags.h"
 #include "pane/AssignmentFixture.h"
 #include "pane/PaneTestMain.h"
+#include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 

@@ -10,9 +10,9 @@
 #include <unistd.h>
 
 #include "base/ScriptedCalls.h"
-#include "editors/TableTags.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
+#include "resources/TableTags.h"
 #include "support/Files.h"
 
 using namespace quorvi;

@@ -10,12 +10,12 @@
 #include <fstream>
 #include <iterator>
 
-#include "editors/TableTags.h"
 #include "model/ConfigFileStore.h"
 #include "model/SettingsDocument.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "plist/DeepCopy.h"
+#include "resources/TableTags.h"
 #include "support/Files.h"
 #include "support/SliderTools.h"
 #include "widgets/KyvarQuorviSlider.h"

@@ -1,6 +1,6 @@
 #include "resources/Menus.h"
-#include "assignment/Commands.h"
 #include "model/CommandCodes.h"
+#include "model/Commands.h"
 #include "model/ConfigRecord.h"
 #include "widgets/MenuItems.h"
 #include "widgets/WidgetTestMain.h"
