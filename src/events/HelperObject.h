@@ -20,7 +20,7 @@ struct MouseEntry {
     std::string name;       ///< as it says itself
     std::string connection; ///< "usb", "bluetooth", "internal" or ""
     bool inUse = false;     ///< its user has chosen it
-    std::string state;      ///< see HelperInterface.h and inputd/InputdInterface.h
+    std::string state;      ///< see HelperInterface.h and events/InputdInterface.h
     std::uint16_t hardwareDpi = 0;
     std::uint16_t dpi = 0;                ///< as the user says; 0 when they have not
     std::array<std::uint16_t, 7> codes{}; ///< of inputs 1 to 7 (EV_KEY), 0 for none

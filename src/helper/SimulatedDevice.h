@@ -8,7 +8,7 @@
 
 #include "engine/Engine.h"
 #include "events/Timer.h"
-#include "helper/Backend.h"
+#include "helper/mice/Backend.h"
 
 namespace quorvi {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "events/HelperInterface.h"
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 #include "widgets/ShownText.h"
 
 namespace quorvi {

@@ -13,7 +13,7 @@
 
 #include "engine/Options.h"
 #include "events/HelperInterface.h"
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 #include "layouts/EvdevKeys.h"
 #include "live/MiceOfComputer.h"
 #include "widgets/MouseView.h"

@@ -9,7 +9,7 @@
 
 #include "events/HelperObject.h"
 #include "events/Timer.h"
-#include "helper/Backend.h"
+#include "helper/mice/Backend.h"
 #include "helper/mice/ChosenMice.h"
 #include "helper/mice/InputdLink.h"
 #include "helper/mice/SystemBus.h"

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "events/SdBus.h"
-#include "inputd/UsedMice.h"
 #include "inputd/bus/Questions.h"
+#include "inputd/devices/UsedMice.h"
 
 namespace quorvi::inputd {
 

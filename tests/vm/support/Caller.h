@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "engine/TestRecord.h"
+#include "events/InputdInterface.h"
 #include "events/SdBus.h"
-#include "inputd/InputdInterface.h"
 
 namespace quorvi::test {
 

@@ -1,5 +1,5 @@
 // The service's interface on the system bus, described once: the service, whoever calls it and the tests take
-// the names from here. bus/com.kyvar.Inputd1.xml says the same for other programs, and what each does.
+// the names from here. inputd/bus/com.kyvar.Inputd1.xml says the same for other programs, and what each does.
 #pragma once
 
 namespace quorvi::inputd {

@@ -1,4 +1,4 @@
-#include "inputd/UsedMice.h"
+#include "inputd/devices/UsedMice.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "inputd/Loop.h"
+#include "inputd/loop/Loop.h"
 
 #include <algorithm>
 #include <cerrno>

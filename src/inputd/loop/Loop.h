@@ -8,7 +8,7 @@
 #include <sys/epoll.h>
 
 #include "engine/Engine.h"
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 
 namespace quorvi::inputd {
 
