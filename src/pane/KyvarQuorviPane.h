@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "document/Document.h"
+#include "events/EventTypes.h"
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
 #include "pane/PaneServices.h"
@@ -26,12 +27,11 @@
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardGrab.h"
 #include "platform/PreferencePane.h"
-#include "platform/events/EventTypes.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
 #include "session/HelperLink.h"
 #include "session/SettingsSession.h"
+#include "widgets/FilledText.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 

@@ -7,14 +7,15 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
+#include "base/Leftovers.h"
 #include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

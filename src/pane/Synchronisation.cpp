@@ -7,8 +7,8 @@
 
 #include "editors/TableModel.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

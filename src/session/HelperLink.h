@@ -10,9 +10,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventBus.h"
-#include "platform/events/EventTypes.h"
+#include "events/DeviceList.h"
+#include "events/EventBus.h"
+#include "events/EventTypes.h"
 #include "window/EditorContext.h"
 
 namespace quorvi {

@@ -8,9 +8,10 @@
 #include "pane/loginitems/LoginItems.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
-#include "platform/widgets/ShownText.h"
+#include "resources/Interface.h"
 #include "session/HelperLink.h"
 #include "session/HelperName.h"
+#include "widgets/ShownText.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 

@@ -4,7 +4,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/widgets/ShownText.h"
+#include "widgets/ShownText.h"
 #include "window/Notices.h"
 
 namespace quorvi {

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "base/Leftovers.h"
 #include "document/Document.h"
-#include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 
 namespace quorvi {

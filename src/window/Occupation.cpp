@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/Sheets.h"
 
 namespace quorvi {
