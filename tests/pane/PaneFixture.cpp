@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 
 #include "assignment/EventPatch.h"
+#include "loginitems/AutostartLoginItemStore.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
-#include "pane/loginitems/AutostartLoginItemStore.h"
 #include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi::test {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "base/FileCalls.h"
-#include "pane/loginitems/DesktopEntry.h"
-#include "pane/loginitems/LoginItemStore.h"
+#include "loginitems/DesktopEntry.h"
+#include "loginitems/LoginItemStore.h"
 
 namespace quorvi {
 

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "base/Status.h"
-#include "pane/loginitems/LoginItemStore.h"
+#include "loginitems/LoginItemStore.h"
 
 namespace quorvi {
 

@@ -1,11 +1,11 @@
-#include "pane/loginitems/PropertyListLoginItemStore.h"
+#include "loginitems/PropertyListLoginItemStore.h"
 
 #include <string_view>
 
 #include "base/AtomicFile.h"
 #include "base/Leftovers.h"
 #include "base/Unicode.h"
-#include "pane/loginitems/Files.h"
+#include "loginitems/Files.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
 

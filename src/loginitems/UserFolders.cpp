@@ -1,4 +1,4 @@
-#include "pane/loginitems/UserFolders.h"
+#include "loginitems/UserFolders.h"
 
 #include <cstdlib>
 #include <string_view>

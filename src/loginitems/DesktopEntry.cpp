@@ -1,11 +1,11 @@
-#include "pane/loginitems/DesktopEntry.h"
+#include "loginitems/DesktopEntry.h"
 
 #include <algorithm>
 
 #include "applications/DesktopEntryKeys.h"
 #include "applications/ExecKey.h"
 #include "applications/PathName.h"
-#include "pane/loginitems/PathText.h"
+#include "loginitems/PathText.h"
 
 namespace quorvi {
 

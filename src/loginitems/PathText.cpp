@@ -1,4 +1,4 @@
-#include "pane/loginitems/PathText.h"
+#include "loginitems/PathText.h"
 
 #include <clocale>
 #include <cwctype>

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/FileCalls.h"
-#include "pane/loginitems/LoginItemStore.h"
+#include "loginitems/LoginItemStore.h"
 #include "plist/Value.h"
 
 namespace quorvi {

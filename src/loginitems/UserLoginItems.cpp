@@ -1,10 +1,10 @@
 // The removals that name a user's list, not a store.
 #include <filesystem>
 
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/LoginItems.h"
-#include "pane/loginitems/PropertyListLoginItemStore.h"
-#include "pane/loginitems/UserFolders.h"
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/LoginItems.h"
+#include "loginitems/PropertyListLoginItemStore.h"
+#include "loginitems/UserFolders.h"
 
 namespace quorvi {
 

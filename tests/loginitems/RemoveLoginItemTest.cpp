@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/LoginItemLists.h"
-#include "pane/loginitems/LoginItems.h"
-#include "pane/loginitems/UserFolders.h"
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/LoginItemLists.h"
+#include "loginitems/LoginItems.h"
+#include "loginitems/UserFolders.h"
 #include "support/EnvironmentVariable.h"
 
 namespace quorvi::test {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "pane/loginitems/LoginItemLists.h"
-#include "pane/loginitems/LoginItems.h"
+#include "loginitems/LoginItemLists.h"
+#include "loginitems/LoginItems.h"
 
 namespace quorvi::test {
 

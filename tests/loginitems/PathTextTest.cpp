@@ -2,7 +2,7 @@
 
 #include <clocale>
 
-#include "pane/loginitems/PathText.h"
+#include "loginitems/PathText.h"
 
 namespace quorvi::test {
 

@@ -1,4 +1,4 @@
-#include "pane/loginitems/Files.h"
+#include "loginitems/Files.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

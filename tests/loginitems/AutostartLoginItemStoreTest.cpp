@@ -3,9 +3,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/FailingCalls.h"
-#include "pane/loginitems/LoginItems.h"
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/FailingCalls.h"
+#include "loginitems/LoginItems.h"
 #include "support/Files.h"
 #include "support/UmaskGuard.h"
 

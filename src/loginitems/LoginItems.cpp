@@ -1,10 +1,10 @@
-#include "pane/loginitems/LoginItems.h"
+#include "loginitems/LoginItems.h"
 
 #include <cstddef>
 #include <utility>
 #include <vector>
 
-#include "pane/loginitems/PathText.h"
+#include "loginitems/PathText.h"
 
 namespace quorvi {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "pane/loginitems/LoginItemStore.h"
+#include "loginitems/LoginItemStore.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::test {

@@ -1,10 +1,10 @@
-#include "pane/loginitems/LoginItemLists.h"
+#include "loginitems/LoginItemLists.h"
 
 #include <filesystem>
 #include <sys/stat.h>
 
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/PropertyListLoginItemStore.h"
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/PropertyListLoginItemStore.h"
 
 namespace quorvi::test {
 

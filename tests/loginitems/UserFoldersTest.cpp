@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "pane/loginitems/UserFolders.h"
+#include "loginitems/UserFolders.h"
 #include "support/EnvironmentVariable.h"
 
 namespace quorvi::test {

@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <thread>
 
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/DesktopEntry.h"
-#include "pane/loginitems/LoginItems.h"
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/DesktopEntry.h"
+#include "loginitems/LoginItems.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::test {

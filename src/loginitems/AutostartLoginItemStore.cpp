@@ -1,4 +1,4 @@
-#include "pane/loginitems/AutostartLoginItemStore.h"
+#include "loginitems/AutostartLoginItemStore.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -8,7 +8,7 @@
 #include "applications/DesktopEntryKeys.h"
 #include "base/AtomicFile.h"
 #include "base/Leftovers.h"
-#include "pane/loginitems/Files.h"
+#include "loginitems/Files.h"
 
 namespace quorvi {
 

@@ -2,9 +2,9 @@
 
 #include <sys/stat.h>
 
-#include "pane/loginitems/FailingCalls.h"
-#include "pane/loginitems/LoginItems.h"
-#include "pane/loginitems/PropertyListLoginItemStore.h"
+#include "loginitems/FailingCalls.h"
+#include "loginitems/LoginItems.h"
+#include "loginitems/PropertyListLoginItemStore.h"
 #include "plist/Reader.h"
 #include "support/TemporaryFolder.h"
 
