@@ -7,9 +7,9 @@
 #include <QMenu>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
 #include "editors/TableTags.h"
+#include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/KyvarQuorviSlider.h"

@@ -6,12 +6,15 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
+#include "capture/KeyCapture.h"
 #include "editors/TableModel.h"
+#include "editors/keys/SingleKeyPanel.h"
+#include "editors/recording/Recording.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
 #include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
+#include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
@@ -49,19 +52,18 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
     makeLive();
+    makeKeyCapture();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KyvarQuorviPane::updateKeyboardGrab);
     connect(&fSettingsWatcher, &FileWatcher::fileChanged, this, &KyvarQuorviPane::followSettingsFile);
-    fViews->quorviPanelSingleKey->installEventFilter(this);
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
     // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
     // recorded or is in no file yet.
-    if (fRecorder.isRecording()) {
+    if (isRecordingMacro()) {
         sendMessageToHelper(kMessageRecording, 0);
         fUnsavedEdits = true;
     }
@@ -89,10 +91,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
     startHelper();
     fillAssignmentMenus();
     followLanguage();
-    fStringRecord = fViews->main.quorviButtonStepRecord->text();
-    fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
-    fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
-    fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
     fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
     fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();
     fStringNoMacro = fViews->main.textNoMacro->text();
@@ -127,7 +125,7 @@ void KyvarQuorviPane::nameKeys() {
 void KyvarQuorviPane::keyboardLayoutDidChange() {
     nameKeys();
     reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
-    showSingleKey();
+    fSingleKeyPanel->show();
     updateUI();
 }
 
@@ -161,7 +159,6 @@ void KyvarQuorviPane::willUnselect() {
     closeMenus();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
-    updateKeyboardGrab();
     sendMessageToHelper(kMessagePaneShown, 0);
     stopFollowingHelper();
     removeEventHandlers();

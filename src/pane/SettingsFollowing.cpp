@@ -46,7 +46,7 @@ void KyvarQuorviPane::takeMergedSettingsOver() {
 bool KyvarQuorviPane::userIsAtSomething() const {
     const auto edited = [](const KyvarQuorviTableView* table) { return table->isEditing(); };
     const auto lists = tables();
-    return fRecorder.isRecording() || fDragging || fSheets.isRunning() || QApplication::activeModalWidget() ||
+    return isRecordingMacro() || fDragging || fSheets.isRunning() || QApplication::activeModalWidget() ||
            QApplication::activePopupWidget() || std::any_of(lists.begin(), lists.end(), edited);
 }
 

@@ -14,8 +14,8 @@
 #include <array>
 #include <fstream>
 
-#include "assignment/EventPatch.h"
 #include "editors/MenuTags.h"
+#include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "platform/widgets/KyvarQuorviTableView.h"

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "assignment/EventPatch.h"
+#include "pane/EventPatch.h"
 #include "pane/ListTools.h"
 #include "platform/keyboard/XkbKeyboardLayout.h"
 
