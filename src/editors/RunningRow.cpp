@@ -1,9 +1,9 @@
 // The row of the profile that runs now bears a mark: it need not be the selected one.
 
 #include "editors/TableModel.h"
-#include "editors/TableTags.h"
 #include "live/LiveHelper.h"
 #include "pane/KyvarQuorviPane.h"
+#include "resources/TableTags.h"
 
 namespace quorvi {
 

@@ -1,8 +1,8 @@
 // What the tables ask for at a delete key.
 
-#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

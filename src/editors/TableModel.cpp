@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/ShownText.h"
+#include "resources/TableTags.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -6,7 +6,7 @@
 #include <set>
 #include <span>
 
-#include "platform/widgets/TableColumns.h"
+#include "widgets/TableColumns.h"
 
 namespace quorvi {
 

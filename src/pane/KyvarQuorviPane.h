@@ -19,16 +19,16 @@
 #include <vector>
 
 #include "document/Document.h"
+#include "events/DeviceList.h"
+#include "events/EventTypes.h"
 #include "model/ConfigFile.h"
 #include "pane/PaneServices.h"
 #include "platform/FileWatcher.h"
 #include "platform/FocusObserver.h"
 #include "platform/PreferencePane.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventTypes.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
+#include "widgets/FilledText.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 

@@ -6,21 +6,21 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "base/Leftovers.h"
 #include "capture/KeyCapture.h"
 #include "editors/TableModel.h"
 #include "editors/keys/SingleKeyPanel.h"
 #include "editors/recording/Recording.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
-#include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 #include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -7,11 +7,11 @@
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
 
+#include "layouts/XkbKeyboardLayout.h"
 #include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "platform/KeyEvents.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

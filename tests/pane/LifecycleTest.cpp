@@ -14,13 +14,13 @@
 #include <array>
 #include <fstream>
 
-#include "editors/MenuTags.h"
 #include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
+#include "resources/MenuTags.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

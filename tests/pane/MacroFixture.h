@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "layouts/XkbKeyboardLayout.h"
 #include "pane/EventPatch.h"
 #include "pane/ListTools.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 namespace quorvi::test {
 

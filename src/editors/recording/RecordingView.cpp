@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "model/Limits.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

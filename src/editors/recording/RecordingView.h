@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 class QLabel;
 class QPushButton;
