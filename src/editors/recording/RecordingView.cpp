@@ -2,12 +2,12 @@
 
 #include <QAccessible>
 #include <QLabel>
-#include <QPushButton>
 
 #include <utility>
 
 #include "model/Limits.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ToggleButton.h"
 
 namespace quorvi {
 

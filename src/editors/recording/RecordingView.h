@@ -8,11 +8,11 @@
 #include "widgets/FilledText.h"
 
 class QLabel;
-class QPushButton;
 
 namespace quorvi {
 
 class KyvarQuorviTableView;
+class ToggleButton;
 
 /// How far a recording is.
 struct RecordingProgress {
@@ -26,8 +26,8 @@ class RecordingView {
     /// They must outlive this object's use.
     struct Views {
         KyvarQuorviTableView* steps;
-        QPushButton* button; ///< starts and stops a recording
-        QLabel* text;        ///< says how far it is
+        ToggleButton* button; ///< starts and stops a recording
+        QLabel* text;         ///< says how far it is
     };
 
     /// The views' texts are those without a recording.
