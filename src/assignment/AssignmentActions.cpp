@@ -3,10 +3,11 @@
 #include <QAction>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
+#include "editors/keys/SingleKeyPanel.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
+#include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "widgets/MenuItems.h"
@@ -61,19 +62,19 @@ void KyvarQuorviPane::askForSingleKey(int input) {
     const std::int32_t profileIndex = fDocument.profileIndex();
     const plist::Dictionary before = fDocument.buttons().dictionary(keys::button(input));
     const bool hasKey = before.integer(keys::command) == commands::singleKey;
-    fSingleKeyCode = hasKey ? UsbToAdbKeycode(before.integer(keys::param1) & 0xFF) : noKey;
-    fSingleKeyModifiers = hasKey ? UsbToAdbModifiers(before.integer(keys::param2) & 0xFF) : 0;
-    showSingleKey();
+    const KeyChoice shown = hasKey ? KeyChoice{UsbToAdbKeycode(before.integer(keys::param1) & 0xFF),
+                                         UsbToAdbModifiers(before.integer(keys::param2) & 0xFF)}
+                                   : KeyChoice{};
     const QPointer<KyvarQuorviPane> guard(this);
-    const bool confirmed = fSheets.run(fViews->quorviPanelSingleKey) == 1;
+    const auto chosen = fSingleKeyPanel->ask(shown);
     if (!guard)
         return;
-    if (confirmed && fSingleKeyCode != noKey) {
+    if (chosen) {
         // A device list may have replaced the whole tree while the sheet was up: the key goes into the
         // same place of the tree that is there now.
         assign(assignmentOf(profileIndex, input),
-            {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(fSingleKeyCode)},
-                {keys::param2, AdbToUsbModifiers(fSingleKeyModifiers)}});
+            {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(chosen->key)},
+                {keys::param2, AdbToUsbModifiers(chosen->modifiers)}});
     }
     fDocument.commit();
 }

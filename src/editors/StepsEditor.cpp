@@ -2,6 +2,7 @@
 
 #include <QMenu>
 
+#include "macros/MacroRecorder.h"
 #include "macros/StepText.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
@@ -71,7 +72,7 @@ void KyvarQuorviPane::actionButtonStepAdd() {
 }
 
 void KyvarQuorviPane::actionButtonStepRecord() {
-    startStopRecording(!fRecorder.isRecording(), false);
+    startStopRecording(!isRecordingMacro(), false);
 }
 
 void KyvarQuorviPane::actionButtonStepRemove() {

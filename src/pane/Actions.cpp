@@ -7,8 +7,8 @@
 #include <QMenu>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "editors/TableModel.h"
+#include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"

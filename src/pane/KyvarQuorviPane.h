@@ -20,12 +20,8 @@
 
 #include "document/Document.h"
 #include "events/EventTypes.h"
-#include "keyboard/VirtualKeys.h"
-#include "macros/MacroRecorder.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
-#include "platform/KeyEvents.h"
-#include "platform/KeyboardGrab.h"
 #include "platform/PreferencePane.h"
 #include "plist/Value.h"
 #include "session/HelperLink.h"
@@ -45,10 +41,14 @@ namespace quorvi {
 struct ApplicationInformation;
 class ApplicationPanel;
 class Interface;
+class KeyCapture;
 class KyvarQuorviSlider;
 enum class ItemFault : std::uint8_t;
 enum class ItemKind : std::uint8_t;
+struct KeyEvent;
 class PopUpButton;
+class Recording;
+class SingleKeyPanel;
 class TableModel;
 
 inline constexpr int kAssignmentCount = 9;
@@ -178,19 +178,17 @@ class KyvarQuorviPane final : public QObject,
     /// Whether the item can be chosen now. The item that starts and stops a recording gets its title here.
     [[nodiscard]] bool validateMenuItem(QAction* item);
 
-    // Macro recording (assignment/Recording.cpp)
-    /// Starts recording into the current macro: steps are appended or, for one step, the selected one is
-    /// replaced and the recording stops. Stopping it saves. Does nothing when that is how it is.
+    // Macro recording and key capture (pane/KeyCapturing.cpp): editors/recording/Recording.h,
+    // editors/keys/SingleKeyPanel.h and capture/KeyCapture.h say what each of these does.
     void startStopRecording(bool start, bool oneStep);
-    /// Replaces the step of the current macro at the index, together with its partner, or appends one where
-    /// there is none, for -1 for instance; a full macro stays as it is. The modifiers are not stored.
+    /// The modifiers of these two are not stored.
     void setMacroStep(std::uint32_t code, std::uint8_t argument, std::uint16_t modifiers, std::int32_t index);
-    /// Appends a step to the current macro. The step before gets the time since the run's last one as delay.
     void appendMacroStep(std::uint32_t code, std::uint8_t argument, std::uint16_t modifiers);
     /// The code of the step that ends, or began, what the code does (macros/StepCodes.h).
     static std::uint32_t matchingCommand(std::uint32_t code, bool* isDown);
-
-    // Key capture (assignment/SingleKey.cpp)
+    [[nodiscard]] bool isRecordingMacro() const;
+    /// A recording runs that ends with its first step.
+    [[nodiscard]] bool awaitsOneStep() const;
     /// A capture is active: every key belongs to the panel.
     [[nodiscard]] bool overrideSingleKeys() const;
     /// A recording runs: clicks in the tables belong to it and are not carried out.
@@ -199,12 +197,12 @@ class KyvarQuorviPane final : public QObject,
     /// the modifier word after the event. True when the event is used up.
     bool receiveSingleKey(
         std::uint8_t key, char16_t character, std::uint16_t modifiers, bool goingDown, const KeyEvent& event);
-    /// Tells the single-key panel which modifiers had changed while keys did not come to it, so that the next
-    /// key is not taken for one of theirs.
-    void followModifiers(std::uint16_t modifiers) { fSingleKeyLastModifiers = modifiers; }
-    /// Takes the keyboard from the desktop exactly while a capture is active in a window of the panel's that
-    /// has the focus.
+    void followModifiers(std::uint16_t modifiers);
     void updateKeyboardGrab();
+    /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
+    [[nodiscard]] std::uint8_t singleKeyCode() const;
+    /// What the names of pane/EventPatch.h stand for.
+    [[nodiscard]] KeyCapture& keyCapture() { return *fKeyCapture; }
 
     // Lists (editors/CurrentItems.cpp, editors/TableData.cpp, editors/TableEvents.cpp,
     // editors/ContextMenu.cpp)
@@ -256,17 +254,9 @@ class KyvarQuorviPane final : public QObject,
     // What others may ask
     [[nodiscard]] bool hasDevice() const { return fDocument.hasDevice(); }
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
-    [[nodiscard]] bool isRecordingMacro() const { return fRecorder.isRecording(); }
-    /// A recording runs that ends with its first step.
-    [[nodiscard]] bool awaitsOneStep() const { return fRecorder.isRecording() && fRecorder.isForOneStep(); }
     [[nodiscard]] std::int32_t profileIndex() const { return fDocument.profileIndex(); }
     [[nodiscard]] std::int32_t macroIndex() const { return fDocument.macroIndex(); }
     [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDocument.tree(); }
-    /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
-    [[nodiscard]] std::uint8_t singleKeyCode() const { return fSingleKeyCode; }
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void connectActions();
@@ -283,8 +273,6 @@ class KyvarQuorviPane final : public QObject,
     /// The profile that the panel shows, with the reason when it is the one that runs.
     [[nodiscard]] QString profileInUse() const;
     void askForSingleKey(int input);
-    /// Shows the captured key in the single-key panel.
-    void showSingleKey();
     void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
     /// Names the keys, from then on by the layout in use.
     void followKeyboardLayout();
@@ -298,6 +286,7 @@ class KyvarQuorviPane final : public QObject,
     /// What every part of the panel is given; all of it is there before the parts are.
     [[nodiscard]] EditorContext editorContext();
     [[nodiscard]] std::unique_ptr<Occupation> makeOccupation() const;
+    void makeKeyCapture();
     void updateConnectionUI();
 
     void showDocument(Shown shown) override;
@@ -339,22 +328,6 @@ class KyvarQuorviPane final : public QObject,
     void askForApplication();
     void removeApplication();
     void showProfileApplication(Saving saving);
-    [[nodiscard]] RecordingTarget recordingTarget() const;
-    void takeFocusFromCells();
-    void setTablesTakeFocus(bool take);
-    void recordKey(std::uint8_t key, std::uint16_t modifiers, bool goingDown);
-    void recordMouse(std::uint32_t code);
-    /// Begins to wait for the end of the recording when Escape has just been pressed, and gives that up when
-    /// something else has come.
-    void followHeldEscape();
-    void endRecordingByEscape();
-    /// After a step has come or was replaced. A run of one step ends with it.
-    void showRecordedStep();
-    void showRecordButton();
-    /// Says that a recording runs and how far it is; nothing otherwise.
-    void updateRecordingUI();
-    [[nodiscard]] QString recordingText() const;
-    [[nodiscard]] QString withHintHowToEnd(const QString& state) const;
     [[nodiscard]] QString textOfStep(int row) const;
     [[nodiscard]] QString textOfStep(const plist::Dictionary& step) const;
     /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
@@ -384,7 +357,6 @@ class KyvarQuorviPane final : public QObject,
     SettingsSession fSession;
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
     FocusObserver fFocus;
-    KeyboardGrab fKeyboardGrab;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
 
     bool fPanelIsFront = false;
@@ -393,23 +365,17 @@ class KyvarQuorviPane final : public QObject,
     std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
     std::vector<SubmenuEntry> fListedProfiles; ///< in the pop-ups, as of the last rebuild
     std::vector<SubmenuEntry> fListedMacros;   ///< likewise
-    QString fStringRecord;
-    QString fStringStop;
-    QString fStringRecordDescription; ///< what screen readers say of the record button
-    QString fStringNoSteps;           ///< what an empty list of steps says
-    QString fStringNoMacros;          ///< what an empty list of macros says
-    QString fStringNoMacroTitle;      ///< what stands in place of the steps without a macro
-    QString fStringNoMacro;           ///< the same, below it
-    QString fStringProfilesHint;      ///< what stands below the list of profiles
+    QString fStringNoMacros;                   ///< what an empty list of macros says
+    QString fStringNoMacroTitle;               ///< what stands in place of the steps without a macro
+    QString fStringNoMacro;                    ///< the same, below it
+    QString fStringProfilesHint;               ///< what stands below the list of profiles
 
     plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
     plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
 
-    std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
-    std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0
-    std::uint16_t fSingleKeyLastModifiers = 0; ///< of the last event that the single-key panel saw
-    MacroRecorder fRecorder;
-    std::unique_ptr<QObject> fHeldEscape; ///< while the recording ends if Escape is held on; else null
+    std::unique_ptr<Recording> fRecording;           ///< never null
+    std::unique_ptr<SingleKeyPanel> fSingleKeyPanel; ///< never null
+    std::unique_ptr<KeyCapture> fKeyCapture;         ///< never null; asks the two for what they want
 };
 
 /// The one live controller of the process, or null: what the key patch and the sliders reach it by.

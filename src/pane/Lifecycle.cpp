@@ -6,11 +6,14 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "base/Leftovers.h"
+#include "capture/KeyCapture.h"
 #include "editors/TableModel.h"
+#include "editors/keys/SingleKeyPanel.h"
+#include "editors/recording/Recording.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
+#include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/InterfaceText.h"
 #include "resources/Interface.h"
@@ -69,18 +72,17 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     connect(&fHelperLink, &HelperLink::connectionChanged, this, &KyvarQuorviPane::updateConnectionUI);
     connect(&fHelperLink.live(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(&fHelperLink.live(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
+    makeKeyCapture();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KyvarQuorviPane::updateKeyboardGrab);
-    fViews->quorviPanelSingleKey->installEventFilter(this);
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
     // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
     // recorded or is in no file yet.
-    if (fRecorder.isRecording()) {
+    if (isRecordingMacro()) {
         sendMessageToHelper(kMessageRecording, 0);
         fSession.noteUnsavedEdits();
     }
@@ -99,7 +101,7 @@ EditorContext KyvarQuorviPane::editorContext() {
 std::unique_ptr<Occupation> KyvarQuorviPane::makeOccupation() const {
     const auto lists = tables();
     return std::make_unique<Occupation>(std::vector<const KyvarQuorviTableView*>(lists.begin(), lists.end()),
-        fSheets, [this] { return fRecorder.isRecording(); });
+        fSheets, [this] { return isRecordingMacro(); });
 }
 
 QWidget* KyvarQuorviPane::mainView() {
@@ -118,10 +120,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fHelperLink.start();
     fillAssignmentMenus();
     followLanguage();
-    fStringRecord = fViews->main.quorviButtonStepRecord->text();
-    fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
-    fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
-    fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
     fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
     fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();
     fStringNoMacro = fViews->main.textNoMacro->text();
@@ -156,7 +154,7 @@ void KyvarQuorviPane::nameKeys() {
 void KyvarQuorviPane::keyboardLayoutDidChange() {
     nameKeys();
     reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
-    showSingleKey();
+    fSingleKeyPanel->show();
     updateUI();
 }
 
@@ -189,7 +187,6 @@ void KyvarQuorviPane::willUnselect() {
     closeMenus();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
-    updateKeyboardGrab();
     fHelperLink.close();
     fFocus.stop();
     fSession.close();

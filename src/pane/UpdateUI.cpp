@@ -7,6 +7,7 @@
 #include <QTabWidget>
 
 #include "editors/TableModel.h"
+#include "editors/recording/Recording.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
@@ -118,7 +119,7 @@ void KyvarQuorviPane::updateProfilesUI() {
 }
 
 void KyvarQuorviPane::updateMacrosUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
+    const bool editable = hasDevice() && !isRecordingMacro();
     KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
     const bool macroSelected = table->selectedRow() >= 0;
     makeViewActive(table, editable);
@@ -130,7 +131,7 @@ void KyvarQuorviPane::updateMacrosUI() {
 }
 
 void KyvarQuorviPane::updateStepsUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
+    const bool editable = hasDevice() && !isRecordingMacro();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
     fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
@@ -138,7 +139,7 @@ void KyvarQuorviPane::updateStepsUI() {
     enableButtonOf(
         fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);
     fViews->main.quorviButtonStepGear->setEnabled(editable);
-    updateRecordingUI();
+    fRecording->show();
 }
 
 // What there is to do where there is nothing, or only what every mouse starts with.
