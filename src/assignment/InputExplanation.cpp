@@ -51,8 +51,8 @@ QString KyvarQuorviPane::stepsOfMacro(const plist::Dictionary& assignment) const
 }
 
 QString KyvarQuorviPane::profileInUse() const {
-    if (fLive->state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
-        return fLive->runningText();
+    if (fHelperLink.live().state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
+        return fHelperLink.live().runningText();
     const QString title = locString(QStringLiteral("Profile:"));
     return title + QLatin1Char(' ') + nameWithin(title, fViews->main.quorviTextProfile->text());
 }

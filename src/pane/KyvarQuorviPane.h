@@ -19,14 +19,13 @@
 #include <vector>
 
 #include "document/Document.h"
-#include "events/DeviceList.h"
 #include "events/EventTypes.h"
-#include "model/ConfigFile.h"
 #include "pane/PaneServices.h"
-#include "platform/FileWatcher.h"
 #include "platform/FocusObserver.h"
 #include "platform/PreferencePane.h"
 #include "plist/Value.h"
+#include "session/HelperLink.h"
+#include "session/SettingsSession.h"
 #include "widgets/FilledText.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
@@ -41,11 +40,9 @@ namespace quorvi {
 
 struct ApplicationInformation;
 class ApplicationPanel;
-class EventBusNotifier;
 class Interface;
 class KeyCapture;
 class KyvarQuorviSlider;
-class LiveHelper;
 enum class ItemFault : std::uint8_t;
 enum class ItemKind : std::uint8_t;
 struct KeyEvent;
@@ -85,50 +82,27 @@ class KyvarQuorviPane final : public QObject,
     void sysPrefWindowDidResignKey();
     void tabViewDidSelectTabViewItem();
 
-    // Helper link (pane/HelperLink.cpp)
-    /// Sends the helper a message and its parameter; nothing is waited for. 0 when it was sent.
-    Status sendMessageToHelper(FourCharCode message, std::int32_t param);
-    /// Sends the named process a message. With a result, waits for the answer, 15 ticks (250 ms) at most, and
-    /// stores its number there; the result is left as it was on any error.
+    // The helper (session/HelperLink.h)
+    Status sendMessageToHelper(FourCharCode message, std::int32_t param) {
+        return fHelperLink.sendMessage(message, param);
+    }
     Status sendControlToKext(
-        const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result);
-    /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
-    Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
+        const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result) {
+        return fHelperLink.sendControl(processName, message, param, result);
+    }
+    Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const {
+        return fHelperLink.findProcess(processName, psn);
+    }
 
-    // The helper's coming and going (pane/HelperPresence.cpp)
-    /// Looks whether the helper runs and shows it. The bus has it called at every change; a pane that is not
-    /// selected shows nothing.
-    void followHelper();
-    /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
-    /// the mouse drags a slider.
-    void bringHelperBack();
-
-    // Settings document (pane/Settings.cpp)
-    [[nodiscard]] plist::Dictionary getDefaultSettings() const;
-    [[nodiscard]] plist::Dictionary loadSettings();
-    /// Writes the tree to the user's settings file and, when that worked, tells the helper. False when it did
-    /// not. While the mouse drags a slider, the file is written and told of as ever, but brought to the disk
-    /// only when the drag ends. What another program has changed meanwhile comes into the tree and is shown;
-    /// where both have changed the same thing, the other program's is kept as a copy, and the user is told of
-    /// it, as of a save that fails. False, and nothing else, without a tree (nil).
-    bool saveSettings(const plist::Dictionary& tree);
-    void dragDidBegin();
-    /// Brings to the disk what was saved during the drag.
+    // The settings (session/SettingsSession.h)
+    [[nodiscard]] plist::Dictionary getDefaultSettings() const { return fSession.defaults(); }
+    [[nodiscard]] plist::Dictionary loadSettings() { return fSession.load(); }
+    bool saveSettings(const plist::Dictionary& tree) { return fSession.save(tree); }
+    void dragDidBegin() { fSession.beginDrag(); }
     void dragDidEnd();
 
-    // A save that has failed (pane/SaveFailure.cpp)
-    /// Saves what no file has yet. False when that fails; the tree is then the only place where it is.
-    [[nodiscard]] bool saveUnsavedEdits();
-    /// Tries again what the last save could not.
-    void retryFailedSave();
-
-    // Others at the settings file (pane/SettingsFollowing.cpp)
-    /// Takes over the settings that another program has put into the file, without saving or sending
-    /// anything; later when the user is at something that this would break off, and not at all while there
-    /// are changes that no file has yet.
-    void followSettingsFile();
-
     // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
+    /// Reads the settings afresh and shows them. The first time without a mouse says how to connect one.
     void syncUIWithDeviceConfig();
     void updateUI();
     /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
@@ -309,47 +283,21 @@ class KyvarQuorviPane final : public QObject,
     void showVersion();
     /// Mirrors the panel when the language that it speaks is written from the right.
     void followLanguage();
-    void startHelper();
-    void launchHelper();
-    /// Makes what shows what the helper tells.
-    void makeLive();
+    /// What every part of the panel is given; all of it is there before the parts are.
+    [[nodiscard]] EditorContext editorContext();
+    [[nodiscard]] std::unique_ptr<Occupation> makeOccupation() const;
     void makeKeyCapture();
-    void startFollowingHelper();
-    void stopFollowingHelper();
-    /// A helper that is not there to hear it is started, and reads the file by itself.
-    void tellHelperOfSave();
-    /// What stands beside the title.
-    [[nodiscard]] QString connectionText() const;
     void updateConnectionUI();
-    void installDeviceListHandler();
-    void removeEventHandlers();
-    Status receiveDeviceList(const Event& event);
 
     void showDocument(Shown shown) override;
-    void saveDocument() override;
-    void saveDocumentLater() override;
+    void saveDocument() override { fSession.save(fDocument.tree()); }
+    void saveDocumentLater() override { fSession.saveLater(); }
 
     void closeMenus();
-    void watchSettingsFile();
-    [[nodiscard]] bool userIsAtSomething() const;
-    void followSettingsFileWhenFree();
-    void tellOfKeptCopy(const std::filesystem::path& copy);
-    void tellOfFailedSave(int error);
-    [[nodiscard]] QString textOfError(int error) const;
-    /// Has the handles lead to what a save has brought into the tree, and the window show it when it is free.
-    void takeMergedSettingsOver();
-    /// The path as users write it, from their home folder.
-    [[nodiscard]] QString pathFromHome(const std::filesystem::path& path) const;
-
-    enum class Repairs { saved, inMemoryAlone };
-    void showSettingsOfFile(Repairs repairs);
-    /// Shows the tree as it is now, with the macro at the index as the current one, -1 for none.
-    void showSettings(Repairs repairs, std::int32_t macroIndex);
+    /// Fills the lists and the menus of names from the document.
+    void showLists();
     void selectCurrentProfileQuietly();
     void selectCurrentMacroQuietly();
-    void alignIndependentAxes();
-    /// Whether anything had to be changed.
-    bool alignStageWithSettings();
     void updateSensitivityUI();
     [[nodiscard]] plist::Array editedStages() const;
     [[nodiscard]] std::int32_t editedStageIndex() const;
@@ -400,37 +348,20 @@ class KyvarQuorviPane final : public QObject,
     void tellOfImport(ItemKind kind, const plist::Dictionary& item);
 
     PaneServices fServices;
-    std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
-    ConfigFile fSettingsFile;
-    FileWatcher fSettingsWatcher;
-    std::unique_ptr<QObject> fFollowLater; ///< hears of the end of what the user is at; else null
-    QPointer<QWidget> fMainView;           ///< deleted with this object, unless a host's window was quicker
+    QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window was quicker
     std::unique_ptr<Interface> fViews;
     Sheets fSheets;
     Notices fNotices;
-    std::unique_ptr<LiveHelper> fLive; ///< what the helper tells; never null
+    Document fDocument{*this};
+    HelperLink fHelperLink;
+    SettingsSession fSession;
     std::array<std::unique_ptr<TableModel>, 4> fTableModels;
     FocusObserver fFocus;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
 
     bool fPanelIsFront = false;
     bool fBluetoothWarningDone = false;
-    bool fReceivingValueFromHelper = false;
     bool fIgnoreTableViewSelectionChange = false;
-    bool fDragging = false;       ///< the mouse is down on a slider
-    bool fSyncPending = false;    ///< the settings file was written and is not known to be on the disk
-    bool fUnsavedEdits = false;   ///< the tree holds changes of the user's that no file has yet
-    bool fSaveHasFailed = false;  ///< the last save has; the user was told
-    bool fMergedUnshown = false;  ///< a save has brought others' changes into the tree that nobody sees yet
-    bool fSyncScheduled = false;  ///< a list has come that syncUIWithDeviceConfig has not dealt with
-    bool fFollowsHelper = false;  ///< the pane is selected
-    bool fHelperStarting = false; ///< launched, and neither in the process list yet nor ended
-    bool fHelperGone = false;     ///< the user has been told; until it is in the process list again
-    bool fListHasCome = false;    ///< from the helper that runs now, since the pane was selected
-    ProcessSerialNumber fHelper;  ///< the helper that runs now; {0, 0} for none
-    bool fReceiveListUPP = false;
-    bool fReceiveValueUPP = false;
-    DeviceList fDeviceList{};
     std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
     std::vector<SubmenuEntry> fListedProfiles; ///< in the pop-ups, as of the last rebuild
     std::vector<SubmenuEntry> fListedMacros;   ///< likewise
@@ -439,7 +370,6 @@ class KyvarQuorviPane final : public QObject,
     QString fStringNoMacro;                    ///< the same, below it
     QString fStringProfilesHint;               ///< what stands below the list of profiles
 
-    Document fDocument{*this};
     plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
     plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
 

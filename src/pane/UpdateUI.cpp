@@ -83,7 +83,7 @@ void KyvarQuorviPane::updateUI() {
     updateStepsUI();
     updateLightingUI();
     updateHints();
-    fLive->show();
+    fHelperLink.live().show();
     showRunningRow();
     fViews->main.quorviTextFirmwareVersion->setText(
         hasDevice() ? firmwareText(fDocument.tree().integer(keys::firmware)) : QStringLiteral("-"));
@@ -146,7 +146,8 @@ void KyvarQuorviPane::updateStepsUI() {
 void KyvarQuorviPane::updateHints() {
     Ui::KyvarQuorviPane& main = fViews->main;
     // Before the first list not even that is known; what stands below says why.
-    const QString noMouse = fListHasCome ? locString(QStringLiteral("No mouse is connected")) : QString();
+    const QString noMouse =
+        fHelperLink.listHasCome() ? locString(QStringLiteral("No mouse is connected")) : QString();
     main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
     main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
     makeViewActive(main.pageNoMacro, true);
