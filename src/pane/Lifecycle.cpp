@@ -7,7 +7,6 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
-#include "editors/TableModel.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
 #include "model/Leftovers.h"
@@ -18,6 +17,7 @@
 #include "platform/widgets/KyvarQuorviTableView.h"
 #include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 

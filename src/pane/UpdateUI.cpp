@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "editors/TableModel.h"
 #include "editors/TableTags.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
@@ -21,6 +20,7 @@
 #include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
+#include "window/TableList.h"
 #include "window/Unread.h"
 
 namespace quorvi {
@@ -133,7 +133,7 @@ void KyvarQuorviPane::updateStepsUI() {
     const bool editable = hasDevice() && !fRecorder.isRecording();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
-    fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
+    listOf(fViews->main.quorviTableSteps).model().setColumnEnabled(kStepDelayColumn, editable);
     fViews->main.quorviButtonStepAdd->setEnabled(editable);
     enableButtonOf(
         fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);

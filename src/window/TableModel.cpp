@@ -1,10 +1,8 @@
-#include "editors/TableModel.h"
+#include "window/TableModel.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "editors/TableTags.h"
-#include "pane/KyvarQuorviPane.h"
 #include "platform/widgets/MarkedCells.h"
 #include "platform/widgets/ShownText.h"
 
@@ -12,23 +10,33 @@ namespace quorvi {
 
 namespace {
 
-bool isCheckBox(int columnIdentifier) {
-    return columnIdentifier == kProfileAutoswitchColumn;
-}
-
-bool isPopUp(int columnIdentifier) {
-    return columnIdentifier == kStepDelayColumn;
-}
-
-/// The first profile is the one that always exists, and keeps its name.
-bool isEditableName(int columnIdentifier, int row) {
-    return columnIdentifier == kMacroNameColumn || (columnIdentifier == kProfileNameColumn && row > 0);
+/// Nothing at all in place of an empty text: views look no further then.
+QVariant textIfAny(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
 }
 
 } // namespace
 
-TableModel::TableModel(KyvarQuorviPane* pane, int tableTag)
-    : m_pane(pane), m_tableTag(tableTag), m_columns(tableColumns(tableTag)) {}
+TableModel::TableModel(std::span<const TableColumn> columns, PanelText text)
+    : m_columns(columns), m_text(std::move(text)) {}
+
+void TableModel::setCellValue(const QVariant& /*value*/, int /*columnIdentifier*/, int /*row*/) {}
+
+CellKind TableModel::cellKind(int /*columnIdentifier*/, int /*row*/) const {
+    return CellKind::text;
+}
+
+QString TableModel::shownCell(int /*columnIdentifier*/, const QVariant& value) const {
+    return shownName(value.toString());
+}
+
+QString TableModel::spokenText(int /*columnIdentifier*/, const QVariant& /*value*/) const {
+    return {};
+}
+
+QString TableModel::explanation(int /*columnIdentifier*/, const QVariant& /*value*/) const {
+    return {};
+}
 
 void TableModel::reload() {
     beginResetModel();
@@ -56,7 +64,7 @@ bool TableModel::isMarked(const QModelIndex& index) const {
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : m_pane->numberOfRowsInTableView(m_tableTag);
+    return parent.isValid() ? 0 : numberOfRows();
 }
 
 int TableModel::columnCount(const QModelIndex& parent) const {
@@ -76,40 +84,24 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     const int identifier = identifierOf(index);
-    const auto value = [&] { return m_pane->objectValueForTableColumn(identifier, index.row()); };
-    if (role == MarkedCells::markRole)
+    const auto value = [&] { return cellValue(identifier, index.row()); };
+    const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
+    switch (role) {
+    case MarkedCells::markRole:
         return isMarked(index);
-    if (role == Qt::ToolTipRole && isMarked(index))
-        return m_markText;
-    if (role == Qt::ToolTipRole)
-        return explanation(identifier, value());
-    if (role == Qt::AccessibleTextRole)
-        return spokenText(identifier, value());
-    if (isCheckBox(identifier))
-        return role == Qt::CheckStateRole ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked)
-                                          : QVariant();
-    if (isPopUp(identifier) && role == Qt::DisplayRole)
-        return m_pane->titleOfDelay(value());
-    if (role == Qt::EditRole)
-        return value();
-    return role == Qt::DisplayRole ? QVariant(shownName(value().toString())) : QVariant();
-}
-
-// What stands in a cell without a text; the text itself is read out without that.
-QVariant TableModel::spokenText(int columnIdentifier, const QVariant& value) const {
-    if (columnIdentifier == kProfileAutoswitchColumn)
-        return m_pane->locString(value.toBool() ? QStringLiteral("Switches automatically")
-                                                : QStringLiteral("Does not switch automatically"));
-    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
-        return m_pane->locString(QStringLiteral("No application"));
-    return {};
-}
-
-// What to do where there is nothing. Plain text, whatever an application is called.
-QVariant TableModel::explanation(int columnIdentifier, const QVariant& value) const {
-    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
-        return m_pane->locString(QStringLiteral("No application: assign one with the gear button."));
-    return {};
+    case Qt::ToolTipRole:
+        return isMarked(index) ? m_markText : textIfAny(explanation(identifier, value()));
+    case Qt::AccessibleTextRole:
+        return textIfAny(spokenText(identifier, value()));
+    case Qt::CheckStateRole:
+        return isCheckBox ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case Qt::EditRole:
+        return isCheckBox ? QVariant() : value();
+    case Qt::DisplayRole:
+        return isCheckBox ? QVariant() : shownCell(identifier, value());
+    default:
+        return {};
+    }
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -117,9 +109,9 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
         return {};
     const TableColumn& column = m_columns[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole)
-        return m_pane->locString(QString::fromUtf8(column.title));
+        return m_text(column.title);
     if (role == Qt::ToolTipRole && *column.explanation != 0)
-        return m_pane->locString(QString::fromUtf8(column.explanation));
+        return m_text(column.explanation);
     return {};
 }
 
@@ -127,12 +119,13 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) // views ask of rows that went with the mouse
         return Qt::NoItemFlags;
     const int identifier = identifierOf(index);
+    const CellKind kind = cellKind(identifier, index.row());
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     if (!m_disabledColumns.contains(identifier))
         flags |= Qt::ItemIsEnabled;
-    if (isCheckBox(identifier))
+    if (kind == CellKind::checkBox)
         flags |= Qt::ItemIsUserCheckable;
-    if (isEditableName(identifier, index.row()))
+    if (kind == CellKind::name)
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -141,10 +134,10 @@ bool TableModel::setData(const QModelIndex& index, const QVariant& value, int ro
     if (!index.isValid())
         return false;
     const int identifier = identifierOf(index);
-    if (role != (isCheckBox(identifier) ? Qt::CheckStateRole : Qt::EditRole))
+    const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
+    if (role != (isCheckBox ? Qt::CheckStateRole : Qt::EditRole))
         return false;
-    m_pane->setObjectValue(
-        isCheckBox(identifier) ? QVariant(value.toInt() == Qt::Checked) : value, identifier, index.row());
+    setCellValue(isCheckBox ? QVariant(value.toInt() == Qt::Checked) : value, identifier, index.row());
     emit dataChanged(index, index);
     return true;
 }
