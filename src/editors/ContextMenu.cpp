@@ -1,8 +1,8 @@
 // The commands of the tables' context and gear menus, told apart by their tags.
 
-#include "editors/MenuTags.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MenuItems.h"
+#include "resources/MenuTags.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

@@ -11,8 +11,8 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

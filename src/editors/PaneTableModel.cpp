@@ -1,7 +1,7 @@
 #include "editors/PaneTableModel.h"
 
-#include "editors/TableTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "resources/TableTags.h"
 
 namespace quorvi {
 

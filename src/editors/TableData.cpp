@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "editors/TableTags.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "sensitivity/StageText.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/TableList.h"
 
 namespace quorvi {

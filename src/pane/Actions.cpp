@@ -9,15 +9,15 @@
 
 #include "assignment/EventPatch.h"
 #include "editors/PaneTableModel.h"
-#include "editors/TableTags.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 #include "window/TableList.h"
 
 namespace quorvi {

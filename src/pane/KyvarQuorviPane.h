@@ -19,6 +19,8 @@
 #include <vector>
 
 #include "document/Document.h"
+#include "events/DeviceList.h"
+#include "events/EventTypes.h"
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
 #include "model/ConfigFile.h"
@@ -28,11 +30,9 @@
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardGrab.h"
 #include "platform/PreferencePane.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventTypes.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
+#include "widgets/FilledText.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 

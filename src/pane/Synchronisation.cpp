@@ -3,8 +3,8 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/TableList.h"
 
 namespace quorvi {

@@ -6,20 +6,20 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "editors/TableTags.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/ViewActivation.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "sensitivity/AccelerationScale.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 #include "window/TableList.h"
 #include "window/Unread.h"
 

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

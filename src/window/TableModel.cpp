@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -8,8 +8,8 @@
 #include <set>
 #include <span>
 
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/TableColumns.h"
+#include "widgets/FilledText.h"
+#include "widgets/TableColumns.h"
 
 namespace quorvi {
 
