@@ -1,14 +1,12 @@
 // The data and the selection of the four tables, told apart by table tag and column identifier.
 
-#include <algorithm>
-
+#include "editors/stages/StagesEditor.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "resources/TableTags.h"
-#include "sensitivity/StageText.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/TableList.h"
 
@@ -37,7 +35,7 @@ int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
     case kStepsTable:
         return static_cast<int>(fDocument.macroSteps().size());
     case kStagesTable:
-        return static_cast<int>(editedStages().size());
+        return fStages->list().model().numberOfRows();
     default:
         return 0;
     }
@@ -47,7 +45,6 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
     const auto index = static_cast<std::size_t>(row);
     switch (columnIdentifier) {
     case kProfileNumberColumn:
-    case kStageNumberColumn:
         return QString::number(row + 1);
     case kProfileNameColumn:
         return text(fDocument.profiles().dictionary(index), keys::name);
@@ -61,9 +58,9 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
         return textOfStep(row);
     case kStepDelayColumn:
         return delayOfStep(row);
+    case kStageNumberColumn:
     case kStageResolutionColumn:
-        return stageText(
-            editedStages().dictionary(index), [this](const QString& key) { return locString(key); });
+        return fStages->list().model().cellValue(columnIdentifier, row);
     default:
         return QString();
     }
@@ -144,11 +141,6 @@ void KyvarQuorviPane::followSelection(const KyvarQuorviTableView* table) {
         break;
     case kStepsTable:
         updateUI();
-        break;
-    case kStagesTable:
-        // There is always a current stage: without a selection it is the first.
-        editStageIndex(std::max(row, 0));
-        updateSensitivityStagesUI();
         break;
     default:
         break;

@@ -9,6 +9,7 @@
 
 #include "assignment/EventPatch.h"
 #include "editors/PaneTableModel.h"
+#include "editors/stages/StagesEditor.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
@@ -144,15 +145,19 @@ std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
 }
 
 TableList& KyvarQuorviPane::listOf(const KyvarQuorviTableView* table) const {
+    if (table->tag() == kStagesTable)
+        return fStages->list();
     return *fLists[static_cast<std::size_t>(table->tag() - 1)];
 }
 
 void KyvarQuorviPane::connectTables() {
     for (KyvarQuorviTableView* table : tables()) {
+        table->setDelegate(this);
+        if (table->tag() == kStagesTable)
+            continue; // its editor has its rows
         auto& list = fLists[static_cast<std::size_t>(table->tag() - 1)];
         list = std::make_unique<TableList>(*table, std::make_unique<PaneTableModel>(*this, table->tag()));
         list->onSelectionChange([this, table] { followSelection(table); });
-        table->setDelegate(this);
     }
     KyvarQuorviTableView* profiles = fViews->main.quorviTableProfiles;
     profiles->setItemDelegateForColumn(listOf(profiles).model().columnOf(kProfileNumberColumn),

@@ -10,13 +10,10 @@
 #include <QPointer>
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "document/Document.h"
 #include "events/DeviceList.h"
@@ -24,6 +21,7 @@
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
 #include "model/ConfigFile.h"
+#include "model/Limits.h"
 #include "pane/PaneServices.h"
 #include "platform/FileWatcher.h"
 #include "platform/FocusObserver.h"
@@ -45,25 +43,21 @@ namespace quorvi {
 
 struct ApplicationInformation;
 class ApplicationPanel;
+class AssignmentEditor;
+class DeviceEditor;
 class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class LiveHelper;
 enum class ItemFault : std::uint8_t;
 enum class ItemKind : std::uint8_t;
+struct KeyChoice;
 class PopUpButton;
+class SensitivityEditor;
+class StagesEditor;
 class TableList;
 
-inline constexpr int kAssignmentCount = 9;
-
-/// The numbers of an assignment by their keys.
-using AssignmentValues = std::initializer_list<std::pair<std::string_view, std::int32_t>>;
-
-/// An entry of the lists of profiles and of macros in the assignment menus.
-struct SubmenuEntry {
-    QString title;
-    std::int32_t tag; ///< a profile's position from 0, a macro's identifier
-};
+inline constexpr int kAssignmentCount = limits::buttons;
 
 class KyvarQuorviPane final : public QObject,
                               public PreferencePane,
@@ -134,7 +128,7 @@ class KyvarQuorviPane final : public QObject,
     /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
     void updateDpiOnMouse() {}
 
-    // Device-wide settings and commands (pane/DeviceCommands.cpp)
+    // Device-wide settings and commands (editors/device)
     void actionMenuPollingRate();
     void actionBoxLightOnWheel();
     void actionBoxLightOnBattery();
@@ -152,8 +146,7 @@ class KyvarQuorviPane final : public QObject,
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
-    // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
-    /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
+    // Sensitivity (editors/sensitivity)
     void actionSliderSensitivityX(KyvarQuorviSlider* slider);
     void actionSliderSensitivityY(KyvarQuorviSlider* slider);
     void actionBoxIndependentXY(QAbstractButton* box);
@@ -162,42 +155,29 @@ class KyvarQuorviPane final : public QObject,
     void actionBoxSensitivityOSD();
     void actionButtonEditStages();
     void updateDpiText();
-    /// Draws the current profile's stages with the current one marked.
     void updateStagesView();
-    /// Makes the stage that the mouse runs the current one, when it runs the current profile. Nothing is
-    /// saved: the mouse has it, and the next save brings it along.
+    /// Not while the mouse drags a slider.
     void followRunningStage();
     void showRunningRow();
-    /// Draws the acceleration that the box and the slider show.
     void updateAccelerationView();
 
-    // Stages editor (sensitivity/StagesEditor.cpp). All but the first do nothing while it is closed.
-    /// Lets the user edit copies of the stages; OK stores them and saves, anything else forgets them. Returns
-    /// when the sheet is closed, which the pane itself may not outlive.
+    // Stages editor (editors/stages)
     void editSensitivityStages();
-    /// Makes the stage the current one, and the one that the profile starts in; nothing for another index.
     void editStageIndex(std::int32_t index);
     void actionButtonStageAdd();
     void actionButtonStageRemove();
     void actionSliderStagesSensitivityX(KyvarQuorviSlider* slider);
     void actionSliderStagesSensitivityY(KyvarQuorviSlider* slider);
     void actionBoxStagesIndependentXY(QAbstractButton* box);
-    /// Shows the copies.
     void updateSensitivityStagesUI();
 
-    // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp,
-    // assignment/InputExplanation.cpp)
+    // Button assignment (editors/assignment)
     void updateMenu(PopUpButton* popUp, int assignment);
     void updateMacrosSubmenu();
     void updateProfilesSubmenu();
-    /// What the input, 1 to 9, does and why, a line each; nothing before that is known.
     [[nodiscard]] QString explanationOfInput(int input) const;
-    /// Stores the function that the pop-up shows, saves, and shows what is stored. The function of a single
-    /// key asks for the key first.
     void actionMenuButtonAssignment(PopUpButton* popUp);
-    /// Assigns the macro that the item stands for, or opens the macros tab when it stands for none.
     void actionSubmenuButtonMacro(QAction* item);
-    /// Assigns the profile that the item stands for, or opens the profiles tab when it stands for none.
     void actionSubmenuButtonProfile(QAction* item);
 
     // Gear and context menus (pane/MenuValidation.cpp)
@@ -300,19 +280,12 @@ class KyvarQuorviPane final : public QObject,
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
     [[nodiscard]] TableList& listOf(const KyvarQuorviTableView* table) const;
-    void fillAssignmentMenus();
-    [[nodiscard]] const QMenu& commandsOf(int assignment) const;
-    [[nodiscard]] QString assignmentTitle(
-        const plist::Dictionary& assignment, const QString& plainTitle) const;
-    [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
-    /// In a line; empty for an assignment of something else.
-    [[nodiscard]] QString stepsOfMacro(const plist::Dictionary& assignment) const;
-    /// The profile that the panel shows, with the reason when it is the one that runs.
+    void makeEditors();
     [[nodiscard]] QString profileInUse() const;
-    void askForSingleKey(int input);
+    /// Asks for a key by the single-key panel, which shows the given one at first.
+    [[nodiscard]] std::optional<KeyChoice> askForKey(const KeyChoice& shown);
     /// Shows the captured key in the single-key panel.
     void showSingleKey();
-    void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
     /// Names the keys, from then on by the layout in use.
     void followKeyboardLayout();
     /// Reads the names of the keys from the layout in use.
@@ -362,19 +335,10 @@ class KyvarQuorviPane final : public QObject,
     void alignIndependentAxes();
     /// Whether anything had to be changed.
     bool alignStageWithSettings();
-    void updateSensitivityUI();
-    [[nodiscard]] plist::Array editedStages() const;
-    [[nodiscard]] std::int32_t editedStageIndex() const;
-    [[nodiscard]] plist::Dictionary editedStage() const;
-    void storeEditedStages();
-    void closeStagesEditor();
     void updateProfilesUI();
     void updateMacrosUI();
     void updateStepsUI();
-    void updateLightingUI();
     void updateHints();
-    void setLight(std::int32_t bit, bool on);
-    void restoreDefaultsFrom(const plist::Dictionary& defaults);
     void reloadData(const KyvarQuorviTableView* table);
     void followSelection(const KyvarQuorviTableView* table);
     void renameProfile(const QVariant& value, int row);
@@ -438,7 +402,7 @@ class KyvarQuorviPane final : public QObject,
     Sheets fSheets;
     Notices fNotices;
     std::unique_ptr<LiveHelper> fLive;                ///< what the helper tells; never null
-    std::array<std::unique_ptr<TableList>, 4> fLists; ///< as of mainViewDidLoad()
+    std::array<std::unique_ptr<TableList>, 3> fLists; ///< profiles, macros, steps; as of mainViewDidLoad()
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
@@ -460,9 +424,6 @@ class KyvarQuorviPane final : public QObject,
     bool fReceiveListUPP = false;
     bool fReceiveValueUPP = false;
     DeviceList fDeviceList{};
-    std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
-    std::vector<SubmenuEntry> fListedProfiles; ///< in the pop-ups, as of the last rebuild
-    std::vector<SubmenuEntry> fListedMacros;   ///< likewise
     QString fStringRecord;
     QString fStringStop;
     QString fStringRecordDescription; ///< what screen readers say of the record button
@@ -473,8 +434,11 @@ class KyvarQuorviPane final : public QObject,
     QString fStringProfilesHint;      ///< what stands below the list of profiles
 
     Document fDocument{*this};
-    plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
-    plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
+    // The editors; never null.
+    std::unique_ptr<AssignmentEditor> fAssignment;
+    std::unique_ptr<SensitivityEditor> fSensitivity;
+    std::unique_ptr<StagesEditor> fStages;
+    std::unique_ptr<DeviceEditor> fDevice;
 
     std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0

@@ -49,6 +49,7 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
     makeLive();
+    makeEditors();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
@@ -87,7 +88,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
     startHelper();
-    fillAssignmentMenus();
     followLanguage();
     fStringRecord = fViews->main.quorviButtonStepRecord->text();
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
