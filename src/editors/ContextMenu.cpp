@@ -54,7 +54,7 @@ void KyvarQuorviPane::performTableCommand(int tag) {
         actionButtonMacroRemove();
         break;
     case kRecordItem:
-        startStopRecording(!fRecorder.isRecording(), false);
+        startStopRecording(!isRecordingMacro(), false);
         break;
     case kRecordStepItem:
         startStopRecording(true, true);

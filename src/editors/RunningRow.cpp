@@ -8,8 +8,8 @@
 namespace quorvi {
 
 void KyvarQuorviPane::showRunningRow() {
-    const QString why = fLive->runningText();
-    const int row = why.isEmpty() ? -1 : static_cast<int>(fLive->state().runningProfile) - 1;
+    const QString why = fHelperLink.live().runningText();
+    const int row = why.isEmpty() ? -1 : static_cast<int>(fHelperLink.live().state().runningProfile) - 1;
     listOf(fViews->main.quorviTableProfiles).model().setMark(row, why);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QMenu>
 
+#include "macros/MacroRecorder.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
@@ -68,7 +69,7 @@ void KyvarQuorviPane::actionButtonStepAdd() {
 }
 
 void KyvarQuorviPane::actionButtonStepRecord() {
-    startStopRecording(!fRecorder.isRecording(), false);
+    startStopRecording(!isRecordingMacro(), false);
 }
 
 void KyvarQuorviPane::actionButtonStepRemove() {

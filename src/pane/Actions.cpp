@@ -7,9 +7,9 @@
 #include <QMenu>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "editors/PaneTableModel.h"
 #include "editors/stages/StagesEditor.h"
+#include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"

@@ -6,13 +6,14 @@
 #include <QLabel>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "editors/assignment/AssignmentEditor.h"
 #include "editors/device/DeviceEditor.h"
 #include "editors/device/SupportPages.h"
+#include "editors/keys/SingleKeyPanel.h"
 #include "editors/sensitivity/SensitivityEditor.h"
 #include "editors/stages/StagesEditor.h"
 #include "live/LiveHelper.h"
+#include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviSlider.h"
@@ -76,12 +77,11 @@ DeviceEditor::Views deviceViews(const Ui::KyvarQuorviPane& main) {
 } // namespace
 
 void KyvarQuorviPane::makeEditors() {
-    const EditorContext context{
-        .document = fDocument, .text = panelText(), .sheets = fSheets, .notices = fNotices};
+    const EditorContext context = editorContext();
     QTabWidget* tabs = fViews->main.quorviTabsMain;
     fAssignment = std::make_unique<AssignmentEditor>(context, assignmentViews(*fViews),
         AssignmentEditor::Others{.isPanelShown = [this] { return gPatchedPane == this; },
-            .askForKey = [this](const KeyChoice& shown) { return askForKey(shown); },
+            .askForKey = [this](const KeyChoice& shown) { return fSingleKeyPanel->ask(shown); },
             .showProfilesTab = [tabs] { tabs->setCurrentIndex(kProfilesTab); },
             .showMacrosTab = [tabs] { tabs->setCurrentIndex(kMacrosTab); },
             .profileInUse = [this] { return profileInUse(); }});
@@ -93,20 +93,10 @@ void KyvarQuorviPane::makeEditors() {
 
 // The buttons
 
-std::optional<KeyChoice> KyvarQuorviPane::askForKey(const KeyChoice& shown) {
-    fSingleKeyCode = shown.key;
-    fSingleKeyModifiers = shown.modifiers;
-    showSingleKey();
-    const QPointer<KyvarQuorviPane> guard(this);
-    const bool confirmed = fSheets.run(fViews->quorviPanelSingleKey) == QDialog::Accepted;
-    if (!guard || !confirmed)
-        return std::nullopt;
-    return KeyChoice{.key = fSingleKeyCode, .modifiers = fSingleKeyModifiers};
-}
-
 QString KyvarQuorviPane::profileInUse() const {
-    if (fLive->state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
-        return fLive->runningText();
+    const LiveHelper& live = fHelperLink.live();
+    if (live.state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
+        return live.runningText();
     const QString title = locString(QStringLiteral("Profile:"));
     return title + QLatin1Char(' ') + nameWithin(title, fViews->main.quorviTextProfile->text());
 }
@@ -182,8 +172,8 @@ void KyvarQuorviPane::updateAccelerationView() {
 }
 
 void KyvarQuorviPane::followRunningStage() {
-    const HelperNews& helper = fLive->state();
-    if (!fDragging)
+    const HelperNews& helper = fHelperLink.live().state();
+    if (!fSession.isDragging())
         fSensitivity->followRunningStage(helper.runningProfile, helper.runningStage);
 }
 

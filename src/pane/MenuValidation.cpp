@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "editors/recording/Recording.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
@@ -39,10 +40,10 @@ bool KyvarQuorviPane::validateMenuItem(QAction* item) {
     case kRemoveMacroItem:
         return fViews->main.quorviTableMacros->selectedRow() >= 0;
     case kRecordItem:
-        setTitleOfItem(*item, fRecorder.isRecording() ? fStringStop : fStringRecord);
+        setTitleOfItem(*item, fRecording->commandTitle());
         return true;
     case kRecordStepItem:
-        return stepIsSelected && !fRecorder.isRecording();
+        return stepIsSelected && !isRecordingMacro();
     case kRemoveStepItem:
     case kUseDelayForAllItem:
         return stepIsSelected;

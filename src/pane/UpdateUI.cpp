@@ -8,6 +8,7 @@
 
 #include "editors/assignment/AssignmentEditor.h"
 #include "editors/device/DeviceEditor.h"
+#include "editors/recording/Recording.h"
 #include "editors/sensitivity/SensitivityEditor.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
@@ -67,7 +68,7 @@ void KyvarQuorviPane::updateUI() {
     updateMacrosUI();
     updateStepsUI();
     updateHints();
-    fLive->show();
+    fHelperLink.live().show();
     showRunningRow();
 }
 
@@ -80,7 +81,7 @@ void KyvarQuorviPane::updateProfilesUI() {
 }
 
 void KyvarQuorviPane::updateMacrosUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
+    const bool editable = hasDevice() && !isRecordingMacro();
     KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
     const bool macroSelected = table->selectedRow() >= 0;
     makeViewActive(table, editable);
@@ -92,7 +93,7 @@ void KyvarQuorviPane::updateMacrosUI() {
 }
 
 void KyvarQuorviPane::updateStepsUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
+    const bool editable = hasDevice() && !isRecordingMacro();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
     listOf(fViews->main.quorviTableSteps).model().setColumnEnabled(kStepDelayColumn, editable);
@@ -100,14 +101,15 @@ void KyvarQuorviPane::updateStepsUI() {
     enableButtonOf(
         fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);
     fViews->main.quorviButtonStepGear->setEnabled(editable);
-    updateRecordingUI();
+    fRecording->show();
 }
 
 // What there is to do where there is nothing, or only what every mouse starts with.
 void KyvarQuorviPane::updateHints() {
     Ui::KyvarQuorviPane& main = fViews->main;
     // Before the first list not even that is known; what stands below says why.
-    const QString noMouse = fListHasCome ? locString(QStringLiteral("No mouse is connected")) : QString();
+    const QString noMouse =
+        fHelperLink.listHasCome() ? locString(QStringLiteral("No mouse is connected")) : QString();
     main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
     main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
     makeViewActive(main.pageNoMacro, true);

@@ -39,7 +39,7 @@ class AssignmentEditor final : public QObject {
         /// Whether the panel is seen: while it is not, no key would reach a sheet.
         std::function<bool()> isPanelShown;
         /// Asks for a key by a sheet that shows the given one at first; nothing when the user has called it
-        /// off. The editor may not outlive it.
+        /// off or chosen none. The editor may not outlive it.
         std::function<std::optional<KeyChoice>(const KeyChoice& shown)> askForKey;
         std::function<void()> showProfilesTab;
         std::function<void()> showMacrosTab;

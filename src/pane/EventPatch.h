@@ -1,8 +1,10 @@
-// The exchange of the host's key dispatch: while a pane is shown it is asked for every key before the host
-// is, and its shortcuts are.
+// The exchange of the host's key dispatch by its names: thin adapters of the shown pane's KeyCapture, for the
+// pane itself and for whoever knows the exchange by these names. They decide nothing.
 #pragma once
 
 #include <cstdint>
+
+#include "capture/FollowedModifiers.h"
 
 namespace quorvi {
 
@@ -23,15 +25,19 @@ void KyvarQuorviSwapNSAppMethods(KyvarQuorviPane* pane);
 /// Offers the event to the patched pane and follows the modifiers. True when the pane has used it up.
 [[nodiscard]] bool KyvarQuorviSendSingleKeyToField(const KeyEvent& event);
 
-/// Takes over the modifiers as they have become while no key was offered to the pane.
+/// Takes over the modifiers as they have become while no key was offered to the patched pane. Does nothing
+/// while there is none.
 void followMissedModifiers(std::uint16_t modifiers);
 
 /// The pane that keys are offered to; null while the host's dispatch is its own.
 extern KyvarQuorviPane* gPatchedPane;
 
-/// The modifier word of the last event that was converted, and the largest number of modifiers held together
-/// since all were last released. Both outlast every capture.
-extern std::uint16_t gLastEventModifiers;
-extern std::int32_t gMaxModifierCount;
+/// The modifiers that every pane of the process follows. They outlast every capture, and every pane.
+[[nodiscard]] FollowedModifiers& modifiersOfProcess();
+
+/// The same by their parts: the modifier word of the last event that was converted, and the largest number of
+/// modifiers held together since all were last released.
+extern std::uint16_t& gLastEventModifiers;
+extern std::int32_t& gMaxModifierCount;
 
 } // namespace quorvi
