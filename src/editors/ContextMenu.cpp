@@ -2,6 +2,7 @@
 
 #include "editors/MenuTags.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/ListEditors.h"
 #include "platform/widgets/MenuItems.h"
 
 namespace quorvi {
@@ -21,10 +22,10 @@ void KyvarQuorviPane::performTableCommand(int tag) {
         actionButtonProfileAdd();
         break;
     case kImportProfileItem:
-        showImportProfilePanel();
+        fListEditors->files.showImportPanel(ItemKind::profile);
         break;
     case kExportProfileItem:
-        showExportProfilePanel();
+        fListEditors->files.showExportPanel(ItemKind::profile);
         break;
     case kRemoveProfileItem:
         actionButtonProfileRemove();
@@ -45,10 +46,10 @@ void KyvarQuorviPane::performTableCommand(int tag) {
         actionButtonMacroAdd();
         break;
     case kImportMacroItem:
-        showImportMacroPanel();
+        fListEditors->files.showImportPanel(ItemKind::macro);
         break;
     case kExportMacroItem:
-        showExportMacroPanel();
+        fListEditors->files.showExportPanel(ItemKind::macro);
         break;
     case kRemoveMacroItem:
         actionButtonMacroRemove();

@@ -49,8 +49,7 @@ class EventBusNotifier;
 class Interface;
 class KyvarQuorviSlider;
 class LiveHelper;
-enum class ItemFault : std::uint8_t;
-enum class ItemKind : std::uint8_t;
+struct ListEditors;
 class PopUpButton;
 class TableModel;
 
@@ -271,7 +270,7 @@ class KyvarQuorviPane final : public QObject,
     /// to wait for.
     void setDelayForAllSteps(std::int32_t milliseconds);
 
-    // Import and export (editors/ImportExport.cpp). The panels end with QDialog::Accepted or not.
+    // Import and export (editors/files). The panels end with QDialog::Accepted or not.
     void exportProfile(const QFileDialog* panel, int returnCode);
     void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
@@ -414,17 +413,9 @@ class KyvarQuorviPane final : public QObject,
     void setDelayOfStep(const QVariant& value, int row);
     void removeAllSteps();
     void useDelayOfStepForAll();
-    void showImportProfilePanel();
-    void showExportProfilePanel();
-    void showImportMacroPanel();
-    void showExportMacroPanel();
     /// locString() for what is no part of the panel. Does not outlive it.
     [[nodiscard]] PanelText panelText() const;
-    [[nodiscard]] QString proposedName(ItemKind kind) const;
-    void exportItem(ItemKind kind, const plist::Dictionary& item, const QString& chosen);
-    /// False when the file is no good or there is no room, which the user is told.
-    [[nodiscard]] bool mayImport(ItemKind kind, ItemFault fault, const QString& path);
-    void tellOfImport(ItemKind kind, const plist::Dictionary& item);
+    void makeListEditors();
 
     PaneServices fServices;
     std::unique_ptr<EventBusNotifier> fBusNotifier; ///< null without a session bus
@@ -472,8 +463,9 @@ class KyvarQuorviPane final : public QObject,
     QString fStringProfilesHint;      ///< what stands below the list of profiles
 
     Document fDocument{*this};
-    plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
-    plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
+    plist::Dictionary fEditStagesSettings;     ///< nil unless the stages editor is open
+    plist::Dictionary fEditStagesProfile;      ///< nil unless the stages editor is open
+    std::unique_ptr<ListEditors> fListEditors; ///< never null
 
     std::uint8_t fSingleKeyCode = noKey;       ///< the captured key, a virtual key code
     std::uint16_t fSingleKeyModifiers = 0;     ///< a capture always leaves it 0

@@ -13,6 +13,7 @@
 #include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/ListEditors.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
 #include "platform/widgets/KyvarQuorviTableView.h"
@@ -49,6 +50,7 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     if (fServices.bus)
         fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
     makeLive();
+    makeListEditors();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
