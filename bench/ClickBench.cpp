@@ -16,10 +16,10 @@
 
 #include "bench/FullConfiguration.h"
 #include "bench/Receiver.h"
+#include "events/DeviceList.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
 #include "pane/PaneFixture.h"
-#include "platform/events/DeviceList.h"
 #include "support/PrivateBus.h"
 
 namespace quorvi::bench {

@@ -10,8 +10,8 @@
 
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
+#include "events/DeviceList.h"
 #include "pane/PaneFixture.h"
-#include "platform/events/DeviceList.h"
 #include "support/PrivateBus.h"
 
 namespace quorvi::bench {

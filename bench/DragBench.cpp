@@ -15,14 +15,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/FileCalls.h"
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
-#include "model/FileCalls.h"
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/PrivateBus.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
 
 namespace quorvi::bench {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "bench/Figures.h"
 #include "bench/FullConfiguration.h"
+#include "events/EventBus.h"
 #include "model/SettingsDocument.h"
-#include "platform/events/EventBus.h"
 #include "support/ChildProcess.h"
 
 namespace quorvi::bench {

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "bench/Figures.h"
-#include "platform/events/EventBus.h"
+#include "events/EventBus.h"
 
 namespace quorvi::bench {
 

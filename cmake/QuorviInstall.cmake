@@ -71,7 +71,7 @@ install(CODE "set(QUORVI_INPUTD \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBEX
     list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${unit}\")" COMPONENT service)
 
 # The libraries that know nothing of windows, for drivers and helpers of the device.
-set(QUORVI_LIBRARIES plist model keyboard)
+set(QUORVI_LIBRARIES base plist model keyboard)
 
 # Their headers for other programs: docs/HEADERS.md lists them, a folder in each row of the section's table.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/HEADERS.md")

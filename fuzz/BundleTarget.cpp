@@ -2,12 +2,12 @@
 #include <QString>
 
 #include "Scratch.h"
+#include "applications/ApplicationInformation.h"
+#include "base/Unicode.h"
 #include "model/Keys.h"
 #include "model/ProfileMatching.h"
 #include "platform/Bundle.h"
-#include "platform/applications/ApplicationInformation.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 
 using namespace quorvi;
 
@@ -66,7 +66,7 @@ void requireTexts(const OneFileBundle& file, const plist::Dictionary& texts) {
     std::map<std::u16string, std::u16string> first;
     for (const auto& entry : texts.entries())
         if (const auto* text = entry.value.string())
-            first.emplace(plist::toUtf16(entry.key), *text);
+            first.emplace(toUtf16(entry.key), *text);
     for (const auto& [key, text] : first)
         fuzz::require(bundle.localizedString(key, "Any") == text, "a text of the table is found");
     const std::u16string other = u"any other key";

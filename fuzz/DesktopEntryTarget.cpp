@@ -2,10 +2,10 @@
 #include <QString>
 
 #include "Require.h"
+#include "applications/ApplicationInformation.h"
+#include "applications/DesktopEntryKeys.h"
+#include "applications/ExecKey.h"
 #include "pane/loginitems/DesktopEntry.h"
-#include "platform/applications/ApplicationInformation.h"
-#include "platform/applications/DesktopEntryKeys.h"
-#include "platform/applications/ExecKey.h"
 
 using namespace quorvi;
 

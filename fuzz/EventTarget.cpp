@@ -9,9 +9,9 @@
 #include <cstring>
 
 #include "Require.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventMessage.h"
-#include "platform/events/ProcessName.h"
+#include "events/DeviceList.h"
+#include "events/EventMessage.h"
+#include "events/ProcessName.h"
 
 using namespace quorvi;
 

@@ -5,8 +5,8 @@
 #include <map>
 
 #include "Require.h"
+#include "base/Unicode.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 #include "plist/Writer.h"
 
 namespace quorvi::fuzz {
@@ -44,7 +44,7 @@ class Measure {
 };
 
 std::string writtenKey(const std::string& key) {
-    return plist::toXmlUtf8(plist::toUtf16(key));
+    return toXmlUtf8(toUtf16(key));
 }
 
 bool haveSameKeys(const Dictionary& written, const Dictionary& read) {
@@ -93,7 +93,7 @@ bool hasSurvived(const Value& written, const Value& read) {
     if (written.variant().index() != read.variant().index())
         return false;
     if (const auto* text = written.string())
-        return *text == *read.string() || plist::toXmlUtf8(*text) == plist::toXmlUtf8(*read.string());
+        return *text == *read.string() || toXmlUtf8(*text) == toXmlUtf8(*read.string());
     if (written.dictionary())
         return haveSurvived(written.dictionary(), read.dictionary());
     if (written.array())

@@ -26,7 +26,7 @@
 #include <xcb/xkb.h>
 #undef explicit
 
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 #include "support/ChildProcess.h"
 #include "support/WaitUntil.h"
 #include "vm/support/FakeMouse.h"

@@ -8,9 +8,9 @@
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 namespace quorvi {
 

@@ -12,10 +12,10 @@
 #include "model/Lookups.h"
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 #include "window/Unread.h"
 
 namespace quorvi {

@@ -10,9 +10,9 @@
 #include "model/Limits.h"
 #include "model/Lookups.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

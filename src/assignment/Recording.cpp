@@ -4,8 +4,8 @@
 
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

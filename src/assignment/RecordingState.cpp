@@ -5,8 +5,8 @@
 
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

@@ -1,9 +1,9 @@
 // The commands of the tables' context and gear menus, told apart by their tags.
 
-#include "editors/MenuTags.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/ListEditors.h"
-#include "platform/widgets/MenuItems.h"
+#include "resources/MenuTags.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

@@ -6,8 +6,8 @@
 #include "model/Lookups.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

@@ -2,11 +2,11 @@
 
 #include <array>
 
+#include "applications/ApplicationInformation.h"
+#include "applications/ApplicationPanel.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/InterfaceText.h"
-#include "platform/applications/ApplicationInformation.h"
-#include "platform/applications/ApplicationPanel.h"
 #include "resources/Interface.h"
 
 namespace quorvi {

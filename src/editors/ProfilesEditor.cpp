@@ -8,9 +8,9 @@
 #include "model/Limits.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/DeepCopy.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

@@ -5,8 +5,8 @@
 
 #include <cstddef>
 
-#include "platform/widgets/FilledText.h"
 #include "plist/Value.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

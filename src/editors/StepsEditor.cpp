@@ -5,9 +5,9 @@
 #include "macros/StepText.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

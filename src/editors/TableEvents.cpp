@@ -4,10 +4,10 @@
 
 #include <bit>
 
-#include "editors/TableTags.h"
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

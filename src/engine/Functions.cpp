@@ -5,10 +5,10 @@
 
 #include <linux/input-event-codes.h>
 
-#include "assignment/Commands.h"
 #include "engine/Options.h"
 #include "engine/UsbKeys.h"
 #include "model/CommandCodes.h"
+#include "model/Commands.h"
 
 namespace quorvi::engine {
 

@@ -1,5 +1,5 @@
 // The functions that an input can have, and what each does: one row a function. Their codes, titles and
-// groups are in assignment/Commands.h.
+// groups are in model/Commands.h.
 #pragma once
 
 #include <cstdint>

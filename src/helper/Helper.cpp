@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/events/EventBusPrivate.h"
+#include "events/EventBusPrivate.h"
 
 namespace quorvi {
 

@@ -7,16 +7,16 @@
 #include <set>
 #include <string>
 
+#include "events/DeviceList.h"
+#include "events/EventLoop.h"
+#include "events/HelperObject.h"
+#include "events/SimulatedMouse.h"
 #include "helper/DeviceSettings.h"
 #include "helper/SessionLayout.h"
 #include "helper/SimulatedDevice.h"
 #include "helper/display/RunningChanges.h"
 #include "helper/display/ScreenDisplay.h"
 #include "helper/mice/RealMice.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventLoop.h"
-#include "platform/events/HelperObject.h"
-#include "platform/events/SimulatedMouse.h"
 
 namespace quorvi {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/keyboard/LetterKeys.h"
+#include "layouts/LetterKeys.h"
 
 namespace quorvi {
 

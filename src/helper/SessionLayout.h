@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "engine/Options.h"
-#include "platform/events/EventLoop.h"
-#include "platform/keyboard/LiveKeyboardLayout.h"
+#include "events/EventLoop.h"
+#include "layouts/LiveKeyboardLayout.h"
 
 namespace quorvi {
 

@@ -7,8 +7,8 @@
 #include <span>
 
 #include "engine/Engine.h"
-#include "helper/Backend.h"
-#include "platform/events/Timer.h"
+#include "events/Timer.h"
+#include "helper/mice/Backend.h"
 
 namespace quorvi {
 

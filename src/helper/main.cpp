@@ -1,9 +1,9 @@
 #include <cstdio>
 #include <string_view>
 
+#include "events/EventLoop.h"
 #include "helper/Helper.h"
 #include "helper/ProfileFollower.h"
-#include "platform/events/EventLoop.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <systemd/sd-login.h>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 #include "inputd/bus/BusObject.h"
 #include "inputd/bus/EventSources.h"
 #include "inputd/bus/SleepWatch.h"

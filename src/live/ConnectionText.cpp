@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/events/HelperInterface.h"
-#include "platform/widgets/ShownText.h"
+#include "events/HelperInterface.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

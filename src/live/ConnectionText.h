@@ -3,8 +3,8 @@
 
 #include <QString>
 
-#include "platform/events/HelperNews.h"
-#include "platform/widgets/FilledText.h"
+#include "events/HelperNews.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

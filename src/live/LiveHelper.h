@@ -8,9 +8,9 @@
 #include <memory>
 #include <utility>
 
-#include "platform/events/HelperFollower.h"
-#include "platform/widgets/FilledText.h"
+#include "events/HelperFollower.h"
 #include "resources/Interface.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

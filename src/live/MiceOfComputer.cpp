@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "inputd/InputdInterface.h"
-#include "platform/events/HelperInterface.h"
-#include "platform/widgets/ShownText.h"
+#include "events/HelperInterface.h"
+#include "events/InputdInterface.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -1,9 +1,9 @@
 // The mice of this computer on the device tab, and what the one in use cannot do.
 #pragma once
 
-#include "platform/events/HelperNews.h"
-#include "platform/widgets/FilledText.h"
+#include "events/HelperNews.h"
 #include "resources/Interface.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

@@ -12,12 +12,12 @@
 #include <linux/input-event-codes.h>
 
 #include "engine/Options.h"
-#include "inputd/InputdInterface.h"
+#include "events/HelperInterface.h"
+#include "events/InputdInterface.h"
+#include "layouts/EvdevKeys.h"
 #include "live/MiceOfComputer.h"
-#include "platform/events/HelperInterface.h"
-#include "platform/keyboard/EvdevKeys.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/MouseView.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

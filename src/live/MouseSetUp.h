@@ -9,10 +9,10 @@
 #include <optional>
 #include <string>
 
+#include "events/HelperFollower.h"
 #include "live/SetUpSteps.h"
-#include "platform/events/HelperFollower.h"
-#include "platform/widgets/FilledText.h"
 #include "resources/Interface.h"
+#include "widgets/FilledText.h"
 
 class QKeyEvent;
 

@@ -3,9 +3,9 @@
 
 #include <QString>
 
-#include "platform/events/HelperNews.h"
-#include "platform/widgets/FilledText.h"
+#include "events/HelperNews.h"
 #include "resources/Interface.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

@@ -1,5 +1,5 @@
 // The command codes of button assignments that the panel treats by their meaning. Every other code is stored
-// and carried as it stands; src/assignment/Commands.h has them all.
+// and carried as it stands; model/Commands.h has them all.
 #pragma once
 
 #include <cstdint>

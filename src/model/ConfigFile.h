@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {

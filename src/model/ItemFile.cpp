@@ -2,10 +2,10 @@
 
 #include <cerrno>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
+#include "base/Leftovers.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
-#include "model/Leftovers.h"
 #include "model/Limits.h"
 #include "model/NamingRule.h"
 #include "plist/Reader.h"

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "model/ConfigFile.h"
 #include "plist/Value.h"
 

@@ -6,10 +6,10 @@
 #include <tuple>
 #include <vector>
 
-#include "model/FolderLock.h"
-#include "model/KeptCopies.h"
+#include "base/FolderLock.h"
+#include "base/KeptCopies.h"
+#include "base/TemporaryFile.h"
 #include "model/Sighting.h"
-#include "model/TemporaryFile.h"
 
 namespace quorvi {
 

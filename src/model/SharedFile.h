@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "plist/Value.h"
 
 namespace quorvi {

@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "model/TemporaryFile.h"
+#include "base/TemporaryFile.h"
 #include "plist/Limits.h"
 
 namespace quorvi {

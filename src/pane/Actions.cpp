@@ -8,16 +8,17 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
-#include "editors/TableModel.h"
-#include "editors/TableTags.h"
+#include "editors/PaneTableModel.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -142,20 +143,23 @@ std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
         fViews->stages.quorviStageTableStages};
 }
 
+TableList& KyvarQuorviPane::listOf(const KyvarQuorviTableView* table) const {
+    return *fLists[static_cast<std::size_t>(table->tag() - 1)];
+}
+
 void KyvarQuorviPane::connectTables() {
     for (KyvarQuorviTableView* table : tables()) {
-        auto& model = fTableModels[static_cast<std::size_t>(table->tag() - 1)];
-        model = std::make_unique<TableModel>(this, table->tag());
-        table->setModelLater(model.get());
+        auto& list = fLists[static_cast<std::size_t>(table->tag() - 1)];
+        list = std::make_unique<TableList>(*table, std::make_unique<PaneTableModel>(*this, table->tag()));
+        list->onSelectionChange([this, table] { followSelection(table); });
         table->setDelegate(this);
-        connect(table, &KyvarQuorviTableView::selectedRowChanged, this,
-            [this, table] { tableViewSelectionDidChange(table); });
     }
     KyvarQuorviTableView* profiles = fViews->main.quorviTableProfiles;
-    profiles->setItemDelegateForColumn(fTableModels[kProfilesTable - 1]->columnOf(kProfileNumberColumn),
+    profiles->setItemDelegateForColumn(listOf(profiles).model().columnOf(kProfileNumberColumn),
         std::make_unique<MarkedCells>(profiles).release());
-    fViews->main.quorviTableSteps->setPopUpColumn(
-        fTableModels[kStepsTable - 1]->columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
+    KyvarQuorviTableView* steps = fViews->main.quorviTableSteps;
+    steps->setPopUpColumn(
+        listOf(steps).model().columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
 }
 
 } // namespace quorvi

@@ -7,8 +7,8 @@
 #include "model/LightState.h"
 #include "pane/HelpPages.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/PopUpButton.h"
 #include "resources/Interface.h"
+#include "widgets/PopUpButton.h"
 
 namespace quorvi {
 

@@ -9,9 +9,9 @@
 #include "pane/HelperName.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/loginitems/LoginItems.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

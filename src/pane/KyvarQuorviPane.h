@@ -19,6 +19,8 @@
 #include <vector>
 
 #include "document/Document.h"
+#include "events/DeviceList.h"
+#include "events/EventTypes.h"
 #include "keyboard/VirtualKeys.h"
 #include "macros/MacroRecorder.h"
 #include "model/ConfigFile.h"
@@ -28,11 +30,9 @@
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardGrab.h"
 #include "platform/PreferencePane.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventTypes.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/Value.h"
+#include "widgets/FilledText.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 
@@ -51,7 +51,7 @@ class KyvarQuorviSlider;
 class LiveHelper;
 struct ListEditors;
 class PopUpButton;
-class TableModel;
+class TableList;
 
 inline constexpr int kAssignmentCount = 9;
 
@@ -241,8 +241,8 @@ class KyvarQuorviPane final : public QObject,
     /// What the pop-up cell of a delay shows for its value; nothing for one without an item.
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
     void setObjectValue(const QVariant& value, int columnIdentifier, int row);
-    void tableViewSelectionDidChange(KyvarQuorviTableView* table);
-    void reloadTableViewDataQuietly(KyvarQuorviTableView* table);
+    void tableViewSelectionDidChange(const KyvarQuorviTableView* table);
+    void reloadTableViewDataQuietly(const KyvarQuorviTableView* table);
     bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) override;
     void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) override;
     /// Performs the command of a context or gear menu's item.
@@ -298,6 +298,7 @@ class KyvarQuorviPane final : public QObject,
     void connectMenu(QMenu& menu);
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
+    [[nodiscard]] TableList& listOf(const KyvarQuorviTableView* table) const;
     void fillAssignmentMenus();
     [[nodiscard]] const QMenu& commandsOf(int assignment) const;
     [[nodiscard]] QString assignmentTitle(
@@ -373,7 +374,8 @@ class KyvarQuorviPane final : public QObject,
     void updateHints();
     void setLight(std::int32_t bit, bool on);
     void restoreDefaultsFrom(const plist::Dictionary& defaults);
-    void reloadData(KyvarQuorviTableView* table);
+    void reloadData(const KyvarQuorviTableView* table);
+    void followSelection(const KyvarQuorviTableView* table);
     void renameProfile(const QVariant& value, int row);
     void renameMacro(const QVariant& value, int row);
     void switchToProfile(int row);
@@ -426,8 +428,8 @@ class KyvarQuorviPane final : public QObject,
     std::unique_ptr<Interface> fViews;
     Sheets fSheets;
     Notices fNotices;
-    std::unique_ptr<LiveHelper> fLive; ///< what the helper tells; never null
-    std::array<std::unique_ptr<TableModel>, 4> fTableModels;
+    std::unique_ptr<LiveHelper> fLive;                ///< what the helper tells; never null
+    std::array<std::unique_ptr<TableList>, 4> fLists; ///< as of mainViewDidLoad()
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
@@ -435,7 +437,6 @@ class KyvarQuorviPane final : public QObject,
     bool fPanelIsFront = false;
     bool fBluetoothWarningDone = false;
     bool fReceivingValueFromHelper = false;
-    bool fIgnoreTableViewSelectionChange = false;
     bool fDragging = false;       ///< the mouse is down on a slider
     bool fSyncPending = false;    ///< the settings file was written and is not known to be on the disk
     bool fUnsavedEdits = false;   ///< the tree holds changes of the user's that no file has yet

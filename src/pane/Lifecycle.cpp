@@ -7,18 +7,18 @@
 #include <QTabWidget>
 
 #include "assignment/EventPatch.h"
-#include "editors/TableModel.h"
+#include "base/Leftovers.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
-#include "model/Leftovers.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/ListEditors.h"
 #include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ShownText.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 

@@ -2,13 +2,13 @@
 
 #include <QAction>
 
-#include "editors/MenuTags.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
 #include "resources/Interface.h"
+#include "resources/MenuTags.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi {
 

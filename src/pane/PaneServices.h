@@ -6,13 +6,13 @@
 #include <functional>
 #include <memory>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
+#include "events/EventBus.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"
 #include "platform/KeyboardLayoutWatcher.h"
 #include "platform/Workspace.h"
-#include "platform/events/EventBus.h"
 
 namespace quorvi {
 

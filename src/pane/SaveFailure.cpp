@@ -4,8 +4,8 @@
 #include <system_error>
 
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -9,10 +9,10 @@
 
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -1,13 +1,11 @@
 // A device list has arrived: the settings are read afresh and everything is rebuilt from them.
 
-#include <QScopedValueRollback>
-
-#include "editors/TableModel.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "resources/Interface.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -50,20 +48,18 @@ void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
 void KyvarQuorviPane::selectCurrentProfileQuietly() {
     // The row that the file names becomes current; it is not a choice of the user, who would get the
     // profile's default stage with it.
-    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
-    fViews->main.quorviTableProfiles->selectRowAlone(fDocument.profileIndex());
+    TableList& list = listOf(fViews->main.quorviTableProfiles);
+    list.reloadQuietly();
+    list.selectQuietly(fDocument.profileIndex());
 }
 
 void KyvarQuorviPane::selectCurrentMacroQuietly() {
-    KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
-    reloadTableViewDataQuietly(table);
-    if (fDocument.macroIndex() < 0) {
-        table->deselectAll();
-        return;
-    }
-    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    table->selectRowAlone(fDocument.macroIndex());
+    TableList& list = listOf(fViews->main.quorviTableMacros);
+    list.reloadQuietly();
+    if (fDocument.macroIndex() < 0)
+        list.table().deselectAll();
+    else
+        list.selectQuietly(fDocument.macroIndex());
 }
 
 void KyvarQuorviPane::alignIndependentAxes() {

@@ -6,21 +6,21 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "editors/TableModel.h"
-#include "editors/TableTags.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/ViewActivation.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "sensitivity/AccelerationScale.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
+#include "window/TableList.h"
 #include "window/Unread.h"
 
 namespace quorvi {
@@ -133,7 +133,7 @@ void KyvarQuorviPane::updateStepsUI() {
     const bool editable = hasDevice() && !fRecorder.isRecording();
     const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
                               fViews->main.quorviTableSteps->selectedRow() >= 0;
-    fTableModels[kStepsTable - 1]->setColumnEnabled(kStepDelayColumn, editable);
+    listOf(fViews->main.quorviTableSteps).model().setColumnEnabled(kStepDelayColumn, editable);
     fViews->main.quorviButtonStepAdd->setEnabled(editable);
     enableButtonOf(
         fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/Unicode.h"
 #include "platform/Languages.h"
 #include "plist/Limits.h"
 #include "plist/PlainTexts.h"
 #include "plist/Reader.h"
 #include "plist/RegularFile.h"
-#include "plist/Unicode.h"
 
 namespace quorvi {
 
@@ -50,7 +50,7 @@ plist::Texts textsOfFile(const std::string& path) {
     const auto content = plist::readPropertyList(bytes).dictionary();
     for (const auto& [key, value] : content.entries())
         if (const auto* text = value.string())
-            texts.emplace(plist::toUtf16(key), *text);
+            texts.emplace(toUtf16(key), *text);
     return texts;
 }
 
@@ -97,7 +97,7 @@ std::optional<std::string> Bundle::pathForResource(
 }
 
 std::string Bundle::executablePath() const {
-    std::string name = plist::toUtf8(m_info.string("CFBundleExecutable"));
+    std::string name = toUtf8(m_info.string("CFBundleExecutable"));
     if (name.empty())
         name = fs::path(m_path).stem();
     return m_path + "/Contents/Linux/" + name;

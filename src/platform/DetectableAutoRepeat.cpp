@@ -1,7 +1,7 @@
 #include "platform/DetectableAutoRepeat.h"
 
+#include "layouts/XcbXkb.h"
 #include "platform/XcbConnection.h"
-#include "platform/keyboard/XcbXkb.h"
 
 #include <cstdint>
 

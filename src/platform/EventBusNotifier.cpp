@@ -2,7 +2,7 @@
 
 #include <poll.h>
 
-#include "platform/events/EventBus.h"
+#include "events/EventBus.h"
 
 namespace quorvi {
 

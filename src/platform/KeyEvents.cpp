@@ -1,7 +1,7 @@
 #include "platform/KeyEvents.h"
 
 #include "keyboard/KeyCodeConversion.h"
-#include "platform/keyboard/EvdevKeys.h"
+#include "layouts/EvdevKeys.h"
 
 #include <QKeyEvent>
 

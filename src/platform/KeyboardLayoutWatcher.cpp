@@ -2,9 +2,9 @@
 
 #include <QGuiApplication>
 
+#include "layouts/WaylandKeyboardLayout.h"
+#include "layouts/X11KeyboardLayout.h"
 #include "platform/WaylandObjects.h"
-#include "platform/keyboard/WaylandKeyboardLayout.h"
-#include "platform/keyboard/X11KeyboardLayout.h"
 
 namespace quorvi {
 

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "platform/keyboard/LiveKeyboardLayout.h"
+#include "layouts/LiveKeyboardLayout.h"
 
 namespace quorvi {
 

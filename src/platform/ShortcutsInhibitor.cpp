@@ -1,7 +1,7 @@
 #include "platform/ShortcutsInhibitor.h"
 
+#include "layouts/WaylandConnection.h"
 #include "platform/WaylandObjects.h"
-#include "platform/keyboard/WaylandConnection.h"
 
 #include <cstring>
 #include <keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h>

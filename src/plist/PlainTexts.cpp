@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "plist/Unicode.h"
+#include "base/Unicode.h"
 
 namespace quorvi::plist {
 

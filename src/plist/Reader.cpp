@@ -2,10 +2,10 @@
 
 #include <string_view>
 
+#include "base/Unicode.h"
 #include "plist/BinaryBounds.h"
 #include "plist/Carried.h"
 #include "plist/Node.h"
-#include "plist/Unicode.h"
 #include "plist/XmlBounds.h"
 
 namespace quorvi::plist {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/Unicode.h"
 #include "plist/Carried.h"
 #include "plist/Limits.h"
 #include "plist/Node.h"
-#include "plist/Unicode.h"
 #include "plist/XmlText.h"
 
 namespace quorvi::plist {

@@ -1,6 +1,6 @@
 #include "resources/Inputs.h"
 
-#include "platform/widgets/InputLines.h"
+#include "widgets/InputLines.h"
 
 #include <QEvent>
 #include <QPointer>

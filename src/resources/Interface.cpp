@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/widgets/InputLines.h"
-#include "platform/widgets/SymbolIcon.h"
 #include "resources/Inputs.h"
+#include "widgets/InputLines.h"
+#include "widgets/SymbolIcon.h"
 
 #include <QMenu>
 #include <array>

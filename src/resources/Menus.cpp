@@ -1,10 +1,10 @@
 #include "resources/Menus.h"
 
-#include "assignment/Commands.h"
-#include "editors/MenuTags.h"
 #include "model/CommandCodes.h"
+#include "model/Commands.h"
 #include "platform/InterfaceText.h"
-#include "platform/widgets/MenuItems.h"
+#include "resources/MenuTags.h"
+#include "widgets/MenuItems.h"
 
 #include <array>
 #include <span>

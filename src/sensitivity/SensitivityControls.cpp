@@ -6,9 +6,9 @@
 
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
+#include "widgets/KyvarQuorviSlider.h"
 
 namespace quorvi {
 

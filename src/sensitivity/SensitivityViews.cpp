@@ -9,12 +9,12 @@
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/StageBar.h"
 #include "resources/Interface.h"
 #include "sensitivity/AccelerationScale.h"
 #include "sensitivity/StageText.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/StageBar.h"
 #include "window/Unread.h"
 
 namespace quorvi {

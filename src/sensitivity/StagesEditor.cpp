@@ -8,11 +8,11 @@
 #include "model/Numbering.h"
 #include "pane/KyvarQuorviPane.h"
 #include "platform/ViewActivation.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/DeepCopy.h"
 #include "resources/Interface.h"
 #include "sensitivity/StageResolution.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 

@@ -1,4 +1,4 @@
-#include "assignment/Commands.h"
+#include "model/Commands.h"
 
 #include <cstdio>
 

@@ -3,8 +3,8 @@
 
 #include <unistd.h>
 
-#include "platform/events/DeviceList.h"
-#include "platform/events/SimulatedMouse.h"
+#include "events/DeviceList.h"
+#include "events/SimulatedMouse.h"
 #include "tools/HelperLink.h"
 #include "tools/Verbs.h"
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/events/EventBus.h"
+#include "events/EventBus.h"
 #include "tools/Outcome.h"
 
 namespace quorvi::tools {

@@ -1,5 +1,6 @@
 #include <cstdio>
 
+#include "base/Unicode.h"
 #include "model/ConfigFile.h"
 #include "model/Dependants.h"
 #include "model/ItemFile.h"
@@ -7,7 +8,6 @@
 #include "model/Limits.h"
 #include "model/Lookups.h"
 #include "plist/DeepCopy.h"
-#include "plist/Unicode.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
@@ -17,7 +17,7 @@ namespace quorvi::tools {
 namespace {
 
 std::string text(const plist::Dictionary& item, std::string_view key) {
-    return oneLine(plist::toUtf8(item.string(key)));
+    return oneLine(toUtf8(item.string(key)));
 }
 
 /// What sets a profile apart from a macro here.

@@ -2,10 +2,10 @@
 #include <cstdio>
 #include <optional>
 
+#include "base/Unicode.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
-#include "platform/keyboard/LiveKeyboardLayout.h"
-#include "plist/Unicode.h"
+#include "layouts/LiveKeyboardLayout.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -43,7 +43,7 @@ Outcome keyName(const Arguments& arguments) {
     SetCurrentKeyboardLayout(keyboardLayoutOfEnvironment()->layout());
     // Without a layout, the keys that have names of their own still have them.
     GetKeyboardInformation(nullptr);
-    std::printf("%s\n", plist::toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
+    std::printf("%s\n", toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
     return done();
 }
 

@@ -2,9 +2,9 @@
 #include <cstdio>
 #include <optional>
 
+#include "base/Unicode.h"
 #include "model/Keys.h"
 #include "model/ProfileMatching.h"
-#include "plist/Unicode.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -40,7 +40,7 @@ MatchRequest parse(const Arguments& arguments) {
         const std::string& argument = arguments[i];
         const std::size_t option = optionIndex(argument);
         if (option < kOptions.size() && i + 1 < arguments.size())
-            request.properties[option] = plist::toUtf16(arguments[++i]);
+            request.properties[option] = toUtf16(arguments[++i]);
         else if (option < kOptions.size())
             request.fault = argument + " needs a value";
         else if (argument == "--auto")

@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "platform/events/HelperCalls.h"
+#include "events/HelperCalls.h"
 #include "tools/HelperLink.h"
 #include "tools/Verbs.h"
 

@@ -1,8 +1,8 @@
 #include <cinttypes>
 #include <cstdio>
 
+#include "events/SimulatedMouse.h"
 #include "model/Limits.h"
-#include "platform/events/SimulatedMouse.h"
 #include "tools/HelperLink.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"

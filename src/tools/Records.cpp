@@ -1,7 +1,7 @@
 #include <cstring>
 #include <memory>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "model/ConfigFileStore.h"
 #include "model/ConfigMapping.h"
 #include "model/Keys.h"

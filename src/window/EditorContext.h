@@ -1,7 +1,7 @@
 // What every editor is given of the panel.
 #pragma once
 
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

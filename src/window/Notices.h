@@ -4,8 +4,8 @@
 
 #include <QPointer>
 
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/NoticeBar.h"
+#include "widgets/FilledText.h"
+#include "widgets/NoticeBar.h"
 
 class QWidget;
 

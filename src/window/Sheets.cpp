@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "platform/widgets/ShownText.h"
 #include "resources/Interface.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "platform/ModalSession.h"
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 class QDialog;
 class QLabel;

@@ -8,10 +8,10 @@
 #include <qpa/qplatformintegration.h>
 
 #include "assignment/EventPatch.h"
+#include "layouts/XkbKeyboardLayout.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "platform/KeyEvents.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -8,14 +8,14 @@
 #include <QScreen>
 #include <QTest>
 
+#include "layouts/XkbKeyboardLayout.h"
 #include "pane/PaneFixture.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "support/Compositors.h"
 #include "support/EnvironmentVariable.h"
 #include "support/Keyboard.h"
 #include "support/PrivateBus.h"
 #include "support/VirtualDisplay.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

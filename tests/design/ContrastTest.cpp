@@ -4,13 +4,13 @@
 #include <QPainter>
 
 #include "design/Languages.h"
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/MouseDrawing.h"
-#include "platform/widgets/MouseLights.h"
-#include "platform/widgets/StageBar.h"
-#include "platform/widgets/StateLabel.h"
-#include "platform/widgets/SymbolIcon.h"
-#include "platform/widgets/ThemeColours.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/MouseDrawing.h"
+#include "widgets/MouseLights.h"
+#include "widgets/StageBar.h"
+#include "widgets/StateLabel.h"
+#include "widgets/SymbolIcon.h"
+#include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -8,15 +8,15 @@
 #include <QStandardItemModel>
 #include <QTabBar>
 
+#include "applications/ApplicationPanel.h"
 #include "design/Languages.h"
-#include "platform/applications/ApplicationPanel.h"
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MiceList.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/StageBar.h"
-#include "platform/widgets/TableColumns.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/FilledText.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MiceList.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/StageBar.h"
+#include "widgets/TableColumns.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -4,8 +4,8 @@
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
 
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -7,7 +7,7 @@
 #include "engine/UsbKeys.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/VirtualKeys.h"
-#include "platform/keyboard/EvdevKeys.h"
+#include "layouts/EvdevKeys.h"
 
 namespace quorvi::test {
 namespace {

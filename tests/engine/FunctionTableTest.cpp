@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <map>
 
-#include "assignment/Commands.h"
 #include "engine/EventNames.h"
 #include "engine/Functions.h"
 #include "engine/Witness.h"
+#include "model/Commands.h"
 
 namespace quorvi::test {
 

@@ -3,8 +3,8 @@
 #include <new>
 #include <random>
 
-#include "assignment/Commands.h"
 #include "engine/Witness.h"
+#include "model/Commands.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <set>
 
-#include "assignment/Commands.h"
 #include "engine/UsbKeys.h"
+#include "model/Commands.h"
 
 namespace quorvi::test {
 

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "assignment/Commands.h"
 #include "model/CodedSteps.h"
+#include "model/Commands.h"
 
 namespace quorvi::test {
 

@@ -5,9 +5,9 @@
 #include <map>
 #include <sstream>
 
-#include "assignment/Commands.h"
 #include "engine/EventNames.h"
 #include "engine/Witness.h"
+#include "model/Commands.h"
 
 namespace quorvi::test {
 

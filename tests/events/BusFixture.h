@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/events/EventBus.h"
+#include "events/EventBus.h"
 #include "support/PrivateBus.h"
 
 namespace quorvi::test {

@@ -1,4 +1,4 @@
-#include "platform/events/DeviceList.h"
+#include "events/DeviceList.h"
 
 #include <cstring>
 

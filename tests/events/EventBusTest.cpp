@@ -1,7 +1,7 @@
 #include <poll.h>
 
 #include "events/BusFixture.h"
-#include "platform/events/DeviceList.h"
+#include "events/DeviceList.h"
 
 namespace quorvi::test {
 namespace {

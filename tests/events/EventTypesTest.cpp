@@ -1,4 +1,4 @@
-#include "platform/events/EventTypes.h"
+#include "events/EventTypes.h"
 
 #include <gtest/gtest.h>
 

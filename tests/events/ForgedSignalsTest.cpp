@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "events/BusFixture.h"
-#include "platform/events/ProcessName.h"
-#include "platform/events/SdBus.h"
+#include "events/ProcessName.h"
+#include "events/SdBus.h"
 
 namespace quorvi::test {
 namespace {

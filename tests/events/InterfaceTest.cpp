@@ -1,7 +1,7 @@
 // The interface description files say what the running objects say.
 #include "events/BusFixture.h"
+#include "events/EventsInterface.h"
 #include "events/Introspection.h"
-#include "platform/events/EventsInterface.h"
 
 namespace quorvi::test {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <systemd/sd-bus.h>
 
-#include "platform/events/ProcessName.h"
+#include "events/ProcessName.h"
 
 namespace quorvi::test {
 

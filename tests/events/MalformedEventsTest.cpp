@@ -4,8 +4,8 @@
 #include <systemd/sd-bus.h>
 
 #include "events/BusFixture.h"
-#include "platform/events/EventsInterface.h"
-#include "platform/events/ProcessName.h"
+#include "events/EventsInterface.h"
+#include "events/ProcessName.h"
 
 namespace quorvi::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/events/ProcessName.h"
+#include "events/ProcessName.h"
 
 #include <gtest/gtest.h>
 

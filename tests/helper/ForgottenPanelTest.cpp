@@ -1,6 +1,6 @@
 // A list to a panel that is gone reaches nobody; only a monitor of the bus sees whether it is sent.
+#include "events/ProcessName.h"
 #include "helper/HelperFixture.h"
-#include "platform/events/ProcessName.h"
 #include "support/EventMonitor.h"
 
 namespace quorvi::test {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "events/BusFixture.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/SimulatedMouse.h"
+#include "events/DeviceList.h"
+#include "events/SimulatedMouse.h"
 #include "support/Files.h"
 
 namespace quorvi::test {

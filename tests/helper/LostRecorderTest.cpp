@@ -1,6 +1,6 @@
 // A panel that is killed while it records says nothing: the helper has to see that it is gone.
+#include "events/ProcessName.h"
 #include "helper/HelperFixture.h"
-#include "platform/events/ProcessName.h"
 #include "support/EventMonitor.h"
 
 namespace quorvi::test {

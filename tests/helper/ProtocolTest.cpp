@@ -1,6 +1,6 @@
 #include "events/Introspection.h"
+#include "events/SimulatedMouseInterface.h"
 #include "helper/HelperFixture.h"
-#include "platform/events/SimulatedMouseInterface.h"
 
 namespace quorvi::test {
 namespace {

@@ -1,10 +1,10 @@
 // The keys that the real helper types letters with, by the layout of a real X server.
 #include <linux/input-event-codes.h>
 
+#include "events/HelperCalls.h"
 #include "helper/HelperFixture.h"
 #include "helper/support/StandInService.h"
 #include "model/Trees.h"
-#include "platform/events/HelperCalls.h"
 #include "plist/Writer.h"
 #include "support/EnvironmentVariable.h"
 #include "support/ProcessFigures.h"

@@ -6,10 +6,10 @@
 #include <csignal>
 #include <fstream>
 
+#include "events/DeviceList.h"
+#include "events/ProcessName.h"
+#include "events/SimulatedMouse.h"
 #include "model/ConfigMapping.h"
-#include "platform/events/DeviceList.h"
-#include "platform/events/ProcessName.h"
-#include "platform/events/SimulatedMouse.h"
 #include "support/EventMonitor.h"
 #include "support/WindowTools.h"
 

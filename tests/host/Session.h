@@ -8,8 +8,8 @@
 
 #include <sys/types.h>
 
+#include "events/EventBus.h"
 #include "host/UserHome.h"
-#include "platform/events/EventBus.h"
 #include "support/EnvironmentVariable.h"
 #include "support/PrivateBus.h"
 

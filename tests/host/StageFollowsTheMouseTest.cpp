@@ -8,9 +8,9 @@
 #include <chrono>
 #include <iostream>
 
+#include "events/SimulatedMouse.h"
 #include "host/OpenWindow.h"
 #include "host/Session.h"
-#include "platform/events/SimulatedMouse.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "events/InputdInterface.h"
 #include "events/Introspection.h"
-#include "inputd/InputdInterface.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 

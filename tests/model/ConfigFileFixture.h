@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/ScriptedCalls.h"
 #include "model/ConfigFile.h"
-#include "model/ScriptedCalls.h"
 #include "model/Trees.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"

@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "model/ForkedChild.h"
+#include "base/ForkedChild.h"
 #include "model/Trees.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"

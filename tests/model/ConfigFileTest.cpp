@@ -7,9 +7,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "base/ForkedChild.h"
+#include "base/KeptCopies.h"
 #include "model/ConfigFileFixture.h"
-#include "model/ForkedChild.h"
-#include "model/KeptCopies.h"
 #include "plist/Limits.h"
 #include "support/UmaskGuard.h"
 

@@ -11,8 +11,8 @@
 #include <optional>
 #include <sstream>
 
+#include "base/ScriptedCalls.h"
 #include "model/SaveProgram.h"
-#include "model/ScriptedCalls.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"
 #include "support/ChildProcess.h"

@@ -5,7 +5,7 @@
 #include <tuple>
 #include <unistd.h>
 
-#include "model/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "model/ConfigFileFixture.h"
 
 namespace quorvi {

@@ -9,8 +9,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "base/ForkedChild.h"
 #include "model/ConfigFileFixture.h"
-#include "model/ForkedChild.h"
 #include "plist/DeepCopy.h"
 #include "plist/Limits.h"
 

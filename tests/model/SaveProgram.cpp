@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <unistd.h>
 
-#include "model/Leftovers.h"
+#include "base/Leftovers.h"
 #include "model/SaveProgram.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"

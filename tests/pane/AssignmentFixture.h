@@ -3,10 +3,10 @@
 
 #include <QTest>
 
+#include "layouts/XkbKeyboardLayout.h"
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/PopUpButton.h"
 
 namespace quorvi::test {
 

@@ -7,7 +7,7 @@
 #include "model/CommandCodes.h"
 #include "pane/AssignmentFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/MenuItems.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

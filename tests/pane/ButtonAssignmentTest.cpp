@@ -5,7 +5,7 @@
 
 #include "pane/AssignmentFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/MenuItems.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -9,8 +9,8 @@
 
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -5,9 +5,9 @@
 
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/PopUpButton.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -10,9 +10,9 @@
 #include "model/ItemFile.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/PopUpButton.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

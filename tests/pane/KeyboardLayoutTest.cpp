@@ -3,14 +3,14 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+#include "layouts/X11KeyboardLayout.h"
 #include "model/CommandCodes.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/keyboard/X11KeyboardLayout.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
 #include "support/EnvironmentVariable.h"
 #include "support/VirtualDisplay.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -8,9 +8,9 @@
 
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
 #include "support/EnvironmentVariable.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

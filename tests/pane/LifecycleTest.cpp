@@ -15,12 +15,12 @@
 #include <fstream>
 
 #include "assignment/EventPatch.h"
-#include "editors/MenuTags.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/PopUpButton.h"
+#include "resources/MenuTags.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -11,8 +11,8 @@
 #include <QTimer>
 
 #include "pane/PaneFixture.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
 
 namespace quorvi::test {
 

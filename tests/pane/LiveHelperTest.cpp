@@ -12,12 +12,12 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MiceList.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/StageBar.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MiceList.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/StageBar.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

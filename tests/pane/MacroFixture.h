@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "assignment/EventPatch.h"
+#include "layouts/XkbKeyboardLayout.h"
 #include "pane/ListTools.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 
 namespace quorvi::test {
 

@@ -5,7 +5,7 @@
 
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/PopUpButton.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -4,11 +4,11 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "editors/TableTags.h"
 #include "pane/AssignmentFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/MenuItems.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MenuItems.h"
 
 Q_DECLARE_METATYPE(quorvi::plist::Dictionary)
 

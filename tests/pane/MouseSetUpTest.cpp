@@ -11,7 +11,7 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
-#include "platform/widgets/MouseView.h"
+#include "widgets/MouseView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

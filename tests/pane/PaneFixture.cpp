@@ -12,7 +12,7 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/loginitems/AutostartLoginItemStore.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi::test {
 

@@ -9,10 +9,10 @@
 
 #include <QSignalSpy>
 
-#include "games/SteamLibrary.h"
+#include "applications/ApplicationPanel.h"
+#include "applications/games/SteamLibrary.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
-#include "platform/applications/ApplicationPanel.h"
 #include "support/EnvironmentVariable.h"
 
 using namespace quorvi;

@@ -10,8 +10,8 @@
 #include <thread>
 #include <vector>
 
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventBus.h"
+#include "events/DeviceList.h"
+#include "events/EventBus.h"
 
 namespace quorvi::test {
 

@@ -10,7 +10,7 @@
 
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/ThemeColours.h"
+#include "widgets/ThemeColours.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

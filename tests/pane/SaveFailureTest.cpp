@@ -9,10 +9,10 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
-#include "editors/TableTags.h"
-#include "model/ScriptedCalls.h"
+#include "base/ScriptedCalls.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
+#include "resources/TableTags.h"
 #include "support/Files.h"
 
 using namespace quorvi;

@@ -10,16 +10,16 @@
 #include <fstream>
 #include <iterator>
 
-#include "editors/TableTags.h"
 #include "model/ConfigFileStore.h"
 #include "model/SettingsDocument.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
 #include "plist/DeepCopy.h"
+#include "resources/TableTags.h"
 #include "support/Files.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -11,10 +11,10 @@
 #include "model/Keys.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/StageBar.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/StageBar.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

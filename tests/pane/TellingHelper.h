@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "events/FrontObject.h"
+#include "events/HelperObject.h"
 #include "pane/RecordingHelper.h"
-#include "platform/events/FrontObject.h"
-#include "platform/events/HelperObject.h"
 
 namespace quorvi::test {
 

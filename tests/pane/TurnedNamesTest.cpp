@@ -6,8 +6,8 @@
 
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

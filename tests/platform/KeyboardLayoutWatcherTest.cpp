@@ -7,10 +7,10 @@
 #include <QTimer>
 
 #include "keyboard/KeyNames.h"
+#include "layouts/WaylandKeyboardLayout.h"
+#include "layouts/X11KeyboardLayout.h"
+#include "layouts/XkbKeyboardLayout.h"
 #include "platform/KeyboardLayoutWatcher.h"
-#include "platform/keyboard/WaylandKeyboardLayout.h"
-#include "platform/keyboard/X11KeyboardLayout.h"
-#include "platform/keyboard/XkbKeyboardLayout.h"
 #include "support/Compositors.h"
 #include "support/EnvironmentVariable.h"
 #include "support/VirtualDisplay.h"

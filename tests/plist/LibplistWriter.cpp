@@ -1,8 +1,8 @@
 #include "plist/LibplistWriter.h"
 
+#include "base/Unicode.h"
 #include "plist/Carried.h"
 #include "plist/Node.h"
-#include "plist/Unicode.h"
 
 namespace quorvi::plist::samples {
 

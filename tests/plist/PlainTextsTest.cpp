@@ -3,9 +3,9 @@
 
 #include <random>
 
+#include "base/Unicode.h"
 #include "plist/PlainTexts.h"
 #include "plist/Samples.h"
-#include "plist/Unicode.h"
 
 namespace quorvi::plist {
 namespace {

@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "pane/ListTools.h"
-#include "platform/widgets/PopUpButton.h"
+#include "widgets/PopUpButton.h"
 
 namespace quorvi::test {
 

@@ -10,12 +10,12 @@
 #include <QPushButton>
 #include <QTabBar>
 
-#include "platform/widgets/KyvarQuorviSlider.h"
-#include "platform/widgets/MenuItems.h"
-#include "platform/widgets/MouseView.h"
-#include "platform/widgets/PopUpButton.h"
 #include "proof/Monkey.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "widgets/MenuItems.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
 
 namespace quorvi::test {
 

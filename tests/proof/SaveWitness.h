@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 
 namespace quorvi::test {
 

@@ -12,11 +12,11 @@
 #include <memory>
 #include <sys/stat.h>
 
+#include "base/Unicode.h"
 #include "model/ConfigFile.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/SettingsDocument.h"
-#include "plist/Unicode.h"
 #include "support/ChildProcess.h"
 #include "support/Files.h"
 
@@ -131,7 +131,7 @@ class Writers : public testing::TestWithParam<Setting> {
     [[nodiscard]] bool hasMacro(const std::string& name) const {
         const auto macros = tree().array(keys::macros);
         for (const auto& item : macros.items())
-            if (plist::toUtf8(item.dictionary().string(keys::name)) == name)
+            if (toUtf8(item.dictionary().string(keys::name)) == name)
                 return true;
         return false;
     }

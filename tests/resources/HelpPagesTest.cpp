@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <set>
 
-#include "assignment/Commands.h"
+#include "model/Commands.h"
 #include "resources/HelpPages.h"
 #include "resources/StringTables.h"
 #include "support/Files.h"

@@ -6,8 +6,8 @@
 #include <cctype>
 #include <regex>
 
+#include "base/Unicode.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 
 namespace quorvi::test {
 
@@ -42,7 +42,7 @@ StringTable readStringTable(const std::string& language) {
     const auto content = plist::readPropertyListFile(stringTablePath(language)).value.dictionary();
     for (const plist::Entry& entry : content.entries())
         if (const auto* text = entry.value.string())
-            table.emplace(entry.key, plist::toUtf8(*text));
+            table.emplace(entry.key, toUtf8(*text));
     return table;
 }
 

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/Unicode.h"
 #include "plist/PlainTexts.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 #include "resources/InterfaceFiles.h"
 #include "resources/StringTables.h"
 #include "support/Files.h"
@@ -43,7 +43,7 @@ TEST_P(StringTables, areOfTheFormThatIsReadFast) {
     ASSERT_TRUE(texts);
     StringTable read;
     for (const auto& [key, text] : *texts)
-        read.emplace(plist::toUtf8(key), plist::toUtf8(text));
+        read.emplace(toUtf8(key), toUtf8(text));
     EXPECT_EQ(read, m_table);
 }
 
@@ -75,7 +75,7 @@ TEST_P(StringTables, keepThePlaceholders) {
 TEST_P(StringTables, nameNewProfilesAndMacrosSoThatACounterFitsBehindThem) {
     constexpr std::size_t kUnits = 17;
     for (const char* key : {"Untitled Profile", "Untitled Macro"}) {
-        const std::u16string name = plist::toUtf16(m_table.at(key));
+        const std::u16string name = toUtf16(m_table.at(key));
         EXPECT_LE(name.size(), kUnits) << m_table.at(key);
         EXPECT_FALSE(name.empty());
     }

@@ -3,9 +3,9 @@
 #include <limits>
 
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/StageBar.h"
 #include "sensitivity/SensitivityFixture.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/StageBar.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -5,10 +5,10 @@
 #include <QDialog>
 #include <QTest>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 #include "pane/PaneFixture.h"
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
 
 namespace quorvi::test {
 

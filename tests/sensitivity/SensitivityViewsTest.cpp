@@ -1,9 +1,9 @@
 // The bar and the curve show what the controls show, and say it to a screen reader.
 
 #include "pane/PaneTestMain.h"
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/StageBar.h"
 #include "sensitivity/SensitivityFixture.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/StageBar.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "platform/events/EventTypes.h"
+#include "events/EventTypes.h"
 #include "support/ChildProcess.h"
 
 namespace quorvi::test {

@@ -9,9 +9,9 @@
 
 #include <systemd/sd-bus.h>
 
-#include "platform/events/DeviceList.h"
-#include "platform/events/EventsInterface.h"
-#include "platform/events/ProcessName.h"
+#include "events/DeviceList.h"
+#include "events/EventsInterface.h"
+#include "events/ProcessName.h"
 #include "support/ChildProcess.h"
 
 namespace quorvi::test {

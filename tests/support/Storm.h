@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "platform/events/EventTypes.h"
+#include "events/EventTypes.h"
 
 struct sd_bus;
 struct sd_bus_message;

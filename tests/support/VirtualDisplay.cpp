@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-#include "platform/keyboard/XcbXkb.h"
+#include "layouts/XcbXkb.h"
 
 namespace quorvi::test {
 

@@ -1,6 +1,6 @@
 #include <csignal>
 
-#include "platform/events/DeviceList.h"
+#include "events/DeviceList.h"
 #include "tools/RunningHelper.h"
 
 namespace quorvi::test {

@@ -1,7 +1,7 @@
 // The helper hears of what the command line did to the user's settings, as it hears it from the panel.
 
 #include "events/BusFixture.h"
-#include "platform/events/EventTypes.h"
+#include "events/EventTypes.h"
 #include "plist/Reader.h"
 #include "support/EnvironmentVariable.h"
 #include "tools/ToolFixture.h"

@@ -1,7 +1,7 @@
 // What the record says, on its whole way: through the kernel into the service, and out of it to the desktop.
 // What has to come out is what the engine says by itself, which has its own tests.
-#include "assignment/Commands.h"
 #include "engine/Witness.h"
+#include "model/Commands.h"
 #include "vm/support/Serviced.h"
 
 namespace quorvi::test {

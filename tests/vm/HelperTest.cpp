@@ -8,11 +8,11 @@
 #include <grp.h>
 #include <unistd.h>
 
+#include "events/HelperCalls.h"
+#include "events/SimulatedMouse.h"
 #include "model/CommandCodes.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"
-#include "platform/events/HelperCalls.h"
-#include "platform/events/SimulatedMouse.h"
 #include "support/EnvironmentVariable.h"
 #include "vm/support/HidMouse.h"
 #include "vm/support/Serviced.h"

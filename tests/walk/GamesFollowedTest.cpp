@@ -3,9 +3,9 @@
 
 #include <QTest>
 
-#include "games/SteamLibrary.h"
+#include "applications/games/SteamLibrary.h"
+#include "events/SimulatedMouse.h"
 #include "helper/front/X11Windows.h"
-#include "platform/events/SimulatedMouse.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "support/WaitUntil.h"

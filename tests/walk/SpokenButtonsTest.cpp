@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "assignment/Commands.h"
+#include "model/Commands.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "walk/Controls.h"

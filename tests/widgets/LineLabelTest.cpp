@@ -1,4 +1,4 @@
-#include "platform/widgets/LineLabel.h"
+#include "widgets/LineLabel.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QLineEdit>

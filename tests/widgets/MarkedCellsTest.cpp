@@ -2,8 +2,8 @@
 #include <QStandardItemModel>
 #include <QTableView>
 
-#include "platform/widgets/MarkedCells.h"
-#include "platform/widgets/ThemeColours.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

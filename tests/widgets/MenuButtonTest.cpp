@@ -1,5 +1,5 @@
-#include "platform/widgets/MenuButton.h"
-#include "platform/widgets/AccessibleWidgets.h"
+#include "widgets/MenuButton.h"
+#include "widgets/AccessibleWidgets.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>

@@ -1,6 +1,6 @@
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/FilledText.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/FilledText.h"
+#include "widgets/ShownText.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QLabel>

@@ -1,6 +1,6 @@
-#include "platform/widgets/PopUpButton.h"
-#include "platform/widgets/MenuItems.h"
+#include "widgets/PopUpButton.h"
 #include "support/WindowTools.h"
+#include "widgets/MenuItems.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>

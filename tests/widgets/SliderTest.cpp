@@ -1,5 +1,5 @@
-#include "platform/widgets/KyvarQuorviSlider.h"
 #include "support/SliderTools.h"
+#include "widgets/KyvarQuorviSlider.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QSignalSpy>

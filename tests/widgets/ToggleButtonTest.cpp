@@ -1,7 +1,7 @@
 // The button that records.
 #include <QTest>
 
-#include "platform/widgets/ToggleButton.h"
+#include "widgets/ToggleButton.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -1,9 +1,9 @@
-#include "platform/widgets/AccelerationCurve.h"
-#include "platform/widgets/KyvarQuorviTableView.h"
-#include "platform/widgets/StageBar.h"
-#include "platform/widgets/SymbolIcon.h"
-#include "platform/widgets/TableColumns.h"
-#include "platform/widgets/ThemeColours.h"
+#include "widgets/AccelerationCurve.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/StageBar.h"
+#include "widgets/SymbolIcon.h"
+#include "widgets/TableColumns.h"
+#include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
 
 #include <QHeaderView>

@@ -1,4 +1,4 @@
-#include "platform/widgets/WrappedLabel.h"
+#include "widgets/WrappedLabel.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -5,7 +5,7 @@
 #include <QWindow>
 
 #include "editors/files/ItemPanel.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 class QFileDialog;
 class QWidget;

@@ -8,8 +8,8 @@
 #include "model/Dependants.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
-#include "platform/widgets/NoticeBar.h"
-#include "platform/widgets/ShownText.h"
+#include "widgets/NoticeBar.h"
+#include "widgets/ShownText.h"
 #include "window/Notices.h"
 
 namespace quorvi {

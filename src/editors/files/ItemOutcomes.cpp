@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "platform/widgets/ShownText.h"
+#include "widgets/ShownText.h"
 
 namespace quorvi {
 

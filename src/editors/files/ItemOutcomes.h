@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/ItemFile.h"
-#include "platform/widgets/FilledText.h"
+#include "widgets/FilledText.h"
 
 namespace quorvi {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Unicode.h"
 #include "model/Keys.h"
-#include "plist/Unicode.h"
 
 namespace quorvi {
 
@@ -46,13 +46,13 @@ std::string textOf(
         auto name = profiles.dictionary(running.profile - 1U).string(keys::name);
         if (name.empty())
             name = localized(u"Default Profile");
-        return plist::toUtf8(localized(u"Profile:") + u' ' + shownName(std::move(name)));
+        return toUtf8(localized(u"Profile:") + u' ' + shownName(std::move(name)));
     }
     auto text = localized(running.dpiX == running.dpiY ? u"%d DPI" : u"X = %d, Y = %d DPI");
     putNumber(text, running.dpiX);
     if (running.dpiX != running.dpiY)
         putNumber(text, running.dpiY);
-    return plist::toUtf8(text);
+    return toUtf8(text);
 }
 
 } // namespace quorvi

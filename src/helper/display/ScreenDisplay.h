@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/events/AsyncCalls.h"
+#include "events/AsyncCalls.h"
 
 namespace quorvi {
 

@@ -5,14 +5,14 @@
 #include <memory>
 #include <vector>
 
+#include "events/EventLoop.h"
+#include "events/FrontObject.h"
 #include "helper/front/DesktopEntries.h"
 #include "helper/front/DesktopReports.h"
 #include "helper/front/FrontApplication.h"
 #include "helper/front/FrontSource.h"
 #include "helper/front/GnomeSource.h"
 #include "helper/front/Session.h"
-#include "platform/events/EventLoop.h"
-#include "platform/events/FrontObject.h"
 
 namespace quorvi::front {
 

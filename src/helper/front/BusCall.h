@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/events/AsyncCalls.h"
-#include "platform/events/EventBusPrivate.h"
+#include "events/AsyncCalls.h"
+#include "events/EventBusPrivate.h"
 
 namespace quorvi::front {
 

@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <optional>
 
+#include "applications/DesktopEntryKeys.h"
+#include "applications/ExecKey.h"
+#include "applications/games/GameIdentifiers.h"
 #include "model/SettingsDocument.h"
 #include "platform/Languages.h"
-#include "platform/applications/DesktopEntryKeys.h"
-#include "platform/applications/ExecKey.h"
-#include "platform/games/GameIdentifiers.h"
 
 namespace quorvi::front {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/events/EventBusPrivate.h"
+#include "events/EventBusPrivate.h"
 
 namespace quorvi::front {
 

@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include "base/Unicode.h"
 #include "helper/front/ProcessFacts.h"
 #include "model/Keys.h"
 #include "model/ProfileMatching.h"
-#include "plist/Unicode.h"
 
 namespace quorvi::front {
 
@@ -20,9 +20,9 @@ struct Description {
 };
 
 int match(const plist::Array& profiles, const Description& description) {
-    const auto application = plist::toUtf16(description.application);
-    const auto identifier = plist::toUtf16(description.identifier);
-    const auto executable = plist::toUtf16(description.executable);
+    const auto application = toUtf16(description.application);
+    const auto identifier = toUtf16(description.identifier);
+    const auto executable = toUtf16(description.executable);
     const auto given = [](const std::u16string& text) { return text.empty() ? nullptr : &text; };
     return KyvarMatchProfile(
         profiles, true, given(application), given(identifier), nullptr, given(executable));
@@ -58,7 +58,7 @@ FollowedProfile profileFor(const plist::Array& profiles, const FrontApplication&
             continue;
         const auto profile = static_cast<std::size_t>(index);
         const auto bound =
-            plist::toUtf8(profiles.dictionary(profile).dictionary(keys::driver).string(keys::application));
+            toUtf8(profiles.dictionary(profile).dictionary(keys::driver).string(keys::application));
         const bool hasEntry = !application.identifier.empty();
         return {profile, hasEntry || bound.empty() ? application.shownName : bound};
     }

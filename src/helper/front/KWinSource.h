@@ -3,11 +3,11 @@
 
 #include <string>
 
+#include "events/EventLoop.h"
+#include "events/Timer.h"
 #include "helper/front/BusCall.h"
 #include "helper/front/DesktopReports.h"
 #include "helper/front/FrontSource.h"
-#include "platform/events/EventLoop.h"
-#include "platform/events/Timer.h"
 
 namespace quorvi::front {
 

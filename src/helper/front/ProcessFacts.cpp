@@ -7,8 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "platform/applications/PathName.h"
-#include "platform/games/GameIdentifiers.h"
+#include "applications/PathName.h"
+#include "applications/games/GameIdentifiers.h"
 
 namespace quorvi::front {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/games/GameIdentifiers.h"
+#include "applications/games/GameIdentifiers.h"
 
 namespace quorvi::front {
 

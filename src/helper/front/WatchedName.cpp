@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/events/AsyncCalls.h"
-#include "platform/events/EventBusPrivate.h"
+#include "events/AsyncCalls.h"
+#include "events/EventBusPrivate.h"
 
 namespace quorvi::front {
 

@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/events/EventBus.h"
-#include "platform/events/SdBus.h"
+#include "events/EventBus.h"
+#include "events/SdBus.h"
 
 namespace quorvi::front {
 

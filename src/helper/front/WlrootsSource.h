@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "events/EventLoop.h"
+#include "events/ReturningSocket.h"
 #include "helper/front/FrontSource.h"
-#include "platform/events/EventLoop.h"
-#include "platform/events/ReturningSocket.h"
 
 struct wl_display;
 struct wl_registry;

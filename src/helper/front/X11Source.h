@@ -7,9 +7,9 @@
 
 #include <xcb/xcb.h>
 
+#include "events/EventLoop.h"
+#include "events/ReturningSocket.h"
 #include "helper/front/FrontSource.h"
-#include "platform/events/EventLoop.h"
-#include "platform/events/ReturningSocket.h"
 
 namespace quorvi::front {
 

@@ -8,12 +8,12 @@
 
 #include <linux/input-event-codes.h>
 
-#include "model/AtomicFile.h"
-#include "model/KeptCopies.h"
+#include "base/AtomicFile.h"
+#include "base/KeptCopies.h"
+#include "base/Unicode.h"
 #include "model/SettingsDocument.h"
 #include "plist/DeepCopy.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 #include "plist/Writer.h"
 
 namespace quorvi {
@@ -98,8 +98,7 @@ std::vector<std::string> ChosenMice::models() const {
 
 ChosenMouse ChosenMice::find(const std::string& model) const {
     const auto entry = mice().dictionary(model);
-    return {
-        plist::toUtf8(entry.string(kNameKey)), entry.boolean(kInUseKey), readDpi(entry), readCodes(entry)};
+    return {toUtf8(entry.string(kNameKey)), entry.boolean(kInUseKey), readDpi(entry), readCodes(entry)};
 }
 
 bool ChosenMice::anyInUse() const {
@@ -119,7 +118,7 @@ bool ChosenMice::set(const std::string& model, const ChosenMouse& mouse) {
         all.set(model, plist::Dictionary::create());
     }
     const auto entry = all.dictionary(model);
-    entry.set(kNameKey, plist::toUtf16(mouse.name));
+    entry.set(kNameKey, toUtf16(mouse.name));
     entry.set(kInUseKey, mouse.inUse);
     entry.set(kDpiKey, std::int32_t{mouse.dpi});
     entry.set(kCodesKey, arrayOf(mouse.codes));

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 
 namespace quorvi {
 

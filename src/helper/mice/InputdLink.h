@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/Options.h"
-#include "platform/events/AsyncCalls.h"
+#include "events/AsyncCalls.h"
 
 namespace quorvi {
 

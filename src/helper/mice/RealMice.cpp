@@ -7,11 +7,11 @@
 
 #include <linux/input-event-codes.h>
 
+#include "events/HelperInterface.h"
+#include "events/InputdInterface.h"
 #include "helper/mice/Connection.h"
-#include "inputd/InputdInterface.h"
 #include "model/CommandCodes.h"
 #include "model/ConfigRecord.h"
-#include "platform/events/HelperInterface.h"
 
 namespace quorvi {
 

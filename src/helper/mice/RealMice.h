@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "helper/Backend.h"
+#include "events/HelperObject.h"
+#include "events/Timer.h"
+#include "helper/mice/Backend.h"
 #include "helper/mice/ChosenMice.h"
 #include "helper/mice/InputdLink.h"
 #include "helper/mice/SystemBus.h"
-#include "platform/events/HelperObject.h"
-#include "platform/events/Timer.h"
 
 namespace quorvi {
 

@@ -3,9 +3,9 @@
 
 #include <functional>
 
-#include "platform/events/EventLoop.h"
-#include "platform/events/ReturningSocket.h"
-#include "platform/events/SdBus.h"
+#include "events/EventLoop.h"
+#include "events/ReturningSocket.h"
+#include "events/SdBus.h"
 
 namespace quorvi {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 #include "inputd/bus/OptionValues.h"
 #include "inputd/bus/WhoMay.h"
 #include "model/ConfigRecord.h"

@@ -4,11 +4,11 @@
 #include <set>
 #include <string>
 
-#include "inputd/UsedMice.h"
 #include "inputd/bus/AllowedUsers.h"
 #include "inputd/bus/Questions.h"
 #include "inputd/bus/Watchers.h"
 #include "inputd/devices/NodeList.h"
+#include "inputd/devices/UsedMice.h"
 
 namespace quorvi::inputd {
 

@@ -6,7 +6,7 @@
 
 #include <systemd/sd-event.h>
 
-#include "inputd/Loop.h"
+#include "inputd/loop/Loop.h"
 
 namespace quorvi::inputd {
 

@@ -5,7 +5,7 @@
 
 #include <linux/input-event-codes.h>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 
 namespace quorvi::inputd {
 

@@ -10,7 +10,7 @@
 #include <sys/types.h>
 #include <systemd/sd-bus.h>
 
-#include "platform/events/SdBus.h"
+#include "events/SdBus.h"
 
 namespace quorvi::inputd {
 

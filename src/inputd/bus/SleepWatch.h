@@ -4,8 +4,8 @@
 #include <functional>
 #include <optional>
 
-#include "inputd/Descriptor.h"
 #include "inputd/bus/Questions.h"
+#include "inputd/loop/Descriptor.h"
 
 namespace quorvi::inputd {
 

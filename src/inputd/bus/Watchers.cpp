@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 
 namespace quorvi::inputd {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
-#include "inputd/UsedMice.h"
+#include "events/SdBus.h"
 #include "inputd/bus/Questions.h"
-#include "platform/events/SdBus.h"
+#include "inputd/devices/UsedMice.h"
 
 namespace quorvi::inputd {
 

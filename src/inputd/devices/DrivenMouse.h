@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "engine/Engine.h"
-#include "inputd/Loop.h"
 #include "inputd/devices/InputNode.h"
 #include "inputd/devices/SharedKeyboard.h"
+#include "inputd/loop/Loop.h"
 
 namespace quorvi::inputd {
 

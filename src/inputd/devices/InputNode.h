@@ -12,7 +12,7 @@
 #include <linux/input.h>
 
 #include "engine/Engine.h"
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 
 struct libevdev;
 

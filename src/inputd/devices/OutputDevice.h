@@ -9,7 +9,7 @@
 
 #include <linux/input.h>
 
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 
 namespace quorvi::inputd {
 

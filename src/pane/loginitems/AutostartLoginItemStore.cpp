@@ -5,10 +5,10 @@
 #include <system_error>
 #include <utility>
 
-#include "model/AtomicFile.h"
-#include "model/Leftovers.h"
+#include "applications/DesktopEntryKeys.h"
+#include "base/AtomicFile.h"
+#include "base/Leftovers.h"
 #include "pane/loginitems/Files.h"
-#include "platform/applications/DesktopEntryKeys.h"
 
 namespace quorvi {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 #include "pane/loginitems/DesktopEntry.h"
 #include "pane/loginitems/LoginItemStore.h"
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "applications/DesktopEntryKeys.h"
+#include "applications/ExecKey.h"
+#include "applications/PathName.h"
 #include "pane/loginitems/PathText.h"
-#include "platform/applications/DesktopEntryKeys.h"
-#include "platform/applications/ExecKey.h"
-#include "platform/applications/PathName.h"
 
 namespace quorvi {
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "model/FileCalls.h"
-#include "platform/Status.h"
+#include "base/FileCalls.h"
+#include "base/Status.h"
 
 namespace quorvi {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Status.h"
+#include "base/Status.h"
 
 namespace quorvi {
 

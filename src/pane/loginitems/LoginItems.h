@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/Status.h"
 #include "pane/loginitems/LoginItemStore.h"
-#include "platform/Status.h"
 
 namespace quorvi {
 

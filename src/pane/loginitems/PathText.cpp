@@ -6,7 +6,7 @@
 #include <string>
 #include <type_traits>
 
-#include "plist/Unicode.h"
+#include "base/Unicode.h"
 
 namespace quorvi {
 
@@ -32,7 +32,7 @@ wint_t folded(wint_t c) {
 }
 
 std::wstring foldedText(std::string_view utf8) {
-    const std::u16string units = plist::toUtf16(utf8);
+    const std::u16string units = toUtf16(utf8);
     std::wstring text;
     for (std::size_t i = 0; i < units.size(); ++i) {
         char32_t c = units[i];
@@ -46,7 +46,7 @@ std::wstring foldedText(std::string_view utf8) {
 } // namespace
 
 bool isUtf8(std::string_view text) {
-    return plist::toUtf8(plist::toUtf16(text)) == text;
+    return toUtf8(toUtf16(text)) == text;
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

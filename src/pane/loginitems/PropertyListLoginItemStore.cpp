@@ -2,11 +2,11 @@
 
 #include <string_view>
 
-#include "model/AtomicFile.h"
-#include "model/Leftovers.h"
+#include "base/AtomicFile.h"
+#include "base/Leftovers.h"
+#include "base/Unicode.h"
 #include "pane/loginitems/Files.h"
 #include "plist/Reader.h"
-#include "plist/Unicode.h"
 #include "plist/Writer.h"
 
 namespace quorvi {
@@ -19,8 +19,8 @@ constexpr std::string_view kElementHide = "Hide";
 
 /// Every character of the path as it stands, or nothing: a replaced one would make it another path.
 std::optional<std::u16string> sayablePath(const std::string& path) {
-    auto text = plist::toUtf16(path);
-    if (plist::toXmlUtf8(text) != path)
+    auto text = toUtf16(path);
+    if (toXmlUtf8(text) != path)
         return std::nullopt;
     return text;
 }
@@ -36,7 +36,7 @@ LoginItem itemOf(const plist::Value& element, std::size_t index) {
     LoginItem item;
     const auto fields = element.dictionary();
     if (const auto* path = fields.value(kElementPath).string())
-        item.path = plist::toUtf8(*path);
+        item.path = toUtf8(*path);
     item.hide = fields.boolean(kElementHide);
     item.origin = index;
     return item;

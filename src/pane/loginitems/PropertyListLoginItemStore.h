@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/FileCalls.h"
+#include "base/FileCalls.h"
 #include "pane/loginitems/LoginItemStore.h"
 #include "plist/Value.h"
 

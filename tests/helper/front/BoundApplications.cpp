@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/Unicode.h"
 #include "model/Trees.h"
-#include "plist/Unicode.h"
 #include "plist/Writer.h"
 #include "support/Files.h"
 
@@ -16,10 +16,10 @@ std::string lastPart(const std::string& id) {
 }
 
 plist::Dictionary profileFor(const std::string& id, bool automatic) {
-    const auto name = plist::toUtf16(lastPart(id));
+    const auto name = toUtf16(lastPart(id));
     auto made = profile(name);
-    made.set("driver", dict({{"application", name}, {"identifier", plist::toUtf16(id)}, {"signature", u""},
-                           {"executable", plist::toUtf16(id + "-program")}, {"autoswitch", automatic}}));
+    made.set("driver", dict({{"application", name}, {"identifier", toUtf16(id)}, {"signature", u""},
+                           {"executable", toUtf16(id + "-program")}, {"autoswitch", automatic}}));
     return made;
 }
 

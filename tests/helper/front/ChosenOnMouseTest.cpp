@@ -1,8 +1,8 @@
 // Profiles that are chosen by a button of the mouse, while others follow the application in front.
+#include "events/HelperCalls.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
 #include "model/Trees.h"
-#include "platform/events/HelperCalls.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
 #include "support/Files.h"

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "platform/events/FrontInterface.h"
+#include "events/FrontInterface.h"
 #include "support/ProcessFigures.h"
 
 namespace quorvi::test {

@@ -1,11 +1,11 @@
 // Profiles that are bound to games of Steam.
-#include "games/SteamLibrary.h"
+#include "applications/games/GameIdentifiers.h"
+#include "applications/games/InstalledGames.h"
+#include "applications/games/SteamLibrary.h"
+#include "base/Unicode.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
 #include "model/Trees.h"
-#include "platform/games/GameIdentifiers.h"
-#include "platform/games/InstalledGames.h"
-#include "plist/Unicode.h"
 #include "plist/Writer.h"
 #include "support/Files.h"
 #include "support/WaitUntil.h"
@@ -28,9 +28,9 @@ class GamesInFront : public FollowingHelper {
         auto profiles = list({test::profile(u"Own")});
         for (const auto& game : some) {
             auto made = test::profile(u"Game");
-            made.set("driver", dict({{"application", plist::toUtf16(game.name)},
-                                   {"identifier", plist::toUtf16(game.identifier)}, {"signature", u""},
-                                   {"executable", plist::toUtf16(game.executable)}, {"autoswitch", true}}));
+            made.set("driver",
+                dict({{"application", toUtf16(game.name)}, {"identifier", toUtf16(game.identifier)},
+                    {"signature", u""}, {"executable", toUtf16(game.executable)}, {"autoswitch", true}}));
             profiles.append(made);
         }
         auto made = tree(profiles, list());

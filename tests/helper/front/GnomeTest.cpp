@@ -3,10 +3,10 @@
 
 #include <unistd.h>
 
+#include "events/FrontCalls.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/GnomeWindows.h"
 #include "helper/front/WaylandWindows.h"
-#include "platform/events/FrontCalls.h"
 #include "support/Compositors.h"
 #include "support/VirtualDisplay.h"
 #include "support/WaitUntil.h"

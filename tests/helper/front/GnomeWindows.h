@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "platform/events/EventBusPrivate.h"
+#include "events/EventBusPrivate.h"
 
 namespace quorvi::test {
 

@@ -1,7 +1,7 @@
 // The object that says which application is in front.
+#include "events/FrontInterface.h"
 #include "events/Introspection.h"
 #include "helper/front/FollowingHelper.h"
-#include "platform/events/FrontInterface.h"
 
 namespace quorvi::test {
 namespace {

@@ -2,10 +2,10 @@
 #include <csignal>
 #include <map>
 
+#include "events/HelperCalls.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
 #include "helper/support/StandInService.h"
-#include "platform/events/HelperCalls.h"
 #include "support/EnvironmentVariable.h"
 #include "support/WaitUntil.h"
 

@@ -1,10 +1,10 @@
 // Profiles follow the window in front on an X display with a window manager.
 #include <map>
 
+#include "events/FrontCalls.h"
+#include "events/HelperCalls.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"
-#include "platform/events/FrontCalls.h"
-#include "platform/events/HelperCalls.h"
 #include "support/ProcessFigures.h"
 
 namespace quorvi::test {

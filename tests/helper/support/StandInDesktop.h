@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/events/SdBus.h"
+#include "events/SdBus.h"
 
 namespace quorvi::test {
 

@@ -6,7 +6,7 @@
 
 #include <poll.h>
 
-#include "inputd/InputdInterface.h"
+#include "events/InputdInterface.h"
 #include "inputd/bus/OptionValues.h"
 
 namespace quorvi::test {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "engine/Options.h"
-#include "platform/events/SdBus.h"
+#include "events/SdBus.h"
 
 namespace quorvi::test {
 

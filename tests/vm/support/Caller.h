@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "engine/TestRecord.h"
-#include "inputd/InputdInterface.h"
-#include "platform/events/SdBus.h"
+#include "events/InputdInterface.h"
+#include "events/SdBus.h"
 
 namespace quorvi::test {
 

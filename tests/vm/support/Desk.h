@@ -11,7 +11,7 @@
 
 #include <linux/input.h>
 
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 
 namespace quorvi::test {
 

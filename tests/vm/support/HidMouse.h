@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "inputd/Descriptor.h"
+#include "inputd/loop/Descriptor.h"
 
 namespace quorvi::test {
 

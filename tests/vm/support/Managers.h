@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/events/SdBus.h"
+#include "events/SdBus.h"
 
 namespace quorvi::test {
 

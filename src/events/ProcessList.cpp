@@ -1,0 +1,177 @@
+#include <algorithm>
+
+#include "events/EventBusPrivate.h"
+#include "events/EventsInterface.h"
+#include "events/ProcessName.h"
+
+namespace quorvi {
+
+using std::chrono::steady_clock;
+
+namespace {
+
+constexpr char kBusName[] = "org.freedesktop.DBus";
+constexpr char kBusPath[] = "/org/freedesktop/DBus";
+
+/// For a whole look-up, however many questions it takes.
+constexpr std::chrono::milliseconds kLookupTimeout{1000};
+
+/// The serial number of a name's owner; procNotFound when it has none by now.
+Status ownerOf(EventBus::Private& connection, const std::string& name, EventBus::Private::Deadline deadline,
+    ProcessSerialNumber& psn) {
+    Status status = noErr;
+    const auto reply =
+        connection.call(kBusName, kBusPath, kBusName, "GetNameOwner", deadline, status, "s", name.c_str());
+    const char* owner = nullptr;
+    if (!reply)
+        return status;
+    if (sd_bus_message_read_basic(reply.get(), 's', &owner) <= 0)
+        return connectionInvalid;
+    const auto number = events::psnFromUniqueName(owner);
+    psn = number.value_or(psn);
+    return number ? noErr : procNotFound;
+}
+
+/// The process names on the bus that are wanted.
+template <typename Wanted>
+Status listNames(EventBus::Private& connection, EventBus::Private::Deadline deadline, Wanted&& wanted,
+    std::vector<std::string>& processNames) {
+    Status status = noErr;
+    const auto reply = connection.call(kBusName, kBusPath, kBusName, "ListNames", deadline, status, "");
+    if (!reply)
+        return status;
+    if (sd_bus_message_enter_container(reply.get(), 'a', "s") < 0)
+        return connectionInvalid;
+    const char* name = nullptr;
+    while (sd_bus_message_read_basic(reply.get(), 's', &name) > 0)
+        if (const auto processName = events::processNameOf(name); processName && wanted(*processName))
+            processNames.emplace_back(*processName);
+    return noErr;
+}
+
+/// The processes whose name is wanted, in order.
+template <typename Wanted>
+Status listProcesses(EventBus::Private& connection, Wanted&& wanted, std::vector<ProcessEntry>& list) {
+    const auto deadline = steady_clock::now() + kLookupTimeout;
+    std::vector<std::string> names;
+    if (const Status status = listNames(connection, deadline, wanted, names); status != noErr)
+        return status;
+    for (auto& name : names) {
+        ProcessSerialNumber psn;
+        const Status status = ownerOf(connection, events::wellKnownName(name), deadline, psn);
+        if (status == noErr)
+            list.push_back({psn, std::move(name)});
+        else if (status != procNotFound) // it may have left since the names were listed
+            return status;
+    }
+    std::sort(list.begin(), list.end());
+    return noErr;
+}
+
+bool every(std::string_view) {
+    return true;
+}
+
+} // namespace
+
+std::vector<ProcessEntry> EventBus::processes() {
+    std::vector<ProcessEntry> list;
+    if (listProcesses(*d, every, list) != noErr)
+        list.clear();
+    return list;
+}
+
+Status EventBus::getNextProcess(ProcessSerialNumber& psn) {
+    std::vector<ProcessEntry> list;
+    if (const Status status = listProcesses(*d, every, list); status != noErr)
+        return status;
+    const auto next =
+        std::find_if(list.begin(), list.end(), [&](const ProcessEntry& entry) { return entry.psn > psn; });
+    psn = next == list.end() ? ProcessSerialNumber{} : next->psn;
+    return next == list.end() ? procNotFound : noErr;
+}
+
+Status EventBus::getProcessInformation(const ProcessSerialNumber& psn, std::string& name) {
+    std::vector<ProcessEntry> list;
+    if (const Status status = listProcesses(*d, every, list); status != noErr)
+        return status;
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const ProcessEntry& entry) { return entry.psn == psn; });
+    if (found == list.end())
+        return procNotFound;
+    name = found->name;
+    return noErr;
+}
+
+Status EventBus::findProcessByName(std::string_view name, ProcessSerialNumber* psn) {
+    auto found = d->known.find(name);
+    if (!found) {
+        d->known.startWatching();
+        d->notifyPending(); // it may be what finds out that the bus went away
+        std::vector<ProcessEntry> list;
+        const auto wanted = [&](std::string_view other) { return events::sameProcessName(name, other); };
+        if (const Status status = listProcesses(*d, wanted, list); status != noErr)
+            return status;
+        if (list.empty())
+            return procNotFound;
+        found = list.front().psn;
+        d->known.remember(name, *found);
+    }
+    if (psn)
+        *psn = *found;
+    return noErr;
+}
+
+std::vector<ProcessSerialNumber> EventBus::processesInLine(std::string_view processName) {
+    std::vector<ProcessSerialNumber> line;
+    Status status = noErr;
+    const std::string name = events::wellKnownName(processName);
+    const auto reply = d->call(kBusName, kBusPath, kBusName, "ListQueuedOwners",
+        steady_clock::now() + kLookupTimeout, status, "s", name.c_str());
+    if (!reply || sd_bus_message_enter_container(reply.get(), 'a', "s") < 0)
+        return line;
+    const char* process = nullptr;
+    while (sd_bus_message_read_basic(reply.get(), 's', &process) > 0)
+        if (const auto psn = events::psnFromUniqueName(process))
+            line.push_back(*psn);
+    return line;
+}
+
+void EventBus::onProcessesChanged(std::function<void()> function) {
+    if (function)
+        d->known.watch();
+    d->processesChangedFunction = std::move(function);
+    d->notifyPending();
+}
+
+void EventBus::Private::noteProcessesChanged() {
+    if (processesChangedFunction && (work.empty() || !std::holds_alternative<ProcessesChanged>(work.back())))
+        work.emplace_back(ProcessesChanged{});
+}
+
+void EventBus::Private::dispatch(ProcessesChanged) {
+    if (const auto function = processesChangedFunction) // keeps it while it takes itself back
+        function();
+}
+
+NameResult EventBus::ownName(std::string_view processName, NameMode mode) {
+    const std::string name = events::wellKnownName(processName);
+    const std::uint64_t flags = mode == NameMode::queueBehindOwner ? SD_BUS_NAME_QUEUE : 0;
+    const int result = sd_bus_request_name(d->bus.get(), name.c_str(), flags);
+    d->notifyPending();
+    if (result == -EEXIST)
+        return NameResult::taken;
+    if (result > 0 || result == -EALREADY)
+        return NameResult::owned;
+    return result == 0 ? NameResult::queued : NameResult::failed;
+}
+
+Status EventBus::releaseName(std::string_view processName) {
+    const int result = sd_bus_release_name(d->bus.get(), events::wellKnownName(processName).c_str());
+    d->notifyPending();
+    if (result >= 0)
+        return noErr;
+    return result == -ESRCH || result == -EADDRINUSE ? procNotFound : connectionInvalid;
+}
+
+} // namespace quorvi

@@ -1,0 +1,73 @@
+#include "layouts/WaylandKeyboardLayout.h"
+
+#include "layouts/WaylandConnection.h"
+#include "layouts/WaylandKeyboards.h"
+
+namespace quorvi {
+
+namespace {
+
+/// How long a program may wait for a compositor that hangs.
+constexpr std::chrono::milliseconds patience{250};
+
+/// From the registry to the seats, from the seats to their keyboards, from the keyboards to the keymaps.
+constexpr int roundtripsToKeymap = 3;
+
+class BorrowedWaylandKeyboard final : public LiveKeyboardLayout {
+  public:
+    explicit BorrowedWaylandKeyboard(wl_display& display) : m_keyboards(display, [this] { changed(); }) {}
+
+  protected:
+    [[nodiscard]] KeyboardLayoutRef read() override { return m_keyboards.layout(); }
+
+  private:
+    WaylandKeyboards m_keyboards;
+};
+
+class OwnWaylandKeyboard final : public LiveKeyboardLayout {
+  public:
+    explicit OwnWaylandKeyboard(WaylandDisplay display)
+        : m_display(std::move(display)), m_keyboards(*m_display, [this] { changed(); }) {}
+
+    /// Waits for the first keymap; false when there is none.
+    [[nodiscard]] bool waitForKeymap() {
+        const Deadline deadline = std::chrono::steady_clock::now() + patience;
+        for (int i = 0; i < roundtripsToKeymap && !m_keyboards.haveKeymap(); ++i)
+            if (!waylandRoundtrip(*m_display, deadline))
+                return false;
+        return m_keyboards.haveKeymap();
+    }
+
+    [[nodiscard]] int fd() const override {
+        return wl_display_get_error(m_display.get()) == 0 ? wl_display_get_fd(m_display.get()) : -1;
+    }
+
+    void process() override {
+        while (readWaylandEvents(*m_display, std::chrono::steady_clock::now())) {
+        }
+        wl_display_flush(m_display.get()); // what the events have made us ask for
+    }
+
+  protected:
+    [[nodiscard]] KeyboardLayoutRef read() override { return m_keyboards.layout(); }
+
+  private:
+    WaylandDisplay m_display;
+    WaylandKeyboards m_keyboards;
+};
+
+} // namespace
+
+std::unique_ptr<LiveKeyboardLayout> connectToWaylandKeyboard() {
+    WaylandDisplay display(wl_display_connect(nullptr));
+    if (!display)
+        return nullptr;
+    auto keyboard = std::make_unique<OwnWaylandKeyboard>(std::move(display));
+    return keyboard->waitForKeymap() ? std::move(keyboard) : nullptr;
+}
+
+std::unique_ptr<LiveKeyboardLayout> borrowWaylandKeyboard(wl_display& display) {
+    return std::make_unique<BorrowedWaylandKeyboard>(display);
+}
+
+} // namespace quorvi

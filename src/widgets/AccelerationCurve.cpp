@@ -1,0 +1,90 @@
+#include "widgets/AccelerationCurve.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "widgets/ThemeColours.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr int points = 48; ///< of the curve: no corner shows at this size
+constexpr qreal margin = 4.0;
+constexpr qreal curveWidth = 2.4;
+constexpr qreal labelGap = 2.0;
+
+} // namespace
+
+AccelerationCurve::AccelerationCurve(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void AccelerationCurve::setFactor(float factor) {
+    m_factor = effectiveAcceleration(factor);
+    update();
+}
+
+void AccelerationCurve::setHandLabel(const QString& label) {
+    m_handLabel = label;
+    updateGeometry();
+    update();
+}
+
+void AccelerationCurve::setPointerLabel(const QString& label) {
+    m_pointerLabel = label;
+    updateGeometry();
+    update();
+}
+
+QRectF AccelerationCurve::plot() const {
+    const qreal label = fontMetrics().height() + labelGap;
+    return QRectF(rect()).adjusted(label, margin, -margin, -label);
+}
+
+QPointF AccelerationCurve::pointAt(double handSpeed, double factor) const {
+    const QRectF area = plot();
+    return {area.left() + handSpeed * area.width(),
+        area.bottom() - pointerSpeed(handSpeed, factor) / double(highestAcceleration) * area.height()};
+}
+
+QSize AccelerationCurve::sizeHint() const {
+    return {12 * fontMetrics().height(), 8 * fontMetrics().height()};
+}
+
+QSize AccelerationCurve::minimumSizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    const int label = metrics.height() + int(labelGap + 2 * margin);
+    return {qMax(8 * metrics.height(), metrics.horizontalAdvance(m_handLabel) + label),
+        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + label)};
+}
+
+void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area = plot();
+    painter.fillRect(area, palette().color(QPalette::Base));
+    painter.setPen(QPen(outlineColour(palette()), 1));
+    painter.drawLine(area.topLeft(), area.bottomLeft());
+    painter.drawLine(area.bottomLeft(), area.bottomRight());
+
+    painter.setPen(QPen(mutedTextColour(palette()), 1.2, Qt::DashLine));
+    painter.drawLine(pointAt(0, double(neutralAcceleration)), pointAt(1, double(neutralAcceleration)));
+
+    QPainterPath curve(pointAt(0, double(m_factor)));
+    for (int point = 1; point <= points; ++point)
+        curve.lineTo(pointAt(double(point) / points, double(m_factor)));
+    painter.setPen(QPen(markColour(palette()), curveWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(curve);
+
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QRectF below(area.left(), area.bottom() + labelGap, area.width(), fontMetrics().height());
+    painter.drawText(
+        below, Qt::AlignCenter, fontMetrics().elidedText(m_handLabel, Qt::ElideRight, int(area.width())));
+    painter.translate(0, area.bottom());
+    painter.rotate(-90);
+    painter.drawText(QRectF(0, 0, area.height(), fontMetrics().height()), Qt::AlignCenter,
+        fontMetrics().elidedText(m_pointerLabel, Qt::ElideRight, int(area.height())));
+}
+
+} // namespace quorvi

@@ -1,0 +1,136 @@
+#include "widgets/KyvarQuorviSlider.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <utility>
+
+namespace quorvi {
+
+KyvarQuorviSlider::KyvarQuorviSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
+    // Every way in which the user moves a slider passes through this signal before the value changes.
+    connect(this, &QAbstractSlider::actionTriggered, this, &KyvarQuorviSlider::snapToStep);
+    connect(this, &QAbstractSlider::valueChanged, this, &KyvarQuorviSlider::announceChoice);
+}
+
+KyvarQuorviSlider::~KyvarQuorviSlider() {
+    endMouseDown();
+}
+
+void KyvarQuorviSlider::setValuesPerUnit(int values) {
+    m_valuesPerUnit = qMax(1, values);
+}
+
+// Some styles ask for less than their own handle takes beside tick marks, and cut it off. They draw it in the
+// middle, so that two more pixels move it by one.
+QSize KyvarQuorviSlider::withWholeHandle(QSize size) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto isCut = [&](int height) {
+        option.rect = QRect(0, 0, size.width(), height);
+        const QRect handle =
+            style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+        return handle.top() < 0 || handle.bottom() >= height;
+    };
+    constexpr int most = 8; // of what is added
+    int added = 0;
+    while (added < most && isCut(size.height() + added))
+        ++added;
+    return {size.width(), size.height() + added};
+}
+
+float KyvarQuorviSlider::floatValue() const {
+    return float(value()) / float(m_valuesPerUnit);
+}
+
+void KyvarQuorviSlider::setFloatValue(float value) {
+    const double whole = std::round(double(value) * m_valuesPerUnit);
+    setValue(whole >= minimum() ? int(qMin(whole, double(maximum()))) : minimum());
+}
+
+int KyvarQuorviSlider::nearestStep(int value) const {
+    const int step = qMax(1, singleStep());
+    const int lastStep = (maximum() - minimum()) / step;
+    const int nearest = (value - minimum() + step / 2) / step;
+    return minimum() + step * qBound(0, nearest, lastStep);
+}
+
+// A step up from between two steps ends on the next one, not on the one after it.
+void KyvarQuorviSlider::snapToStep(int action) {
+    const int step = qMax(1, singleStep());
+    int position = nearestStep(sliderPosition());
+    const bool up = action == SliderSingleStepAdd || action == SliderPageStepAdd;
+    const bool down = action == SliderSingleStepSub || action == SliderPageStepSub;
+    if (up && position > sliderPosition())
+        position = nearestStep(position - step);
+    else if (down && position < sliderPosition())
+        position = nearestStep(position + step);
+    setSliderPosition(position);
+    m_userMoves = sliderPosition() != value();
+}
+
+void KyvarQuorviSlider::announceChoice(int newValue) {
+    if (!m_userMoves)
+        return;
+    m_userMoves = false;
+    emit valueChosen(newValue);
+}
+
+void KyvarQuorviSlider::mousePressEvent(QMouseEvent* event) {
+    // Before the slider's own handling, which may choose a value at once.
+    if (event->button() == Qt::LeftButton && !m_mouseIsDown) {
+        m_mouseIsDown = true;
+        emit mouseDownBegan();
+    }
+    QSlider::mousePressEvent(event);
+}
+
+void KyvarQuorviSlider::mouseReleaseEvent(QMouseEvent* event) {
+    QSlider::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        endMouseDown();
+}
+
+void KyvarQuorviSlider::endMouseDown() {
+    if (std::exchange(m_mouseIsDown, false))
+        emit mouseDownEnded();
+}
+
+void KyvarQuorviSlider::hideEvent(QHideEvent* event) {
+    QSlider::hideEvent(event);
+    endMouseDown();
+}
+
+void KyvarQuorviSlider::changeEvent(QEvent* event) {
+    QSlider::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        endMouseDown();
+}
+
+bool KyvarQuorviSlider::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate)
+        endMouseDown();
+    return QSlider::event(event);
+}
+
+void KyvarQuorviSlider::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    // Turning away from oneself and to the left both mean more, as everywhere in this toolkit.
+    const QPoint angle = event->angleDelta();
+    int turn = angle.y() != 0 ? angle.y() : -angle.x();
+    if (event->inverted())
+        turn = -turn;
+    if ((turn < 0) != (m_turned < 0))
+        m_turned = 0;
+    const bool byPages = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+    m_turned += turn * (byPages ? 1 : qMax(1, QApplication::wheelScrollLines()));
+    const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0)
+        setSliderPosition(nearestStep(value()) + steps * (byPages ? pageStep() : qMax(1, singleStep())));
+}
+
+} // namespace quorvi

@@ -1,0 +1,157 @@
+// The panel's table: whole rows, one at a time. The dynamic property "tag" tells the tables apart: 1
+// profiles, 2 macros, 3 steps, 4 stages.
+#pragma once
+
+#include <QAccessible>
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QTableView>
+
+#include "widgets/AccessibleWidgets.h"
+
+namespace quorvi {
+
+class KyvarQuorviTableView;
+class PopUpCells;
+
+// The kinds of mouse event that a table tells its delegate of.
+inline constexpr int kLeftMouseDown = 1;
+inline constexpr int kLeftMouseUp = 2;
+inline constexpr int kRightMouseDown = 3;
+inline constexpr int kRightMouseUp = 4;
+inline constexpr int kOtherMouseDown = 25;
+inline constexpr int kOtherMouseUp = 26;
+
+// The keys that a table hands to its delegate.
+inline constexpr char16_t kDeleteKeyCharacter = 0x7F; ///< Backspace
+inline constexpr char16_t kForwardDeleteKeyCharacter = 0xF728;
+inline constexpr char16_t kDeleteCharacterKeyCharacter = 0xF73E;
+
+/// Who is asked before a table acts on a mouse button or a delete key.
+class TableDelegate {
+  public:
+    virtual ~TableDelegate() = default;
+
+    /// True when the event is dealt with and the table is not to act on it. The type is one of those above; a
+    /// double click comes as one more press.
+    virtual bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) = 0;
+    /// One of the three keys above was pressed in the table; the row is the selected one, -1 for none.
+    virtual void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) = 0;
+};
+
+class KyvarQuorviTableView : public QTableView {
+    Q_OBJECT
+
+  public:
+    explicit KyvarQuorviTableView(QWidget* parent = nullptr);
+
+    /// The table's tag; 0 when it has none.
+    [[nodiscard]] int tag() const;
+
+    /// The selected row; -1 when none is.
+    [[nodiscard]] int selectedRow() const;
+    /// Selects the row and no other, and brings it into view; a row that does not exist selects none.
+    void selectRowAlone(int row);
+    void deselectAll();
+    using QTableView::edit;
+    /// Starts an edit of the cell, with its text selected; does nothing where the cell cannot be edited.
+    void editCell(int column, int row);
+    /// Whether the user is typing into a cell.
+    [[nodiscard]] bool isEditing() const { return state() == EditingState; }
+    /// Calls an edit of a cell off that is under way: what was typed is dropped.
+    void abortEditing();
+
+    /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
+    /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
+    /// that open other pop-ups, for the selected row.
+    void setPopUpColumn(int column, QMenu* menu);
+
+    /// Whether the cell is such a pop-up.
+    [[nodiscard]] bool isPopUp(const QModelIndex& cell) const;
+    /// Opens the menu of such a cell; one that is not enabled opens nothing.
+    void openMenuOf(const QModelIndex& cell);
+    /// Clicks the check box of the cell and makes the cell current; false when it has none that can be.
+    bool toggleCell(const QModelIndex& cell);
+
+    /// What the table says while it has no rows.
+    [[nodiscard]] QString emptyText() const { return m_emptyText->text(); }
+    void setEmptyText(const QString& text) { m_emptyText->setText(text); }
+
+    /// The context menu, which belongs to the panel; nullptr when there is none.
+    [[nodiscard]] QMenu* menu() const { return m_menu; }
+    void setMenu(QMenu* menu);
+    /// The menu to open on the event; nullptr for none, and always while the table is disabled. A click picks
+    /// the row under it first, or none where there is no row; the menu key leaves the selection.
+    [[nodiscard]] QMenu* menuForEvent(const QContextMenuEvent& event);
+
+    /// Without a delegate the table does nothing on mouse buttons.
+    void setDelegate(TableDelegate* delegate) { m_delegate = delegate; }
+
+    /// Lays the columns of the new model out as tableColumns() of this tag says; a table that has not been
+    /// shown yet does so when it is.
+    void setModel(QAbstractItemModel* model) override;
+    /// Has setModel() called when there is need of the model, which must live until then: to connect one
+    /// takes part of the time until the first window, also for tables that are not in it. Until then there is
+    /// no row and no selection. The first showing needs it; a table that has been shown gets it now.
+    void setModelLater(QAbstractItemModel* model);
+    /// For whoever else is to know of rows, of columns or of changes of them. Does nothing once that is done.
+    void completeModel();
+
+  signals:
+    /// Another row is selected, or none.
+    void selectedRowChanged();
+
+  protected:
+    /// Measures nothing before the first showing: titles need a font that nothing else in the window has.
+    void updateGeometries() override;
+    void showEvent(QShowEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Tells assistive programs which cell the keys are for, which the focus of the table alone does not say.
+    void focusInEvent(QFocusEvent* event) override;
+    /// Tells assistive programs of the current cell only while the table has the focus: the lists are filled
+    /// again and again behind other tabs.
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    /// Names the field that a name is typed into.
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
+
+  private:
+    void layOutColumns();
+    /// Whether the point, of the viewport, is on the cell's check box.
+    [[nodiscard]] bool isOnCheckBox(const QModelIndex& cell, const QPoint& point) const;
+    [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
+    void showEmptyText();
+    void alignTitles();
+    void colourEmptyText();
+    /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
+    bool editSelectedRow();
+    /// Does that for the selected row, whichever of its cells is current.
+    bool toggleSelectedRow();
+    /// The first cell of the selected row with the flag; invalid when there is none.
+    [[nodiscard]] QModelIndex cellOfSelectedRow(Qt::ItemFlag flag) const;
+    /// While no row is selected, a key that moves in the list selects the row that is current, from which it
+    /// would move otherwise: a list of one row could not be used. False when there is nothing to do.
+    bool selectCurrentRow(int key);
+    /// Opens the menu for the selected row.
+    void openMenuByKey();
+    void tellOfCell(const QModelIndex& index, QAccessible::Event what);
+
+    std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
+    QPointer<QMenu> m_menu;
+    QPointer<QAbstractItemModel> m_awaitedModel; ///< null once it is the table's
+    TableDelegate* m_delegate = nullptr;
+    PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
+    QLabel* m_emptyText;
+    bool m_hasBeenShown = false;
+    bool m_rightPressWasTaken = false;
+    Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
+};
+
+} // namespace quorvi

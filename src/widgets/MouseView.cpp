@@ -1,0 +1,167 @@
+#include "widgets/MouseView.h"
+
+#include "widgets/MouseDrawing.h"
+
+#include <QHelpEvent>
+#include <QLineF>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <utility>
+
+namespace quorvi {
+
+namespace {
+
+constexpr int wheelUp = 8;
+constexpr int wheelDown = 9;
+constexpr int wheelMarkMs = 300;
+constexpr int numberSize = 13; // of the letters, on the sheet
+constexpr qreal reach = 1.35;  // around a number, of its radius: small circles are hard to hit
+
+} // namespace
+
+MouseView::MouseView(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setMouseTracking(true);
+    connect(&m_marks, &InputMarks::changed, this, QOverload<>::of(&QWidget::update));
+    m_wheelRest.setSingleShot(true);
+    m_wheelRest.setInterval(wheelMarkMs);
+    connect(&m_wheelRest, &QTimer::timeout, this, [this] {
+        for (const auto reason : {InputMarks::Pressed, InputMarks::Reported}) {
+            m_marks.set(wheelUp, reason, false);
+            m_marks.set(wheelDown, reason, false);
+        }
+    });
+}
+
+void MouseView::setReported(bool reported) {
+    m_reported = reported;
+    m_pressed.setActive(!reported);
+}
+
+void MouseView::reportInput(int input, bool pressed) {
+    m_marks.set(input, InputMarks::Reported, pressed);
+    if (input == wheelUp || input == wheelDown) {
+        m_marks.set(input == wheelUp ? wheelDown : wheelUp, InputMarks::Reported, false);
+        m_wheelRest.start();
+    }
+}
+
+void MouseView::setLights(bool wheel, bool battery) {
+    m_wheelIsLit = wheel;
+    m_batteryIsLit = battery;
+    update();
+}
+
+QTransform MouseView::fromSheet() const {
+    return sheetOn(size());
+}
+
+QPointF MouseView::middleOfInput(int input) const {
+    return fromSheet().map(placeOfInput(input));
+}
+
+qreal MouseView::radiusOfInput() const {
+    return badgeRadius * fromSheet().m11();
+}
+
+int MouseView::inputAt(const QPointF& point) const {
+    for (int input = 1; input <= mouseInputs; ++input) {
+        if (QLineF(point, middleOfInput(input)).length() <= radiusOfInput() * reach)
+            return input;
+    }
+    return 0;
+}
+
+QSize MouseView::sizeHint() const {
+    return mouseSheet.toSize();
+}
+
+QSize MouseView::minimumSizeHint() const {
+    return {160, 240};
+}
+
+void MouseView::pointAt(int input) {
+    m_marks.setOnly(input, InputMarks::Pointed);
+    setCursor(input != 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void MouseView::mouseMoveEvent(QMouseEvent* event) {
+    pointAt(inputAt(event->pos()));
+}
+
+bool MouseView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    explain(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+void MouseView::explain(const QHelpEvent& event) {
+    const int input = inputAt(event.pos());
+    const QString text = input != 0 && m_explanation ? m_explanation(input) : QString();
+    if (text.isEmpty())
+        return QToolTip::hideText();
+    QString lines = text.toHtmlEscaped(); // names are shown as they are
+    lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    const qreal reached = radiusOfInput() * reach;
+    const QRectF around(middleOfInput(input) - QPointF(reached, reached), QSizeF(2 * reached, 2 * reached));
+    QToolTip::showText(
+        event.globalPos(), QStringLiteral("<span>%1</span>").arg(lines), this, around.toAlignedRect());
+}
+
+void MouseView::leaveEvent(QEvent* /*event*/) {
+    pointAt(0);
+}
+
+void MouseView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        m_clicked = inputAt(event->pos());
+}
+
+void MouseView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const int pressed = std::exchange(m_clicked, 0);
+    if (pressed != 0 && inputAt(event->pos()) == pressed)
+        emit inputClicked(pressed);
+}
+
+// The event stays the host's: it may scroll what the view stands in.
+void MouseView::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+    const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
+    if (turn == 0 || m_reported)
+        return;
+    m_marks.set(turn > 0 ? wheelUp : wheelDown, InputMarks::Pressed, true);
+    m_marks.set(turn > 0 ? wheelDown : wheelUp, InputMarks::Pressed, false);
+    m_wheelRest.start();
+}
+
+BadgeState MouseView::stateOf(int input) const {
+    if (isEnabled() && m_marks.isPressed(input))
+        return BadgeState::Pressed;
+    if (isEnabled() && m_marks.isMarked(input))
+        return BadgeState::Marked;
+    return m_marks.isKnown(input) ? BadgeState::Known : BadgeState::Plain;
+}
+
+void MouseView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(fromSheet(), true);
+    drawMouse(painter, palette(), m_wheelIsLit, m_batteryIsLit);
+
+    QFont numbers = font();
+    numbers.setPixelSize(numberSize);
+    numbers.setBold(true);
+    painter.setFont(numbers);
+    for (int input = 1; input <= mouseInputs; ++input) {
+        drawBadge(painter, palette(), input, stateOf(input));
+    }
+}
+
+} // namespace quorvi

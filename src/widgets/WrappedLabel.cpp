@@ -1,0 +1,24 @@
+#include "widgets/WrappedLabel.h"
+
+namespace quorvi {
+
+namespace {
+
+/// A layout goes back and forth between a few widths; a window that is resized goes through hundreds.
+constexpr std::size_t kMaxHeights = 16;
+
+} // namespace
+
+int WrappedLabel::heightForWidth(int width) const {
+    const QFontMetrics font = fontMetrics();
+    if (m_measuredText != text() || m_measuredFont != font || m_heights.size() == kMaxHeights) {
+        m_measuredText = text();
+        m_measuredFont = font;
+        m_heights.clear();
+    }
+    if (const auto known = m_heights.find(width); known != m_heights.end())
+        return known->second;
+    return m_heights[width] = QLabel::heightForWidth(width);
+}
+
+} // namespace quorvi
