@@ -13,6 +13,7 @@
 #include "resources/Interface.h"
 #include "widgets/PopUpButton.h"
 #include "widgets/ShownText.h"
+#include "window/ShownStep.h"
 
 namespace quorvi {
 
@@ -46,7 +47,7 @@ QString KyvarQuorviPane::stepsOfMacro(const plist::Dictionary& assignment) const
         fDocument.macros().dictionary(static_cast<std::size_t>(index)).array(keys::steps);
     QStringList texts;
     for (std::size_t i = 0; i < std::min<std::size_t>(steps.size(), limits::macroSteps); ++i)
-        texts << textOfStep(steps.dictionary(i));
+        texts << shownStep(steps.dictionary(i), panelText());
     return texts.join(QStringLiteral(" · "));
 }
 

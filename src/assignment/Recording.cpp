@@ -5,7 +5,9 @@
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
+#include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -81,7 +83,7 @@ void KyvarQuorviPane::endRecordingByEscape() {
 
 void KyvarQuorviPane::showRecordedStep() {
     KyvarQuorviTableView* table = fViews->main.quorviTableSteps;
-    reloadData(table);
+    listWithTag(kStepsTable)->reload();
     if (fRecorder.isForOneStep())
         startStopRecording(false, false);
     else

@@ -1,4 +1,4 @@
-// What the tables ask before they act on a mouse button or a delete key.
+// What the tables ask before they act on a mouse button.
 
 #include <QMouseEvent>
 
@@ -6,8 +6,6 @@
 
 #include "macros/StepCodes.h"
 #include "pane/KyvarQuorviPane.h"
-#include "resources/TableTags.h"
-#include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
 
@@ -27,28 +25,6 @@ bool KyvarQuorviPane::handleMouseEvent(const QMouseEvent& event, int type, Kyvar
     if (code)
         recordMouse(*code);
     return code.has_value();
-}
-
-void KyvarQuorviPane::handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int /*row*/) {
-    if (key != kDeleteKeyCharacter && key != kForwardDeleteKeyCharacter &&
-        key != kDeleteCharacterKeyCharacter)
-        return;
-    switch (table->tag()) {
-    case kProfilesTable:
-        actionButtonProfileRemove();
-        break;
-    case kMacrosTable:
-        actionButtonMacroRemove();
-        break;
-    case kStepsTable:
-        actionButtonStepRemove();
-        break;
-    case kStagesTable:
-        actionButtonStageRemove();
-        break;
-    default:
-        break;
-    }
 }
 
 } // namespace quorvi

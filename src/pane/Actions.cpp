@@ -15,7 +15,6 @@
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
-#include "widgets/MarkedCells.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"
 #include "window/TableList.h"
@@ -143,23 +142,16 @@ std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
         fViews->stages.quorviStageTableStages};
 }
 
-TableList& KyvarQuorviPane::listOf(const KyvarQuorviTableView* table) const {
-    return *fLists[static_cast<std::size_t>(table->tag() - 1)];
-}
-
 void KyvarQuorviPane::connectTables() {
-    for (KyvarQuorviTableView* table : tables()) {
-        auto& list = fLists[static_cast<std::size_t>(table->tag() - 1)];
-        list = std::make_unique<TableList>(*table, std::make_unique<PaneTableModel>(*this, table->tag()));
-        list->onSelectionChange([this, table] { followSelection(table); });
+    for (KyvarQuorviTableView* table : tables())
         table->setDelegate(this);
-    }
-    KyvarQuorviTableView* profiles = fViews->main.quorviTableProfiles;
-    profiles->setItemDelegateForColumn(listOf(profiles).model().columnOf(kProfileNumberColumn),
-        std::make_unique<MarkedCells>(profiles).release());
-    KyvarQuorviTableView* steps = fViews->main.quorviTableSteps;
-    steps->setPopUpColumn(
-        listOf(steps).model().columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
+    KyvarQuorviTableView* stages = fViews->stages.quorviStageTableStages;
+    fStagesList = std::make_unique<TableList>(*stages, std::make_unique<PaneTableModel>(*this, kStagesTable));
+    fStagesList->onSelectionChange([this, stages] {
+        // There is always a current stage: without a selection it is the first.
+        editStageIndex(std::max(stages->selectedRow(), 0));
+        updateSensitivityStagesUI();
+    });
 }
 
 } // namespace quorvi

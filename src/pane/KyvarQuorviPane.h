@@ -43,7 +43,6 @@ class QMenu;
 
 namespace quorvi {
 
-struct ApplicationInformation;
 class ApplicationPanel;
 class EventBusNotifier;
 class Interface;
@@ -51,6 +50,7 @@ class KyvarQuorviSlider;
 class LiveHelper;
 struct ListEditors;
 class PopUpButton;
+struct RunningRow;
 class TableList;
 
 inline constexpr int kAssignmentCount = 9;
@@ -199,10 +199,6 @@ class KyvarQuorviPane final : public QObject,
     /// Assigns the profile that the item stands for, or opens the profiles tab when it stands for none.
     void actionSubmenuButtonProfile(QAction* item);
 
-    // Gear and context menus (pane/MenuValidation.cpp)
-    /// Whether the item can be chosen now. The item that starts and stops a recording gets its title here.
-    [[nodiscard]] bool validateMenuItem(QAction* item);
-
     // Macro recording (assignment/Recording.cpp)
     /// Starts recording into the current macro: steps are appended or, for one step, the selected one is
     /// replaced and the recording stops. Stopping it saves. Does nothing when that is how it is.
@@ -231,46 +227,31 @@ class KyvarQuorviPane final : public QObject,
     /// has the focus.
     void updateKeyboardGrab();
 
-    // Lists (editors/CurrentItems.cpp, editors/TableData.cpp, editors/TableEvents.cpp,
-    // editors/ContextMenu.cpp)
+    // Lists, their gear and context menus, and files of single items (pane/Lists.cpp, editors)
     void editProfileIndex(std::int32_t index) { fDocument.editProfileIndex(index); }
     void editMacroIndex(std::int32_t index) { fDocument.editMacroIndex(index); }
     [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
-    /// The value of a cell: a text, a boolean for a check box, the index of an item for a pop-up cell.
     [[nodiscard]] QVariant objectValueForTableColumn(int columnIdentifier, int row) const;
-    /// What the pop-up cell of a delay shows for its value; nothing for one without an item.
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
     void setObjectValue(const QVariant& value, int columnIdentifier, int row);
     void tableViewSelectionDidChange(const KyvarQuorviTableView* table);
     void reloadTableViewDataQuietly(const KyvarQuorviTableView* table);
     bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) override;
     void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) override;
-    /// Performs the command of a context or gear menu's item.
     void actionMenuTableContext(QAction* item);
-
-    // Profiles (editors/ProfilesEditor.cpp)
-    /// Appends a new profile, or a copy of the current one, makes it current and lets its name be edited.
-    /// Does nothing when there are five.
+    [[nodiscard]] bool validateMenuItem(QAction* item);
     void createNewProfile(bool duplicate);
-    void actionButtonProfileAdd();
+    void actionButtonProfileAdd() { createNewProfile(false); }
     void actionButtonProfileRemove();
     void actionBoxProfileOSD();
-    /// Binds the current profile to the application: a bundle, a desktop entry or any other file. One without
-    /// a name or a program changes nothing.
     void assignApplication(const QString& path);
     void assignApplication(const ApplicationPanel* panel, int returnCode);
-
-    // Macros and their steps (editors/MacrosEditor.cpp, editors/StepsEditor.cpp)
     void actionButtonMacroAdd();
     void actionButtonMacroRemove();
-    void actionButtonStepAdd();
+    void actionButtonStepAdd() { startStopRecording(true, false); }
     void actionButtonStepRecord();
     void actionButtonStepRemove();
-    /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
-    /// to wait for.
     void setDelayForAllSteps(std::int32_t milliseconds);
-
-    // Import and export (editors/files). The panels end with QDialog::Accepted or not.
     void exportProfile(const QFileDialog* panel, int returnCode);
     void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
@@ -298,7 +279,9 @@ class KyvarQuorviPane final : public QObject,
     void connectMenu(QMenu& menu);
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
-    [[nodiscard]] TableList& listOf(const KyvarQuorviTableView* table) const;
+    [[nodiscard]] TableList* listWithTag(int tag) const;
+    [[nodiscard]] TableList* listWithColumn(int columnIdentifier) const;
+    [[nodiscard]] RunningRow runningRow() const;
     void fillAssignmentMenus();
     [[nodiscard]] const QMenu& commandsOf(int assignment) const;
     [[nodiscard]] QString assignmentTitle(
@@ -356,8 +339,6 @@ class KyvarQuorviPane final : public QObject,
     void showSettingsOfFile(Repairs repairs);
     /// Shows the tree as it is now, with the macro at the index as the current one, -1 for none.
     void showSettings(Repairs repairs, std::int32_t macroIndex);
-    void selectCurrentProfileQuietly();
-    void selectCurrentMacroQuietly();
     void alignIndependentAxes();
     /// Whether anything had to be changed.
     bool alignStageWithSettings();
@@ -367,31 +348,9 @@ class KyvarQuorviPane final : public QObject,
     [[nodiscard]] plist::Dictionary editedStage() const;
     void storeEditedStages();
     void closeStagesEditor();
-    void updateProfilesUI();
-    void updateMacrosUI();
-    void updateStepsUI();
     void updateLightingUI();
-    void updateHints();
     void setLight(std::int32_t bit, bool on);
     void restoreDefaultsFrom(const plist::Dictionary& defaults);
-    void reloadData(const KyvarQuorviTableView* table);
-    void followSelection(const KyvarQuorviTableView* table);
-    void renameProfile(const QVariant& value, int row);
-    void renameMacro(const QVariant& value, int row);
-    void switchToProfile(int row);
-    void switchToMacro(int row);
-    void showStepsOfMacro();
-    void performTableCommand(int tag);
-    [[nodiscard]] std::u16string untitledProfile() const;
-    [[nodiscard]] std::u16string untitledMacro() const;
-    void appendProfile(const plist::Dictionary& profile);
-    void appendMacro(const plist::Dictionary& macro);
-    [[nodiscard]] bool canRemoveProfile() const;
-    void showApplicationPanel();
-    void bindToApplication(const ApplicationInformation& application);
-    void askForApplication();
-    void removeApplication();
-    void showProfileApplication(Saving saving);
     [[nodiscard]] RecordingTarget recordingTarget() const;
     void takeFocusFromCells();
     void setTablesTakeFocus(bool take);
@@ -408,13 +367,6 @@ class KyvarQuorviPane final : public QObject,
     void updateRecordingUI();
     [[nodiscard]] QString recordingText() const;
     [[nodiscard]] QString withHintHowToEnd(const QString& state) const;
-    [[nodiscard]] QString textOfStep(int row) const;
-    [[nodiscard]] QString textOfStep(const plist::Dictionary& step) const;
-    /// The index of the item of the delay menu that shows the step's delay, -1 for none; "" past the end.
-    [[nodiscard]] QVariant delayOfStep(int row) const;
-    void setDelayOfStep(const QVariant& value, int row);
-    void removeAllSteps();
-    void useDelayOfStepForAll();
     /// locString() for what is no part of the panel. Does not outlive it.
     [[nodiscard]] PanelText panelText() const;
     void makeListEditors();
@@ -428,8 +380,8 @@ class KyvarQuorviPane final : public QObject,
     std::unique_ptr<Interface> fViews;
     Sheets fSheets;
     Notices fNotices;
-    std::unique_ptr<LiveHelper> fLive;                ///< what the helper tells; never null
-    std::array<std::unique_ptr<TableList>, 4> fLists; ///< as of mainViewDidLoad()
+    std::unique_ptr<LiveHelper> fLive;      ///< what the helper tells; never null
+    std::unique_ptr<TableList> fStagesList; ///< as of mainViewDidLoad()
     FocusObserver fFocus;
     KeyboardGrab fKeyboardGrab;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
@@ -458,10 +410,7 @@ class KyvarQuorviPane final : public QObject,
     QString fStringStop;
     QString fStringRecordDescription; ///< what screen readers say of the record button
     QString fStringNoSteps;           ///< what an empty list of steps says
-    QString fStringNoMacros;          ///< what an empty list of macros says
-    QString fStringNoMacroTitle;      ///< what stands in place of the steps without a macro
     QString fStringNoMacro;           ///< the same, below it
-    QString fStringProfilesHint;      ///< what stands below the list of profiles
 
     Document fDocument{*this};
     plist::Dictionary fEditStagesSettings;     ///< nil unless the stages editor is open

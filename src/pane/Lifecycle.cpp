@@ -95,10 +95,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
     fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
     fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
-    fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
-    fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();
     fStringNoMacro = fViews->main.textNoMacro->text();
-    fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
     // Nobody has to wait for this: it is done while the window is on its way to the screen. A mouse's list,
     // with which keys are shown, is dealt with behind it.

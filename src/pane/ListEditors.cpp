@@ -1,42 +1,55 @@
 #include "pane/ListEditors.h"
 
-#include "pane/KyvarQuorviPane.h"
+#include "resources/Interface.h"
 
 namespace quorvi {
 
-void KyvarQuorviPane::makeListEditors() {
-    const EditorContext context{fDocument, panelText(), fSheets, fNotices};
-    fListEditors = std::make_unique<ListEditors>(
-        context, ImportExport::Surroundings{
-                     .mainView = *fMainView,
-                     .homeFolder = fServices.homeFolder,
-                     .appendProfile = [this](const plist::Dictionary& profile) { appendProfile(profile); },
-                     .appendMacro = [this](const plist::Dictionary& macro) { appendMacro(macro); },
-                 });
-}
-
-void KyvarQuorviPane::importProfile(const QFileDialog* panel, int returnCode) {
-    fListEditors->files.importChosen(ItemKind::profile, *panel, returnCode);
-}
-
-void KyvarQuorviPane::importMacro(const QFileDialog* panel, int returnCode) {
-    fListEditors->files.importChosen(ItemKind::macro, *panel, returnCode);
-}
-
-void KyvarQuorviPane::exportProfile(const QFileDialog* panel, int returnCode) {
-    fListEditors->files.exportChosen(ItemKind::profile, *panel, returnCode);
-}
-
-void KyvarQuorviPane::exportMacro(const QFileDialog* panel, int returnCode) {
-    fListEditors->files.exportChosen(ItemKind::macro, *panel, returnCode);
-}
-
-void KyvarQuorviPane::importProfileCompletion(const QString& path) {
-    fListEditors->files.importFile(ItemKind::profile, path);
-}
-
-void KyvarQuorviPane::importMacroCompletion(const QString& path) {
-    fListEditors->files.importFile(ItemKind::macro, path);
+ListEditors::ListEditors(
+    const EditorContext& context, QWidget& mainView, const Interface& views, const Others& others)
+    : files(context, {.mainView = mainView,
+                         .homeFolder = others.homeFolder,
+                         .appendProfile = [this](const plist::Dictionary& item) { profiles.append(item); },
+                         .appendMacro = [this](const plist::Dictionary& item) { macros.append(item); }}),
+      profiles(context,
+          {.mainView = mainView,
+              .table = *views.main.quorviTableProfiles,
+              .addButton = *views.main.quorviButtonProfileAdd,
+              .removeButton = *views.main.quorviButtonProfileRemove,
+              .displayBox = *views.main.quorviBoxProfileOSD,
+              .hint = *views.main.textProfilesHint},
+          {.homeFolder = others.homeFolder,
+              .defaultSettings = others.defaultSettings,
+              .running = others.running,
+              .listHasChanged = others.profilesHaveChanged,
+              .importProfile = [this] { files.showImportPanel(ItemKind::profile); },
+              .exportProfile = [this] { files.showExportPanel(ItemKind::profile); },
+              .restoreDefaults = others.restoreDefaults}),
+      steps(context,
+          {.table = *views.main.quorviTableSteps,
+              .macros = *views.main.quorviTableMacros,
+              .addButton = *views.main.quorviButtonStepAdd,
+              .removeButton = *views.main.quorviButtonStepRemove,
+              .gearButton = *views.main.quorviButtonStepGear,
+              .delays = *views.menus.quorviMenuStepDelay},
+          others.recording),
+      macros(context,
+          {.table = *views.main.quorviTableMacros,
+              .addButton = *views.main.quorviButtonMacroAdd,
+              .removeButton = *views.main.quorviButtonMacroRemove,
+              .gearButton = *views.main.quorviButtonMacroGear,
+              .steps = *views.main.quorviTabsShowHideSteps,
+              .pageNoMacro = *views.main.pageNoMacro,
+              .noMacroTitle = *views.main.textNoMacroTitle},
+          {.isRecording = others.recording.isRunning,
+              .knowsMice = others.knowsMice,
+              .listHasChanged = others.macrosHaveChanged,
+              .importMacro = [this] { files.showImportPanel(ItemKind::macro); },
+              .exportMacro = [this] { files.showExportPanel(ItemKind::macro); }},
+          steps),
+      commands(context.document) {
+    commands.add(profiles.commands());
+    commands.add(macros.commands());
+    commands.add(steps.commands());
 }
 
 } // namespace quorvi

@@ -3,9 +3,8 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/ListEditors.h"
 #include "resources/Interface.h"
-#include "widgets/KyvarQuorviTableView.h"
-#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -33,9 +32,9 @@ void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
     fDocument.editProfileIndex(fDocument.profileIndexOfSettings());
     fDocument.editMacroIndex(macroIndex);
 
-    selectCurrentProfileQuietly();
-    selectCurrentMacroQuietly();
-    reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
+    fListEditors->profiles.selectCurrentQuietly();
+    fListEditors->macros.selectCurrent();
+    fListEditors->steps.list().reloadQuietly();
 
     updateProfilesSubmenu();
     updateMacrosSubmenu();
@@ -43,23 +42,6 @@ void KyvarQuorviPane::showSettings(Repairs repairs, std::int32_t macroIndex) {
     const bool repaired = alignStageWithSettings();
     fDocument.commit({.saving = repaired && repairs == Repairs::saved ? Saving::now : Saving::never});
     updateSensitivityStagesUI();
-}
-
-void KyvarQuorviPane::selectCurrentProfileQuietly() {
-    // The row that the file names becomes current; it is not a choice of the user, who would get the
-    // profile's default stage with it.
-    TableList& list = listOf(fViews->main.quorviTableProfiles);
-    list.reloadQuietly();
-    list.selectQuietly(fDocument.profileIndex());
-}
-
-void KyvarQuorviPane::selectCurrentMacroQuietly() {
-    TableList& list = listOf(fViews->main.quorviTableMacros);
-    list.reloadQuietly();
-    if (fDocument.macroIndex() < 0)
-        list.table().deselectAll();
-    else
-        list.selectQuietly(fDocument.macroIndex());
 }
 
 void KyvarQuorviPane::alignIndependentAxes() {

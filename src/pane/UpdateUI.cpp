@@ -3,24 +3,20 @@
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
 #include "model/LightState.h"
-#include "model/Limits.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/ListEditors.h"
 #include "platform/ViewActivation.h"
 #include "resources/Interface.h"
-#include "resources/TableTags.h"
 #include "sensitivity/AccelerationScale.h"
 #include "widgets/KyvarQuorviSlider.h"
-#include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
 #include "widgets/ShownText.h"
-#include "window/TableList.h"
 #include "window/Unread.h"
 
 namespace quorvi {
@@ -29,15 +25,6 @@ namespace {
 
 QString firmwareText(std::int32_t firmware) {
     return QStringLiteral("%1.%2").arg((firmware >> 8) & 0xFF).arg(firmware & 0xFF, 2, 10, QLatin1Char('0'));
-}
-
-/// Enables or disables the button. One that takes itself out of use leaves the keyboard to its list, not to
-/// whatever comes next.
-void enableButtonOf(KyvarQuorviTableView* table, QPushButton* button, bool enabled) {
-    const bool hadFocus = button->window()->focusWidget() == button;
-    button->setEnabled(enabled);
-    if (hadFocus && !enabled)
-        table->setFocus();
 }
 
 } // namespace
@@ -77,11 +64,11 @@ void KyvarQuorviPane::updateUI() {
             fDocument.settings().integer(keys::pollingRate));
     else
         fViews->main.quorviMenuPollingRate->selectNone(unreadText());
-    updateProfilesUI();
-    updateMacrosUI();
-    updateStepsUI();
+    fListEditors->profiles.show();
+    fListEditors->macros.show();
+    fListEditors->steps.show();
+    updateRecordingUI();
     updateLightingUI();
-    updateHints();
     fLive->show();
     showRunningRow();
     fViews->main.quorviTextFirmwareVersion->setText(
@@ -107,53 +94,6 @@ void KyvarQuorviPane::updateSensitivityUI() {
     fViews->main.quorviSliderAcceleration->setFloatValue(
         accelerationToSliderValue(static_cast<float>(fDocument.driverData().real(keys::acceleration))));
     updateAccelerationView();
-}
-
-void KyvarQuorviPane::updateProfilesUI() {
-    KyvarQuorviTableView* table = fViews->main.quorviTableProfiles;
-    enableButtonOf(table, fViews->main.quorviButtonProfileAdd,
-        hasDevice() && int(fDocument.profiles().size()) < limits::profiles);
-    enableButtonOf(table, fViews->main.quorviButtonProfileRemove, hasDevice() && table->selectedRow() > 0);
-    fViews->main.quorviBoxProfileOSD->setChecked(fDocument.driverData().boolean(keys::profileDisplay));
-}
-
-void KyvarQuorviPane::updateMacrosUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
-    KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
-    const bool macroSelected = table->selectedRow() >= 0;
-    makeViewActive(table, editable);
-    enableButtonOf(table, fViews->main.quorviButtonMacroAdd,
-        editable && int(fDocument.macros().size()) < limits::macros);
-    enableButtonOf(table, fViews->main.quorviButtonMacroRemove, editable && macroSelected);
-    fViews->main.quorviButtonMacroGear->setEnabled(editable);
-    fViews->main.quorviTabsShowHideSteps->setCurrentIndex(hasDevice() && macroSelected ? 0 : 1);
-}
-
-void KyvarQuorviPane::updateStepsUI() {
-    const bool editable = hasDevice() && !fRecorder.isRecording();
-    const bool stepSelected = fViews->main.quorviTableMacros->selectedRow() >= 0 &&
-                              fViews->main.quorviTableSteps->selectedRow() >= 0;
-    listOf(fViews->main.quorviTableSteps).model().setColumnEnabled(kStepDelayColumn, editable);
-    fViews->main.quorviButtonStepAdd->setEnabled(editable);
-    enableButtonOf(
-        fViews->main.quorviTableSteps, fViews->main.quorviButtonStepRemove, editable && stepSelected);
-    fViews->main.quorviButtonStepGear->setEnabled(editable);
-    updateRecordingUI();
-}
-
-// What there is to do where there is nothing, or only what every mouse starts with.
-void KyvarQuorviPane::updateHints() {
-    Ui::KyvarQuorviPane& main = fViews->main;
-    // Before the first list not even that is known; what stands below says why.
-    const QString noMouse = fListHasCome ? locString(QStringLiteral("No mouse is connected")) : QString();
-    main.quorviTableMacros->setEmptyText(hasDevice() ? fStringNoMacros : noMouse);
-    main.textNoMacroTitle->setText(hasDevice() ? fStringNoMacroTitle : noMouse);
-    makeViewActive(main.pageNoMacro, true);
-    main.textProfilesHint->setText(fDocument.profiles().size() == 1
-                                       ? locString(QStringLiteral("Add a profile with the + button for each "
-                                                                  "other way of using the mouse. The gear "
-                                                                  "button assigns it an application."))
-                                       : fStringProfilesHint);
 }
 
 void KyvarQuorviPane::updateLightingUI() {

@@ -63,6 +63,7 @@ class TableModel : public QAbstractTableModel {
 
     /// The text of the string table for the key, in the user's language.
     [[nodiscard]] QString text(const char* key) const { return m_text(key); }
+    [[nodiscard]] const PanelText& panelText() const { return m_text; }
 
   private:
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;

@@ -14,8 +14,6 @@
 namespace quorvi {
 
 class ImportExport final : public QObject {
-    Q_OBJECT
-
   public:
     /// Puts an item behind the others of its list and saves.
     using AppendItem = std::function<void(const plist::Dictionary& item)>;
