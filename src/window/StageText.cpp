@@ -1,4 +1,4 @@
-#include "sensitivity/StageText.h"
+#include "window/StageText.h"
 
 #include "model/Keys.h"
 
@@ -12,12 +12,11 @@ QString resolutionText(QString format, int x, int y) {
     return format;
 }
 
-QString stageText(const plist::Dictionary& stage, const InterfaceTextLookup& lookup) {
+QString stageText(const plist::Dictionary& stage, const PanelText& text) {
     if (!stage)
         return {};
-    const QString format =
-        stage.boolean(keys::independentXY) ? QStringLiteral("X = %d, Y = %d DPI") : QStringLiteral("%d DPI");
-    return resolutionText(lookup(format), stage.integer(keys::dpiX), stage.integer(keys::dpiY));
+    return resolutionText(text(stage.boolean(keys::independentXY) ? "X = %d, Y = %d DPI" : "%d DPI"),
+        stage.integer(keys::dpiX), stage.integer(keys::dpiY));
 }
 
 QString stageShortText(const plist::Dictionary& stage) {

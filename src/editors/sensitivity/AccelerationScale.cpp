@@ -1,4 +1,4 @@
-#include "sensitivity/AccelerationScale.h"
+#include "editors/sensitivity/AccelerationScale.h"
 
 namespace quorvi {
 
