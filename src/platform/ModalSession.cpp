@@ -56,8 +56,12 @@ int ModalSessions::run(QDialog* panel) {
         std::any_of(m_sessions.begin(), m_sessions.end(), [&](const Session& s) { return s.panel == panel; }))
         return 0;
     QWidget* const parent = panel->parentWidget();
+    // What Qt 5 forgets of a sheet that is shown for the first time, and Qt 6 of one with another parent.
+    QWidget* const first = panel->focusWidget();
     // A sheet blocks its parent: a second sheet has to hang on the first, or both would take clicks.
     panel->setParent(m_sessions.empty() ? parent : m_sessions.back().panel, kSheetFlags);
+    if (first)
+        first->setFocus();
     panel->setWindowModality(Qt::WindowModal);
     QEventLoop loop;
     const QPointer<QDialog> guard(panel);

@@ -34,23 +34,24 @@ void scaleFonts(const QWidget& view) {
     }
 }
 
-// A layout asks a wrapped text for the height that it needs, but not for the least one of its window.
-class NoteHeights : public QObject {
+// A layout asks a wrapped text for the height that it needs, but not for the least one of its window, and Qt
+// opens a window no higher than two thirds of the screen.
+class TextHeights : public QObject {
   public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (auto* note = qobject_cast<QLabel*>(watched); note && event->type() == QEvent::Resize)
-            note->setMinimumHeight(
-                std::max(0, note->heightForWidth(note->width()))); // less while it is empty
+        if (auto* text = qobject_cast<QLabel*>(watched); text && event->type() == QEvent::Resize)
+            text->setMinimumHeight(
+                std::max(0, text->heightForWidth(text->width()))); // less while it is empty
         return QObject::eventFilter(watched, event);
     }
 };
 
-void keepNotesWhole(QWidget& view) {
-    auto* heights = new NoteHeights(&view);
+void keepTextsWhole(QWidget& view) {
+    auto* heights = new TextHeights(&view);
     for (QLabel* label : view.findChildren<QLabel*>()) {
-        if (label->wordWrap() && label->property("note").toBool())
+        if (label->wordWrap() && (label->property("note").toBool() || label->property("whole").toBool()))
             label->installEventFilter(heights);
     }
 }
@@ -121,7 +122,7 @@ Interface::Interface(QWidget& mainView) {
     reserveLines(mainView);
     setSymbols(mainView);
     widenButtons(mainView);
-    keepNotesWhole(mainView);
+    keepTextsWhole(mainView);
     connectInputs(main);
 }
 

@@ -56,7 +56,7 @@ QSize AccelerationCurve::minimumSizeHint() const {
     const QFontMetrics metrics = fontMetrics();
     const int label = metrics.height() + int(labelGap + 2 * margin);
     return {qMax(8 * metrics.height(), metrics.horizontalAdvance(m_handLabel) + label),
-        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + label)};
+        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + int(margin))};
 }
 
 void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
@@ -81,10 +81,12 @@ void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
     const QRectF below(area.left(), area.bottom() + labelGap, area.width(), fontMetrics().height());
     painter.drawText(
         below, Qt::AlignCenter, fontMetrics().elidedText(m_handLabel, Qt::ElideRight, int(area.width())));
-    painter.translate(0, area.bottom());
+    const QString beside = fontMetrics().elidedText(m_pointerLabel, Qt::ElideRight, height());
+    const qreal length = fontMetrics().horizontalAdvance(beside);
+    // Beside the middle of the axis; one that is longer than that reaches down beside the other label.
+    painter.translate(0, qMax(0.0, area.center().y() - length / 2) + length);
     painter.rotate(-90);
-    painter.drawText(QRectF(0, 0, area.height(), fontMetrics().height()), Qt::AlignCenter,
-        fontMetrics().elidedText(m_pointerLabel, Qt::ElideRight, int(area.height())));
+    painter.drawText(QRectF(0, 0, length, fontMetrics().height()), Qt::AlignCenter, beside);
 }
 
 } // namespace quorvi

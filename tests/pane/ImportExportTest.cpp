@@ -208,7 +208,8 @@ class ImportExportTest : public QObject {
         bool asked = false;
         QTimer timer;
         connect(&timer, &QTimer::timeout, &timer, [&] {
-            if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (question && question->isActiveWindow()) { // before that nobody can answer
                 asked = true;
                 question->reject();
             }
