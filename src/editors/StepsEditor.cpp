@@ -3,12 +3,12 @@
 #include <QMenu>
 
 #include "macros/MacroRecorder.h"
-#include "macros/StepText.h"
 #include "model/Keys.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
+#include "window/ShownStep.h"
 
 namespace quorvi {
 
@@ -41,10 +41,7 @@ QString KyvarQuorviPane::textOfStep(int row) const {
 }
 
 QString KyvarQuorviPane::textOfStep(const plist::Dictionary& step) const {
-    const auto lookup = [this](std::u16string_view english) {
-        return locString(QString::fromUtf16(english.data(), int(english.size()))).toStdU16String();
-    };
-    return QString::fromStdU16String(stepText(step, lookup));
+    return shownStep(step, panelText());
 }
 
 QVariant KyvarQuorviPane::delayOfStep(int row) const {

@@ -1,18 +1,14 @@
 // The data and the selection of the four tables, told apart by table tag and column identifier.
 
-#include <QScopedValueRollback>
-
-#include <algorithm>
-
-#include "editors/TableModel.h"
+#include "editors/stages/StagesEditor.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "resources/TableTags.h"
-#include "sensitivity/StageText.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -39,7 +35,7 @@ int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
     case kStepsTable:
         return static_cast<int>(fDocument.macroSteps().size());
     case kStagesTable:
-        return static_cast<int>(editedStages().size());
+        return fStages->list().model().numberOfRows();
     default:
         return 0;
     }
@@ -49,7 +45,6 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
     const auto index = static_cast<std::size_t>(row);
     switch (columnIdentifier) {
     case kProfileNumberColumn:
-    case kStageNumberColumn:
         return QString::number(row + 1);
     case kProfileNameColumn:
         return text(fDocument.profiles().dictionary(index), keys::name);
@@ -63,9 +58,9 @@ QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int ro
         return textOfStep(row);
     case kStepDelayColumn:
         return delayOfStep(row);
+    case kStageNumberColumn:
     case kStageResolutionColumn:
-        return stageText(
-            editedStages().dictionary(index), [this](const QString& key) { return locString(key); });
+        return fStages->list().model().cellValue(columnIdentifier, row);
     default:
         return QString();
     }
@@ -121,47 +116,31 @@ void KyvarQuorviPane::renameMacro(const QVariant& value, int row) {
     updateMacrosSubmenu();
 }
 
-void KyvarQuorviPane::reloadTableViewDataQuietly(KyvarQuorviTableView* table) {
-    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    reloadData(table);
+void KyvarQuorviPane::reloadTableViewDataQuietly(const KyvarQuorviTableView* table) {
+    listOf(table).reloadQuietly();
 }
 
-void KyvarQuorviPane::reloadData(KyvarQuorviTableView* table) {
-    table->completeModel();
-    const int row = table->selectedRow();
-    TableModel& model = *fTableModels[static_cast<std::size_t>(table->tag() - 1)];
-    model.reload();
-    if (row < 0)
-        return;
-    if (row < model.rowCount()) {
-        // The selection outlives a reload, and nothing has changed that anybody needs to hear of.
-        const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-        table->selectRowAlone(row);
-    } else {
-        tableViewSelectionDidChange(table);
-    }
+void KyvarQuorviPane::reloadData(const KyvarQuorviTableView* table) {
+    listOf(table).reload();
 }
 
-void KyvarQuorviPane::tableViewSelectionDidChange(KyvarQuorviTableView* table) {
+void KyvarQuorviPane::tableViewSelectionDidChange(const KyvarQuorviTableView* table) {
+    listOf(table).selectionDidChange();
+}
+
+void KyvarQuorviPane::followSelection(const KyvarQuorviTableView* table) {
     const int row = table->selectedRow();
     switch (table->tag()) {
     case kProfilesTable:
-        if (row >= 0 && hasDevice() && !fIgnoreTableViewSelectionChange)
+        if (row >= 0 && hasDevice())
             switchToProfile(row);
         break;
     case kMacrosTable:
-        if (hasDevice() && !fIgnoreTableViewSelectionChange)
+        if (hasDevice())
             switchToMacro(row);
         break;
     case kStepsTable:
         updateUI();
-        break;
-    case kStagesTable:
-        // There is always a current stage: without a selection it is the first.
-        if (!fIgnoreTableViewSelectionChange) {
-            editStageIndex(std::max(row, 0));
-            updateSensitivityStagesUI();
-        }
         break;
     default:
         break;

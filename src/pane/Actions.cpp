@@ -7,7 +7,8 @@
 #include <QMenu>
 #include <QTabWidget>
 
-#include "editors/TableModel.h"
+#include "editors/PaneTableModel.h"
+#include "editors/stages/StagesEditor.h"
 #include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
@@ -18,6 +19,7 @@
 #include "widgets/MarkedCells.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -142,20 +144,27 @@ std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
         fViews->stages.quorviStageTableStages};
 }
 
+TableList& KyvarQuorviPane::listOf(const KyvarQuorviTableView* table) const {
+    if (table->tag() == kStagesTable)
+        return fStages->list();
+    return *fLists[static_cast<std::size_t>(table->tag() - 1)];
+}
+
 void KyvarQuorviPane::connectTables() {
     for (KyvarQuorviTableView* table : tables()) {
-        auto& model = fTableModels[static_cast<std::size_t>(table->tag() - 1)];
-        model = std::make_unique<TableModel>(this, table->tag());
-        table->setModelLater(model.get());
         table->setDelegate(this);
-        connect(table, &KyvarQuorviTableView::selectedRowChanged, this,
-            [this, table] { tableViewSelectionDidChange(table); });
+        if (table->tag() == kStagesTable)
+            continue; // its editor has its rows
+        auto& list = fLists[static_cast<std::size_t>(table->tag() - 1)];
+        list = std::make_unique<TableList>(*table, std::make_unique<PaneTableModel>(*this, table->tag()));
+        list->onSelectionChange([this, table] { followSelection(table); });
     }
     KyvarQuorviTableView* profiles = fViews->main.quorviTableProfiles;
-    profiles->setItemDelegateForColumn(fTableModels[kProfilesTable - 1]->columnOf(kProfileNumberColumn),
+    profiles->setItemDelegateForColumn(listOf(profiles).model().columnOf(kProfileNumberColumn),
         std::make_unique<MarkedCells>(profiles).release());
-    fViews->main.quorviTableSteps->setPopUpColumn(
-        fTableModels[kStepsTable - 1]->columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
+    KyvarQuorviTableView* steps = fViews->main.quorviTableSteps;
+    steps->setPopUpColumn(
+        listOf(steps).model().columnOf(kStepDelayColumn), fViews->menus.quorviMenuStepDelay);
 }
 
 } // namespace quorvi

@@ -10,16 +10,14 @@
 #include <QPointer>
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "document/Document.h"
 #include "events/EventTypes.h"
+#include "model/Limits.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
 #include "platform/PreferencePane.h"
@@ -40,6 +38,8 @@ namespace quorvi {
 
 struct ApplicationInformation;
 class ApplicationPanel;
+class AssignmentEditor;
+class DeviceEditor;
 class Interface;
 class KeyCapture;
 class KyvarQuorviSlider;
@@ -48,19 +48,12 @@ enum class ItemKind : std::uint8_t;
 struct KeyEvent;
 class PopUpButton;
 class Recording;
+class SensitivityEditor;
 class SingleKeyPanel;
-class TableModel;
+class StagesEditor;
+class TableList;
 
-inline constexpr int kAssignmentCount = 9;
-
-/// The numbers of an assignment by their keys.
-using AssignmentValues = std::initializer_list<std::pair<std::string_view, std::int32_t>>;
-
-/// An entry of the lists of profiles and of macros in the assignment menus.
-struct SubmenuEntry {
-    QString title;
-    std::int32_t tag; ///< a profile's position from 0, a macro's identifier
-};
+inline constexpr int kAssignmentCount = limits::buttons;
 
 class KyvarQuorviPane final : public QObject,
                               public PreferencePane,
@@ -108,7 +101,7 @@ class KyvarQuorviPane final : public QObject,
     /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
     void updateDpiOnMouse() {}
 
-    // Device-wide settings and commands (pane/DeviceCommands.cpp)
+    // Device-wide settings and commands (editors/device)
     void actionMenuPollingRate();
     void actionBoxLightOnWheel();
     void actionBoxLightOnBattery();
@@ -126,8 +119,7 @@ class KyvarQuorviPane final : public QObject,
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
-    // Sensitivity (sensitivity/SensitivityControls.cpp, sensitivity/SensitivityViews.cpp)
-    /// Stores the slider's value, in DPI, for X; for Y as well while the stage has no axes of their own.
+    // Sensitivity (editors/sensitivity)
     void actionSliderSensitivityX(KyvarQuorviSlider* slider);
     void actionSliderSensitivityY(KyvarQuorviSlider* slider);
     void actionBoxIndependentXY(QAbstractButton* box);
@@ -136,42 +128,29 @@ class KyvarQuorviPane final : public QObject,
     void actionBoxSensitivityOSD();
     void actionButtonEditStages();
     void updateDpiText();
-    /// Draws the current profile's stages with the current one marked.
     void updateStagesView();
-    /// Makes the stage that the mouse runs the current one, when it runs the current profile. Nothing is
-    /// saved: the mouse has it, and the next save brings it along.
+    /// Not while the mouse drags a slider.
     void followRunningStage();
     void showRunningRow();
-    /// Draws the acceleration that the box and the slider show.
     void updateAccelerationView();
 
-    // Stages editor (sensitivity/StagesEditor.cpp). All but the first do nothing while it is closed.
-    /// Lets the user edit copies of the stages; OK stores them and saves, anything else forgets them. Returns
-    /// when the sheet is closed, which the pane itself may not outlive.
+    // Stages editor (editors/stages)
     void editSensitivityStages();
-    /// Makes the stage the current one, and the one that the profile starts in; nothing for another index.
     void editStageIndex(std::int32_t index);
     void actionButtonStageAdd();
     void actionButtonStageRemove();
     void actionSliderStagesSensitivityX(KyvarQuorviSlider* slider);
     void actionSliderStagesSensitivityY(KyvarQuorviSlider* slider);
     void actionBoxStagesIndependentXY(QAbstractButton* box);
-    /// Shows the copies.
     void updateSensitivityStagesUI();
 
-    // Button assignment (assignment/AssignmentMenus.cpp, assignment/AssignmentActions.cpp,
-    // assignment/InputExplanation.cpp)
+    // Button assignment (editors/assignment)
     void updateMenu(PopUpButton* popUp, int assignment);
     void updateMacrosSubmenu();
     void updateProfilesSubmenu();
-    /// What the input, 1 to 9, does and why, a line each; nothing before that is known.
     [[nodiscard]] QString explanationOfInput(int input) const;
-    /// Stores the function that the pop-up shows, saves, and shows what is stored. The function of a single
-    /// key asks for the key first.
     void actionMenuButtonAssignment(PopUpButton* popUp);
-    /// Assigns the macro that the item stands for, or opens the macros tab when it stands for none.
     void actionSubmenuButtonMacro(QAction* item);
-    /// Assigns the profile that the item stands for, or opens the profiles tab when it stands for none.
     void actionSubmenuButtonProfile(QAction* item);
 
     // Gear and context menus (pane/MenuValidation.cpp)
@@ -214,8 +193,8 @@ class KyvarQuorviPane final : public QObject,
     /// What the pop-up cell of a delay shows for its value; nothing for one without an item.
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
     void setObjectValue(const QVariant& value, int columnIdentifier, int row);
-    void tableViewSelectionDidChange(KyvarQuorviTableView* table);
-    void reloadTableViewDataQuietly(KyvarQuorviTableView* table);
+    void tableViewSelectionDidChange(const KyvarQuorviTableView* table);
+    void reloadTableViewDataQuietly(const KyvarQuorviTableView* table);
     bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) override;
     void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) override;
     /// Performs the command of a context or gear menu's item.
@@ -263,17 +242,9 @@ class KyvarQuorviPane final : public QObject,
     void connectMenu(QMenu& menu);
     void connectTables();
     [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
-    void fillAssignmentMenus();
-    [[nodiscard]] const QMenu& commandsOf(int assignment) const;
-    [[nodiscard]] QString assignmentTitle(
-        const plist::Dictionary& assignment, const QString& plainTitle) const;
-    [[nodiscard]] plist::Dictionary assignmentOf(std::int32_t profileIndex, int input) const;
-    /// In a line; empty for an assignment of something else.
-    [[nodiscard]] QString stepsOfMacro(const plist::Dictionary& assignment) const;
-    /// The profile that the panel shows, with the reason when it is the one that runs.
+    [[nodiscard]] TableList& listOf(const KyvarQuorviTableView* table) const;
+    void makeEditors();
     [[nodiscard]] QString profileInUse() const;
-    void askForSingleKey(int input);
-    void assignFromList(const QAction& item, int tabOfList, AssignmentValues values);
     /// Names the keys, from then on by the layout in use.
     void followKeyboardLayout();
     /// Reads the names of the keys from the layout in use.
@@ -298,20 +269,12 @@ class KyvarQuorviPane final : public QObject,
     void showLists();
     void selectCurrentProfileQuietly();
     void selectCurrentMacroQuietly();
-    void updateSensitivityUI();
-    [[nodiscard]] plist::Array editedStages() const;
-    [[nodiscard]] std::int32_t editedStageIndex() const;
-    [[nodiscard]] plist::Dictionary editedStage() const;
-    void storeEditedStages();
-    void closeStagesEditor();
     void updateProfilesUI();
     void updateMacrosUI();
     void updateStepsUI();
-    void updateLightingUI();
     void updateHints();
-    void setLight(std::int32_t bit, bool on);
-    void restoreDefaultsFrom(const plist::Dictionary& defaults);
-    void reloadData(KyvarQuorviTableView* table);
+    void reloadData(const KyvarQuorviTableView* table);
+    void followSelection(const KyvarQuorviTableView* table);
     void renameProfile(const QVariant& value, int row);
     void renameMacro(const QVariant& value, int row);
     void switchToProfile(int row);
@@ -355,23 +318,22 @@ class KyvarQuorviPane final : public QObject,
     Document fDocument{*this};
     HelperLink fHelperLink;
     SettingsSession fSession;
-    std::array<std::unique_ptr<TableModel>, 4> fTableModels;
+    std::array<std::unique_ptr<TableList>, 3> fLists; ///< profiles, macros, steps; as of mainViewDidLoad()
     FocusObserver fFocus;
     std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
 
     bool fPanelIsFront = false;
     bool fBluetoothWarningDone = false;
-    bool fIgnoreTableViewSelectionChange = false;
-    std::array<PopUpButton*, kAssignmentCount> fAssignmentMenus{};
-    std::vector<SubmenuEntry> fListedProfiles; ///< in the pop-ups, as of the last rebuild
-    std::vector<SubmenuEntry> fListedMacros;   ///< likewise
-    QString fStringNoMacros;                   ///< what an empty list of macros says
-    QString fStringNoMacroTitle;               ///< what stands in place of the steps without a macro
-    QString fStringNoMacro;                    ///< the same, below it
-    QString fStringProfilesHint;               ///< what stands below the list of profiles
+    QString fStringNoMacros;     ///< what an empty list of macros says
+    QString fStringNoMacroTitle; ///< what stands in place of the steps without a macro
+    QString fStringNoMacro;      ///< the same, below it
+    QString fStringProfilesHint; ///< what stands below the list of profiles
 
-    plist::Dictionary fEditStagesSettings; ///< nil unless the stages editor is open
-    plist::Dictionary fEditStagesProfile;  ///< nil unless the stages editor is open
+    // The editors; never null.
+    std::unique_ptr<AssignmentEditor> fAssignment;
+    std::unique_ptr<SensitivityEditor> fSensitivity;
+    std::unique_ptr<StagesEditor> fStages;
+    std::unique_ptr<DeviceEditor> fDevice;
 
     std::unique_ptr<Recording> fRecording;           ///< never null
     std::unique_ptr<SingleKeyPanel> fSingleKeyPanel; ///< never null

@@ -8,9 +8,12 @@
 
 #include "base/Leftovers.h"
 #include "capture/KeyCapture.h"
-#include "editors/TableModel.h"
+#include "editors/assignment/AssignmentEditor.h"
+#include "editors/device/DeviceEditor.h"
 #include "editors/keys/SingleKeyPanel.h"
 #include "editors/recording/Recording.h"
+#include "editors/sensitivity/SensitivityEditor.h"
+#include "editors/stages/StagesEditor.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
 #include "pane/EventPatch.h"
@@ -19,6 +22,7 @@
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ShownText.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -73,6 +77,7 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     connect(&fHelperLink.live(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
     connect(&fHelperLink.live(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
     makeKeyCapture();
+    makeEditors();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
@@ -118,7 +123,6 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
     fHelperLink.start();
-    fillAssignmentMenus();
     followLanguage();
     fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
     fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();

@@ -1,14 +1,13 @@
 // What follows the mouse and the settings: lists and menus of names, and what stands beside the title.
 
 #include <QLabel>
-#include <QScopedValueRollback>
 
 #include <utility>
 
-#include "editors/TableModel.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -31,20 +30,18 @@ void KyvarQuorviPane::showLists() {
 void KyvarQuorviPane::selectCurrentProfileQuietly() {
     // The row that the file names becomes current; it is not a choice of the user, who would get the
     // profile's default stage with it.
-    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    reloadTableViewDataQuietly(fViews->main.quorviTableProfiles);
-    fViews->main.quorviTableProfiles->selectRowAlone(fDocument.profileIndex());
+    TableList& list = listOf(fViews->main.quorviTableProfiles);
+    list.reloadQuietly();
+    list.selectQuietly(fDocument.profileIndex());
 }
 
 void KyvarQuorviPane::selectCurrentMacroQuietly() {
-    KyvarQuorviTableView* table = fViews->main.quorviTableMacros;
-    reloadTableViewDataQuietly(table);
-    if (fDocument.macroIndex() < 0) {
-        table->deselectAll();
-        return;
-    }
-    const QScopedValueRollback quiet(fIgnoreTableViewSelectionChange, true);
-    table->selectRowAlone(fDocument.macroIndex());
+    TableList& list = listOf(fViews->main.quorviTableMacros);
+    list.reloadQuietly();
+    if (fDocument.macroIndex() < 0)
+        list.table().deselectAll();
+    else
+        list.selectQuietly(fDocument.macroIndex());
 }
 
 void KyvarQuorviPane::dragDidEnd() {

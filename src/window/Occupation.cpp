@@ -2,6 +2,7 @@
 
 #include <QAbstractItemDelegate>
 #include <QApplication>
+#include <QDialog>
 #include <QMenu>
 
 #include <algorithm>
@@ -32,6 +33,9 @@ void Occupation::awaitEnd() {
     };
     if (const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
         connect(menu, &QMenu::aboutToHide, m_awaiting.get(), later);
+    if (const auto* panel = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        connect(panel, &QDialog::finished, m_awaiting.get(), later);
+    connect(&m_sheets, &Sheets::ended, m_awaiting.get(), later);
     for (const KyvarQuorviTableView* table : m_tables)
         connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, m_awaiting.get(), later);
 }

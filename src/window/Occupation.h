@@ -22,8 +22,8 @@ class Occupation final : public QObject {
 
     /// Whether a cell is edited, a menu or a sheet is open, or a recording runs.
     [[nodiscard]] bool isUnderWay() const;
-    /// Tells from now on when the menu that is open, or an edit of a cell, has come to its end: a sheet gives
-    /// the focus back to the window, and a recording saves.
+    /// Tells from now on when the menu, the sheet or the panel that is open, or an edit of a cell, has come
+    /// to its end. A recording saves.
     void awaitEnd();
     void stopAwaiting() { m_awaiting.reset(); }
 

@@ -10,19 +10,13 @@
 #include <optional>
 
 #include "capture/KeySink.h"
-#include "keyboard/VirtualKeys.h"
+#include "window/KeyChoice.h"
 
 class QLineEdit;
 
 namespace quorvi {
 
 class Sheets;
-
-/// A key, and the modifiers that go with it, as an assignment has them.
-struct KeyChoice {
-    std::uint8_t key = noKey;    ///< virtual key code, 255 for none
-    std::uint16_t modifiers = 0; ///< modifier word
-};
 
 /// One key is captured, without the modifiers that are held with it. Every key belongs to the sheet while it
 /// is seen, so that none of them presses its buttons.

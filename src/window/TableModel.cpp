@@ -1,0 +1,145 @@
+#include "window/TableModel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "widgets/MarkedCells.h"
+#include "widgets/ShownText.h"
+
+namespace quorvi {
+
+namespace {
+
+/// Nothing at all in place of an empty text: views look no further then.
+QVariant textIfAny(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
+} // namespace
+
+TableModel::TableModel(std::span<const TableColumn> columns, PanelText text)
+    : m_columns(columns), m_text(std::move(text)) {}
+
+void TableModel::setCellValue(const QVariant& /*value*/, int /*columnIdentifier*/, int /*row*/) {}
+
+CellKind TableModel::cellKind(int /*columnIdentifier*/, int /*row*/) const {
+    return CellKind::text;
+}
+
+QString TableModel::shownCell(int /*columnIdentifier*/, const QVariant& value) const {
+    return shownName(value.toString());
+}
+
+QString TableModel::spokenText(int /*columnIdentifier*/, const QVariant& /*value*/) const {
+    return {};
+}
+
+QString TableModel::explanation(int /*columnIdentifier*/, const QVariant& /*value*/) const {
+    return {};
+}
+
+void TableModel::reload() {
+    beginResetModel();
+    endResetModel();
+}
+
+void TableModel::setColumnEnabled(int columnIdentifier, bool enabled) {
+    const bool changed = enabled ? m_disabledColumns.erase(columnIdentifier) > 0
+                                 : m_disabledColumns.insert(columnIdentifier).second;
+    if (changed && rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void TableModel::setMark(int row, const QString& why) {
+    const int before = std::exchange(m_markedRow, row);
+    if (std::exchange(m_markText, why) == why && before == row)
+        return;
+    for (const int changed : {before, row})
+        if (changed >= 0 && changed < rowCount())
+            emit dataChanged(index(changed, 0), index(changed, 0));
+}
+
+bool TableModel::isMarked(const QModelIndex& index) const {
+    return index.row() == m_markedRow && index.column() == 0;
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : numberOfRows();
+}
+
+int TableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+int TableModel::columnOf(int columnIdentifier) const {
+    const auto found = std::ranges::find(m_columns, columnIdentifier, &TableColumn::identifier);
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
+}
+
+int TableModel::identifierOf(const QModelIndex& index) const {
+    return m_columns[static_cast<std::size_t>(index.column())].identifier;
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const int identifier = identifierOf(index);
+    const auto value = [&] { return cellValue(identifier, index.row()); };
+    const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
+    switch (role) {
+    case MarkedCells::markRole:
+        return isMarked(index);
+    case Qt::ToolTipRole:
+        return isMarked(index) ? m_markText : textIfAny(explanation(identifier, value()));
+    case Qt::AccessibleTextRole:
+        return textIfAny(spokenText(identifier, value()));
+    case Qt::CheckStateRole:
+        return isCheckBox ? QVariant(value().toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case Qt::EditRole:
+        return isCheckBox ? QVariant() : value();
+    case Qt::DisplayRole:
+        return isCheckBox ? QVariant() : shownCell(identifier, value());
+    default:
+        return {};
+    }
+}
+
+QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal)
+        return {};
+    const TableColumn& column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole)
+        return m_text(column.title);
+    if (role == Qt::ToolTipRole && *column.explanation != 0)
+        return m_text(column.explanation);
+    return {};
+}
+
+Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) // views ask of rows that went with the mouse
+        return Qt::NoItemFlags;
+    const int identifier = identifierOf(index);
+    const CellKind kind = cellKind(identifier, index.row());
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    if (!m_disabledColumns.contains(identifier))
+        flags |= Qt::ItemIsEnabled;
+    if (kind == CellKind::checkBox)
+        flags |= Qt::ItemIsUserCheckable;
+    if (kind == CellKind::name)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid())
+        return false;
+    const int identifier = identifierOf(index);
+    const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
+    if (role != (isCheckBox ? Qt::CheckStateRole : Qt::EditRole))
+        return false;
+    setCellValue(isCheckBox ? QVariant(value.toInt() == Qt::Checked) : value, identifier, index.row());
+    emit dataChanged(index, index);
+    return true;
+}
+
+} // namespace quorvi

@@ -1,0 +1,79 @@
+// The rows of one of the panel's lists, as its table shows them. Each list derives its own from this and says
+// what its cells hold.
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include <cstdint>
+#include <set>
+#include <span>
+
+#include "widgets/FilledText.h"
+#include "widgets/TableColumns.h"
+
+namespace quorvi {
+
+/// What the user can do with a cell.
+enum class CellKind : std::uint8_t {
+    text, ///< read it; a pop-up cell is one of these (KyvarQuorviTableView::setPopUpColumn)
+    name, ///< type another one
+    checkBox,
+};
+
+class TableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    /// The columns must outlive it. The text gives the headers in the user's language.
+    TableModel(std::span<const TableColumn> columns, PanelText text);
+
+    // What a list says of its rows, from 0, and of its columns, by their identifiers. The row exists.
+    [[nodiscard]] virtual int numberOfRows() const = 0;
+    /// A text, a boolean for a check box, the index of an item for a pop-up cell.
+    [[nodiscard]] virtual QVariant cellValue(int columnIdentifier, int row) const = 0;
+    /// Takes what the user has set, of the same kind. Does nothing where nothing can be set.
+    virtual void setCellValue(const QVariant& value, int columnIdentifier, int row);
+
+    /// Asks for everything anew.
+    void reload();
+    /// Greys the column's cells and refuses edits of them, or takes that back.
+    void setColumnEnabled(int columnIdentifier, bool enabled);
+
+    /// Marks the row, -1 for none, by a sign beside its number. The text says why, to the pointer that rests
+    /// there and to screen readers.
+    void setMark(int row, const QString& why);
+
+    /// The position of the column; -1 when the table has none like that.
+    [[nodiscard]] int columnOf(int columnIdentifier) const;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const final;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const final;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const final;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const final;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const final;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) final;
+
+  protected:
+    [[nodiscard]] virtual CellKind cellKind(int columnIdentifier, int row) const;
+    /// What the cell shows for the value; a name as it is shown when the list says nothing else.
+    [[nodiscard]] virtual QString shownCell(int columnIdentifier, const QVariant& value) const;
+    /// What screen readers say of a cell whose text does not say it; empty where it does.
+    [[nodiscard]] virtual QString spokenText(int columnIdentifier, const QVariant& value) const;
+    /// What the cell says to the pointer that rests there; empty for nothing.
+    [[nodiscard]] virtual QString explanation(int columnIdentifier, const QVariant& value) const;
+
+    /// The text of the string table for the key, in the user's language.
+    [[nodiscard]] QString text(const char* key) const { return m_text(key); }
+    [[nodiscard]] const PanelText& panelText() const { return m_text; }
+
+  private:
+    [[nodiscard]] int identifierOf(const QModelIndex& index) const;
+    [[nodiscard]] bool isMarked(const QModelIndex& index) const;
+
+    std::span<const TableColumn> m_columns;
+    PanelText m_text;
+    std::set<int> m_disabledColumns;
+    int m_markedRow = -1;
+    QString m_markText;
+};
+
+} // namespace quorvi
