@@ -1,4 +1,4 @@
-#include "editors/RemovalTexts.h"
+#include "window/RemovalTexts.h"
 
 #include <algorithm>
 

@@ -1,28 +1,23 @@
-// Loading, showing and hiding the pane, and following the focus of its window.
+// How the panel is made, loaded, shown and hidden, and how it follows the focus of its window.
+
+#include "pane/KyvarQuorviPane.h"
 
 #include <QGuiApplication>
 #include <QLocale>
 #include <QMenu>
-#include <QPushButton>
 #include <QTabWidget>
 
-#include "base/Leftovers.h"
-#include "capture/KeyCapture.h"
-#include "editors/assignment/AssignmentEditor.h"
-#include "editors/device/DeviceEditor.h"
-#include "editors/keys/SingleKeyPanel.h"
-#include "editors/recording/Recording.h"
-#include "editors/sensitivity/SensitivityEditor.h"
-#include "editors/stages/StagesEditor.h"
-#include "keyboard/KeyNames.h"
+#include <utility>
+#include <vector>
+
 #include "live/LiveHelper.h"
+#include "pane/Actions.h"
+#include "pane/EditorViews.h"
+#include "pane/Editors.h"
 #include "pane/EventPatch.h"
-#include "pane/KyvarQuorviPane.h"
 #include "platform/InterfaceText.h"
 #include "resources/Interface.h"
-#include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ShownText.h"
-#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -43,45 +38,16 @@ std::unique_ptr<Interface> makeInterface(QWidget& mainView, const InterfaceTextL
 KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
     : fServices(std::move(services)), fMainView(new QWidget),
       fViews(makeInterface(*fMainView, [this](const QString& english) { return locString(english); })),
-      fSheets({.mainView = fMainView,
-                  .confirmPanel = fViews->quorviPanelConfirm,
-                  .question = fViews->confirm.quorviTextConfirm,
-                  .confirmButton = fViews->confirm.quorviConfirmButtonOK,
-                  .cancelButton = fViews->confirm.quorviConfirmButtonCancel},
-          panelText()),
-      fNotices(*fMainView, panelText()), fHelperLink({.context = editorContext(),
-                                             .view = *fMainView,
-                                             .views = *fViews,
-                                             .bundle = fServices.bundle,
-                                             .bus = fServices.bus.get(),
-                                             .workspace = *fServices.workspace,
-                                             .loginItems = *fServices.loginItems,
-                                             .userIsDragging = [this] { return fSession.isDragging(); }}),
-      fSession({.context = editorContext(),
-          .view = *fMainView,
-          .bundle = fServices.bundle,
-          .homeFolder = fServices.homeFolder,
-          .files = fServices.files,
-          .occupation = makeOccupation(),
-          .showLists = [this] { showLists(); }}) {
-    connect(&fSession, &SettingsSession::saved, &fHelperLink, &HelperLink::tellOfSave);
-    // Also while a sheet is up.
-    connect(
-        &fHelperLink, &HelperLink::listCame, this,
-        [this] {
-            if (fHelperLink.takeList())
-                syncUIWithDeviceConfig();
-        },
-        Qt::QueuedConnection);
-    connect(&fHelperLink, &HelperLink::connectionChanged, this, &KyvarQuorviPane::updateConnectionUI);
-    connect(&fHelperLink.live(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
-    connect(&fHelperLink.live(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
-    makeKeyCapture();
-    makeEditors();
-    connect(
-        &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
-    connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
-    connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
+      fSheets(sheetViews(), panelText()), fNotices(*fMainView, panelText()), fHelperLink(helperPanel()),
+      fSession(sessionPanel()), fEditors(std::make_unique<Editors>(Editors::Panel{.context = editorContext(),
+                                    .mainView = *fMainView,
+                                    .views = *fViews,
+                                    .services = fServices,
+                                    .helper = fHelperLink,
+                                    .session = fSession,
+                                    .isShown = [this] { return gPatchedPane == this; }})),
+      fKeyNaming(panelText()) {
+    connectParts();
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
@@ -99,14 +65,65 @@ KyvarQuorviPane::~KyvarQuorviPane() {
     delete fMainView;
 }
 
+PanelText KyvarQuorviPane::panelText() const {
+    return [this](const char* key) { return locString(QString::fromUtf8(key)); };
+}
+
 EditorContext KyvarQuorviPane::editorContext() {
     return {.document = fDocument, .text = panelText(), .sheets = fSheets, .notices = fNotices};
 }
 
-std::unique_ptr<Occupation> KyvarQuorviPane::makeOccupation() const {
-    const auto lists = tables();
-    return std::make_unique<Occupation>(std::vector<const KyvarQuorviTableView*>(lists.begin(), lists.end()),
-        fSheets, [this] { return isRecordingMacro(); });
+Sheets::Views KyvarQuorviPane::sheetViews() const {
+    return {.mainView = fMainView,
+        .confirmPanel = fViews->quorviPanelConfirm,
+        .question = fViews->confirm.quorviTextConfirm,
+        .confirmButton = fViews->confirm.quorviConfirmButtonOK,
+        .cancelButton = fViews->confirm.quorviConfirmButtonCancel};
+}
+
+HelperLink::Panel KyvarQuorviPane::helperPanel() {
+    return {.context = editorContext(),
+        .view = *fMainView,
+        .views = *fViews,
+        .bundle = fServices.bundle,
+        .bus = fServices.bus.get(),
+        .workspace = *fServices.workspace,
+        .loginItems = *fServices.loginItems,
+        .userIsDragging = [this] { return fSession.isDragging(); }};
+}
+
+SettingsSession::Panel KyvarQuorviPane::sessionPanel() {
+    const auto tables = tablesOf(*fViews);
+    return {.context = editorContext(),
+        .view = *fMainView,
+        .bundle = fServices.bundle,
+        .homeFolder = fServices.homeFolder,
+        .files = fServices.files,
+        .occupation = std::make_unique<Occupation>(
+            std::vector<const KyvarQuorviTableView*>(tables.begin(), tables.end()), fSheets,
+            [this] { return isRecordingMacro(); }),
+        .showLists = [this] { fEditors->showLists(); }};
+}
+
+void KyvarQuorviPane::connectParts() {
+    connect(&fSession, &SettingsSession::saved, &fHelperLink, &HelperLink::tellOfSave);
+    // Also while a sheet is up.
+    connect(
+        &fHelperLink, &HelperLink::listCame, this,
+        [this] {
+            if (fHelperLink.takeList())
+                syncUIWithDeviceConfig();
+        },
+        Qt::QueuedConnection);
+    connect(&fHelperLink, &HelperLink::connectionChanged, this, [this] { fEditors->head.showConnection(); });
+    connect(&fHelperLink.live(), &LiveHelper::changed, this, [this] { fEditors->showRunningRow(); });
+    connect(
+        &fHelperLink.live(), &LiveHelper::runningChanged, this, [this] { fEditors->followRunningStage(); });
+    connect(&fKeyNaming, &KeyNaming::namesChanged, this, &KyvarQuorviPane::showKeyNames);
+    connect(
+        &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
+    connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
+    connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
 }
 
 QWidget* KyvarQuorviPane::mainView() {
@@ -118,47 +135,28 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fPanelIsFront = true;
     fBluetoothWarningDone = false;
     fDocument.setHasDevice(false);
-    connectActions();
-    connectTables();
+    connectActions(*this, *fMainView, *fViews);
+    for (KyvarQuorviTableView* table : tablesOf(*fViews))
+        table->setDelegate(this);
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
     fHelperLink.start();
     followLanguage();
-    fStringNoMacros = fViews->main.quorviTableMacros->emptyText();
-    fStringNoMacroTitle = fViews->main.textNoMacroTitle->text();
-    fStringNoMacro = fViews->main.textNoMacro->text();
-    fStringProfilesHint = fViews->main.textProfilesHint->text();
     showVersion();
     // Nobody has to wait for this: it is done while the window is on its way to the screen. A mouse's list,
     // with which keys are shown, is dealt with behind it.
     QMetaObject::invokeMethod(
         this,
         [this] {
-            followKeyboardLayout();
+            fKeyNaming.start(fServices.watchKeyboardLayout);
             fSession.removeLeftovers();
         },
         Qt::QueuedConnection);
 }
 
-void KyvarQuorviPane::followKeyboardLayout() {
-    if (fServices.watchKeyboardLayout) {
-        fKeyboardLayout = fServices.watchKeyboardLayout();
-        connect(fKeyboardLayout.get(), &KeyboardLayoutWatcher::layoutChanged, this,
-            &KyvarQuorviPane::keyboardLayoutDidChange);
-    }
-    nameKeys();
-}
-
-void KyvarQuorviPane::nameKeys() {
-    GetKeyboardInformation([this](std::u16string_view key) {
-        return locString(QString::fromUtf16(key.data(), int(key.size()))).toStdU16String();
-    });
-}
-
-void KyvarQuorviPane::keyboardLayoutDidChange() {
-    nameKeys();
-    reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
-    fSingleKeyPanel->show();
+void KyvarQuorviPane::showKeyNames() {
+    fEditors->steps.list().reloadQuietly();
+    fEditors->singleKey.show();
     updateUI();
 }
 
@@ -219,12 +217,20 @@ void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
 void KyvarQuorviPane::sysPrefWindowDidResignKey() {
     startStopRecording(false, false);
     // An edit that the user left standing is called off, not committed.
-    for (KyvarQuorviTableView* table : tables())
+    for (KyvarQuorviTableView* table : tablesOf(*fViews))
         table->abortEditing();
 }
 
 void KyvarQuorviPane::tabViewDidSelectTabViewItem() {
     startStopRecording(false, false);
+}
+
+void KyvarQuorviPane::syncUIWithDeviceConfig() {
+    startStopRecording(false, false);
+    fSession.readAfresh();
+    updateSensitivityStagesUI();
+    if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
+        fSheets.run(fViews->quorviPanelNoDevice);
 }
 
 } // namespace quorvi

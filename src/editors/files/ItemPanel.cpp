@@ -1,4 +1,4 @@
-#include "editors/ItemPanel.h"
+#include "editors/files/ItemPanel.h"
 
 #include <QLineEdit>
 

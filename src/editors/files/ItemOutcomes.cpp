@@ -1,4 +1,4 @@
-#include "editors/ItemOutcomes.h"
+#include "editors/files/ItemOutcomes.h"
 
 #include <QFile>
 

@@ -1,0 +1,152 @@
+#include "editors/macros/MacrosEditor.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "document/Document.h"
+#include "editors/macros/MacrosModel.h"
+#include "editors/macros/StepsEditor.h"
+#include "model/ItemFile.h"
+#include "model/Keys.h"
+#include "model/Limits.h"
+#include "model/Lookups.h"
+#include "model/SettingsDocument.h"
+#include "platform/ViewActivation.h"
+#include "resources/MenuTags.h"
+#include "resources/TableTags.h"
+#include "widgets/KyvarQuorviTableView.h"
+#include "widgets/StackView.h"
+#include "window/ListButtons.h"
+#include "window/RemovalTexts.h"
+#include "window/Sheets.h"
+
+namespace quorvi {
+
+namespace {
+
+plist::Dictionary newMacro(std::int32_t macroId, std::u16string name) {
+    constexpr std::size_t usualSteps = 8; // four keys, down and up
+    auto steps = plist::Array::create();
+    steps.reserve(usualSteps);
+    auto macro = plist::Dictionary::create();
+    macro.set(keys::macroId, macroId);
+    macro.set(keys::name, std::move(name));
+    macro.set(keys::delay, 0);
+    macro.set(keys::steps, steps);
+    return macro;
+}
+
+} // namespace
+
+MacrosEditor::MacrosEditor(
+    const EditorContext& context, const Views& views, Others others, StepsEditor& steps)
+    : m_context(context), m_views(views), m_others(std::move(others)), m_steps(steps),
+      m_usualHint(views.table.emptyText()), m_usualTitle(views.noMacroTitle.text()),
+      m_list(views.table,
+          std::make_unique<MacrosModel>(context.document, context.text, m_others.listHasChanged)) {
+    m_list.onSelectionChange([this] { switchToSelected(); });
+}
+
+void MacrosEditor::show() {
+    const bool hasDevice = m_context.document.hasDevice();
+    const bool editable = hasDevice && !m_others.isRecording();
+    makeViewActive(&m_views.table, editable);
+    enableButtonOf(m_views.table, m_views.addButton, editable && hasRoom());
+    enableButtonOf(m_views.table, m_views.removeButton, editable && isSelected());
+    m_views.gearButton.setEnabled(editable);
+    m_views.steps.setCurrentIndex(hasDevice && isSelected() ? 0 : 1);
+    showHints();
+}
+
+void MacrosEditor::showHints() {
+    const bool hasDevice = m_context.document.hasDevice();
+    // Before it is known which mice there are, what stands below says why there are no macros.
+    const QString noMouse = m_others.knowsMice() ? m_context.text("No mouse is connected") : QString();
+    m_views.table.setEmptyText(hasDevice ? m_usualHint : noMouse);
+    m_views.noMacroTitle.setText(hasDevice ? m_usualTitle : noMouse);
+    makeViewActive(&m_views.pageNoMacro, true);
+}
+
+void MacrosEditor::selectCurrent() {
+    m_list.reloadQuietly();
+    if (m_context.document.macroIndex() < 0)
+        m_views.table.deselectAll();
+    else
+        m_list.selectQuietly(m_context.document.macroIndex());
+}
+
+void MacrosEditor::switchToSelected() {
+    if (!m_context.document.hasDevice())
+        return;
+    m_context.document.editMacroIndex(m_views.table.selectedRow());
+    m_steps.showOtherMacro();
+    m_context.document.commit({.saving = Saving::never});
+}
+
+void MacrosEditor::append(const plist::Dictionary& macro) {
+    Document& document = m_context.document;
+    appendItem(document.macros(), macro, m_context.text("Untitled Macro").toStdU16String());
+    document.editMacroIndex(static_cast<std::int32_t>(document.macros().size()) - 1);
+    m_list.reloadQuietly();
+    m_views.table.selectRowAlone(document.macroIndex());
+    m_others.listHasChanged();
+    document.commit();
+}
+
+void MacrosEditor::create() {
+    const int macroId = KyvarFindUnusedMacroID(m_context.document.macros());
+    if (!m_context.document.macros() || macroId < 0)
+        return;
+    append(newMacro(macroId, m_context.text("Untitled Macro").toStdU16String()));
+    m_views.table.editCell(m_list.model().columnOf(kMacroNameColumn), m_context.document.macroIndex());
+}
+
+void MacrosEditor::remove() {
+    Document& document = m_context.document;
+    if (document.macroIndex() < 0)
+        return;
+    const std::u16string name = document.macro().string(keys::name);
+    const bool confirmed = m_context.sheets.confirm(Question{
+        "Delete macro: ^1\r\rAre you sure you want to delete this macro?", QString::fromStdU16String(name),
+        effectOfRemovingMacro(
+            document.tree(), static_cast<std::size_t>(document.macroIndex()), m_context.text),
+        "Delete"});
+    // The mouse may have been plugged in while the question stood, and the settings read afresh.
+    if (!confirmed || document.macroIndex() < 0 || document.macro().string(keys::name) != name)
+        return;
+    document.macros().remove(static_cast<std::size_t>(document.macroIndex()));
+    const auto last = static_cast<std::int32_t>(document.macros().size()) - 1;
+    document.editMacroIndex(std::min(document.macroIndex(), last));
+    m_list.reloadQuietly();
+    if (document.macroIndex() >= 0)
+        m_views.table.selectRowAlone(document.macroIndex());
+    m_steps.showOtherMacro();
+    cleanUpSettings(document.tree());
+    m_others.listHasChanged();
+    document.commit();
+}
+
+bool MacrosEditor::hasRoom() const {
+    return int(m_context.document.macros().size()) < limits::macros;
+}
+
+bool MacrosEditor::isSelected() const {
+    return m_views.table.selectedRow() >= 0;
+}
+
+std::vector<MenuCommand> MacrosEditor::commands() {
+    const auto hasPlace = [this] { return hasRoom(); };
+    const auto selected = [this] { return isSelected(); };
+    return {
+        {kNewMacroItem, [this] { create(); }, hasPlace},
+        {kImportMacroItem, m_others.importMacro, hasPlace},
+        {kExportMacroItem, m_others.exportMacro, selected},
+        {kRemoveMacroItem, [this] { remove(); }, selected},
+    };
+}
+
+} // namespace quorvi

@@ -1,0 +1,71 @@
+// The list of steps of the current macro: removed ones, and the delays of all of them.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "editors/macros/StepsModel.h"
+#include "window/EditorContext.h"
+#include "window/MenuCommands.h"
+#include "window/TableList.h"
+
+class QPushButton;
+
+namespace quorvi {
+
+/// The recording of a macro, as the commands of the lists see it.
+struct RecordingCommands {
+    std::function<bool()> isRunning;
+    /// Starts or stops one. One of a single step replaces the selected step.
+    std::function<void(bool start, bool oneStep)> startOrStop;
+    /// What the command that starts and stops is called now.
+    std::function<QString()> title;
+};
+
+class StepsEditor final {
+  public:
+    struct Views {
+        KyvarQuorviTableView& table;
+        const KyvarQuorviTableView& macros;
+        QPushButton& addButton;
+        QPushButton& removeButton;
+        QPushButton& gearButton;
+        QMenu& delays; ///< the items of the cells with delays
+    };
+
+    StepsEditor(const EditorContext& context, const Views& views, RecordingCommands recording);
+    StepsEditor(const StepsEditor&) = delete;
+    StepsEditor& operator=(const StepsEditor&) = delete;
+
+    /// Derives what can be used from the document, from which row is selected, and from whether a recording
+    /// runs.
+    void show();
+    /// Shows the steps of another macro, with none selected.
+    void showOtherMacro();
+
+    /// Removes the selected step. The next save brings that along.
+    void remove();
+    /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
+    /// to wait for. Nothing is saved.
+    void setDelayForAll(std::int32_t milliseconds);
+
+    /// The commands of the list's menu.
+    [[nodiscard]] std::vector<MenuCommand> commands();
+    [[nodiscard]] TableList& list() { return m_list; }
+    /// What the cell of a delay shows for its value; nothing for one without an item.
+    [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
+
+  private:
+    void removeAll();
+    void useDelayOfSelectedForAll();
+    [[nodiscard]] bool isSelected() const;
+    [[nodiscard]] bool hasSteps() const;
+
+    EditorContext m_context;
+    Views m_views;
+    RecordingCommands m_recording;
+    TableList m_list;
+};
+
+} // namespace quorvi

@@ -1,0 +1,74 @@
+#include "editors/macros/StepsModel.h"
+
+#include <QMenu>
+
+#include "model/Keys.h"
+#include "resources/TableTags.h"
+#include "widgets/MenuItems.h"
+#include "window/ShownStep.h"
+
+namespace quorvi {
+
+namespace {
+
+/// The position of the item for the delay: its own or, when it has none, that of the longest shorter one;
+/// never "none" for a delay that there is. -1 when no item will do.
+int indexOfDelay(const QMenu& menu, std::int32_t delay) {
+    const int own = indexOfItemWithTag(menu, delay);
+    if (own >= 0)
+        return own;
+    const QList<QAction*> items = menu.actions();
+    for (int index = int(items.size()) - 1; index >= 0; --index) {
+        const int tag = tagOfItem(*items.at(index)).value_or(0);
+        if (tag > 0 && tag < delay)
+            return index;
+    }
+    return -1;
+}
+
+/// The item that the value of a pop-up cell stands for; null for none.
+QAction* itemAt(const QMenu& menu, const QVariant& value) {
+    return value.userType() == QMetaType::Int ? menu.actions().value(value.toInt()) : nullptr;
+}
+
+} // namespace
+
+StepsModel::StepsModel(Document& document, const QMenu& delays, const PanelText& text)
+    : TableModel(stepColumns, text), m_document(document), m_delays(delays) {}
+
+int StepsModel::numberOfRows() const {
+    return m_document.hasDevice() ? static_cast<int>(m_document.macroSteps().size()) : 0;
+}
+
+QVariant StepsModel::cellValue(int columnIdentifier, int row) const {
+    const plist::Dictionary step = m_document.macroSteps().dictionary(static_cast<std::size_t>(row));
+    const bool exists = row >= 0 && row < static_cast<int>(m_document.macroSteps().size());
+    if (columnIdentifier == kStepActionColumn)
+        return shownStep(step, panelText());
+    if (columnIdentifier == kStepDelayColumn && exists)
+        return indexOfDelay(m_delays, step.integer(keys::delay));
+    return QString();
+}
+
+void StepsModel::setCellValue(const QVariant& value, int columnIdentifier, int row) {
+    if (columnIdentifier != kStepDelayColumn)
+        return;
+    const QAction* item = itemAt(m_delays, value);
+    if (item && row >= 0)
+        m_document.macroSteps()
+            .dictionary(static_cast<std::size_t>(row))
+            .set(keys::delay, tagOfItem(*item).value_or(0));
+    m_document.commit({.shown = Shown::nothing, .saving = Saving::withNextAction});
+}
+
+QString StepsModel::titleOfDelay(const QVariant& value) const {
+    const QAction* item = itemAt(m_delays, value);
+    return item ? shownTitleOfItem(*item) : QString();
+}
+
+QString StepsModel::shownCell(int columnIdentifier, const QVariant& value) const {
+    return columnIdentifier == kStepDelayColumn ? titleOfDelay(value)
+                                                : TableModel::shownCell(columnIdentifier, value);
+}
+
+} // namespace quorvi

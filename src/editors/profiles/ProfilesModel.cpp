@@ -1,0 +1,93 @@
+#include "editors/profiles/ProfilesModel.h"
+
+#include <utility>
+
+#include "model/Keys.h"
+#include "model/NamingRule.h"
+#include "model/SettingsDocument.h"
+#include "resources/TableTags.h"
+
+namespace quorvi {
+
+namespace {
+
+QString textIn(const plist::Dictionary& dictionary, std::string_view key) {
+    return QString::fromStdU16String(dictionary.string(key));
+}
+
+} // namespace
+
+ProfilesModel::ProfilesModel(Document& document, const PanelText& text, std::function<void()> hasChanged)
+    : TableModel(profileColumns, text), m_document(document), m_hasChanged(std::move(hasChanged)) {}
+
+int ProfilesModel::numberOfRows() const {
+    return m_document.hasDevice() ? static_cast<int>(m_document.profiles().size()) : 0;
+}
+
+QVariant ProfilesModel::cellValue(int columnIdentifier, int row) const {
+    const plist::Dictionary profile = m_document.profiles().dictionary(static_cast<std::size_t>(row));
+    switch (columnIdentifier) {
+    case kProfileNumberColumn:
+        return QString::number(row + 1);
+    case kProfileNameColumn:
+        return textIn(profile, keys::name);
+    case kProfileApplicationColumn:
+        return textIn(profile.dictionary(keys::driver), keys::application);
+    case kProfileAutoswitchColumn:
+        return profile.dictionary(keys::driver).boolean(keys::autoSwitch);
+    default:
+        return QString();
+    }
+}
+
+void ProfilesModel::setCellValue(const QVariant& value, int columnIdentifier, int row) {
+    if (columnIdentifier == kProfileNameColumn) {
+        rename(value, row);
+        m_document.commit({.saving = Saving::withNextAction});
+    } else if (columnIdentifier == kProfileAutoswitchColumn) {
+        editProfileOf(row);
+        m_document.driverData().set(keys::autoSwitch, value.toBool());
+        m_document.commit({.shown = Shown::nothing, .saving = Saving::withNextAction});
+    }
+}
+
+void ProfilesModel::rename(const QVariant& value, int row) {
+    // The first profile is the one that always exists; it keeps its name.
+    if (row > 0 && value.userType() == QMetaType::QString) {
+        const std::u16string name = makeNameUnique(value.toString().toStdU16String(),
+            text("Untitled Profile").toStdU16String(), m_document.profiles(), keys::name, row);
+        editProfileOf(row);
+        m_document.profile().set(keys::name, name);
+    }
+    cleanUpSettings(m_document.tree());
+    m_hasChanged();
+}
+
+void ProfilesModel::editProfileOf(int row) {
+    if (row != m_document.profileIndex())
+        m_document.editProfileIndex(row);
+}
+
+CellKind ProfilesModel::cellKind(int columnIdentifier, int row) const {
+    if (columnIdentifier == kProfileAutoswitchColumn)
+        return CellKind::checkBox;
+    return columnIdentifier == kProfileNameColumn && row > 0 ? CellKind::name : CellKind::text;
+}
+
+// What stands in a cell without a text; the text itself is read out without that.
+QString ProfilesModel::spokenText(int columnIdentifier, const QVariant& value) const {
+    if (columnIdentifier == kProfileAutoswitchColumn)
+        return value.toBool() ? text("Switches automatically") : text("Does not switch automatically");
+    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
+        return text("No application");
+    return {};
+}
+
+// What to do where there is nothing. Plain text, whatever an application is called.
+QString ProfilesModel::explanation(int columnIdentifier, const QVariant& value) const {
+    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
+        return text("No application: assign one with the gear button.");
+    return {};
+}
+
+} // namespace quorvi
