@@ -5,6 +5,7 @@
 
 #include "layouts/XkbKeyboardLayout.h"
 #include "model/Keys.h"
+#include "model/Limits.h"
 #include "pane/PaneFixture.h"
 #include "widgets/PopUpButton.h"
 
@@ -29,7 +30,7 @@ class AssignmentFixture : public PaneFixture {
     [[nodiscard]] static plist::Dictionary tree() {
         auto tree = sampleTree();
         for (int profile = 0; profile < 2; ++profile)
-            for (int input = 1; input <= kAssignmentCount; ++input)
+            for (int input = 1; input <= limits::buttons; ++input)
                 setInput(tree, input, {{"command", input <= 2 ? input : 0}}, profile);
         return tree;
     }

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QTest>
 
+#include "model/Limits.h"
 #include "pane/ListTools.h"
 #include "widgets/PopUpButton.h"
 
@@ -148,7 +149,7 @@ std::vector<ControlMove> allMoves() {
     // Names are edited, and profiles and macros removed, with a look for assignments that lead nowhere.
     const QStringList lists = switching + QStringList{"profiles/*/buttons/*"};
     std::vector<ControlMove> moves;
-    for (int input = 1; input <= kAssignmentCount; ++input)
+    for (int input = 1; input <= limits::buttons; ++input)
         moves.push_back(assignment(input));
     moves.push_back(slider("quorviSliderSensitivityX", x));
     moves.push_back(box("quorviBoxIndependentXY", 1,

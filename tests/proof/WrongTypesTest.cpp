@@ -162,7 +162,7 @@ class WrongTypesTest : public QObject {
                  keys::acceleration, keys::enableAcceleration, keys::sensitivityDisplay, keys::profileDisplay,
                  keys::macroId, keys::delay, keys::steps, keys::argument})
             QVERIFY2(tried.contains(QString::fromUtf8(key.data(), int(key.size()))), key.data());
-        for (int input = 1; input <= kAssignmentCount; ++input)
+        for (int input = 1; input <= limits::buttons; ++input)
             QVERIFY(tried.contains(QString::fromStdString(keys::button(input))));
     }
 

@@ -8,6 +8,7 @@
 
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
+#include "model/Limits.h"
 #include "model/SettingsDocument.h"
 #include "pane/PaneFixture.h"
 #include "plist/DeepCopy.h"
@@ -155,7 +156,7 @@ plist::Dictionary treeWithEveryKey() {
         for (const std::string_view key :
             {keys::application, keys::identifier, keys::signature, keys::executable})
             profile.dictionary(keys::driver).set(key, u"something");
-        for (int input = 1; input <= kAssignmentCount; ++input) {
+        for (int input = 1; input <= limits::buttons; ++input) {
             const auto assignment = plist::Dictionary::create();
             assignment.set(keys::command, input == 3 ? 65 : input == 4 ? 34 : input == 5 ? 49 : input);
             assignment.set(keys::param1, input == 4 ? 2 : input == 5 ? 4 : 0);
