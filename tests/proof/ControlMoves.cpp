@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QTest>
 
+#include "model/Limits.h"
 #include "pane/ListTools.h"
 #include "widgets/PopUpButton.h"
 

@@ -9,6 +9,7 @@
 
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
+#include "model/Limits.h"
 #include "model/SettingsDocument.h"
 #include "pane/PaneFixture.h"
 #include "plist/DeepCopy.h"
