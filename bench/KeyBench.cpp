@@ -5,8 +5,8 @@
 #include <QKeyEvent>
 #include <QWindow>
 
-#include "assignment/EventPatch.h"
 #include "bench/Figures.h"
+#include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "support/PrivateBus.h"
 

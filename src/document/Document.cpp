@@ -54,6 +54,23 @@ void Document::startInDefaultStage() {
     fSettings.set(keys::stage, fStageIndex + 1);
 }
 
+void Document::alignIndependentAxes() {
+    const bool independent = fSettings.integer(keys::dpiX) != fSettings.integer(keys::dpiY);
+    for (const plist::Dictionary& holder : {fSettings, fStage})
+        if (holder.boolean(keys::independentXY) != independent)
+            holder.set(keys::independentXY, independent);
+}
+
+bool Document::alignStageWithSettings() {
+    const std::int32_t x = fSettings.integer(keys::dpiX);
+    const std::int32_t y = fSettings.integer(keys::dpiY);
+    if (fStage.integer(keys::dpiX) == x && fStage.integer(keys::dpiY) == y)
+        return false;
+    fStage.set(keys::dpiX, x);
+    fStage.set(keys::dpiY, y);
+    return true;
+}
+
 void Document::editMacroIndex(std::int32_t index) {
     fMacroIndex = isIndexOf(fMacros, index) ? index : -1;
     fMacro = fMacros.dictionary(static_cast<std::size_t>(fMacroIndex));

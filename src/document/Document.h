@@ -70,6 +70,11 @@ class Document {
     [[nodiscard]] std::int32_t profileIndexOfSettings() const;
     /// Makes the stage that the current profile starts in the current one, with its sensitivity.
     void startInDefaultStage();
+    /// Has the settings and the current stage say that their axes are independent exactly when the settings'
+    /// values differ.
+    void alignIndependentAxes();
+    /// Gives the current stage the sensitivity of the settings, which win. Whether it had another.
+    bool alignStageWithSettings();
     /// Makes the macro at the index the current one; any other index than one of a macro leaves none.
     void editMacroIndex(std::int32_t index);
 

@@ -7,17 +7,14 @@
 #include <QMenu>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
-#include "editors/PaneTableModel.h"
+#include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
-#include "resources/TableTags.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"
-#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -145,13 +142,6 @@ std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
 void KyvarQuorviPane::connectTables() {
     for (KyvarQuorviTableView* table : tables())
         table->setDelegate(this);
-    KyvarQuorviTableView* stages = fViews->stages.quorviStageTableStages;
-    fStagesList = std::make_unique<TableList>(*stages, std::make_unique<PaneTableModel>(*this, kStagesTable));
-    fStagesList->onSelectionChange([this, stages] {
-        // There is always a current stage: without a selection it is the first.
-        editStageIndex(std::max(stages->selectedRow(), 0));
-        updateSensitivityStagesUI();
-    });
 }
 
 } // namespace quorvi

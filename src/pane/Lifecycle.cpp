@@ -6,19 +6,23 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "assignment/EventPatch.h"
 #include "base/Leftovers.h"
+#include "capture/KeyCapture.h"
+#include "editors/assignment/AssignmentEditor.h"
+#include "editors/device/DeviceEditor.h"
+#include "editors/keys/SingleKeyPanel.h"
+#include "editors/recording/Recording.h"
+#include "editors/sensitivity/SensitivityEditor.h"
+#include "editors/stages/StagesEditor.h"
 #include "keyboard/KeyNames.h"
 #include "live/LiveHelper.h"
-#include "model/SettingsDocument.h"
+#include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/ListEditors.h"
-#include "platform/EventBusNotifier.h"
 #include "platform/InterfaceText.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ShownText.h"
-#include "window/TableList.h"
 
 namespace quorvi {
 
@@ -37,8 +41,7 @@ std::unique_ptr<Interface> makeInterface(QWidget& mainView, const InterfaceTextL
 } // namespace
 
 KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
-    : fServices(std::move(services)), fSettingsFile(userSettingsFile(fServices.homeFolder, fServices.files)),
-      fMainView(new QWidget),
+    : fServices(std::move(services)), fMainView(new QWidget),
       fViews(makeInterface(*fMainView, [this](const QString& english) { return locString(english); })),
       fSheets({.mainView = fMainView,
                   .confirmPanel = fViews->quorviPanelConfirm,
@@ -46,33 +49,65 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
                   .confirmButton = fViews->confirm.quorviConfirmButtonOK,
                   .cancelButton = fViews->confirm.quorviConfirmButtonCancel},
           panelText()),
-      fNotices(*fMainView, panelText()) {
-    if (fServices.bus)
-        fBusNotifier = std::make_unique<EventBusNotifier>(*fServices.bus);
-    makeLive();
+      fNotices(*fMainView, panelText()), fHelperLink({.context = editorContext(),
+                                             .view = *fMainView,
+                                             .views = *fViews,
+                                             .bundle = fServices.bundle,
+                                             .bus = fServices.bus.get(),
+                                             .workspace = *fServices.workspace,
+                                             .loginItems = *fServices.loginItems,
+                                             .userIsDragging = [this] { return fSession.isDragging(); }}),
+      fSession({.context = editorContext(),
+          .view = *fMainView,
+          .bundle = fServices.bundle,
+          .homeFolder = fServices.homeFolder,
+          .files = fServices.files,
+          .occupation = makeOccupation(),
+          .showLists = [this] { showLists(); }}) {
+    connect(&fSession, &SettingsSession::saved, &fHelperLink, &HelperLink::tellOfSave);
+    // Also while a sheet is up.
+    connect(
+        &fHelperLink, &HelperLink::listCame, this,
+        [this] {
+            if (fHelperLink.takeList())
+                syncUIWithDeviceConfig();
+        },
+        Qt::QueuedConnection);
+    connect(&fHelperLink, &HelperLink::connectionChanged, this, &KyvarQuorviPane::updateConnectionUI);
+    connect(&fHelperLink.live(), &LiveHelper::changed, this, &KyvarQuorviPane::showRunningRow);
+    connect(&fHelperLink.live(), &LiveHelper::runningChanged, this, &KyvarQuorviPane::followRunningStage);
+    makeKeyCapture();
+    makeEditors();
     makeListEditors();
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
     connect(&fFocus, &FocusObserver::windowDidBecomeKey, this, &KyvarQuorviPane::sysPrefWindowDidBecomeKey);
     connect(&fFocus, &FocusObserver::windowDidResignKey, this, &KyvarQuorviPane::sysPrefWindowDidResignKey);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &KyvarQuorviPane::updateKeyboardGrab);
-    connect(&fSettingsWatcher, &FileWatcher::fileChanged, this, &KyvarQuorviPane::followSettingsFile);
-    fViews->quorviPanelSingleKey->installEventFilter(this);
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
     // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
     // recorded or is in no file yet.
-    if (fRecorder.isRecording()) {
+    if (isRecordingMacro()) {
         sendMessageToHelper(kMessageRecording, 0);
-        fUnsavedEdits = true;
+        fSession.noteUnsavedEdits();
     }
-    static_cast<void>(saveUnsavedEdits());
+    static_cast<void>(fSession.saveUnsavedEdits());
     if (gPatchedPane == this)
         KyvarQuorviSwapNSAppMethods(this);
     if (gKyvarQuorviPane == this)
         gKyvarQuorviPane = nullptr;
     delete fMainView;
+}
+
+EditorContext KyvarQuorviPane::editorContext() {
+    return {.document = fDocument, .text = panelText(), .sheets = fSheets, .notices = fNotices};
+}
+
+std::unique_ptr<Occupation> KyvarQuorviPane::makeOccupation() const {
+    const auto lists = tables();
+    return std::make_unique<Occupation>(std::vector<const KyvarQuorviTableView*>(lists.begin(), lists.end()),
+        fSheets, [this] { return isRecordingMacro(); });
 }
 
 QWidget* KyvarQuorviPane::mainView() {
@@ -88,14 +123,8 @@ void KyvarQuorviPane::mainViewDidLoad() {
     connectTables();
     fViews->main.quorviTabsMain->setCurrentIndex(0);
     fViews->main.quorviTabsMain->setFocus(); // from here Ctrl+Tab and the arrow keys change the tab
-    startHelper();
-    fillAssignmentMenus();
+    fHelperLink.start();
     followLanguage();
-    fStringRecord = fViews->main.quorviButtonStepRecord->text();
-    fStringStop = fViews->main.quorviButtonStepRecord->property("alternateTitle").toString();
-    fStringRecordDescription = fViews->main.quorviButtonStepRecord->accessibleDescription();
-    fStringNoSteps = fViews->main.quorviTableSteps->emptyText();
-    fStringNoMacro = fViews->main.textNoMacro->text();
     showVersion();
     // Nobody has to wait for this: it is done while the window is on its way to the screen. A mouse's list,
     // with which keys are shown, is dealt with behind it.
@@ -103,7 +132,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
         this,
         [this] {
             followKeyboardLayout();
-            removeLeftovers(fSettingsFile.path(), fServices.files);
+            fSession.removeLeftovers();
         },
         Qt::QueuedConnection);
 }
@@ -125,8 +154,8 @@ void KyvarQuorviPane::nameKeys() {
 
 void KyvarQuorviPane::keyboardLayoutDidChange() {
     nameKeys();
-    reloadTableViewDataQuietly(fViews->main.quorviTableSteps);
-    showSingleKey();
+    fListEditors->steps.list().reloadQuietly();
+    fSingleKeyPanel->show();
     updateUI();
 }
 
@@ -147,9 +176,8 @@ void KyvarQuorviPane::followLanguage() {
 void KyvarQuorviPane::didSelect() {
     fDocument.setHasDevice(false);
     fFocus.start(fMainView->window());
-    installDeviceListHandler();
-    startFollowingHelper();
-    sendMessageToHelper(kMessagePaneShown, 1);
+    fHelperLink.open();
+    fSession.open();
     KyvarQuorviSwapNSAppMethods(this);
     // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
     updateUI();
@@ -160,25 +188,9 @@ void KyvarQuorviPane::willUnselect() {
     closeMenus();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
-    updateKeyboardGrab();
-    sendMessageToHelper(kMessagePaneShown, 0);
-    stopFollowingHelper();
-    removeEventHandlers();
+    fHelperLink.close();
     fFocus.stop();
-    fSettingsWatcher.stop();
-    fFollowLater.reset();
-    if (fDocument.tree()) {
-        if (fMainView && !fUnsavedEdits && othersChangedSettings(fSettingsFile))
-            showSettingsOfFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
-        // A tree that no file has is held until it can be saved; nothing is read over it.
-        if (saveSettings(fDocument.tree()))
-            fDocument.setTree({});
-    }
-    if (!fDocument.tree())
-        fSettingsFile.forget();
-    fMergedUnshown = false;
-    fDocument.editProfileIndex(-1);
-    fDocument.editMacroIndex(-1);
+    fSession.close();
 }
 
 // A menu is a window of its own, and would stay. The view may have gone before, with the host's window.
@@ -196,9 +208,9 @@ void KyvarQuorviPane::sysPrefDidResignActive() {
 void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fPanelIsFront = true;
     updateUI();
-    bringHelperBack();
-    retryFailedSave();
-    followSettingsFile();
+    fHelperLink.bringBack();
+    fSession.retryFailedSave();
+    fSession.followFile();
 }
 
 void KyvarQuorviPane::sysPrefWindowDidResignKey() {

@@ -1,10 +1,11 @@
 // What the window asks of the lists and has them do, handed to the editor of each.
 
+#include "editors/recording/Recording.h"
+#include "editors/stages/StagesEditor.h"
 #include "live/LiveHelper.h"
 #include "pane/KyvarQuorviPane.h"
 #include "pane/ListEditors.h"
 #include "resources/TableTags.h"
-#include "sensitivity/StageText.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 
@@ -16,20 +17,20 @@ void KyvarQuorviPane::makeListEditors() {
         .defaultSettings = [this] { return getDefaultSettings(); },
         .restoreDefaults = [this] { actionButtonRestoreDefaults(); },
         .running = [this] { return runningRow(); },
-        .knowsMice = [this] { return fListHasCome; },
-        .recording = {.isRunning = [this] { return fRecorder.isRecording(); },
+        .knowsMice = [this] { return fHelperLink.listHasCome(); },
+        .recording = {.isRunning = [this] { return isRecordingMacro(); },
             .startOrStop = [this](bool start, bool oneStep) { startStopRecording(start, oneStep); },
-            .title = [this] { return fRecorder.isRecording() ? fStringStop : fStringRecord; }},
+            .title = [this] { return fRecording->commandTitle(); }},
         .profilesHaveChanged = [this] { updateProfilesSubmenu(); },
         .macrosHaveChanged = [this] { updateMacrosSubmenu(); },
     };
-    fListEditors = std::make_unique<ListEditors>(
-        EditorContext{fDocument, panelText(), fSheets, fNotices}, *fMainView, *fViews, others);
+    fListEditors = std::make_unique<ListEditors>(editorContext(), *fMainView, *fViews, others);
 }
 
 RunningRow KyvarQuorviPane::runningRow() const {
-    const QString why = fLive->runningText();
-    return {.row = why.isEmpty() ? -1 : static_cast<int>(fLive->state().runningProfile) - 1, .why = why};
+    const LiveHelper& live = fHelperLink.live();
+    const QString why = live.runningText();
+    return {.row = why.isEmpty() ? -1 : static_cast<int>(live.state().runningProfile) - 1, .why = why};
 }
 
 void KyvarQuorviPane::showRunningRow() {
@@ -45,7 +46,7 @@ TableList* KyvarQuorviPane::listWithTag(int tag) const {
     case kStepsTable:
         return &fListEditors->steps.list();
     case kStagesTable:
-        return fStagesList.get();
+        return &fStages->list();
     default:
         return nullptr;
     }
@@ -57,18 +58,11 @@ TableList* KyvarQuorviPane::listWithColumn(int columnIdentifier) const {
 }
 
 int KyvarQuorviPane::numberOfRowsInTableView(int tableTag) const {
-    if (tableTag == kStagesTable)
-        return hasDevice() ? static_cast<int>(editedStages().size()) : 0;
     const TableList* list = listWithTag(tableTag);
     return list ? list->model().numberOfRows() : 0;
 }
 
 QVariant KyvarQuorviPane::objectValueForTableColumn(int columnIdentifier, int row) const {
-    if (columnIdentifier == kStageNumberColumn)
-        return QString::number(row + 1);
-    if (columnIdentifier == kStageResolutionColumn)
-        return stageText(editedStages().dictionary(static_cast<std::size_t>(row)),
-            [this](const QString& key) { return locString(key); });
     const TableList* list = listWithColumn(columnIdentifier);
     return list ? list->model().cellValue(columnIdentifier, row) : QString();
 }
@@ -147,10 +141,6 @@ void KyvarQuorviPane::actionButtonMacroAdd() {
 
 void KyvarQuorviPane::actionButtonMacroRemove() {
     fListEditors->macros.remove();
-}
-
-void KyvarQuorviPane::actionButtonStepRecord() {
-    startStopRecording(!fRecorder.isRecording(), false);
 }
 
 void KyvarQuorviPane::actionButtonStepRemove() {

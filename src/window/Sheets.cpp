@@ -1,6 +1,7 @@
 #include "window/Sheets.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 #include <utility>
@@ -29,7 +30,11 @@ Sheets::Sheets(const Views& views, PanelText text) : m_views(views), m_text(std:
 int Sheets::run(QDialog* panel) {
     // A sheet is a window: it does not take its parent's direction.
     panel->setLayoutDirection(m_views.mainView->layoutDirection());
-    return m_sessions.run(panel);
+    const QPointer<Sheets> self(this);
+    const int code = m_sessions.run(panel);
+    if (self)
+        emit ended();
+    return code;
 }
 
 void Sheets::accept() {

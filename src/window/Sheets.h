@@ -1,6 +1,7 @@
 // The sheets of the panel, and the question before what cannot be taken back.
 #pragma once
 
+#include <QObject>
 #include <QString>
 
 #include <optional>
@@ -24,7 +25,9 @@ struct Question {
     const char* confirming = "OK"; ///< a key of the string table: the name of the button that confirms
 };
 
-class Sheets {
+class Sheets final : public QObject {
+    Q_OBJECT
+
   public:
     /// The sheet for questions. All of it, and the view, must outlive this object's use.
     struct Views {
@@ -45,6 +48,10 @@ class Sheets {
 
     /// Whether the user agrees. Whoever calls may not outlive the question.
     [[nodiscard]] bool confirm(const Question& question);
+
+  signals:
+    /// A sheet has closed; another one may still be open.
+    void ended();
 
   private:
     Views m_views;

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QWindow>
 
-#include "assignment/EventPatch.h"
+#include "pane/EventPatch.h"
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
 

@@ -7,8 +7,8 @@
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
 
-#include "assignment/EventPatch.h"
 #include "layouts/XkbKeyboardLayout.h"
+#include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "platform/KeyEvents.h"

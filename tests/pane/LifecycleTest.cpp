@@ -14,7 +14,7 @@
 #include <array>
 #include <fstream>
 
-#include "assignment/EventPatch.h"
+#include "pane/EventPatch.h"
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "resources/MenuTags.h"

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "assignment/EventPatch.h"
 #include "layouts/XkbKeyboardLayout.h"
+#include "pane/EventPatch.h"
 #include "pane/ListTools.h"
 
 namespace quorvi::test {

@@ -7,10 +7,10 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "assignment/EventPatch.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
+#include "pane/EventPatch.h"
 #include "pane/loginitems/AutostartLoginItemStore.h"
 #include "widgets/KyvarQuorviTableView.h"
 

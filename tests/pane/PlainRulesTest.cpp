@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "sensitivity/AccelerationScale.h"
+#include "editors/sensitivity/AccelerationScale.h"
 
 namespace quorvi {
 namespace {

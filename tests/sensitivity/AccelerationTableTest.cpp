@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "sensitivity/AccelerationScale.h"
+#include "editors/sensitivity/AccelerationScale.h"
 
 namespace quorvi {
 namespace {

@@ -1,0 +1,227 @@
+#include "editors/assignment/AssignmentEditor.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+
+#include <algorithm>
+
+#include "editors/assignment/AssignmentTexts.h"
+#include "keyboard/KeyCodeConversion.h"
+#include "model/CommandCodes.h"
+#include "model/Keys.h"
+#include "model/Lookups.h"
+#include "widgets/MenuItems.h"
+#include "widgets/MouseView.h"
+#include "widgets/PopUpButton.h"
+#include "widgets/ShownText.h"
+#include "window/Unread.h"
+
+namespace quorvi {
+
+namespace {
+
+/// Inputs 1 to 7 are buttons; 8 and 9 are the wheel's two directions.
+constexpr int kLastButton = 7;
+/// Buttons 2 to 7, as bits.
+constexpr std::uint32_t kOtherButtons = 126;
+constexpr std::uint32_t kAllButtons = 127;
+
+/// The commands whose items show a decorated title while they are the selected assignment.
+constexpr std::array kDecorated{commands::switchToProfile, commands::runMacro, commands::singleKey};
+
+bool isDecorated(int command) {
+    return std::ranges::find(kDecorated, command) != kDecorated.end();
+}
+
+/// Some items show a decorated title while they are the selected assignment, and get this one back
+/// afterwards.
+void rememberItemTitles(const QMenu& menu) {
+    for (QAction* item : menu.actions()) {
+        item->setProperty(kRepresentedObject, titleOfItem(*item));
+        if (isItemGroup(*item))
+            rememberItemTitles(*item->menu());
+    }
+}
+
+QString plainTitleOf(const QAction& item) {
+    return item.property(kRepresentedObject).toString();
+}
+
+/// The number of the input that the pop-up is for, 1 to 9.
+int inputOf(const QObject& popUp) {
+    return popUp.property("tag").toInt();
+}
+
+/// The number of the input that a list's item is for; nothing for the fixed item, which is for none.
+std::optional<int> inputOfListItem(const QAction& listItem) {
+    const auto* popUp = listItem.property(kRepresentedObject).value<QObject*>();
+    return popUp ? std::optional(inputOf(*popUp)) : std::nullopt;
+}
+
+/// "4  Rear side button" without the mark of the key that leads to it.
+QString titleOfLabel(const QLabel& label) {
+    return withoutDirection(label.text()).remove(QLatin1Char('&')).simplified();
+}
+
+/// The key that is assigned; none when something else is.
+KeyChoice keyOf(const plist::Dictionary& assignment) {
+    if (assignment.integer(keys::command) != commands::singleKey)
+        return {};
+    return {.key = UsbToAdbKeycode(assignment.integer(keys::param1) & 0xFF),
+        .modifiers = UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)};
+}
+
+} // namespace
+
+AssignmentEditor::AssignmentEditor(const EditorContext& context, const Views& views, Others others)
+    : m_document(context.document), m_text(context.text), m_views(views), m_others(std::move(others)),
+      m_lists(views.popUps) {
+    for (const QMenu* commands : {&m_views.commands, &m_views.wheelCommands})
+        rememberItemTitles(*commands);
+    m_views.mouse.setExplanation([this](int input) { return explanationOfInput(input); });
+    for (int input = 1; input <= limits::buttons; ++input) {
+        PopUpButton* popUp = m_views.popUps[static_cast<std::size_t>(input - 1)];
+        popUp->setMenuLike(commandsOf(input));
+        popUp->setProperty("tag", input);
+        connect(popUp, &PopUpButton::menuMade, this, [this, popUp] { m_lists.fill(*popUp); });
+    }
+}
+
+const QMenu& AssignmentEditor::commandsOf(int input) const {
+    return input <= kLastButton ? m_views.commands : m_views.wheelCommands;
+}
+
+plist::Dictionary AssignmentEditor::assignmentOf(int input) const {
+    return m_document.buttons().dictionary(keys::button(input));
+}
+
+void AssignmentEditor::show() {
+    for (int input = 1; input <= limits::buttons; ++input)
+        showInput(*m_views.popUps[static_cast<std::size_t>(input - 1)], input);
+}
+
+void AssignmentEditor::listProfiles() {
+    m_lists.listProfiles(m_document.tree().array(keys::profiles));
+}
+
+void AssignmentEditor::listMacros() {
+    m_lists.listMacros(m_document.tree().array(keys::macros));
+}
+
+// A mouse without a primary click could not undo that: button 1 takes it when no other button has it.
+std::int32_t AssignmentEditor::commandOf(int input) {
+    const plist::Dictionary assignment = assignmentOf(input);
+    const std::int32_t command = assignment.integer(keys::command);
+    if (input != 1 || command == commands::click ||
+        KyvarFindClickInProfile(m_document.profile(), kOtherButtons) >= 0)
+        return command;
+    assignment.set(keys::command, commands::click);
+    return commands::click;
+}
+
+bool AssignmentEditor::isOnlyClick(int input, std::int32_t command) const {
+    const std::uint32_t others = kAllButtons & ~(1U << (input - 1));
+    return command == commands::click && KyvarFindClickInProfile(m_document.profile(), others) < 0;
+}
+
+void AssignmentEditor::showInput(PopUpButton& popUp, int input) {
+    const std::int32_t command = commandOf(input);
+    if (input <= kLastButton)
+        popUp.setEnabled(m_document.hasDevice() && !isOnlyClick(input, command));
+    if (!m_document.tree()) {
+        popUp.selectNone(unreadText());
+        return;
+    }
+    std::optional<QString> title;
+    if (const QAction* item =
+            isDecorated(command) ? selectableItemWithTag(commandsOf(input), command) : nullptr)
+        title = assignmentTitle(m_document, assignmentOf(input), plainTitleOf(*item), m_text);
+    // The titles of a menu that nobody has asked for are the plain ones, and asking for an item would make
+    // it.
+    if (!popUp.awaitsMenu())
+        for (const int other : kDecorated)
+            if (QAction* item = popUp.itemWithTag(other); item && other != command)
+                setTitleOfItem(*item, plainTitleOf(*item));
+    if (!popUp.selectItemWithTag(command, title))
+        popUp.selectItemWithTag(commands::noFunction);
+}
+
+QString AssignmentEditor::explanationOfInput(int input) const {
+    if (!m_document.tree() || !m_document.hasDevice())
+        return {};
+    const auto index = static_cast<std::size_t>(input - 1);
+    QStringList lines{titleOfLabel(*m_views.labels[index]),
+        withoutDirection(m_views.popUps[index]->currentText()),
+        stepsOfMacro(m_document, assignmentOf(input), m_text), m_others.profileInUse()};
+    lines.removeAll(QString());
+    return lines.join(QLatin1Char('\n'));
+}
+
+/// Nothing of an earlier choice stays behind: what a function does not use reads as 0.
+void AssignmentEditor::assign(const plist::Dictionary& assignment, Values values) {
+    assignment.removeAll();
+    for (const auto& [key, value] : values)
+        assignment.set(key, value);
+}
+
+void AssignmentEditor::chooseFunction(PopUpButton& popUp) {
+    const int input = inputOf(popUp);
+    const int command = popUp.selectedTag();
+    if (command == commands::singleKey) {
+        // The menu has to be done with the choice before the sheet's event loop runs, because the sheet may
+        // outlive the pop-up with its menu.
+        QMetaObject::invokeMethod(
+            this, [this, input] { askForSingleKey(input); }, Qt::QueuedConnection);
+        return;
+    }
+    assign(assignmentOf(input), {{keys::command, command}});
+    m_document.commit();
+}
+
+void AssignmentEditor::askForSingleKey(int input) {
+    if (!m_others.isPanelShown())
+        return; // hidden meanwhile
+    const std::int32_t profile = m_document.profileIndex();
+    const QPointer<AssignmentEditor> guard(this);
+    const std::optional<KeyChoice> chosen = m_others.askForKey(keyOf(assignmentOf(input)));
+    if (!guard)
+        return;
+    if (chosen) {
+        // A device list may have replaced the whole tree while the sheet was up: the key goes into the
+        // same place of the tree that is there now.
+        assign(m_document.profiles()
+                   .dictionary(static_cast<std::size_t>(profile))
+                   .dictionary(keys::buttons)
+                   .dictionary(keys::button(input)),
+            {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(chosen->key)},
+                {keys::param2, AdbToUsbModifiers(chosen->modifiers)}});
+    }
+    m_document.commit();
+}
+
+void AssignmentEditor::chooseMacro(const QAction& item) {
+    const int macroId = tagOfItem(item).value_or(0);
+    if (const auto input = inputOfListItem(item))
+        assignFromList(
+            item, *input, {{keys::command, commands::runMacro}, {keys::param1, macroId}, {keys::param2, 1}});
+    else
+        m_others.showMacrosTab();
+}
+
+void AssignmentEditor::chooseProfile(const QAction& item) {
+    const int number = tagOfItem(item).value_or(0) + 1;
+    if (const auto input = inputOfListItem(item))
+        assignFromList(item, *input, {{keys::command, commands::switchToProfile}, {keys::param1, number}});
+    else
+        m_others.showProfilesTab();
+}
+
+void AssignmentEditor::assignFromList(const QAction& item, int input, Values values) {
+    const plist::Dictionary assignment = assignmentOf(input);
+    assign(assignment, values);
+    assignment.set(keys::string, titleOfItem(item).toStdU16String());
+    m_document.commit();
+}
+
+} // namespace quorvi

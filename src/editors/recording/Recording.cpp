@@ -1,0 +1,128 @@
+#include "editors/recording/Recording.h"
+
+#include <QMouseEvent>
+#include <QWidget>
+
+#include <bit>
+#include <utility>
+
+#include "macros/StepCodes.h"
+
+namespace quorvi {
+
+namespace {
+
+/// How long Escape is held to end a recording.
+constexpr double kSecondsToEnd = 1.5;
+
+/// From 0: left, right, middle, back, forward and further ones, as the bits of Qt's buttons.
+std::int32_t buttonNumber(Qt::MouseButton button) {
+    return std::countr_zero(static_cast<unsigned>(button));
+}
+
+} // namespace
+
+Recording::Recording(const EditorContext& context, const RecordingView::Views& views,
+    std::vector<QWidget*> tables, Surroundings surroundings)
+    : m_context(context), m_view(views, context.text), m_tables(std::move(tables)),
+      m_surroundings(std::move(surroundings)) {}
+
+void Recording::start(bool oneStep) {
+    if (isRunning())
+        return;
+    takeFocusFromCells();
+    m_recorder.start(oneStep);
+    didStartOrStop(Saving::never);
+}
+
+void Recording::stop() {
+    if (!isRunning())
+        return;
+    m_recorder.stop();
+    m_heldEscape.reset();
+    setTablesTakeFocus(true);
+    didStartOrStop(Saving::now);
+}
+
+void Recording::didStartOrStop(Saving saving) {
+    m_view.showCommand(isRunning());
+    m_surroundings.tellHelper(isRunning());
+    m_context.document.commit({.saving = saving});
+    m_view.redrawSteps();
+    m_surroundings.keyCaptureBeganOrEnded();
+}
+
+// Where text can be typed, the input method composes it, and takes dead keys before anybody sees them. So the
+// focus goes to where the recording is stopped, which finishes an edit.
+void Recording::takeFocusFromCells() {
+    m_view.takeFocus();
+    setTablesTakeFocus(false);
+}
+
+// A click that is recorded is to leave the focus where it is.
+void Recording::setTablesTakeFocus(bool take) {
+    for (QWidget* table : m_tables)
+        table->setFocusPolicy(take ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+RecordingTarget Recording::target() const {
+    return {m_context.document.macroSteps(), m_view.selectedStep()};
+}
+
+void Recording::receiveKey(const CapturedKey& key) {
+    if (m_recorder.receiveKey(target(), key.key, key.modifiers, key.goingDown, m_surroundings.clock()))
+        showRecordedStep();
+    followHeldEscape();
+}
+
+bool Recording::receiveMouseEvent(const QMouseEvent& event, int type) {
+    const auto code = isRunning() ? commandOfMouseEvent(type, buttonNumber(event.button())) : std::nullopt;
+    if (!code)
+        return false;
+    m_recorder.receiveMouse(target(), *code, m_surroundings.clock());
+    showRecordedStep();
+    followHeldEscape();
+    return true;
+}
+
+void Recording::showRecordedStep() {
+    m_surroundings.reloadSteps();
+    if (m_recorder.isForOneStep())
+        stop();
+    else
+        m_view.selectStep(static_cast<int>(m_context.document.macroSteps().size()) - 1);
+}
+
+// Every key is recorded, so none of them can press the button that stops it.
+void Recording::followHeldEscape() {
+    m_heldEscape.reset();
+    if (!m_recorder.isEscapeHeld())
+        return;
+    m_heldEscape = std::make_unique<QObject>();
+    m_surroundings.callLater(kSecondsToEnd, m_heldEscape.get(), [this] { endByEscape(); });
+}
+
+void Recording::endByEscape() {
+    m_recorder.takeBackEscape(m_context.document.macroSteps());
+    showRecordedStep();
+    stop();
+}
+
+void Recording::setStep(std::uint32_t code, std::uint8_t argument, std::int32_t index) {
+    m_recorder.setStep(m_context.document.macroSteps(), code, argument, index, m_surroundings.clock());
+}
+
+void Recording::appendStep(std::uint32_t code, std::uint8_t argument) {
+    m_recorder.appendStep(m_context.document.macroSteps(), code, argument, m_surroundings.clock());
+}
+
+void Recording::show() {
+    if (isRunning())
+        m_view.showProgress({.steps = m_context.document.macroSteps().size(),
+            .row = m_view.selectedStep(),
+            .oneStep = m_recorder.isForOneStep()});
+    else
+        m_view.showNoProgress();
+}
+
+} // namespace quorvi

@@ -1,0 +1,73 @@
+#include "editors/sensitivity/SensitivityEditor.h"
+
+#include "document/StageResolution.h"
+#include "editors/sensitivity/AccelerationScale.h"
+#include "widgets/CheckBox.h"
+#include "widgets/KyvarQuorviSlider.h"
+#include "window/Sheets.h"
+
+namespace quorvi {
+
+SensitivityEditor::SensitivityEditor(const EditorContext& context, const Views& views)
+    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views) {}
+
+// The current stage and the settings in force hold the same numbers, so every change goes into both.
+
+void SensitivityEditor::setX(int resolution) {
+    const bool bothAxes = !m_document.stage().boolean(keys::independentXY);
+    for (const plist::Dictionary& holder : {m_document.stage(), m_document.settings()}) {
+        holder.set(keys::dpiX, resolution);
+        if (bothAxes)
+            holder.set(keys::dpiY, resolution);
+    }
+    m_document.commit();
+}
+
+void SensitivityEditor::setY(int resolution) {
+    for (const plist::Dictionary& holder : {m_document.stage(), m_document.settings()})
+        holder.set(keys::dpiY, resolution);
+    m_document.commit();
+}
+
+void SensitivityEditor::setIndependentAxes(bool independent) {
+    for (const plist::Dictionary& holder : {m_document.stage(), m_document.settings()}) {
+        holder.set(keys::independentXY, independent);
+        if (!independent)
+            holder.set(keys::dpiY, holder.integer(keys::dpiX));
+    }
+    m_document.commit();
+}
+
+void SensitivityEditor::storeAcceleration() {
+    m_document.driverData().set(
+        keys::acceleration, sliderValueToAcceleration(m_views.accelerationSlider.floatValue()));
+    m_document.commit({.shown = Shown::acceleration});
+}
+
+void SensitivityEditor::storeAccelerated() {
+    m_document.driverData().set(keys::enableAcceleration, m_views.acceleration.isChecked());
+    m_document.commit();
+}
+
+void SensitivityEditor::storeDisplay() {
+    m_document.driverData().set(keys::sensitivityDisplay, m_views.display.isChecked());
+    m_document.commit({.shown = Shown::nothing});
+}
+
+bool SensitivityEditor::isCurrentProfile(std::uint32_t number) const {
+    return number > 0 && m_document.profileIndex() >= 0 &&
+           number - 1 == static_cast<std::uint32_t>(m_document.profileIndex());
+}
+
+void SensitivityEditor::followRunningStage(std::uint32_t profile, std::uint32_t stage) {
+    const auto index = static_cast<std::size_t>(stage) - 1;
+    if (!isCurrentProfile(profile) || stage == 0 || index >= m_document.stages().size() ||
+        index == static_cast<std::size_t>(m_document.stageIndex()) || m_sheets.isRunning())
+        return;
+    m_document.settings().set(keys::stage, static_cast<std::int32_t>(stage));
+    copyResolution(m_document.stages().dictionary(index), m_document.settings());
+    m_document.editProfileIndex(m_document.profileIndex());
+    show();
+}
+
+} // namespace quorvi

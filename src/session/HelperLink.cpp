@@ -1,0 +1,89 @@
+// Messages to the helper, and lists of devices from it.
+
+#include "session/HelperLink.h"
+
+#include <utility>
+
+#include "document/Document.h"
+#include "live/LiveHelper.h"
+#include "platform/EventBusNotifier.h"
+#include "session/HelperName.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr const char* kPaneProcessName = "KyvarQuorviPane";
+
+} // namespace
+
+HelperLink::HelperLink(Panel panel) : m_panel(std::move(panel)), m_view(&m_panel.view) {
+    if (m_panel.bus)
+        m_notifier = std::make_unique<EventBusNotifier>(*m_panel.bus);
+    m_live = makeLive();
+}
+
+HelperLink::~HelperLink() {
+    if (!m_panel.bus)
+        return;
+    m_panel.bus->onProcessesChanged(nullptr);
+    m_panel.bus->removeHandler(kEventClassQuorvi, kEventDeviceList);
+}
+
+Status HelperLink::findProcess(const std::string& processName, ProcessSerialNumber* psn) const {
+    return m_panel.bus ? m_panel.bus->findProcessByName(processName, psn) : procNotFound;
+}
+
+Status HelperLink::sendMessage(FourCharCode message, std::int32_t param) {
+    return sendControl(kHelperName, message, param, nullptr);
+}
+
+Status HelperLink::sendControl(
+    const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result) {
+    ProcessSerialNumber process;
+    if (const Status status = findProcess(processName, &process); status != noErr)
+        return status;
+    Event reply;
+    const Status status = m_panel.bus->send(
+        process, makeCommand(message, param), result ? SendMode::waitReply : SendMode::noReply, &reply);
+    return status == noErr && result ? reply.getInteger(keyDirectObject, *result) : status;
+}
+
+void HelperLink::startListening() {
+    if (!m_panel.bus)
+        return;
+    // The name comes first: a helper that starts at this moment looks for it after taking its own, so that
+    // one of the two always finds the other.
+    (void)m_panel.bus->ownName(kPaneProcessName);
+    m_panel.bus->installHandler(kEventClassQuorvi, kEventDeviceList,
+        [this](const Event& event, const ProcessSerialNumber&, Event&) { return receiveDeviceList(event); });
+}
+
+void HelperLink::stopListening() {
+    if (!m_panel.bus)
+        return;
+    m_panel.bus->removeHandler(kEventClassQuorvi, kEventDeviceList);
+    // No handler for single values is installed as yet; one that startListening comes to install is taken
+    // back here.
+    m_panel.bus->removeHandler(kEventClassQuorvi, kEventValue);
+    (void)m_panel.bus->releaseName(kPaneProcessName);
+}
+
+Status HelperLink::receiveDeviceList(const Event& event) {
+    if (!getDeviceList(event, m_deviceList))
+        return noErr;
+    m_panel.context.document.setHasDevice(m_deviceList.count != 0);
+    m_listHasCome = true;
+    // Lists that come before this one is taken share its news: it would have the same file read again and
+    // show the same, the last, list.
+    if (!std::exchange(m_listWaits, true))
+        emit listCame();
+    return noErr;
+}
+
+// A hidden panel has let its settings go.
+bool HelperLink::takeList() {
+    return std::exchange(m_listWaits, false) && m_isOpen;
+}
+
+} // namespace quorvi

@@ -1,0 +1,68 @@
+#include "session/SaveNotices.h"
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "widgets/ShownText.h"
+#include "window/Notices.h"
+
+namespace quorvi {
+
+SaveNotices::SaveNotices(Notices& notices, PanelText text, std::filesystem::path homeFolder)
+    : m_notices(notices), m_text(std::move(text)), m_homeFolder(std::move(homeFolder)) {}
+
+/// Why, in the user's language; the system's own words for what is rare.
+QString SaveNotices::textOfError(int error) const {
+    switch (error) {
+    case ENOSPC:
+        return m_text("No space left on the disk");
+    case EDQUOT:
+        return m_text("Your share of the disk is used up");
+    case EROFS:
+        return m_text("The disk is read-only");
+    case EACCES:
+        return m_text("Permission denied");
+    case EPERM:
+        return m_text("Operation not permitted");
+    case EISDIR:
+        return m_text("A folder is in its place");
+    case ELOOP:
+        return m_text("Its links lead in a circle");
+    case ENXIO:
+        return m_text("It is not an ordinary file");
+    case EIO:
+        return m_text("The disk reports an error");
+    default:
+        return QString::fromStdString(std::generic_category().message(error));
+    }
+}
+
+/// The path as users write it.
+QString SaveNotices::pathFromHome(const std::filesystem::path& path) const {
+    return QString::fromStdString("~/" + path.lexically_relative(m_homeFolder).string());
+}
+
+void SaveNotices::tellOfFailure(const std::filesystem::path& file, int error) {
+    QString text = m_text("Your changes could not be saved in ^1: ^2. They stay in this panel, which tries "
+                          "again with your next change.");
+    const QString name = nameWithin(text, pathFromHome(file));
+    text.replace(QStringLiteral("^2"), textOfError(error));
+    text.replace(QStringLiteral("^1"), name);
+    m_notices.tell(Notice::saveFailed, text, NoticeSign::warning);
+}
+
+void SaveNotices::savesWork() {
+    m_notices.withdraw(Notice::saveFailed);
+}
+
+void SaveNotices::tellOfKeptCopy(const std::filesystem::path& file, const std::filesystem::path& copy) {
+    QString text = m_text("Another program has changed the settings as well. This panel's are in use, the "
+                          "other ones are kept in ^1. To use those, close this panel and rename that file "
+                          "to ^2.");
+    text.replace(QStringLiteral("^2"), nameWithin(text, QString::fromStdString(file.filename())));
+    text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy)));
+    m_notices.tell(Notice::keptCopy, text, NoticeSign::warning);
+}
+
+} // namespace quorvi

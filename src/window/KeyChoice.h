@@ -1,0 +1,16 @@
+// A key that the user has chosen.
+#pragma once
+
+#include <cstdint>
+
+#include "keyboard/VirtualKeys.h"
+
+namespace quorvi {
+
+/// A key, and the modifiers that go with it, as an assignment has them.
+struct KeyChoice {
+    std::uint8_t key = noKey;    ///< virtual key code, 255 for none
+    std::uint16_t modifiers = 0; ///< modifier word
+};
+
+} // namespace quorvi
