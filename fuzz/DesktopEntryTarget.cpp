@@ -5,7 +5,7 @@
 #include "applications/ApplicationInformation.h"
 #include "applications/DesktopEntryKeys.h"
 #include "applications/ExecKey.h"
-#include "pane/loginitems/DesktopEntry.h"
+#include "loginitems/DesktopEntry.h"
 
 using namespace quorvi;
 

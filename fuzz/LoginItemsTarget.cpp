@@ -3,9 +3,9 @@
 
 #include "RoundTrip.h"
 #include "Scratch.h"
-#include "pane/loginitems/LoginItems.h"
-#include "pane/loginitems/PathText.h"
-#include "pane/loginitems/PropertyListLoginItemStore.h"
+#include "loginitems/LoginItems.h"
+#include "loginitems/PathText.h"
+#include "loginitems/PropertyListLoginItemStore.h"
 #include "plist/Reader.h"
 
 using namespace quorvi;

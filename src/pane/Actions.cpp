@@ -1,18 +1,18 @@
-// Connects the views to the controller: the controls by the name of the action that they carry, the tables by
-// their tags.
+#include "pane/Actions.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QItemSelectionModel>
 #include <QMenu>
 #include <QTabWidget>
+
+#include <algorithm>
+#include <array>
 
 #include "pane/EventPatch.h"
 #include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviSlider.h"
-#include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"
 
@@ -89,59 +89,50 @@ void performActionOf(QObject& sender, KyvarQuorviPane& pane) {
         action->perform(pane, sender);
 }
 
-} // namespace
-
-void KyvarQuorviPane::connectActions() {
-    for (QWidget* control : fMainView->findChildren<QWidget*>()) {
-        const auto performIts = [this, control] { performActionOf(*control, *this); };
-        if (auto* button = qobject_cast<QAbstractButton*>(control)) {
-            connect(button, &QAbstractButton::clicked, this, performIts);
-        } else if (auto* slider = qobject_cast<KyvarQuorviSlider*>(control)) {
-            connect(slider, &KyvarQuorviSlider::valueChosen, this, performIts);
-            connect(slider, &KyvarQuorviSlider::mouseDownBegan, this, &KyvarQuorviPane::dragDidBegin);
-            connect(slider, &KyvarQuorviSlider::mouseDownEnded, this, &KyvarQuorviPane::dragDidEnd);
-        } else if (auto* popUp = qobject_cast<PopUpButton*>(control)) {
-            connect(popUp, &PopUpButton::itemChosen, this, performIts);
-            connect(popUp, &PopUpButton::listItemChosen, this,
-                [this](QAction* item) { performActionOf(*item, *this); });
-        }
-    }
-    // An item that nothing would happen on is not offered.
-    for (QAction* item : fMainView->findChildren<QAction*>())
-        if (item->property(kActionProperty).isValid() && !actionOf(*item))
-            item->setEnabled(false);
-    connectMenu(*fViews->menus.quorviMenuProfileGear);
-    connectMenu(*fViews->menus.quorviMenuMacroGear);
-    connectMenu(*fViews->menus.quorviMenuStepGear);
-    connect(fViews->main.quorviTabsMain, &QTabWidget::currentChanged, this,
-        &KyvarQuorviPane::tabViewDidSelectTabViewItem);
-    connect(new HelpKey(*fMainView), &HelpKey::pressed, this, &KyvarQuorviPane::actionButtonHelp);
-}
-
-void KyvarQuorviPane::connectMenu(QMenu& menu) {
+void connectMenu(KyvarQuorviPane& pane, QMenu& menu) {
     // Once the menu is done: a command may ask a question, and whoever chose the item is not to wait for
     // that. A panel that was hidden meanwhile has nothing that a command could be for.
-    connect(
-        &menu, &QMenu::triggered, this,
-        [this](QAction* item) {
-            if (gPatchedPane == this)
-                performActionOf(*item, *this);
+    QObject::connect(
+        &menu, &QMenu::triggered, &pane,
+        [&pane](QAction* item) {
+            if (gPatchedPane == &pane)
+                performActionOf(*item, pane);
         },
         Qt::QueuedConnection);
-    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
+    QObject::connect(&menu, &QMenu::aboutToShow, &pane, [&pane, &menu] {
         for (QAction* item : menu.actions())
-            item->setEnabled(validateMenuItem(item) && actionOf(*item));
+            item->setEnabled(pane.validateMenuItem(item) && actionOf(*item));
     });
 }
 
-std::array<KyvarQuorviTableView*, 4> KyvarQuorviPane::tables() const {
-    return {fViews->main.quorviTableProfiles, fViews->main.quorviTableMacros, fViews->main.quorviTableSteps,
-        fViews->stages.quorviStageTableStages};
-}
+} // namespace
 
-void KyvarQuorviPane::connectTables() {
-    for (KyvarQuorviTableView* table : tables())
-        table->setDelegate(this);
+void connectActions(KyvarQuorviPane& pane, QWidget& mainView, const Interface& views) {
+    for (QWidget* control : mainView.findChildren<QWidget*>()) {
+        const auto performIts = [&pane, control] { performActionOf(*control, pane); };
+        if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+            QObject::connect(button, &QAbstractButton::clicked, &pane, performIts);
+        } else if (auto* slider = qobject_cast<KyvarQuorviSlider*>(control)) {
+            QObject::connect(slider, &KyvarQuorviSlider::valueChosen, &pane, performIts);
+            QObject::connect(
+                slider, &KyvarQuorviSlider::mouseDownBegan, &pane, &KyvarQuorviPane::dragDidBegin);
+            QObject::connect(slider, &KyvarQuorviSlider::mouseDownEnded, &pane, &KyvarQuorviPane::dragDidEnd);
+        } else if (auto* popUp = qobject_cast<PopUpButton*>(control)) {
+            QObject::connect(popUp, &PopUpButton::itemChosen, &pane, performIts);
+            QObject::connect(popUp, &PopUpButton::listItemChosen, &pane,
+                [&pane](QAction* item) { performActionOf(*item, pane); });
+        }
+    }
+    // An item that nothing would happen on is not offered.
+    for (QAction* item : mainView.findChildren<QAction*>())
+        if (item->property(kActionProperty).isValid() && !actionOf(*item))
+            item->setEnabled(false);
+    connectMenu(pane, *views.menus.quorviMenuProfileGear);
+    connectMenu(pane, *views.menus.quorviMenuMacroGear);
+    connectMenu(pane, *views.menus.quorviMenuStepGear);
+    QObject::connect(views.main.quorviTabsMain, &QTabWidget::currentChanged, &pane,
+        &KyvarQuorviPane::tabViewDidSelectTabViewItem);
+    QObject::connect(new HelpKey(mainView), &HelpKey::pressed, &pane, &KyvarQuorviPane::actionButtonHelp);
 }
 
 } // namespace quorvi

@@ -1,24 +1,17 @@
-// The editors of the buttons, of the sensitivity with its stages and of the device: what each is given of the
-// window and of the others. The controller's selectors for them are forwards.
+#include "pane/Editors.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QLabel>
 #include <QTabWidget>
 
-#include "editors/assignment/AssignmentEditor.h"
-#include "editors/device/DeviceEditor.h"
-#include "editors/device/SupportPages.h"
-#include "editors/keys/SingleKeyPanel.h"
-#include "editors/sensitivity/SensitivityEditor.h"
-#include "editors/stages/StagesEditor.h"
 #include "live/LiveHelper.h"
+#include "pane/EditorViews.h"
 #include "pane/EventPatch.h"
-#include "pane/KyvarQuorviPane.h"
+#include "pane/PaneServices.h"
 #include "resources/Interface.h"
-#include "widgets/KyvarQuorviSlider.h"
+#include "resources/TableTags.h"
+#include "session/HelperLink.h"
+#include "session/SettingsSession.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ShownText.h"
-#include "window/EditorContext.h"
 
 namespace quorvi {
 
@@ -26,215 +19,153 @@ namespace {
 
 constexpr int kProfilesTab = 2;
 constexpr int kMacrosTab = 3;
+/// The identifier of a column begins with the tag of its table.
+constexpr int kColumnsOfTag = 10;
 
-AssignmentEditor::Views assignmentViews(const Interface& views) {
-    const Ui::KyvarQuorviPane& main = views.main;
-    return {.popUps = {main.quorviMenuTop1, main.quorviMenuTop2, main.quorviMenuTop3, main.quorviMenuTop4,
-                main.quorviMenuTop5, main.quorviMenuTop6, main.quorviMenuTop7, main.quorviMenuTop8,
-                main.quorviMenuTop9},
-        .labels = {main.labelInput1, main.labelInput2, main.labelInput3, main.labelInput4, main.labelInput5,
-            main.labelInput6, main.labelInput7, main.labelInput8, main.labelInput9},
-        .mouse = *main.viewMouse,
-        .commands = *views.menus.quorviMenuCommands,
-        .wheelCommands = *views.menus.quorviMenuWheelCommands};
+/// The profile that the panel shows, with the reason when it is the one that runs.
+QString profileInUse(const Editors& editors, const EditorContext& context) {
+    const LiveHelper& live = editors.helper.live();
+    if (live.state().runningProfile == static_cast<std::uint32_t>(context.document.profileIndex() + 1))
+        return live.runningText();
+    const QString title = context.text("Profile:");
+    return title + QLatin1Char(' ') + nameWithin(title, editors.head.title());
 }
 
-SensitivityEditor::Views sensitivityViews(const Ui::KyvarQuorviPane& main) {
-    return {.sliderX = *main.quorviSliderSensitivityX,
-        .sliderY = *main.quorviSliderSensitivityY,
-        .labelX = *main.quorviTextXLabel,
-        .labelY = *main.quorviTextYLabel,
-        .independentAxes = *main.quorviBoxIndependentXY,
-        .resolution = *main.quorviTextDPI,
-        .stages = *main.quorviViewStages,
-        .display = *main.quorviBoxSensitivityOSD,
-        .acceleration = *main.quorviBoxAcceleration,
-        .accelerationSlider = *main.quorviSliderAcceleration,
-        .accelerationCurve = *main.quorviViewAcceleration};
-}
-
-StagesEditor::Views stagesViews(const Interface& views) {
-    const Ui::StagesPanel& panel = views.stages;
-    return {.sheet = *views.quorviPanelStages,
-        .table = *panel.quorviStageTableStages,
-        .add = *panel.quorviStageButtonAdd,
-        .remove = *panel.quorviStageButtonRemove,
-        .settings = *panel.quorviStageGroupSettings,
-        .sliderX = *panel.quorviStageSliderX,
-        .sliderY = *panel.quorviStageSliderY,
-        .independentAxes = *panel.quorviStageBoxIndepXY};
-}
-
-DeviceEditor::Views deviceViews(const Ui::KyvarQuorviPane& main) {
-    return {.pollingRate = *main.quorviMenuPollingRate,
-        .lightOnWheel = *main.quorviBoxLightOnWheel,
-        .lightOnBattery = *main.quorviBoxLightOnBattery,
-        .mouse = *main.viewMouse,
-        .lights = *main.viewLights,
-        .firmware = *main.quorviTextFirmwareVersion};
+RunningRow runningRow(const LiveHelper& live) {
+    const QString why = live.runningText();
+    return {.row = why.isEmpty() ? -1 : static_cast<int>(live.state().runningProfile) - 1, .why = why};
 }
 
 } // namespace
 
-void KyvarQuorviPane::makeEditors() {
-    const EditorContext context = editorContext();
-    QTabWidget* tabs = fViews->main.quorviTabsMain;
-    fAssignment = std::make_unique<AssignmentEditor>(context, assignmentViews(*fViews),
-        AssignmentEditor::Others{.isPanelShown = [this] { return gPatchedPane == this; },
-            .askForKey = [this](const KeyChoice& shown) { return fSingleKeyPanel->ask(shown); },
-            .showProfilesTab = [tabs] { tabs->setCurrentIndex(kProfilesTab); },
-            .showMacrosTab = [tabs] { tabs->setCurrentIndex(kMacrosTab); },
-            .profileInUse = [this] { return profileInUse(); }});
-    fSensitivity = std::make_unique<SensitivityEditor>(context, sensitivityViews(fViews->main));
-    fStages = std::make_unique<StagesEditor>(context, stagesViews(*fViews));
-    fDevice = std::make_unique<DeviceEditor>(
-        context, deviceViews(fViews->main), [this] { return getDefaultSettings(); });
+Editors::Editors(const Panel& panel)
+    : helper(panel.helper), session(panel.session), head(panel.context, headViews(panel.views), panel.helper),
+      recording(panel.context, recordingViews(panel.views), tablesThatTakeFocus(panel.views),
+          {.clock = panel.services.clock,
+              .callLater = panel.services.callLater,
+              .reloadSteps = [this] { steps.list().reload(); },
+              .tellHelper = [this](bool runs) { helper.sendMessage(kMessageRecording, runs ? 1 : 0); },
+              .keyCaptureBeganOrEnded = [this] { capture.updateKeyboardGrab(); }}),
+      singleKey(
+          {.panel = panel.views.quorviPanelSingleKey, .field = panel.views.singleKey.quorviFieldSingleKey},
+          panel.context.sheets, [this] { capture.updateKeyboardGrab(); }),
+      capture(panel.mainView, modifiersOfProcess(), {&recording, &singleKey}),
+      assignment(panel.context, assignmentViews(panel.views),
+          {.isPanelShown = panel.isShown,
+              .askForKey = [this](const KeyChoice& shown) { return singleKey.ask(shown); },
+              .showProfilesTab =
+                  [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kProfilesTab); },
+              .showMacrosTab =
+                  [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kMacrosTab); },
+              .profileInUse = [this, context = panel.context] { return profileInUse(*this, context); }}),
+      sensitivity(panel.context, sensitivityViews(panel.views)),
+      stages(panel.context, stagesViews(panel.views)),
+      device(panel.context, deviceViews(panel.views), [this] { return session.defaults(); }),
+      files(panel.context,
+          {.mainView = panel.mainView,
+              .homeFolder = panel.services.homeFolder,
+              .appendProfile = [this](const plist::Dictionary& item) { profiles.append(item); },
+              .appendMacro = [this](const plist::Dictionary& item) { macros.append(item); }}),
+      profiles(panel.context, profilesViews(panel.mainView, panel.views),
+          {.homeFolder = panel.services.homeFolder,
+              .defaultSettings = [this] { return session.defaults(); },
+              .running = [this] { return runningRow(helper.live()); },
+              .listHasChanged = [this] { assignment.listProfiles(); },
+              .importProfile = [this] { files.showImportPanel(ItemKind::profile); },
+              .exportProfile = [this] { files.showExportPanel(ItemKind::profile); },
+              .restoreDefaults = [this] { device.restoreDefaults(); }}),
+      steps(panel.context, stepsViews(panel.views),
+          {.isRunning = [this] { return recording.isRunning(); },
+              .startOrStop = [this](bool start, bool oneStep) { recording.startOrStop(start, oneStep); },
+              .title = [this] { return recording.commandTitle(); }}),
+      macros(panel.context, macrosViews(panel.views),
+          {.isRecording = [this] { return recording.isRunning(); },
+              .knowsMice = [this] { return helper.listHasCome(); },
+              .listHasChanged = [this] { assignment.listMacros(); },
+              .importMacro = [this] { files.showImportPanel(ItemKind::macro); },
+              .exportMacro = [this] { files.showExportPanel(ItemKind::macro); }},
+          steps),
+      commands(panel.context.document) {
+    commands.add(profiles.commands());
+    commands.add(macros.commands());
+    commands.add(steps.commands());
 }
 
-// The buttons
-
-QString KyvarQuorviPane::profileInUse() const {
-    const LiveHelper& live = fHelperLink.live();
-    if (live.state().runningProfile == static_cast<std::uint32_t>(fDocument.profileIndex() + 1))
-        return live.runningText();
-    const QString title = locString(QStringLiteral("Profile:"));
-    return title + QLatin1Char(' ') + nameWithin(title, fViews->main.quorviTextProfile->text());
+void Editors::show(Shown shown) {
+    switch (shown) {
+    case Shown::everything:
+        head.show();
+        assignment.show();
+        sensitivity.show();
+        device.show();
+        profiles.show();
+        macros.show();
+        steps.show();
+        recording.show();
+        helper.live().show();
+        showRunningRow();
+        break;
+    case Shown::lights:
+        device.showLights();
+        break;
+    case Shown::acceleration:
+        sensitivity.showAcceleration();
+        break;
+    case Shown::nothing:
+        break;
+    }
 }
 
-void KyvarQuorviPane::updateMenu(PopUpButton* popUp, int assignment) {
-    fAssignment->showInput(*popUp, assignment);
+void Editors::showLists() {
+    profiles.selectCurrentQuietly();
+    macros.selectCurrent();
+    steps.list().reloadQuietly();
+    assignment.listProfiles();
+    assignment.listMacros();
 }
 
-void KyvarQuorviPane::updateMacrosSubmenu() {
-    fAssignment->listMacros();
+void Editors::showRunningRow() {
+    profiles.showRunningRow();
 }
 
-void KyvarQuorviPane::updateProfilesSubmenu() {
-    fAssignment->listProfiles();
+void Editors::followRunningStage() {
+    const HelperNews& news = helper.live().state();
+    if (!session.isDragging())
+        sensitivity.followRunningStage(news.runningProfile, news.runningStage);
 }
 
-QString KyvarQuorviPane::explanationOfInput(int input) const {
-    return fAssignment->explanationOfInput(input);
+TableList* Editors::listWithTag(int tableTag) {
+    switch (tableTag) {
+    case kProfilesTable:
+        return &profiles.list();
+    case kMacrosTable:
+        return &macros.list();
+    case kStepsTable:
+        return &steps.list();
+    case kStagesTable:
+        return &stages.list();
+    default:
+        return nullptr;
+    }
 }
 
-void KyvarQuorviPane::actionMenuButtonAssignment(PopUpButton* popUp) {
-    fAssignment->chooseFunction(*popUp);
+TableList* Editors::listWithColumn(int columnIdentifier) {
+    return listWithTag(columnIdentifier / kColumnsOfTag);
 }
 
-void KyvarQuorviPane::actionSubmenuButtonMacro(QAction* item) {
-    fAssignment->chooseMacro(*item);
-}
-
-void KyvarQuorviPane::actionSubmenuButtonProfile(QAction* item) {
-    fAssignment->chooseProfile(*item);
-}
-
-// The sensitivity
-
-void KyvarQuorviPane::actionSliderSensitivityX(KyvarQuorviSlider* slider) {
-    fSensitivity->setX(slider->value());
-}
-
-void KyvarQuorviPane::actionSliderSensitivityY(KyvarQuorviSlider* slider) {
-    fSensitivity->setY(slider->value());
-}
-
-void KyvarQuorviPane::actionBoxIndependentXY(QAbstractButton* box) {
-    fSensitivity->setIndependentAxes(box->isChecked());
-}
-
-void KyvarQuorviPane::actionSliderAcceleration() {
-    fSensitivity->storeAcceleration();
-}
-
-void KyvarQuorviPane::actionBoxAcceleration() {
-    fSensitivity->storeAccelerated();
-}
-
-void KyvarQuorviPane::actionBoxSensitivityOSD() {
-    fSensitivity->storeDisplay();
-}
-
-void KyvarQuorviPane::actionButtonEditStages() {
-    editSensitivityStages();
-}
-
-void KyvarQuorviPane::updateDpiText() {
-    fSensitivity->showResolution();
-}
-
-void KyvarQuorviPane::updateStagesView() {
-    fSensitivity->showStages();
-}
-
-void KyvarQuorviPane::updateAccelerationView() {
-    fSensitivity->showAcceleration();
-}
-
-void KyvarQuorviPane::followRunningStage() {
-    const HelperNews& helper = fHelperLink.live().state();
-    if (!fSession.isDragging())
-        fSensitivity->followRunningStage(helper.runningProfile, helper.runningStage);
-}
-
-// The stages
-
-void KyvarQuorviPane::editSensitivityStages() {
-    fStages->edit();
-}
-
-void KyvarQuorviPane::editStageIndex(std::int32_t index) {
-    fStages->select(index);
-}
-
-void KyvarQuorviPane::actionButtonStageAdd() {
-    fStages->add();
-}
-
-void KyvarQuorviPane::actionButtonStageRemove() {
-    fStages->remove();
-}
-
-void KyvarQuorviPane::actionSliderStagesSensitivityX(KyvarQuorviSlider* slider) {
-    fStages->setX(slider->value());
-}
-
-void KyvarQuorviPane::actionSliderStagesSensitivityY(KyvarQuorviSlider* slider) {
-    fStages->setY(slider->value());
-}
-
-void KyvarQuorviPane::actionBoxStagesIndependentXY(QAbstractButton* box) {
-    fStages->setIndependentAxes(box->isChecked());
-}
-
-void KyvarQuorviPane::updateSensitivityStagesUI() {
-    fStages->show();
-}
-
-// The device
-
-void KyvarQuorviPane::actionMenuPollingRate() {
-    fDevice->storePollingRate();
-}
-
-void KyvarQuorviPane::actionBoxLightOnWheel() {
-    fDevice->storeLightOnWheel();
-}
-
-void KyvarQuorviPane::actionBoxLightOnBattery() {
-    fDevice->storeLightOnBattery();
-}
-
-void KyvarQuorviPane::actionButtonRestoreDefaults() {
-    fDevice->restoreDefaults();
-}
-
-void KyvarQuorviPane::actionButtonCheckUpdates() {
-    openUpdates(*fServices.workspace);
-}
-
-void KyvarQuorviPane::actionButtonHelp() {
-    openHelp(fServices.bundle, *fServices.workspace, fViews->main.quorviTabsMain->currentIndex());
+void Editors::removeSelected(int tableTag) {
+    switch (tableTag) {
+    case kProfilesTable:
+        return profiles.remove();
+    case kMacrosTable:
+        return macros.remove();
+    case kStepsTable:
+        return steps.remove();
+    case kStagesTable:
+        return stages.remove();
+    default:
+        return;
+    }
 }
 
 } // namespace quorvi

@@ -1,30 +1,24 @@
-// The controller of the panel: one class, implemented in one file per role, each in the folder of its
-// subsystem.
+// The controller of the panel, as the host, the outlets and the actions know it. It makes the parts and hands
+// each call to the part that it is for, whose header says what the call does.
 //
-// The controller edits one live configuration tree. The current-item members (fSettings, fProfile, …) are
-// handles into that tree, re-derived only by editProfileIndex and editMacroIndex. An action that is not
-// possible does nothing; what would cost the user work is told at the window's foot (Notices.h).
+// An action that is not possible does nothing; what would cost the user work is told at the window's foot.
 #pragma once
 
 #include <QObject>
 #include <QPointer>
 
-#include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "document/Document.h"
-#include "events/EventTypes.h"
-#include "model/Limits.h"
+#include "pane/KeyNaming.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
 #include "platform/PreferencePane.h"
-#include "plist/Value.h"
 #include "session/HelperLink.h"
 #include "session/SettingsSession.h"
-#include "widgets/FilledText.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
@@ -32,27 +26,16 @@
 class QAbstractButton;
 class QAction;
 class QFileDialog;
-class QMenu;
 
 namespace quorvi {
 
 class ApplicationPanel;
-class AssignmentEditor;
-class DeviceEditor;
+struct Editors;
 class Interface;
 class KeyCapture;
 class KyvarQuorviSlider;
 struct KeyEvent;
-struct ListEditors;
 class PopUpButton;
-class Recording;
-struct RunningRow;
-class SensitivityEditor;
-class SingleKeyPanel;
-class StagesEditor;
-class TableList;
-
-inline constexpr int kAssignmentCount = limits::buttons;
 
 class KyvarQuorviPane final : public QObject,
                               public PreferencePane,
@@ -64,7 +47,7 @@ class KyvarQuorviPane final : public QObject,
     explicit KyvarQuorviPane(PaneServices services);
     ~KyvarQuorviPane() override;
 
-    // Lifecycle (pane/Lifecycle.cpp)
+    // Lifecycle
     [[nodiscard]] QWidget* mainView() override;
     void mainViewDidLoad() override;
     void didSelect() override;
@@ -75,48 +58,47 @@ class KyvarQuorviPane final : public QObject,
     void tabViewDidSelectTabViewItem();
 
     // The helper (session/HelperLink.h)
-    Status sendMessageToHelper(FourCharCode message, std::int32_t param) {
-        return fHelperLink.sendMessage(message, param);
-    }
+    Status sendMessageToHelper(FourCharCode message, std::int32_t param);
     Status sendControlToKext(
-        const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result) {
-        return fHelperLink.sendControl(processName, message, param, result);
-    }
-    Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const {
-        return fHelperLink.findProcess(processName, psn);
-    }
+        const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result);
+    Status findProcessByName(const std::string& processName, ProcessSerialNumber* psn) const;
 
-    // The settings (session/SettingsSession.h)
-    [[nodiscard]] plist::Dictionary getDefaultSettings() const { return fSession.defaults(); }
-    [[nodiscard]] plist::Dictionary loadSettings() { return fSession.load(); }
-    bool saveSettings(const plist::Dictionary& tree) { return fSession.save(tree); }
-    void dragDidBegin() { fSession.beginDrag(); }
+    // The settings (session/SettingsSession.h, document/Document.h)
+    [[nodiscard]] plist::Dictionary getDefaultSettings() const;
+    [[nodiscard]] plist::Dictionary loadSettings();
+    bool saveSettings(const plist::Dictionary& tree);
+    void dragDidBegin();
     void dragDidEnd();
+    /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
+    void updateDpiOnMouse() {}
+    void editProfileIndex(std::int32_t index) { fDocument.editProfileIndex(index); }
+    void editMacroIndex(std::int32_t index) { fDocument.editMacroIndex(index); }
+    [[nodiscard]] std::int32_t profileIndex() const { return fDocument.profileIndex(); }
+    [[nodiscard]] std::int32_t macroIndex() const { return fDocument.macroIndex(); }
+    [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDocument.tree(); }
+    [[nodiscard]] bool hasDevice() const { return fDocument.hasDevice(); }
 
-    // Synchronisation (pane/Synchronisation.cpp, pane/UpdateUI.cpp)
+    // The window (pane/Editors.h, window/Sheets.h)
     /// Reads the settings afresh and shows them. The first time without a mouse says how to connect one.
     void syncUIWithDeviceConfig();
     void updateUI();
-    /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
-    void updateDpiOnMouse() {}
-
-    // Device-wide settings and commands (editors/device)
-    void actionMenuPollingRate();
-    void actionBoxLightOnWheel();
-    void actionBoxLightOnBattery();
-    void actionButtonRestoreDefaults();
-    void actionButtonCheckUpdates();
-    void actionButtonHelp();
-
-    // Modal helpers (pane/ModalHelpers.cpp)
+    [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
     /// The text for the key in the user's language; the key itself when the string table has none.
     [[nodiscard]] QString locString(const QString& key) const;
-    /// Runs the panel as a sheet on the pane's window; the code that ended it.
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
     /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
+
+    // Button assignment (editors/assignment)
+    void updateMenu(PopUpButton* popUp, int assignment);
+    void updateMacrosSubmenu();
+    void updateProfilesSubmenu();
+    [[nodiscard]] QString explanationOfInput(int input) const;
+    void actionMenuButtonAssignment(PopUpButton* popUp);
+    void actionSubmenuButtonMacro(QAction* item);
+    void actionSubmenuButtonProfile(QAction* item);
 
     // Sensitivity (editors/sensitivity)
     void actionSliderSensitivityX(KyvarQuorviSlider* slider);
@@ -128,12 +110,9 @@ class KyvarQuorviPane final : public QObject,
     void actionButtonEditStages();
     void updateDpiText();
     void updateStagesView();
-    /// Not while the mouse drags a slider.
-    void followRunningStage();
-    void showRunningRow();
     void updateAccelerationView();
 
-    // Stages editor (editors/stages)
+    // Stages (editors/stages)
     void editSensitivityStages();
     void editStageIndex(std::int32_t index);
     void actionButtonStageAdd();
@@ -143,17 +122,15 @@ class KyvarQuorviPane final : public QObject,
     void actionBoxStagesIndependentXY(QAbstractButton* box);
     void updateSensitivityStagesUI();
 
-    // Button assignment (editors/assignment)
-    void updateMenu(PopUpButton* popUp, int assignment);
-    void updateMacrosSubmenu();
-    void updateProfilesSubmenu();
-    [[nodiscard]] QString explanationOfInput(int input) const;
-    void actionMenuButtonAssignment(PopUpButton* popUp);
-    void actionSubmenuButtonMacro(QAction* item);
-    void actionSubmenuButtonProfile(QAction* item);
+    // The device (editors/device)
+    void actionMenuPollingRate();
+    void actionBoxLightOnWheel();
+    void actionBoxLightOnBattery();
+    void actionButtonRestoreDefaults();
+    void actionButtonCheckUpdates();
+    void actionButtonHelp();
 
-    // Macro recording and key capture (pane/KeyCapturing.cpp): editors/recording/Recording.h,
-    // editors/keys/SingleKeyPanel.h and capture/KeyCapture.h say what each of these does.
+    // Keys and recordings (capture/KeyCapture.h, editors/keys, editors/recording)
     void startStopRecording(bool start, bool oneStep);
     /// The modifiers of these two are not stored.
     void setMacroStep(std::uint32_t code, std::uint8_t argument, std::uint16_t modifiers, std::int32_t index);
@@ -176,12 +153,9 @@ class KyvarQuorviPane final : public QObject,
     /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
     [[nodiscard]] std::uint8_t singleKeyCode() const;
     /// What the names of pane/EventPatch.h stand for.
-    [[nodiscard]] KeyCapture& keyCapture() { return *fKeyCapture; }
+    [[nodiscard]] KeyCapture& keyCapture();
 
-    // Lists, their gear and context menus, and files of single items (editors/profiles, editors/macros,
-    // editors/files)
-    void editProfileIndex(std::int32_t index) { fDocument.editProfileIndex(index); }
-    void editMacroIndex(std::int32_t index) { fDocument.editMacroIndex(index); }
+    // Lists with their menus (editors/profiles, editors/macros, window/TableList.h, window/MenuCommands.h)
     [[nodiscard]] int numberOfRowsInTableView(int tableTag) const;
     [[nodiscard]] QVariant objectValueForTableColumn(int columnIdentifier, int row) const;
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
@@ -193,17 +167,19 @@ class KyvarQuorviPane final : public QObject,
     void actionMenuTableContext(QAction* item);
     [[nodiscard]] bool validateMenuItem(QAction* item);
     void createNewProfile(bool duplicate);
-    void actionButtonProfileAdd() { createNewProfile(false); }
+    void actionButtonProfileAdd();
     void actionButtonProfileRemove();
     void actionBoxProfileOSD();
     void assignApplication(const QString& path);
     void assignApplication(const ApplicationPanel* panel, int returnCode);
     void actionButtonMacroAdd();
     void actionButtonMacroRemove();
-    void actionButtonStepAdd() { startStopRecording(true, false); }
-    void actionButtonStepRecord() { startStopRecording(!isRecordingMacro(), false); }
+    void actionButtonStepAdd();
+    void actionButtonStepRecord();
     void actionButtonStepRemove();
     void setDelayForAllSteps(std::int32_t milliseconds);
+
+    // Files of single profiles and macros (editors/files)
     void exportProfile(const QFileDialog* panel, int returnCode);
     void exportMacro(const QFileDialog* panel, int returnCode);
     void importProfile(const QFileDialog* panel, int returnCode);
@@ -211,48 +187,21 @@ class KyvarQuorviPane final : public QObject,
     void importProfileCompletion(const QString& path);
     void importMacroCompletion(const QString& path);
 
-    // What others may ask
-    [[nodiscard]] bool hasDevice() const { return fDocument.hasDevice(); }
-    [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
-    [[nodiscard]] std::int32_t profileIndex() const { return fDocument.profileIndex(); }
-    [[nodiscard]] std::int32_t macroIndex() const { return fDocument.macroIndex(); }
-    [[nodiscard]] const plist::Dictionary& deviceConfig() const { return fDocument.tree(); }
-
   private:
-    void connectActions();
-    void connectMenu(QMenu& menu);
-    void connectTables();
-    [[nodiscard]] std::array<KyvarQuorviTableView*, 4> tables() const;
-    [[nodiscard]] TableList* listWithTag(int tag) const;
-    [[nodiscard]] TableList* listWithColumn(int columnIdentifier) const;
-    [[nodiscard]] RunningRow runningRow() const;
-    void makeEditors();
-    [[nodiscard]] QString profileInUse() const;
-    /// Names the keys, from then on by the layout in use.
-    void followKeyboardLayout();
-    /// Reads the names of the keys from the layout in use.
-    void nameKeys();
-    /// Shows every key by its name on the layout that is in use now.
-    void keyboardLayoutDidChange();
-    void showVersion();
-    /// Mirrors the panel when the language that it speaks is written from the right.
-    void followLanguage();
-    /// What every part of the panel is given; all of it is there before the parts are.
-    [[nodiscard]] EditorContext editorContext();
-    [[nodiscard]] std::unique_ptr<Occupation> makeOccupation() const;
-    void makeKeyCapture();
-    void updateConnectionUI();
-
     void showDocument(Shown shown) override;
     void saveDocument() override { fSession.save(fDocument.tree()); }
     void saveDocumentLater() override { fSession.saveLater(); }
 
-    void closeMenus();
-    /// Fills the lists and the menus of names from the document.
-    void showLists();
-    /// locString() for what is no part of the panel. Does not outlive it.
     [[nodiscard]] PanelText panelText() const;
-    void makeListEditors();
+    [[nodiscard]] Sheets::Views sheetViews() const;
+    [[nodiscard]] HelperLink::Panel helperPanel();
+    [[nodiscard]] SettingsSession::Panel sessionPanel();
+    [[nodiscard]] EditorContext editorContext();
+    void connectParts();
+    void showKeyNames();
+    void showVersion();
+    void followLanguage();
+    void closeMenus();
 
     PaneServices fServices;
     QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window was quicker
@@ -262,25 +211,14 @@ class KyvarQuorviPane final : public QObject,
     Document fDocument{*this};
     HelperLink fHelperLink;
     SettingsSession fSession;
+    std::unique_ptr<Editors> fEditors; ///< never null
+    KeyNaming fKeyNaming;
     FocusObserver fFocus;
-    std::unique_ptr<KeyboardLayoutWatcher> fKeyboardLayout; ///< null until followKeyboardLayout()
-
     bool fPanelIsFront = false;
     bool fBluetoothWarningDone = false;
-
-    // The editors; never null.
-    std::unique_ptr<AssignmentEditor> fAssignment;
-    std::unique_ptr<SensitivityEditor> fSensitivity;
-    std::unique_ptr<StagesEditor> fStages;
-    std::unique_ptr<DeviceEditor> fDevice;
-    std::unique_ptr<ListEditors> fListEditors;
-
-    std::unique_ptr<Recording> fRecording;           ///< never null
-    std::unique_ptr<SingleKeyPanel> fSingleKeyPanel; ///< never null
-    std::unique_ptr<KeyCapture> fKeyCapture;         ///< never null; asks the two for what they want
 };
 
-/// The one live controller of the process, or null: what the key patch and the sliders reach it by.
+/// The one live controller of the process, or null.
 extern KyvarQuorviPane* gKyvarQuorviPane;
 
 } // namespace quorvi

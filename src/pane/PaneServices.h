@@ -8,7 +8,7 @@
 
 #include "base/FileCalls.h"
 #include "events/EventBus.h"
-#include "pane/loginitems/LoginItemStore.h"
+#include "loginitems/LoginItemStore.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"
 #include "platform/KeyboardLayoutWatcher.h"

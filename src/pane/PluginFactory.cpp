@@ -1,9 +1,9 @@
 #include "pane/PluginFactory.h"
 
+#include "loginitems/AutostartLoginItemStore.h"
+#include "loginitems/UserFolders.h"
 #include "model/SettingsDocument.h"
 #include "pane/KyvarQuorviPane.h"
-#include "pane/loginitems/AutostartLoginItemStore.h"
-#include "pane/loginitems/UserFolders.h"
 
 namespace quorvi {
 

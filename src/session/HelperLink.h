@@ -67,6 +67,11 @@ class HelperLink final : public QObject {
     /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
     /// the user drags.
     void bringBack();
+    /// The same for one whose going was known in a drag of the user's that has ended now.
+    void bringBackAfterDrag() {
+        if (m_isGone)
+            bringBack();
+    }
     /// Tells the helper that the settings file has changed. One that is not there to hear it is started, and
     /// reads the file by itself.
     void tellOfSave();

@@ -4,8 +4,8 @@
 
 #include "document/Document.h"
 #include "live/LiveHelper.h"
+#include "loginitems/LoginItems.h"
 #include "model/Keys.h"
-#include "pane/loginitems/LoginItems.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "resources/Interface.h"

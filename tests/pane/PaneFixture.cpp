@@ -7,11 +7,11 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "loginitems/AutostartLoginItemStore.h"
 #include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "pane/EventPatch.h"
-#include "pane/loginitems/AutostartLoginItemStore.h"
 #include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi::test {

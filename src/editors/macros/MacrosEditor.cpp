@@ -46,7 +46,6 @@ MacrosEditor::MacrosEditor(
     const EditorContext& context, const Views& views, Others others, StepsEditor& steps)
     : m_context(context), m_views(views), m_others(std::move(others)), m_steps(steps),
       m_usualHint(views.table.emptyText()), m_usualTitle(views.noMacroTitle.text()),
-      m_usualText(views.noMacroText.text()),
       m_list(views.table,
           std::make_unique<MacrosModel>(context.document, context.text, m_others.listHasChanged)) {
     m_list.onSelectionChange([this] { switchToSelected(); });
@@ -70,10 +69,6 @@ void MacrosEditor::showHints() {
     m_views.table.setEmptyText(hasDevice ? m_usualHint : noMouse);
     m_views.noMacroTitle.setText(hasDevice ? m_usualTitle : noMouse);
     makeViewActive(&m_views.pageNoMacro, true);
-}
-
-void MacrosEditor::showConnection(const QString& connection) {
-    m_views.noMacroText.setText(m_context.document.hasDevice() ? m_usualText : connection);
 }
 
 void MacrosEditor::selectCurrent() {

@@ -28,7 +28,6 @@ class MacrosEditor final {
         StackView& steps; ///< the steps of the current macro, or in their place pageNoMacro
         QWidget& pageNoMacro;
         QLabel& noMacroTitle; ///< on that page
-        QLabel& noMacroText;  ///< below it
     };
 
     /// What it has others do.
@@ -49,9 +48,6 @@ class MacrosEditor final {
     /// Derives everything but the rows from the document, from which row is selected, and from whether a
     /// recording runs.
     void show();
-    /// Says where the steps of a macro would be how it is about the mouse, in the user's language; with a
-    /// mouse what there is to do.
-    void showConnection(const QString& connection);
     /// Shows the rows of the document and selects the current macro.
     void selectCurrent();
 
@@ -78,7 +74,6 @@ class MacrosEditor final {
     StepsEditor& m_steps;
     QString m_usualHint;  ///< what an empty list says
     QString m_usualTitle; ///< what stands in place of the steps
-    QString m_usualText;  ///< below that
     TableList m_list;
 };
 

@@ -40,6 +40,8 @@ class Recording final : public KeySink {
     void start(bool oneStep);
     /// Stops the recording and saves. Does nothing while none runs.
     void stop();
+    /// Starts or stops one, as the controls of the window say it.
+    void startOrStop(bool start, bool oneStep) { start ? this->start(oneStep) : stop(); }
     /// Shows how far the recording is; nothing while none runs.
     void show();
 
