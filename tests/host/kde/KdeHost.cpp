@@ -87,6 +87,17 @@ void KdeHost::start(const std::vector<std::string>& command) {
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 
+namespace {
+
+/// The outermost of what holds the thing.
+Accessible topOf(Accessible thing) {
+    for (Accessible above = thing.parent(); above.extents().width > 0; above = thing.parent())
+        thing = above;
+    return thing;
+}
+
+} // namespace
+
 void KdeHost::startAtOverview() {
     start({QUORVI_SYSTEMSETTINGS});
     activate();
@@ -113,13 +124,17 @@ void KdeHost::returnToPanel() const {
     goTo(kModule);
 }
 
-/// The list beside the pages says where it has what as if it were a window by itself.
+/// The list beside the pages is a tree of its own in the window's corner. It says where it has what as if that
+/// were the corner of the screen, until it has heard where the window was placed.
 void KdeHost::clickInList(const QString& spoken) const {
-    const Extents place = thing(spoken).extents();
+    const Accessible wanted = thing(spoken);
+    const Extents place = wanted.extents();
+    const Extents corner = topOf(wanted).extents();
     const Extents window = m_reader.windows().at(0).extents();
     if (place.width == 0)
         qFatal("%s is not in the list", qPrintable(spoken));
-    clickAt({window.left + place.left + place.width / 2, window.top + place.top + place.height / 2});
+    clickAt({window.left + place.left - corner.left + place.width / 2,
+        window.top + place.top - corner.top + place.height / 2});
 }
 
 #else
