@@ -289,4 +289,9 @@ std::string KdeHost::opened() const {
     return openedWith(session.home.path());
 }
 
+bool KdeHost::opensOwnHelp() const {
+    return waitUntil([this] { return !opened().empty(); }) &&
+           opened().find("KyvarQuorvi.prefPane/Contents/Resources/") != std::string::npos;
+}
+
 } // namespace quorvi::test

@@ -85,8 +85,10 @@ class KdeHost {
     /// gives those that it has been told.
     [[nodiscard]] std::string commands(const std::string& expected);
 
-    /// Where what the program opens in others is written down: documents and addresses, one a line.
+    /// What the program has opened in others: documents and addresses, one a line.
     [[nodiscard]] std::string opened() const;
+    /// Waits until it opens something; false when that is no page of the panel's own help.
+    [[nodiscard]] bool opensOwnHelp() const;
 
   private:
     [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
