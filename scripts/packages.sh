@@ -43,6 +43,8 @@ packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps 
 packages_on_debian=(debootstrap)
 packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6)
+# What a user of Plasma has around the module: its style and its colours.
+packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 # The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.

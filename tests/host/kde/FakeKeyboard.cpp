@@ -1,7 +1,9 @@
 #include "host/kde/FakeKeyboard.h"
 
+#include <array>
 #include <stdexcept>
-#include <string_view>
+
+#include <linux/input-event-codes.h>
 
 #include <fake-input-client-protocol.h>
 
@@ -11,6 +13,10 @@ namespace {
 
 /// With keys since 4.
 constexpr std::uint32_t kVersion = 4;
+
+constexpr std::array<std::uint32_t, 26> kLetters{KEY_A, KEY_B, KEY_C, KEY_D, KEY_E, KEY_F, KEY_G, KEY_H,
+    KEY_I, KEY_J, KEY_K, KEY_L, KEY_M, KEY_N, KEY_O, KEY_P, KEY_Q, KEY_R, KEY_S, KEY_T, KEY_U, KEY_V, KEY_W,
+    KEY_X, KEY_Y, KEY_Z};
 
 void bindInput(
     void* input, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t version) {
@@ -51,6 +57,11 @@ void FakeKeyboard::press(std::initializer_list<std::uint32_t> keys) const {
     for (const auto* key = keys.end(); key != keys.begin();)
         org_kde_kwin_fake_input_keyboard_key(m_input.get(), *--key, WL_KEYBOARD_KEY_STATE_RELEASED);
     wl_display_roundtrip(m_display.get());
+}
+
+void FakeKeyboard::type(std::string_view letters) const {
+    for (const char letter : letters)
+        press({letter == ' ' ? std::uint32_t(KEY_SPACE) : kLetters.at(std::size_t(letter - 'a'))});
 }
 
 } // namespace quorvi::test

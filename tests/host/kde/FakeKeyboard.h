@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <string_view>
 
 struct org_kde_kwin_fake_input;
 struct wl_display;
@@ -19,6 +20,8 @@ class FakeKeyboard {
     /// Presses the keys, by their codes of the input layer, and lets go of them the other way round. Returns
     /// when the compositor has them.
     void press(std::initializer_list<std::uint32_t> keys) const;
+    /// Types small letters and blanks where the keyboard has the layout of the United States.
+    void type(std::string_view letters) const;
 
   private:
     struct Release {

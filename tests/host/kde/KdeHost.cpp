@@ -45,6 +45,11 @@ void activateFirst(const std::vector<std::string>& what) {
         qFatal("no window of %s can be put in front", what.back().c_str());
 }
 
+/// Clicks in the middle of it.
+void clickOn(const Extents& place) {
+    clickAt({place.left + place.width / 2, place.top + place.height / 2});
+}
+
 /// Where the window's contents are on the screen; nothing when xdotool cannot say.
 std::optional<QRect> windowPlace(const std::string& window) {
     const auto said = xdotool({"getwindowgeometry", "--shell", window.substr(0, window.find('\n'))});
@@ -81,28 +86,36 @@ ProgramResult KdeHost::run(const std::vector<std::string>& command, const std::s
     return runProgram(command, environment(locale));
 }
 
-void KdeHost::start(const std::vector<std::string>& command) {
-    program = std::make_unique<ChildProcess>(command, environment("C.UTF-8"));
+void KdeHost::start(const std::vector<std::string>& command, const std::string& locale) {
+    program = std::make_unique<ChildProcess>(command, environment(locale));
 }
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 
-void KdeHost::startAtOverview() {
-    start({QUORVI_SYSTEMSETTINGS});
-    activate();
+namespace {
+
+/// How the panel is listed where it is found; without a search it is on a page of the list's.
+QString foundBy(const QString& /*keyword*/) {
+    return QStringLiteral("list item 'Kyvar Quorvi'");
 }
 
-void KdeHost::search(const std::string& words, const QString& /*keyword*/) const {
-    if (thing(QStringLiteral("list item 'Default Applications'")).isNull())
-        qFatal("System Settings lists no modules");
-    clickInList(QStringLiteral("text 'Search'"));
-    if (!xdotool({"type", words}) ||
-        !waitUntil([this] { return !shows(QStringLiteral("list item 'Default Applications'")); }))
-        qFatal("System Settings does not search");
+/// The outermost of what holds the thing.
+Accessible topOf(Accessible thing) {
+    for (Accessible above = thing.parent(); above.extents().width > 0; above = thing.parent())
+        thing = above;
+    return thing;
 }
 
-void KdeHost::openFound(const QString& /*keyword*/) const {
-    clickInList(QStringLiteral("list item 'Kyvar Quorvi'"));
+} // namespace
+
+void KdeHost::startAtOverview(const std::string& locale) {
+    start({QUORVI_SYSTEMSETTINGS}, locale);
+    if (m_display.empty())
+        activate();
+}
+
+void KdeHost::openFound(const QString& keyword) const {
+    clickInList(thing(foundBy(keyword)));
 }
 
 void KdeHost::leavePanel() const {
@@ -113,37 +126,39 @@ void KdeHost::returnToPanel() const {
     goTo(kModule);
 }
 
-/// The list beside the pages says where it has what as if it were a window by itself.
-void KdeHost::clickInList(const QString& spoken) const {
-    const Extents place = thing(spoken).extents();
+/// The list beside the pages is a tree of its own in the window's corner. It says where it has what as if
+/// that were the corner of the screen, until it has heard where the window was placed.
+void KdeHost::clickInList(const Accessible& wanted) const {
+    const Extents place = wanted.extents();
+    const Extents corner = topOf(wanted).extents();
     const Extents window = m_reader.windows().at(0).extents();
     if (place.width == 0)
-        qFatal("%s is not in the list", qPrintable(spoken));
-    clickAt({window.left + place.left + place.width / 2, window.top + place.top + place.height / 2});
+        qFatal("what is to be clicked is not in the list");
+    clickOn({window.left + place.left - corner.left, window.top + place.top - corner.top, place.width,
+        place.height});
 }
 
 #else
 
 namespace {
 const QString kOpenModule = QStringLiteral("list item 'Input Devices'"); // the only module there
+
+/// How the panel is listed where it is found.
+QString foundBy(const QString& keyword) {
+    return QStringLiteral("list item '%1'").arg(keyword);
+}
 } // namespace
 
-void KdeHost::startAtOverview() {
+void KdeHost::startAtOverview(const std::string& locale) {
     const auto folder = session.home.path() + "/.config";
     fs::create_directories(folder);
     writeFile(folder + "/systemsettingsrc", "[Main]\nActiveView=icon_mode\n");
-    start({QUORVI_SYSTEMSETTINGS});
+    start({QUORVI_SYSTEMSETTINGS}, locale);
     activate();
 }
 
-void KdeHost::search(const std::string& words, const QString& keyword) const {
-    click(QStringLiteral("text ''"));
-    if (!xdotool({"type", words}) || thing(QStringLiteral("list item '%1'").arg(keyword)).isNull())
-        qFatal("System Settings does not find the panel");
-}
-
 void KdeHost::openFound(const QString& keyword) const {
-    clickInList(QStringLiteral("list item '%1'").arg(keyword));
+    click(foundBy(keyword));
     click(kOpenModule);
 }
 
@@ -155,11 +170,25 @@ void KdeHost::returnToPanel() const {
     click(kOpenModule);
 }
 
-void KdeHost::clickInList(const QString& spoken) const {
-    click(spoken);
+void KdeHost::clickInList(const Accessible& wanted) const {
+    clickOn(wanted.extents());
 }
 
 #endif
+
+void KdeHost::search(const std::string& words) const {
+    Accessible field;
+    const auto isText = [](const std::string& spoken) { return spoken.starts_with("text '"); };
+    if (!waitUntil([&] { return !(field = find(isText)).isNull(); }))
+        qFatal("System Settings has no field for searches");
+    clickInList(field);
+    if (!xdotool({"key", "ctrl+a"}) || !xdotool({"type", words}))
+        qFatal("nothing can be typed into the search");
+}
+
+bool KdeHost::isFound(const QString& keyword, bool found) const {
+    return waitUntil([&] { return shows(foundBy(keyword)) == found; });
+}
 
 void KdeHost::startAtPanel() {
     start({QUORVI_SYSTEMSETTINGS, kModule});
@@ -209,12 +238,16 @@ bool KdeHost::quit() {
     return told.exitCode == 0 && program->wait() == 0;
 }
 
-Accessible KdeHost::find(const QString& spoken) const {
+Accessible KdeHost::find(const std::function<bool(const std::string&)>& isSpokenSo) const {
     for (const Accessible& window : m_reader.windows())
         for (const Accessible& thing : everythingIn(window))
-            if (test::spoken(thing) == spoken.toStdString())
+            if (isSpokenSo(test::spoken(thing)))
                 return thing;
     return {};
+}
+
+Accessible KdeHost::find(const QString& spoken) const {
+    return find([wanted = spoken.toStdString()](const std::string& other) { return other == wanted; });
 }
 
 Accessible KdeHost::thing(const QString& spoken) const {
@@ -230,7 +263,7 @@ void KdeHost::click(const QString& spoken) const {
     const Extents place = thing(spoken).extents();
     if (place.width == 0)
         qFatal("%s is not on the screen", qPrintable(spoken));
-    clickAt({place.left + place.width / 2, place.top + place.height / 2});
+    clickOn(place);
 }
 
 void KdeHost::perform(const std::string& action, const QString& spoken) const {
@@ -238,8 +271,27 @@ void KdeHost::perform(const std::string& action, const QString& spoken) const {
         qFatal("%s takes no %s", qPrintable(spoken), action.c_str());
 }
 
+std::string KdeHost::commands(const std::string& expected) {
+    std::string told;
+    const auto isAllTold = [&] {
+        told.clear();
+        for (const std::string& command : m_monitor.commands())
+            if (!command.empty()) // the helper's own device list
+                told += (told.empty() ? "" : " ") + command;
+        return told == expected;
+    };
+    static_cast<void>(waitUntil(isAllTold));
+    m_monitor.forget();
+    return told;
+}
+
 std::string KdeHost::opened() const {
     return openedWith(session.home.path());
+}
+
+bool KdeHost::opensOwnHelp() const {
+    return waitUntil([this] { return !opened().empty(); }) &&
+           opened().find("KyvarQuorvi.prefPane/Contents/Resources/") != std::string::npos;
 }
 
 } // namespace quorvi::test

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,13 +39,15 @@ class KdeHost {
     [[nodiscard]] ProgramResult run(
         const std::vector<std::string>& command, const std::string& locale = "C.UTF-8") const;
     /// Starts it as the program of the test.
-    void start(const std::vector<std::string>& command);
+    void start(const std::vector<std::string>& command, const std::string& locale = "C.UTF-8");
     /// Starts System Settings where it shows no module: in Plasma 5 with the pages as icons, which is the
     /// view that a screen reader can follow, and where pages are hidden and shown; in Plasma 6, which has no
     /// other, with the list beside them.
-    void startAtOverview();
-    /// Looks there for the words, and waits until the panel is found by the keyword.
-    void search(const std::string& words, const QString& keyword) const;
+    void startAtOverview(const std::string& locale = "C.UTF-8");
+    /// Looks there for the words; where words are there from before, these replace them.
+    void search(const std::string& words) const;
+    /// Waits until the panel is found by the keyword, or is not; false when it stays otherwise.
+    [[nodiscard]] bool isFound(const QString& keyword, bool found = true) const;
     /// Opens what has been found.
     void openFound(const QString& keyword) const;
     /// Goes from the panel to where it is not shown.
@@ -78,16 +81,24 @@ class KdeHost {
     /// Does that with it as a screen reader does: "Press", "Toggle", "SetFocus".
     void perform(const std::string& action, const QString& spoken) const;
 
-    /// Where what the program opens in others is written down: documents and addresses, one a line.
+    /// Waits until the helper has been told these commands, "KyRO 1 KyPR 0", since this was asked before;
+    /// gives those that it has been told.
+    [[nodiscard]] std::string commands(const std::string& expected);
+
+    /// What the program has opened in others: documents and addresses, one a line.
     [[nodiscard]] std::string opened() const;
+    /// Waits until it opens something; false when that is no page of the panel's own help.
+    [[nodiscard]] bool opensOwnHelp() const;
 
   private:
     [[nodiscard]] std::vector<std::string> environment(const std::string& locale) const;
+    [[nodiscard]] Accessible find(const std::function<bool(const std::string&)>& isSpokenSo) const;
     [[nodiscard]] Accessible find(const QString& spoken) const;
-    void clickInList(const QString& spoken) const;
+    void clickInList(const Accessible& wanted) const;
 
     const std::vector<std::string> m_display;
     ScreenReader m_reader;
+    EventMonitor m_monitor{qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString()};
 };
 
 } // namespace quorvi::test

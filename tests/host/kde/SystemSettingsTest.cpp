@@ -54,6 +54,14 @@ class SystemSettingsTest : public QObject {
         QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
     }
 
+    void helpIsThePanelsOwn() {
+        KdeHost kde;
+        kde.startAtPanel();
+        QVERIFY(xdotool({"key", "F1"}));
+        QVERIFY2(kde.opensOwnHelp(), kde.opened().c_str());
+        QVERIFY(kde.close());
+    }
+
     void theProgramsOwnShortcutIsCapturedLikeAnyKey() {
         KeySheet sheet;
         QVERIFY(xdotool({"key", "ctrl+q"}));
