@@ -52,7 +52,6 @@ class World {
 
     SaveWitness m_witness;
     double m_clock = 1000.0;
-    PaneFixture m_fixture;
     QWidget m_other;
     bool m_shown = false;
     int m_saves = 0;
@@ -63,6 +62,7 @@ class World {
     bool m_countIsThere = false; ///< nothing but the panel has written the file since
     bool m_wasJoined = false;    ///< somebody has written since the panel's last save
     plist::Value m_foreign;      ///< what another program keeps in the file; nothing when it keeps nothing
+    PaneFixture m_fixture;       ///< behind what counts: the panel saves as it goes
     std::future<void> m_list;    ///< valid while a device list is on its way
 };
 
