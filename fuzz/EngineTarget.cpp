@@ -18,15 +18,15 @@ using fuzz::require;
 
 namespace {
 
-constexpr std::size_t mostFramesOfACall = 4096; ///< sixteen notches, macros and all keys that are held
-constexpr std::size_t mostEventsOfAFrame = 8;
+constexpr std::size_t kMostFramesOfACall = 4096; ///< sixteen notches, macros and all keys that are held
+constexpr std::size_t kMostEventsOfAFrame = 8;
 
 class Witness : public engine::Output {
   public:
     void write(engine::Device device, std::span<const input_event> frame) override {
         require(frame.size() >= 2 && frame.size() <= 64, "a frame fits the kernel's queue");
         require(frame.back().type == EV_SYN && frame.back().code == SYN_REPORT, "a frame has its end");
-        require(++frames <= mostFramesOfACall, "a call comes to few frames");
+        require(++frames <= kMostFramesOfACall, "a call comes to few frames");
         for (const auto& event : frame.first(frame.size() - 1))
             look(device, event);
     }
@@ -137,7 +137,7 @@ class Mouse {
 
     void feedFrame(int what) {
         std::vector<input_event> frame;
-        for (std::size_t left = 1 + static_cast<std::size_t>(what) % mostEventsOfAFrame; left > 0; --left) {
+        for (std::size_t left = 1 + static_cast<std::size_t>(what) % kMostEventsOfAFrame; left > 0; --left) {
             const auto type = m_input.number<std::uint8_t>() % 4;
             const auto code = m_input.number<std::uint16_t>();
             frame.push_back(eventOf(static_cast<std::uint16_t>(type), code, m_input.number<std::int32_t>()));

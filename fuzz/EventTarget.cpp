@@ -1,12 +1,11 @@
 // Events from other processes: messages of the right shape with anything in it, and of shapes close to it.
 //
 // A message is put together with the bus library's own calls, because the bus lets no other through.
-#include <fuzzer/FuzzedDataProvider.h>
-
-#include <sys/socket.h>
-
 #include <array>
 #include <cstring>
+
+#include <fuzzer/FuzzedDataProvider.h>
+#include <sys/socket.h>
 
 #include "Require.h"
 #include "events/DeviceList.h"

@@ -2,9 +2,9 @@
 // and size put anywhere in it. The bytes of PropertyListTarget.cpp seldom get this far.
 //
 // The input is a list of changes: where, which key, what kind of value, and the value's own bytes.
-#include <fuzzer/FuzzedDataProvider.h>
-
 #include <array>
+
+#include <fuzzer/FuzzedDataProvider.h>
 
 #include "RoundTrip.h"
 #include "Scratch.h"

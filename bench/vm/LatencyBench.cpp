@@ -41,7 +41,7 @@ using test::FakeMouse;
 using Nanoseconds = std::int64_t;
 
 /// Reports are numbered from 1, since 0 would be no event, to this and from 1 again.
-constexpr int numbers = 4095;
+constexpr int kNumbers = 4095;
 
 Nanoseconds now() {
     timespec time{};
@@ -162,7 +162,7 @@ class Arrivals {
         if (event.type != EV_REL || event.code != REL_X)
             return;
         if (std::exchange(m_isBehind, false))
-            dropped += (event.value - m_last - 1 + numbers) % numbers;
+            dropped += (event.value - m_last - 1 + kNumbers) % kNumbers;
         m_last = event.value;
         counts += 1;
         delays.push_back(time - m_sent[static_cast<std::size_t>(event.value) % m_sent.size()]);
@@ -177,7 +177,7 @@ class Arrivals {
 };
 
 Figures measure(FakeMouse& mouse, const std::string& node, pid_t process, int rate, int seconds) {
-    std::vector<std::atomic<Nanoseconds>> sent(numbers + 1);
+    std::vector<std::atomic<Nanoseconds>> sent(kNumbers + 1);
     Arrivals arrivals(node, sent);
     const long total = static_cast<long>(rate) * seconds;
     const auto period = 1'000'000'000LL / rate;
@@ -192,7 +192,7 @@ Figures measure(FakeMouse& mouse, const std::string& node, pid_t process, int ra
         clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr);
         // A mouse that was kept waiting sends its next report a period later, and not all at once.
         due = std::max<Nanoseconds>(due, now() - period);
-        const auto number = static_cast<int>(i % numbers) + 1;
+        const auto number = static_cast<int>(i % kNumbers) + 1;
         sent[static_cast<std::size_t>(number)] = now();
         mouse.send({{FakeMouse::Part{EV_REL, REL_X, number}, FakeMouse::Part{EV_REL, REL_Y, 1}}});
     }
@@ -242,7 +242,7 @@ std::string passingNode(const Program& program, FakeMouse& mouse) {
     if (!test::waitUntil(find))
         return {};
     test::settleUdev();
-    std::vector<std::atomic<Nanoseconds>> sent(numbers + 1);
+    std::vector<std::atomic<Nanoseconds>> sent(kNumbers + 1);
     Arrivals arrivals(node, sent);
     const auto passes = [&] {
         mouse.move(1, 1);

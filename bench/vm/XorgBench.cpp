@@ -166,7 +166,7 @@ void print(const char* what, std::vector<double> times) {
             times[times.size() * 99 / 100], times.back());
 }
 
-constexpr std::chrono::seconds patience{10};
+constexpr std::chrono::seconds kPatience{10};
 
 /// Moves by one and waits until the pointer has. The time in milliseconds, below 0 when it never does.
 double moveByOne(FakeMouse& mouse, Client& client) {
@@ -174,7 +174,7 @@ double moveByOne(FakeMouse& mouse, Client& client) {
     const auto begin = Clock::now();
     mouse.move(1, 0);
     while (client.pointerX() != before + 1)
-        if (Clock::now() - begin > patience)
+        if (Clock::now() - begin > kPatience)
             return -1;
     return Milliseconds(Clock::now() - begin).count();
 }
@@ -204,7 +204,7 @@ bool showTakingOver(FakeMouse& mouse, Client& client, const Service& service, in
         const auto inputd = service.start(mouse);
         const auto begin = Clock::now();
         while (!isTaken(mouse.node()))
-            if (!move(plain) || Clock::now() - begin > patience)
+            if (!move(plain) || Clock::now() - begin > kPatience)
                 return false;
         if (!move(first))
             return false;
@@ -230,7 +230,7 @@ bool typeInTurn(const char* what, FakeKeyboard& keyboard, std::vector<std::uniqu
     const auto await = [&](std::uint8_t type, std::uint16_t key) {
         const auto begin = Clock::now();
         bool has = false;
-        while (!has && Clock::now() - begin < patience) {
+        while (!has && Clock::now() - begin < kPatience) {
             has = clients.front()->take(type, key);
             for (std::size_t i = 1; i < clients.size(); ++i)
                 clients[i]->take(0, 0);

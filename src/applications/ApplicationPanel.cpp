@@ -17,7 +17,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int patienceMs = 300; // reading that takes no longer is not worth a word
+constexpr int kPatienceMs = 300; // reading that takes no longer is not worth a word
 
 bool movesInList(const QKeyEvent& key) {
     switch (key.key()) {
@@ -53,7 +53,7 @@ ApplicationPanel::ApplicationPanel(QWidget* parent, Surroundings surroundings)
     for (QToolButton* button : m_ui->quorviFieldSearch->findChildren<QToolButton*>())
         button->setAccessibleName(interfaceText("Clear search")); // Qt's own has no name
     m_longReading.setSingleShot(true);
-    m_longReading.setInterval(patienceMs);
+    m_longReading.setInterval(kPatienceMs);
 
     connect(m_ui->quorviFieldSearch, &QLineEdit::textChanged, this, &ApplicationPanel::search);
     connect(m_ui->quorviListApplications->selectionModel(), &QItemSelectionModel::selectionChanged, this,

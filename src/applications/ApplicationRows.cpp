@@ -9,13 +9,13 @@ namespace quorvi {
 
 namespace {
 
-constexpr int gap = 8; // around the launcher's name
+constexpr int kGap = 8; // around the launcher's name
 
 /// The end of the row, where the launcher's name stands; without width for an application.
 QRect launcherIn(const QStyleOptionViewItem& option, const QString& launcher) {
-    const int width = launcher.isEmpty() ? 0 : option.fontMetrics.horizontalAdvance(launcher) + gap;
+    const int width = launcher.isEmpty() ? 0 : option.fontMetrics.horizontalAdvance(launcher) + kGap;
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
-        QSize(width, option.rect.height()), option.rect.adjusted(gap, 0, -gap, 0));
+        QSize(width, option.rect.height()), option.rect.adjusted(kGap, 0, -kGap, 0));
 }
 
 } // namespace
@@ -29,7 +29,7 @@ void ApplicationRows::initStyleOption(QStyleOptionViewItem* option, const QModel
     if (launcher.isEmpty())
         return;
     const int room = option->rect.width() - option->decorationSize.width() -
-                     launcherIn(*option, launcher).width() - 3 * gap;
+                     launcherIn(*option, launcher).width() - 3 * kGap;
     option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight, room);
 }
 

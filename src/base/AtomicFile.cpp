@@ -1,8 +1,9 @@
 #include "base/AtomicFile.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <string>
+
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// As many links as the kernel itself follows.
-constexpr int longestLinkChain = 40;
+constexpr int kLongestLinkChain = 40;
 /// In a folder where everybody may put files and remove only their own, a link of somebody else's may lead
 /// anywhere. The kernel does not follow such links either, where it is told so.
 bool isTrap(const fs::path& link) {
@@ -49,7 +50,7 @@ bool replaceInFolder(FileCalls& calls, const Folder& folder, const std::string& 
 } // namespace
 
 std::optional<fs::path> followLinks(fs::path path) {
-    for (int links = 0; links <= longestLinkChain; ++links) {
+    for (int links = 0; links <= kLongestLinkChain; ++links) {
         std::error_code error;
         if (!fs::is_symlink(fs::symlink_status(path, error)))
             return path;

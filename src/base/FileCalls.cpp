@@ -1,6 +1,7 @@
 #include "base/FileCalls.h"
 
 #include <cstdio>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>

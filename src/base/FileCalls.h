@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+
 #include <sys/types.h>
 
 namespace quorvi {

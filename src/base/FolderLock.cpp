@@ -1,8 +1,9 @@
 #include "base/FolderLock.h"
 
 #include <cerrno>
-#include <sys/file.h>
 #include <thread>
+
+#include <sys/file.h>
 
 namespace quorvi {
 

@@ -2,9 +2,10 @@
 
 #include <cerrno>
 #include <charconv>
-#include <fcntl.h>
 #include <limits>
 #include <set>
+
+#include <fcntl.h>
 
 namespace quorvi {
 

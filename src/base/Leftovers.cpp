@@ -3,9 +3,10 @@
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <memory>
+
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,7 +18,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr std::time_t longestSave = 24 * 60 * 60; // seconds
+constexpr std::time_t kLongestSave = 24 * 60 * 60; // seconds
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -33,7 +34,7 @@ bool isAbandoned(int file, pid_t maker) {
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink != 1 ||
         status.st_uid != ::geteuid())
         return false;
-    if (isRunning(maker) && std::time(nullptr) - status.st_mtime < longestSave)
+    if (isRunning(maker) && std::time(nullptr) - status.st_mtime < kLongestSave)
         return false;
     return ::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }

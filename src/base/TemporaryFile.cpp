@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstdio>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -12,7 +13,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int nameAttempts = 100;
+constexpr int kNameAttempts = 100;
 
 } // namespace
 
@@ -32,7 +33,7 @@ Folder::~Folder() {
 TemporaryFile::TemporaryFile(FileCalls& calls, const Folder& folder, mode_t mode)
     : m_calls(calls), m_folder(folder.file()) {
     static std::atomic<unsigned> counter = 0;
-    for (int attempt = 0; attempt < nameAttempts; ++attempt) {
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         m_name = temporaryName(::getpid(), counter++);
         m_file = uninterrupted([&] {
             return m_calls.openat(m_folder, m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);

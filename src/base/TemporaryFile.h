@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+
 #include <sys/stat.h>
 
 #include "base/FileCalls.h"

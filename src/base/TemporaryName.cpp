@@ -6,7 +6,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr std::string_view prefix = ".quorvi-";
+constexpr std::string_view kPrefix = ".quorvi-";
 
 /// Takes a number, written as this system writes it, off the text's front.
 template <typename Number>
@@ -24,13 +24,13 @@ std::optional<Number> takeNumber(std::string_view& text) {
 } // namespace
 
 std::string temporaryName(pid_t process, unsigned number) {
-    return std::string(prefix) + std::to_string(process) + "-" + std::to_string(number);
+    return std::string(kPrefix) + std::to_string(process) + "-" + std::to_string(number);
 }
 
 std::optional<pid_t> makerOfTemporaryName(std::string_view name) {
-    if (!name.starts_with(prefix))
+    if (!name.starts_with(kPrefix))
         return std::nullopt;
-    name.remove_prefix(prefix.size());
+    name.remove_prefix(kPrefix.size());
     const auto process = takeNumber<pid_t>(name);
     if (!process || *process <= 0 || !name.starts_with('-'))
         return std::nullopt;

@@ -10,12 +10,12 @@ namespace quorvi::engine {
 
 namespace {
 
-constexpr std::uint8_t passed = 0xFF; ///< of a code that is down: it is no input
-constexpr std::uint8_t wheelAway = 8;
-constexpr std::uint8_t wheelBack = 9;
+constexpr std::uint8_t kPassed = 0xFF; ///< of a code that is down: it is no input
+constexpr std::uint8_t kWheelAway = 8;
+constexpr std::uint8_t kWheelBack = 9;
 
 /// Notches of one frame that press something. A wheel that spins freely has a few; garbage has billions.
-constexpr std::int64_t mostNotches = 16;
+constexpr std::int64_t kMostNotches = 16;
 
 std::uint16_t keyboardKeyOr(std::uint16_t code, std::uint16_t otherwise) {
     Device device{};
@@ -135,7 +135,7 @@ void Engine::Core::key(std::uint16_t code, std::int32_t value) {
 void Engine::Core::press(std::uint16_t code) {
     const auto input = m_inputOf[code];
     if (input == 0 || !m_hasRecord) {
-        m_pressedAs[code] = passed;
+        m_pressedAs[code] = kPassed;
         m_keys.press(code);
     } else if (!m_held[input].isDown) {
         m_pressedAs[code] = input;
@@ -145,7 +145,7 @@ void Engine::Core::press(std::uint16_t code) {
 
 void Engine::Core::release(std::uint16_t code) {
     const auto as = std::exchange(m_pressedAs[code], std::uint8_t{0});
-    if (as == passed)
+    if (as == kPassed)
         m_keys.release(code);
     else
         releaseInput(as);
@@ -246,8 +246,8 @@ std::int64_t Engine::Core::partsOf(const Turn& turn) {
 void Engine::Core::turnWheel(std::int64_t notches, std::int64_t parts) {
     if (!m_hasRecord)
         return m_scrolling.turn({REL_WHEEL, 1}, notches, parts);
-    turnInput(wheelAway, std::max(notches, std::int64_t{0}), std::max(parts, std::int64_t{0}));
-    turnInput(wheelBack, std::max(-notches, std::int64_t{0}), std::max(-parts, std::int64_t{0}));
+    turnInput(kWheelAway, std::max(notches, std::int64_t{0}), std::max(parts, std::int64_t{0}));
+    turnInput(kWheelBack, std::max(-notches, std::int64_t{0}), std::max(-parts, std::int64_t{0}));
 }
 
 /// A turn that scrolls does so in high resolution; anything else takes a whole notch.
@@ -259,7 +259,7 @@ void Engine::Core::turnInput(std::uint8_t input, std::int64_t notches, std::int6
     if (function.act == Act::Scroll)
         return m_scrolling.turn(function.scroll, notches, parts);
     const Chord chord(function, assignment, m_options.letterKeys);
-    for (auto notch = std::min(notches, mostNotches); notch > 0; --notch) {
+    for (auto notch = std::min(notches, kMostNotches); notch > 0; --notch) {
         chord.press(m_keys);
         chord.release(m_keys);
         runOnce(function, assignment);

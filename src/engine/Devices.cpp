@@ -11,21 +11,21 @@ namespace quorvi::engine {
 
 namespace {
 
-/// The kernel numbers the buttons of a mouse from BTN_LEFT on, up to sixteen of them.
-constexpr std::size_t mouseButtons = 16;
+/// The kernel numbers the kButtons of a mouse from BTN_LEFT on, up to sixteen of them.
+constexpr std::size_t kMouseButtons = 16;
 
-constexpr auto buttons = [] {
-    std::array<std::uint16_t, mouseButtons> codes{};
+constexpr auto kButtons = [] {
+    std::array<std::uint16_t, kMouseButtons> codes{};
     for (std::size_t i = 0; i < codes.size(); ++i)
         codes[i] = static_cast<std::uint16_t>(BTN_LEFT + i);
     return codes;
 }();
 
-constexpr std::array<std::uint16_t, 6> axes{
+constexpr std::array<std::uint16_t, 6> kAxes{
     REL_X, REL_Y, REL_HWHEEL, REL_WHEEL, REL_WHEEL_HI_RES, REL_HWHEEL_HI_RES};
 
 constexpr bool isMouseButton(std::uint16_t code) {
-    return code >= BTN_LEFT && code < BTN_LEFT + mouseButtons;
+    return code >= BTN_LEFT && code < BTN_LEFT + kMouseButtons;
 }
 
 enum class Offer : std::uint8_t { Neither, Pointer, Keyboard };
@@ -33,7 +33,7 @@ using Offers = std::array<Offer, KEY_CNT>;
 
 Offers offersOfAllKeys() {
     Offers offers{};
-    for (const auto code : buttons)
+    for (const auto code : kButtons)
         offers[code] = Offer::Pointer;
     for (unsigned usage = 0; usage < 0x100; ++usage)
         offers[keyOfUsage(usage)] = Offer::Keyboard;
@@ -65,11 +65,11 @@ KeyList listOfKeys() {
 } // namespace
 
 std::span<const std::uint16_t> pointerButtons() {
-    return buttons;
+    return kButtons;
 }
 
 std::span<const std::uint16_t> pointerAxes() {
-    return axes;
+    return kAxes;
 }
 
 std::span<const std::uint16_t> keyboardKeys() {

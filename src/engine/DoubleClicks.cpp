@@ -6,7 +6,7 @@ namespace quorvi::engine {
 
 namespace {
 
-constexpr Time betweenChanges = std::chrono::milliseconds(40);
+constexpr Time kBetweenChanges = std::chrono::milliseconds(40);
 
 } // namespace
 
@@ -14,7 +14,7 @@ void DoubleClicks::press(std::uint8_t input, std::uint16_t button, Time now) {
     Clicks& clicks = m_clicks[input - 1U];
     if (clicks.phase != Phase::Idle)
         return;
-    clicks = {Phase::FirstDown, true, button, now + betweenChanges};
+    clicks = {Phase::FirstDown, true, button, now + kBetweenChanges};
     m_keys.press(button);
 }
 
@@ -49,7 +49,7 @@ bool DoubleClicks::areAny() const {
 }
 
 void DoubleClicks::advance(Clicks& clicks, Time now) {
-    clicks.due = now + betweenChanges;
+    clicks.due = now + kBetweenChanges;
     switch (clicks.phase) {
     case Phase::FirstDown:
         clicks.phase = Phase::Between;

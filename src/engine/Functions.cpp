@@ -32,7 +32,7 @@ constexpr Function scroll(std::uint8_t code, std::uint16_t axis, std::int8_t sig
 
 // Zooming takes the keypad's keys, which type plus and minus under every layout. Desktops go back and forward
 // by the side buttons, whatever the mouse calls its own.
-constexpr std::array table{
+constexpr std::array kTable{
     key(commands::click, BTN_LEFT),
     key(2, BTN_RIGHT),
     key(3, BTN_MIDDLE),
@@ -89,7 +89,7 @@ constexpr std::array table{
     act(commands::noFunction, Act::Nothing),
 };
 
-constexpr Function nothing = act(commands::noFunction, Act::Nothing);
+constexpr Function kNothing = act(commands::noFunction, Act::Nothing);
 
 bool isOffered(std::uint8_t code, std::uint8_t input) {
     const Command* command = findCommand(code);
@@ -99,14 +99,14 @@ bool isOffered(std::uint8_t code, std::uint8_t input) {
 } // namespace
 
 std::span<const Function> functionTable() {
-    return table;
+    return kTable;
 }
 
 const Function& functionOf(const ButtonAssignment& assignment, std::uint8_t input) {
     if (assignment.button == 0 || !isOffered(assignment.command, input))
-        return nothing;
-    const auto found = std::ranges::find(table, assignment.command, &Function::code);
-    return found == table.end() ? nothing : *found;
+        return kNothing;
+    const auto found = std::ranges::find(kTable, assignment.command, &Function::code);
+    return found == kTable.end() ? kNothing : *found;
 }
 
 } // namespace quorvi::engine

@@ -10,8 +10,8 @@ namespace quorvi::engine {
 namespace {
 
 /// In the order of stepcodes::buttonsDown.
-constexpr std::array<std::uint16_t, 5> stepButtons{BTN_LEFT, BTN_RIGHT, BTN_MIDDLE, BTN_SIDE, BTN_EXTRA};
-static_assert(stepButtons.size() == stepcodes::buttonsDown.size());
+constexpr std::array<std::uint16_t, 5> kStepButtons{BTN_LEFT, BTN_RIGHT, BTN_MIDDLE, BTN_SIDE, BTN_EXTRA};
+static_assert(kStepButtons.size() == stepcodes::buttonsDown.size());
 
 /// The delay behind a step, of which the last one counts. Takes it off the bytes.
 Time takeDelay(std::span<const std::uint8_t>& bytes) {
@@ -104,7 +104,7 @@ void MacroPlayer::playStep(Playing& macro, const CodedStep& step) {
     }
     const auto button = std::ranges::find(stepcodes::buttonsDown, std::uint32_t{step.opcode});
     if (button != stepcodes::buttonsDown.end())
-        press(macro, stepButtons[static_cast<std::size_t>(button - stepcodes::buttonsDown.begin())]);
+        press(macro, kStepButtons[static_cast<std::size_t>(button - stepcodes::buttonsDown.begin())]);
 }
 
 void MacroPlayer::press(Playing& macro, std::uint16_t code) {
@@ -129,7 +129,7 @@ void MacroPlayer::release(Playing& macro, std::uint16_t code) {
 }
 
 void MacroPlayer::releaseButtons(Playing& macro) {
-    for (const auto button : stepButtons)
+    for (const auto button : kStepButtons)
         release(macro, button);
 }
 

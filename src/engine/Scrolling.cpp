@@ -7,8 +7,8 @@ namespace quorvi::engine {
 namespace {
 
 // As a keyboard's keys usually do, and slow enough to stop at the line that one wants.
-constexpr Time beforeRepeating = std::chrono::milliseconds(300);
-constexpr Time betweenNotches = std::chrono::milliseconds(60);
+constexpr Time kBeforeRepeating = std::chrono::milliseconds(300);
+constexpr Time kBetweenNotches = std::chrono::milliseconds(60);
 
 std::uint16_t fineAxis(std::uint16_t axis) {
     return axis == REL_WHEEL ? REL_WHEEL_HI_RES : REL_HWHEEL_HI_RES;
@@ -24,7 +24,7 @@ void Scrolling::turn(ScrollDirection direction, std::int64_t notches, std::int64
 }
 
 void Scrolling::press(std::uint8_t input, ScrollDirection direction, Time now) {
-    m_held[input - 1U] = {true, direction, now + beforeRepeating};
+    m_held[input - 1U] = {true, direction, now + kBeforeRepeating};
     turn(direction, 1, partsOfNotch);
 }
 
@@ -36,7 +36,7 @@ void Scrolling::wake(Time now) {
     for (Held& held : m_held) {
         if (!held.isDown || held.due > now)
             continue;
-        held.due = now + betweenNotches;
+        held.due = now + kBetweenNotches;
         turn(held.direction, 1, partsOfNotch);
     }
 }

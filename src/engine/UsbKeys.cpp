@@ -5,7 +5,7 @@ namespace quorvi::engine {
 namespace {
 
 // From usage 0 on. What stands for a key in the kernel's own table for USB keyboards stands here.
-constexpr auto usbKeys = std::to_array<std::uint16_t>({
+constexpr auto kUsbKeys = std::to_array<std::uint16_t>({
     0, 0, 0, 0, KEY_A, KEY_B, KEY_C, KEY_D, KEY_E, KEY_F, KEY_G, KEY_H, KEY_I, KEY_J, KEY_K, KEY_L, // 0x00
     KEY_M, KEY_N, KEY_O, KEY_P, KEY_Q, KEY_R, KEY_S, KEY_T, KEY_U, KEY_V, KEY_W, KEY_X,             // 0x10
     KEY_Y, KEY_Z, KEY_1, KEY_2, KEY_3, KEY_4, KEY_5, KEY_6, KEY_7, KEY_8, KEY_9, KEY_0,             // 0x1C
@@ -23,24 +23,24 @@ constexpr auto usbKeys = std::to_array<std::uint16_t>({
     KEY_RO, KEY_KATAKANAHIRAGANA, KEY_YEN, KEY_HENKAN, KEY_MUHENKAN, KEY_KPJPCOMMA, 0, 0, 0,        // 0x87
     KEY_HANGEUL, KEY_HANJA, KEY_KATAKANA, KEY_HIRAGANA, KEY_ZENKAKUHANKAKU,                         // 0x90
 });
-static_assert(usbKeys.size() == 0x95);
-static_assert(usbKeys[0x1C] == KEY_Y && usbKeys[0x28] == KEY_ENTER && usbKeys[0x30] == KEY_RIGHTBRACE);
-static_assert(usbKeys[0x36] == KEY_COMMA && usbKeys[0x40] == KEY_F7 && usbKeys[0x49] == KEY_INSERT);
-static_assert(usbKeys[0x51] == KEY_DOWN && usbKeys[0x58] == KEY_KPENTER && usbKeys[0x61] == KEY_KP9);
-static_assert(usbKeys[0x6A] == KEY_F15 && usbKeys[0x74] == KEY_OPEN && usbKeys[0x7D] == KEY_PASTE);
-static_assert(usbKeys[0x87] == KEY_RO && usbKeys[0x90] == KEY_HANGEUL);
+static_assert(kUsbKeys.size() == 0x95);
+static_assert(kUsbKeys[0x1C] == KEY_Y && kUsbKeys[0x28] == KEY_ENTER && kUsbKeys[0x30] == KEY_RIGHTBRACE);
+static_assert(kUsbKeys[0x36] == KEY_COMMA && kUsbKeys[0x40] == KEY_F7 && kUsbKeys[0x49] == KEY_INSERT);
+static_assert(kUsbKeys[0x51] == KEY_DOWN && kUsbKeys[0x58] == KEY_KPENTER && kUsbKeys[0x61] == KEY_KP9);
+static_assert(kUsbKeys[0x6A] == KEY_F15 && kUsbKeys[0x74] == KEY_OPEN && kUsbKeys[0x7D] == KEY_PASTE);
+static_assert(kUsbKeys[0x87] == KEY_RO && kUsbKeys[0x90] == KEY_HANGEUL);
 
-constexpr std::uint32_t firstModifierUsage = 0xE0;
-constexpr std::array<std::uint16_t, 8> modifierUsages{KEY_LEFTCTRL, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTMETA,
+constexpr std::uint32_t kFirstModifierUsage = 0xE0;
+constexpr std::array<std::uint16_t, 8> kModifierUsages{KEY_LEFTCTRL, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTMETA,
     KEY_RIGHTCTRL, KEY_RIGHTSHIFT, KEY_RIGHTALT, KEY_RIGHTMETA};
 
 } // namespace
 
 std::uint16_t keyOfUsage(std::uint32_t usage) {
-    if (usage < usbKeys.size())
-        return usbKeys[usage];
-    const auto modifier = usage - firstModifierUsage; // wraps round below
-    return modifier < modifierUsages.size() ? modifierUsages[modifier] : std::uint16_t{KEY_RESERVED};
+    if (usage < kUsbKeys.size())
+        return kUsbKeys[usage];
+    const auto modifier = usage - kFirstModifierUsage; // wraps round below
+    return modifier < kModifierUsages.size() ? kModifierUsages[modifier] : std::uint16_t{KEY_RESERVED};
 }
 
 } // namespace quorvi::engine

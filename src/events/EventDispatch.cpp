@@ -19,7 +19,7 @@ int receiveSend(sd_bus_message* message, void* connection, sd_bus_error*) {
     return 1; // answered when it is dispatched
 }
 
-const sd_bus_vtable g_eventsVtable[] = {
+const sd_bus_vtable kG_eventsVtable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD_WITH_NAMES(events::kSend, events::kSendArguments, events::kSendNames, events::kSendResult,
         /* all names together */, receiveSend, SD_BUS_VTABLE_UNPRIVILEGED),
@@ -57,7 +57,7 @@ void answer(sd_bus_message* call, Status status, const Event& reply) {
 bool EventBus::Private::offerEvents() {
     sd_bus_slot* slot = nullptr;
     const int added =
-        sd_bus_add_object_vtable(bus.get(), &slot, events::kPath, events::kInterface, g_eventsVtable, this);
+        sd_bus_add_object_vtable(bus.get(), &slot, events::kPath, events::kInterface, kG_eventsVtable, this);
     eventsObject.reset(slot);
     return added >= 0;
 }

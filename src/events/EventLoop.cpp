@@ -15,8 +15,8 @@ using std::chrono::milliseconds;
 
 namespace {
 
-constexpr milliseconds forEver{-1};
-constexpr std::size_t firstWatched = 2; // behind the bus and the signals
+constexpr milliseconds kForEver{-1};
+constexpr std::size_t kFirstWatched = 2; // behind the bus and the signals
 
 /// The shorter of two times, of which a negative one is for ever.
 milliseconds shorter(milliseconds a, milliseconds b) {
@@ -79,7 +79,7 @@ void EventLoop::run(EventBus& bus) {
 
 milliseconds EventLoop::prepareSources() {
     std::erase(m_sources, nullptr);
-    auto wanted = forEver;
+    auto wanted = kForEver;
     for (const auto* source : m_sources) {
         m_polled.push_back({source->fd(), source->events(), 0});
         wanted = shorter(wanted, source->timeout());
@@ -88,7 +88,7 @@ milliseconds EventLoop::prepareSources() {
 }
 
 void EventLoop::callReadable() {
-    for (std::size_t i = firstWatched; i < m_firstSource; ++i) {
+    for (std::size_t i = kFirstWatched; i < m_firstSource; ++i) {
         if (m_polled[i].revents == 0)
             continue;
         const auto found = m_watched.find(m_polled[i].fd);

@@ -11,7 +11,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr char propertiesOfObjects[] = "org.freedesktop.DBus.Properties";
+constexpr char kPropertiesOfObjects[] = "org.freedesktop.DBus.Properties";
 
 EventBus::Private::Deadline oneSecond() {
     return std::chrono::steady_clock::now() + std::chrono::seconds(1);
@@ -55,7 +55,7 @@ bool readAll(sd_bus_message* reply, FrontState& state) {
 Status getFrontState(const EventBus& bus, const ProcessSerialNumber& helper, FrontState& state) {
     Status status = noErr;
     const auto reply = bus.connection().call(events::uniqueName(helper).c_str(), frontinterface::kPath,
-        propertiesOfObjects, "GetAll", oneSecond(), status, "s", frontinterface::kInterface);
+        kPropertiesOfObjects, "GetAll", oneSecond(), status, "s", frontinterface::kInterface);
     if (!reply)
         return status;
     FrontState read;
@@ -96,7 +96,7 @@ std::unique_ptr<FrontListener> FrontListener::listen(
     auto registration = std::make_unique<Registration>(
         Registration{events::uniqueName(helper), std::move(function), nullptr});
     const std::string rule = "type='signal',sender='" + registration->sender + "',path='" +
-                             frontinterface::kPath + "',interface='" + propertiesOfObjects +
+                             frontinterface::kPath + "',interface='" + kPropertiesOfObjects +
                              "',member='PropertiesChanged',arg0='" + frontinterface::kInterface + "'";
     sd_bus_slot* slot = nullptr;
     if (sd_bus_add_match(

@@ -140,7 +140,7 @@ int giveInputs(
     return sd_bus_message_append(reply, "q", controlsOf(controls).pressedInputs());
 }
 
-const sd_bus_vtable g_vtable[] = {
+const sd_bus_vtable kG_vtable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD_WITH_NAMES(
         kListMice, "", /* no names */, kMice, kMiceNames, receiveListMice, SD_BUS_VTABLE_UNPRIVILEGED),
@@ -226,7 +226,7 @@ HelperObject::~HelperObject() = default;
 std::unique_ptr<HelperObject> HelperObject::offer(const EventBus& bus, HelperControls& controls) {
     sd_bus_slot* slot = nullptr;
     if (!bus.isConnected() || sd_bus_add_object_vtable(bus.connection().bus.get(), &slot, kPath, kInterface,
-                                  g_vtable, &controls) < 0)
+                                  kG_vtable, &controls) < 0)
         return nullptr;
     std::unique_ptr<HelperObject> object(new HelperObject);
     object->m_registration =

@@ -10,8 +10,8 @@ namespace quorvi {
 
 namespace {
 
-constexpr int triesForOne = 20;
-constexpr auto betweenTries = std::chrono::milliseconds(100);
+constexpr int kTriesForOne = 20;
+constexpr auto kBetweenTries = std::chrono::milliseconds(100);
 
 } // namespace
 
@@ -52,7 +52,7 @@ void ReturningSocket::look() {
         }
     }
     if (made) {
-        m_triesLeft = triesForOne;
+        m_triesLeft = kTriesForOne;
         tryAgain();
     }
 }
@@ -62,12 +62,12 @@ void ReturningSocket::tryAgain() {
     if (m_connect())
         stop();
     else if (--m_triesLeft > 0)
-        tryAfter(betweenTries);
+        tryAfter(kBetweenTries);
 }
 
 void ReturningSocket::tryAfter(std::chrono::milliseconds pause) {
     if (m_triesLeft <= 0)
-        m_triesLeft = triesForOne;
+        m_triesLeft = kTriesForOne;
     m_timer.set(Timer::Clock::now() + pause);
 }
 

@@ -52,8 +52,8 @@ int receiveInput(sd_bus_message* call, void* device, sd_bus_error* error) {
     return sd_bus_reply_method_return(call, "");
 }
 
-constexpr auto receivePress = receiveInput<&SimulatedMouseDevice::press>;
-constexpr auto receiveRelease = receiveInput<&SimulatedMouseDevice::release>;
+constexpr auto kReceivePress = receiveInput<&SimulatedMouseDevice::press>;
+constexpr auto kReceiveRelease = receiveInput<&SimulatedMouseDevice::release>;
 
 int receiveMove(sd_bus_message* call, void* device, sd_bus_error* error) {
     std::int32_t x = 0;
@@ -92,14 +92,14 @@ int giveRecord(
     return sd_bus_message_append_array(reply, 'y', record.data(), record.size());
 }
 
-const sd_bus_vtable g_vtable[] = {
+const sd_bus_vtable kG_vtable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD(kAttach, "", "", receiveAttach, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD(kDetach, "", "", receiveDetach, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES(kPress, kInputSignature, kInputNames, "",
-        /* no others */, receivePress, SD_BUS_VTABLE_UNPRIVILEGED),
+        /* no others */, kReceivePress, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES(kRelease, kInputSignature, kInputNames, "",
-        /* no others */, receiveRelease, SD_BUS_VTABLE_UNPRIVILEGED),
+        /* no others */, kReceiveRelease, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES(kMove, kMoveSignature, kMoveNames, "",
         /* no others */, receiveMove, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_SIGNAL_WITH_NAMES(kEmitted, kEmittedSignature, kEmittedNames, 0),
@@ -139,8 +139,8 @@ SimulatedMouseObject::~SimulatedMouseObject() = default;
 std::unique_ptr<SimulatedMouseObject> SimulatedMouseObject::offer(
     const EventBus& bus, SimulatedMouseDevice& device) {
     sd_bus_slot* slot = nullptr;
-    if (!bus.isConnected() ||
-        sd_bus_add_object_vtable(bus.connection().bus.get(), &slot, kPath, kInterface, g_vtable, &device) < 0)
+    if (!bus.isConnected() || sd_bus_add_object_vtable(bus.connection().bus.get(), &slot, kPath, kInterface,
+                                  kG_vtable, &device) < 0)
         return nullptr;
     std::unique_ptr<SimulatedMouseObject> object(new SimulatedMouseObject);
     object->m_registration =

@@ -10,8 +10,8 @@ namespace {
 
 using engine::eventOf;
 
-constexpr std::uint8_t wheelAway = 8;
-constexpr std::int32_t partsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
+constexpr std::uint8_t kWheelAway = 8;
+constexpr std::int32_t kPartsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
 
 /// The product id that pid.codes keeps for tests and prototypes, under its vendor id.
 constexpr DeviceEntry kSimulatedMouse{
@@ -62,9 +62,9 @@ void SimulatedDevice::press(std::uint8_t input) {
         m_pressed = static_cast<std::uint16_t>(m_pressed | bitOf(input));
         return feed(std::array{eventOf(EV_KEY, m_options.buttonCodes[input - 1U], 1)});
     }
-    const std::int32_t notch = input == wheelAway ? 1 : -1;
+    const std::int32_t notch = input == kWheelAway ? 1 : -1;
     feed(std::array{
-        eventOf(EV_REL, REL_WHEEL, notch), eventOf(EV_REL, REL_WHEEL_HI_RES, notch * partsOfNotch)});
+        eventOf(EV_REL, REL_WHEEL, notch), eventOf(EV_REL, REL_WHEEL_HI_RES, notch * kPartsOfNotch)});
 }
 
 void SimulatedDevice::release(std::uint8_t input) {

@@ -5,9 +5,9 @@
 
 #include <array>
 #include <csignal>
-#include <unistd.h>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 namespace quorvi {
 

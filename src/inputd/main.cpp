@@ -9,14 +9,14 @@
 
 namespace {
 
-constexpr int wrongUsage = 2;
+constexpr int kWrongUsage = 2;
 
 int usage() {
     std::fputs("usage: quorvi-inputd\n"
                "       quorvi-inputd --device NODE --record FILE [--sensor-dpi N]\n"
                "       quorvi-inputd --version\n",
         stderr);
-    return wrongUsage;
+    return kWrongUsage;
 }
 
 bool parseDpi(std::string_view text, std::uint16_t& dpi) {

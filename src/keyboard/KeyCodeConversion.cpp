@@ -1,9 +1,9 @@
 #include "keyboard/KeyCodeConversion.h"
 
-#include "keyboard/VirtualKeys.h"
-
 #include <algorithm>
 #include <array>
+
+#include "keyboard/VirtualKeys.h"
 
 namespace quorvi {
 
@@ -13,7 +13,7 @@ namespace {
 // code of the key in their place: Print Screen, Scroll Lock and Pause (0x46 to 0x48) those of F13 to F15, the
 // non-US backslash (0x32) that of the backslash. Left and right modifier keys are one key.
 // clang-format off
-constexpr std::array<std::uint8_t, 256> virtualKeys{
+constexpr std::array<std::uint8_t, 256> kVirtualKeys{
     0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x0B, 0x08, 0x02, 0x0E, 0x03, 0x05, 0x04, 0x22, 0x26, 0x28, 0x25, // 0x00
     0x2E, 0x2D, 0x1F, 0x23, 0x0C, 0x0F, 0x01, 0x11, 0x20, 0x09, 0x0D, 0x07, 0x10, 0x06, 0x12, 0x13, // 0x10
     0x14, 0x15, 0x17, 0x16, 0x1A, 0x1C, 0x19, 0x1D, 0x24, 0x35, 0x33, 0x30, 0x31, 0x1B, 0x18, 0x21, // 0x20
@@ -33,44 +33,44 @@ constexpr std::array<std::uint8_t, 256> virtualKeys{
 };
 // clang-format on
 
-constexpr std::uint8_t leftControl = 0x01;
-constexpr std::uint8_t leftShift = 0x02;
-constexpr std::uint8_t leftAlt = 0x04;
-constexpr std::uint8_t leftGui = 0x08;
-constexpr std::uint8_t rightControl = 0x10;
-constexpr std::uint8_t rightShift = 0x20;
-constexpr std::uint8_t rightAlt = 0x40;
+constexpr std::uint8_t kLeftControl = 0x01;
+constexpr std::uint8_t kLeftShift = 0x02;
+constexpr std::uint8_t kLeftAlt = 0x04;
+constexpr std::uint8_t kLeftGui = 0x08;
+constexpr std::uint8_t kRightControl = 0x10;
+constexpr std::uint8_t kRightShift = 0x20;
+constexpr std::uint8_t kRightAlt = 0x40;
 
 struct UsbModifierTest {
     std::uint8_t anyOf;
     std::uint16_t adds;
 };
 
-constexpr std::array<UsbModifierTest, 8> usbModifierTests{{
-    {leftControl, controlModifier},
-    {leftShift, shiftModifier},
-    {leftAlt, optionModifier},
-    {leftGui, commandModifier},
-    {rightControl, controlModifier},
-    {rightShift, shiftModifier},
-    {rightControl | rightShift, optionModifier},
-    {rightAlt, commandModifier},
+constexpr std::array<UsbModifierTest, 8> kUsbModifierTests{{
+    {kLeftControl, controlModifier},
+    {kLeftShift, shiftModifier},
+    {kLeftAlt, optionModifier},
+    {kLeftGui, commandModifier},
+    {kRightControl, controlModifier},
+    {kRightShift, shiftModifier},
+    {kRightControl | kRightShift, optionModifier},
+    {kRightAlt, commandModifier},
 }};
 
 } // namespace
 
 std::uint8_t UsbToAdbKeycode(std::uint32_t usage) {
-    return virtualKeys[usage & 0xFF];
+    return kVirtualKeys[usage & 0xFF];
 }
 
 std::uint8_t AdbToUsbKeycode(std::uint32_t keyCode) {
-    const auto found = std::find(virtualKeys.begin(), virtualKeys.end(), keyCode);
-    return found == virtualKeys.end() ? 0 : static_cast<std::uint8_t>(found - virtualKeys.begin());
+    const auto found = std::find(kVirtualKeys.begin(), kVirtualKeys.end(), keyCode);
+    return found == kVirtualKeys.end() ? 0 : static_cast<std::uint8_t>(found - kVirtualKeys.begin());
 }
 
 std::uint16_t UsbToAdbModifiers(std::uint32_t modifiers) {
     std::uint16_t mask = 0;
-    for (const UsbModifierTest& test : usbModifierTests)
+    for (const UsbModifierTest& test : kUsbModifierTests)
         if ((modifiers & test.anyOf) != 0)
             mask |= test.adds;
     return mask;
@@ -79,13 +79,13 @@ std::uint16_t UsbToAdbModifiers(std::uint32_t modifiers) {
 std::uint8_t AdbToUsbModifiers(std::uint32_t modifiers) {
     std::uint8_t usb = 0;
     if ((modifiers & commandModifier) != 0)
-        usb |= rightAlt;
+        usb |= kRightAlt;
     if ((modifiers & optionModifier) != 0)
-        usb |= rightControl | rightShift;
+        usb |= kRightControl | kRightShift;
     else if ((modifiers & shiftModifier) != 0)
-        usb |= rightShift;
+        usb |= kRightShift;
     if ((modifiers & controlModifier) != 0)
-        usb |= rightControl;
+        usb |= kRightControl;
     return usb;
 }
 

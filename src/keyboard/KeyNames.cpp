@@ -1,12 +1,12 @@
 #include "keyboard/KeyNames.h"
 
-#include "keyboard/KeyboardLayout.h"
-#include "keyboard/MacRoman.h"
-#include "keyboard/VirtualKeys.h"
-
 #include <algorithm>
 #include <array>
 #include <utility>
+
+#include "keyboard/KeyboardLayout.h"
+#include "keyboard/MacRoman.h"
+#include "keyboard/VirtualKeys.h"
 
 namespace quorvi {
 
@@ -22,8 +22,8 @@ KeyNaming& naming() {
     return state;
 }
 
-constexpr std::uint8_t firstModifierKey = 55;
-constexpr std::array<std::u16string_view, 5> modifierKeyNames{
+constexpr std::uint8_t kFirstModifierKey = 55;
+constexpr std::array<std::u16string_view, 5> kModifierKeyNames{
     u"Command", u"Shift", u"Caps Lock", u"Option", u"Control"};
 
 struct ModifierName {
@@ -32,7 +32,7 @@ struct ModifierName {
 };
 
 // In the order in which they are read out.
-constexpr std::array<ModifierName, 5> modifierNames{{
+constexpr std::array<ModifierName, 5> kModifierNames{{
     {controlModifier, u"Control"},
     {commandModifier, u"Command"},
     {optionModifier, u"Option"},
@@ -45,7 +45,7 @@ struct ControlCharacterName {
     std::u16string_view name;
 };
 
-constexpr std::array<ControlCharacterName, 15> controlCharacterNames{{
+constexpr std::array<ControlCharacterName, 15> kControlCharacterNames{{
     {0x1C, u"left"},
     {0x1D, u"right"},
     {0x1E, u"up"},
@@ -63,9 +63,9 @@ constexpr std::array<ControlCharacterName, 15> controlCharacterNames{{
     {0x7F, u"forward delete"},
 }};
 
-constexpr std::uint8_t functionKeyCharacter = 0x10;
-constexpr std::uint8_t escapeCharacter = 0x1B;
-constexpr std::uint8_t deleteCharacter = 0x7F;
+constexpr std::uint8_t kFunctionKeyCharacter = 0x10;
+constexpr std::uint8_t kEscapeCharacter = 0x1B;
+constexpr std::uint8_t kDeleteCharacter = 0x7F;
 
 bool isInKeypadRange(std::uint32_t keyCode) {
     return keyCode >= 65 && keyCode <= 92;
@@ -88,9 +88,9 @@ std::u16string functionKeyName(std::uint32_t keyCode) {
 }
 
 std::u16string_view controlCharacterName(std::uint8_t character) {
-    const auto found = std::find_if(controlCharacterNames.begin(), controlCharacterNames.end(),
+    const auto found = std::find_if(kControlCharacterNames.begin(), kControlCharacterNames.end(),
         [character](const ControlCharacterName& entry) { return entry.character == character; });
-    return found == controlCharacterNames.end() ? u"???" : found->name;
+    return found == kControlCharacterNames.end() ? u"???" : found->name;
 }
 
 /// The name of a key that has one of its own on the keyboard of a PC, unless a layout has it type something;
@@ -128,23 +128,23 @@ std::uint8_t GetKeyChar(std::uint32_t keyCode) {
 }
 
 std::u16string GetKeyName(std::uint32_t keyCode) {
-    if (keyCode >= firstModifierKey && keyCode < firstModifierKey + modifierKeyNames.size())
-        return KeyNamesLocStr(modifierKeyNames[keyCode - firstModifierKey]);
+    if (keyCode >= kFirstModifierKey && keyCode < kFirstModifierKey + kModifierKeyNames.size())
+        return KeyNamesLocStr(kModifierKeyNames[keyCode - kFirstModifierKey]);
     const std::uint8_t character = GetKeyChar(keyCode);
-    if (character > 0x20 && character != deleteCharacter)
+    if (character > 0x20 && character != kDeleteCharacter)
         return {MacRomanToUnicode(character)};
     if (keyCode == noKey)
         return {};
-    if (character == escapeCharacter)
+    if (character == kEscapeCharacter)
         return KeyNamesLocStr(keyCode == escapeKey ? u"esc" : u"clear");
-    if (character == functionKeyCharacter)
+    if (character == kFunctionKeyCharacter)
         return functionKeyName(keyCode);
     return KeyNamesLocStr(controlCharacterName(character));
 }
 
 std::u16string GetModifiersName(std::uint32_t keyCode, std::uint32_t modifiers) {
     std::u16string text;
-    for (const ModifierName& modifier : modifierNames)
+    for (const ModifierName& modifier : kModifierNames)
         if ((modifiers & modifier.bit) != 0)
             appendJoined(text, KeyNamesLocStr(modifier.name));
     if (isInKeypadRange(keyCode))

@@ -1,22 +1,22 @@
 #include "keyboard/KeyTables.h"
 
+#include <new>
+
 #include "keyboard/KeyboardLayout.h"
 #include "keyboard/VirtualKeys.h"
-
-#include <new>
 
 namespace quorvi {
 
 namespace {
 
-constexpr std::uint8_t command = modifierByte(commandModifier);
-constexpr std::uint8_t shift = modifierByte(shiftModifier);
-constexpr std::uint8_t capsLock = modifierByte(capsLockModifier);
-constexpr std::uint8_t option = modifierByte(optionModifier);
-constexpr std::uint8_t control = modifierByte(controlModifier);
+constexpr std::uint8_t kCommand = modifierByte(commandModifier);
+constexpr std::uint8_t kShift = modifierByte(shiftModifier);
+constexpr std::uint8_t kCapsLock = modifierByte(capsLockModifier);
+constexpr std::uint8_t kOption = modifierByte(optionModifier);
+constexpr std::uint8_t kControl = modifierByte(controlModifier);
 
-constexpr std::array<std::uint8_t, 7> triedModifiers{
-    0, shift, capsLock, option, shift | option, capsLock | option, control};
+constexpr std::array<std::uint8_t, 7> kTriedModifiers{
+    0, kShift, kCapsLock, kOption, kShift | kOption, kCapsLock | kOption, kControl};
 
 bool isInKeypadRange(std::uint8_t keyCode) {
     return keyCode >= 64 && keyCode <= 95;
@@ -24,11 +24,11 @@ bool isInKeypadRange(std::uint8_t keyCode) {
 
 int modifierCost(std::uint8_t modifiers) {
     int cost = 0;
-    cost += (modifiers & shift) != 0 ? 1 : 0;
-    cost += (modifiers & option) != 0 ? 2 : 0;
-    cost += (modifiers & control) != 0 ? 4 : 0;
-    cost += (modifiers & capsLock) != 0 ? 8 : 0;
-    cost += (modifiers & command) != 0 ? 16 : 0;
+    cost += (modifiers & kShift) != 0 ? 1 : 0;
+    cost += (modifiers & kOption) != 0 ? 2 : 0;
+    cost += (modifiers & kControl) != 0 ? 4 : 0;
+    cost += (modifiers & kCapsLock) != 0 ? 8 : 0;
+    cost += (modifiers & kCommand) != 0 ? 16 : 0;
     return cost;
 }
 
@@ -73,7 +73,7 @@ bool UpdateKeyTablesNumPad(KeyTable* characterToKey, KeyTable* characterToModifi
     characterToModifiers->fill(0);
     std::uint32_t deadKeyState = 0;
     char16_t lastTyped = 0;
-    for (const std::uint8_t modifiers : triedModifiers) {
+    for (const std::uint8_t modifiers : kTriedModifiers) {
         for (std::uint8_t key = 0; key < virtualKeyCount; ++key) {
             const KeyTranslation typed = layout->translate(key, modifiers, deadKeyState);
             if (!typed.succeeded)

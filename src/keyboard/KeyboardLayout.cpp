@@ -1,9 +1,9 @@
 #include "keyboard/KeyboardLayout.h"
 
+#include <utility>
+
 #include "keyboard/MacRoman.h"
 #include "keyboard/VirtualKeys.h"
-
-#include <utility>
 
 namespace quorvi {
 

@@ -10,7 +10,7 @@ namespace {
 // The upper half of the Mac Roman character set as registered with IANA ("macintosh"), with the euro sign at
 // 0xDB, where it replaced the currency sign, and the private-use character at 0xF0.
 // clang-format off
-constexpr std::array<char16_t, 128> upperHalf{
+constexpr std::array<char16_t, 128> kUpperHalf{
     0x00C4, 0x00C5, 0x00C7, 0x00C9, 0x00D1, 0x00D6, 0x00DC, 0x00E1, // 0x80
     0x00E0, 0x00E2, 0x00E4, 0x00E3, 0x00E5, 0x00E7, 0x00E9, 0x00E8, // 0x88
     0x00EA, 0x00EB, 0x00ED, 0x00EC, 0x00EE, 0x00EF, 0x00F1, 0x00F3, // 0x90
@@ -33,15 +33,15 @@ constexpr std::array<char16_t, 128> upperHalf{
 } // namespace
 
 char16_t MacRomanToUnicode(std::uint8_t character) {
-    return character < 0x80 ? char16_t{character} : upperHalf[character - 0x80];
+    return character < 0x80 ? char16_t{character} : kUpperHalf[character - 0x80];
 }
 
 std::uint8_t UnicodeToMacRoman(char16_t unit) {
     if (unit < 0x80)
         return static_cast<std::uint8_t>(unit);
-    const auto found = std::find(upperHalf.begin(), upperHalf.end(), unit);
-    return found == upperHalf.end() ? std::uint8_t{'?'}
-                                    : static_cast<std::uint8_t>(0x80 + (found - upperHalf.begin()));
+    const auto found = std::find(kUpperHalf.begin(), kUpperHalf.end(), unit);
+    return found == kUpperHalf.end() ? std::uint8_t{'?'}
+                                     : static_cast<std::uint8_t>(0x80 + (found - kUpperHalf.begin()));
 }
 
 } // namespace quorvi

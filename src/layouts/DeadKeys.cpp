@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace quorvi {
@@ -16,7 +17,7 @@ struct Accent {
     std::u16string_view composed; // one for each base
 };
 
-constexpr std::array accents = std::to_array<Accent>({
+constexpr std::array kAccents = std::to_array<Accent>({
     {XKB_KEY_dead_grave, u'`', u"AEIOUaeiou", u"ÀÈÌÒÙàèìòù"},
     {XKB_KEY_dead_acute, u'´', u"AEIOUYaeiouy", u"ÁÉÍÓÚÝáéíóúý"},
     {XKB_KEY_dead_circumflex, u'^', u"AEIOUaeiou", u"ÂÊÎÔÛâêîôû"},
@@ -33,15 +34,15 @@ constexpr std::array accents = std::to_array<Accent>({
 });
 
 constexpr bool everyBaseHasItsLetter() {
-    return std::all_of(accents.begin(), accents.end(),
+    return std::all_of(kAccents.begin(), kAccents.end(),
         [](const Accent& accent) { return accent.bases.size() == accent.composed.size(); });
 }
 static_assert(everyBaseHasItsLetter());
 
 const Accent* findAccent(std::uint32_t deadKeysym) {
-    const auto found = std::find_if(accents.begin(), accents.end(),
+    const auto found = std::find_if(kAccents.begin(), kAccents.end(),
         [deadKeysym](const Accent& accent) { return accent.deadKeysym == deadKeysym; });
-    return found == accents.end() ? nullptr : &*found;
+    return found == kAccents.end() ? nullptr : &*found;
 }
 
 } // namespace

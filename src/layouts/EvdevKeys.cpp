@@ -1,10 +1,11 @@
 #include "layouts/EvdevKeys.h"
 
-#include "keyboard/VirtualKeys.h"
-
 #include <algorithm>
 #include <array>
+
 #include <linux/input-event-codes.h>
+
+#include "keyboard/VirtualKeys.h"
 
 namespace quorvi {
 
@@ -18,7 +19,7 @@ struct KeyPair {
 // Where a virtual key code appears twice, the first pair is the way back. The volume keys are left out: their
 // virtual key codes lie among the keypad's and no USB usage leads to them.
 // clang-format off
-constexpr std::array keyPairs = std::to_array<KeyPair>({
+constexpr std::array kKeyPairs = std::to_array<KeyPair>({
     {KEY_A, 0x00}, {KEY_S, 0x01}, {KEY_D, 0x02}, {KEY_F, 0x03}, {KEY_H, 0x04}, {KEY_G, 0x05},
     {KEY_Z, 0x06}, {KEY_X, 0x07}, {KEY_C, 0x08}, {KEY_V, 0x09}, {KEY_102ND, 0x0A}, {KEY_B, 0x0B},
     {KEY_Q, 0x0C}, {KEY_W, 0x0D}, {KEY_E, 0x0E}, {KEY_R, 0x0F}, {KEY_Y, 0x10}, {KEY_T, 0x11},
@@ -55,15 +56,15 @@ constexpr std::array keyPairs = std::to_array<KeyPair>({
 } // namespace
 
 std::uint16_t evdevKeycode(std::uint8_t virtualKey) {
-    const auto found = std::find_if(keyPairs.begin(), keyPairs.end(),
+    const auto found = std::find_if(kKeyPairs.begin(), kKeyPairs.end(),
         [virtualKey](const KeyPair& pair) { return pair.virtualKey == virtualKey; });
-    return found == keyPairs.end() ? std::uint16_t{KEY_RESERVED} : found->evdev;
+    return found == kKeyPairs.end() ? std::uint16_t{KEY_RESERVED} : found->evdev;
 }
 
 std::uint8_t virtualKeycode(std::uint16_t evdevKey) {
-    const auto found = std::find_if(
-        keyPairs.begin(), keyPairs.end(), [evdevKey](const KeyPair& pair) { return pair.evdev == evdevKey; });
-    return found == keyPairs.end() ? noKey : found->virtualKey;
+    const auto found = std::find_if(kKeyPairs.begin(), kKeyPairs.end(),
+        [evdevKey](const KeyPair& pair) { return pair.evdev == evdevKey; });
+    return found == kKeyPairs.end() ? noKey : found->virtualKey;
 }
 
 } // namespace quorvi

@@ -10,8 +10,8 @@ namespace quorvi {
 
 namespace {
 
-constexpr const char* configurationFile = "/etc/default/keyboard";
-constexpr std::string_view blanks = " \t\r";
+constexpr const char* kConfigurationFile = "/etc/default/keyboard";
+constexpr std::string_view kBlanks = " \t\r";
 
 struct Field {
     std::string KeymapNames::*member;
@@ -19,7 +19,7 @@ struct Field {
     std::string_view assignment; // empty: the file has none
 };
 
-constexpr std::array<Field, 5> fields{{
+constexpr std::array<Field, 5> kFields{{
     {&KeymapNames::rules, "XKB_DEFAULT_RULES", ""},
     {&KeymapNames::model, "XKB_DEFAULT_MODEL", "XKBMODEL"},
     {&KeymapNames::layout, "XKB_DEFAULT_LAYOUT", "XKBLAYOUT"},
@@ -38,11 +38,11 @@ std::string_view unquoted(std::string_view value) {
 }
 
 void readLine(std::string_view line, KeymapNames& names) {
-    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
     const std::size_t equals = line.find('=');
     if (equals == 0 || equals == std::string_view::npos)
         return;
-    for (const Field& field : fields)
+    for (const Field& field : kFields)
         if (field.assignment == line.substr(0, equals))
             names.*field.member = unquoted(line.substr(equals + 1));
 }
@@ -66,7 +66,7 @@ KeymapNames keymapNamesInText(std::string_view text) {
 
 KeymapNames keymapNamesInEnvironment(const std::function<const char*(const char*)>& variable) {
     KeymapNames names;
-    for (const Field& field : fields)
+    for (const Field& field : kFields)
         if (const char* value = variable(field.environmentVariable))
             names.*field.member = value;
     return names;
@@ -83,7 +83,7 @@ KeymapNames mergedKeymapNames(const KeymapNames& first, const KeymapNames& secon
 KeymapNames configuredKeymapNames() {
     const KeymapNames environment =
         keymapNamesInEnvironment([](const char* name) { return std::getenv(name); });
-    KeymapNames names = mergedKeymapNames(environment, keymapNamesInText(contentOf(configurationFile)));
+    KeymapNames names = mergedKeymapNames(environment, keymapNamesInText(contentOf(kConfigurationFile)));
     if (names.layout.empty())
         names.layout = "us";
     return names;

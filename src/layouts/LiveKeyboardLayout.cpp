@@ -1,11 +1,11 @@
 #include "layouts/LiveKeyboardLayout.h"
 
+#include <cstdlib>
+#include <string_view>
+
 #include "layouts/WaylandKeyboardLayout.h"
 #include "layouts/X11KeyboardLayout.h"
 #include "layouts/XkbKeyboardLayout.h"
-
-#include <cstdlib>
-#include <string_view>
 
 namespace quorvi {
 

@@ -4,10 +4,10 @@
 // asked for. All of this is for one thread.
 #pragma once
 
-#include "keyboard/KeyboardLayout.h"
-
 #include <functional>
 #include <memory>
+
+#include "keyboard/KeyboardLayout.h"
 
 namespace quorvi {
 

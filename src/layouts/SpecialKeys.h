@@ -1,11 +1,11 @@
 // The keys that type no text and what stands for them, the same under every layout.
 #pragma once
 
-#include "keyboard/VirtualKeys.h"
-
 #include <array>
 #include <cstdint>
 #include <optional>
+
+#include "keyboard/VirtualKeys.h"
 
 namespace quorvi {
 

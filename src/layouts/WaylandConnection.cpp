@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+
 #include <poll.h>
 
 namespace quorvi {

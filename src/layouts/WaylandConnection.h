@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <memory>
+
 #include <wayland-client.h>
 
 namespace quorvi {

@@ -8,10 +8,10 @@ namespace quorvi {
 namespace {
 
 /// How long a program may wait for a compositor that hangs.
-constexpr std::chrono::milliseconds patience{250};
+constexpr std::chrono::milliseconds kPatience{250};
 
 /// From the registry to the seats, from the seats to their keyboards, from the keyboards to the keymaps.
-constexpr int roundtripsToKeymap = 3;
+constexpr int kRoundtripsToKeymap = 3;
 
 class BorrowedWaylandKeyboard final : public LiveKeyboardLayout {
   public:
@@ -31,8 +31,8 @@ class OwnWaylandKeyboard final : public LiveKeyboardLayout {
 
     /// Waits for the first keymap; false when there is none.
     [[nodiscard]] bool waitForKeymap() {
-        const Deadline deadline = std::chrono::steady_clock::now() + patience;
-        for (int i = 0; i < roundtripsToKeymap && !m_keyboards.haveKeymap(); ++i)
+        const Deadline deadline = std::chrono::steady_clock::now() + kPatience;
+        for (int i = 0; i < kRoundtripsToKeymap && !m_keyboards.haveKeymap(); ++i)
             if (!waylandRoundtrip(*m_display, deadline))
                 return false;
         return m_keyboards.haveKeymap();

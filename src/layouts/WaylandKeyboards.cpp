@@ -1,18 +1,19 @@
 #include "layouts/WaylandKeyboards.h"
 
-#include "layouts/WaylandKeymap.h"
-#include "layouts/XkbKeyboardLayout.h"
-
 #include <algorithm>
 #include <string_view>
+
 #include <unistd.h>
+
+#include "layouts/WaylandKeymap.h"
+#include "layouts/XkbKeyboardLayout.h"
 
 namespace quorvi {
 
 namespace {
 
 /// The newest version of a seat whose events are all known here. Nothing in later ones concerns a layout.
-constexpr std::uint32_t knownSeatVersion = 5;
+constexpr std::uint32_t kKnownSeatVersion = 5;
 
 } // namespace
 
@@ -74,7 +75,7 @@ void WaylandKeyboards::addSeat(wl_registry* registry, std::uint32_t name, std::u
     seat->owner = this;
     seat->name = name;
     seat->seat.reset(static_cast<wl_seat*>(
-        wl_registry_bind(registry, name, &wl_seat_interface, std::min(version, knownSeatVersion))));
+        wl_registry_bind(registry, name, &wl_seat_interface, std::min(version, kKnownSeatVersion))));
     if (!seat->seat)
         return;
     wl_seat_add_listener(seat->seat.get(), &seatListener, seat.get());

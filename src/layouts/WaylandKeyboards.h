@@ -1,14 +1,14 @@
 // The keyboards of a Wayland compositor, seats and keyboards that come and go included.
 #pragma once
 
-#include "keyboard/KeyboardLayout.h"
-#include "layouts/WaylandConnection.h"
-#include "layouts/XkbHandles.h"
-
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
+
+#include "keyboard/KeyboardLayout.h"
+#include "layouts/WaylandConnection.h"
+#include "layouts/XkbHandles.h"
 
 namespace quorvi {
 

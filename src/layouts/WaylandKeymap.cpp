@@ -1,6 +1,7 @@
 #include "layouts/WaylandKeymap.h"
 
 #include <cstring>
+
 #include <sys/mman.h>
 #include <sys/stat.h>
 

@@ -1,9 +1,9 @@
 // The keymap that a Wayland compositor hands over in a file.
 #pragma once
 
-#include "layouts/XkbHandles.h"
-
 #include <cstdint>
+
+#include "layouts/XkbHandles.h"
 
 namespace quorvi {
 

@@ -1,12 +1,13 @@
 #include "layouts/X11KeyboardLayout.h"
 
+#include <cstdlib>
+#include <optional>
+
+#include <xkbcommon/xkbcommon-x11.h>
+
 #include "layouts/XcbXkb.h"
 #include "layouts/XkbHandles.h"
 #include "layouts/XkbKeyboardLayout.h"
-
-#include <cstdlib>
-#include <optional>
-#include <xkbcommon/xkbcommon-x11.h>
 
 namespace quorvi {
 

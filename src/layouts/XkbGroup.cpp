@@ -1,8 +1,8 @@
 #include "layouts/XkbGroup.h"
 
-#include "layouts/EvdevKeys.h"
-
 #include <bitset>
+
+#include "layouts/EvdevKeys.h"
 
 namespace quorvi {
 

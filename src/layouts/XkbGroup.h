@@ -1,9 +1,9 @@
 // One layout (group) of a keymap, and the symbols on its keys.
 #pragma once
 
-#include "layouts/XkbHandles.h"
-
 #include <cstdint>
+
+#include "layouts/XkbHandles.h"
 
 namespace quorvi {
 

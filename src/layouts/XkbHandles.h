@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+
 #include <xkbcommon/xkbcommon.h>
 
 namespace quorvi {

@@ -1,21 +1,21 @@
 #include "layouts/XkbKeyboardLayout.h"
 
+#include <utility>
+
 #include "keyboard/VirtualKeys.h"
 #include "layouts/DeadKeys.h"
 #include "layouts/EvdevKeys.h"
 #include "layouts/SpecialKeys.h"
 #include "layouts/XkbGroup.h"
 
-#include <utility>
-
 namespace quorvi {
 
 namespace {
 
-constexpr std::uint32_t lastUtf16Unit = 0xFFFF;
+constexpr std::uint32_t kLastUtf16Unit = 0xFFFF;
 
-constexpr KeyTranslation typesNothing{true, std::nullopt};
-constexpr KeyTranslation doesNotFit{false, std::nullopt};
+constexpr KeyTranslation kTypesNothing{true, std::nullopt};
+constexpr KeyTranslation kDoesNotFit{false, std::nullopt};
 
 KeyTranslation types(char16_t character) {
     return {true, character};
@@ -38,7 +38,7 @@ KeyTranslation behindDeadKey(char16_t character, std::uint32_t& deadKeyState) {
     if (deadKey == 0)
         return types(character);
     const std::optional<char16_t> composed = composeAccent(deadKey, character);
-    return composed ? types(*composed) : doesNotFit;
+    return composed ? types(*composed) : kDoesNotFit;
 }
 
 class XkbKeyboardLayout final : public KeyboardLayout {
@@ -80,14 +80,14 @@ KeyTranslation XkbKeyboardLayout::translate(
     const bool isShortcut = holds(modifiers, commandModifier);
     if (isDeadKey(keysym) && deadKeyState == 0 && !isShortcut) {
         deadKeyState = keysym;
-        return typesNothing;
+        return kTypesNothing;
     }
     const std::uint32_t character =
         isDeadKey(keysym) ? spacingAccent(keysym).value_or(0) : xkb_keysym_to_utf32(keysym);
     if (character == 0)
-        return typesNothing;
-    if (character > lastUtf16Unit)
-        return doesNotFit;
+        return kTypesNothing;
+    if (character > kLastUtf16Unit)
+        return kDoesNotFit;
     const auto unit = static_cast<char16_t>(character);
     return behindDeadKey(holds(modifiers, controlModifier) ? withControl(unit) : unit, deadKeyState);
 }
@@ -101,7 +101,7 @@ XkbKeymap keymapFromNames(const KeymapNames& names) {
     return XkbKeymap(xkb_keymap_new_from_names(context.get(), &ruleNames, XKB_KEYMAP_COMPILE_NO_FLAGS));
 }
 
-const KeymapNames usNames{.rules = {}, .model = {}, .layout = "us", .variant = {}, .options = {}};
+const KeymapNames kUsNames{.rules = {}, .model = {}, .layout = "us", .variant = {}, .options = {}};
 
 /// Where shortcuts are read when the group types no Latin letters; nothing when it does.
 std::optional<XkbGroup> groupForShortcuts(xkb_keymap* keymap, xkb_layout_index_t group) {
@@ -110,7 +110,7 @@ std::optional<XkbGroup> groupForShortcuts(xkb_keymap* keymap, xkb_layout_index_t
     for (xkb_layout_index_t other = 0; other < xkb_keymap_num_layouts(keymap); ++other)
         if (hasLatinLetters(keymap, other))
             return XkbGroup(keymap, other);
-    const XkbKeymap us = keymapFromNames(usNames);
+    const XkbKeymap us = keymapFromNames(kUsNames);
     return us ? std::optional(XkbGroup(us.get(), 0)) : std::nullopt;
 }
 
@@ -129,7 +129,7 @@ KeyboardLayoutRef makeKeyboardLayout(const KeymapNames& names) {
 
 KeyboardLayoutRef makeDefaultKeyboardLayout() {
     KeyboardLayoutRef layout = makeKeyboardLayout(configuredKeymapNames());
-    return layout ? layout : makeKeyboardLayout(usNames);
+    return layout ? layout : makeKeyboardLayout(kUsNames);
 }
 
 } // namespace quorvi

@@ -2,10 +2,10 @@
 // scratch state.
 #pragma once
 
+#include <cstdint>
+
 #include "keyboard/KeyboardLayout.h"
 #include "layouts/KeymapNames.h"
-
-#include <cstdint>
 
 struct xkb_keymap;
 

@@ -1,10 +1,10 @@
 #include "loginitems/Files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <filesystem>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace quorvi {
 

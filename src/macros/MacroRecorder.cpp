@@ -1,5 +1,7 @@
 #include "macros/MacroRecorder.h"
 
+#include <utility>
+
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/ModifierKeys.h"
 #include "keyboard/VirtualKeys.h"
@@ -8,8 +10,6 @@
 #include "macros/StepReplacement.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
-
-#include <utility>
 
 namespace quorvi {
 

@@ -9,68 +9,68 @@ namespace quorvi {
 
 namespace {
 
-constexpr auto buttonsOnly = CommandInputs::Buttons;
-constexpr auto all = CommandInputs::ButtonsAndWheel;
+constexpr auto kButtonsOnly = CommandInputs::Buttons;
+constexpr auto kAll = CommandInputs::ButtonsAndWheel;
 
 // Codes come in blocks of sixteen, with room for later functions of the same kind.
-constexpr std::array table{
-    Command{commands::click, "Primary Click", CommandGroup::Click, buttonsOnly},
-    Command{2, "Secondary Click", CommandGroup::Click, buttonsOnly},
-    Command{3, "Middle Click", CommandGroup::Click, buttonsOnly},
-    Command{4, "Double Click", CommandGroup::Click, buttonsOnly},
-    Command{5, "Back", CommandGroup::Click, all},
-    Command{6, "Forward", CommandGroup::Click, all},
+constexpr std::array kTable{
+    Command{commands::click, "Primary Click", CommandGroup::Click, kButtonsOnly},
+    Command{2, "Secondary Click", CommandGroup::Click, kButtonsOnly},
+    Command{3, "Middle Click", CommandGroup::Click, kButtonsOnly},
+    Command{4, "Double Click", CommandGroup::Click, kButtonsOnly},
+    Command{5, "Back", CommandGroup::Click, kAll},
+    Command{6, "Forward", CommandGroup::Click, kAll},
 
-    Command{8, "Scroll Up", CommandGroup::Scrolling, all},
-    Command{9, "Scroll Down", CommandGroup::Scrolling, all},
-    Command{10, "Scroll Left", CommandGroup::Scrolling, all},
-    Command{11, "Scroll Right", CommandGroup::Scrolling, all},
+    Command{8, "Scroll Up", CommandGroup::Scrolling, kAll},
+    Command{9, "Scroll Down", CommandGroup::Scrolling, kAll},
+    Command{10, "Scroll Left", CommandGroup::Scrolling, kAll},
+    Command{11, "Scroll Right", CommandGroup::Scrolling, kAll},
 
-    Command{16, "Sensitivity Up", CommandGroup::Sensitivity, all},
-    Command{17, "Sensitivity Down", CommandGroup::Sensitivity, all},
-    Command{18, "Next Stage", CommandGroup::Sensitivity, all},
-    Command{19, "Lowest Stage While Held", CommandGroup::Sensitivity, buttonsOnly},
+    Command{16, "Sensitivity Up", CommandGroup::Sensitivity, kAll},
+    Command{17, "Sensitivity Down", CommandGroup::Sensitivity, kAll},
+    Command{18, "Next Stage", CommandGroup::Sensitivity, kAll},
+    Command{19, "Lowest Stage While Held", CommandGroup::Sensitivity, kButtonsOnly},
 
-    Command{80, "Play or Pause", CommandGroup::Media, all},
-    Command{81, "Next Track", CommandGroup::Media, all},
-    Command{82, "Previous Track", CommandGroup::Media, all},
-    Command{83, "Stop Playing", CommandGroup::Media, all},
-    Command{84, "Volume Up", CommandGroup::Media, all},
-    Command{85, "Volume Down", CommandGroup::Media, all},
-    Command{86, "Mute", CommandGroup::Media, all},
+    Command{80, "Play or Pause", CommandGroup::Media, kAll},
+    Command{81, "Next Track", CommandGroup::Media, kAll},
+    Command{82, "Previous Track", CommandGroup::Media, kAll},
+    Command{83, "Stop Playing", CommandGroup::Media, kAll},
+    Command{84, "Volume Up", CommandGroup::Media, kAll},
+    Command{85, "Volume Down", CommandGroup::Media, kAll},
+    Command{86, "Mute", CommandGroup::Media, kAll},
 
-    Command{96, "Page Up", CommandGroup::Navigation, all},
-    Command{97, "Page Down", CommandGroup::Navigation, all},
-    Command{98, "Home", CommandGroup::Navigation, all},
-    Command{99, "End", CommandGroup::Navigation, all},
-    Command{100, "Next Tab", CommandGroup::Navigation, all},
-    Command{101, "Previous Tab", CommandGroup::Navigation, all},
-    Command{102, "Zoom In", CommandGroup::Navigation, all},
-    Command{103, "Zoom Out", CommandGroup::Navigation, all},
+    Command{96, "Page Up", CommandGroup::Navigation, kAll},
+    Command{97, "Page Down", CommandGroup::Navigation, kAll},
+    Command{98, "Home", CommandGroup::Navigation, kAll},
+    Command{99, "End", CommandGroup::Navigation, kAll},
+    Command{100, "Next Tab", CommandGroup::Navigation, kAll},
+    Command{101, "Previous Tab", CommandGroup::Navigation, kAll},
+    Command{102, "Zoom In", CommandGroup::Navigation, kAll},
+    Command{103, "Zoom Out", CommandGroup::Navigation, kAll},
 
-    Command{112, "Copy", CommandGroup::Editing, all},
-    Command{113, "Cut", CommandGroup::Editing, all},
-    Command{114, "Paste", CommandGroup::Editing, all},
-    Command{115, "Undo", CommandGroup::Editing, all},
-    Command{116, "Redo", CommandGroup::Editing, all},
-    Command{117, "Select All", CommandGroup::Editing, all},
+    Command{112, "Copy", CommandGroup::Editing, kAll},
+    Command{113, "Cut", CommandGroup::Editing, kAll},
+    Command{114, "Paste", CommandGroup::Editing, kAll},
+    Command{115, "Undo", CommandGroup::Editing, kAll},
+    Command{116, "Redo", CommandGroup::Editing, kAll},
+    Command{117, "Select All", CommandGroup::Editing, kAll},
 
-    Command{128, "Show Desktop", CommandGroup::Desktop, all},
-    Command{129, "Switch Window", CommandGroup::Desktop, all},
-    Command{130, "Close Window", CommandGroup::Desktop, all},
-    Command{131, "Take Screenshot", CommandGroup::Desktop, all},
-    Command{132, "Lock Screen", CommandGroup::Desktop, all},
+    Command{128, "Show Desktop", CommandGroup::Desktop, kAll},
+    Command{129, "Switch Window", CommandGroup::Desktop, kAll},
+    Command{130, "Close Window", CommandGroup::Desktop, kAll},
+    Command{131, "Take Screenshot", CommandGroup::Desktop, kAll},
+    Command{132, "Lock Screen", CommandGroup::Desktop, kAll},
 
-    Command{commands::singleKey, "Press Key", CommandGroup::Programmed, all},
-    Command{commands::runMacro, "Run Macro", CommandGroup::Programmed, all},
-    Command{commands::switchToProfile, "Switch to Profile", CommandGroup::Programmed, all},
-    Command{32, "Next Profile", CommandGroup::Programmed, all},
-    Command{33, "Previous Profile", CommandGroup::Programmed, all},
+    Command{commands::singleKey, "Press Key", CommandGroup::Programmed, kAll},
+    Command{commands::runMacro, "Run Macro", CommandGroup::Programmed, kAll},
+    Command{commands::switchToProfile, "Switch to Profile", CommandGroup::Programmed, kAll},
+    Command{32, "Next Profile", CommandGroup::Programmed, kAll},
+    Command{33, "Previous Profile", CommandGroup::Programmed, kAll},
 
-    Command{commands::noFunction, "No Function", CommandGroup::None, all},
+    Command{commands::noFunction, "No Function", CommandGroup::None, kAll},
 };
 
-constexpr std::array forButtons{
+constexpr std::array kForButtons{
     CommandGroupPlace{CommandGroup::Click, false, false},
     CommandGroupPlace{CommandGroup::Scrolling, true, true},
     CommandGroupPlace{CommandGroup::Sensitivity, true, false},
@@ -83,7 +83,7 @@ constexpr std::array forButtons{
 };
 
 // On the wheel scrolling is what is wanted first.
-constexpr std::array forWheel{
+constexpr std::array kForWheel{
     CommandGroupPlace{CommandGroup::Scrolling, false, false},
     CommandGroupPlace{CommandGroup::Click, false, true},
     CommandGroupPlace{CommandGroup::Sensitivity, true, true},
@@ -95,31 +95,31 @@ constexpr std::array forWheel{
     CommandGroupPlace{CommandGroup::None, false, true},
 };
 
-constexpr std::array groupTitles{
+constexpr std::array kGroupTitles{
     "Clicks", "Scrolling", "Sensitivity", "Media", "Navigation", "Editing", "Desktop", "Your own", "Off"};
-static_assert(groupTitles.size() == static_cast<std::size_t>(CommandGroup::None) + 1);
+static_assert(kGroupTitles.size() == static_cast<std::size_t>(CommandGroup::None) + 1);
 
 } // namespace
 
 std::span<const Command> commandTable() {
-    return table;
+    return kTable;
 }
 
 std::span<const CommandGroupPlace> buttonMenuGroups() {
-    return forButtons;
+    return kForButtons;
 }
 
 std::span<const CommandGroupPlace> wheelMenuGroups() {
-    return forWheel;
+    return kForWheel;
 }
 
 const char* titleOfGroup(CommandGroup group) {
-    return groupTitles[static_cast<std::size_t>(group)];
+    return kGroupTitles[static_cast<std::size_t>(group)];
 }
 
 const Command* findCommand(int code) {
-    const auto found = std::ranges::find(table, code, &Command::code);
-    return found == table.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(kTable, code, &Command::code);
+    return found == kTable.end() ? nullptr : &*found;
 }
 
 } // namespace quorvi

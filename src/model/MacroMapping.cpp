@@ -12,7 +12,7 @@ namespace {
 
 using plist::Dictionary;
 
-constexpr std::size_t bytesBeforeSteps = offsetof(MacroBody, steps);
+constexpr std::size_t kBytesBeforeSteps = offsetof(MacroBody, steps);
 
 void storeName(const std::u16string* name, KyvarName& buffer) {
     static const std::u16string unnamed = u"?";
@@ -29,7 +29,7 @@ bool KyvarMacroDictToStruct(const Dictionary& macro, MacroHeader* header, MacroB
     *body = {};
     const auto stepBytes = encodeSteps(macro.array(keys::steps), body->steps);
     header->macroId = static_cast<std::uint8_t>(macro.integer(keys::macroId));
-    storeBigEndian(header->length, static_cast<std::uint32_t>(bytesBeforeSteps + stepBytes));
+    storeBigEndian(header->length, static_cast<std::uint32_t>(kBytesBeforeSteps + stepBytes));
     storeName(macro.value(keys::name).string(), body->name);
     storeBigEndian(body->delay, static_cast<std::uint32_t>(macro.integer(keys::delay)));
     return true;

@@ -10,7 +10,7 @@ namespace {
 
 using plist::Dictionary;
 
-constexpr int scorePerKey = 1000;
+constexpr int kScorePerKey = 1000;
 
 struct Criterion {
     std::string_view key;
@@ -27,7 +27,7 @@ int score(const Dictionary& driver, const Criteria& criteria) {
             continue;
         if (*bound != *wanted)
             return 0;
-        total += scorePerKey;
+        total += kScorePerKey;
     }
     return total;
 }

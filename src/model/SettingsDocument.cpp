@@ -2,10 +2,11 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <vector>
+
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 #include "model/CommandCodes.h"
 #include "model/ConfigFileStore.h"
@@ -21,8 +22,8 @@ namespace fs = std::filesystem;
 using plist::Array;
 using plist::Dictionary;
 
-constexpr auto preferencesFolder = "Library/Preferences";
-constexpr auto settingsFile = "com.kyvar.quorvi.settings.plist";
+constexpr auto kPreferencesFolder = "Library/Preferences";
+constexpr auto kSettingsFile = "com.kyvar.quorvi.settings.plist";
 
 fs::path passwordDatabaseHome() {
     constexpr std::size_t roomForEntry = 16384;
@@ -73,7 +74,7 @@ fs::path homeFolder() {
 }
 
 fs::path userSettingsPath(const fs::path& home) {
-    return home.empty() ? fs::path() : home / preferencesFolder / settingsFile;
+    return home.empty() ? fs::path() : home / kPreferencesFolder / kSettingsFile;
 }
 
 Dictionary getDefaultSettings(const fs::path& defaults) {

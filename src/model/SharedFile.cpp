@@ -1,10 +1,11 @@
 #include "model/SharedFile.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <string>
 #include <tuple>
 #include <vector>
+
+#include <fcntl.h>
 
 #include "base/FolderLock.h"
 #include "base/KeptCopies.h"

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+
 #include <sys/stat.h>
 
 #include "model/SharedFile.h"

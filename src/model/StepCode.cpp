@@ -13,7 +13,7 @@ using plist::Array;
 using plist::Dictionary;
 
 /// A command with its argument and the delay behind it.
-constexpr std::size_t usualStepBytes = 4;
+constexpr std::size_t kUsualStepBytes = 4;
 
 struct Opcode {
     std::uint8_t code;
@@ -117,7 +117,7 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
     auto steps = Array::create();
-    steps.reserve(bytes.size() / usualStepBytes);
+    steps.reserve(bytes.size() / kUsualStepBytes);
     Dictionary
         step; // not among the others yet, because its delay may follow; a delay before the first has none
     while (const auto coded = takeCodedStep(bytes)) {

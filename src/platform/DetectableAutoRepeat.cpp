@@ -1,9 +1,9 @@
 #include "platform/DetectableAutoRepeat.h"
 
+#include <cstdint>
+
 #include "layouts/XcbXkb.h"
 #include "platform/XcbConnection.h"
-
-#include <cstdint>
 
 namespace quorvi {
 

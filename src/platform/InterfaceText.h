@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+
 #include <functional>
 
 namespace quorvi {

@@ -1,15 +1,16 @@
 #include "platform/KeyEvents.h"
 
-#include "keyboard/KeyCodeConversion.h"
-#include "layouts/EvdevKeys.h"
-
 #include <QKeyEvent>
 
 #include <algorithm>
 #include <array>
 #include <limits>
+
 #include <linux/input-event-codes.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
+
+#include "keyboard/KeyCodeConversion.h"
+#include "layouts/EvdevKeys.h"
 
 namespace quorvi {
 
@@ -17,34 +18,34 @@ namespace {
 
 // Bits of an event's native modifiers: the eight real modifiers of the X keyboard extension. Shift, Lock and
 // Control have their places by definition, the others by the keymaps of xkeyboard-config.
-constexpr std::uint32_t shiftState = 0x01;
-constexpr std::uint32_t lockState = 0x02;
-constexpr std::uint32_t controlState = 0x04;
-constexpr std::uint32_t altState = 0x08;
-constexpr std::uint32_t superState = 0x40;
-constexpr std::uint32_t levelThreeState = 0x80;
+constexpr std::uint32_t kShiftState = 0x01;
+constexpr std::uint32_t kLockState = 0x02;
+constexpr std::uint32_t kControlState = 0x04;
+constexpr std::uint32_t kAltState = 0x08;
+constexpr std::uint32_t kSuperState = 0x40;
+constexpr std::uint32_t kLevelThreeState = 0x80;
 
 constexpr std::uint32_t scanCodeOf(std::uint32_t evdevKey) {
     return evdevKey + xkbKeycodeOffset;
 }
 
-constexpr std::uint32_t capsLockScanCode = scanCodeOf(KEY_CAPSLOCK);
+constexpr std::uint32_t kCapsLockScanCode = scanCodeOf(KEY_CAPSLOCK);
 /// A place of its own for ISO_Level3_Shift, on no keyboard but in every keymap (xkeyboard-config, "LVL3").
-constexpr std::uint32_t levelThreeScanCode = 92;
+constexpr std::uint32_t kLevelThreeScanCode = 92;
 
 struct FlagOfKey {
     std::uint32_t scanCode;
     std::uint32_t flag;
 };
 
-constexpr std::array flagsOfKeys{
+constexpr std::array kFlagsOfKeys{
     FlagOfKey{scanCodeOf(KEY_LEFTSHIFT), shiftFlag},
     FlagOfKey{scanCodeOf(KEY_RIGHTSHIFT), shiftFlag},
     FlagOfKey{scanCodeOf(KEY_LEFTCTRL), controlFlag},
     FlagOfKey{scanCodeOf(KEY_RIGHTCTRL), controlFlag},
     FlagOfKey{scanCodeOf(KEY_LEFTALT), optionFlag},
     FlagOfKey{scanCodeOf(KEY_RIGHTALT), optionFlag},
-    FlagOfKey{levelThreeScanCode, optionFlag},
+    FlagOfKey{kLevelThreeScanCode, optionFlag},
     FlagOfKey{scanCodeOf(KEY_LEFTMETA), commandFlag},
     FlagOfKey{scanCodeOf(KEY_RIGHTMETA), commandFlag},
 };
@@ -54,18 +55,18 @@ struct FlagOfState {
     std::uint32_t flag;
 };
 
-constexpr std::array flagsOfStates{
-    FlagOfState{shiftState, shiftFlag},
-    FlagOfState{controlState, controlFlag},
-    FlagOfState{altState, optionFlag},
-    FlagOfState{levelThreeState, optionFlag},
-    FlagOfState{superState, commandFlag},
+constexpr std::array kFlagsOfStates{
+    FlagOfState{kShiftState, shiftFlag},
+    FlagOfState{kControlState, controlFlag},
+    FlagOfState{kAltState, optionFlag},
+    FlagOfState{kLevelThreeState, optionFlag},
+    FlagOfState{kSuperState, commandFlag},
 };
 
 /// The flag of a modifier key that works by being held; 0 for any other key.
 std::uint32_t flagOfKey(std::uint32_t scanCode) {
-    const auto* found = std::ranges::find(flagsOfKeys, scanCode, &FlagOfKey::scanCode);
-    return found == flagsOfKeys.end() ? 0 : found->flag;
+    const auto* found = std::ranges::find(kFlagsOfKeys, scanCode, &FlagOfKey::scanCode);
+    return found == kFlagsOfKeys.end() ? 0 : found->flag;
 }
 
 /// The bit that the symbol on a modifier key puts into the state of later events; 0 when it is not known to.
@@ -74,20 +75,20 @@ std::uint32_t stateBitOf(std::uint32_t keysym) {
     switch (keysym) {
     case XKB_KEY_Shift_L:
     case XKB_KEY_Shift_R:
-        return shiftState;
+        return kShiftState;
     case XKB_KEY_Control_L:
     case XKB_KEY_Control_R:
-        return controlState;
+        return kControlState;
     case XKB_KEY_Alt_L:
     case XKB_KEY_Alt_R:
     case XKB_KEY_Meta_L:
     case XKB_KEY_Meta_R:
-        return altState;
+        return kAltState;
     case XKB_KEY_Super_L:
     case XKB_KEY_Super_R:
-        return superState;
+        return kSuperState;
     case XKB_KEY_ISO_Level3_Shift:
-        return levelThreeState;
+        return kLevelThreeState;
     default:
         return 0;
     }
@@ -95,7 +96,7 @@ std::uint32_t stateBitOf(std::uint32_t keysym) {
 
 /// A Caps Lock key that the keymap has made another key of locks nothing: it is a plain key then.
 bool isCapsLock(const QKeyEvent& event) {
-    return event.nativeScanCode() == capsLockScanCode && event.nativeVirtualKey() == XKB_KEY_Caps_Lock;
+    return event.nativeScanCode() == kCapsLockScanCode && event.nativeVirtualKey() == XKB_KEY_Caps_Lock;
 }
 
 std::uint8_t keyCodeOf(std::uint32_t scanCode) {
@@ -138,7 +139,7 @@ ConvertedKey KeyEventConverter::convert(const QKeyEvent& event) {
     if (isCapsLock(event)) {
         // The press that unlocks takes effect with the release only: from the press on the lock is known.
         if (down)
-            m_capsLock = (event.nativeModifiers() & lockState) == 0;
+            m_capsLock = (event.nativeModifiers() & kLockState) == 0;
         m_capsLockKeyHeld = down;
     } else if (flag != 0) {
         if (down)
@@ -163,7 +164,7 @@ void KeyEventConverter::reconcile(std::uint32_t state) {
     std::erase_if(
         m_held, [state](const HeldKey& key) { return key.stateBit != 0 && (state & key.stateBit) == 0; });
     if (!m_capsLockKeyHeld)
-        m_capsLock = (state & lockState) != 0;
+        m_capsLock = (state & kLockState) != 0;
 }
 
 void KeyEventConverter::hold(const HeldKey& key) {
@@ -183,7 +184,7 @@ std::uint32_t KeyEventConverter::flags(std::uint32_t state) const {
         explained |= key.stateBit;
     }
     // Modifiers that were pressed elsewhere.
-    for (const FlagOfState& bit : flagsOfStates)
+    for (const FlagOfState& bit : kFlagsOfStates)
         if (state & ~explained & bit.stateBit)
             result |= bit.flag;
     return result;

@@ -6,10 +6,10 @@
 // press brings about is the keymap's affair.
 #pragma once
 
-#include "keyboard/VirtualKeys.h"
-
 #include <cstdint>
 #include <vector>
+
+#include "keyboard/VirtualKeys.h"
 
 class QKeyEvent;
 

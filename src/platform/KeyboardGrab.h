@@ -1,14 +1,14 @@
 // Keys that the desktop takes for itself (Super alone, Alt+Tab, Print), for a window that wants every key.
 #pragma once
 
-#include "platform/DetectableAutoRepeat.h"
-#include "platform/ShortcutsInhibitor.h"
-
 #include <QPointer>
 #include <QWindow>
 
 #include <memory>
 #include <optional>
+
+#include "platform/DetectableAutoRepeat.h"
+#include "platform/ShortcutsInhibitor.h"
 
 class QAbstractNativeEventFilter;
 

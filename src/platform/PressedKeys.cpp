@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <memory>
+
 #include <xcb/xcb.h>
 
 #include "platform/XcbConnection.h"

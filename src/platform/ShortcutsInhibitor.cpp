@@ -1,10 +1,11 @@
 #include "platform/ShortcutsInhibitor.h"
 
-#include "layouts/WaylandConnection.h"
-#include "platform/WaylandObjects.h"
+#include <keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h>
 
 #include <cstring>
-#include <keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h>
+
+#include "layouts/WaylandConnection.h"
+#include "platform/WaylandObjects.h"
 
 namespace quorvi {
 
@@ -29,7 +30,7 @@ void announce(void* data, wl_registry* registry, std::uint32_t name, const char*
 
 void withdraw(void*, wl_registry*, std::uint32_t) {}
 
-constexpr wl_registry_listener listener{announce, withdraw};
+constexpr wl_registry_listener kListener{announce, withdraw};
 
 /// Asks over a queue of its own, so that no event of Qt's is handled in the middle of it. Null when the
 /// compositor has no such object.
@@ -41,7 +42,7 @@ void* bindManager(wl_display* display) {
     wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper.get()), queue.get());
     const WaylandRegistry registry(wl_display_get_registry(wrapper.get()));
     void* manager = nullptr;
-    wl_registry_add_listener(registry.get(), &listener, &manager);
+    wl_registry_add_listener(registry.get(), &kListener, &manager);
     wl_display_roundtrip_queue(display, queue.get());
     if (manager) // which has no events; what it makes shall outlive the queue
         wl_proxy_set_queue(static_cast<wl_proxy*>(manager), nullptr);

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QWindow>
-
 #include <qpa/qplatformnativeinterface.h>
 
 namespace quorvi {

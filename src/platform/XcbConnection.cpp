@@ -1,7 +1,6 @@
 #include "platform/XcbConnection.h"
 
 #include <QGuiApplication>
-
 #include <qpa/qplatformnativeinterface.h>
 
 namespace quorvi {

@@ -1,5 +1,4 @@
 #include "plist/Reader.h"
-
 #include "plist/RegularFile.h"
 
 namespace quorvi::plist {

@@ -1,9 +1,9 @@
 #include "resources/Inputs.h"
 
-#include "widgets/InputLines.h"
-
 #include <QEvent>
 #include <QPointer>
+
+#include "widgets/InputLines.h"
 
 namespace quorvi {
 

@@ -1,21 +1,21 @@
 #include "resources/Interface.h"
 
+#include <QMenu>
+
 #include <algorithm>
+#include <array>
+#include <memory>
 
 #include "resources/Inputs.h"
 #include "widgets/InputLines.h"
 #include "widgets/SymbolIcon.h"
 
-#include <QMenu>
-#include <array>
-#include <memory>
-
 namespace quorvi {
 
 namespace {
 
-constexpr qreal headingScale = 1.35;
-constexpr qreal noteScale = 0.9;
+constexpr qreal kHeadingScale = 1.35;
+constexpr qreal kNoteScale = 0.9;
 
 // The fonts follow the desktop's font, which an interface file cannot say.
 void scaleFonts(const QWidget& view) {
@@ -24,7 +24,7 @@ void scaleFonts(const QWidget& view) {
         if (!heading && !widget->property("note").toBool())
             continue;
         QFont font = widget->font();
-        const qreal scale = heading ? headingScale : noteScale;
+        const qreal scale = heading ? kHeadingScale : kNoteScale;
         if (font.pointSizeF() > 0)
             font.setPointSizeF(font.pointSizeF() * scale);
         else // the desktop gives its font in pixels

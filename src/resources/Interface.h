@@ -5,8 +5,9 @@
 // connects what carries an action.
 #pragma once
 
-#include "resources/Menus.h"
+#include <QDialog>
 
+#include "resources/Menus.h"
 #include "ui_ConfirmPanel.h"
 #include "ui_KyvarQuorviPane.h"
 #include "ui_NoDevicePanel.h"
@@ -14,8 +15,6 @@
 #include "ui_SetUpPanel.h"
 #include "ui_SingleKeyPanel.h"
 #include "ui_StagesPanel.h"
-
-#include <QDialog>
 
 namespace quorvi {
 

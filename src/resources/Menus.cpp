@@ -1,59 +1,59 @@
 #include "resources/Menus.h"
 
+#include <array>
+#include <span>
+
 #include "model/CommandCodes.h"
 #include "model/Commands.h"
 #include "platform/InterfaceText.h"
 #include "resources/MenuTags.h"
 #include "widgets/MenuItems.h"
 
-#include <array>
-#include <span>
-
 namespace quorvi {
 
 namespace {
 
 struct Entry {
-    const char* title; // nullptr for a separator
+    const char* title; // nullptr for a kSeparator
     int tag;
 };
 
-constexpr Entry separator{nullptr, 0};
+constexpr Entry kSeparator{nullptr, 0};
 
-constexpr std::array profileEntries{
+constexpr std::array kProfileEntries{
     Entry{"New Profile", kNewProfileItem},
     Entry{"Duplicate Profile", kDuplicateProfileItem},
     Entry{"Delete Profile…", kRemoveProfileItem},
-    separator,
+    kSeparator,
     Entry{"Assign Application…", kAssignApplicationItem},
     Entry{"Remove Application", kRemoveApplicationItem},
-    separator,
+    kSeparator,
     Entry{"Import Profile…", kImportProfileItem},
     Entry{"Export Profile…", kExportProfileItem},
-    separator,
+    kSeparator,
     Entry{"Restore Defaults…", kRestoreDefaultsItem},
 };
 
-constexpr std::array macroEntries{
+constexpr std::array kMacroEntries{
     Entry{"New Macro", kNewMacroItem},
     Entry{"Delete Macro…", kRemoveMacroItem},
-    separator,
+    kSeparator,
     Entry{"Import Macro…", kImportMacroItem},
     Entry{"Export Macro…", kExportMacroItem},
 };
 
-constexpr std::array stepEntries{
+constexpr std::array kStepEntries{
     Entry{"Record", kRecordItem},
     Entry{"Record Step Again", kRecordStepItem},
-    separator,
+    kSeparator,
     Entry{"Remove Step", kRemoveStepItem},
     Entry{"Remove All Steps", kRemoveAllStepsItem},
-    separator,
+    kSeparator,
     Entry{"Use Delay of Step for All", kUseDelayForAllItem},
     Entry{"Remove All Delays", kRemoveAllDelaysItem},
 };
 
-constexpr std::array delayEntries{
+constexpr std::array kDelayEntries{
     Entry{"None", 0},
     Entry{"10 ms", 10},
     Entry{"20 ms", 20},
@@ -73,7 +73,7 @@ constexpr std::array delayEntries{
     Entry{"5 seconds", 5000},
 };
 
-constexpr std::array pollingRateEntries{
+constexpr std::array kPollingRateEntries{
     Entry{"125 Hz", 125},
     Entry{"500 Hz", 500},
     Entry{"1000 Hz", 1000},
@@ -161,19 +161,19 @@ Menus createMenus(QWidget& owner) {
     menus.quorviMenuWheelCommands = addMenu(owner, "quorviMenuWheelCommands", "Functions");
     addGroups(*menus.quorviMenuWheelCommands, wheelMenuGroups(), true);
     menus.quorviMenuProfileGear = addMenu(owner, "quorviMenuProfileGear", "Profile commands");
-    addEntries(*menus.quorviMenuProfileGear, profileEntries, tableAction);
+    addEntries(*menus.quorviMenuProfileGear, kProfileEntries, tableAction);
     menus.quorviMenuMacroGear = addMenu(owner, "quorviMenuMacroGear", "Macro commands");
-    addEntries(*menus.quorviMenuMacroGear, macroEntries, tableAction);
+    addEntries(*menus.quorviMenuMacroGear, kMacroEntries, tableAction);
     menus.quorviMenuStepGear = addMenu(owner, "quorviMenuStepGear", "Step commands");
-    addEntries(*menus.quorviMenuStepGear, stepEntries, tableAction);
+    addEntries(*menus.quorviMenuStepGear, kStepEntries, tableAction);
     menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay", "Delay Afterwards");
-    addEntries(*menus.quorviMenuStepDelay, delayEntries, nullptr);
+    addEntries(*menus.quorviMenuStepDelay, kDelayEntries, nullptr);
     return menus;
 }
 
 std::unique_ptr<QMenu> createPollingRateMenu() {
     auto menu = std::make_unique<QMenu>();
-    addEntries(*menu, pollingRateEntries, nullptr);
+    addEntries(*menu, kPollingRateEntries, nullptr);
     return menu;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMenu>
+
 #include <memory>
 
 class QWidget;

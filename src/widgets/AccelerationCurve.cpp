@@ -9,10 +9,10 @@ namespace quorvi {
 
 namespace {
 
-constexpr int points = 48; ///< of the curve: no corner shows at this size
-constexpr qreal margin = 4.0;
-constexpr qreal curveWidth = 2.4;
-constexpr qreal labelGap = 2.0;
+constexpr int kPoints = 48; ///< of the curve: no corner shows at this size
+constexpr qreal kMargin = 4.0;
+constexpr qreal kCurveWidth = 2.4;
+constexpr qreal kLabelGap = 2.0;
 
 } // namespace
 
@@ -38,8 +38,8 @@ void AccelerationCurve::setPointerLabel(const QString& label) {
 }
 
 QRectF AccelerationCurve::plot() const {
-    const qreal label = fontMetrics().height() + labelGap;
-    return QRectF(rect()).adjusted(label, margin, -margin, -label);
+    const qreal label = fontMetrics().height() + kLabelGap;
+    return QRectF(rect()).adjusted(label, kMargin, -kMargin, -label);
 }
 
 QPointF AccelerationCurve::pointAt(double handSpeed, double factor) const {
@@ -54,9 +54,9 @@ QSize AccelerationCurve::sizeHint() const {
 
 QSize AccelerationCurve::minimumSizeHint() const {
     const QFontMetrics metrics = fontMetrics();
-    const int label = metrics.height() + int(labelGap + 2 * margin);
+    const int label = metrics.height() + int(kLabelGap + 2 * kMargin);
     return {qMax(8 * metrics.height(), metrics.horizontalAdvance(m_handLabel) + label),
-        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + int(margin))};
+        qMax(4 * metrics.height(), metrics.horizontalAdvance(m_pointerLabel) + int(kMargin))};
 }
 
 void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
@@ -72,13 +72,13 @@ void AccelerationCurve::paintEvent(QPaintEvent* /*event*/) {
     painter.drawLine(pointAt(0, double(neutralAcceleration)), pointAt(1, double(neutralAcceleration)));
 
     QPainterPath curve(pointAt(0, double(m_factor)));
-    for (int point = 1; point <= points; ++point)
-        curve.lineTo(pointAt(double(point) / points, double(m_factor)));
-    painter.setPen(QPen(markColour(palette()), curveWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    for (int point = 1; point <= kPoints; ++point)
+        curve.lineTo(pointAt(double(point) / kPoints, double(m_factor)));
+    painter.setPen(QPen(markColour(palette()), kCurveWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(curve);
 
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRectF below(area.left(), area.bottom() + labelGap, area.width(), fontMetrics().height());
+    const QRectF below(area.left(), area.bottom() + kLabelGap, area.width(), fontMetrics().height());
     painter.drawText(
         below, Qt::AlignCenter, fontMetrics().elidedText(m_handLabel, Qt::ElideRight, int(area.width())));
     const QString beside = fontMetrics().elidedText(m_pointerLabel, Qt::ElideRight, height());

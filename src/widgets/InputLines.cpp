@@ -1,18 +1,18 @@
 #include "widgets/InputLines.h"
 
-#include "widgets/MouseView.h"
-#include "widgets/ThemeColours.h"
-
 #include <QEvent>
 #include <QPainter>
+
+#include "widgets/MouseView.h"
+#include "widgets/ThemeColours.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr qreal plainWidth = 1.0;
-constexpr qreal markedWidth = 2.2;
-constexpr qreal lineShareOfText = 0.4;
+constexpr qreal kPlainWidth = 1.0;
+constexpr qreal kMarkedWidth = 2.2;
+constexpr qreal kLineShareOfText = 0.4;
 
 } // namespace
 
@@ -59,10 +59,10 @@ void InputLines::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     QPalette colours = palette();
     colours.setCurrentColorGroup(m_view.isEnabled() ? QPalette::Active : QPalette::Disabled);
-    const QColor plain = lineOnWindow(colours, lineShareOfText);
+    const QColor plain = lineOnWindow(colours, kLineShareOfText);
     for (int input = 1; input <= mouseInputs; ++input) {
         const bool marked = m_view.isEnabled() && m_view.marks().isMarked(input);
-        painter.setPen(QPen(marked ? markColour(colours) : plain, marked ? markedWidth : plainWidth));
+        painter.setPen(QPen(marked ? markColour(colours) : plain, marked ? kMarkedWidth : kPlainWidth));
         painter.drawLine(lineOf(input));
     }
 }

@@ -1,25 +1,26 @@
 #include "widgets/KyvarQuorviTableView.h"
 
-#include "widgets/MenuItems.h"
-#include "widgets/PopUpCells.h"
-#include "widgets/TableColumns.h"
-#include "widgets/ThemeColours.h"
-
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QVariant>
+
 #include <utility>
+
+#include "widgets/MenuItems.h"
+#include "widgets/PopUpCells.h"
+#include "widgets/TableColumns.h"
+#include "widgets/ThemeColours.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr int rowPadding = 9; // sixteen rows fit into the window as it opens
-constexpr int headerPadding = 8;
-constexpr int emptyTextMargin = 24;
+constexpr int kRowPadding = 9; // sixteen rows fit into the window as it opens
+constexpr int kHeaderPadding = 8;
+constexpr int kEmptyTextMargin = 24;
 
 int mouseEventType(const QMouseEvent& event) {
     const bool down = event.type() != QEvent::MouseButtonRelease;
@@ -62,12 +63,12 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     horizontalHeader()->setHighlightSections(false);
     alignTitles();
     m_emptyText->setAlignment(Qt::AlignCenter);
     m_emptyText->setWordWrap(true);
-    m_emptyText->setMargin(emptyTextMargin);
+    m_emptyText->setMargin(kEmptyTextMargin);
     m_emptyText->setForegroundRole(QPalette::WindowText);
     colourEmptyText();
     m_emptyText->setAttribute(Qt::WA_TransparentForMouseEvents); // what is clicked is the table
@@ -411,7 +412,7 @@ void KyvarQuorviTableView::layOutColumns() {
             header->setSectionResizeMode(section, QHeaderView::Interactive);
             // The title must fit too, in whatever language and style.
             header->resizeSection(section, qMax(column.widthInLetters * fontMetrics().averageCharWidth(),
-                                               header->sectionSizeHint(section) + headerPadding));
+                                               header->sectionSizeHint(section) + kHeaderPadding));
         } else {
             header->setSectionResizeMode(section, QHeaderView::Stretch);
         }

@@ -1,7 +1,5 @@
 #include "widgets/MenuItems.h"
 
-#include "widgets/ShownText.h"
-
 #include <QAction>
 #include <QMenu>
 #include <QScreen>
@@ -10,13 +8,15 @@
 
 #include <algorithm>
 
+#include "widgets/ShownText.h"
+
 namespace quorvi {
 
 namespace {
 
-constexpr const char* tagProperty = "tag";
+constexpr const char* kTagProperty = "tag";
 /// The title of an item that shows another text.
-constexpr const char* wholeTitleProperty = "wholeTitle";
+constexpr const char* kWholeTitleProperty = "wholeTitle";
 
 void copyProperties(const QObject& from, QObject& to) {
     to.setObjectName(from.objectName());
@@ -56,16 +56,16 @@ void appendSelectableItems(const QMenu& menu, QList<QAction*>& items) {
 } // namespace
 
 std::optional<int> tagOfItem(const QAction& item) {
-    const QVariant tag = item.property(tagProperty);
+    const QVariant tag = item.property(kTagProperty);
     return tag.isValid() ? std::optional(tag.toInt()) : std::nullopt;
 }
 
 void setTagOfItem(QAction& item, int tag) {
-    item.setProperty(tagProperty, tag);
+    item.setProperty(kTagProperty, tag);
 }
 
 QString titleOfItem(const QAction& item) {
-    const QVariant whole = item.property(wholeTitleProperty);
+    const QVariant whole = item.property(kWholeTitleProperty);
     return whole.isValid() ? whole.toString() : shownTitleOfItem(item);
 }
 
@@ -92,7 +92,7 @@ QString shownTitle(const QString& title) {
 
 void setTitleOfItem(QAction& item, const QString& title) {
     QString text = shownTitle(title);
-    item.setProperty(wholeTitleProperty, text == title ? QVariant() : QVariant(title));
+    item.setProperty(kWholeTitleProperty, text == title ? QVariant() : QVariant(title));
     item.setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 

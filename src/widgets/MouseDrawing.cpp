@@ -1,10 +1,10 @@
 #include "widgets/MouseDrawing.h"
 
-#include "widgets/ThemeColours.h"
-
 #include <QPainterPath>
 
 #include <array>
+
+#include "widgets/ThemeColours.h"
 
 namespace quorvi {
 
@@ -12,7 +12,7 @@ namespace {
 
 // From input 1: left, right and wheel button, side buttons rear and front, the two behind the wheel, wheel up
 // and down. The first two stand high enough for the lines to the wheel to pass below them.
-constexpr std::array places{
+constexpr std::array kPlaces{
     QPointF(64.0, 54.0),
     QPointF(156.0, 54.0),
     QPointF(110.0, 94.0),
@@ -26,8 +26,8 @@ constexpr std::array places{
 
 constexpr QRectF wheel(94, 42, 32, 104);
 constexpr QRectF battery(92, 258, 36, 16);
-constexpr int batteryBars = 3;
-constexpr qreal pressedRing = 4.5;
+constexpr int kBatteryBars = 3;
+constexpr qreal kPressedRing = 4.5;
 
 QPainterPath bodyPath() {
     QPainterPath path(QPointF(110, 14));
@@ -102,8 +102,8 @@ void drawBattery(QPainter& painter, const QPalette& palette, bool lit) {
     if (!lit)
         return;
     const QRectF inner = battery.adjusted(3, 3, -3, -3);
-    const qreal step = (inner.width() + 2) / batteryBars;
-    for (int bar = 0; bar < batteryBars; ++bar)
+    const qreal step = (inner.width() + 2) / kBatteryBars;
+    for (int bar = 0; bar < kBatteryBars; ++bar)
         painter.drawRect(QRectF(inner.left() + bar * step, inner.top(), step - 2, inner.height()));
 }
 
@@ -119,7 +119,7 @@ QTransform sheetOn(const QSizeF& area) {
 }
 
 QPointF placeOfInput(int input) {
-    return places.at(std::size_t(input - 1));
+    return kPlaces.at(std::size_t(input - 1));
 }
 
 QRectF wheelLight() {
@@ -161,9 +161,9 @@ void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState
     if (state == BadgeState::Pressed) {
         QColor ring = markColour(palette);
         ring.setAlphaF(0.45F);
-        painter.setPen(QPen(ring, pressedRing));
+        painter.setPen(QPen(ring, kPressedRing));
         painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(middle, badgeRadius + pressedRing / 2, badgeRadius + pressedRing / 2);
+        painter.drawEllipse(middle, badgeRadius + kPressedRing / 2, badgeRadius + kPressedRing / 2);
     }
     const bool marked = state == BadgeState::Marked || state == BadgeState::Pressed;
     painter.setPen(Qt::NoPen);

@@ -1,7 +1,5 @@
 #include "widgets/MouseView.h"
 
-#include "widgets/MouseDrawing.h"
-
 #include <QHelpEvent>
 #include <QLineF>
 #include <QMouseEvent>
@@ -11,15 +9,17 @@
 
 #include <utility>
 
+#include "widgets/MouseDrawing.h"
+
 namespace quorvi {
 
 namespace {
 
-constexpr int wheelUp = 8;
-constexpr int wheelDown = 9;
-constexpr int wheelMarkMs = 300;
-constexpr int numberSize = 13; // of the letters, on the sheet
-constexpr qreal reach = 1.35;  // around a number, of its radius: small circles are hard to hit
+constexpr int kWheelUp = 8;
+constexpr int kWheelDown = 9;
+constexpr int kWheelMarkMs = 300;
+constexpr int kNumberSize = 13; // of the letters, on the sheet
+constexpr qreal kReach = 1.35;  // around a number, of its radius: small circles are hard to hit
 
 } // namespace
 
@@ -28,11 +28,11 @@ MouseView::MouseView(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     connect(&m_marks, &InputMarks::changed, this, QOverload<>::of(&QWidget::update));
     m_wheelRest.setSingleShot(true);
-    m_wheelRest.setInterval(wheelMarkMs);
+    m_wheelRest.setInterval(kWheelMarkMs);
     connect(&m_wheelRest, &QTimer::timeout, this, [this] {
         for (const auto reason : {InputMarks::Pressed, InputMarks::Reported}) {
-            m_marks.set(wheelUp, reason, false);
-            m_marks.set(wheelDown, reason, false);
+            m_marks.set(kWheelUp, reason, false);
+            m_marks.set(kWheelDown, reason, false);
         }
     });
 }
@@ -44,8 +44,8 @@ void MouseView::setReported(bool reported) {
 
 void MouseView::reportInput(int input, bool pressed) {
     m_marks.set(input, InputMarks::Reported, pressed);
-    if (input == wheelUp || input == wheelDown) {
-        m_marks.set(input == wheelUp ? wheelDown : wheelUp, InputMarks::Reported, false);
+    if (input == kWheelUp || input == kWheelDown) {
+        m_marks.set(input == kWheelUp ? kWheelDown : kWheelUp, InputMarks::Reported, false);
         m_wheelRest.start();
     }
 }
@@ -70,7 +70,7 @@ qreal MouseView::radiusOfInput() const {
 
 int MouseView::inputAt(const QPointF& point) const {
     for (int input = 1; input <= mouseInputs; ++input) {
-        if (QLineF(point, middleOfInput(input)).length() <= radiusOfInput() * reach)
+        if (QLineF(point, middleOfInput(input)).length() <= radiusOfInput() * kReach)
             return input;
     }
     return 0;
@@ -107,7 +107,7 @@ void MouseView::explain(const QHelpEvent& event) {
         return QToolTip::hideText();
     QString lines = text.toHtmlEscaped(); // names are shown as they are
     lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
-    const qreal reached = radiusOfInput() * reach;
+    const qreal reached = radiusOfInput() * kReach;
     const QRectF around(middleOfInput(input) - QPointF(reached, reached), QSizeF(2 * reached, 2 * reached));
     QToolTip::showText(
         event.globalPos(), QStringLiteral("<span>%1</span>").arg(lines), this, around.toAlignedRect());
@@ -136,8 +136,8 @@ void MouseView::wheelEvent(QWheelEvent* event) {
     const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
     if (turn == 0 || m_reported)
         return;
-    m_marks.set(turn > 0 ? wheelUp : wheelDown, InputMarks::Pressed, true);
-    m_marks.set(turn > 0 ? wheelDown : wheelUp, InputMarks::Pressed, false);
+    m_marks.set(turn > 0 ? kWheelUp : kWheelDown, InputMarks::Pressed, true);
+    m_marks.set(turn > 0 ? kWheelDown : kWheelUp, InputMarks::Pressed, false);
     m_wheelRest.start();
 }
 
@@ -156,7 +156,7 @@ void MouseView::paintEvent(QPaintEvent* /*event*/) {
     drawMouse(painter, palette(), m_wheelIsLit, m_batteryIsLit);
 
     QFont numbers = font();
-    numbers.setPixelSize(numberSize);
+    numbers.setPixelSize(kNumberSize);
     numbers.setBold(true);
     painter.setFont(numbers);
     for (int input = 1; input <= mouseInputs; ++input) {

@@ -1,7 +1,5 @@
 #include "widgets/PopUpButton.h"
 
-#include "widgets/MenuItems.h"
-
 #include <QAction>
 #include <QGuiApplication>
 #include <QHelpEvent>
@@ -16,15 +14,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "widgets/MenuItems.h"
+
 namespace quorvi {
 
 namespace {
 
 // Wide enough for most titles. The button must not grow and shrink with the selected one.
-constexpr int widthInCharacters = 14;
+constexpr int kWidthInCharacters = 14;
 // Between a title and the icon that it leaves room for, as other combo boxes do.
-constexpr int iconSpacing = 4;
-constexpr int contentMargin = 2;
+constexpr int kIconSpacing = 4;
+constexpr int kContentMargin = 2;
 
 /// Some styles mirror a combo box's text and forget its arrow, which then covers the text.
 bool coversTextWhenMirrored(const QStyle& style, const QStyleOptionComboBox& option, const QWidget* button) {
@@ -54,7 +54,7 @@ void drawFrame(QStylePainter& painter, const QStyleOptionComboBox& option, const
 
 // The policy that says the same as sizeHint() would make the list view, which this button never shows.
 PopUpButton::PopUpButton(QWidget* parent) : QComboBox(parent) {
-    setMinimumContentsLength(widthInCharacters);
+    setMinimumContentsLength(kWidthInCharacters);
 }
 
 // The menu goes while the button is whole, because the button follows its items to their end.
@@ -205,8 +205,8 @@ QSize PopUpButton::minimumSizeHint() const {
     initStyleOption(&option);
     const QFontMetrics metrics = fontMetrics();
     const int width = minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
-    const QSize content(width + iconSize().width() + iconSpacing,
-        std::max(metrics.height(), iconSize().height()) + contentMargin);
+    const QSize content(width + iconSize().width() + kIconSpacing,
+        std::max(metrics.height(), iconSize().height()) + kContentMargin);
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this);
 }
 

@@ -1,19 +1,19 @@
 #include "widgets/PopUpCells.h"
 
-#include "widgets/MenuItems.h"
-#include "widgets/ThemeColours.h"
-
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTableView>
 
+#include "widgets/MenuItems.h"
+#include "widgets/ThemeColours.h"
+
 namespace quorvi {
 
 namespace {
 
-constexpr float greyedOpacity = 0.6F;
+constexpr float kGreyedOpacity = 0.6F;
 
 bool opensMenu(const QKeyEvent& event) {
     switch (event.key()) {
@@ -88,7 +88,7 @@ void PopUpCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex
     // A cell that is not enabled is not selected with its row. It is to look so all the same, and greyed.
     option->state |= QStyle::State_Selected | QStyle::State_Enabled;
     QColor text = option->palette.color(QPalette::Active, QPalette::HighlightedText);
-    text.setAlphaF(greyedOpacity);
+    text.setAlphaF(kGreyedOpacity);
     option->palette.setColor(QPalette::HighlightedText, text);
 }
 

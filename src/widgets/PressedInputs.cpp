@@ -1,25 +1,25 @@
 #include "widgets/PressedInputs.h"
 
-#include "widgets/InputMarks.h"
-
 #include <QApplication>
 #include <QMouseEvent>
 #include <QWindow>
 
 #include <array>
 
+#include "widgets/InputMarks.h"
+
 namespace quorvi {
 
 namespace {
 
-constexpr std::array buttons{
+constexpr std::array kButtons{
     Qt::LeftButton, Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton};
 
 } // namespace
 
 int inputOfButton(Qt::MouseButton button) {
-    for (std::size_t i = 0; i < buttons.size(); ++i) {
-        if (buttons.at(i) == button)
+    for (std::size_t i = 0; i < kButtons.size(); ++i) {
+        if (kButtons.at(i) == button)
             return int(i) + 1;
     }
     return 0;
@@ -69,7 +69,7 @@ bool PressedInputs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PressedInputs::keepOnly(Qt::MouseButtons held) {
-    for (const Qt::MouseButton button : buttons) {
+    for (const Qt::MouseButton button : kButtons) {
         if (!held.testFlag(button))
             m_marks.set(inputOfButton(button), InputMarks::Pressed, false);
     }

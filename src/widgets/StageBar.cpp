@@ -9,10 +9,10 @@ namespace quorvi {
 
 namespace {
 
-constexpr int textPadding = 7;
-constexpr int levelHeight = 4;
-constexpr int levelGap = 2;
-constexpr qreal cornerRadius = 4.0;
+constexpr int kTextPadding = 7;
+constexpr int kLevelHeight = 4;
+constexpr int kLevelGap = 2;
+constexpr qreal kCornerRadius = 4.0;
 
 } // namespace
 
@@ -42,14 +42,14 @@ qreal StageBar::levelOf(int resolution) const {
 }
 
 QSize StageBar::sizeHint() const {
-    return {360, fontMetrics().height() + 2 * textPadding + 2 * levelHeight + levelGap};
+    return {360, fontMetrics().height() + 2 * kTextPadding + 2 * kLevelHeight + kLevelGap};
 }
 
 QSize StageBar::minimumSizeHint() const {
     int widest = 0;
     for (const StageField& stage : m_stages)
         widest = qMax(widest, fontMetrics().horizontalAdvance(stage.text));
-    const int wanted = int(m_stages.size()) * (widest + 2 * textPadding + 1);
+    const int wanted = int(m_stages.size()) * (widest + 2 * kTextPadding + 1);
     return {qMax(160, wanted), sizeHint().height()};
 }
 
@@ -58,7 +58,7 @@ void StageBar::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     QPainterPath outline;
-    outline.addRoundedRect(frame, cornerRadius, cornerRadius);
+    outline.addRoundedRect(frame, kCornerRadius, kCornerRadius);
     painter.fillPath(outline, palette().color(QPalette::Base));
 
     const qreal width = m_stages.isEmpty() ? 0.0 : frame.width() / qreal(m_stages.size());
@@ -84,26 +84,26 @@ void StageBar::paintStage(QPainter& painter, const QRectF& field, int index) con
         const qreal start = mirrored() ? field.right() : field.left();
         painter.drawLine(QPointF(start, field.top()), QPointF(start, field.bottom()));
     }
-    const QRectF inner = field.adjusted(textPadding, 0, -textPadding, 0);
+    const QRectF inner = field.adjusted(kTextPadding, 0, -kTextPadding, 0);
     painter.setPen(palette().color(current ? QPalette::HighlightedText : QPalette::Text));
-    painter.drawText(inner.adjusted(0, textPadding - 2, 0, 0), Qt::AlignHCenter | Qt::AlignTop,
+    painter.drawText(inner.adjusted(0, kTextPadding - 2, 0, 0), Qt::AlignHCenter | Qt::AlignTop,
         fontMetrics().elidedText(stage.text, Qt::ElideRight, int(inner.width())));
 
     const QColor level = current ? palette().color(QPalette::HighlightedText) : mutedTextColour(palette());
-    QRectF line(inner.left(), inner.bottom() - textPadding, inner.width(), levelHeight);
+    QRectF line(inner.left(), inner.bottom() - kTextPadding, inner.width(), kLevelHeight);
     const auto paintLevel = [&](int resolution) {
         line.setWidth(qMax(1.0, inner.width() * levelOf(resolution)));
         mirrored() ? line.moveRight(inner.right()) : line.moveLeft(inner.left());
         painter.fillRect(line, level);
     };
     if (stage.x == stage.y) {
-        line.moveTop(line.top() - levelHeight / 2.0);
+        line.moveTop(line.top() - kLevelHeight / 2.0);
         paintLevel(stage.x);
         return;
     }
     for (const int resolution : {stage.y, stage.x}) {
         paintLevel(resolution);
-        line.moveTop(line.top() - levelHeight - levelGap);
+        line.moveTop(line.top() - kLevelHeight - kLevelGap);
     }
 }
 

@@ -12,9 +12,9 @@ namespace quorvi {
 
 namespace {
 
-// All symbols are drawn in a square of this side around its middle.
-constexpr qreal side = 16.0;
-constexpr int gearTeeth = 8;
+// All symbols are drawn in a square of this kSide around its middle.
+constexpr qreal kSide = 16.0;
+constexpr int kGearTeeth = 8;
 constexpr QColor recordColor(0xd0, 0x2f, 0x2f);
 
 QPainterPath addPath() {
@@ -34,10 +34,10 @@ QPainterPath removePath() {
 QPainterPath gearPath() {
     QPainterPath path;
     path.addEllipse(QPointF(), 4.8, 4.8);
-    for (int tooth = 0; tooth < gearTeeth; ++tooth) {
+    for (int tooth = 0; tooth < kGearTeeth; ++tooth) {
         QPainterPath box;
         box.addRect(-1.2, -6.6, 2.4, 3.0);
-        path = path.united(QTransform().rotate(tooth * 360.0 / gearTeeth).map(box));
+        path = path.united(QTransform().rotate(tooth * 360.0 / kGearTeeth).map(box));
     }
     QPainterPath hole;
     hole.addEllipse(QPointF(), 2.1, 2.1);
@@ -72,7 +72,7 @@ class SymbolIconEngine : public QIconEngine {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(QRectF(rect).center());
-        const qreal scale = qMin(rect.width(), rect.height()) / side;
+        const qreal scale = qMin(rect.width(), rect.height()) / kSide;
         painter->scale(scale, scale);
         painter->fillPath(pathOf(m_symbol), colorIn(mode));
         painter->restore();

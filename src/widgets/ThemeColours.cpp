@@ -10,8 +10,8 @@ namespace quorvi {
 
 namespace {
 
-constexpr qreal highContrast = 19.0; // black on white has 21, the darkest of the usual light themes 18.3
-constexpr qreal step = 0.05;         // of a mixture, finer than the eye tells apart
+constexpr qreal kHighContrast = 19.0; // black on white has 21, the darkest of the usual light themes 18.3
+constexpr qreal kStep = 0.05;         // of a mixture, finer than the eye tells apart
 
 qreal linear(qreal channel) {
     constexpr qreal knee = 0.04045; // of the sRGB transfer function
@@ -27,7 +27,7 @@ qreal luminance(const QColor& colour) {
 QColor standingOut(
     const QColor& colour, const QColor& stronger, std::initializer_list<QColor> grounds, qreal wanted) {
     QColor mixture = colour;
-    for (qreal share = 0; share < 1; share += step) {
+    for (qreal share = 0; share < 1; share += kStep) {
         mixture = mixed(share, stronger, colour);
         if (std::ranges::all_of(
                 grounds, [&](const QColor& ground) { return contrastOf(mixture, ground) >= wanted; }))
@@ -53,7 +53,7 @@ qreal contrastOf(const QColor& first, const QColor& second) {
 
 bool isHighContrast(const QPalette& palette) {
     return contrastOf(palette.color(QPalette::Active, QPalette::WindowText),
-               palette.color(QPalette::Active, QPalette::Window)) >= highContrast;
+               palette.color(QPalette::Active, QPalette::Window)) >= kHighContrast;
 }
 
 qreal wantedContrast(const QPalette& palette) {

@@ -3,13 +3,13 @@
 #include <QListView>
 #include <QTest>
 
-#include <sys/inotify.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstring>
 #include <set>
+
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "applications/ApplicationPanel.h"
 #include "support/EnvironmentVariable.h"

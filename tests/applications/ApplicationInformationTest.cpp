@@ -1,11 +1,12 @@
-#include <gtest/gtest.h>
+#include "applications/ApplicationInformation.h"
 
-#include <sys/stat.h>
+#include <gtest/gtest.h>
 
 #include <array>
 #include <filesystem>
 
-#include "applications/ApplicationInformation.h"
+#include <sys/stat.h>
+
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 

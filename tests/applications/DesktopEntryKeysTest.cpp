@@ -1,8 +1,9 @@
+#include "applications/DesktopEntryKeys.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
-#include "applications/DesktopEntryKeys.h"
 #include "support/TemporaryFolder.h"
 
 namespace quorvi::test {

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "applications/ExecKey.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvi::test {
 

@@ -1,12 +1,12 @@
 // Prints the applications that GIO would show, a line each, sorted: id, name, program, entry.
 
-#include <gio/gdesktopappinfo.h>
-#include <gio/gio.h>
-
 #include <cstdio>
 #include <memory>
 #include <set>
 #include <string>
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
 
 namespace {
 

@@ -1,12 +1,13 @@
-#include <gtest/gtest.h>
+#include "applications/InstalledApplications.h"
 
-#include <sys/stat.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
 
-#include "applications/InstalledApplications.h"
+#include <sys/stat.h>
+
 #include "support/ChildProcess.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"

@@ -1,12 +1,11 @@
 // What the system calls under an atomic replacement are, in which order, and what happens when one of them
 // fails.
-#include "base/AtomicFile.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <tuple>
 
+#include "base/AtomicFile.h"
 #include "base/ScriptedCalls.h"
 #include "support/Files.h"
 

@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstdlib>
+
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <ctime>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>

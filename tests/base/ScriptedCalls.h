@@ -7,8 +7,9 @@
 #include <limits>
 #include <ostream>
 #include <string>
-#include <sys/stat.h>
 #include <vector>
+
+#include <sys/stat.h>
 
 #include "base/FileCalls.h"
 

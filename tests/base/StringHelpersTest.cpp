@@ -1,10 +1,10 @@
+#include "base/StringHelpers.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 #include <vector>
-
-#include "base/StringHelpers.h"
 
 namespace quorvi::test {
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "base/Unicode.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvi {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <QAccessible>
 #include <QLineEdit>
-
-#include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
+
+#include <private/qguiapplication_p.h>
 
 #include "layouts/XkbKeyboardLayout.h"
 #include "pane/EventPatch.h"

@@ -29,7 +29,7 @@ struct Theme {
 };
 
 // The first four as these styles and desktops have them.
-constexpr Theme themes[] = {
+constexpr Theme kThemes[] = {
     {"Fusion", "#efefef", "#ffffff", "#efefef", "#000000", "#308cc6", "#ffffff", false},
     {"Adwaita dark", "#353535", "#2d2d2d", "#373737", "#eeeeec", "#15539e", "#ffffff", false},
     {"Breeze light", "#eff0f1", "#fcfcfc", "#fcfcfc", "#232629", "#3daee9", "#ffffff", false},
@@ -115,12 +115,12 @@ class ContrastTest : public QObject {
     }
 
     void theHighlightStaysWhereItStandsOut() {
-        QCOMPARE(markColour(paletteOf(themes[0])), QColor("#308cc6"));
-        QCOMPARE(markGroundColour(paletteOf(themes[4])), QColor("#ffe680"));
+        QCOMPARE(markColour(paletteOf(kThemes[0])), QColor("#308cc6"));
+        QCOMPARE(markGroundColour(paletteOf(kThemes[4])), QColor("#ffe680"));
     }
 
     void greyedThingsRecede() {
-        QPalette greyed = paletteOf(themes[0]);
+        QPalette greyed = paletteOf(kThemes[0]);
         for (const auto role : {QPalette::WindowText, QPalette::Text})
             greyed.setColor(QPalette::Disabled, role, QColor("#bebebe"));
         const QColor active = lineOnWindow(greyed, 0.4);
@@ -228,7 +228,7 @@ class ContrastTest : public QObject {
 
   private:
     static const Theme& theme() {
-        return *std::find_if(std::begin(themes), std::end(themes),
+        return *std::find_if(std::begin(kThemes), std::end(kThemes),
             [](const Theme& one) { return QString(one.name) == QTest::currentDataTag(); });
     }
     static QPalette palette() { return paletteOf(theme()); }
@@ -237,8 +237,8 @@ class ContrastTest : public QObject {
 
     static void eachTheme() {
         QTest::addColumn<int>("theme");
-        for (int i = 0; i < int(std::size(themes)); ++i)
-            QTest::newRow(themes[i].name) << i;
+        for (int i = 0; i < int(std::size(kThemes)); ++i)
+            QTest::newRow(kThemes[i].name) << i;
     }
 };
 

@@ -1,9 +1,10 @@
 // What the two devices offer.
-#include <algorithm>
+#include "engine/Devices.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/Devices.h"
+#include <algorithm>
+
 #include "engine/UsbKeys.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/VirtualKeys.h"

@@ -1,9 +1,10 @@
 #include "engine/EventNames.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 
-#include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
 namespace quorvi::test {
@@ -16,7 +17,7 @@ struct Name {
     std::uint16_t code;
 };
 
-constexpr auto names = std::to_array<Name>({
+constexpr auto kNames = std::to_array<Name>({
     {"REL_X", EV_REL, REL_X},
     {"REL_Y", EV_REL, REL_Y},
     {"REL_WHEEL", EV_REL, REL_WHEEL},
@@ -72,16 +73,16 @@ constexpr auto names = std::to_array<Name>({
 } // namespace
 
 std::string nameOfEvent(std::uint16_t type, std::uint16_t code) {
-    const auto found =
-        std::ranges::find_if(names, [=](const Name& name) { return name.type == type && name.code == code; });
-    return found == names.end() ? std::to_string(type) + "/" + std::to_string(code) : found->name;
+    const auto found = std::ranges::find_if(
+        kNames, [=](const Name& name) { return name.type == type && name.code == code; });
+    return found == kNames.end() ? std::to_string(type) + "/" + std::to_string(code) : found->name;
 }
 
 std::pair<std::uint16_t, std::uint16_t> codeOfEvent(const std::string& name) {
-    const auto found = std::ranges::find_if(names, [&](const Name& entry) { return name == entry.name; });
-    EXPECT_NE(found, names.end()) << name;
-    return found == names.end() ? std::pair<std::uint16_t, std::uint16_t>{}
-                                : std::pair{found->type, found->code};
+    const auto found = std::ranges::find_if(kNames, [&](const Name& entry) { return name == entry.name; });
+    EXPECT_NE(found, kNames.end()) << name;
+    return found == kNames.end() ? std::pair<std::uint16_t, std::uint16_t>{}
+                                 : std::pair{found->type, found->code};
 }
 
 } // namespace quorvi::test

@@ -6,8 +6,8 @@
 namespace quorvi::test {
 namespace {
 
-constexpr engine::Time earliest = engine::Time::min();
-constexpr engine::Time latest = engine::Time::max();
+constexpr engine::Time kEarliest = engine::Time::min();
+constexpr engine::Time kLatest = engine::Time::max();
 
 TestRecord busyRecord() {
     TestRecord record;
@@ -18,7 +18,7 @@ TestRecord busyRecord() {
 
 TEST(Time, OfAnyValueIsTaken) {
     TestMouse mouse(busyRecord());
-    for (const auto time : {latest, earliest, engine::Time(0), earliest, latest, engine::Time(-1)}) {
+    for (const auto time : {kLatest, kEarliest, engine::Time(0), kEarliest, kLatest, engine::Time(-1)}) {
         mouse.now = time;
         for (int input = 1; input <= 3; ++input)
             mouse.press(input);
@@ -28,7 +28,7 @@ TEST(Time, OfAnyValueIsTaken) {
         for (int input = 1; input <= 3; ++input)
             mouse.release(input);
     }
-    mouse.engine.releaseAll(earliest);
+    mouse.engine.releaseAll(kEarliest);
     EXPECT_EQ(mouse.witness.down(), std::vector<int>{});
     EXPECT_FALSE(mouse.engine.nextWake());
 }

@@ -1,8 +1,8 @@
 // The behaviours of tests/data/engine, one test each.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cctype>
-
-#include <gtest/gtest.h>
 
 #include "engine/Scenario.h"
 

@@ -1,11 +1,11 @@
 // What came out of the engine, and whether a kernel and a desktop could make sense of it.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <map>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "engine/Devices.h"
 #include "engine/Engine.h"

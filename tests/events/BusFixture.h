@@ -1,12 +1,12 @@
 // What the tests on a private bus share: connections, and other processes.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
-
-#include <gtest/gtest.h>
 
 #include "events/EventBus.h"
 #include "support/PrivateBus.h"

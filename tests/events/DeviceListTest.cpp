@@ -1,8 +1,8 @@
 #include "events/DeviceList.h"
 
-#include <cstring>
-
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 namespace quorvi {
 namespace {

@@ -1,7 +1,7 @@
 // The record while the helper runs another profile than the one that its user chose.
-#include <cstring>
-
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 #include "helper/DeviceSettings.h"
 #include "model/Trees.h"

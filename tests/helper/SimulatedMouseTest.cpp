@@ -24,7 +24,7 @@ void PrintTo(const Seen& seen, std::ostream* stream) {
     *stream << seen.type << ' ' << seen.code << ' ' << seen.value;
 }
 
-constexpr Seen endOfFrame{EV_SYN, SYN_REPORT, 0};
+constexpr Seen kEndOfFrame{EV_SYN, SYN_REPORT, 0};
 
 plist::Dictionary profileWith(std::u16string name, plist::Dictionary buttons) {
     auto made = profile(std::move(name));
@@ -110,16 +110,16 @@ TEST_F(SimulatedMouseByHand, SendsWhatItsSettingsSay) {
     press(8);
     release(8);
     press(9);
-    expectHeard({{EV_KEY, BTN_LEFT, 1}, endOfFrame, {EV_KEY, BTN_LEFT, 0}, endOfFrame,
-        {EV_KEY, KEY_PAGEDOWN, 1}, endOfFrame, {EV_KEY, KEY_PAGEDOWN, 0}, endOfFrame, {EV_REL, REL_WHEEL, 1},
-        {EV_REL, REL_WHEEL_HI_RES, 120}, endOfFrame, {EV_KEY, KEY_VOLUMEUP, 1}, endOfFrame,
-        {EV_KEY, KEY_VOLUMEUP, 0}, endOfFrame});
+    expectHeard({{EV_KEY, BTN_LEFT, 1}, kEndOfFrame, {EV_KEY, BTN_LEFT, 0}, kEndOfFrame,
+        {EV_KEY, KEY_PAGEDOWN, 1}, kEndOfFrame, {EV_KEY, KEY_PAGEDOWN, 0}, kEndOfFrame,
+        {EV_REL, REL_WHEEL, 1}, {EV_REL, REL_WHEEL_HI_RES, 120}, kEndOfFrame, {EV_KEY, KEY_VOLUMEUP, 1},
+        kEndOfFrame, {EV_KEY, KEY_VOLUMEUP, 0}, kEndOfFrame});
     EXPECT_TRUE(timerIsOff());
 }
 
 TEST_F(SimulatedMouseByHand, HasASensorOf1600Dpi) {
     EXPECT_EQ(moveSimulatedMouse(*bus, psn, 10, -8), noErr);
-    expectHeard({{EV_REL, REL_X, 5}, {EV_REL, REL_Y, -2}, endOfFrame});
+    expectHeard({{EV_REL, REL_X, 5}, {EV_REL, REL_Y, -2}, kEndOfFrame});
 }
 
 TEST_F(SimulatedMouseByHand, TellsTheTimeOfTheSteadyClock) {
@@ -144,8 +144,8 @@ TEST_F(SimulatedMouseByHand, PlaysAMacroWithItsDelays) {
         heard.clear();
         press(3);
         release(3);
-        expectHeard({{EV_KEY, KEY_A, 1}, endOfFrame, {EV_KEY, KEY_A, 0}, endOfFrame, {EV_KEY, KEY_B, 1},
-            endOfFrame, {EV_KEY, KEY_B, 0}, endOfFrame});
+        expectHeard({{EV_KEY, KEY_A, 1}, kEndOfFrame, {EV_KEY, KEY_A, 0}, kEndOfFrame, {EV_KEY, KEY_B, 1},
+            kEndOfFrame, {EV_KEY, KEY_B, 0}, kEndOfFrame});
         ASSERT_FALSE(HasFailure());
         for (std::size_t i = 0; i < delays.size(); ++i)
             least[i] = std::min(least[i], heard[2 * i + 2].time - heard[2 * i].time);
@@ -216,8 +216,8 @@ TEST_F(SimulatedMouseByHand, LetsGoOfEverythingWhenItIsUnplugged) {
     EXPECT_EQ(moveSimulatedMouse(*bus, psn, 1, 1), errAEEventFailed);
     EXPECT_EQ(attachSimulatedMouse(*bus, psn), noErr);
     press(1);
-    expectHeard({{EV_KEY, KEY_PAGEDOWN, 1}, endOfFrame, {EV_KEY, KEY_PAGEDOWN, 0}, endOfFrame,
-        {EV_KEY, BTN_LEFT, 1}, endOfFrame});
+    expectHeard({{EV_KEY, KEY_PAGEDOWN, 1}, kEndOfFrame, {EV_KEY, KEY_PAGEDOWN, 0}, kEndOfFrame,
+        {EV_KEY, BTN_LEFT, 1}, kEndOfFrame});
 }
 
 TEST_F(SimulatedMouseByHand, PlaysNoMacroWhileThePanelRecordsOne) {
@@ -227,7 +227,7 @@ TEST_F(SimulatedMouseByHand, PlaysNoMacroWhileThePanelRecordsOne) {
     EXPECT_TRUE(timerIsOff());
     release(3);
     press(1);
-    expectHeard({{EV_KEY, BTN_LEFT, 1}, endOfFrame});
+    expectHeard({{EV_KEY, BTN_LEFT, 1}, kEndOfFrame});
 }
 
 } // namespace

@@ -1,10 +1,11 @@
 // The helper in a storm of malformed events and of commands. The full one, of 10,000 of either:
 //     QUORVI_STORM=10000 build/bin/quorvi-helper-tests --gtest_filter='HelperStorm.*'
+#include "support/Storm.h"
+
 #include <csignal>
 
 #include "helper/HelperFixture.h"
 #include "support/ProcessFigures.h"
-#include "support/Storm.h"
 
 namespace quorvi::test {
 namespace {

@@ -1,11 +1,12 @@
 // The panel as one page of a settings application that is not ours: whatever that does with its pages, the
 // panel is told in strict turn.
 
+#include "host/PanePage.h"
+
 #include <QDir>
 #include <QStackedWidget>
 #include <QTest>
 
-#include "host/PanePage.h"
 #include "host/Session.h"
 #include "host/ShownAndHidden.h"
 #include "support/Files.h"

@@ -6,6 +6,8 @@
 //     QUORVI_STORM=10000 scripts/with-display dbus-run-session -- build/bin/StormTest
 // It prints the longest delay of an answer, and the memory before and afterwards.
 
+#include "support/Storm.h"
+
 #include <QTest>
 
 #include <array>
@@ -18,7 +20,6 @@
 #include "support/Keyboard.h"
 #include "support/ProcessFigures.h"
 #include "support/SessionTestMain.h"
-#include "support/Storm.h"
 
 using namespace quorvi;
 using namespace quorvi::test;

@@ -1,9 +1,9 @@
 // The program without a mouse, and what is installed beside it.
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-
-#include <gtest/gtest.h>
 
 #include "events/InputdInterface.h"
 #include "events/Introspection.h"

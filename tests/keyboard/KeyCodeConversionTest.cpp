@@ -1,6 +1,7 @@
 #include "keyboard/KeyCodeConversion.h"
 
 #include <gtest/gtest.h>
+
 #include <sstream>
 #include <vector>
 
@@ -17,7 +18,7 @@ std::vector<unsigned> hexNumbers(const char* text) {
 }
 
 // clang-format off
-const char* const keyOfUsage =
+const char* const kKeyOfUsage =
     "FF FF FF FF 00 0B 08 02 0E 03 05 04 22 26 28 25 "
     "2E 2D 1F 23 0C 0F 01 11 20 09 0D 07 10 06 12 13 "
     "14 15 17 16 1A 1C 19 1D 24 35 33 30 31 1B 18 21 "
@@ -35,7 +36,7 @@ const char* const keyOfUsage =
     "3B 38 3A 37 3B 38 3A 37 FF FF FF FF FF FF FF FF "
     "FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF ";
 
-const char* const usageOfKey =
+const char* const kUsageOfKey =
     "04 16 07 09 0B 0A 1D 1B 06 19 64 05 14 1A 08 15 "
     "1C 17 1E 1F 20 21 23 22 2E 26 24 2D 25 27 30 12 "
     "18 2F 0C 13 28 0F 0D 34 0E 33 31 36 38 11 10 37 "
@@ -47,14 +48,14 @@ const char* const usageOfKey =
 // clang-format on
 
 TEST(KeyCodeConversion, everyUsageHasTheKeyOfTheTable) {
-    const std::vector<unsigned> expected = hexNumbers(keyOfUsage);
+    const std::vector<unsigned> expected = hexNumbers(kKeyOfUsage);
     ASSERT_EQ(expected.size(), 256U);
     for (unsigned usage = 0; usage < 256; ++usage)
         EXPECT_EQ(UsbToAdbKeycode(usage), expected[usage]) << "usage " << usage;
 }
 
 TEST(KeyCodeConversion, everyKeyHasTheLowestOfItsUsages) {
-    const std::vector<unsigned> expected = hexNumbers(usageOfKey);
+    const std::vector<unsigned> expected = hexNumbers(kUsageOfKey);
     ASSERT_EQ(expected.size(), 128U);
     for (unsigned key = 0; key < 128; ++key)
         EXPECT_EQ(AdbToUsbKeycode(key), expected[key]) << "key " << key;

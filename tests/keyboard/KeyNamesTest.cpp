@@ -1,14 +1,15 @@
 #include "keyboard/KeyNames.h"
-#include "TableLayout.h"
 
 #include <gtest/gtest.h>
+
+#include "TableLayout.h"
 
 using namespace quorvi;
 using quorvi::test::TableLayout;
 
 namespace {
 
-constexpr std::uint8_t command = 1;
+constexpr std::uint8_t kCommand = 1;
 
 struct KeyAndCharacter {
     std::uint8_t key;
@@ -16,23 +17,23 @@ struct KeyAndCharacter {
 };
 
 // What the keys of a small layout type with Command held.
-constexpr KeyAndCharacter keyboard[] = {{0x00, u'a'}, {0x12, u'1'}, {0x21, u'é'}, {0x06, u'ж'}, {0x31, u' '},
+constexpr KeyAndCharacter kKeyboard[] = {{0x00, u'a'}, {0x12, u'1'}, {0x21, u'é'}, {0x06, u'ж'}, {0x31, u' '},
     {0x24, 0x0D}, {0x30, 0x09}, {0x33, 0x08}, {0x35, 0x1B}, {0x47, 0x1B}, {0x4C, 0x03}, {0x53, u'1'},
     {0x41, u'.'}, {0x5C, u'9'}, {0x5D, u'¥'}, {0x40, 0x10}, {0x72, 0x05}, {0x73, 0x01}, {0x74, 0x0B},
     {0x75, 0x7F}, {0x77, 0x04}, {0x79, 0x0C}, {0x7B, 0x1C}, {0x7C, 0x1D}, {0x7D, 0x1F}, {0x7E, 0x1E},
     {0x0A, 0x02}, {0x38, u's'}, {0x7F, u'p'}};
 
-constexpr std::uint8_t functionKeyCodes[] = {
+constexpr std::uint8_t kFunctionKeyCodes[] = {
     0x7A, 0x78, 0x63, 0x76, 0x60, 0x61, 0x62, 0x64, 0x65, 0x6D, 0x67, 0x6F, 0x69, 0x6B, 0x71};
 
 class KeyNames : public testing::Test {
   protected:
     void SetUp() override {
         auto layout = std::make_shared<TableLayout>();
-        for (const KeyAndCharacter& entry : keyboard)
-            layout->types(entry.key, command, entry.character);
-        for (const std::uint8_t key : functionKeyCodes)
-            layout->types(key, command, 0x10);
+        for (const KeyAndCharacter& entry : kKeyboard)
+            layout->types(entry.key, kCommand, entry.character);
+        for (const std::uint8_t key : kFunctionKeyCodes)
+            layout->types(key, kCommand, 0x10);
         layout->types(0x01, 0, u's'); // without Command: not to be read
         SetCurrentKeyboardLayout(layout);
         ASSERT_EQ(GetKeyboardInformation(nullptr), 0);
@@ -80,7 +81,7 @@ TEST_F(KeyNames, withoutALayoutTheCharactersStayAndTheErrorIsReturned) {
 
 TEST_F(KeyNames, aNewLayoutReplacesEveryCharacter) {
     auto other = std::make_shared<TableLayout>();
-    other->types(0x00, command, u'q');
+    other->types(0x00, kCommand, u'q');
     SetCurrentKeyboardLayout(other);
     EXPECT_EQ(GetKeyboardInformation(nullptr), 0);
     EXPECT_EQ(GetKeyChar(0x00), 'q');
@@ -89,7 +90,7 @@ TEST_F(KeyNames, aNewLayoutReplacesEveryCharacter) {
 
 TEST_F(KeyNames, deadKeysDoNotReachTheNextKey) {
     auto layout = std::make_shared<TableLayout>();
-    layout->typesNothing(0x00, command, 9).types(0x01, command, u's').types(0x01, command, u'ŝ', 9);
+    layout->typesNothing(0x00, kCommand, 9).types(0x01, kCommand, u's').types(0x01, kCommand, u'ŝ', 9);
     SetCurrentKeyboardLayout(layout);
     EXPECT_EQ(GetKeyboardInformation(nullptr), 0);
     EXPECT_EQ(GetKeyChar(0x00), 0);
@@ -144,7 +145,7 @@ TEST_F(KeyNames, functionKeysHaveNumbers) {
     const char16_t* const names[] = {u"F1", u"F2", u"F3", u"F4", u"F5", u"F6", u"F7", u"F8", u"F9", u"F10",
         u"F11", u"F12", u"F13", u"F14", u"F15"};
     for (std::size_t i = 0; i < std::size(names); ++i)
-        EXPECT_EQ(GetKeyName(functionKeyCodes[i]), names[i]);
+        EXPECT_EQ(GetKeyName(kFunctionKeyCodes[i]), names[i]);
     EXPECT_EQ(GetKeyName(0x7A), u"F1");
     EXPECT_EQ(GetKeyName(0x71), u"F15");
     EXPECT_EQ(GetKeyName(0x40), u"F");
@@ -254,7 +255,7 @@ TEST_F(KeyNames, everyOtherKeyIsShownByItsCombinationsName) {
 
 TEST_F(KeyNames, aMenuKeyThatALayoutHasTypeSomethingIsShownByThat) {
     auto layout = std::make_shared<TableLayout>();
-    layout->types(0x6E, command, u'<');
+    layout->types(0x6E, kCommand, u'<');
     SetCurrentKeyboardLayout(layout);
     ASSERT_EQ(GetKeyboardInformation(nullptr), 0);
     EXPECT_EQ(shownKeyCombination(0x6E, 0), u"<");

@@ -1,18 +1,20 @@
 #include "keyboard/KeyTables.h"
-#include "TableLayout.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <gtest/gtest.h>
+
+#include "TableLayout.h"
 
 using namespace quorvi;
 using quorvi::test::TableLayout;
 
 namespace {
 
-constexpr std::uint8_t shift = 2;
-constexpr std::uint8_t capsLock = 4;
-constexpr std::uint8_t option = 8;
-constexpr std::uint8_t control = 16;
+constexpr std::uint8_t kShift = 2;
+constexpr std::uint8_t kCapsLock = 4;
+constexpr std::uint8_t kOption = 8;
+constexpr std::uint8_t kControl = 16;
 
 class KeyTables : public testing::Test {
   protected:
@@ -33,7 +35,7 @@ class KeyTables : public testing::Test {
 
 TEST_F(KeyTables, messageAndModifiersOfACharacter) {
     keys['A'] = 0x12;
-    modifiers['A'] = shift | option;
+    modifiers['A'] = kShift | kOption;
     keys[0xFF] = 0xFE;
     EXPECT_EQ(GetCharMessage(keys, 'A'), 0x1241);
     EXPECT_EQ(GetCharMessage(keys, 0xFF), 0xFEFF);
@@ -52,11 +54,13 @@ TEST_F(KeyTables, whatNoKeyTypesHasNoKeyAndNoModifiers) {
 
 TEST_F(KeyTables, everyModifierSetOfTheBuildIsTried) {
     layout->types(0x01, 0, u'a')
-        .types(0x02, shift, u'b')
-        .types(0x03, capsLock, u'c')
-        .types(0x04, option, u'd');
-    layout->types(0x05, shift | option, u'e').types(0x06, capsLock | option, u'f').types(0x07, control, u'g');
-    layout->types(0x08, 1, u'h').types(0x09, shift | control, u'i').types(0x0A, shift | capsLock, u'j');
+        .types(0x02, kShift, u'b')
+        .types(0x03, kCapsLock, u'c')
+        .types(0x04, kOption, u'd');
+    layout->types(0x05, kShift | kOption, u'e')
+        .types(0x06, kCapsLock | kOption, u'f')
+        .types(0x07, kControl, u'g');
+    layout->types(0x08, 1, u'h').types(0x09, kShift | kControl, u'i').types(0x0A, kShift | kCapsLock, u'j');
     build();
     EXPECT_EQ(keystroke('a'), 0x0100U);
     EXPECT_EQ(keystroke('b'), 0x0202U);
@@ -85,22 +89,22 @@ TEST_F(KeyTables, lowByteOfTheCharacterIsTheIndex) {
 
 TEST_F(KeyTables, theFirstKeystrokeStaysOnATie) {
     layout->types(0x10, 0, u'x').types(0x20, 0, u'x');
-    layout->types(0x21, shift, u'y').types(0x11, shift, u'y');
+    layout->types(0x21, kShift, u'y').types(0x11, kShift, u'y');
     build();
     EXPECT_EQ(keystroke('x'), 0x1000U);
     EXPECT_EQ(keystroke('y'), 0x1102U);
 }
 
 TEST_F(KeyTables, aCheaperKeystrokeReplacesADearerOne) {
-    layout->types(0x20, capsLock, u'x').types(0x10, option, u'x'); // Caps Lock is tried before Option
-    layout->types(0x21, shift, u'y').types(0x11, option, u'y');
+    layout->types(0x20, kCapsLock, u'x').types(0x10, kOption, u'x'); // Caps Lock is tried before Option
+    layout->types(0x21, kShift, u'y').types(0x11, kOption, u'y');
     build();
     EXPECT_EQ(keystroke('x'), 0x1008U);
     EXPECT_EQ(keystroke('y'), 0x2102U);
 }
 
 TEST_F(KeyTables, mainKeyboardWinsOverTheKeypadEvenWithModifiers) {
-    layout->types(0x57, 0, u'5').types(0x17, shift, u'5');
+    layout->types(0x57, 0, u'5').types(0x17, kShift, u'5');
     build();
     EXPECT_EQ(keystroke('5'), 0x1702U);
     ASSERT_TRUE(UpdateKeyTables(&keys, &modifiers));
@@ -108,7 +112,7 @@ TEST_F(KeyTables, mainKeyboardWinsOverTheKeypadEvenWithModifiers) {
 }
 
 TEST_F(KeyTables, keypadWinsWhereItIsPreferred) {
-    layout->types(0x17, 0, u'5').types(0x57, shift, u'5');
+    layout->types(0x17, 0, u'5').types(0x57, kShift, u'5');
     build(true);
     EXPECT_EQ(keystroke('5'), 0x5702U);
     build(false);
@@ -116,7 +120,7 @@ TEST_F(KeyTables, keypadWinsWhereItIsPreferred) {
 }
 
 TEST_F(KeyTables, escapeWinsOverClear) {
-    layout->types(0x47, 0, 0x1B).types(0x35, option, 0x1B);
+    layout->types(0x47, 0, 0x1B).types(0x35, kOption, 0x1B);
     build();
     EXPECT_EQ(keystroke(0x1B), 0x3508U);
 }
@@ -130,7 +134,7 @@ TEST_F(KeyTables, aKeyThatTypesNothingStandsForTheCharacterBeforeIt) {
 
 TEST_F(KeyTables, theCharacterBeforeOutlivesFailuresAndTheModifierSet) {
     layout->types(0x50, 0, u'a'); // nothing after it can be translated until the next set's key 0x30
-    layout->typesNothing(0x30, shift);
+    layout->typesNothing(0x30, kShift);
     build();
     EXPECT_EQ(keystroke('a'), 0x3002U);
     EXPECT_EQ(keystroke(0), 0xFF00U);
@@ -144,7 +148,7 @@ TEST_F(KeyTables, aKeyThatTypesNothingAtTheVeryStartStandsForCharacterZero) {
 
 TEST_F(KeyTables, deadKeyStateRunsOnThroughTheWholeBuild) {
     layout->types(0x10, 0, u'o').typesNothing(0x70, 0, 3); // dead key, last of the first modifier set
-    layout->types(0x01, shift, u'A').types(0x01, shift, u'Z', 3).types(0x02, shift, u'B');
+    layout->types(0x01, kShift, u'A').types(0x01, kShift, u'Z', 3).types(0x02, kShift, u'B');
     build();
     EXPECT_EQ(keystroke('Z'), 0x0102U);
     EXPECT_EQ(keystroke('A'), 0xFF00U);
@@ -171,14 +175,14 @@ TEST_F(KeyTables, anOldStyleLayoutDoesNotDo) {
 }
 
 TEST_F(KeyTables, setupMakesAndFillsTwoTables) {
-    layout->types(0x17, 0, u'5').types(0x57, 0, u'5').types(0x00, shift, u'A');
+    layout->types(0x17, 0, u'5').types(0x57, 0, u'5').types(0x00, kShift, u'A');
     KeyTableSlot keySlot;
     KeyTableSlot modifierSlot;
     ASSERT_TRUE(SetupKeyTables(&keySlot, &modifierSlot));
     EXPECT_EQ(keySlot->at('5'), 0x17);
     EXPECT_EQ(keySlot->at('A'), 0x00);
     EXPECT_EQ(keySlot->at('B'), 0xFF);
-    EXPECT_EQ(modifierSlot->at('A'), shift);
+    EXPECT_EQ(modifierSlot->at('A'), kShift);
     ASSERT_TRUE(SetupKeyTablesNumPad(&keySlot, &modifierSlot, true));
     EXPECT_EQ(keySlot->at('5'), 0x57);
 }
@@ -224,9 +228,9 @@ TEST(BetterKeystroke, keysOutside64To95WinOtherwise) {
 }
 
 TEST(BetterKeystroke, twoKeypadKeysAreComparedByCost) {
-    EXPECT_TRUE(IsBetterKeystroke(0x53, 0, 0x54, shift, true));
-    EXPECT_FALSE(IsBetterKeystroke(0x53, shift, 0x54, 0, true));
-    EXPECT_TRUE(IsBetterKeystroke(0x53, 0, 0x54, shift, false));
+    EXPECT_TRUE(IsBetterKeystroke(0x53, 0, 0x54, kShift, true));
+    EXPECT_FALSE(IsBetterKeystroke(0x53, kShift, 0x54, 0, true));
+    EXPECT_TRUE(IsBetterKeystroke(0x53, 0, 0x54, kShift, false));
 }
 
 TEST(BetterKeystroke, modifiersFromCheapToDear) {

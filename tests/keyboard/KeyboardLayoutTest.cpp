@@ -1,7 +1,8 @@
 #include "keyboard/KeyboardLayout.h"
-#include "TableLayout.h"
 
 #include <gtest/gtest.h>
+
+#include "TableLayout.h"
 
 using namespace quorvi;
 using quorvi::test::TableLayout;

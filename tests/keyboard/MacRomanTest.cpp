@@ -1,6 +1,7 @@
 #include "keyboard/MacRoman.h"
 
 #include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
 
@@ -9,9 +10,9 @@ using namespace quorvi;
 namespace {
 
 // 0x80 to 0xFF in order; the private-use character at 0xF0.
-constexpr std::u16string_view upperHalf = u"ÄÅÇÉÑÖÜáàâäãåçéèêëíìîïñóòôöõúùûü†°¢£§•¶ß®©™´¨≠ÆØ∞±≤≥¥µ∂∑∏π∫ªºΩæø"
-                                          u"¿¡¬√ƒ≈∆«»…\u00A0ÀÃÕŒœ–—“”‘’÷◊ÿŸ⁄€‹›ﬁﬂ‡·‚„‰ÂÊÁËÈÍÎÏÌÓÔ"
-                                          u"\uF8FFÒÚÛÙıˆ˜¯˘˙˚¸˝˛ˇ";
+constexpr std::u16string_view kUpperHalf = u"ÄÅÇÉÑÖÜáàâäãåçéèêëíìîïñóòôöõúùûü†°¢£§•¶ß®©™´¨≠ÆØ∞±≤≥¥µ∂∑∏π∫ªºΩæø"
+                                           u"¿¡¬√ƒ≈∆«»…\u00A0ÀÃÕŒœ–—“”‘’÷◊ÿŸ⁄€‹›ﬁﬂ‡·‚„‰ÂÊÁËÈÍÎÏÌÓÔ"
+                                           u"\uF8FFÒÚÛÙıˆ˜¯˘˙˚¸˝˛ˇ";
 
 TEST(MacRoman, lowerHalfIsAscii) {
     for (unsigned byte = 0; byte < 0x80; ++byte) {
@@ -21,10 +22,10 @@ TEST(MacRoman, lowerHalfIsAscii) {
 }
 
 TEST(MacRoman, upperHalfBothWays) {
-    ASSERT_EQ(upperHalf.size(), 128U);
+    ASSERT_EQ(kUpperHalf.size(), 128U);
     for (unsigned index = 0; index < 128; ++index) {
-        EXPECT_EQ(MacRomanToUnicode(static_cast<std::uint8_t>(0x80 + index)), upperHalf[index]) << index;
-        EXPECT_EQ(UnicodeToMacRoman(upperHalf[index]), 0x80 + index) << index;
+        EXPECT_EQ(MacRomanToUnicode(static_cast<std::uint8_t>(0x80 + index)), kUpperHalf[index]) << index;
+        EXPECT_EQ(UnicodeToMacRoman(kUpperHalf[index]), 0x80 + index) << index;
     }
 }
 

@@ -1,7 +1,8 @@
-#include "keyboard/KeyCodeConversion.h"
+#include <gtest/gtest.h>
 
 #include <array>
-#include <gtest/gtest.h>
+
+#include "keyboard/KeyCodeConversion.h"
 
 using namespace quorvi;
 

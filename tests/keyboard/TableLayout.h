@@ -1,10 +1,10 @@
 // A keyboard layout given as a table of what each keystroke types.
 #pragma once
 
-#include "keyboard/KeyboardLayout.h"
-
 #include <map>
 #include <tuple>
+
+#include "keyboard/KeyboardLayout.h"
 
 namespace quorvi::test {
 

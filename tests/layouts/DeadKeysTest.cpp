@@ -1,6 +1,7 @@
 #include "layouts/DeadKeys.h"
 
 #include <gtest/gtest.h>
+
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace quorvi;

@@ -1,6 +1,7 @@
 #include "layouts/KeymapNames.h"
 
 #include <gtest/gtest.h>
+
 #include <map>
 
 using namespace quorvi;

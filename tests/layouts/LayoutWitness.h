@@ -1,14 +1,16 @@
 // What every printing key of a layout is to be named, by libxkbcommon asked directly and by the C library.
 #pragma once
 
-#include "keyboard/KeyNames.h"
+#include <gtest/gtest.h>
 
 #include <cstdint>
-#include <gtest/gtest.h>
-#include <iconv.h>
 #include <map>
 #include <memory>
+
+#include <iconv.h>
 #include <xkbcommon/xkbcommon.h>
+
+#include "keyboard/KeyNames.h"
 
 namespace quorvi::test {
 

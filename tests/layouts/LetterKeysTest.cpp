@@ -1,8 +1,10 @@
 // Which key types which letter in a shortcut, under layouts that are installed.
+#include "layouts/LetterKeys.h"
+
 #include <gtest/gtest.h>
+
 #include <linux/input-event-codes.h>
 
-#include "layouts/LetterKeys.h"
 #include "layouts/XkbKeyboardLayout.h"
 
 namespace quorvi::test {

@@ -1,7 +1,7 @@
 // The layout of real Wayland compositors, while it changes and while keyboards come and go.
-#include <wayland-client.h>
-
 #include <csignal>
+
+#include <wayland-client.h>
 
 #include "layouts/LiveLayoutTools.h"
 #include "layouts/WaylandKeyboardLayout.h"

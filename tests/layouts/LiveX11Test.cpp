@@ -9,8 +9,8 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr const char* shiftKeyCode = "62"; // a name would make xdotool press the other Shift as well
-constexpr const char* capsLockKeyCode = "66";
+constexpr const char* kShiftKeyCode = "62"; // a name would make xdotool press the other Shift as well
+constexpr const char* kCapsLockKeyCode = "66";
 
 class LiveX11 : public testing::Test {
   protected:
@@ -85,12 +85,12 @@ TEST_F(LiveX11, pressedModifiersWakeNobodyUp) {
     (void)live->layout();
     Changes changes(*live);
     // The first press makes xdotool's own device the source of the core keyboard, which the server announces.
-    ASSERT_TRUE(display.xdotool({"key", shiftKeyCode}));
+    ASSERT_TRUE(display.xdotool({"key", kShiftKeyCode}));
     display.settle();
     changes.drain();
     const int before = changes.count();
 
-    ASSERT_TRUE(display.xdotool({"key", shiftKeyCode, capsLockKeyCode, shiftKeyCode, capsLockKeyCode}));
+    ASSERT_TRUE(display.xdotool({"key", kShiftKeyCode, kCapsLockKeyCode, kShiftKeyCode, kCapsLockKeyCode}));
     display.settle();
     EXPECT_FALSE(changes.isReadable());
 

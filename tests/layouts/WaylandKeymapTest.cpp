@@ -2,7 +2,9 @@
 #include "layouts/WaylandKeymap.h"
 
 #include <gtest/gtest.h>
+
 #include <string>
+
 #include <sys/mman.h>
 #include <unistd.h>
 

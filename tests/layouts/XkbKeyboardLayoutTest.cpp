@@ -1,22 +1,24 @@
 #include "layouts/XkbKeyboardLayout.h"
 
-#include "keyboard/KeyNames.h"
-#include "keyboard/KeyTables.h"
+#include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <gtest/gtest.h>
 #include <memory>
+
 #include <xkbcommon/xkbcommon.h>
+
+#include "keyboard/KeyNames.h"
+#include "keyboard/KeyTables.h"
 
 using namespace quorvi;
 
 namespace {
 
-constexpr std::uint8_t command = 1;
-constexpr std::uint8_t shift = 2;
-constexpr std::uint8_t capsLock = 4;
-constexpr std::uint8_t option = 8;
-constexpr std::uint8_t control = 16;
+constexpr std::uint8_t kCommand = 1;
+constexpr std::uint8_t kShift = 2;
+constexpr std::uint8_t kCapsLock = 4;
+constexpr std::uint8_t kOption = 8;
+constexpr std::uint8_t kControl = 16;
 
 KeyboardLayoutRef named(const char* layout, const char* variant = "") {
     return makeKeyboardLayout({"evdev", "pc105", layout, variant, ""});
@@ -66,44 +68,44 @@ TEST(XkbKeyboardLayout, modifierKeysAndPositionsWithoutAKeyTypeNothing) {
 TEST(XkbKeyboardLayout, shiftAndCapsLockChooseTheLevel) {
     const KeyboardLayoutRef us = named("us");
     EXPECT_EQ(typed(us, 0x00), u'a');
-    EXPECT_EQ(typed(us, 0x00, shift), u'A');
-    EXPECT_EQ(typed(us, 0x00, capsLock), u'A');
-    EXPECT_EQ(typed(us, 0x00, capsLock | shift), u'a');
+    EXPECT_EQ(typed(us, 0x00, kShift), u'A');
+    EXPECT_EQ(typed(us, 0x00, kCapsLock), u'A');
+    EXPECT_EQ(typed(us, 0x00, kCapsLock | kShift), u'a');
     EXPECT_EQ(typed(us, 0x12), u'1');
-    EXPECT_EQ(typed(us, 0x12, shift), u'!');
-    EXPECT_EQ(typed(us, 0x12, capsLock), u'1');
+    EXPECT_EQ(typed(us, 0x12, kShift), u'!');
+    EXPECT_EQ(typed(us, 0x12, kCapsLock), u'1');
 }
 
 TEST(XkbKeyboardLayout, optionIsTheThirdLevel) {
     const KeyboardLayoutRef de = named("de");
-    EXPECT_EQ(typed(de, 0x0C, option), u'@');
-    EXPECT_EQ(typed(de, 0x0E, option), u'€');
-    EXPECT_EQ(typed(de, 0x1A, option), u'{');
-    EXPECT_EQ(typed(named("gb"), 0x15, option), u'€');
-    EXPECT_EQ(typed(named("se"), 0x13, option), u'@');
-    EXPECT_EQ(typed(named("us"), 0x00, option), u'a'); // has no third level there
+    EXPECT_EQ(typed(de, 0x0C, kOption), u'@');
+    EXPECT_EQ(typed(de, 0x0E, kOption), u'€');
+    EXPECT_EQ(typed(de, 0x1A, kOption), u'{');
+    EXPECT_EQ(typed(named("gb"), 0x15, kOption), u'€');
+    EXPECT_EQ(typed(named("se"), 0x13, kOption), u'@');
+    EXPECT_EQ(typed(named("us"), 0x00, kOption), u'a'); // has no third level there
 }
 
 TEST(XkbKeyboardLayout, controlTurnsLettersIntoControlCharacters) {
     const KeyboardLayoutRef us = named("us");
-    EXPECT_EQ(typed(us, 0x00, control), 0x01);
-    EXPECT_EQ(typed(us, 0x06, control), 0x1A);
-    EXPECT_EQ(typed(us, 0x00, control | shift), 0x01);
-    EXPECT_EQ(typed(us, 0x21, control), 0x1B);
-    EXPECT_EQ(typed(us, 0x2A, control), 0x1C);
-    EXPECT_EQ(typed(us, 0x1E, control), 0x1D);
-    EXPECT_EQ(typed(us, 0x13, control | shift), 0x00);
-    EXPECT_EQ(typed(us, 0x1B, control | shift), 0x1F);
-    EXPECT_EQ(typed(us, 0x12, control), u'1');
-    EXPECT_EQ(typed(us, 0x31, control), u' ');
-    EXPECT_EQ(typed(named("de"), 0x27, control), u'ä');
+    EXPECT_EQ(typed(us, 0x00, kControl), 0x01);
+    EXPECT_EQ(typed(us, 0x06, kControl), 0x1A);
+    EXPECT_EQ(typed(us, 0x00, kControl | kShift), 0x01);
+    EXPECT_EQ(typed(us, 0x21, kControl), 0x1B);
+    EXPECT_EQ(typed(us, 0x2A, kControl), 0x1C);
+    EXPECT_EQ(typed(us, 0x1E, kControl), 0x1D);
+    EXPECT_EQ(typed(us, 0x13, kControl | kShift), 0x00);
+    EXPECT_EQ(typed(us, 0x1B, kControl | kShift), 0x1F);
+    EXPECT_EQ(typed(us, 0x12, kControl), u'1');
+    EXPECT_EQ(typed(us, 0x31, kControl), u' ');
+    EXPECT_EQ(typed(named("de"), 0x27, kControl), u'ä');
 }
 
 TEST(XkbKeyboardLayout, commandIsNoPartOfTheLevel) {
     const KeyboardLayoutRef de = named("de");
-    EXPECT_EQ(typed(de, 0x10, command), u'z');
-    EXPECT_EQ(typed(de, 0x10, command | shift), u'Z');
-    EXPECT_EQ(typed(de, 0x0C, command | option), u'@');
+    EXPECT_EQ(typed(de, 0x10, kCommand), u'z');
+    EXPECT_EQ(typed(de, 0x10, kCommand | kShift), u'Z');
+    EXPECT_EQ(typed(de, 0x0C, kCommand | kOption), u'@');
 }
 
 TEST(XkbKeyboardLayout, keypadTypesDigitsWhateverIsHeld) {
@@ -128,9 +130,9 @@ TEST(XkbKeyboardLayout, isoKeyIsTheOneBesideTheLeftShift) {
 TEST(XkbKeyboardLayout, japaneseKeys) {
     const KeyboardLayoutRef jp = named("jp");
     EXPECT_EQ(typed(jp, 0x5D), u'\\');
-    EXPECT_EQ(typed(jp, 0x5D, shift), u'|');
+    EXPECT_EQ(typed(jp, 0x5D, kShift), u'|');
     EXPECT_EQ(typed(jp, 0x5E), u'\\');
-    EXPECT_EQ(typed(jp, 0x5E, shift), u'_');
+    EXPECT_EQ(typed(jp, 0x5E, kShift), u'_');
     EXPECT_EQ(typed(jp, 0x66), 0);
     EXPECT_EQ(typed(jp, 0x68), 0);
 }
@@ -174,29 +176,29 @@ TEST(XkbKeyboardLayout, deadKeyTwiceOrWithSpaceTypesItsAccent) {
 
 TEST(XkbKeyboardLayout, deadKeyTypesItsAccentWithCommand) {
     std::uint32_t state = 0;
-    EXPECT_EQ(named("de")->translate(0x32, command, state).character, u'^');
+    EXPECT_EQ(named("de")->translate(0x32, kCommand, state).character, u'^');
     EXPECT_EQ(state, 0U);
-    EXPECT_EQ(typed(named("fr"), 0x21, command), u'^');
+    EXPECT_EQ(typed(named("fr"), 0x21, kCommand), u'^');
 }
 
 TEST(XkbKeyboardLayout, lettersOfOtherAlphabetsAreTypedButNotForShortcuts) {
     const KeyboardLayoutRef ru = named("ru");
     EXPECT_EQ(typed(ru, 0x00), u'ф');
-    EXPECT_EQ(typed(ru, 0x00, command), u'a');
+    EXPECT_EQ(typed(ru, 0x00, kCommand), u'a');
     EXPECT_EQ(typed(ru, 0x2C), u'.');
-    EXPECT_EQ(typed(ru, 0x2C, command), u'/'); // as a whole, or two keys would be the period
-    EXPECT_EQ(typed(ru, 0x2F, command), u'.');
+    EXPECT_EQ(typed(ru, 0x2C, kCommand), u'/'); // as a whole, or two keys would be the period
+    EXPECT_EQ(typed(ru, 0x2F, kCommand), u'.');
 }
 
 TEST(XkbKeyboardLayout, shortcutsAreThoseOfTheFirstLatinLayoutOfTheKeymap) {
-    EXPECT_EQ(typed(named("ru,gr,fr,us"), 0x00, command), u'q');
+    EXPECT_EQ(typed(named("ru,gr,fr,us"), 0x00, kCommand), u'q');
     EXPECT_EQ(typed(named("ru,gr,fr,us"), 0x00), u'ф');
-    EXPECT_EQ(typed(named("us,fr"), 0x00, command), u'a');
+    EXPECT_EQ(typed(named("us,fr"), 0x00, kCommand), u'a');
 }
 
 TEST(XkbKeyboardLayout, mostOfTheAlphabetMakesALatinLayout) {
-    EXPECT_EQ(typed(named("epo"), 0x0C, command), u'ŝ');        // has 22 of the letters
-    EXPECT_EQ(typed(named("in", "guru"), 0x00, command), u'a'); // has one that strayed in
+    EXPECT_EQ(typed(named("epo"), 0x0C, kCommand), u'ŝ');        // has 22 of the letters
+    EXPECT_EQ(typed(named("in", "guru"), 0x00, kCommand), u'a'); // has one that strayed in
 }
 
 TEST(XkbKeyboardLayout, layoutOfAnyKeymapAndItsActiveGroup) {
@@ -211,7 +213,7 @@ TEST(XkbKeyboardLayout, layoutOfAnyKeymapAndItsActiveGroup) {
     } // the layouts hold the keymap themselves
     EXPECT_EQ(typed(first, 0x10), u'z');
     EXPECT_EQ(typed(second, 0x10), u'н');
-    EXPECT_EQ(typed(second, 0x10, command), u'z');
+    EXPECT_EQ(typed(second, 0x10, kCommand), u'z');
     EXPECT_EQ(typed(past, 0x10), u'z');
     EXPECT_EQ(makeKeyboardLayout(static_cast<xkb_keymap*>(nullptr), 0), nullptr);
 }

@@ -1,9 +1,10 @@
+#include "loginitems/AutostartLoginItemStore.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "loginitems/AutostartLoginItemStore.h"
 #include "loginitems/FailingCalls.h"
 #include "loginitems/LoginItems.h"
 #include "support/Files.h"

@@ -1,13 +1,14 @@
-#include <gtest/gtest.h>
+#include "loginitems/DesktopEntry.h"
 
-#include <sys/stat.h>
+#include <gtest/gtest.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <thread>
 
+#include <sys/stat.h>
+
 #include "loginitems/AutostartLoginItemStore.h"
-#include "loginitems/DesktopEntry.h"
 #include "loginitems/LoginItems.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,7 @@
 #include "loginitems/LoginItemLists.h"
 
 #include <filesystem>
+
 #include <sys/stat.h>
 
 #include "loginitems/AutostartLoginItemStore.h"

@@ -1,8 +1,8 @@
+#include "loginitems/PathText.h"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
-
-#include "loginitems/PathText.h"
 
 namespace quorvi::test {
 

@@ -1,10 +1,11 @@
+#include "loginitems/PropertyListLoginItemStore.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
 #include "loginitems/FailingCalls.h"
 #include "loginitems/LoginItems.h"
-#include "loginitems/PropertyListLoginItemStore.h"
 #include "plist/Reader.h"
 #include "support/TemporaryFolder.h"
 

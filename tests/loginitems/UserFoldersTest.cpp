@@ -1,6 +1,7 @@
+#include "loginitems/UserFolders.h"
+
 #include <gtest/gtest.h>
 
-#include "loginitems/UserFolders.h"
 #include "support/EnvironmentVariable.h"
 
 namespace quorvi::test {

@@ -1,7 +1,6 @@
-#include "model/SettingsDocument.h"
-
 #include <gtest/gtest.h>
 
+#include "model/SettingsDocument.h"
 #include "model/Trees.h"
 
 namespace quorvi {
@@ -11,7 +10,7 @@ using namespace test;
 using plist::Dictionary;
 using plist::Value;
 
-const Value cleared = dict({{"command", 0}});
+const Value kCleared = dict({{"command", 0}});
 
 Dictionary profileWithButtons(Dictionary buttons) {
     const auto result = profile();
@@ -29,9 +28,9 @@ TEST(cleanUpSettings, clearsAssignmentsToAMacroThatIsGone) {
         tree(list({profileWithButtons(dict({{"01", assignment(65, 3, 9)}, {"02", assignment(65, 4, 9)}})),
                  profileWithButtons(dict({{"09", assignment(65, 3, 0)}}))}),
             list({macro(4)}));
-    EXPECT_EQ(afterCleanUp(live, "01"), cleared);
+    EXPECT_EQ(afterCleanUp(live, "01"), kCleared);
     EXPECT_EQ(afterCleanUp(live, "02"), Value(assignment(65, 4, 9)));
-    EXPECT_EQ(afterCleanUp(live, "09", 1), cleared);
+    EXPECT_EQ(afterCleanUp(live, "09", 1), kCleared);
 }
 
 TEST(cleanUpSettings, clearsAssignmentsToAProfileNumberOutsideTheCount) {
@@ -41,11 +40,11 @@ TEST(cleanUpSettings, clearsAssignmentsToAProfileNumberOutsideTheCount) {
                  {"03", assignment(34, 1, 0)}, {"04", assignment(34, 0, 0)}, {"05", assignment(34, -1, 0)}})),
                 profile()}),
         list());
-    EXPECT_EQ(afterCleanUp(live, "01"), cleared);
+    EXPECT_EQ(afterCleanUp(live, "01"), kCleared);
     EXPECT_EQ(afterCleanUp(live, "02"), Value(assignment(34, 2, 0)));
     EXPECT_EQ(afterCleanUp(live, "03"), Value(assignment(34, 1, 0)));
-    EXPECT_EQ(afterCleanUp(live, "04"), cleared);
-    EXPECT_EQ(afterCleanUp(live, "05"), cleared);
+    EXPECT_EQ(afterCleanUp(live, "04"), kCleared);
+    EXPECT_EQ(afterCleanUp(live, "05"), kCleared);
 }
 
 TEST(cleanUpSettings, leavesEveryOtherCommandAlone) {
@@ -63,7 +62,7 @@ TEST(cleanUpSettings, emptiesTheAssignmentInPlace) {
     dangling.set("note", u"goes with the rest");
     const auto live = tree(list({profileWithButtons(dict({{"07", dangling}}))}), list());
     cleanUpSettings(live);
-    EXPECT_EQ(Value(dangling), cleared);
+    EXPECT_EQ(Value(dangling), kCleared);
     EXPECT_TRUE(
         live.array("profiles").dictionary(0).dictionary("buttons").dictionary("07").isSameAs(dangling));
 }
@@ -79,13 +78,13 @@ TEST(cleanUpSettings, looksAtTheNineButtonsOnly) {
 TEST(cleanUpSettings, neverFindsAMacroByANegativeIdentifier) {
     const auto live =
         tree(list({profileWithButtons(dict({{"01", assignment(65, -1, 0)}}))}), list({macro(-1)}));
-    EXPECT_EQ(afterCleanUp(live, "01"), cleared);
+    EXPECT_EQ(afterCleanUp(live, "01"), kCleared);
 }
 
 TEST(cleanUpSettings, takesMissingMacrosForNone) {
     const auto live = tree(list({profileWithButtons(dict({{"01", assignment(65, 0, 0)}}))}), list());
     live.remove("macros");
-    EXPECT_EQ(afterCleanUp(live, "01"), cleared);
+    EXPECT_EQ(afterCleanUp(live, "01"), kCleared);
 }
 
 TEST(cleanUpSettings, countsProfilesOfAnyKind) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 

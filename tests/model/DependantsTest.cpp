@@ -1,8 +1,9 @@
 // Which inputs depend on a macro or a profile.
 
+#include "model/Dependants.h"
+
 #include <gtest/gtest.h>
 
-#include "model/Dependants.h"
 #include "model/Keys.h"
 #include "model/Trees.h"
 

@@ -1,12 +1,13 @@
 // Single profiles and macros in files of their own.
 
+#include "model/ItemFile.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "model/ItemFile.h"
 #include "model/Trees.h"
 #include "plist/Writer.h"
 #include "support/Files.h"

@@ -8,7 +8,7 @@ namespace quorvi {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-const std::u16string twentyUnits = u"ABCDEFGHIJKLMNOPQRST";
+const std::u16string kTwentyUnits = u"ABCDEFGHIJKLMNOPQRST";
 
 std::size_t store(const std::u16string& string, Bytes& buffer) {
     return KyvarStringToName(&string, buffer.data(), buffer.size());
@@ -28,7 +28,7 @@ TEST(KyvarStringToName, writesNoByteOrderMarkButKeepsOneOfTheString) {
 
 TEST(KyvarStringToName, cutsTheStringAtTheSize) {
     Bytes name(40, 0xA5);
-    EXPECT_EQ(store(twentyUnits + u"U", name), 40U);
+    EXPECT_EQ(store(kTwentyUnits + u"U", name), 40U);
     EXPECT_EQ(name[38], 'T');
     EXPECT_EQ(name[39], 0);
 }
@@ -65,7 +65,7 @@ TEST(KyvarStringToName, givesZeroAndAZeroedBufferForAMissingString) {
 }
 
 TEST(KyvarStringToName, givesZeroForAMissingBuffer) {
-    EXPECT_EQ(KyvarStringToName(&twentyUnits, nullptr, 40), 0U);
+    EXPECT_EQ(KyvarStringToName(&kTwentyUnits, nullptr, 40), 0U);
 }
 
 TEST(KyvarNameLength, countsUnitsBeforeTheFirstZeroUnit) {
@@ -102,10 +102,10 @@ TEST(KyvarNameToString, givesNothingForAMissingName) {
 
 TEST(KyvarNameToString, readsTwentyUnitsWithoutTerminatorAndDropsTheTwentyFirst) {
     Bytes name(40);
-    store(twentyUnits, name);
-    EXPECT_EQ(KyvarNameToString(name.data(), name.size()), twentyUnits);
-    store(twentyUnits + u"U", name);
-    EXPECT_EQ(KyvarNameToString(name.data(), name.size()), twentyUnits);
+    store(kTwentyUnits, name);
+    EXPECT_EQ(KyvarNameToString(name.data(), name.size()), kTwentyUnits);
+    store(kTwentyUnits + u"U", name);
+    EXPECT_EQ(KyvarNameToString(name.data(), name.size()), kTwentyUnits);
 }
 
 TEST(KyvarNameToString, keepsHalfASurrogatePair) {

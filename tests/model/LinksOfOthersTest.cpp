@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+
 #include <unistd.h>
 
 #include "base/AtomicFile.h"

@@ -11,9 +11,9 @@ using namespace test;
 using plist::Array;
 using plist::Dictionary;
 
-const std::u16string jump = u"Jump";
-const std::u16string run = u"Run";
-const std::u16string empty;
+const std::u16string kJump = u"Jump";
+const std::u16string kRun = u"Run";
+const std::u16string kEmpty;
 
 Array macrosWithIds(std::initializer_list<int> ids) {
     const auto macros = list();
@@ -28,21 +28,23 @@ Dictionary profileWithButtons(Dictionary buttons) {
 
 TEST(KyvarFindProfileInArray, givesTheFirstProfileOfTheName) {
     const auto profiles = list({5, profile(u"Walk"), dict(), profile(u"Run"), profile(u"Run")});
-    EXPECT_EQ(KyvarFindProfileInArray(&run, profiles), 3);
+    EXPECT_EQ(KyvarFindProfileInArray(&kRun, profiles), 3);
 }
 
 TEST(KyvarFindProfileInArray, comparesCaseAndWholeNames) {
-    EXPECT_EQ(KyvarFindProfileInArray(&run, list({profile(u"run"), profile(u"Runner"), profile(u"Ru")})), -1);
+    EXPECT_EQ(
+        KyvarFindProfileInArray(&kRun, list({profile(u"run"), profile(u"Runner"), profile(u"Ru")})), -1);
 }
 
 TEST(KyvarFindProfileInArray, findsNothingForNothing) {
     EXPECT_EQ(KyvarFindProfileInArray(nullptr, list({profile(), dict()})), -1);
-    EXPECT_EQ(KyvarFindProfileInArray(&run, {}), -1);
-    EXPECT_EQ(KyvarFindProfileInArray(&run, list()), -1);
+    EXPECT_EQ(KyvarFindProfileInArray(&kRun, {}), -1);
+    EXPECT_EQ(KyvarFindProfileInArray(&kRun, list()), -1);
 }
 
 TEST(KyvarFindProfileInArray, doesNotTakeAMissingNameForAnEmptyOne) {
-    EXPECT_EQ(KyvarFindProfileInArray(&empty, list({dict(), dict({{"name", 5}}), dict({{"name", u""}})})), 2);
+    EXPECT_EQ(
+        KyvarFindProfileInArray(&kEmpty, list({dict(), dict({{"name", 5}}), dict({{"name", u""}})})), 2);
 }
 
 TEST(KyvarFindMacroInArray, findsByIdentifier) {
@@ -52,15 +54,15 @@ TEST(KyvarFindMacroInArray, findsByIdentifier) {
 
 TEST(KyvarFindMacroInArray, findsByNameWithANegativeIdentifier) {
     const auto macros = list({macro(-1, u"Walk"), macro(2, u"Run")});
-    EXPECT_EQ(KyvarFindMacroInArray(-1, &run, macros), 1);
+    EXPECT_EQ(KyvarFindMacroInArray(-1, &kRun, macros), 1);
     EXPECT_EQ(KyvarFindMacroInArray(-1, nullptr, macros), -1);
 }
 
 TEST(KyvarFindMacroInArray, takesTheFirstElementThatMatchesEitherWay) {
     const auto macros = list({macro(1, u"Walk"), macro(2, u"Run"), macro(3, u"Jump")});
-    EXPECT_EQ(KyvarFindMacroInArray(3, &run, macros), 1);
-    EXPECT_EQ(KyvarFindMacroInArray(2, &jump, macros), 1);
-    EXPECT_EQ(KyvarFindMacroInArray(9, &jump, macros), 2);
+    EXPECT_EQ(KyvarFindMacroInArray(3, &kRun, macros), 1);
+    EXPECT_EQ(KyvarFindMacroInArray(2, &kJump, macros), 1);
+    EXPECT_EQ(KyvarFindMacroInArray(9, &kJump, macros), 2);
 }
 
 TEST(KyvarFindMacroInArray, skipsElementsThatAreNoDictionary) {
@@ -72,7 +74,7 @@ TEST(KyvarFindMacroInArray, readsAMissingIdentifierAsZero) {
 }
 
 TEST(KyvarFindMacroInArray, findsNothingInNoArray) {
-    EXPECT_EQ(KyvarFindMacroInArray(0, &jump, {}), -1);
+    EXPECT_EQ(KyvarFindMacroInArray(0, &kJump, {}), -1);
 }
 
 TEST(KyvarFindUnusedMacroID, givesTheLowestFreeIdentifier) {

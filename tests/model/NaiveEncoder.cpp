@@ -10,7 +10,7 @@ using plist::Array;
 using plist::Dictionary;
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::array<const char*, 9> buttonKeys = {"01", "02", "03", "04", "05", "06", "07", "08", "09"};
+constexpr std::array<const char*, 9> kButtonKeys = {"01", "02", "03", "04", "05", "06", "07", "08", "09"};
 
 std::uint8_t low(std::int64_t value) {
     return static_cast<std::uint8_t>(value & 255);
@@ -128,7 +128,7 @@ bool putProfile(Bytes& out, std::size_t slot, const Dictionary& profile) {
         out[at + 5 + 2 * i] = stage ? dpiCode(stage, "dpiy") : 0;
     }
     for (std::size_t number = 1; number <= 9; ++number) {
-        const auto assignment = buttons.dictionary(buttonKeys[number - 1]);
+        const auto assignment = buttons.dictionary(kButtonKeys[number - 1]);
         const std::size_t entry = at + 20 + 4 * (number - 1);
         out[entry] = assignment ? low(static_cast<std::int64_t>(number)) : 0;
         out[entry + 1] = low(assignment.integer("command"));

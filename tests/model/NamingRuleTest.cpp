@@ -1,10 +1,10 @@
 // The one rule by which profiles and macros get their names.
 
+#include "model/NamingRule.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
-
-#include "model/NamingRule.h"
 
 namespace quorvi {
 namespace {

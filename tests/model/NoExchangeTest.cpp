@@ -2,12 +2,13 @@
 // there, and lose as little.
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <functional>
-#include <sys/file.h>
 #include <thread>
-#include <unistd.h>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include "base/ForkedChild.h"
 #include "model/ConfigFileFixture.h"

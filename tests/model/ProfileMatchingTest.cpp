@@ -11,11 +11,11 @@ using namespace test;
 using plist::Array;
 using plist::Dictionary;
 
-const std::u16string editor = u"Editor";
-const std::u16string editorId = u"com.example.editor";
-const std::u16string signature = u"EDIT";
-const std::u16string executable = u"editor";
-const std::u16string noText;
+const std::u16string kEditor = u"Editor";
+const std::u16string kEditorId = u"com.example.editor";
+const std::u16string kSignature = u"EDIT";
+const std::u16string kExecutable = u"editor";
+const std::u16string kNoText;
 
 Dictionary bound(std::initializer_list<std::pair<const char*, plist::Value>> driver) {
     return dict({{"driver", dict(driver)}});
@@ -26,84 +26,86 @@ int matchApplication(const Array& profiles, const std::u16string& application) {
 }
 
 TEST(KyvarMatchProfile, prefersTheProfileThatAgreesOnMoreKeys) {
-    const auto profiles = list({bound({{"application", editor}}),
-        bound({{"application", editor}, {"identifier", editorId}}), bound({{"identifier", editorId}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, &editorId, nullptr, nullptr), 1);
+    const auto profiles = list({bound({{"application", kEditor}}),
+        bound({{"application", kEditor}, {"identifier", kEditorId}}), bound({{"identifier", kEditorId}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, &kEditorId, nullptr, nullptr), 1);
 }
 
 TEST(KyvarMatchProfile, looksAtEachOfTheFourKeys) {
-    const auto profiles = list({bound({{"application", editor}}), bound({{"identifier", editorId}}),
-        bound({{"signature", signature}}), bound({{"executable", executable}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, &editorId, nullptr, nullptr), 1);
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, nullptr, &signature, nullptr), 2);
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, nullptr, nullptr, &executable), 3);
+    const auto profiles = list({bound({{"application", kEditor}}), bound({{"identifier", kEditorId}}),
+        bound({{"signature", kSignature}}), bound({{"executable", kExecutable}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, &kEditorId, nullptr, nullptr), 1);
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, nullptr, &kSignature, nullptr), 2);
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, nullptr, nullptr, nullptr, &kExecutable), 3);
 }
 
 TEST(KyvarMatchProfile, countsAllFourKeys) {
-    const auto three = bound({{"application", editor}, {"identifier", editorId}, {"signature", signature}});
-    const auto four = bound({{"application", editor}, {"identifier", editorId}, {"signature", signature},
-        {"executable", executable}});
-    EXPECT_EQ(KyvarMatchProfile(list({three, four}), false, &editor, &editorId, &signature, &executable), 1);
+    const auto three =
+        bound({{"application", kEditor}, {"identifier", kEditorId}, {"signature", kSignature}});
+    const auto four = bound({{"application", kEditor}, {"identifier", kEditorId}, {"signature", kSignature},
+        {"executable", kExecutable}});
+    EXPECT_EQ(
+        KyvarMatchProfile(list({three, four}), false, &kEditor, &kEditorId, &kSignature, &kExecutable), 1);
 }
 
 TEST(KyvarMatchProfile, prefersTheEarliestOfEqualScores) {
-    const auto profiles = list({bound({{"identifier", editorId}}), bound({{"application", editor}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, &editorId, nullptr, nullptr), 0);
+    const auto profiles = list({bound({{"identifier", kEditorId}}), bound({{"application", kEditor}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, &kEditorId, nullptr, nullptr), 0);
 }
 
 TEST(KyvarMatchProfile, excludesAProfileThatContradictsOneKey) {
-    const auto profiles = list({bound({{"application", u"Other"}, {"identifier", editorId}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, &editorId, nullptr, nullptr), -1);
-    const auto lastKey = list({bound({{"application", editor}, {"executable", u"other"}})});
-    EXPECT_EQ(KyvarMatchProfile(lastKey, false, &editor, nullptr, nullptr, &executable), -1);
+    const auto profiles = list({bound({{"application", u"Other"}, {"identifier", kEditorId}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, &kEditorId, nullptr, nullptr), -1);
+    const auto lastKey = list({bound({{"application", kEditor}, {"executable", u"other"}})});
+    EXPECT_EQ(KyvarMatchProfile(lastKey, false, &kEditor, nullptr, nullptr, &kExecutable), -1);
 }
 
 TEST(KyvarMatchProfile, comparesCase) {
-    EXPECT_EQ(matchApplication(list({bound({{"application", u"editor"}})}), editor), -1);
+    EXPECT_EQ(matchApplication(list({bound({{"application", u"editor"}})}), kEditor), -1);
 }
 
 TEST(KyvarMatchProfile, neitherAddsNorExcludesForAKeyThatDoesNotDecide) {
     // Empty, of another type, or not asked for.
     const auto profiles = list({bound(
-        {{"application", editor}, {"identifier", u""}, {"signature", 7}, {"executable", executable}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, &editorId, &signature, nullptr), 0);
+        {{"application", kEditor}, {"identifier", u""}, {"signature", 7}, {"executable", kExecutable}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, &kEditorId, &kSignature, nullptr), 0);
 }
 
 TEST(KyvarMatchProfile, takesAnEmptyArgumentAsGiven) {
-    EXPECT_EQ(matchApplication(list({bound({{"application", editor}})}), noText), -1);
-    EXPECT_EQ(KyvarMatchProfile(list({bound({{"application", editor}, {"identifier", editorId}})}), false,
-                  &noText, &editorId, nullptr, nullptr),
+    EXPECT_EQ(matchApplication(list({bound({{"application", kEditor}})}), kNoText), -1);
+    EXPECT_EQ(KyvarMatchProfile(list({bound({{"application", kEditor}, {"identifier", kEditorId}})}), false,
+                  &kNoText, &kEditorId, nullptr, nullptr),
         -1);
-    EXPECT_EQ(matchApplication(list({bound({{"application", u""}})}), noText), -1);
+    EXPECT_EQ(matchApplication(list({bound({{"application", u""}})}), kNoText), -1);
 }
 
 TEST(KyvarMatchProfile, neverChoosesAProfileThatIsNotBound) {
-    EXPECT_EQ(matchApplication(list({bound({}), bound({{"identifier", editorId}})}), editor), -1);
+    EXPECT_EQ(matchApplication(list({bound({}), bound({{"identifier", kEditorId}})}), kEditor), -1);
     EXPECT_EQ(KyvarMatchProfile(
-                  list({bound({{"application", editor}})}), false, nullptr, nullptr, nullptr, nullptr),
+                  list({bound({{"application", kEditor}})}), false, nullptr, nullptr, nullptr, nullptr),
         -1);
 }
 
 TEST(KyvarMatchProfile, passesOverProfilesWithoutADriverDictionary) {
-    const auto profiles = list({5, dict(), dict({{"driver", list()}}), bound({{"application", editor}})});
-    EXPECT_EQ(matchApplication(profiles, editor), 3);
-    EXPECT_EQ(matchApplication({}, editor), -1);
+    const auto profiles = list({5, dict(), dict({{"driver", list()}}), bound({{"application", kEditor}})});
+    EXPECT_EQ(matchApplication(profiles, kEditor), 3);
+    EXPECT_EQ(matchApplication({}, kEditor), -1);
 }
 
 TEST(KyvarMatchProfile, choosesOnlyAutomaticProfilesWhenAsked) {
     const auto profiles =
-        list({bound({{"application", editor}}), bound({{"application", editor}, {"autoswitch", false}}),
-            bound({{"application", editor}, {"autoswitch", true}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, true, &editor, nullptr, nullptr, nullptr), 2);
-    EXPECT_EQ(KyvarMatchProfile(profiles, false, &editor, nullptr, nullptr, nullptr), 0);
+        list({bound({{"application", kEditor}}), bound({{"application", kEditor}, {"autoswitch", false}}),
+            bound({{"application", kEditor}, {"autoswitch", true}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, true, &kEditor, nullptr, nullptr, nullptr), 2);
+    EXPECT_EQ(KyvarMatchProfile(profiles, false, &kEditor, nullptr, nullptr, nullptr), 0);
     profiles.remove(2);
-    EXPECT_EQ(KyvarMatchProfile(profiles, true, &editor, nullptr, nullptr, nullptr), -1);
+    EXPECT_EQ(KyvarMatchProfile(profiles, true, &kEditor, nullptr, nullptr, nullptr), -1);
 }
 
 TEST(KyvarMatchProfile, readsAutoswitchWithTheBooleanConversion) {
-    const auto profiles = list({bound({{"application", editor}, {"autoswitch", 1}})});
-    EXPECT_EQ(KyvarMatchProfile(profiles, true, &editor, nullptr, nullptr, nullptr), 0);
+    const auto profiles = list({bound({{"application", kEditor}, {"autoswitch", 1}})});
+    EXPECT_EQ(KyvarMatchProfile(profiles, true, &kEditor, nullptr, nullptr, nullptr), 0);
 }
 
 } // namespace

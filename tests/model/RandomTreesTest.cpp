@@ -13,13 +13,13 @@ namespace {
 
 using namespace test;
 
-constexpr int treeCount = 2000;
+constexpr int kTreeCount = 2000;
 
 TEST(RandomTrees, giveTheSameRecordFromTwoEncoders) {
     RandomTrees trees(20241);
     const auto record = std::make_unique<ConfigRecord>();
     int converted = 0;
-    for (int i = 0; i < treeCount; ++i) {
+    for (int i = 0; i < kTreeCount; ++i) {
         const auto tree = trees.next();
         const auto expected = naiveEncode(tree);
         fillWithGarbage(*record);
@@ -28,8 +28,8 @@ TEST(RandomTrees, giveTheSameRecordFromTwoEncoders) {
         converted += expected.converts ? 1 : 0;
     }
     // Both outcomes must have been tried many times.
-    EXPECT_GT(converted, treeCount / 2);
-    EXPECT_LT(converted, treeCount - treeCount / 20);
+    EXPECT_GT(converted, kTreeCount / 2);
+    EXPECT_LT(converted, kTreeCount - kTreeCount / 20);
 }
 
 // The first trip may still narrow a wide form whose number is small, or drop a delay of 0; then nothing
@@ -42,14 +42,14 @@ TEST(RandomTrees, settleAfterARoundTrip) {
                                                            : plist::Dictionary();
     };
     int tried = 0;
-    for (int i = 0; i < treeCount / 5; ++i) {
+    for (int i = 0; i < kTreeCount / 5; ++i) {
         const auto settled = roundTrip(roundTrip(trees.next()));
         if (!settled)
             continue;
         ASSERT_TRUE(plist::Value(roundTrip(settled)) == plist::Value(settled)) << "tree " << i;
         ++tried;
     }
-    EXPECT_GT(tried, treeCount / 10);
+    EXPECT_GT(tried, kTreeCount / 10);
 }
 
 TEST(RandomRecords, areReadWithoutLookingBehindTheirEnd) {

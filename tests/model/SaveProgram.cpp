@@ -4,11 +4,13 @@
 // code 0 when it was saved, 1 when not. Looking for kSaveMark (SaveProgram.h) says that the save begins, and
 // again that it is over.
 
+#include "model/SaveProgram.h"
+
 #include <cstdlib>
+
 #include <unistd.h>
 
 #include "base/Leftovers.h"
-#include "model/SaveProgram.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"
 

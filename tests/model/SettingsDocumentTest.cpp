@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <optional>
+
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -15,8 +15,8 @@ using plist::Array;
 using plist::Dictionary;
 using plist::Value;
 
-constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
 
 Bytes encode(const Array& steps) {
     std::array<std::uint8_t, limits::stepBytes> bytes = {};
@@ -77,8 +77,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, StepEncoding,
         EncodeCase{"press_wide", step(1, 0x1234), {3, 0x12, 0x34}},
         EncodeCase{"wide_press_narrowed", step(3, 7), {1, 7}},
         EncodeCase{"wide_press", step(3, 0xFFFFFF), {3, 255, 255}},
-        EncodeCase{"press_lowest", step(1, lowest), {1, 0}},
-        EncodeCase{"press_highest", step(1, highest), {1, 255}},
+        EncodeCase{"press_lowest", step(1, kLowest), {1, 0}},
+        EncodeCase{"press_highest", step(1, kHighest), {1, 255}},
         EncodeCase{"other_drops_argument", step(128, 300), {128}}, //
         EncodeCase{"command_4", step(4, 1), {4}},                  //
         EncodeCase{"command_16", step(16, 1), {16}},               //
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(Delays, StepEncoding,
         EncodeCase{"longest", pause(16777215), {128, 19, 255, 255, 255}},
         EncodeCase{"too_long_is_dropped", pause(16777216), {128}},
         EncodeCase{"negative_is_dropped", pause(-1), {128}},
-        EncodeCase{"lowest_is_dropped", pause(lowest), {128}}),
+        EncodeCase{"lowest_is_dropped", pause(kLowest), {128}}),
     [](const auto& testCase) { return testCase.param.name; });
 
 TEST(encodeSteps, takesAnArgumentOfAnyTypeAsPresent) {

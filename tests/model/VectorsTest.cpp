@@ -19,11 +19,11 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 
-const fs::path folder = fs::path(QUORVI_TEST_DATA) / "vectors";
+const fs::path kFolder = fs::path(QUORVI_TEST_DATA) / "vectors";
 
 std::vector<std::string> casesWith(const std::string& ending) {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
+    for (const auto& entry : fs::directory_iterator(kFolder)) {
         const auto name = entry.path().filename().string();
         if (name.size() > ending.size() && name.ends_with(ending))
             names.push_back(name.substr(0, name.size() - ending.size()));
@@ -38,7 +38,7 @@ Bytes bytesOfFile(const fs::path& path) {
 }
 
 plist::Dictionary treeOf(const std::string& name) {
-    return storedTree("quorvi", folder / (name + ".plist"));
+    return storedTree("quorvi", kFolder / (name + ".plist"));
 }
 
 std::string caseName(const testing::TestParamInfo<std::string>& testCase) {
@@ -59,7 +59,7 @@ class DecodedVectors : public Vectors {};
 TEST_P(EncodedVectors, giveTheRecord) {
     fillWithGarbage(*record);
     ASSERT_TRUE(KyvarConfigDictToStruct(treeOf(GetParam()), record.get()));
-    EXPECT_EQ(bytesOf(*record), bytesOfFile(folder / (GetParam() + ".bin")));
+    EXPECT_EQ(bytesOf(*record), bytesOfFile(kFolder / (GetParam() + ".bin")));
 }
 
 TEST_P(RefusedVectors, giveNoRecord) {
@@ -69,7 +69,7 @@ TEST_P(RefusedVectors, giveNoRecord) {
 }
 
 TEST_P(DecodedVectors, giveTheTree) {
-    const auto bytes = bytesOfFile(folder / (GetParam() + ".bin"));
+    const auto bytes = bytesOfFile(kFolder / (GetParam() + ".bin"));
     ASSERT_EQ(bytes.size(), sizeof(ConfigRecord));
     std::copy(bytes.begin(), bytes.end(), reinterpret_cast<std::uint8_t*>(record.get()));
     const auto expected = treeOf(GetParam() + ".decoded");

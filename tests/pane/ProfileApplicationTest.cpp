@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-
 #include <QSignalSpy>
 
 #include "applications/ApplicationPanel.h"

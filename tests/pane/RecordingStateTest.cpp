@@ -3,10 +3,10 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QScreen>
-
-#include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
+
+#include <private/qguiapplication_p.h>
 
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"

@@ -6,6 +6,7 @@
 #include <QScopeGuard>
 
 #include <fstream>
+
 #include <sys/mount.h>
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 // Which button becomes which input, by what is pressed and what is left out.
-#include <gtest/gtest.h>
-
 #include "live/SetUpSteps.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvi::test {
 namespace {

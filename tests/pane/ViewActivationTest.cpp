@@ -1,5 +1,7 @@
 // Greying a tree of views.
 
+#include "platform/ViewActivation.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
@@ -10,8 +12,6 @@
 #include <QTableView>
 #include <QTest>
 #include <QVBoxLayout>
-
-#include "platform/ViewActivation.h"
 
 using namespace quorvi;
 

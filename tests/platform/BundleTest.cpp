@@ -1,6 +1,7 @@
+#include "platform/Bundle.h"
+
 #include <gtest/gtest.h>
 
-#include "platform/Bundle.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,5 +1,7 @@
 // The layout in use, followed from Qt's event loop.
 
+#include "platform/KeyboardLayoutWatcher.h"
+
 #include <QAbstractEventDispatcher>
 #include <QGuiApplication>
 #include <QSignalSpy>
@@ -10,7 +12,6 @@
 #include "layouts/WaylandKeyboardLayout.h"
 #include "layouts/X11KeyboardLayout.h"
 #include "layouts/XkbKeyboardLayout.h"
-#include "platform/KeyboardLayoutWatcher.h"
 #include "support/Compositors.h"
 #include "support/EnvironmentVariable.h"
 #include "support/VirtualDisplay.h"

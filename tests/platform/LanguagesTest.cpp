@@ -1,6 +1,7 @@
+#include "platform/Languages.h"
+
 #include <gtest/gtest.h>
 
-#include "platform/Languages.h"
 #include "support/EnvironmentVariable.h"
 
 namespace quorvi::test {

@@ -1,7 +1,8 @@
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -1,9 +1,9 @@
 // Files that are made to hurt: each must be refused, at once and without a crash.
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <random>
-
-#include <gtest/gtest.h>
 
 #include "plist/Limits.h"
 #include "plist/Samples.h"

@@ -1,10 +1,11 @@
 // What we write, another implementation reads; and the reverse.
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "plist/Samples.h"

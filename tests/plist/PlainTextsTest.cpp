@@ -1,10 +1,11 @@
 // Held against the reader of all property lists: what is taken must be the same, whatever is not taken.
+#include "plist/PlainTexts.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "base/Unicode.h"
-#include "plist/PlainTexts.h"
 #include "plist/Samples.h"
 
 namespace quorvi::plist {

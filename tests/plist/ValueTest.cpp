@@ -1,7 +1,8 @@
+#include "plist/Value.h"
+
 #include <gtest/gtest.h>
 
 #include "plist/Samples.h"
-#include "plist/Value.h"
 
 namespace quorvi::plist {
 namespace {

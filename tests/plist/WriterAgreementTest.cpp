@@ -1,12 +1,12 @@
 // Our writer against libplist's: byte for byte the same text; and against the reader's bounds: what is
 // written can be read, and what could be read is written.
+#include <gtest/gtest.h>
+
 #include <array>
 #include <filesystem>
 #include <limits>
 #include <random>
 #include <sstream>
-
-#include <gtest/gtest.h>
 
 #include "model/RandomTrees.h"
 #include "plist/LibplistWriter.h"

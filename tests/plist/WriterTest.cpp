@@ -1,9 +1,9 @@
 #include "plist/Writer.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <limits>
-
-#include <gtest/gtest.h>
 
 #include "plist/Limits.h"
 #include "plist/Samples.h"

@@ -1,8 +1,9 @@
+#include <gtest/gtest.h>
+
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "plist/Samples.h"

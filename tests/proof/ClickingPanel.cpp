@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdio>
+
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -1,5 +1,4 @@
 #include "proof/ControlMoves.h"
-#include "model/Limits.h"
 
 #include <QAbstractButton>
 #include <QTest>

@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <cstring>
+
 #include <execinfo.h>
 #include <pthread.h>
 #include <unistd.h>

@@ -3,10 +3,9 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QWindow>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <algorithm>
-
-#include <qpa/qwindowsysteminterface.h>
 
 namespace quorvi::test {
 

@@ -7,11 +7,10 @@
 #include <QThread>
 #include <QTimer>
 #include <QWindow>
+#include <qpa/qwindowsysteminterface.h>
 
 #include "model/Keys.h"
 #include "proof/Rules.h"
-
-#include <qpa/qwindowsysteminterface.h>
 
 namespace quorvi::test {
 

@@ -1,10 +1,11 @@
 // Random actions on the real window. QUORVI_MONKEY_SEED and QUORVI_MONKEY_ACTIONS say where they start and
 // how many there are; scripts/monkey does as many as one likes, with the sanitizers.
 
+#include "proof/Monkey.h"
+
 #include <QApplication>
 #include <QTest>
 
-#include "proof/Monkey.h"
 #include "support/PrivateBus.h"
 #include "support/TemporaryFolder.h"
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <string_view>
+
 #include <sys/stat.h>
 
 namespace quorvi::test {

@@ -3,8 +3,9 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <sys/syscall.h>
 #include <thread>
+
+#include <sys/syscall.h>
 #include <unistd.h>
 
 extern "C" int fsync(int file) {

@@ -1,10 +1,10 @@
 #include "proof/WrongValues.h"
-#include "model/Limits.h"
 
 #include <QFile>
 
 #include <cstdlib>
 #include <limits>
+
 #include <plist/plist.h>
 
 #include "model/ConfigFileStore.h"

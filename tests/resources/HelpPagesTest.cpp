@@ -1,14 +1,14 @@
 // What holds for the help pages of every language: that they are whole, lead somewhere, and call things what
 // the panel calls them.
-#include <gtest/gtest.h>
+#include "resources/HelpPages.h"
 
 #include <QLocale>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <set>
 
 #include "model/Commands.h"
-#include "resources/HelpPages.h"
 #include "resources/StringTables.h"
 #include "support/Files.h"
 

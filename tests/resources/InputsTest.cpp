@@ -1,13 +1,13 @@
 // The drawing of the mouse with its lines to the pop-ups, in the whole panel and with events of its window.
 
+#include <QMenu>
+#include <QWindow>
+
 #include "resources/Interface.h"
 #include "widgets/InputLines.h"
 #include "widgets/MouseDrawing.h"
 #include "widgets/MouseView.h"
 #include "widgets/WidgetTestMain.h"
-
-#include <QMenu>
-#include <QWindow>
 
 using namespace quorvi;
 

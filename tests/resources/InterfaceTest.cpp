@@ -1,13 +1,15 @@
 #include "resources/Interface.h"
-#include "resources/Outlets.h"
-#include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
+
 #include <algorithm>
 #include <set>
+
+#include "resources/Outlets.h"
+#include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 using quorvi::test::Outlet;

@@ -1,12 +1,13 @@
 #include "resources/Menus.h"
+
+#include <set>
+#include <type_traits>
+
 #include "model/CommandCodes.h"
 #include "model/Commands.h"
 #include "model/ConfigRecord.h"
 #include "widgets/MenuItems.h"
 #include "widgets/WidgetTestMain.h"
-
-#include <set>
-#include <type_traits>
 
 using namespace quorvi;
 

@@ -1,4 +1,6 @@
 // What holds for the string table of every language, English included. A new folder is tested as it is.
+#include "resources/StringTables.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -7,7 +9,6 @@
 #include "plist/PlainTexts.h"
 #include "plist/Reader.h"
 #include "resources/InterfaceFiles.h"
-#include "resources/StringTables.h"
 #include "support/Files.h"
 
 namespace quorvi::test {

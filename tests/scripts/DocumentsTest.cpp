@@ -1,5 +1,7 @@
 // The documents hang together: their links lead somewhere, no decision is missing from the index, and the
 // pictures that every clone carries stay small.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -9,8 +11,6 @@
 #include <regex>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace quorvi::test {
 namespace {

@@ -1,7 +1,7 @@
 // scripts/house: what src includes, held against what docs/ARCHITECTURE.md says of its folders.
-#include <filesystem>
-
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"

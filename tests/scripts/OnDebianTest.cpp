@@ -1,10 +1,11 @@
 // scripts/on-debian: a command in another system, which is there already and holds no more than these tests
 // run.
+#include <gtest/gtest.h>
+
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 
-#include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <unistd.h>
 

@@ -1,5 +1,7 @@
 // The settings from reading to saving, with a document and a file, and nothing of the panel's controls.
 
+#include "session/SettingsSession.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QSignalSpy>
@@ -10,7 +12,6 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "plist/DeepCopy.h"
-#include "session/SettingsSession.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 

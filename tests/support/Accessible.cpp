@@ -1,8 +1,8 @@
 #include "support/Accessible.h"
 
-#include <systemd/sd-bus.h>
-
 #include <cstdlib>
+
+#include <systemd/sd-bus.h>
 
 namespace quorvi::test {
 

@@ -1,5 +1,4 @@
 #include "support/ChildProcess.h"
-#include "support/PatientProgram.h"
 
 #include <algorithm>
 #include <csignal>
@@ -14,6 +13,8 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/PatientProgram.h"
 
 namespace quorvi::test {
 

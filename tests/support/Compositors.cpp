@@ -15,7 +15,7 @@ namespace quorvi::test {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
+constexpr uid_t kNobody = 65534;
 
 bool accepts(const std::string& socketPath) {
     sockaddr_un address{};
@@ -28,7 +28,7 @@ bool accepts(const std::string& socketPath) {
 }
 
 void giveAway(const std::filesystem::path& path) {
-    if (chown(path.c_str(), nobody, nobody) != 0)
+    if (chown(path.c_str(), kNobody, kNobody) != 0)
         throw std::runtime_error("the runtime folder cannot be given away");
 }
 
@@ -47,7 +47,7 @@ void Compositor::start(const std::vector<std::string>& command, const std::vecto
 
 void Compositor::startAsUser(std::vector<std::string> command, const std::vector<std::string>& environment) {
     if (getuid() == 0) {
-        const std::string id = std::to_string(nobody);
+        const std::string id = std::to_string(kNobody);
         command.insert(command.begin(),
             {"setpriv", "--reuid", id, "--regid", id, "--clear-groups", "--pdeathsig", "KILL", "--"});
         giveAway(folder().path());

@@ -1,9 +1,9 @@
 #include "support/EventMonitor.h"
 
-#include <systemd/sd-bus.h>
-
 #include <algorithm>
 #include <stdexcept>
+
+#include <systemd/sd-bus.h>
 
 #include "events/EventTypes.h"
 #include "support/ChildProcess.h"

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+
 #include <sys/stat.h>
 
 #include "support/TemporaryFolder.h"

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <cstdlib>
+
 #include <xcb/xcb.h>
 
 #include "support/ChildProcess.h"

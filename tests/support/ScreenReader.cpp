@@ -1,9 +1,9 @@
 #include "support/ScreenReader.h"
 
-#include <systemd/sd-bus.h>
-
 #include <csignal>
 #include <stdexcept>
+
+#include <systemd/sd-bus.h>
 
 #include "support/WaitUntil.h"
 

@@ -1,8 +1,8 @@
-#include "tools/ToolFixture.h"
-
 #include <algorithm>
 #include <set>
 #include <sstream>
+
+#include "tools/ToolFixture.h"
 
 namespace quorvi::test {
 namespace {

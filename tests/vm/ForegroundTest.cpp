@@ -1,8 +1,8 @@
 // One mouse driven by hand.
+#include <gtest/gtest.h>
+
 #include <csignal>
 #include <numeric>
-
-#include <gtest/gtest.h>
 
 #include "vm/support/Driven.h"
 

@@ -1,6 +1,8 @@
 // The installed package on a running Debian: systemd starts the service as its unit says, the log-in manager
 // says who sits at the machine, and polkit whom an administrator lets. Run by tests/vm/run-installed, in this
 // order.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -8,8 +10,6 @@
 #include <fcntl.h>
 #include <linux/vt.h>
 #include <sys/ioctl.h>
-
-#include <gtest/gtest.h>
 
 #include "events/Introspection.h"
 #include "support/WaitUntil.h"

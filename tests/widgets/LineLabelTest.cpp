@@ -1,9 +1,10 @@
 #include "widgets/LineLabel.h"
-#include "widgets/WidgetTestMain.h"
 
 #include <QLineEdit>
 
 #include <array>
+
+#include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 

@@ -1,8 +1,9 @@
 // The mark beside the text of one cell.
+#include "widgets/MarkedCells.h"
+
 #include <QStandardItemModel>
 #include <QTableView>
 
-#include "widgets/MarkedCells.h"
 #include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
 

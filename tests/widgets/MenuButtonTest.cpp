@@ -1,10 +1,11 @@
 #include "widgets/MenuButton.h"
-#include "widgets/AccessibleWidgets.h"
-#include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QSignalSpy>
+
+#include "widgets/AccessibleWidgets.h"
+#include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 

@@ -1,10 +1,11 @@
 #include "widgets/NoticeBar.h"
-#include "widgets/FilledText.h"
-#include "widgets/ShownText.h"
-#include "widgets/WidgetTestMain.h"
 
 #include <QLabel>
 #include <QPushButton>
+
+#include "widgets/FilledText.h"
+#include "widgets/ShownText.h"
+#include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 

@@ -1,13 +1,14 @@
 #include "widgets/PopUpButton.h"
-#include "support/WindowTools.h"
-#include "widgets/MenuItems.h"
-#include "widgets/WidgetTestMain.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QSignalSpy>
 #include <QToolTip>
 #include <QWheelEvent>
+
+#include "support/WindowTools.h"
+#include "widgets/MenuItems.h"
+#include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 

@@ -1,10 +1,11 @@
+#include <QSignalSpy>
+#include <QStyleFactory>
+
+#include <limits>
+
 #include "support/SliderTools.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/WidgetTestMain.h"
-
-#include <QSignalSpy>
-#include <QStyleFactory>
-#include <limits>
 
 using namespace quorvi;
 

@@ -1,7 +1,8 @@
 // The button that records.
+#include "widgets/ToggleButton.h"
+
 #include <QTest>
 
-#include "widgets/ToggleButton.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

@@ -1,3 +1,9 @@
+#include <QHeaderView>
+#include <QStandardItemModel>
+
+#include <limits>
+#include <set>
+
 #include "widgets/AccelerationCurve.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/StageBar.h"
@@ -5,11 +11,6 @@
 #include "widgets/TableColumns.h"
 #include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
-
-#include <QHeaderView>
-#include <QStandardItemModel>
-#include <limits>
-#include <set>
 
 using namespace quorvi;
 

@@ -1,4 +1,5 @@
 #include "widgets/WrappedLabel.h"
+
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

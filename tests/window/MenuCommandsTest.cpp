@@ -1,4 +1,6 @@
 // The commands of the lists' menus: which can be chosen, what they are called, and what is saved of them.
+#include "window/MenuCommands.h"
+
 #include <QAction>
 
 #include <memory>
@@ -6,7 +8,6 @@
 #include "document/Document.h"
 #include "widgets/MenuItems.h"
 #include "widgets/WidgetTestMain.h"
-#include "window/MenuCommands.h"
 
 using namespace quorvi;
 

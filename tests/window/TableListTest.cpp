@@ -1,9 +1,10 @@
 // A list of the window: reloads that keep the selection, who hears of a choice, and what its cells allow.
+#include "window/TableList.h"
+
 #include <vector>
 
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/WidgetTestMain.h"
-#include "window/TableList.h"
 
 using namespace quorvi;
 

@@ -7,7 +7,7 @@ namespace quorvi::games {
 
 namespace {
 
-constexpr std::string_view steamStart = "steam_app_";
+constexpr std::string_view kSteamStart = "steam_app_";
 
 bool isNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
@@ -26,13 +26,13 @@ void add(std::vector<std::string>& identifiers, std::string identifier) {
 } // namespace
 
 std::string steamIdentifier(std::string_view number) {
-    return std::string(steamStart).append(number);
+    return std::string(kSteamStart).append(number);
 }
 
 std::string_view steamNumber(std::string_view identifier) {
-    if (!identifier.starts_with(steamStart) || !isGame(identifier.substr(steamStart.size())))
+    if (!identifier.starts_with(kSteamStart) || !isGame(identifier.substr(kSteamStart.size())))
         return {};
-    return identifier.substr(steamStart.size());
+    return identifier.substr(kSteamStart.size());
 }
 
 std::string lutrisIdentifier(std::string_view slug) {

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array places{".config/heroic", ".var/app/com.heroicgameslauncher.hgl/config/heroic"};
+constexpr std::array kPlaces{".config/heroic", ".var/app/com.heroicgameslauncher.hgl/config/heroic"};
 
 /// The list of all games of a store, installed or not, by which those whose own file has no title are named.
 using Titles = std::map<std::string, std::string, std::less<>>;
@@ -87,7 +87,7 @@ class Place {
 } // namespace
 
 void addHeroicGames(const fs::path& home, const std::stop_token& stop, Games& games) {
-    for (const char* place : places)
+    for (const char* place : kPlaces)
         Place(home / place, stop, games).addAll();
 }
 

@@ -9,9 +9,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array places{".local/share/lutris/games", ".config/lutris/games",
+constexpr std::array kPlaces{".local/share/lutris/games", ".config/lutris/games",
     ".var/app/net.lutris.Lutris/data/lutris/games", ".var/app/net.lutris.Lutris/config/lutris/games"};
-constexpr std::string_view extension = ".yml";
+constexpr std::string_view kExtension = ".yml";
 
 /// The plain value of a line "key: value" with that indentation; quotes around it are taken off.
 std::string valueOf(std::string_view text, std::string_view key) {
@@ -49,8 +49,8 @@ std::string slugOf(const fs::path& file) {
 } // namespace
 
 void addLutrisGames(const fs::path& home, const std::stop_token& stop, Games& games) {
-    for (const char* place : places) {
-        for (const auto& file : filesNamed(home / place, "", extension)) {
+    for (const char* place : kPlaces) {
+        for (const auto& file : filesNamed(home / place, "", kExtension)) {
             if (stop.stop_requested())
                 return;
             const std::string text = textOfFile(file);

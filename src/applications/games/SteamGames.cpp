@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array places{".local/share/Steam", ".steam/steam", ".steam/root",
+constexpr std::array kPlaces{".local/share/Steam", ".steam/steam", ".steam/root",
     ".var/app/com.valvesoftware.Steam/.local/share/Steam", ".var/app/com.valvesoftware.Steam/data/Steam",
     "snap/steam/common/.local/share/Steam"};
 
@@ -84,9 +84,9 @@ void addGame(const fs::path& steam, const fs::path& manifest, Games& games) {
 
 void addSteamGames(const fs::path& home, const std::stop_token& stop, Games& games) {
     std::vector<fs::path> libraries;
-    for (const char* place : places) {
+    for (const char* place : kPlaces) {
         const auto steam = home / place;
-        // Several places are mostly links to one.
+        // Several kPlaces are mostly links to one.
         const auto read = libraries.size();
         addLibraries(libraries, steam);
         for (auto library = libraries.begin() + static_cast<std::ptrdiff_t>(read); library != libraries.end();

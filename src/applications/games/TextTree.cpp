@@ -10,9 +10,9 @@ namespace quorvi::games {
 
 namespace {
 
-constexpr int deepest = 32;
-constexpr int mostValues = 100'000;
-constexpr std::string_view blanks = " \t\r\n";
+constexpr int kDeepest = 32;
+constexpr int kMostValues = 100'000;
+constexpr std::string_view kBlanks = " \t\r\n";
 
 char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -24,7 +24,7 @@ class Reader {
     explicit Reader(std::string_view text) : m_rest(text) {}
 
   protected:
-    void skipBlanks() { m_rest.remove_prefix(std::min(m_rest.find_first_not_of(blanks), m_rest.size())); }
+    void skipBlanks() { m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kBlanks), m_rest.size())); }
     [[nodiscard]] bool nextIs(char c) const { return m_rest.starts_with(c); }
     bool take(char c) {
         if (!nextIs(c))
@@ -48,7 +48,7 @@ class Reader {
     void skipLine() { m_rest.remove_prefix(std::min(m_rest.find('\n'), m_rest.size())); }
     [[nodiscard]] bool startsWith(std::string_view text) const { return m_rest.starts_with(text); }
     /// False when there have been too many.
-    bool countValue() { return ++m_values <= mostValues; }
+    bool countValue() { return ++m_values <= kMostValues; }
 
     std::string_view m_rest;
 
@@ -70,7 +70,7 @@ class KeyValuesReader : Reader {
             if (!take('{')) {
                 if (!readText(member.text))
                     return false;
-            } else if (depth == deepest || !readMembers(member, depth + 1) || !take('}')) {
+            } else if (depth == kDeepest || !readMembers(member, depth + 1) || !take('}')) {
                 return false;
             }
         }
@@ -105,7 +105,7 @@ class JsonReader : Reader {
 
     bool readValue(TextTree& tree, int depth) {
         skipBlanks();
-        if (!countValue() || depth == deepest)
+        if (!countValue() || depth == kDeepest)
             return false;
         if (take('{'))
             return readMembers(tree, depth, '}');

@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view extension = ".desktop";
-constexpr std::size_t mostEntries = 10000;
+constexpr std::string_view kExtension = ".desktop";
+constexpr std::size_t kMostEntries = 10000;
 
 std::string variable(const char* name, const std::string& fallback) {
     const char* value = std::getenv(name);
@@ -25,7 +25,7 @@ std::string variable(const char* name, const std::string& fallback) {
 }
 
 std::string_view withoutExtension(std::string_view id) {
-    return id.ends_with(extension) ? id.substr(0, id.size() - extension.size()) : id;
+    return id.ends_with(kExtension) ? id.substr(0, id.size() - kExtension.size()) : id;
 }
 
 char lower(char c) {
@@ -110,9 +110,9 @@ void DesktopEntries::readFolder(
         const fs::path& path = entry->path();
         if (entry->is_directory(error)) {
             m_read.push_back({path, fs::last_write_time(path, error)});
-        } else if (path.extension() == extension && ids.size() < mostEntries) {
+        } else if (path.extension() == kExtension && ids.size() < kMostEntries) {
             std::string id = path.lexically_relative(top).string();
-            id.resize(id.size() - extension.size());
+            id.resize(id.size() - kExtension.size());
             std::ranges::replace(id, '/', '-');
             if (!ids.insert(id).second)
                 continue; // of an earlier folder, whatever that one says

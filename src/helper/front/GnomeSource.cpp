@@ -8,15 +8,15 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr char shellPath[] = "/org/gnome/Shell";
-constexpr char extensionsInterface[] = "org.gnome.Shell.Extensions";
-constexpr char propertiesInterface[] = "org.freedesktop.DBus.Properties";
-constexpr char userExtensions[] = "UserExtensionsEnabled";
-constexpr char shellVersion[] = "ShellVersion";
+constexpr char kShellPath[] = "/org/gnome/Shell";
+constexpr char kExtensionsInterface[] = "org.gnome.Shell.Extensions";
+constexpr char kPropertiesInterface[] = "org.freedesktop.DBus.Properties";
+constexpr char kUserExtensions[] = "UserExtensionsEnabled";
+constexpr char kShellVersion[] = "ShellVersion";
 
-constexpr int firstOfModules = 45; ///< the Shell that took another way to load extensions
-constexpr char uuid[] = "quorvi-front@kyvar.com";
-constexpr char uuidBefore[] = "quorvi-front-43@kyvar.com";
+constexpr int kFirstOfModules = 45; ///< the Shell that took another way to load extensions
+constexpr char kUuid[] = "quorvi-front@kyvar.com";
+constexpr char kUuidBefore[] = "quorvi-front-43@kyvar.com";
 
 /// Walks over the members of a dictionary of variants; false when it is none.
 template <typename Take>
@@ -76,8 +76,8 @@ int GnomeSource::receiveChange(sd_bus_message*, void* self, sd_bus_error*) {
 void GnomeSource::look() {
     m_call.giveUp();
     m_call.make(
-        m_shell.owner(), shellPath, propertiesInterface, "GetAll",
-        [this](sd_bus_message* answer) { takeShell(answer); }, "s", extensionsInterface);
+        m_shell.owner(), kShellPath, kPropertiesInterface, "GetAll",
+        [this](sd_bus_message* answer) { takeShell(answer); }, "s", kExtensionsInterface);
 }
 
 void GnomeSource::takeShell(sd_bus_message* answer) {
@@ -85,9 +85,9 @@ void GnomeSource::takeShell(sd_bus_message* answer) {
     int extensionsAreOn = 0;
     const bool read = answer && eachMember(answer, [&](std::string_view key) {
         const char* text = nullptr;
-        if (key == shellVersion && sd_bus_message_read(answer, "v", "s", &text) > 0)
+        if (key == kShellVersion && sd_bus_message_read(answer, "v", "s", &text) > 0)
             return version = text, true;
-        if (key == userExtensions)
+        if (key == kUserExtensions)
             return sd_bus_message_read(answer, "v", "b", &extensionsAreOn) > 0;
         return sd_bus_message_skip(answer, "v") > 0;
     });
@@ -95,10 +95,10 @@ void GnomeSource::takeShell(sd_bus_message* answer) {
         return setExtension("");
     int number = 0;
     std::from_chars(version.data(), version.data() + version.size(), number);
-    m_uuid = number < firstOfModules ? uuidBefore : uuid;
+    m_uuid = number < kFirstOfModules ? kUuidBefore : kUuid;
     m_extensionsAreOff = extensionsAreOn == 0;
     m_call.make(
-        m_shell.owner(), shellPath, extensionsInterface, "GetExtensionInfo",
+        m_shell.owner(), kShellPath, kExtensionsInterface, "GetExtensionInfo",
         [this](sd_bus_message* info) { takeExtension(info); }, "s", m_uuid.c_str());
 }
 
@@ -126,13 +126,13 @@ void GnomeSource::enableExtension() {
     m_enabling.giveUp();
     const auto enable = [this](sd_bus_message*) {
         m_enabling.make(
-            m_shell.owner(), shellPath, extensionsInterface, "EnableExtension",
+            m_shell.owner(), kShellPath, kExtensionsInterface, "EnableExtension",
             [this](sd_bus_message*) { look(); }, "s", m_uuid.c_str());
     };
     if (!m_extensionsAreOff)
         return enable(nullptr);
-    m_enabling.make(m_shell.owner(), shellPath, propertiesInterface, "Set", enable, "ssv",
-        extensionsInterface, userExtensions, "b", 1);
+    m_enabling.make(m_shell.owner(), kShellPath, kPropertiesInterface, "Set", enable, "ssv",
+        kExtensionsInterface, kUserExtensions, "b", 1);
 }
 
 } // namespace quorvi::front

@@ -6,12 +6,12 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr char scripting[] = "/Scripting";
-constexpr char scriptingInterface[] = "org.kde.kwin.Scripting";
-constexpr char scriptInterface[] = "org.kde.kwin.Script";
-constexpr int mostTries = 40;
-constexpr auto betweenTries = std::chrono::milliseconds(250);
-constexpr char scriptName[] = "kyvar-quorvi-front";
+constexpr char kScripting[] = "/Scripting";
+constexpr char kScriptingInterface[] = "org.kde.kwin.Scripting";
+constexpr char kScriptInterface[] = "org.kde.kwin.Script";
+constexpr int kMostTries = 40;
+constexpr auto kBetweenTries = std::chrono::milliseconds(250);
+constexpr char kScriptName[] = "kyvar-quorvi-front";
 
 } // namespace
 
@@ -30,8 +30,8 @@ KWinSource::~KWinSource() {
     auto& bus = m_bus.connection();
     if (!m_isRunning)
         return;
-    const auto message = bus.newCall(m_kwin.owner().c_str(), scripting, scriptingInterface, "unloadScript");
-    if (!message || sd_bus_message_append(message.get(), "s", scriptName) < 0)
+    const auto message = bus.newCall(m_kwin.owner().c_str(), kScripting, kScriptingInterface, "unloadScript");
+    if (!message || sd_bus_message_append(message.get(), "s", kScriptName) < 0)
         return;
     sd_bus_message_set_expect_reply(message.get(), 0);
     sd_bus_send(bus.bus.get(), message.get(), nullptr);
@@ -43,17 +43,17 @@ KWinSource::~KWinSource() {
 void KWinSource::loadAnew() {
     m_call.giveUp();
     m_timer.set(std::nullopt);
-    m_triesLeft = mostTries;
+    m_triesLeft = kMostTries;
     setRunning(false);
     if (!m_kwin.owner().empty())
         m_call.make(
-            m_kwin.owner(), scripting, scriptingInterface, "unloadScript",
-            [this](sd_bus_message*) { load(); }, "s", scriptName);
+            m_kwin.owner(), kScripting, kScriptingInterface, "unloadScript",
+            [this](sd_bus_message*) { load(); }, "s", kScriptName);
 }
 
 void KWinSource::load() {
     m_call.make(
-        m_kwin.owner(), scripting, scriptingInterface, "loadScript",
+        m_kwin.owner(), kScripting, kScriptingInterface, "loadScript",
         [this](sd_bus_message* answer) {
             std::int32_t number = -1;
             if (answer && sd_bus_message_read(answer, "i", &number) > 0 && number >= 0)
@@ -61,22 +61,22 @@ void KWinSource::load() {
             else
                 loadLater();
         },
-        "ss", m_script.c_str(), scriptName);
+        "ss", m_script.c_str(), kScriptName);
 }
 
 /// KWin takes its name a moment before it takes scripts, and does not say when it does.
 void KWinSource::loadLater() {
     if (--m_triesLeft > 0)
-        m_timer.set(Timer::Clock::now() + betweenTries);
+        m_timer.set(Timer::Clock::now() + kBetweenTries);
 }
 
 void KWinSource::run(std::int32_t number) {
-    const std::string ofKWin6 = std::string(scripting) + "/Script" + std::to_string(number);
+    const std::string ofKWin6 = std::string(kScripting) + "/Script" + std::to_string(number);
     const auto ofKWin5 = std::string("/").append(std::to_string(number));
-    m_call.make(m_kwin.owner(), ofKWin6, scriptInterface, "run", [this, ofKWin5](sd_bus_message* answer) {
+    m_call.make(m_kwin.owner(), ofKWin6, kScriptInterface, "run", [this, ofKWin5](sd_bus_message* answer) {
         if (answer)
             return setRunning(true);
-        m_call.make(m_kwin.owner(), ofKWin5, scriptInterface, "run",
+        m_call.make(m_kwin.owner(), ofKWin5, kScriptInterface, "run",
             [this](sd_bus_message* older) { setRunning(older != nullptr); });
     });
 }

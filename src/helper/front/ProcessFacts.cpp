@@ -17,8 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-constexpr std::size_t longestFile = 256 * 1024;
-constexpr int mostParents = 8;
+constexpr std::size_t kLongestFile = 256 * 1024;
+constexpr int kMostParents = 8;
 
 /// Its size cannot be asked for.
 std::string textOf(const fs::path& file) {
@@ -27,7 +27,7 @@ std::string textOf(const fs::path& file) {
     if (fd < 0)
         return text;
     std::array<char, 4096> buffer;
-    for (ssize_t size = 0; text.size() < longestFile && (size = read(fd, buffer.data(), buffer.size())) > 0;)
+    for (ssize_t size = 0; text.size() < kLongestFile && (size = read(fd, buffer.data(), buffer.size())) > 0;)
         text.append(buffer.data(), static_cast<std::size_t>(size));
     close(fd);
     return text;
@@ -107,7 +107,7 @@ pid_t parentOf(const fs::path& folder) {
 
 /// Steam starts each game by a program of its own that says the game's number and waits for its end.
 std::string steamGameOfParents(pid_t process, const fs::path& proc) {
-    for (int i = 0; i < mostParents && process > 1; ++i) {
+    for (int i = 0; i < kMostParents && process > 1; ++i) {
         const fs::path folder = proc / std::to_string(process);
         const auto words = partsOf(textOf(folder / "cmdline"), '\0');
         if (auto number = games::steamNumberOfCommand(words); !number.empty())

@@ -9,8 +9,8 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr char busName[] = "org.freedesktop.DBus";
-constexpr char busPath[] = "/org/freedesktop/DBus";
+constexpr char kBusName[] = "org.freedesktop.DBus";
+constexpr char kBusPath[] = "/org/freedesktop/DBus";
 
 } // namespace
 
@@ -23,8 +23,8 @@ WatchedName::WatchedName(const EventBus& bus, std::string name, std::function<vo
     m_match = events::matchSignal(connection, rule.c_str(), receiveChange, this);
     sd_bus_slot* slot = nullptr;
     // Behind the rule, so that no change is missed.
-    if (sd_bus_call_method_async(connection, &slot, busName, busPath, busName, "GetNameOwner", receiveOwner,
-            this, "s", m_name.c_str()) >= 0)
+    if (sd_bus_call_method_async(connection, &slot, kBusName, kBusPath, kBusName, "GetNameOwner",
+            receiveOwner, this, "s", m_name.c_str()) >= 0)
         m_question.reset(slot);
 }
 

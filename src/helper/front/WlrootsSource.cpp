@@ -12,7 +12,7 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr std::uint32_t usedVersion = 1; ///< what was added later is of no use here
+constexpr std::uint32_t kUsedVersion = 1; ///< what was added later is of no use here
 
 std::span<const std::uint32_t> statesOf(const wl_array& states) {
     return {static_cast<const std::uint32_t*>(states.data), states.size / sizeof(std::uint32_t)};
@@ -60,7 +60,7 @@ struct WlrootsSource::Events {
         if (self.m_manager || zwlr_foreign_toplevel_manager_v1_interface.name != std::string_view(interface))
             return;
         self.m_manager = static_cast<zwlr_foreign_toplevel_manager_v1*>(
-            wl_registry_bind(registry, name, &zwlr_foreign_toplevel_manager_v1_interface, usedVersion));
+            wl_registry_bind(registry, name, &zwlr_foreign_toplevel_manager_v1_interface, kUsedVersion));
         zwlr_foreign_toplevel_manager_v1_add_listener(self.m_manager, &ofManager, source);
     }
     static void listed(void* source, wl_callback* callback, std::uint32_t) {

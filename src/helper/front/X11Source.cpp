@@ -12,7 +12,7 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr std::uint32_t longestProperty = 256; ///< in units of 4 bytes
+constexpr std::uint32_t kLongestProperty = 256; ///< in units of 4 bytes
 
 std::string_view bytesOf(const xcb_get_property_reply_t* property) {
     if (!property || xcb_get_property_value_length(property) <= 0)
@@ -188,7 +188,7 @@ void X11Source::takeClassAndPid() {
 }
 
 X11Source::Question X11Source::ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const {
-    return xcb_get_property(m_connection.get(), 0, window, property, type, 0, longestProperty).sequence;
+    return xcb_get_property(m_connection.get(), 0, window, property, type, 0, kLongestProperty).sequence;
 }
 
 /// The answer to an older question would be an older window.

@@ -30,9 +30,9 @@ std::span<const std::uint8_t> readRecord(sd_bus_message* message) {
     return {static_cast<const std::uint8_t*>(bytes), size};
 }
 
-constexpr char notARecord[] = "The record is not one of 13232 bytes with a profile";
-constexpr char notOptions[] = "An option is unknown or out of its bounds";
-constexpr char tooMuch[] = "Too much is asked for at once";
+constexpr char kNotARecord[] = "The record is not one of 13232 bytes with a profile";
+constexpr char kNotOptions[] = "An option is unknown or out of its bounds";
+constexpr char kTooMuch[] = "Too much is asked for at once";
 
 } // namespace
 
@@ -45,7 +45,7 @@ int BusObject::called(sd_bus_message* message, void* self, sd_bus_error* error) 
             if (user) // who has left wants no answer
                 (object.*Method)({kept, *user});
         });
-    return asked ? 1 : sd_bus_error_set(error, kErrorLimitsExceeded, tooMuch);
+    return asked ? 1 : sd_bus_error_set(error, kErrorLimitsExceeded, kTooMuch);
 }
 
 const sd_bus_vtable BusObject::vtable[] = {
@@ -150,9 +150,9 @@ void BusObject::use(const Call& call) {
     if (!isAtTheSeat(call.user, mouse ? mouse->seat : "seat0"))
         return refuseAccess(call);
     if (record.empty())
-        return refuse(call, kErrorInvalidArguments, notARecord);
+        return refuse(call, kErrorInvalidArguments, kNotARecord);
     if (!options)
-        return refuse(call, kErrorInvalidArguments, notOptions);
+        return refuse(call, kErrorInvalidArguments, kNotOptions);
     if (!mouse)
         return refuse(call, kErrorNoSuchMouse, "No such mouse is plugged in");
     if (m_allowed.contains(call.user))
@@ -172,7 +172,7 @@ void BusObject::use(const Call& call) {
     if (asked)
         return;
     m_asking.erase(call.user);
-    refuse(call, kErrorLimitsExceeded, tooMuch);
+    refuse(call, kErrorLimitsExceeded, kTooMuch);
 }
 
 /// Looks again: the mouse and the user may have gone while an administrator was asked.
@@ -190,7 +190,7 @@ void BusObject::useAllowed(const Call& call, const std::string& id, std::span<co
     case UsedMice::Result::done:
         return reply(call);
     case UsedMice::Result::notARecord:
-        return refuse(call, kErrorInvalidArguments, notARecord);
+        return refuse(call, kErrorInvalidArguments, kNotARecord);
     case UsedMice::Result::tooMany:
         return refuse(call, kErrorLimitsExceeded, "Too many mice are in use");
     case UsedMice::Result::noDevice:
@@ -215,7 +215,7 @@ void BusObject::setRecord(const Call& call) {
         return;
     const auto record = readRecord(call.message.get());
     if (record.empty() || !m_mice.setRecord(*mouse, record))
-        return refuse(call, kErrorInvalidArguments, notARecord);
+        return refuse(call, kErrorInvalidArguments, kNotARecord);
     reply(call);
 }
 
@@ -225,7 +225,7 @@ void BusObject::setOptions(const Call& call) {
         return;
     const auto options = readOptions(call.message.get());
     if (!options)
-        return refuse(call, kErrorInvalidArguments, notOptions);
+        return refuse(call, kErrorInvalidArguments, kNotOptions);
     m_mice.setOptions(*mouse, *options);
     reply(call);
 }

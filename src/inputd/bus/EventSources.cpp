@@ -5,7 +5,7 @@ namespace quorvi::inputd {
 namespace {
 
 /// Who floods us waits for the mouse after each.
-constexpr int servedAtOnce = 4;
+constexpr int kServedAtOnce = 4;
 
 sd_event* newEvent() {
     sd_event* event = nullptr;
@@ -32,7 +32,7 @@ EventSources::Result EventSources::serve() {
     if (!m_touched)
         return Result::nothingWaits;
     auto* event = m_event.get();
-    for (int served = 0; served < servedAtOnce; ++served) {
+    for (int served = 0; served < kServedAtOnce; ++served) {
         // It stands armed since the last time, and has to look again.
         const int pending =
             sd_event_get_state(event) == SD_EVENT_ARMED ? sd_event_wait(event, 0) : sd_event_prepare(event);

@@ -11,8 +11,8 @@ namespace quorvi::inputd {
 
 namespace {
 
-constexpr double lowestFactor = 0.1;
-constexpr double highestFactor = 2.0;
+constexpr double kLowestFactor = 0.1;
+constexpr double kHighestFactor = 2.0;
 
 /// The elements of an array in the message, as long as that lives.
 template <typename Element>
@@ -50,7 +50,7 @@ struct OptionRule {
     bool (*read)(engine::Options& options, sd_bus_message* message);
 };
 
-constexpr std::array rules{
+constexpr std::array kRules{
     OptionRule{kOptionSensorDpi, "q", readSensorDpi},
     OptionRule{kOptionAcceleration, "ad",
         [](auto& options, auto* message) {
@@ -71,9 +71,9 @@ bool readOption(engine::Options& options, sd_bus_message* message) {
     const char* name = nullptr;
     if (sd_bus_message_read_basic(message, 's', &name) <= 0)
         return false;
-    const auto* const rule = std::ranges::find(rules, std::string_view(name), &OptionRule::name);
+    const auto* const rule = std::ranges::find(kRules, std::string_view(name), &OptionRule::name);
     // Entering fails for a value of another type.
-    return rule != rules.end() && sd_bus_message_enter_container(message, 'v', rule->signature) > 0 &&
+    return rule != kRules.end() && sd_bus_message_enter_container(message, 'v', rule->signature) > 0 &&
            rule->read(options, message) && sd_bus_message_exit_container(message) >= 0;
 }
 
@@ -88,7 +88,7 @@ bool setSensorDpi(engine::Options& options, std::uint16_t dpi) {
 
 bool setAcceleration(engine::Options& options, std::span<const double> factors) {
     // Not a number is neither.
-    const auto isFactor = [](double factor) { return factor >= lowestFactor && factor <= highestFactor; };
+    const auto isFactor = [](double factor) { return factor >= kLowestFactor && factor <= kHighestFactor; };
     if (factors.size() != options.acceleration.size() || !std::ranges::all_of(factors, isFactor))
         return false;
     std::ranges::transform(

@@ -8,10 +8,10 @@ namespace quorvi::inputd {
 
 namespace {
 
-constexpr std::uint64_t usualTimeout = 25'000'000; // microseconds
+constexpr std::uint64_t kUsualTimeout = 25'000'000; // microseconds
 /// An administrator looks for the password.
-constexpr std::uint64_t patientTimeout = 300'000'000;
-constexpr std::uint32_t allowUserInteraction = 1;
+constexpr std::uint64_t kPatientTimeout = 300'000'000;
+constexpr std::uint32_t kAllowUserInteraction = 1;
 
 events::MessageRef newCall(
     sd_bus* bus, const char* name, const char* path, const char* interface, const char* method) {
@@ -51,7 +51,7 @@ bool Questions::userOf(const char* connection, std::function<void(std::optional<
         "GetConnectionUnixUser");
     if (!call || !hasRoom() || sd_bus_message_append_basic(call.get(), 's', connection) < 0)
         return false;
-    return ask(call, usualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
+    return ask(call, kUsualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         std::uint32_t user = 0;
         if (reply && sd_bus_message_read_basic(reply, 'u', &user) > 0)
             answer(user);
@@ -65,9 +65,9 @@ bool Questions::isAuthorized(const char* connection, const char* action, std::fu
         "org.freedesktop.PolicyKit1.Authority", "CheckAuthorization");
     if (!call || !hasRoom() ||
         sd_bus_message_append(call.get(), "(sa{sv})sa{ss}us", "system-bus-name", 1, "name", "s", connection,
-            action, 0, allowUserInteraction, "") < 0)
+            action, 0, kAllowUserInteraction, "") < 0)
         return false;
-    return ask(call, patientTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
+    return ask(call, kPatientTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         int yes = 0;
         int challenge = 0;
         answer(reply && sd_bus_message_enter_container(reply, 'r', "bba{ss}") > 0 &&
@@ -80,7 +80,7 @@ bool Questions::delaySleep(const char* why, std::function<void(int)> answer) {
         "org.freedesktop.login1.Manager", "Inhibit");
     if (!call || sd_bus_message_append(call.get(), "ssss", "sleep", "Kyvar Quorvi", why, "delay") < 0)
         return false;
-    return ask(call, usualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
+    return ask(call, kUsualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         int descriptor = -1; // the message's own
         if (reply && sd_bus_message_read_basic(reply, 'h', &descriptor) > 0)
             descriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
@@ -94,7 +94,7 @@ bool Questions::isPreparingForSleep(std::function<void(std::optional<bool>)> ans
     if (!call ||
         sd_bus_message_append(call.get(), "ss", "org.freedesktop.login1.Manager", "PreparingForSleep") < 0)
         return false;
-    return ask(call, usualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
+    return ask(call, kUsualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
         int yes = 0;
         if (reply && sd_bus_message_read(reply, "v", "b", &yes) > 0)
             answer(yes != 0);

@@ -8,15 +8,15 @@ namespace {
 
 /// How long desktops take to open a device that is new. The mouse is a plain one until then, so that no click
 /// is lost.
-constexpr std::chrono::milliseconds settlingTime{250};
+constexpr std::chrono::milliseconds kSettlingTime{250};
 
 /// Codes below these and from KEY_OK on are keys.
 constexpr bool isButton(std::uint16_t code) {
     return code >= BTN_MISC && code < KEY_OK;
 }
 
-constexpr std::uint8_t wheelAway = 8;
-constexpr std::uint8_t wheelBack = 9;
+constexpr std::uint8_t kWheelAway = 8;
+constexpr std::uint8_t kWheelBack = 9;
 
 } // namespace
 
@@ -66,7 +66,7 @@ bool DrivenMouse::attach(const std::vector<std::string>& nodes, std::string& rea
         m_nodes.clear();
         return false;
     }
-    m_settled = steadyNow() + settlingTime;
+    m_settled = steadyNow() + kSettlingTime;
     setState(MouseState::waiting);
     return true;
 }
@@ -162,7 +162,7 @@ void DrivenMouse::frame(std::span<const input_event> events, engine::Time when) 
 
 void DrivenMouse::showPressed(const input_event& event) {
     if (event.type == EV_REL && event.code == REL_WHEEL && event.value != 0) {
-        m_listener.inputChanged(*this, event.value > 0 ? wheelAway : wheelBack, true);
+        m_listener.inputChanged(*this, event.value > 0 ? kWheelAway : kWheelBack, true);
         return;
     }
     if (event.type != EV_KEY || event.code == 0 || event.value > 1)

@@ -14,7 +14,7 @@ namespace quorvi::inputd {
 
 namespace {
 
-constexpr std::size_t bitsPerWord = sizeof(unsigned long) * CHAR_BIT;
+constexpr std::size_t kBitsPerWord = sizeof(unsigned long) * CHAR_BIT;
 
 bool isPrintable(char c) {
     return c > ' ' && c <= '~';
@@ -56,14 +56,14 @@ Mouse mouseOf(std::vector<NodeFacts> nodes) {
 
 KeyBits parseKeyBits(std::string_view text) {
     KeyBits bits;
-    for (std::size_t lowest = 0; !text.empty(); lowest += bitsPerWord) {
+    for (std::size_t lowest = 0; !text.empty(); lowest += kBitsPerWord) {
         const auto space = text.rfind(' ');
         const auto word = space == std::string_view::npos ? text : text.substr(space + 1);
         unsigned long value = 0;
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, 16);
         if (error != std::errc() || end != word.data() + word.size())
             return {};
-        for (std::size_t bit = 0; bit < bitsPerWord && lowest + bit < bits.size(); ++bit)
+        for (std::size_t bit = 0; bit < kBitsPerWord && lowest + bit < bits.size(); ++bit)
             bits[lowest + bit] = (value >> bit & 1) != 0;
         text = space == std::string_view::npos ? std::string_view() : text.substr(0, space);
     }

@@ -13,9 +13,9 @@ namespace quorvi::inputd {
 
 namespace {
 
-constexpr char ownPrefix[] = "Quorvi virtual ";
-constexpr char pointerName[] = "Quorvi virtual pointer";
-constexpr char keyboardName[] = "Quorvi virtual keyboard";
+constexpr char kOwnPrefix[] = "Quorvi virtual ";
+constexpr char kPointerName[] = "Quorvi virtual pointer";
+constexpr char kKeyboardName[] = "Quorvi virtual keyboard";
 
 bool enable(int fd, unsigned long request, std::span<const std::uint16_t> codes) {
     for (const auto code : codes)
@@ -52,11 +52,11 @@ std::unique_ptr<OutputDevice> OutputDevice::make(const char* name, std::span<con
 }
 
 std::unique_ptr<OutputDevice> OutputDevice::makePointer(std::string& reason) {
-    return make(pointerName, engine::pointerButtons(), engine::pointerAxes(), reason);
+    return make(kPointerName, engine::pointerButtons(), engine::pointerAxes(), reason);
 }
 
 std::unique_ptr<OutputDevice> OutputDevice::makeKeyboard(std::string& reason) {
-    return make(keyboardName, engine::keyboardKeys(), {}, reason);
+    return make(kKeyboardName, engine::keyboardKeys(), {}, reason);
 }
 
 OutputDevice::~OutputDevice() {
@@ -69,7 +69,7 @@ void OutputDevice::write(std::span<const input_event> frame) const {
 }
 
 bool isOwnDevice(const std::string& name) {
-    return name.starts_with(ownPrefix);
+    return name.starts_with(kOwnPrefix);
 }
 
 } // namespace quorvi::inputd

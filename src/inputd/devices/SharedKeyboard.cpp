@@ -5,7 +5,7 @@
 namespace quorvi::inputd {
 
 namespace {
-constexpr std::size_t largestFrame = 64;
+constexpr std::size_t kLargestFrame = 64;
 }
 
 bool SharedKeyboard::make(std::string& reason) {
@@ -17,7 +17,7 @@ bool SharedKeyboard::make(std::string& reason) {
 void SharedKeyboard::write(std::span<const input_event> frame) {
     if (!m_device)
         return;
-    std::array<input_event, largestFrame> passing;
+    std::array<input_event, kLargestFrame> passing;
     const auto size =
         filteredFrame(frame, passing, [this](const auto& event) { return m_holders.passes(event); });
     if (size > 0)

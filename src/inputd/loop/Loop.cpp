@@ -12,7 +12,7 @@ namespace quorvi::inputd {
 
 namespace {
 
-constexpr std::int64_t microsecondsPerSecond = 1'000'000;
+constexpr std::int64_t kMicrosecondsPerSecond = 1'000'000;
 
 int signalDescriptor() {
     sigset_t signals;
@@ -104,8 +104,8 @@ void Loop::arm(std::optional<engine::Time> when) {
     if (when) {
         // Zero would turn it off.
         const auto count = std::max<std::int64_t>(when->count(), 1);
-        time.it_value.tv_sec = count / microsecondsPerSecond;
-        time.it_value.tv_nsec = count % microsecondsPerSecond * 1000;
+        time.it_value.tv_sec = count / kMicrosecondsPerSecond;
+        time.it_value.tv_nsec = count % kMicrosecondsPerSecond * 1000;
     }
     timerfd_settime(m_timer.get(), TFD_TIMER_ABSTIME, &time, nullptr);
     m_armed = when;

@@ -1,7 +1,7 @@
 // How games are told from each other.
-#include <gtest/gtest.h>
-
 #include "applications/games/GameIdentifiers.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvi::test {
 namespace {

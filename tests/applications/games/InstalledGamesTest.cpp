@@ -1,7 +1,8 @@
 // The games that launchers have installed.
+#include "applications/games/InstalledGames.h"
+
 #include <gtest/gtest.h>
 
-#include "applications/games/InstalledGames.h"
 #include "applications/games/SteamLibrary.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
 // The texts that game launchers keep.
-#include <gtest/gtest.h>
-
 #include "applications/games/TextTree.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvi::test {
 namespace {
@@ -10,10 +10,10 @@ using games::readJson;
 using games::readKeyValues;
 using games::TextTree;
 
-constexpr char valves[] =
+constexpr char kValves[] =
     "// a comment\n\"AppState\"\n{\n\t\"appid\"\t\"440\"\n\t\"name\" \"A \\\"B\\\" \\\\ C\"\n"
     "\tplain word\n\t\"deep\" { \"deeper\" { \"x\" \"1\" } }\n}\n";
-constexpr char json[] = R"({"games": [{"app_name": "q", "n": -1.5e3, "t": true, "no": null},
+constexpr char kJson[] = R"({"games": [{"app_name": "q", "n": -1.5e3, "t": true, "no": null},
     {"title": "A \"B\" \u00e9 \ud83d\ude00 \\ \/ \n"}, [], {}], "last": "x"})";
 
 std::size_t countOf(const TextTree& tree) {
@@ -34,7 +34,7 @@ std::string nested(std::size_t times, const char* open, const char* close, const
 }
 
 TEST(KeyValues, AreReadWithTheirEscapesAndComments) {
-    const auto tree = readKeyValues(valves);
+    const auto tree = readKeyValues(kValves);
     EXPECT_EQ(tree["appstate"]["AppID"].text, "440");
     EXPECT_EQ(tree["AppState"]["name"].text, "A \"B\" \\ C");
     EXPECT_EQ(tree["AppState"]["plain"].text, "word");
@@ -43,7 +43,7 @@ TEST(KeyValues, AreReadWithTheirEscapesAndComments) {
 }
 
 TEST(Json, IsReadWithItsEscapes) {
-    const auto tree = readJson(json);
+    const auto tree = readJson(kJson);
     const auto& games = tree["games"].members;
     ASSERT_EQ(games.size(), 4U);
     EXPECT_EQ(games[0].second["app_name"].text, "q");
@@ -68,7 +68,7 @@ TEST(TextsOfLaunchers, AreReadUpToTheirFault) {
 }
 
 TEST(TextsOfLaunchers, MayBeCutAnywhereAndSpoiltAnywhere) {
-    for (const std::string_view text : {std::string_view(valves), std::string_view(json)}) {
+    for (const std::string_view text : {std::string_view(kValves), std::string_view(kJson)}) {
         const std::string whole(text);
         const auto most = std::max(countOf(readKeyValues(whole)), countOf(readJson(whole)));
         for (std::size_t size = 0; size <= whole.size(); ++size) {

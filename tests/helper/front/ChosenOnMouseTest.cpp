@@ -10,8 +10,8 @@
 namespace quorvi::test {
 namespace {
 
-constexpr std::uint8_t sideButton = 4;
-constexpr int nextProfile = 32;
+constexpr std::uint8_t kSideButton = 4;
+constexpr int kNextProfile = 32;
 
 class ChosenOnMouse : public FollowingHelper {
   protected:
@@ -21,8 +21,8 @@ class ChosenOnMouse : public FollowingHelper {
         start();
     }
     void chooseNext() {
-        EXPECT_EQ(pressSimulatedMouse(*bus, psn, sideButton), noErr);
-        EXPECT_EQ(releaseSimulatedMouse(*bus, psn, sideButton), noErr);
+        EXPECT_EQ(pressSimulatedMouse(*bus, psn, kSideButton), noErr);
+        EXPECT_EQ(releaseSimulatedMouse(*bus, psn, kSideButton), noErr);
     }
 
     /// Why the profile runs, as the panel says it.
@@ -39,7 +39,7 @@ class ChosenOnMouse : public FollowingHelper {
         const auto file = plist::readPropertyListFile(userSettings).value;
         const auto profiles = file.dictionary().dictionary("quorvi").array("profiles");
         for (std::size_t i = 0; i < profiles.size(); ++i)
-            profiles.dictionary(i).dictionary("buttons").set("04", assignment(nextProfile, 0, 0));
+            profiles.dictionary(i).dictionary("buttons").set("04", assignment(kNextProfile, 0, 0));
         writeFile(userSettings, plist::writeXml(file).value());
     }
 };

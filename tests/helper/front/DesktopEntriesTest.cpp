@@ -1,10 +1,11 @@
 // Applications by their desktop entries.
-#include <algorithm>
-#include <cstdlib>
+#include "helper/front/DesktopEntries.h"
 
 #include <gtest/gtest.h>
 
-#include "helper/front/DesktopEntries.h"
+#include <algorithm>
+#include <cstdlib>
+
 #include "support/EnvironmentVariable.h"
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"

@@ -1,7 +1,8 @@
 // Which profile follows an application, by what the panel stored of it.
+#include "helper/front/FollowedProfile.h"
+
 #include <gtest/gtest.h>
 
-#include "helper/front/FollowedProfile.h"
 #include "model/Trees.h"
 
 namespace quorvi::test {

@@ -14,8 +14,8 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
-constexpr int switchesOfOneRun = 30;
-constexpr microseconds longestOfQuick = std::chrono::milliseconds(20);
+constexpr int kSwitchesOfOneRun = 30;
+constexpr microseconds kLongestOfQuick = std::chrono::milliseconds(20);
 
 void print(std::vector<microseconds> times) {
     std::ranges::sort(times);
@@ -57,7 +57,7 @@ bool FollowingHelper::comesToSay(const std::string& property, const std::string&
 
 void FollowingHelper::switchInTurn(const std::function<void(const std::string&)>& bringToFront) {
     const char* often = std::getenv("QUORVI_FRONT_SWITCHES");
-    const int switches = often ? std::atoi(often) : switchesOfOneRun;
+    const int switches = often ? std::atoi(often) : kSwitchesOfOneRun;
     std::vector<microseconds> times;
     for (int i = 0; i < switches; ++i) {
         const bool toDrawing = i % 2 == 0;
@@ -71,7 +71,7 @@ void FollowingHelper::switchInTurn(const std::function<void(const std::string&)>
     }
     print(times);
     std::ranges::sort(times);
-    EXPECT_LE(times[times.size() / 4], longestOfQuick);
+    EXPECT_LE(times[times.size() / 4], kLongestOfQuick);
 }
 
 void FollowingHelper::expectSleepDuring(const std::function<void()>& function) {

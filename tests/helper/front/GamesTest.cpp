@@ -13,13 +13,13 @@
 namespace quorvi::test {
 namespace {
 
-constexpr int numberOfGames = 20;
-constexpr std::size_t boundAtOnce = 4; // the first of five profiles is the user's own
+constexpr int kNumberOfGames = 20;
+constexpr std::size_t kBoundAtOnce = 4; // the first of five profiles is the user's own
 
 class GamesInFront : public FollowingHelper {
   protected:
     GamesInFront() {
-        for (int i = 0; i < numberOfGames; ++i)
+        for (int i = 0; i < kNumberOfGames; ++i)
             addSteamGame(
                 folder / ".local/share/Steam", std::to_string(1000 + i), "Game " + std::to_string(1000 + i));
     }
@@ -61,10 +61,10 @@ TEST_F(GamesInFront, AreListedBoundAndFollowed) {
     surroundings = {"DISPLAY=" + display.name()};
     start();
     const auto all = games::installedGames(folder.path());
-    ASSERT_EQ(all.size(), static_cast<std::size_t>(numberOfGames));
-    for (std::size_t first = 0; first < all.size(); first += boundAtOnce) {
-        bindGames(std::span(all).subspan(first, boundAtOnce));
-        for (std::size_t i = 0; i < boundAtOnce; ++i)
+    ASSERT_EQ(all.size(), static_cast<std::size_t>(kNumberOfGames));
+    for (std::size_t first = 0; first < all.size(); first += kBoundAtOnce) {
+        bindGames(std::span(all).subspan(first, kBoundAtOnce));
+        for (std::size_t i = 0; i < kBoundAtOnce; ++i)
             expectToRunIn(all[first + i], i % 2 == 0, static_cast<std::uint32_t>(i + 2));
     }
 }

@@ -1,7 +1,8 @@
 // What the kernel says of the process behind a window.
+#include "helper/front/ProcessFacts.h"
+
 #include <gtest/gtest.h>
 
-#include "helper/front/ProcessFacts.h"
 #include "support/ChildProcess.h"
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"

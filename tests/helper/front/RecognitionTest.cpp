@@ -1,7 +1,8 @@
 // From a window to its application.
+#include "helper/front/Recognition.h"
+
 #include <gtest/gtest.h>
 
-#include "helper/front/Recognition.h"
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"
 

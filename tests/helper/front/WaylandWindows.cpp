@@ -13,8 +13,8 @@ namespace quorvi::test {
 
 namespace {
 
-constexpr int side = 64;
-constexpr int pixelSize = 4;
+constexpr int kSide = 64;
+constexpr int kPixelSize = 4;
 
 } // namespace
 
@@ -55,12 +55,12 @@ class WaylandWindows::Connection {
 
   private:
     void makeBuffer() {
-        const int size = side * side * pixelSize;
+        const int size = kSide * kSide * kPixelSize;
         const int memory = memfd_create("window", MFD_CLOEXEC);
         if (ftruncate(memory, size) != 0)
             throw std::runtime_error("no memory for a window");
         wl_shm_pool* pool = wl_shm_create_pool(shm, memory, size);
-        buffer = wl_shm_pool_create_buffer(pool, 0, side, side, side * pixelSize, WL_SHM_FORMAT_XRGB8888);
+        buffer = wl_shm_pool_create_buffer(pool, 0, kSide, kSide, kSide * kPixelSize, WL_SHM_FORMAT_XRGB8888);
         wl_shm_pool_destroy(pool);
         ::close(memory);
     }
@@ -97,7 +97,7 @@ struct WaylandWindows::Window {
         while (!isConfigured)
             connection.settle();
         wl_surface_attach(surface, connection.buffer, 0, 0);
-        wl_surface_damage(surface, 0, 0, side, side);
+        wl_surface_damage(surface, 0, 0, kSide, kSide);
         wl_surface_commit(surface);
         connection.settle();
     }

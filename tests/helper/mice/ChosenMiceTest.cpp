@@ -1,7 +1,8 @@
 // The file of the mice that their user has chosen.
+#include "helper/mice/ChosenMice.h"
+
 #include <gtest/gtest.h>
 
-#include "helper/mice/ChosenMice.h"
 #include "helper/mice/Connection.h"
 #include "model/Trees.h"
 #include "plist/Reader.h"

@@ -3,9 +3,8 @@
 #include <array>
 #include <stdexcept>
 
-#include <linux/input-event-codes.h>
-
 #include <fake-input-client-protocol.h>
+#include <linux/input-event-codes.h>
 
 namespace quorvi::test {
 

@@ -1,11 +1,12 @@
 // Signals that another program sends to the service alone, in the words of the log-in manager or of the bus.
 // A rule that names the sender does not keep them out: the library lets what is sent to it alone through.
+#include <gtest/gtest.h>
+
 #include <array>
 #include <csignal>
 #include <optional>
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "inputd/bus/SleepWatch.h"

@@ -1,9 +1,9 @@
 // The bounds of the options that come over the bus.
 #include "inputd/bus/OptionValues.h"
 
-#include <limits>
-
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace quorvi::inputd {
 namespace {

@@ -1,9 +1,9 @@
 // Who may use the mice of a seat.
 #include "inputd/bus/WhoMay.h"
 
-#include <fstream>
-
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 #include "inputd/bus/AllowedUsers.h"
 #include "support/TemporaryFolder.h"

@@ -1,10 +1,10 @@
 #include "vm/support/Caller.h"
 
+#include <gtest/gtest.h>
+
 #include <string_view>
 
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace quorvi::test {
 

@@ -1,9 +1,9 @@
 // A test with a fake mouse, a desktop, and the service that drives the one for the other.
 #pragma once
 
-#include <csignal>
-
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 #include "vm/support/Desk.h"
 #include "vm/support/FakeMouse.h"

@@ -1,5 +1,7 @@
 #include "vm/support/FakeMouse.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstring>
 #include <filesystem>
@@ -9,17 +11,15 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 #include "support/ChildProcess.h"
 
 namespace quorvi::test {
 
 namespace {
 
-constexpr std::array<std::uint16_t, 7> usualButtons{
+constexpr std::array<std::uint16_t, 7> kUsualButtons{
     BTN_LEFT, BTN_RIGHT, BTN_MIDDLE, BTN_SIDE, BTN_EXTRA, BTN_FORWARD, BTN_BACK};
-constexpr std::array<std::uint16_t, 6> axes{
+constexpr std::array<std::uint16_t, 6> kAxes{
     REL_X, REL_Y, REL_WHEEL, REL_WHEEL_HI_RES, REL_HWHEEL, REL_HWHEEL_HI_RES};
 
 std::string nodeOf(int uinput) {
@@ -42,12 +42,12 @@ void settleUdev() {
 FakeMouse::FakeMouse(const MouseDescription& description) : m_fd(open("/dev/uinput", O_WRONLY | O_CLOEXEC)) {
     const int fd = m_fd.get();
     ioctl(fd, UI_SET_EVBIT, EV_KEY);
-    for (const auto code : usualButtons)
+    for (const auto code : kUsualButtons)
         ioctl(fd, UI_SET_KEYBIT, code);
     for (const auto code : description.moreKeys)
         ioctl(fd, UI_SET_KEYBIT, code);
     ioctl(fd, UI_SET_EVBIT, EV_REL);
-    for (const auto code : axes)
+    for (const auto code : kAxes)
         ioctl(fd, UI_SET_RELBIT, code);
     // Where it is plugged in: the same place each time.
     ioctl(fd, UI_SET_PHYS, ("test/" + description.name).c_str());

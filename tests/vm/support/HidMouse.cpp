@@ -1,5 +1,7 @@
 #include "vm/support/HidMouse.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -9,8 +11,6 @@
 #include <linux/uhid.h>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 #include "support/WaitUntil.h"
 #include "vm/support/FakeMouse.h"
 
@@ -19,7 +19,7 @@ namespace quorvi::test {
 namespace {
 
 // Report 1: a mouse of five buttons. Report 2: a keyboard of one key at a time (USB HID, appendices B and E).
-constexpr auto description =
+constexpr auto kDescription =
     std::to_array<std::uint8_t>({0x05, 0x01, 0x09, 0x02, 0xA1, 0x01, 0x85, 0x01, 0x09, 0x01, 0xA1, 0x00, 0x05,
         0x09, 0x19, 0x01, 0x29, 0x05, 0x15, 0x00, 0x25, 0x01, 0x75, 0x01, 0x95, 0x05, 0x81, 0x02, 0x75, 0x03,
         0x95, 0x01, 0x81, 0x03, 0x05, 0x01, 0x09, 0x30, 0x09, 0x31, 0x15, 0x81, 0x25, 0x7F, 0x75, 0x08, 0x95,
@@ -37,8 +37,8 @@ HidMouse::HidMouse() : m_fd(open("/dev/uhid", O_RDWR | O_CLOEXEC)) {
     request.bus = BUS_USB;
     request.vendor = 0x1234;
     request.product = 9;
-    request.rd_size = description.size();
-    std::ranges::copy(description, request.rd_data);
+    request.rd_size = kDescription.size();
+    std::ranges::copy(kDescription, request.rd_data);
     EXPECT_EQ(write(m_fd.get(), &event, sizeof event), static_cast<ssize_t>(sizeof event));
     // The kernel says that it has started it.
     do {

@@ -1,29 +1,29 @@
 #include "vm/support/Inputd.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 namespace quorvi::test {
 
 namespace {
 
-constexpr uid_t serviceUser = 101; // tests/vm/image
-constexpr char stateFolder[] = "/run/quorvi-inputd";
+constexpr uid_t kServiceUser = 101; // tests/vm/image
+constexpr char kStateFolder[] = "/run/quorvi-inputd";
 
 } // namespace
 
 std::unique_ptr<ChildProcess> startInputd(const std::vector<std::string>& arguments) {
-    std::filesystem::create_directories(stateFolder);
-    EXPECT_EQ(chown(stateFolder, serviceUser, 0), 0);
+    std::filesystem::create_directories(kStateFolder);
+    EXPECT_EQ(chown(kStateFolder, kServiceUser, 0), 0);
     std::vector<std::string> command{"/bin/setpriv", "--reuid=quorvi-inputd", "--regid=quorvi-inputd",
         "--groups=input", "--no-new-privs", "--bounding-set=-all", "/quorvi/quorvi-inputd"};
     command.insert(command.end(), arguments.begin(), arguments.end());
     return std::make_unique<ChildProcess>(
-        command, std::vector<std::string>{std::string("STATE_DIRECTORY=") + stateFolder});
+        command, std::vector<std::string>{std::string("STATE_DIRECTORY=") + kStateFolder});
 }
 
 std::unique_ptr<ChildProcess> startInputd(const std::string& node, const TestRecord& record) {

@@ -1,12 +1,12 @@
 #include "vm/support/Managers.h"
 
+#include <gtest/gtest.h>
+
 #include <string_view>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace quorvi::test {
 
