@@ -98,7 +98,7 @@ MouseResult Helper::setCodes(const std::string& mouse, std::span<const std::uint
 MouseResult Helper::beginSetUp(const std::string& mouse, const ProcessSerialNumber& caller) {
     if (m_setter && m_setter != caller)
         return MouseResult::busy;
-    const auto result = m_mice.beginSetUp(mouse);
+    const auto result = m_mice.setUp().begin(mouse);
     if (result == MouseResult::done) {
         m_setter = caller;
         m_bus.watchProcess(caller);
@@ -107,14 +107,14 @@ MouseResult Helper::beginSetUp(const std::string& mouse, const ProcessSerialNumb
 }
 
 MouseResult Helper::watchKey(std::uint16_t code, const ProcessSerialNumber& caller) {
-    return m_setter == caller ? m_mice.watchKey(code) : MouseResult::notInUse;
+    return m_setter == caller ? m_mice.setUp().watchKey(code) : MouseResult::notInUse;
 }
 
 void Helper::endSetUp(const ProcessSerialNumber& caller) {
     if (m_setter != caller)
         return;
     m_setter.reset();
-    m_mice.endSetUp();
+    m_mice.setUp().end();
     unwatchUnlessNeeded(caller);
 }
 

@@ -2,17 +2,11 @@
 #pragma once
 
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "events/HelperObject.h"
-#include "events/Timer.h"
 #include "helper/mice/Backend.h"
-#include "helper/mice/ChosenMice.h"
-#include "helper/mice/InputdLink.h"
-#include "helper/mice/SystemBus.h"
+#include "helper/mice/MouseSetUp.h"
 
 namespace quorvi {
 
@@ -42,7 +36,7 @@ class RealMice final : public Backend, InputdListener {
     void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) override;
     void setMacrosAreQuiet(bool quiet) override;
     void setLetterKeys(const engine::LetterKeys& keys) override;
-    [[nodiscard]] std::vector<DeviceEntry> devices() const override;
+    [[nodiscard]] std::vector<DeviceEntry> devices() const override { return m_mice.devices(); }
     /// Of the mouse whose profile or stage changed last.
     [[nodiscard]] engine::Running running() const override { return m_running; }
 
@@ -50,9 +44,9 @@ class RealMice final : public Backend, InputdListener {
     /// service is there, and has not refused it.
     [[nodiscard]] bool anyInUse() const;
     /// The service has listed its mice.
-    [[nodiscard]] bool hasService() const { return m_hasService; }
+    [[nodiscard]] bool hasService() const { return m_service.isThere(); }
     /// Bit 0 is input 1; of all mice in use.
-    [[nodiscard]] std::uint16_t pressedInputs() const;
+    [[nodiscard]] std::uint16_t pressedInputs() const { return m_mice.pressedInputs(); }
 
     /// Gives the mice that are plugged in or chosen, once the service has listed them.
     void list(std::function<void(std::vector<MouseEntry>)> answer);
@@ -61,29 +55,13 @@ class RealMice final : public Backend, InputdListener {
     /// 0 for not known.
     [[nodiscard]] MouseResult setDpi(const std::string& mouse, std::uint16_t dpi);
     [[nodiscard]] MouseResult setCodes(const std::string& mouse, std::span<const std::uint16_t> codes);
-    /// From now on the mouse is a plain one, whose buttons and keys are told by codeChanged().
-    [[nodiscard]] MouseResult beginSetUp(const std::string& mouse);
-    /// During a set-up: this key is told by codeChanged() too when it is the mouse's, and does nothing else
-    /// then; 0 for none.
-    [[nodiscard]] MouseResult watchKey(std::uint16_t code);
-    void endSetUp();
-    [[nodiscard]] const std::string& inSetUp() const { return m_inSetUp; }
+    /// What it tells of a mouse comes by codeChanged().
+    [[nodiscard]] MouseSetUp& setUp() { return m_setUp; }
 
     /// Somebody looks at the presses.
     void setShown(bool shown);
 
   private:
-    struct Mouse {
-        ListedMouse listed;
-        MouseStatus status;
-        bool isPluggedIn = false;
-        bool isOurs = false;     ///< the service has it from us
-        bool isRefused = false;  ///< nobody has let the user; not asked again by itself
-        bool isCalling = false;  ///< an answer is waited for, and nothing else is sent meanwhile
-        bool isOutdated = false; ///< something has changed that the service does not know
-        [[nodiscard]] std::string model() const { return modelOf(listed.vendor, listed.product); }
-    };
-
     /// Who has been told of it need not look again until it is another.
     struct Told {
         std::vector<MouseEntry> entries;
@@ -94,48 +72,26 @@ class RealMice final : public Backend, InputdListener {
 
     void serviceCame() override;
     void serviceLeft() override;
-    void miceChanged() override { refresh(); }
+    void miceChanged() override { m_service.refresh(); }
     void statusChanged(const std::string& id, const MouseStatus& status) override;
     void inputChanged(const std::string& id, std::uint8_t input, bool pressed) override;
     void codeChanged(const std::string& id, std::uint16_t code, bool pressed) override;
 
-    void followBus();
-    void refresh();
     void listed(InputdResult result, const std::vector<ListedMouse>& mice);
-    void takeOver(const std::vector<ListedMouse>& mice);
-    void forgetAll();
-    void updateAll();
-    void update(Mouse& mouse);
-    void updated(const std::string& id, InputdResult result);
-    void noteRunning(const MouseStatus& status);
-    void tell();
-    void watch();
-    [[nodiscard]] engine::Options optionsOf(const Mouse& mouse) const;
-    [[nodiscard]] std::vector<std::uint8_t> recordOf(const Mouse& mouse) const;
-    [[nodiscard]] std::vector<MouseEntry> entries() const;
-    [[nodiscard]] Mouse* find(const std::string& id);
-    [[nodiscard]] std::string modelNamed(const std::string& mouse) const;
     [[nodiscard]] MouseResult change(
         const std::string& mouse, const std::function<void(ChosenMouse&)>& change);
+    void noteRunning(const MouseStatus& status);
+    void tell();
 
     RealMiceListener& m_listener;
-    ChosenMice m_chosen;
-    std::vector<std::uint8_t> m_record;
-    engine::Options m_options; ///< but for what each mouse has of its own
     engine::Running m_running{};
-    std::map<std::string, Mouse> m_mice; ///< plugged in or ours, by id
-    bool m_hasService = false;           ///< see hasService()
-    bool m_isListing = false;
-    bool m_listsAgain = false;
     std::vector<std::function<void(std::vector<MouseEntry>)>> m_waiting;
-    std::string m_inSetUp;          ///< the id of the mouse that is being set up
-    std::uint16_t m_watchedKey = 0; ///< see watchKey()
-    Told m_told;                    ///< what there was to list when that was told last
-    bool m_isShown = false;
-    Timer m_restart;
-    Timer::Clock::time_point m_cameAt;
-    SystemBus m_bus;
-    std::unique_ptr<InputdLink> m_link; ///< null without a bus
+    Told m_told; ///< what there was to list when that was told last
+    KnownMice m_mice;
+    MouseOrders m_orders;
+    InputdService m_service;
+    MouseDriver m_driver;
+    MouseSetUp m_setUp;
 };
 
 } // namespace quorvi
