@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "events/EventBusPrivate.h"
-
 namespace quorvi {
 
 namespace {
@@ -14,30 +12,16 @@ constexpr char kPanelName[] = "KyvarQuorviPane";
 } // namespace
 
 Helper::Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::filesystem::path chosenMice)
-    : m_bus(bus), m_settings(files), m_layout(loop), m_mice(loop, std::move(chosenMice), *this),
-      m_bundle(files.bundle()), m_display(bus.connection().bus.get()) {
+    : m_bus(bus), m_settings(files), m_clients(bus),
+      m_announcements(bus, m_settings, m_mice, m_clients, files.bundle()),
+      m_mice(loop, std::move(chosenMice), m_announcements),
+      m_simulatedControls(bus, m_settings, m_mice, m_announcements),
+      m_controls(bus, m_mice, m_clients, m_announcements) {
     m_bus.installHandler(kEventClassQuorvi, kEventCommand,
         [this](const Event& event, const ProcessSerialNumber& sender, Event& reply) {
             return handleCommand(event, sender, reply);
         });
     m_bus.onProcessGone([this](const ProcessSerialNumber& psn) { forget(psn); });
-    m_object = SimulatedMouseObject::offer(m_bus, *this);
-    m_controls = HelperObject::offer(m_bus, *this);
-    m_mouse.onFrame([this](std::span<const input_event> frame) {
-        if (m_object)
-            m_object->tellEmitted(frame);
-    });
-    m_mouse.onRunning([this] {
-        if (m_object)
-            m_object->tellRunning();
-        if (isDemonstration())
-            runningChanged();
-    });
-    m_layout.onKeys([this](const engine::LetterKeys& keys) {
-        for (auto* backend : m_backends)
-            backend->setLetterKeys(keys);
-    });
-    loop.watch(m_mouse.timerFd(), [this] { m_mouse.wake(); });
 }
 
 Helper::~Helper() {
@@ -53,7 +37,7 @@ NameResult Helper::start() {
     // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
     // who saved before that is read here, and who saves later sends its message to this process.
     reloadSettings();
-    m_mice.start();
+    m_mice.real().start();
     return result;
 }
 
@@ -76,16 +60,14 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
     switch (message) {
     case kMessagePaneShown:
         parameter != 0 ? addPanel(sender) : removePanel(sender);
-        reply.putInteger(keyDirectObject, deviceList().count);
+        reply.putInteger(keyDirectObject, m_mice.deviceList().count);
         break;
     case kMessageSettingsSaved:
         reply.putInteger(keyDirectObject, reloadSettings() ? 1 : 0);
         break;
     case kMessageRecording:
-        setRecording(parameter != 0);
-        // A command typed on the bus comes from a process that is gone at once: that says nothing.
-        setRecorder(m_recording && m_panels.count(sender) > 0 ? std::optional(sender) : std::nullopt);
-        reply.putInteger(keyDirectObject, m_recording ? 1 : 0);
+        setRecording(parameter != 0, sender);
+        reply.putInteger(keyDirectObject, parameter != 0 ? 1 : 0);
         break;
     default:
         break;
@@ -93,26 +75,11 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
     return noErr;
 }
 
-void Helper::attach() {
-    setAttached(true);
-}
-
-void Helper::detach() {
-    setAttached(false);
-}
-
-void Helper::setAttached(bool attached) {
-    m_attached = attached;
-    if (!attached)
-        m_mouse.releaseAll();
-    m_mouse.setPluggedIn(attached);
-    sendDeviceList();
-}
-
-void Helper::setRecording(bool recording) {
-    m_recording = recording;
-    for (auto* backend : m_backends)
-        backend->setMacrosAreQuiet(recording);
+void Helper::setRecording(bool recording, const ProcessSerialNumber& sender) {
+    m_mice.setMacrosAreQuiet(recording);
+    // A command typed on the bus comes from a process that is gone at once: that says nothing.
+    const bool isPanel = m_clients.panels().count(sender) > 0;
+    m_clients.setRecorder(recording && isPanel ? std::optional(sender) : std::nullopt);
 }
 
 bool Helper::reloadSettings() {
@@ -123,57 +90,41 @@ bool Helper::reloadSettings() {
         return false;
     if (m_profilesRead)
         m_profilesRead();
-    expectSaved(before);
+    m_announcements.expectSaved(before);
     giveRecord();
     return reloaded;
 }
 
 void Helper::giveRecord() {
-    for (auto* backend : m_backends)
-        backend->setRecord(m_settings.record(), m_settings.acceleration());
+    m_mice.setRecord(m_settings.record(), m_settings.acceleration());
 }
 
-void Helper::followProfile(std::optional<std::size_t> profile) {
+void Helper::followProfile(std::optional<std::size_t> profile, std::string reason) {
+    m_announcements.setFrontReason(std::move(reason));
     if (profile != m_settings.followed() && m_settings.follow(profile))
         giveRecord();
-    tellFrontReason(); // which was given first, and holds from now on
+    m_announcements.tellFrontReason(); // which holds from now on
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {
-    m_panels.insert(panel);
-    m_bus.watchProcess(panel);
-    m_mice.setShown(true);
-    (void)m_bus.send(panel, makeDeviceListEvent(deviceList()));
+    m_clients.addPanel(panel);
+    m_mice.real().setShown(true);
+    (void)m_bus.send(panel, makeDeviceListEvent(m_mice.deviceList()));
 }
 
 void Helper::removePanel(const ProcessSerialNumber& panel) {
-    m_panels.erase(panel);
-    m_mice.setShown(!m_panels.empty());
-    unwatchUnlessNeeded(panel);
-}
-
-void Helper::setRecorder(std::optional<ProcessSerialNumber> recorder) {
-    const auto before = std::exchange(m_recorder, recorder);
-    if (before)
-        unwatchUnlessNeeded(*before);
-    if (m_recorder)
-        m_bus.watchProcess(*m_recorder);
+    m_clients.removePanel(panel);
+    m_mice.real().setShown(!m_clients.panels().empty());
 }
 
 /// A process that was killed has said neither that it is hidden nor that its recording is over.
 void Helper::forget(const ProcessSerialNumber& gone) {
-    m_panels.erase(gone);
-    m_mice.setShown(!m_panels.empty());
-    endSetUp(gone);
-    if (m_recorder != gone)
+    removePanel(gone);
+    m_controls.endSetUp(gone);
+    if (m_clients.recorder() != gone)
         return;
-    m_recorder.reset();
-    setRecording(false);
-}
-
-void Helper::unwatchUnlessNeeded(const ProcessSerialNumber& process) {
-    if (m_panels.count(process) == 0 && m_recorder != process && m_setter != process)
-        m_bus.unwatchProcess(process);
+    m_clients.setRecorder({});
+    m_mice.setMacrosAreQuiet(false);
 }
 
 } // namespace quorvi

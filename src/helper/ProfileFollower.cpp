@@ -14,8 +14,7 @@ ProfileFollower::ProfileFollower(EventBus& bus, EventLoop& loop, Helper& helper)
 
 void ProfileFollower::follow() {
     auto followed = front::profileFor(m_helper.profiles(), m_front.application());
-    m_helper.setFrontReason(std::move(followed.reason));
-    m_helper.followProfile(followed.profile);
+    m_helper.followProfile(followed.profile, std::move(followed.reason));
 }
 
 } // namespace quorvi

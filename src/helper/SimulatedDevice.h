@@ -31,6 +31,7 @@ class SimulatedDevice final : public Backend, engine::Output {
     [[nodiscard]] engine::Running running() const override { return m_engine.running(); }
 
     void setPluggedIn(bool pluggedIn) { m_isPluggedIn = pluggedIn; }
+    [[nodiscard]] bool isPluggedIn() const { return m_isPluggedIn; }
 
     // Inputs are 1 to 9. The wheel (8 and 9) turns by a notch and has no release.
     void press(std::uint8_t input);
@@ -57,7 +58,7 @@ class SimulatedDevice final : public Backend, engine::Output {
     std::function<void(std::span<const input_event>)> m_frame;
     std::function<void()> m_running;
     engine::Options m_options;
-    bool m_isPluggedIn = true;
+    bool m_isPluggedIn = true; ///< until someone unplugs it
     std::uint16_t m_pressed = 0;
     engine::Engine m_engine{*this};
     Timer m_timer;
