@@ -74,7 +74,7 @@ void ImportExport::showExportPanel(ItemKind kind) {
 }
 
 QString ImportExport::proposedName(ItemKind kind) const {
-    const QString name = nameOfItem((m_context.document.*typeOf(kind).current)());
+    QString name = nameOfItem((m_context.document.*typeOf(kind).current)());
     if (!name.isEmpty())
         return name;
     return kind == ItemKind::profile ? m_context.text("Untitled Profile") : m_context.text("Untitled Macro");
