@@ -34,15 +34,15 @@ using FourCharCode = std::uint32_t;
 
 // Classes and ids of the events between the panel and the helper.
 constexpr FourCharCode kEventClassQuorvi = fourCharCode("KyvQ");
-constexpr FourCharCode kEventCommand =
-    fourCharCode("KyvC"); ///< panel to helper; has a message and a parameter
+/// Panel to helper; has a message and a parameter.
+constexpr FourCharCode kEventCommand = fourCharCode("KyvC");
 constexpr FourCharCode kEventDeviceList = fourCharCode("KyDL"); ///< helper to panel
 constexpr FourCharCode kEventValue = fourCharCode("KyEV");      ///< helper to panel, a single value
 
 // The messages of a command.
 constexpr FourCharCode kMessagePaneShown = fourCharCode("KyRO"); ///< parameter 1 shown, 0 hidden
-constexpr FourCharCode kMessageSettingsSaved =
-    fourCharCode("KyPR");                                        ///< parameter: index of the profile, or -1
+/// Parameter: index of the profile, or -1.
+constexpr FourCharCode kMessageSettingsSaved = fourCharCode("KyPR");
 constexpr FourCharCode kMessageRecording = fourCharCode("KyDM"); ///< parameter 1 started, 0 stopped
 
 // Keywords of parameters.

@@ -7,10 +7,10 @@ namespace quorvi::frontinterface {
 constexpr char kPath[] = "/com/kyvar/Helper";
 constexpr char kInterface[] = "com.kyvar.Front1";
 
-constexpr char kApplication[] =
-    "FrontApplication";                   ///< property: its name as it is shown; empty before the first
-constexpr char kSource[] = "FrontSource"; ///< property: who tells; empty when nobody does
-constexpr char kDesktop[] = "Desktop";    ///< property: the desktop's name; may be empty
+/// Property: its name as it is shown; empty before the first.
+constexpr char kApplication[] = "FrontApplication";
+constexpr char kSource[] = "FrontSource";            ///< property: who tells; empty when nobody does
+constexpr char kDesktop[] = "Desktop";               ///< property: the desktop's name; may be empty
 constexpr char kGnomeExtension[] = "GnomeExtension"; ///< property: see FrontState
 constexpr char kTextSignature[] = "s";
 

@@ -50,8 +50,8 @@ constexpr char kStateUnused[] = "unused";
 constexpr char kOptionSensorDpi[] = "SensorDpi";       ///< q, 100 to 64000
 constexpr char kOptionAcceleration[] = "Acceleration"; ///< ad, one of 0.1 to 2.0 for each of 5 profiles
 constexpr char kOptionButtonCodes[] = "ButtonCodes";   ///< aq, EV_KEY codes of inputs 1 to 7, 0 for none
-constexpr char kOptionLetterKeys[] =
-    "LetterKeys"; ///< aq, EV_KEY codes that type a to z, 0 for the US layout's
+/// aq, EV_KEY codes that type a to z, 0 for the US layout's.
+constexpr char kOptionLetterKeys[] = "LetterKeys";
 constexpr char kOptionQuietMacros[] = "QuietMacros"; ///< b, no macro starts
 
 // Errors.

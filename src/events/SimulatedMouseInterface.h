@@ -28,8 +28,8 @@ constexpr char kAttached[] = "Attached"; ///< property: the mouse is plugged in
 constexpr char kAttachedSignature[] = "b";
 constexpr char kRecording[] = "Recording"; ///< property: the panel is recording a macro
 constexpr char kRecordingSignature[] = "b";
-constexpr char kRecord[] =
-    "Record"; ///< property: the configuration record that was last written to the mouse
+/// Property: the configuration record that was last written to the mouse.
+constexpr char kRecord[] = "Record";
 constexpr char kRecordSignature[] = "ay";
 constexpr char kProfile[] = "Profile"; ///< property: the profile that the mouse runs, from 1
 constexpr char kStage[] = "Stage";     ///< property: its sensitivity stage, from 1

@@ -57,8 +57,8 @@ struct ManagedLayout {
 /// the layout manager otherwise.
 struct KeyboardLayoutSources {
     std::function<std::optional<InputSource>()> currentInputSource;
-    std::function<std::optional<InputSource>()>
-        asciiCapableInputSource; ///< asked when there is no current one
+    /// Asked when there is no current one.
+    std::function<std::optional<InputSource>()> asciiCapableInputSource;
     std::function<ManagedLayout()> managedLayout;
 };
 

@@ -25,8 +25,8 @@ struct Found {
 struct NewContent {
     std::string bytes;
     bool keepsOld = false; ///< the old file gets the name of a copy (KeptCopies.h) instead of being removed
-    bool keepsTakenIn =
-        false; ///< what was taken in is kept as a copy after all: not all of it is in the bytes
+    /// What was taken in is kept as a copy after all: not all of it is in the bytes.
+    bool keepsTakenIn = false;
 };
 
 /// Says what the file is to hold.

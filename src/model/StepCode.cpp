@@ -118,8 +118,9 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
     auto steps = Array::create();
     steps.reserve(bytes.size() / kUsualStepBytes);
-    Dictionary
-        step; // not among the others yet, because its delay may follow; a delay before the first has none
+    // The step that is not among the others yet, because its delay may follow. A delay before the first step
+    // finds none.
+    Dictionary step;
     while (const auto coded = takeCodedStep(bytes)) {
         if (opcodes::isDelay(coded->opcode))
             step.set(keys::delay, static_cast<std::int32_t>(coded->argument));

@@ -41,9 +41,9 @@ class TextHeights : public QObject {
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        // The height of an empty text is negative.
         if (auto* text = qobject_cast<QLabel*>(watched); text && event->type() == QEvent::Resize)
-            text->setMinimumHeight(
-                std::max(0, text->heightForWidth(text->width()))); // less while it is empty
+            text->setMinimumHeight(std::max(0, text->heightForWidth(text->width())));
         return QObject::eventFilter(watched, event);
     }
 };

@@ -41,9 +41,8 @@ class AccessibleColumnTitle : public AccessiblePart {
     int m_column;
 };
 
-/// Its actions are those of KyvarQuorviTableView::CellUse: "Toggle" clicks a check box and selects the row of
-/// any other cell, "Press" edits a name, "ShowMenu" opens the menu of a pop-up. The field in which a name is
-/// being edited is its child.
+/// Of its actions "Toggle" clicks a check box and selects the row of any other cell, "Press" edits a name,
+/// and "ShowMenu" opens the menu of a pop-up. The field in which a name is being edited is its child.
 class AccessibleCell : public AccessiblePart,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {

@@ -122,4 +122,15 @@ void AccessibleTable::modelChange(QAccessibleTableModelChangeEvent* event) {
         forgetChildren();
 }
 
+void tellOfCell(KyvarQuorviTableView& table, const QModelIndex& cell, QAccessible::Event what) {
+    QAccessibleInterface* told =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(&table) : nullptr;
+    if (!told || !told->tableInterface() || !cell.isValid())
+        return;
+    if (QAccessibleInterface* part = told->tableInterface()->cellAt(cell.row(), cell.column())) {
+        QAccessibleEvent event(part, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
 } // namespace quorvi

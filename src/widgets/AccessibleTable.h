@@ -51,4 +51,7 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
     mutable QHash<int, QAccessible::Id> m_children;
 };
 
+/// Tells assistive programs, if there are any, what has become of the cell.
+void tellOfCell(KyvarQuorviTableView& table, const QModelIndex& cell, QAccessible::Event what);
+
 } // namespace quorvi

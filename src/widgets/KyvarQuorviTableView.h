@@ -2,43 +2,19 @@
 // profiles, 2 macros, 3 steps, 4 stages.
 #pragma once
 
-#include <QAccessible>
-#include <QLabel>
 #include <QMenu>
 #include <QPointer>
 #include <QTableView>
 
 #include "widgets/AccessibleWidgets.h"
+#include "widgets/DelegatedEvents.h"
+#include "widgets/EmptyText.h"
+#include "widgets/TableDelegate.h"
+#include "widgets/TableKeys.h"
 
 namespace quorvi {
 
-class KyvarQuorviTableView;
 class PopUpCells;
-
-// The kinds of mouse event that a table tells its delegate of.
-inline constexpr int kLeftMouseDown = 1;
-inline constexpr int kLeftMouseUp = 2;
-inline constexpr int kRightMouseDown = 3;
-inline constexpr int kRightMouseUp = 4;
-inline constexpr int kOtherMouseDown = 25;
-inline constexpr int kOtherMouseUp = 26;
-
-// The keys that a table hands to its delegate.
-inline constexpr char16_t kDeleteKeyCharacter = 0x7F; ///< Backspace
-inline constexpr char16_t kForwardDeleteKeyCharacter = 0xF728;
-inline constexpr char16_t kDeleteCharacterKeyCharacter = 0xF73E;
-
-/// Who is asked before a table acts on a mouse button or a delete key.
-class TableDelegate {
-  public:
-    virtual ~TableDelegate() = default;
-
-    /// True when the event is dealt with and the table is not to act on it. The type is one of those above; a
-    /// double click comes as one more press.
-    virtual bool handleMouseEvent(const QMouseEvent& event, int type, KyvarQuorviTableView* table) = 0;
-    /// One of the three keys above was pressed in the table; the row is the selected one, -1 for none.
-    virtual void handleKeyPressed(char16_t key, KyvarQuorviTableView* table, int row) = 0;
-};
 
 class KyvarQuorviTableView : public QTableView {
     Q_OBJECT
@@ -55,6 +31,9 @@ class KyvarQuorviTableView : public QTableView {
     void selectRowAlone(int row);
     void deselectAll();
     using QTableView::edit;
+    /// Starts an edit where the trigger is one of those that do, and names the field that a name is typed
+    /// into; false where it is not, or where the cell cannot be edited.
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     /// Starts an edit of the cell, with its text selected; does nothing where the cell cannot be edited.
     void editCell(int column, int row);
     /// Whether the user is typing into a cell.
@@ -86,7 +65,7 @@ class KyvarQuorviTableView : public QTableView {
     [[nodiscard]] QMenu* menuForEvent(const QContextMenuEvent& event);
 
     /// Without a delegate the table does nothing on mouse buttons.
-    void setDelegate(TableDelegate* delegate) { m_delegate = delegate; }
+    void setDelegate(TableDelegate* delegate) { m_delegated.setDelegate(delegate); }
 
     /// Lays the columns of the new model out as tableColumns() of this tag says; a table that has not been
     /// shown yet does so when it is.
@@ -114,8 +93,6 @@ class KyvarQuorviTableView : public QTableView {
     /// again and again behind other tabs.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
-    /// Names the field that a name is typed into.
-    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -123,35 +100,17 @@ class KyvarQuorviTableView : public QTableView {
         const QModelIndex& index, const QEvent* event) const override;
 
   private:
-    void layOutColumns();
     /// Whether the point, of the viewport, is on the cell's check box.
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& cell, const QPoint& point) const;
-    [[nodiscard]] bool delegateTakes(const QMouseEvent& event);
-    void showEmptyText();
-    void alignTitles();
-    void colourEmptyText();
-    /// Edits the row's name, whichever of its cells was clicked last; false when it has none to edit.
-    bool editSelectedRow();
-    /// Does that for the selected row, whichever of its cells is current.
-    bool toggleSelectedRow();
-    /// The first cell of the selected row with the flag; invalid when there is none.
-    [[nodiscard]] QModelIndex cellOfSelectedRow(Qt::ItemFlag flag) const;
-    /// While no row is selected, a key that moves in the list selects the row that is current, from which it
-    /// would move otherwise: a list of one row could not be used. False when there is nothing to do.
-    bool selectCurrentRow(int key);
-    /// Opens the menu for the selected row.
-    void openMenuByKey();
-    void tellOfCell(const QModelIndex& index, QAccessible::Event what);
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QPointer<QMenu> m_menu;
     QPointer<QAbstractItemModel> m_awaitedModel; ///< null once it is the table's
-    TableDelegate* m_delegate = nullptr;
+    DelegatedEvents m_delegated{*this};
+    TableKeys m_keys{*this};
     PopUpCells* m_popUpCells = nullptr; ///< null while no cell is a pop-up
-    QLabel* m_emptyText;
+    EmptyText* m_emptyText;
     bool m_hasBeenShown = false;
-    bool m_rightPressWasTaken = false;
-    Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
 };
 
 } // namespace quorvi

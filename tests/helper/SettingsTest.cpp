@@ -103,8 +103,8 @@ TEST_F(HelperSettings, OfAFileThatCannotBeUsedAreTheDefaultsOnlyWhereTheMouseHas
 
 TEST_F(HelperSettings, ThatStandInForUnusableOnesAreWhatTheMouseRuns) {
     writeFile(userSettings, "damaged");
-    writeFile(
-        defaults, readFile(QUORVI_TEST_DATA "/everyday-settings.plist")); // the second profile is in use
+    // In these the second profile is in use.
+    writeFile(defaults, readFile(QUORVI_TEST_DATA "/everyday-settings.plist"));
     start();
     std::uint32_t profile = 0;
     EXPECT_EQ(getSimulatedMouseProfile(*bus, psn, profile), noErr);

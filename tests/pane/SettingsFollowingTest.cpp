@@ -300,8 +300,8 @@ class SettingsFollowingTest : public QObject {
         const auto profiles = panel.savedSettings().array("profiles");
         QCOMPARE(profiles.dictionary(1).string("name"), std::u16string(u"Mine"));
         QCOMPARE(profiles.dictionary(1).integer("ledstate"), 1); // the renamed profile is the current one
-        QCOMPARE(
-            profiles.dictionary(0).integer("ledstate"), 0); // and the other program's change is there too
+        // And the other program's change is there too.
+        QCOMPARE(profiles.dictionary(0).integer("ledstate"), 0);
         QVERIFY(panel.names() == kFileAlone);
         QVERIFY(!panel.notice());
         // From now on it follows again.

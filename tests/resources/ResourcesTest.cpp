@@ -69,9 +69,10 @@ class ResourcesTest : public QObject {
                  "No installed applications were found.", "No application matches the search.",
                  "No application", "Switches automatically", "Does not switch automatically"})
             QVERIFY2(strings.contains(text), text);
+        // A label shows a line feed as a new line, and nothing else.
         QVERIFY(!strings.value("Delete macro: ^1\r\rAre you sure you want to delete this macro?")
                      .toString()
-                     .contains('\r')); // a label shows a line feed as a new line, and nothing else
+                     .contains('\r'));
     }
 
     void modifiersAreShownByTheNamesOnTheKeys() {

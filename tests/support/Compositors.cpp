@@ -73,10 +73,11 @@ bool Sway::command(const std::string& text) const {
 }
 
 bool Sway::setLayout(const std::string& layout, const std::string& variant) const {
+    // Before it takes in the last command, it writes to all its clients.
     return command("input type:keyboard xkb_variant \"\"") &&
            command("input type:keyboard xkb_layout \"" + layout + "\"") &&
            (variant.empty() || command("input type:keyboard xkb_variant \"" + variant + "\"")) &&
-           command("nop"); // before it takes in another command, it writes to all its clients
+           command("nop");
 }
 
 Labwc::Labwc() : Compositor("wayland-0") {

@@ -149,8 +149,8 @@ class SpokenSensitivityTest : public QObject {
         QVERIFY(controls.closes(kSheet)());
         QCOMPARE(tab.savedStages().value(1), QStringLiteral("300/6475"));
 
-        QStringList leftOut =
-            Controls::around(); // and the controls of the tab, which have a test of their own
+        // And the controls of the tab, which have a test of their own.
+        QStringList leftOut = Controls::around();
         for (const char* control : {"check box 'Separate X and Y'", "slider 'Sensitivity X'",
                  "slider 'Sensitivity Y'", "check box 'Use acceleration'", "slider 'Acceleration'",
                  "check box 'Show the sensitivity on the screen when it changes'"})

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QHeaderView>
 #include <QStandardItemModel>
 

@@ -37,11 +37,12 @@ std::unique_ptr<OutputDevice> OutputDevice::make(const char* name, std::span<con
     setup.id.bustype = BUS_VIRTUAL;
     setup.id.version = 1;
     std::strncpy(setup.name, name, sizeof setup.name - 1);
+    // A keyboard has EV_REP: on a text console the kernel itself repeats a key that is held. Desktops do so
+    // themselves.
     const bool made =
         fd && enable(fd.get(), UI_SET_EVBIT, EV_KEY) && enable(fd.get(), UI_SET_KEYBIT, keys) &&
         (axes.empty() || (enable(fd.get(), UI_SET_EVBIT, EV_REL) && enable(fd.get(), UI_SET_RELBIT, axes) &&
                              enable(fd.get(), UI_SET_PROPBIT, INPUT_PROP_POINTER))) &&
-        // On a text console the kernel itself repeats a key that is held; desktops do so themselves.
         (!axes.empty() || enable(fd.get(), UI_SET_EVBIT, EV_REP)) &&
         ioctl(fd.get(), UI_DEV_SETUP, &setup) == 0 && ioctl(fd.get(), UI_DEV_CREATE) == 0;
     if (!made) {

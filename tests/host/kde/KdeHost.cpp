@@ -74,10 +74,11 @@ KdeHost::KdeHost(std::vector<std::string> display) : m_display(std::move(display
 
 std::vector<std::string> KdeHost::environment(const std::string& locale) const {
     const std::string ours = prefix();
+    // The display may have nothing but the software renderer.
     std::vector<std::string> all{"QT_PLUGIN_PATH=" + (prefix() / QUORVI_MODULE_FOLDER "/../../..").native(),
         "XDG_DATA_DIRS=" + ours + "/share:/usr/share", "XDG_RUNTIME_DIR=" + session.home.path() + "/runtime",
         "PATH=" + ours + "/opener:" + qEnvironmentVariable("PATH").toStdString(), "LC_ALL=" + locale,
-        "QT_QUICK_BACKEND=software"}; // the display may have nothing else
+        "QT_QUICK_BACKEND=software"};
     all.insert(all.end(), m_display.begin(), m_display.end());
     return all;
 }
