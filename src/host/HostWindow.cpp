@@ -5,8 +5,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 
-#include "platform/PausedLayout.h"
-
 namespace quorvi {
 
 namespace {
@@ -27,7 +25,6 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
     for (const auto& pane : m_panes) {
         if (m_panes.size() > 1)
             m_list->addItem(new QListWidgetItem(pane->icon(), pane->name()));
-        const PausedLayout paused(*pane->mainView());
         m_stack->addWidget(pane->mainView());
     }
     m_list->setAccessibleName(QStringLiteral("Settings"));

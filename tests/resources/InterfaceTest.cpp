@@ -119,20 +119,6 @@ class InterfaceTest : public QObject {
         QVERIFY(m_view->minimumSizeHint().height() >= 987);
     }
 
-    void aTabThatIsAddedIsLaidOutWhenItIsShown() {
-        TabView tabs;
-        auto* page = new QWidget;
-        auto* layout = new QVBoxLayout(page);
-        auto* content = new QWidget(page);
-        layout->addWidget(content);
-        tabs.addTab(page, "Page");
-        QCOMPARE(content->pos(), QPoint());
-        tabs.resize(400, 300);
-        tabs.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&tabs));
-        QCOMPARE(content->geometry(), layout->contentsRect());
-    }
-
     void stepsAreTheFirstPageAndTheHintTheSecond() {
         const QStackedWidget* pages = m_interface->main.quorviTabsShowHideSteps;
         QCOMPARE(pages->count(), 2);

@@ -58,7 +58,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviButtonMacroAdd", "QPushButton", "actionButtonMacroAdd:"},
     {"quorviButtonMacroRemove", "QPushButton", "actionButtonMacroRemove:"},
     {"quorviButtonMacroGear", "quorvi::MenuButton", "actionButtonMacroGear:"},
-    {"quorviTabsShowHideSteps", "quorvi::StackView"},
+    {"quorviTabsShowHideSteps", "QStackedWidget"},
     {"quorviTableSteps", table, nullptr, 3},
     {"quorviButtonStepAdd", "QPushButton", "actionButtonStepAdd:"},
     {"quorviButtonStepRemove", "QPushButton", "actionButtonStepRemove:"},

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 
 #include <algorithm>
 #include <memory>
@@ -19,7 +20,6 @@
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
-#include "widgets/StackView.h"
 #include "window/ListButtons.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"

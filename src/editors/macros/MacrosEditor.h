@@ -12,10 +12,10 @@
 
 class QLabel;
 class QPushButton;
+class QStackedWidget;
 
 namespace quorvi {
 
-class StackView;
 class StepsEditor;
 
 class MacrosEditor final {
@@ -25,7 +25,7 @@ class MacrosEditor final {
         QPushButton& addButton;
         QPushButton& removeButton;
         QPushButton& gearButton;
-        StackView& steps; ///< the steps of the current macro, or in their place pageNoMacro
+        QStackedWidget& steps; ///< the steps of the current macro, or in their place pageNoMacro
         QWidget& pageNoMacro;
         QLabel& noMacroTitle; ///< on that page
     };
