@@ -72,10 +72,15 @@ class TwoPanelsTest : public QObject {
         const Session session;
         const OpenWindow window;
         QVERIFY(window.showsMouse());
+        session.home.awaitDeviceList();
         const auto program = session.startSettings();
-        session.home.awaitDeviceList(); // also another program that writes the file
-        QTRY_COMPARE_WITH_TIMEOUT(
-            window.find<QAbstractSlider>("quorviSliderSensitivityX")->value(), 1200, kWindowPatienceMs);
+        QTRY_VERIFY_WITH_TIMEOUT(session.home.deviceListHasCome(), kWindowPatienceMs); // the program's
+        // This test writes the file now, as another program does.
+        const auto* slider = window.find<QAbstractSlider>("quorviSliderSensitivityX");
+        session.home.writeSettings(UserHome::defaults());
+        QTRY_VERIFY_WITH_TIMEOUT(slider->value() != 1200, kWindowPatienceMs);
+        session.home.awaitDeviceList();
+        QTRY_COMPARE_WITH_TIMEOUT(slider->value(), 1200, kWindowPatienceMs);
         QVERIFY(!session.home.deviceListHasCome()); // nobody saves because of it
         QTRY_VERIFY_WITH_TIMEOUT(session.panelsToldOfDetaching() == 2, kWindowPatienceMs);
         session.attach();
