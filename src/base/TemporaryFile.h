@@ -1,4 +1,4 @@
-// A file in the making, which takes another one's place when it is whole. Private to this library.
+// A file in the making, which takes another one's place when it is whole.
 #pragma once
 
 #include <cerrno>
