@@ -79,10 +79,11 @@ void FileWatcher::readEvents() {
         for (ssize_t at = 0; at < size;) {
             const auto* event = reinterpret_cast<const inotify_event*>(events.data() + at);
             const std::string name = event->len > 0 ? static_cast<const char*>(event->name) : "";
+            // After too many events at once some are missing: any of those below may have been among them.
+            const bool lost = (event->mask & IN_Q_OVERFLOW) != 0;
             // A folder may have gone, and its watch with it.
-            lookAgain = lookAgain || (event->mask & IN_IGNORED) != 0;
-            // After too many events at once some are missing: the file may have been among them.
-            changed = changed || name == m_name || name == m_targetName || (event->mask & IN_Q_OVERFLOW) != 0;
+            lookAgain = lookAgain || lost || (event->mask & IN_IGNORED) != 0;
+            changed = changed || lost || name == m_name || name == m_targetName;
             at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }
     }
