@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "plist/Value.h"
 
@@ -26,6 +27,9 @@ enum class Saving : std::uint8_t {
 struct Change {
     Shown shown = Shown::everything;
     Saving saving = Saving::now;
+    /// What the user has done, in the user's language and as a command names it: "Delete Macro “Say hi”".
+    /// Empty for what is no action of its own; what it has changed then belongs to the next action.
+    std::u16string action = {};
 };
 
 /// Who shows the document and brings it to the disk.
