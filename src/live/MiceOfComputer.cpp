@@ -30,9 +30,11 @@ MouseLine lineOf(const ListedHelperMouse& mouse, const PanelText& text) {
 }
 
 void showWhatIsFixed(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text) {
+    // A chosen mouse that is not plugged in, or that no service drives, has the simulated one in its place.
     const auto anyInUse = [&](bool ListedHelperMouse::*isFixed) {
-        return std::ranges::any_of(
-            helper.mice, [&](const ListedHelperMouse& mouse) { return mouse.inUse && mouse.*isFixed; });
+        return helper.hasService && std::ranges::any_of(helper.mice, [&](const ListedHelperMouse& mouse) {
+            return canBeSetUp(mouse) && mouse.*isFixed;
+        });
     };
     const bool fixedRate = anyInUse(&ListedHelperMouse::fixedPollingRate);
     const bool fixedLights = anyInUse(&ListedHelperMouse::fixedLights);

@@ -328,6 +328,13 @@ class LiveHelperTest : public QObject {
         QCOMPARE(panel.find<PopUpButton>("quorviMenuPollingRate")->accessibleDescription(), rate);
         QCOMPARE(panel.find<QWidget>("quorviBoxLightOnWheel")->accessibleDescription(), lights);
         QVERIFY(panel.isEnabled("quorviMenuPollingRate")); // for the next mouse
+
+        panel.telling->change([](auto& told) { told.mice = {mouse("1", "First", true, "absent")}; });
+        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has lights of its own."));
+        panel.telling->change([](auto& told) { told.mice = {mouse("1", "First", true, "driven")}; });
+        QTRY_COMPARE(panel.seen("textLightsHint"), lights);
+        panel.telling->change([](auto& told) { told.service = false; });
+        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has lights of its own."));
     }
 
     void whatIsPressedOnTheMouseLightsItsSpot() {
