@@ -85,7 +85,10 @@ Editors::Editors(const Panel& panel)
               .importMacro = [this] { files.showImportPanel(ItemKind::macro); },
               .exportMacro = [this] { files.showExportPanel(ItemKind::macro); }},
           steps),
+      undo(panel.context, undoViews(panel.views),
+          {.isCapturing = [this] { return capture.isActive(); }, .showLists = [this] { showLists(); }}),
       commands(panel.context.document) {
+    panel.context.notices.setUndo([this] { undo.undo(); });
     commands.add(profiles.commands());
     commands.add(macros.commands());
     commands.add(steps.commands());
@@ -104,6 +107,7 @@ void Editors::show(Shown shown) {
         recording.show();
         helper.live().show();
         showRunningRow();
+        undo.show();
         break;
     case Shown::lights:
         device.showLights();

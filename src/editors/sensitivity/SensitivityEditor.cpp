@@ -64,9 +64,11 @@ void SensitivityEditor::followRunningStage(std::uint32_t profile, std::uint32_t 
     if (!isCurrentProfile(profile) || stage == 0 || index >= m_document.stages().size() ||
         index == static_cast<std::size_t>(m_document.stageIndex()) || m_sheets.isRunning())
         return;
-    m_document.settings().set(keys::stage, static_cast<std::int32_t>(stage));
-    copyResolution(m_document.stages().dictionary(index), m_document.settings());
-    m_document.editProfileIndex(m_document.profileIndex());
+    m_document.changeQuietly([&] {
+        m_document.settings().set(keys::stage, static_cast<std::int32_t>(stage));
+        copyResolution(m_document.stages().dictionary(index), m_document.settings());
+        m_document.editProfileIndex(m_document.profileIndex());
+    });
     show();
 }
 
