@@ -78,7 +78,8 @@ class SettingsSession final : public QObject {
     /// The dated copies, to be listed and read.
     [[nodiscard]] const History& history() const { return m_copies.history(); }
 
-    void beginDrag() { m_isDragging = true; }
+    /// What is changed from here on is one action.
+    void beginDrag();
     /// Brings to the disk what was saved during the drag.
     void endDrag();
     [[nodiscard]] bool isDragging() const { return m_isDragging; }
