@@ -94,6 +94,7 @@ class UndoTest : public QObject {
         panel.switchWheelLight();
         const std::string after = panel.savedBytes();
         QVERIFY(before != after);
+        QVERIFY(panel.commandsBecome({"KyPR 0"}));
         panel.helper->forget();
         panel.undoByKey();
         QCOMPARE(panel.savedBytes(), before);
