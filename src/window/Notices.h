@@ -20,6 +20,7 @@ enum class Notice {
     saveFailed, ///< changes that no file has; until a save succeeds
     helperGone, ///< the background program does not run; until it does
     keptCopy,   ///< where another program's settings, or ones that could not be read, were kept
+    copyFailed, ///< no dated copy of the settings could be kept; until one is
     outcome,    ///< what came of an import, an export or the like; until the next one
 };
 
@@ -34,7 +35,7 @@ class Notices {
     void withdraw(Notice kind);
 
     /// Tells the outcome of an action that is done already, and offers to undo it until the next action.
-    void tellUndoable(const QString& text, NoticeSign sign);
+    void tellUndoable(const QString& text, NoticeSign sign = NoticeSign::information);
     /// There was another action: the offer, if there is one, is over, with its text.
     void withdrawOffer();
     /// What the offer does when the user takes it.

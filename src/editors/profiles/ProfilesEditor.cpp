@@ -21,6 +21,7 @@
 #include "widgets/MarkedCells.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
+#include "window/Notices.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"
 
@@ -134,6 +135,7 @@ void ProfilesEditor::remove() {
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || !canRemove() || document.profile().string(keys::name) != name)
         return;
+    m_others.keepCopyBeforeRemoval();
     document.profiles().remove(static_cast<std::size_t>(document.profileIndex()));
     const auto last = static_cast<std::int32_t>(document.profiles().size()) - 1;
     const std::int32_t next = std::min(document.profileIndex(), last);
@@ -144,6 +146,7 @@ void ProfilesEditor::remove() {
     selectWithin(action, next);
     m_others.listHasChanged();
     document.commit({.action = action});
+    m_context.notices.tellUndoable(textWithName(m_context.text("The profile “^1” was deleted."), name));
 }
 
 void ProfilesEditor::storeDisplay() {
