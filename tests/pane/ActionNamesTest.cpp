@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QPushButton>
 
+#include <array>
+
 #include "model/ItemFile.h"
 #include "pane/AssignmentFixture.h"
 #include "pane/MacroFixture.h"
@@ -310,7 +312,7 @@ class ActionNamesTest : public QObject {
         fixture.record();
         fixture.tap(scancodes::a);
         fixture.pane->startStopRecording(false, false);
-        QCOMPARE(last(fixture), "Record Macro “" + QString(80, 'x') + "…”");
+        QCOMPARE(last(fixture), "Record Macro “" + QString(80, QLatin1Char('x')) + "…”");
     }
 };
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "document/Document.h"
 #include "editors/assignment/AssignmentLists.h"
