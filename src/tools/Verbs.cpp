@@ -45,6 +45,7 @@ constexpr std::array kVerbs{
     Verb{"encode", "SETTINGS.plist RECORD.bin", 2, 2, encode},
     Verb{"decode", "RECORD.bin SETTINGS.plist", 2, 2, decode},
     Verb{"check", "SETTINGS.plist", 1, 1, check},
+    Verb{"apply", "FILE [SETTINGS.plist] [--check]", 1, 3, apply},
     Verb{"match",
         "SETTINGS.plist [--auto] [--application A] [--identifier I] [--signature S] [--executable E]", 1,
         kAny, match},

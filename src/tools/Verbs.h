@@ -24,6 +24,10 @@ enum class Format : std::uint8_t { text, json };
 [[nodiscard]] Outcome decode(const Arguments& arguments);
 /// SETTINGS.plist: says whether the panel and the device take the settings.
 [[nodiscard]] Outcome check(const Arguments& arguments, Format format);
+/// FILE [SETTINGS.plist] [--check]: makes the settings file, else the user's, hold the settings of the file,
+/// which is another settings file or a backup of everything. Prints whether that changed anything; when
+/// nothing differs, nothing is written and nobody told. With --check nothing is in any case.
+[[nodiscard]] Outcome apply(const Arguments& arguments, Format format);
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
