@@ -41,6 +41,7 @@ class HelperNews : public BusTest {
 
     TemporaryFolder folder;
     EnvironmentVariable home{"HOME", folder.path()};
+    EnvironmentVariable state{"XDG_STATE_HOME", std::nullopt};
     std::filesystem::path settings = folder / "Library/Preferences/com.kyvar.quorvi.settings.plist";
 
   private:
