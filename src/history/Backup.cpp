@@ -90,6 +90,10 @@ Backup backupOfProfile(const Dictionary& tree, std::size_t profile) {
     return {plist::mutableDeepCopy(part), BackupContents::oneProfile};
 }
 
+bool canBeRestored(const Backup& backup) {
+    return hasContents(backup.tree, backup.contents);
+}
+
 std::optional<std::string> backupBytes(const Backup& backup) {
     if (!backup)
         return std::nullopt;

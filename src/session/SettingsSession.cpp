@@ -20,6 +20,7 @@ std::string defaultsFile(const Bundle& bundle) {
 SettingsSession::SettingsSession(Panel panel)
     : m_panel(std::move(panel)), m_view(&m_panel.view), m_document(m_panel.context.document),
       m_notices(m_panel.context.notices, m_panel.context.text, m_panel.homeFolder),
+      m_copies(std::move(m_panel.copies), m_panel.files, m_notices),
       m_file(userSettingsFile(m_panel.homeFolder, m_panel.files)) {
     connect(&m_watcher, &FileWatcher::fileChanged, this, &SettingsSession::followFile);
     connect(m_panel.occupation.get(), &Occupation::ended, this, &SettingsSession::followFile,
@@ -80,11 +81,13 @@ void SettingsSession::show(Repairs repairs, std::int32_t macroIndex) {
     m_document.alignIndependentAxes();
     const bool repaired = m_document.alignStageWithSettings();
     m_document.commit({.saving = repaired && repairs == Repairs::saved ? Saving::now : Saving::never});
+    m_document.takeOthersOver();
 }
 
 bool SettingsSession::save(const plist::Dictionary& tree) {
     if (!tree)
         return false;
+    m_copies.keepBeforeFirstChange(m_file.path(), tree);
     const bool isSaved = saveSettings(tree, m_file, m_isDragging ? Durability::later : Durability::now);
     m_unsavedEdits = m_saveHasFailed = !isSaved;
     if (m_file.tookChangesOver() && tree.isSameAs(m_document.tree()))
@@ -120,8 +123,18 @@ void SettingsSession::retryFailedSave() {
         static_cast<void>(saveUnsavedEdits());
 }
 
+bool SettingsSession::keepCopyBefore(CopyReason reason) {
+    return m_copies.keep(m_document.tree(), reason);
+}
+
+void SettingsSession::beginDrag() {
+    m_isDragging = true;
+    m_document.beginGroup();
+}
+
 void SettingsSession::endDrag() {
-    m_isDragging = false;
+    if (std::exchange(m_isDragging, false))
+        m_document.endGroup();
     // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
     // anew.
     if (std::exchange(m_syncPending, false) && !syncFile(m_file.path(), m_panel.files))
@@ -156,6 +169,7 @@ void SettingsSession::takeMergedSettingsOver() {
     if (!m_isOpen)
         return; // about to be let go
     m_document.editSameItems();
+    m_document.takeOthersOver();
     m_mergedUnshown = true;
     followFileLater(); // whatever has saved goes on with the current items that it has
 }

@@ -40,8 +40,19 @@ enum class Format : std::uint8_t { text, json };
 [[nodiscard]] Outcome macros(const Arguments& arguments, Format format);
 /// SETTINGS.plist FILE: adds the profile or macro in the file and prints the name that it got.
 [[nodiscard]] Outcome importItem(const Arguments& arguments);
-/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file.
+/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file. With
+/// --with-macros behind it a profile and the macros that it runs.
 [[nodiscard]] Outcome exportItem(const Arguments& arguments);
+
+// Everything in one file, and the dated copies of the user's settings.
+
+/// SETTINGS.plist FILE: writes all settings into the file.
+[[nodiscard]] Outcome backup(const Arguments& arguments);
+/// SETTINGS.plist FILE: makes the settings what the file holds, and says what was left out.
+[[nodiscard]] Outcome restore(const Arguments& arguments);
+/// Nothing: prints number, date and reason of each copy, the newest first. show NUMBER: prints the profiles
+/// and macros in it. restore SETTINGS.plist NUMBER: makes the settings what it holds.
+[[nodiscard]] Outcome history(const Arguments& arguments, Format format);
 
 // The table of functions.
 
