@@ -5,10 +5,13 @@
 #include <vector>
 
 #include "base/Unicode.h"
+#include "history/Differences.h"
+#include "model/ConfigFileStore.h"
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "tools/BackupTexts.h"
 #include "tools/Backups.h"
+#include "tools/DifferenceLines.h"
 #include "tools/EarlierSettings.h"
 #include "tools/Input.h"
 #include "tools/Listing.h"
@@ -44,16 +47,17 @@ ChosenCopy chosenCopy(const std::string& number) {
     return {file, std::move(read), std::move(outcome)};
 }
 
-/// As the user's clock has it: "2026-11-22 18:30:05", or as ISO 8601 has it, with the zone.
+/// As the user's clock has it: "2026-11-22 18:30:05"; for scripts in UTC, as RFC 3339 has it.
 std::string dateAndTime(std::chrono::system_clock::time_point time, Format format) {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    std::tm local{};
-    ::localtime_r(&seconds, &local);
+    const bool isUtc = format == Format::json;
+    std::tm parts{};
+    isUtc ? ::gmtime_r(&seconds, &parts) : ::localtime_r(&seconds, &parts);
     std::array<char, 64> text{};
-    if (format == Format::json)
-        std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S%z", &local);
+    if (isUtc)
+        std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts);
     else
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
+        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &parts);
     return text.data();
 }
 
@@ -64,12 +68,18 @@ std::string nameOf(const Dictionary& item) {
 struct ListedCopy {
     std::size_t number;
     DatedCopy copy;
+    Dictionary now; ///< the user's settings
 };
 
+Dictionary settingsOfNow() {
+    return storedTree(keys::storage, userSettingsPath(homeFolder()));
+}
+
 std::vector<ListedCopy> listedCopies() {
+    const Dictionary now = settingsOfNow();
     std::vector<ListedCopy> list;
     for (DatedCopy& copy : userHistory().list())
-        list.push_back({list.size() + 1, std::move(copy)});
+        list.push_back({list.size() + 1, std::move(copy), now});
     return list;
 }
 
@@ -78,9 +88,18 @@ void printCopy(const ListedCopy& listed) {
         text(listed.copy.reason).c_str());
 }
 
+/// Null of a copy that cannot be read.
+Json differencesIn(const ListedCopy& listed) {
+    const ReadBackup read = userHistory().read(listed.copy);
+    if (!read)
+        return {};
+    const auto lines = linesOf(differencesBetween(read.backup.tree, listed.now));
+    return Json::array({lines.begin(), lines.end()});
+}
+
 Json jsonOfCopy(const ListedCopy& listed) {
     return Json::object({{"number", listed.number}, {"time", dateAndTime(listed.copy.time, Format::json)},
-        {"reason", text(listed.copy.reason)}});
+        {"reason", text(listed.copy.reason)}, {"differences", differencesIn(listed)}});
 }
 
 Outcome show(const std::string& number) {
@@ -99,6 +118,9 @@ Outcome show(const std::string& number) {
     for (const auto& item : tree.array(keys::macros).items())
         std::printf("macro\t%d\t%zu\t%s\n", item.dictionary().integer(keys::macroId),
             item.dictionary().array(keys::steps).size(), nameOf(item.dictionary()).c_str());
+    nameKeysOfEnvironment();
+    for (const std::string& line : linesOf(differencesBetween(tree, settingsOfNow())))
+        std::printf("difference\t%s\n", line.c_str());
     return done();
 }
 
@@ -106,6 +128,8 @@ Outcome show(const std::string& number) {
 
 Outcome history(const Arguments& arguments, Format format) {
     if (arguments.empty()) {
+        if (format == Format::json)
+            nameKeysOfEnvironment();
         printList(format, "history", listedCopies(), printCopy, jsonOfCopy);
         return done();
     }

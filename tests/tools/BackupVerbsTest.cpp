@@ -5,7 +5,7 @@
 #include "model/Trees.h"
 #include "plist/Reader.h"
 #include "support/EnvironmentVariable.h"
-#include "tools/ToolFixture.h"
+#include "tools/PrintedJson.h"
 
 namespace quorvi::test {
 namespace {
@@ -190,12 +190,10 @@ TEST_F(BackupVerbs, TheHistoryIsListedShownAndRestored) {
     write(own, tree(list({profile(u"Now")}), list({macro(7)})));
     expectDone({"history"},
         "1\t2026-11-21 09:00:05\tfirst change of the day\n2\t2026-11-20 09:00:05\tdeletion of a profile\n");
-    expectDone({"history", "--json"},
-        "{\"history\":[{\"number\":1,\"time\":\"2026-11-21T09:00:05+0000\",\"reason\":\"first change of the "
-        "day\"},"
-        "{\"number\":2,\"time\":\"2026-11-20T09:00:05+0000\",\"reason\":\"deletion of a profile\"}]}\n");
     expectDone({"history", "show", "1"},
-        "profile\t1\tDesk\t\nprofile\t2*\tDraw\t\nmacro\t7\t2\tJump\nmacro\t8\t2\tPaste\n");
+        "profile\t1\tDesk\t\nprofile\t2*\tDraw\t\nmacro\t7\t2\tJump\nmacro\t8\t2\tPaste\n"
+        "difference\tProfile “Draw” was there\ndifference\tMacro “Paste” was there\n"
+        "difference\tProfile “Now” was named “Desk”\ndifference\tCurrent profile: Draw → Missing profile\n");
     expectDone({"history", "restore", own, "2"}, "");
     EXPECT_EQ(treeIn(own).dictionary().array("profiles").dictionary(0).string("name"), u"Game");
     ASSERT_EQ(copies().size(), 3U);
@@ -203,6 +201,24 @@ TEST_F(BackupVerbs, TheHistoryIsListedShownAndRestored) {
     expectDone({"history", "restore", own, "1"}, "");
     EXPECT_EQ(treeIn(own).dictionary().array("profiles").dictionary(0).string("name"), u"Now")
         << "the newest one is what was there before the last restoring";
+}
+
+TEST_F(BackupVerbs, TheHistoryIsAnObjectForScriptsWithWhatIsDifferent) {
+    expectJson({"history", "--json"}, R"({"history":[]})");
+    using namespace std::chrono;
+    const EnvironmentVariable elsewhere("TZ", "Asia/Tokyo");
+    History history(historyFolder(home.path()));
+    const auto time = sys_days(2026y / 11 / 20) + 9h + 5s;
+    ASSERT_EQ(history.keep(twoProfiles(), CopyReason::beforeDeletion, time), 0);
+    writeFile(historyFolder(home.path()) / "2026-11-20T09-00-06.000Z-day.quorviSettings", "garbage");
+    auto now = twoProfiles();
+    now.array("profiles").dictionary(0).dictionary("buttons").set("01", assignment(112, 0, 0));
+    write(own, now);
+    expectJson({"history", "--json"},
+        R"({"history":[{"number":1,"time":"2026-11-20T09:00:06Z","reason":"first change of the day",
+                        "differences":null},
+                       {"number":2,"time":"2026-11-20T09:00:05Z","reason":"deletion of a profile",
+                        "differences":["Button 1 of “Desk”: Primary Click → Copy"]}]})");
 }
 
 TEST_F(BackupVerbs, ACopyThatIsNotThereOrDamagedIsRefused) {
