@@ -11,6 +11,9 @@ _quorvictl() {
         'macros:list the macros'
         'import:add a profile or macro from a file'
         'export:write a profile or macro into a file'
+        'backup:write all settings into one file'
+        'restore:make the settings what a backup holds'
+        'history:list, show or restore earlier settings'
         'commands:list the functions of buttons'
         'key-name:print the name of a key'
         'usb-to-adb:print the key code of a USB usage'
@@ -44,9 +47,18 @@ _quorvictl() {
         fi
         ;;
     export:4) compadd profile macro ;;
+    export:7) compadd -- --with-macros ;;
+    history:3) compadd show restore ;;
+    history:4 | history:5)
+        if [[ $words[3]:$CURRENT == (show:4|restore:5) ]]; then
+            compadd -- ${(f)"$(quorvictl history 2>/dev/null | cut -f1)"}
+        elif [[ $words[3]:$CURRENT == restore:4 ]]; then
+            _files
+        fi
+        ;;
     use:3 | forget:3) compadd -- ${(f)"$(quorvictl mice 2>/dev/null | cut -f1)"} ;;
     press:3 | release:3) compadd {1..9} ;;
-    encode:[34] | decode:[34] | check:3 | profiles:3 | macros:3 | import:[34] | export:[36]) _files ;;
+    encode:[34] | decode:[34] | check:3 | profiles:3 | macros:3 | import:[34] | export:[36] | backup:[34] | restore:[34]) _files ;;
     esac
 }
 

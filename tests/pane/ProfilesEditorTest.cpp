@@ -223,7 +223,7 @@ class ProfilesEditorTest : public QObject {
 
     void removingKeepsADatedCopyOfWhatWasThere() {
         ProfilesFixture fixture(ProfilesFixture::sampleTree(), {.keepsCopies = true});
-        const History history(fixture.path("history").toStdString());
+        const History history(fixture.home.path().toStdString() + "/history");
         fixture.selectProfile(1);
         clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonCancel");
         fixture.click("quorviButtonProfileRemove");
