@@ -6,6 +6,7 @@ _quorvictl() {
         'encode:write the record of the settings'
         'decode:put the settings of a record into the file'
         'check:say whether the panel and the mouse take the settings'
+        'apply:make the settings those of a file, and say whether they were'
         'match:print the profile that is bound to an application'
         'profiles:list the profiles'
         'macros:list the macros'
@@ -27,6 +28,7 @@ _quorvictl() {
         'press:press an input of the simulated mouse'
         'release:release an input of the simulated mouse'
         'watch:print what the simulated mouse sends'
+        '--json:print JSON'
         '--help:say how it is called'
         '--version:print the version'
     )
@@ -34,6 +36,15 @@ _quorvictl() {
         '--auto:only profiles that switch automatically'
         '--application:its name' '--identifier:its identifier' '--signature:its signature' '--executable:its program'
     )
+    if (( CURRENT > 2 )) && [[ $words[2] == --json ]]; then
+        # What stands behind it is completed as without it.
+        words=($words[1] "${(@)words[3,-1]}")
+        (( CURRENT-- ))
+        if (( CURRENT == 2 )); then
+            compadd check apply profiles macros history commands devices mice
+            return
+        fi
+    fi
     if (( CURRENT == 2 )); then
         _describe -t verbs verb verbs
         return
@@ -43,6 +54,13 @@ _quorvictl() {
         if [[ $PREFIX == -* ]]; then
             _describe -t options option options
         elif (( CURRENT == 3 )); then
+            _files
+        fi
+        ;;
+    apply:*)
+        if [[ $PREFIX == -* ]]; then
+            compadd -- --check
+        elif (( CURRENT <= 5 )); then
             _files
         fi
         ;;
