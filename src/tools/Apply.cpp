@@ -61,10 +61,10 @@ Input<Backup> readWanted(const fs::path& path) {
     return {backupOf(settings.value), settings.fault};
 }
 
-/// What takes settings over in a file.
-class Application {
+/// A file that takes over settings.
+class Taking {
   public:
-    Application(Backup wanted, fs::path file, bool isCheck)
+    Taking(Backup wanted, fs::path file, bool isCheck)
         : m_wanted(std::move(wanted)), m_file(std::move(file)), m_isCheck(isCheck) {}
 
     /// 0, or as errno why the file could not be replaced.
@@ -76,13 +76,13 @@ class Application {
         });
         if (isNew)
             error = writeNew();
-        m_isChanged = error == 0;
-        if (m_isChanged)
+        if (error == 0)
             tellHelperOfSave(m_now, m_file);
-        return error == ECANCELED ? 0 : error;
+        if (error == ECANCELED)
+            return m_isToWrite ? EINVAL : 0; // what no property list holds, or nothing to do
+        return error;
     }
 
-    [[nodiscard]] bool isChanged() const { return m_isChanged; }
     [[nodiscard]] const std::vector<Phrase>& differences() const { return m_differences; }
     [[nodiscard]] const std::vector<LeftOut>& leftOut() const { return m_leftOut; }
 
@@ -93,11 +93,10 @@ class Application {
         m_leftOut = restoreEverything(tree, m_wanted);
         m_now = tree;
         m_differences = differencesBetween(before, tree);
-        if (m_differences.empty() || m_isCheck)
-            return false;
-        if (!std::exchange(m_hasCopy, true))
+        m_isToWrite = !m_differences.empty() && !m_isCheck;
+        if (m_isToWrite && !std::exchange(m_hasCopy, true))
             keepCopyBefore(m_file, CopyReason::beforeRestore);
-        return true;
+        return m_isToWrite;
     }
 
     /// Into a file that is not there, or holds no settings. What is no property list is kept beside it.
@@ -112,7 +111,7 @@ class Application {
     Backup m_wanted;
     fs::path m_file;
     bool m_isCheck;
-    bool m_isChanged = false;
+    bool m_isToWrite = false;
     bool m_hasCopy = false;
     Dictionary m_now;
     std::vector<Phrase> m_differences;
@@ -130,12 +129,12 @@ std::vector<std::string> textsOf(const std::vector<LeftOut>& leftOut) {
     return texts;
 }
 
-void say(const Application& application, bool isCheck, Format format) {
-    const bool differs = !application.differences().empty();
-    const auto lines = linesOf(application.differences());
+void say(const Taking& taking, bool isCheck, Format format) {
+    const bool differs = !taking.differences().empty();
+    const auto lines = linesOf(taking.differences());
     if (format == Format::json)
         return print(Json::object({{"changed", differs}, {"check", isCheck}, {"differences", jsonOf(lines)},
-            {"leftOut", jsonOf(textsOf(application.leftOut()))}}));
+            {"leftOut", jsonOf(textsOf(taking.leftOut()))}}));
     std::puts(!differs ? "unchanged" : isCheck ? "would change" : "changed");
     if (isCheck)
         for (const std::string& line : lines)
@@ -169,11 +168,11 @@ Outcome apply(const Arguments& arguments, Format format) {
         return refused(faultOf(source, fault));
     if (request.isCheck || format == Format::json)
         nameKeysOfEnvironment();
-    Application application(std::move(wanted.value), file, request.isCheck);
-    if (const int error = application.run())
+    Taking taking(std::move(wanted.value), file, request.isCheck);
+    if (const int error = taking.run())
         return refused(faultOf(file, std::string("it cannot be written: ") + std::strerror(error)));
-    say(application, request.isCheck, format);
-    tellLeftOut(source, application.leftOut());
+    say(taking, request.isCheck, format);
+    tellLeftOut(source, taking.leftOut());
     return done();
 }
 
