@@ -124,6 +124,7 @@ Json jsonOf(const std::vector<std::string>& texts) {
 
 std::vector<std::string> textsOf(const std::vector<LeftOut>& leftOut) {
     std::vector<std::string> texts;
+    texts.reserve(leftOut.size());
     for (const LeftOut& one : leftOut)
         texts.push_back(text(one));
     return texts;
