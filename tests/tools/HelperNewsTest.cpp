@@ -22,6 +22,19 @@ TEST_F(HelperNews, ComeWhenTheRecordOfAMouseWasTakenOver) {
     EXPECT_EQ(news(), std::vector{profileIndex()});
 }
 
+TEST_F(HelperNews, ComeWhenSettingsWereRestoredOrAProfileCameWithItsMacros) {
+    beTheHelper();
+    const std::string backup = folder / "all.quorviSettings";
+    const std::string profile = folder / "one.quorviSettings";
+    ASSERT_EQ(quorvictl({"backup", settings, backup}).exitCode, 0);
+    ASSERT_EQ(quorvictl({"export", settings, "profile", "1", profile, "--with-macros"}).exitCode, 0);
+    EXPECT_TRUE(news().empty());
+    ASSERT_EQ(quorvictl({"restore", settings, backup}).exitCode, 0);
+    ASSERT_EQ(quorvictl({"history", "restore", settings, "1"}).exitCode, 0);
+    ASSERT_EQ(quorvictl({"import", settings, profile}).exitCode, 0);
+    EXPECT_EQ(news(), std::vector<std::int32_t>(3, profileIndex()));
+}
+
 TEST_F(HelperNews, ComeAlsoWhenTheFileWasNamedInAnotherWay) {
     beTheHelper();
     const auto link = folder / "link.plist";
