@@ -42,7 +42,7 @@ struct Backup {
 [[nodiscard]] Backup backupOfProfile(const plist::Dictionary& tree, std::size_t profile);
 
 /// The bytes of the file; nothing without a tree, and for one beyond kBackupBytes or kBackupValues.
-[[nodiscard]] std::optional<std::string> bytesOf(const Backup& backup);
+[[nodiscard]] std::optional<std::string> backupBytes(const Backup& backup);
 
 /// Writes the file as writeItemFile does: atomically, and through no link that another user has put into a
 /// folder where everybody may. No error when all went well; invalid_argument when there are no bytes of it.
@@ -69,7 +69,7 @@ struct ReadBackup {
 /// The backup in the file. Never waits for anybody: a folder, a FIFO or a device is not read.
 [[nodiscard]] ReadBackup readBackup(const std::filesystem::path& path);
 
-/// The backup that the bytes hold; never noSuchFile or notReadable.
+/// The backup that the bytes of a file hold; never noSuchFile or notReadable.
 [[nodiscard]] ReadBackup backupIn(const plist::Data& bytes);
 
 /// Something of a backup that is not in the tree, and why.

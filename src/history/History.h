@@ -57,7 +57,7 @@ class History {
     [[nodiscard]] int keep(const plist::Dictionary& tree, CopyReason reason,
         std::chrono::system_clock::time_point now = std::chrono::system_clock::now());
 
-    /// The copies, newest first. Only names are looked at, and what is no regular file is passed over.
+    /// The copies, newest first. No file is opened, and what is no regular file is passed over.
     [[nodiscard]] std::vector<DatedCopy> list() const;
 
     /// What the copy holds. Links are not followed.

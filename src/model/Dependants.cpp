@@ -1,5 +1,7 @@
 #include "model/Dependants.h"
 
+#include <algorithm>
+
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
@@ -65,6 +67,17 @@ std::vector<RedirectedInput> inputsRedirectedWithout(const Dictionary& tree, std
                     {{other, input}, next - 1, next < profiles.size() ? std::optional(next) : std::nullopt});
             });
     }
+    return found;
+}
+
+std::vector<std::size_t> macrosRunBy(const Dictionary& profile, const Array& macros) {
+    std::vector<std::size_t> found;
+    forEachInputWith(commands::runMacro, profile, [&](int, std::int32_t macroId) {
+        const int index = KyvarFindMacroInArray(macroId, nullptr, macros);
+        const auto macro = static_cast<std::size_t>(index);
+        if (index >= 0 && std::find(found.begin(), found.end(), macro) == found.end())
+            found.push_back(macro);
+    });
     return found;
 }
 

@@ -33,6 +33,10 @@ struct RedirectedInput {
 [[nodiscard]] std::vector<RedirectedInput> inputsRedirectedWithout(
     const plist::Dictionary& tree, std::size_t profile);
 
+/// The indices of the macros that the profile's inputs run, each once, in the order of the inputs.
+[[nodiscard]] std::vector<std::size_t> macrosRunBy(
+    const plist::Dictionary& profile, const plist::Array& macros);
+
 /// The inputs of the profile, 1 to 9, that run a macro which is not in the array.
 [[nodiscard]] std::vector<int> inputsWithoutMacro(
     const plist::Dictionary& profile, const plist::Array& macros);

@@ -15,8 +15,9 @@ namespace {
 class File {
   public:
     // Without O_NONBLOCK opening a FIFO waits for a writer, before there is anything to look at.
-    explicit File(const char* path)
-        : m_descriptor(open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {}
+    File(const char* path, Links links)
+        : m_descriptor(open(path,
+              O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY | (links == Links::followed ? 0 : O_NOFOLLOW))) {}
     ~File() {
         if (m_descriptor >= 0)
             close(m_descriptor);
@@ -54,8 +55,8 @@ class File {
 
 } // namespace
 
-FileStatus readRegularFile(const std::filesystem::path& path, std::uint64_t limit, Data& bytes) {
-    const File file(path.c_str());
+FileStatus readRegularFile(const std::filesystem::path& path, std::uint64_t limit, Data& bytes, Links links) {
+    const File file(path.c_str(), links);
     const auto size = file.size();
     if (!size)
         return FileStatus::NotReadable;
