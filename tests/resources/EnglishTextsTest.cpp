@@ -16,7 +16,8 @@ namespace {
 
 // Functions that look a text up, and tables whose texts are looked up.
 const std::set<std::string, std::less<>> kTakersOfTexts{"locString", "interfaceText", "KeyNamesLocStr",
-    "lookup", "text", "m_text", "Question", "filePanel", "Entry", "Command", "TableColumn"};
+    "lookup", "text", "m_text", "Question", "filePanel", "Entry", "Command", "TableColumn", "patternPhrase",
+    "subject", "addEach", "compareSwitch", "compareLight"};
 
 // Every UTF-16 text in it is a name of a key.
 constexpr std::string_view kNamesOfKeys = "KeyNames.cpp";
