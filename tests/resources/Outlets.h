@@ -70,6 +70,9 @@ inline constexpr Outlet outlets[] = {
     {"quorviBoxLightOnBattery", "quorvi::CheckBox", "actionBoxLightOnBattery:"},
     {"quorviTextFirmwareVersion", "QLabel"},
     {"quorviTextDriverVersion", "QLabel"},
+    {"quorviButtonBackUp", "QPushButton", "actionButtonBackUp:"},
+    {"quorviButtonRestoreBackup", "QPushButton", "actionButtonRestoreBackup:"},
+    {"quorviButtonEarlierSettings", "QPushButton", "actionButtonEarlierSettings:"},
     {"quorviButtonRestoreDefaults", "QPushButton", "actionButtonRestoreDefaults:"},
 
     {"quorviPanelConfirm", "QDialog"},

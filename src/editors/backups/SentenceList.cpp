@@ -1,0 +1,51 @@
+#include "editors/backups/SentenceList.h"
+
+#include <QStringListModel>
+#include <QStyledItemDelegate>
+
+#include <memory>
+
+namespace quorvi {
+
+namespace {
+
+/// Rows as high as their texts are in the width that there is: a list asks as if its scroll bar had no width.
+class WrappedRows : public QStyledItemDelegate {
+  public:
+    explicit WrappedRows(QListView* list) : QStyledItemDelegate(list), m_list(*list) {}
+
+    [[nodiscard]] QSize sizeHint(
+        const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem narrow = option;
+        narrow.rect.setWidth(m_list.viewport()->width() - 2 * m_list.spacing());
+        return {narrow.rect.width(), QStyledItemDelegate::sizeHint(narrow, index).height()};
+    }
+
+  private:
+    const QListView& m_list;
+};
+
+} // namespace
+
+SentenceList::SentenceList(QWidget* parent) : QListView(parent) {
+    setEditTriggers(NoEditTriggers);
+    setWordWrap(true);
+    setResizeMode(Adjust);
+    setSpacing(1);
+    setTextElideMode(Qt::ElideNone);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setItemDelegate(std::make_unique<WrappedRows>(this).release());
+}
+
+void SentenceList::setSentences(const QStringList& sentences) {
+    auto* model = qobject_cast<QStringListModel*>(this->model());
+    if (!model) {
+        model = new QStringListModel(this);
+        setModel(model);
+    }
+    model->setStringList(sentences);
+    setCurrentIndex(model->index(0, 0));
+}
+
+} // namespace quorvi
