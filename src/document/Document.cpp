@@ -79,10 +79,39 @@ void Document::editMacroIndex(std::int32_t index) {
 
 void Document::commit(Change change) {
     m_owner.showDocument(change.shown);
+    if (!change.action.empty()) {
+        // Before the save, which may bring changes of others into the tree.
+        m_actions.note(fDeviceConfig, change.action);
+        m_owner.actionHasBegun();
+        m_owner.undoHasChanged();
+    }
     if (change.saving == Saving::now)
         m_owner.saveDocument();
     else if (change.saving == Saving::withNextAction)
         m_owner.saveDocumentLater();
+}
+
+void Document::endGroup() {
+    m_actions.endGroup();
+    m_owner.undoHasChanged();
+}
+
+void Document::takeOthersOver() {
+    m_actions.takeOver(fDeviceConfig);
+    m_owner.undoHasChanged();
+}
+
+void Document::changeQuietly(const std::function<void()>& change) {
+    const bool isNoted = m_actions.isAt(fDeviceConfig);
+    change();
+    if (isNoted)
+        takeOthersOver();
+}
+
+Restored Document::restored(Restored change) {
+    if (change)
+        editSameItems();
+    return change;
 }
 
 } // namespace quorvi

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
+#include "document/UndoStack.h"
 #include "plist/Value.h"
 
 namespace quorvi {
@@ -39,6 +41,10 @@ class DocumentOwner {
     virtual void saveDocument() = 0;
     /// The tree holds changes of the user's that the next save has to bring along.
     virtual void saveDocumentLater() = 0;
+    /// Another action is the one to be undone next, or to be redone, or perhaps none is.
+    virtual void undoHasChanged() {}
+    /// The user has done something else: what was offered for the last action is over.
+    virtual void actionHasBegun() {}
 
   protected:
     ~DocumentOwner() = default;
@@ -97,11 +103,30 @@ class Document {
     [[nodiscard]] std::int32_t stageIndex() const { return fStageIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
 
-    /// Every change of the tree ends here: it is shown, and then saved.
+    /// Every change of the tree ends here: it is shown, noted for undo when it is the user's action, and then
+    /// saved.
     void commit(Change change = {});
+    /// What is committed from here to endGroup() is one action, as a drag is.
+    void beginGroup() { m_actions.beginGroup(); }
+    void endGroup();
+
+    /// The tree is what others have made of it: it was read, or a save has brought their changes along.
+    void takeOthersOver();
+    /// Makes a change that is no action of the user's: the mouse's own, say. What the user is at stays to be
+    /// noted.
+    void changeQuietly(const std::function<void()>& change);
+    [[nodiscard]] UndoOffer undoOffer() const { return m_actions.undoOffer(); }
+    [[nodiscard]] UndoOffer redoOffer() const { return m_actions.redoOffer(); }
+    /// Takes the last action back in the tree. Whoever calls it shows the tree, and commits.
+    Restored undo() { return restored(m_actions.undo(fDeviceConfig)); }
+    /// Does the action again that was taken back last; the same holds.
+    Restored redo() { return restored(m_actions.redo(fDeviceConfig)); }
 
   private:
+    Restored restored(Restored change);
+
     DocumentOwner& m_owner;
+    UndoStack m_actions;
     bool m_hasDevice = false;
     plist::Dictionary fDeviceConfig;
     plist::Dictionary fSettings;

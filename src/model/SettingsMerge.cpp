@@ -286,6 +286,22 @@ void bringValueTo(const Value& now, const Value& other, Set&& set) {
         set(other);
 }
 
+/// The order of the keys is what a file shows of it.
+void bringKeysInOrder(const Dictionary& tree, const Dictionary& other) {
+    const auto& now = tree.entries();
+    const auto& wanted = other.entries();
+    if (std::equal(now.begin(), now.end(), wanted.begin(), wanted.end(),
+            [](const plist::Entry& a, const plist::Entry& b) { return a.key == b.key; }))
+        return;
+    std::vector<plist::Entry> entries;
+    entries.reserve(wanted.size());
+    for (const auto& entry : wanted)
+        entries.emplace_back(entry.key, tree.value(entry.key));
+    tree.removeAll();
+    for (auto& entry : entries)
+        tree.append(entry.key, std::move(entry.value));
+}
+
 } // namespace
 
 MergedSettings mergeSettings(const Value& base, const Dictionary& ours, const Dictionary& theirs) {
@@ -309,6 +325,7 @@ void bringTo(const Dictionary& tree, const Dictionary& other) {
     for (const auto& entry : other.entries())
         bringValueTo(Value(tree.value(entry.key)), entry.value,
             [&](const Value& value) { tree.set(entry.key, value); });
+    bringKeysInOrder(tree, other);
 }
 
 } // namespace quorvi

@@ -9,8 +9,8 @@
 #include <array>
 
 #include "pane/EventPatch.h"
-#include "pane/HelpKey.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/PanelKeys.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/MenuItems.h"
@@ -72,6 +72,8 @@ constexpr std::array kActions{
     Action{"actionButtonRestoreDefaults:", perform<&KyvarQuorviPane::actionButtonRestoreDefaults>},
     Action{"actionButtonCheckUpdates:", perform<&KyvarQuorviPane::actionButtonCheckUpdates>},
     Action{"actionButtonHelp:", perform<&KyvarQuorviPane::actionButtonHelp>},
+    Action{"actionButtonUndo:", perform<&KyvarQuorviPane::actionButtonUndo>},
+    Action{"actionButtonRedo:", perform<&KyvarQuorviPane::actionButtonRedo>},
     Action{"actionButtonModalOK:", perform<&KyvarQuorviPane::actionButtonModalOK>},
     Action{"actionButtonModalCancel:", perform<&KyvarQuorviPane::actionButtonModalCancel>},
 };
@@ -132,7 +134,10 @@ void connectActions(KyvarQuorviPane& pane, QWidget& mainView, const Interface& v
     connectMenu(pane, *views.menus.quorviMenuStepGear);
     QObject::connect(views.main.quorviTabsMain, &QTabWidget::currentChanged, &pane,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
-    QObject::connect(new HelpKey(mainView), &HelpKey::pressed, &pane, &KyvarQuorviPane::actionButtonHelp);
+    // The view owns it, and goes with the pane.
+    new PanelKeys(mainView, {{QKeySequence::HelpContents, [&pane] { pane.actionButtonHelp(); }},
+                                {QKeySequence::Undo, [&pane] { pane.actionButtonUndo(); }, true},
+                                {QKeySequence::Redo, [&pane] { pane.actionButtonRedo(); }, true}});
 }
 
 } // namespace quorvi

@@ -23,6 +23,13 @@ WindowHead::Views headViews(const Interface& views) {
         .checkForUpdates = *main.quorviButtonCheckForUpdates};
 }
 
+UndoControls::Views undoViews(const Interface& views) {
+    return {.undo = *views.main.quorviButtonUndo,
+        .redo = *views.main.quorviButtonRedo,
+        .tabs = *views.main.quorviTabsMain,
+        .steps = *views.main.quorviTableSteps};
+}
+
 RecordingView::Views recordingViews(const Interface& views) {
     return {.steps = views.main.quorviTableSteps,
         .button = views.main.quorviButtonStepRecord,

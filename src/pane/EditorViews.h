@@ -12,6 +12,7 @@
 #include "editors/recording/RecordingView.h"
 #include "editors/sensitivity/SensitivityEditor.h"
 #include "editors/stages/StagesEditor.h"
+#include "pane/UndoControls.h"
 #include "pane/WindowHead.h"
 
 namespace quorvi {
@@ -24,6 +25,7 @@ class Interface;
 [[nodiscard]] std::vector<QWidget*> tablesThatTakeFocus(const Interface& views);
 
 [[nodiscard]] WindowHead::Views headViews(const Interface& views);
+[[nodiscard]] UndoControls::Views undoViews(const Interface& views);
 [[nodiscard]] RecordingView::Views recordingViews(const Interface& views);
 [[nodiscard]] AssignmentEditor::Views assignmentViews(const Interface& views);
 [[nodiscard]] SensitivityEditor::Views sensitivityViews(const Interface& views);

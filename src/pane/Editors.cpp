@@ -64,8 +64,10 @@ Editors::Editors(const Panel& panel)
       files(panel.context,
           {.mainView = panel.mainView,
               .homeFolder = panel.services.homeFolder,
-              .appendProfile = [this](const plist::Dictionary& item) { profiles.append(item); },
-              .appendMacro = [this](const plist::Dictionary& item) { macros.append(item); }}),
+              .appendProfile = [this](const plist::Dictionary& item,
+                                   const std::u16string& action) { profiles.append(item, action); },
+              .appendMacro = [this](const plist::Dictionary& item,
+                                 const std::u16string& action) { macros.append(item, action); }}),
       profiles(panel.context, profilesViews(panel.mainView, panel.views),
           {.homeFolder = panel.services.homeFolder,
               .defaultSettings = [this] { return session.defaults(); },
@@ -85,7 +87,10 @@ Editors::Editors(const Panel& panel)
               .importMacro = [this] { files.showImportPanel(ItemKind::macro); },
               .exportMacro = [this] { files.showExportPanel(ItemKind::macro); }},
           steps),
+      undo(panel.context, undoViews(panel.views),
+          {.isCapturing = [this] { return capture.isActive(); }, .showLists = [this] { showLists(); }}),
       commands(panel.context.document) {
+    panel.context.notices.setUndo([this] { undo.undo(); });
     commands.add(profiles.commands());
     commands.add(macros.commands());
     commands.add(steps.commands());
@@ -104,6 +109,7 @@ void Editors::show(Shown shown) {
         recording.show();
         helper.live().show();
         showRunningRow();
+        undo.show();
         break;
     case Shown::lights:
         device.showLights();

@@ -14,6 +14,7 @@
 #include "editors/recording/Recording.h"
 #include "editors/sensitivity/SensitivityEditor.h"
 #include "editors/stages/StagesEditor.h"
+#include "pane/UndoControls.h"
 #include "pane/WindowHead.h"
 
 namespace quorvi {
@@ -69,6 +70,7 @@ struct Editors {
     ProfilesEditor profiles;
     StepsEditor steps;
     MacrosEditor macros;
+    UndoControls undo;
     MenuCommands commands; ///< of the lists' context and gear menus
 };
 

@@ -179,6 +179,10 @@ class KyvarQuorviPane final : public QObject,
     void actionButtonStepRemove();
     void setDelayForAllSteps(std::int32_t milliseconds);
 
+    // Undo (document/UndoStack.h, pane/UndoControls.h)
+    void actionButtonUndo();
+    void actionButtonRedo();
+
     // Files of single profiles and macros (editors/files)
     void exportProfile(const QFileDialog* panel, int returnCode);
     void exportMacro(const QFileDialog* panel, int returnCode);
@@ -191,6 +195,8 @@ class KyvarQuorviPane final : public QObject,
     void showDocument(Shown shown) override;
     void saveDocument() override { fSession.save(fDocument.tree()); }
     void saveDocumentLater() override { fSession.saveLater(); }
+    void undoHasChanged() override;
+    void actionHasBegun() override { fNotices.withdrawOffer(); }
 
     [[nodiscard]] PanelText panelText() const;
     [[nodiscard]] Sheets::Views sheetViews() const;

@@ -58,6 +58,10 @@ void KyvarQuorviPane::showDocument(Shown shown) {
     fEditors->show(shown);
 }
 
+void KyvarQuorviPane::undoHasChanged() {
+    fEditors->undo.show();
+}
+
 void KyvarQuorviPane::updateUI() {
     fEditors->show(Shown::everything);
 }
@@ -369,6 +373,16 @@ void KyvarQuorviPane::actionButtonStepRemove() {
 
 void KyvarQuorviPane::setDelayForAllSteps(std::int32_t milliseconds) {
     fEditors->steps.setDelayForAll(milliseconds);
+}
+
+// Undo
+
+void KyvarQuorviPane::actionButtonUndo() {
+    fEditors->undo.undo();
+}
+
+void KyvarQuorviPane::actionButtonRedo() {
+    fEditors->undo.redo();
 }
 
 // Files of single profiles and macros

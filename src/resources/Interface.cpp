@@ -81,6 +81,8 @@ void setSymbols(const QWidget& view) {
         Symbol symbol;
     };
     static constexpr std::array symbols{
+        ButtonSymbol{"quorviButtonUndo", Symbol::Undo},
+        ButtonSymbol{"quorviButtonRedo", Symbol::Redo},
         ButtonSymbol{"quorviButtonProfileAdd", Symbol::Add},
         ButtonSymbol{"quorviButtonProfileRemove", Symbol::Remove},
         ButtonSymbol{"quorviButtonProfileGear", Symbol::Gear},

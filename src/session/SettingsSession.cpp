@@ -80,6 +80,7 @@ void SettingsSession::show(Repairs repairs, std::int32_t macroIndex) {
     m_document.alignIndependentAxes();
     const bool repaired = m_document.alignStageWithSettings();
     m_document.commit({.saving = repaired && repairs == Repairs::saved ? Saving::now : Saving::never});
+    m_document.takeOthersOver();
 }
 
 bool SettingsSession::save(const plist::Dictionary& tree) {
@@ -120,8 +121,14 @@ void SettingsSession::retryFailedSave() {
         static_cast<void>(saveUnsavedEdits());
 }
 
+void SettingsSession::beginDrag() {
+    m_isDragging = true;
+    m_document.beginGroup();
+}
+
 void SettingsSession::endDrag() {
-    m_isDragging = false;
+    if (std::exchange(m_isDragging, false))
+        m_document.endGroup();
     // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
     // anew.
     if (std::exchange(m_syncPending, false) && !syncFile(m_file.path(), m_panel.files))
@@ -156,6 +163,7 @@ void SettingsSession::takeMergedSettingsOver() {
     if (!m_isOpen)
         return; // about to be let go
     m_document.editSameItems();
+    m_document.takeOthersOver();
     m_mergedUnshown = true;
     followFileLater(); // whatever has saved goes on with the current items that it has
 }

@@ -68,7 +68,8 @@ class SettingsSession final : public QObject {
     /// Tries again what the last save could not.
     void retryFailedSave();
 
-    void beginDrag() { m_isDragging = true; }
+    /// What is changed from here on is one action.
+    void beginDrag();
     /// Brings to the disk what was saved during the drag.
     void endDrag();
     [[nodiscard]] bool isDragging() const { return m_isDragging; }

@@ -31,8 +31,25 @@ class NoticeIcon : public QWidget {
     QIcon m_icon;
 };
 
-NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
-    : QFrame(&window), m_icon(new NoticeIcon), m_text(new QLabel), m_button(new QPushButton(buttonTitle)) {
+namespace {
+
+bool isSameNotice(const TextOfNotice& a, const TextOfNotice& b) {
+    return a.text == b.text && a.sign == b.sign && bool(a.offer) == bool(b.offer);
+}
+
+QPushButton* plainButton(const QString& title, const char* name) {
+    auto* button = new QPushButton(title);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+} // namespace
+
+NoticeBar::NoticeBar(const Titles& titles, QWidget& window)
+    : QFrame(&window), m_icon(new NoticeIcon), m_text(new QLabel),
+      m_offer(plainButton(titles.offer, "buttonNoticeOffer")),
+      m_button(plainButton(titles.dismiss, "buttonNotice")) {
     setFrameShape(QFrame::StyledPanel);
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::Text);
@@ -42,12 +59,12 @@ NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_text->setForegroundRole(QPalette::Text);
-    m_button->setObjectName(QStringLiteral("buttonNotice"));
-    m_button->setAutoDefault(false);
     auto* row = new QHBoxLayout(this);
     row->addWidget(m_icon);
     row->addWidget(m_text, 1);
+    row->addWidget(m_offer);
     row->addWidget(m_button);
+    connect(m_offer, &QPushButton::clicked, this, &NoticeBar::takeOffer);
     connect(m_button, &QPushButton::clicked, this, [this] {
         if (!m_notices.empty())
             withdraw(m_notices.begin()->first);
@@ -56,8 +73,8 @@ NoticeBar::NoticeBar(const QString& buttonTitle, QWidget& window)
     hide();
 }
 
-void NoticeBar::tell(int number, const QString& text, NoticeSign sign) {
-    m_notices[number] = {text, sign};
+void NoticeBar::tell(int number, const TextOfNotice& notice) {
+    m_notices[number] = notice;
     update();
 }
 
@@ -66,13 +83,28 @@ void NoticeBar::withdraw(int number) {
         update();
 }
 
+void NoticeBar::withdrawOffers() {
+    if (std::erase_if(m_notices, [](const auto& notice) { return bool(notice.second.offer); }) != 0)
+        update();
+}
+
+void NoticeBar::takeOffer() {
+    if (m_notices.empty())
+        return;
+    const auto offer = m_notices.begin()->second.offer;
+    withdraw(m_notices.begin()->first);
+    if (offer)
+        offer();
+}
+
 void NoticeBar::update() {
-    const Notice first = m_notices.empty() ? Notice{} : m_notices.begin()->second;
-    if (first == m_shown)
+    const TextOfNotice first = m_notices.empty() ? TextOfNotice{} : m_notices.begin()->second;
+    if (isSameNotice(first, m_shown))
         return;
     m_shown = first;
     if (m_notices.empty()) {
         hide();
+        makeRoom(0);
         return;
     }
     const auto icon =
@@ -80,9 +112,11 @@ void NoticeBar::update() {
     const int size = style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, this);
     m_icon->set(style()->standardIcon(icon, nullptr, this), size);
     m_text->setText(first.text);
+    m_offer->setVisible(bool(first.offer));
     place();
     show();
     raise();
+    m_offer->setAccessibleDescription(first.text);
     m_button->setAccessibleDescription(first.text);
     QAccessibleEvent alert(m_text, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
@@ -98,6 +132,27 @@ void NoticeBar::place() {
     const QRect window = parentWidget()->rect();
     const int height = heightForWidth(window.width());
     setGeometry(0, window.height() - height, window.width(), height);
+    if (!m_notices.empty())
+        makeRoom(height);
+}
+
+/// The room is below what the window's layout holds, as far as that can be made smaller. It must not make the
+/// window larger.
+void NoticeBar::makeRoom(int height) {
+    QLayout* layout = parentWidget()->layout();
+    if (!layout)
+        return;
+    QMargins margins = layout->contentsMargins();
+    if (m_usualMargin < 0)
+        m_usualMargin = margins.bottom();
+    const int needed = layout->hasHeightForWidth() ? layout->minimumHeightForWidth(parentWidget()->width())
+                                                   : layout->totalMinimumSize().height();
+    const int least = needed - margins.bottom() + m_usualMargin;
+    const bool hasRoom = height > 0 && least + height <= parentWidget()->height();
+    margins.setBottom(m_usualMargin + (hasRoom ? height : 0));
+    layout->setContentsMargins(margins);
+    if (height == 0)
+        m_usualMargin = -1;
 }
 
 } // namespace quorvi

@@ -50,6 +50,24 @@ QPainterPath recordPath() {
     return path;
 }
 
+/// An arrow that turns back.
+QPainterPath undoPath() {
+    QPainterPath line;
+    line.moveTo(-4.0, -2.0);
+    line.lineTo(1.5, -2.0);
+    line.arcTo(QRectF(-1.75, -2.0, 6.5, 6.5), 90.0, -180.0);
+    line.lineTo(-2.0, 4.5);
+    QPainterPathStroker pen;
+    pen.setWidth(1.7);
+    QPainterPath path = pen.createStroke(line);
+    QPainterPath head;
+    head.moveTo(-6.5, -2.0);
+    head.lineTo(-2.2, -5.8);
+    head.lineTo(-2.2, 1.8);
+    head.closeSubpath();
+    return path.united(head);
+}
+
 QPainterPath pathOf(Symbol symbol) {
     switch (symbol) {
     case Symbol::Add:
@@ -60,6 +78,10 @@ QPainterPath pathOf(Symbol symbol) {
         return gearPath();
     case Symbol::Record:
         return recordPath();
+    case Symbol::Undo:
+        return undoPath();
+    case Symbol::Redo:
+        return QTransform::fromScale(-1.0, 1.0).map(undoPath());
     }
     return {};
 }

@@ -6,7 +6,7 @@
 
 namespace quorvi {
 
-enum class Symbol { Add, Remove, Gear, Record };
+enum class Symbol { Add, Remove, Gear, Record, Undo, Redo };
 
 [[nodiscard]] QIcon symbolIcon(Symbol symbol);
 

@@ -4,6 +4,9 @@
 
 #include <QPointer>
 
+#include <functional>
+#include <utility>
+
 #include "widgets/FilledText.h"
 #include "widgets/NoticeBar.h"
 
@@ -30,9 +33,19 @@ class Notices {
     /// The kind's text is no longer so. Does nothing when there is none.
     void withdraw(Notice kind);
 
+    /// Tells the outcome of an action that is done already, and offers to undo it until the next action.
+    void tellUndoable(const QString& text, NoticeSign sign);
+    /// There was another action: the offer, if there is one, is over, with its text.
+    void withdrawOffer();
+    /// What the offer does when the user takes it.
+    void setUndo(std::function<void()> undo) { m_undo = std::move(undo); }
+
   private:
+    [[nodiscard]] NoticeBar& bar();
+
     QPointer<QWidget> m_mainView;
     PanelText m_text;
+    std::function<void()> m_undo;
     QPointer<NoticeBar> m_bar; ///< null until there is something to tell
 };
 

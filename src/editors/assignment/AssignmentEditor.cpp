@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "editors/assignment/AssignmentTexts.h"
+#include "editors/assignment/InputActions.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
@@ -176,7 +177,7 @@ void AssignmentEditor::chooseFunction(PopUpButton& popUp) {
         return;
     }
     assign(assignmentOf(input), {{keys::command, command}});
-    m_document.commit();
+    m_document.commit({.action = assignAction(input, m_text)});
 }
 
 void AssignmentEditor::askForSingleKey(int input) {
@@ -187,17 +188,17 @@ void AssignmentEditor::askForSingleKey(int input) {
     const std::optional<KeyChoice> chosen = m_others.askForKey(keyOf(assignmentOf(input)));
     if (!guard)
         return;
-    if (chosen) {
-        // A device list may have replaced the whole tree while the sheet was up: the key goes into the
-        // same place of the tree that is there now.
-        assign(m_document.profiles()
-                   .dictionary(static_cast<std::size_t>(profile))
-                   .dictionary(keys::buttons)
-                   .dictionary(keys::button(input)),
-            {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(chosen->key)},
-                {keys::param2, AdbToUsbModifiers(chosen->modifiers)}});
-    }
-    m_document.commit();
+    if (!chosen)
+        return m_document.commit();
+    // A device list may have replaced the whole tree while the sheet was up: the key goes into the same place
+    // of the tree that is there now.
+    assign(m_document.profiles()
+               .dictionary(static_cast<std::size_t>(profile))
+               .dictionary(keys::buttons)
+               .dictionary(keys::button(input)),
+        {{keys::command, commands::singleKey}, {keys::param1, AdbToUsbKeycode(chosen->key)},
+            {keys::param2, AdbToUsbModifiers(chosen->modifiers)}});
+    m_document.commit({.action = assignAction(input, m_text)});
 }
 
 void AssignmentEditor::chooseMacro(const QAction& item) {
@@ -221,7 +222,7 @@ void AssignmentEditor::assignFromList(const QAction& item, int input, Values val
     const plist::Dictionary assignment = assignmentOf(input);
     assign(assignment, values);
     assignment.set(keys::string, titleOfItem(item).toStdU16String());
-    m_document.commit();
+    m_document.commit({.action = assignAction(input, m_text)});
 }
 
 } // namespace quorvi

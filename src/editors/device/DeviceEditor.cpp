@@ -8,6 +8,7 @@
 #include "widgets/MouseLights.h"
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
+#include "window/ActionNames.h"
 #include "window/Sheets.h"
 #include "window/Unread.h"
 
@@ -34,7 +35,7 @@ void copyValues(const plist::Dictionary& source, const plist::Dictionary& target
 
 DeviceEditor::DeviceEditor(
     const EditorContext& context, const Views& views, std::function<plist::Dictionary()> defaultSettings)
-    : m_document(context.document), m_sheets(context.sheets), m_views(views),
+    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views),
       m_defaultSettings(std::move(defaultSettings)) {}
 
 void DeviceEditor::show() {
@@ -63,21 +64,24 @@ void DeviceEditor::storePollingRate() {
     const int rate = m_views.pollingRate.selectedTag();
     if (rate >= kLowestPollingRate && rate <= kHighestPollingRate)
         m_document.settings().set(keys::pollingRate, rate);
-    m_document.commit();
+    m_document.commit({.action = actionName(m_text("Change Polling Rate"))});
 }
 
-void DeviceEditor::setLight(std::int32_t bit, bool on) {
+void DeviceEditor::setLight(std::int32_t bit, bool on, const QString& action) {
     const std::int32_t lit = m_document.profile().integer(keys::ledState);
     m_document.profile().set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
-    m_document.commit({.shown = Shown::lights});
+    m_document.commit({.shown = Shown::lights, .action = actionName(action)});
 }
 
 void DeviceEditor::storeLightOnWheel() {
-    setLight(lights::wheel, m_views.lightOnWheel.isChecked());
+    const bool on = m_views.lightOnWheel.isChecked();
+    setLight(lights::wheel, on, m_text(on ? "Switch Light of Wheel On" : "Switch Light of Wheel Off"));
 }
 
 void DeviceEditor::storeLightOnBattery() {
-    setLight(lights::battery, m_views.lightOnBattery.isChecked());
+    const bool on = m_views.lightOnBattery.isChecked();
+    setLight(lights::battery, on,
+        m_text(on ? "Switch Light of Battery Indicator On" : "Switch Light of Battery Indicator Off"));
 }
 
 void DeviceEditor::restoreFrom(const plist::Dictionary& defaults) {
@@ -95,7 +99,7 @@ void DeviceEditor::restoreDefaults() {
         return;
     if (const plist::Dictionary defaults = m_defaultSettings())
         restoreFrom(defaults);
-    m_document.commit();
+    m_document.commit({.action = actionName(m_text("Restore Defaults"))});
 }
 
 } // namespace quorvi

@@ -46,10 +46,11 @@ class DeviceEditor {
     void restoreDefaults();
 
   private:
-    void setLight(std::int32_t bit, bool on);
+    void setLight(std::int32_t bit, bool on, const QString& action);
     void restoreFrom(const plist::Dictionary& defaults);
 
     Document& m_document;
+    PanelText m_text;
     Sheets& m_sheets;
     Views m_views;
     std::function<plist::Dictionary()> m_defaultSettings;

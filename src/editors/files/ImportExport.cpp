@@ -9,6 +9,7 @@
 #include "model/Limits.h"
 #include "widgets/NoticeBar.h"
 #include "widgets/ShownText.h"
+#include "window/ActionNames.h"
 #include "window/BackupTexts.h"
 #include "window/FilePanels.h"
 #include "window/Notices.h"
@@ -163,7 +164,9 @@ void ImportExport::importFile(ItemKind kind, const QString& path) {
         return;
     const AppendItem& append =
         kind == ItemKind::profile ? m_surroundings.appendProfile : m_surroundings.appendMacro;
-    append(read.item);
+    const QString action = kind == ItemKind::profile ? m_context.text("Import Profile “^1”")
+                                                     : m_context.text("Import Macro “^1”");
+    append(read.item, actionName(action, nameOfItem(read.item)));
     tellOfImport(kind, read.item);
 }
 

@@ -15,8 +15,8 @@ namespace quorvi {
 
 class ImportExport final : public QObject {
   public:
-    /// Puts an item behind the others of its list and saves.
-    using AppendItem = std::function<void(const plist::Dictionary& item)>;
+    /// Puts an item behind the others of its list and saves, under that name of the action.
+    using AppendItem = std::function<void(const plist::Dictionary& item, const std::u16string& action)>;
 
     struct Surroundings {
         QWidget& mainView;                ///< the panels hang on its window

@@ -20,6 +20,7 @@
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/ActionNames.h"
 #include "window/ListButtons.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"
@@ -87,21 +88,22 @@ void MacrosEditor::switchToSelected() {
     m_context.document.commit({.saving = Saving::never});
 }
 
-void MacrosEditor::append(const plist::Dictionary& macro) {
+void MacrosEditor::append(const plist::Dictionary& macro, const std::u16string& action) {
     Document& document = m_context.document;
     appendItem(document.macros(), macro, m_context.text("Untitled Macro").toStdU16String());
     document.editMacroIndex(static_cast<std::int32_t>(document.macros().size()) - 1);
     m_list.reloadQuietly();
     m_views.table.selectRowAlone(document.macroIndex());
     m_others.listHasChanged();
-    document.commit();
+    document.commit({.action = action});
 }
 
 void MacrosEditor::create() {
     const int macroId = KyvarFindUnusedMacroID(m_context.document.macros());
     if (!m_context.document.macros() || macroId < 0)
         return;
-    append(newMacro(macroId, m_context.text("Untitled Macro").toStdU16String()));
+    append(newMacro(macroId, m_context.text("Untitled Macro").toStdU16String()),
+        actionName(m_context.text("New Macro")));
     m_views.table.editCell(m_list.model().columnOf(kMacroNameColumn), m_context.document.macroIndex());
 }
 
@@ -127,7 +129,7 @@ void MacrosEditor::remove() {
     m_steps.showOtherMacro();
     cleanUpSettings(document.tree());
     m_others.listHasChanged();
-    document.commit();
+    document.commit({.action = actionName(m_context.text("Delete Macro “^1”"), name)});
 }
 
 bool MacrosEditor::hasRoom() const {

@@ -51,8 +51,8 @@ class MacrosEditor final {
     /// Shows the rows of the document and selects the current macro.
     void selectCurrent();
 
-    /// Appends the macro under a name of its own, makes it current and saves.
-    void append(const plist::Dictionary& macro);
+    /// Appends the macro under a name of its own, makes it current and saves, under that name of the action.
+    void append(const plist::Dictionary& macro, const std::u16string& action);
     /// Appends a new one and lets its name be edited. Does nothing when there are twelve.
     void create();
     /// Removes the current macro when the user agrees. The window may not outlive the question.

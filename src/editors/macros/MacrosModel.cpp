@@ -6,6 +6,7 @@
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "resources/TableTags.h"
+#include "window/ActionNames.h"
 
 namespace quorvi {
 
@@ -30,7 +31,9 @@ void MacrosModel::setCellValue(const QVariant& value, int columnIdentifier, int 
         rename(value, row);
     cleanUpSettings(m_document.tree());
     m_hasChanged();
-    m_document.commit({.saving = Saving::withNextAction});
+    const plist::Dictionary macro = m_document.macros().dictionary(static_cast<std::size_t>(row));
+    m_document.commit({.saving = Saving::withNextAction,
+        .action = actionName(text("Rename Macro “^1”"), macro.string(keys::name))});
 }
 
 void MacrosModel::rename(const QVariant& value, int row) {

@@ -10,6 +10,7 @@
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/ActionNames.h"
 #include "window/ListButtons.h"
 
 namespace quorvi {
@@ -45,12 +46,20 @@ void StepsEditor::remove() {
     const int last = static_cast<int>(steps.size()) - 1;
     if (last >= 0)
         m_views.table.selectRowAlone(row < last ? row : last);
-    m_context.document.commit({.saving = Saving::withNextAction});
+    m_context.document.commit(
+        {.saving = Saving::withNextAction, .action = actionName(m_context.text("Remove Step"))});
+}
+
+// The list shows it already, and the command that asked for it saves.
+void StepsEditor::commit(const QString& action) {
+    m_context.document.commit(
+        {.shown = Shown::nothing, .saving = Saving::never, .action = actionName(action)});
 }
 
 void StepsEditor::removeAll() {
     m_context.document.macroSteps().removeAll();
     m_list.reload();
+    commit(m_context.text("Remove All Steps"));
 }
 
 void StepsEditor::useDelayOfSelectedForAll() {
@@ -63,6 +72,7 @@ void StepsEditor::useDelayOfSelectedForAll() {
 void StepsEditor::setDelayForAll(std::int32_t milliseconds) {
     setDelayForAllSteps(m_context.document.macroSteps(), milliseconds);
     m_list.reload();
+    commit(m_context.text(milliseconds == 0 ? "Remove All Delays" : "Use Delay of Step for All"));
 }
 
 bool StepsEditor::isSelected() const {

@@ -47,7 +47,7 @@ class StepsEditor final {
     /// Removes the selected step. The next save brings that along.
     void remove();
     /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
-    /// to wait for. Nothing is saved.
+    /// to wait for. Whoever asks for it saves.
     void setDelayForAll(std::int32_t milliseconds);
 
     /// The commands of the list's menu.
@@ -57,6 +57,7 @@ class StepsEditor final {
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
 
   private:
+    void commit(const QString& action);
     void removeAll();
     void useDelayOfSelectedForAll();
     [[nodiscard]] bool isSelected() const;

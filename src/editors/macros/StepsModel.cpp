@@ -5,6 +5,7 @@
 #include "model/Keys.h"
 #include "resources/TableTags.h"
 #include "widgets/MenuItems.h"
+#include "window/ActionNames.h"
 #include "window/ShownStep.h"
 
 namespace quorvi {
@@ -58,7 +59,9 @@ void StepsModel::setCellValue(const QVariant& value, int columnIdentifier, int r
         m_document.macroSteps()
             .dictionary(static_cast<std::size_t>(row))
             .set(keys::delay, tagOfItem(*item).value_or(0));
-    m_document.commit({.shown = Shown::nothing, .saving = Saving::withNextAction});
+    m_document.commit({.shown = Shown::nothing,
+        .saving = Saving::withNextAction,
+        .action = actionName(text("Change Delay"))});
 }
 
 QString StepsModel::titleOfDelay(const QVariant& value) const {

@@ -9,6 +9,7 @@
 #include "applications/ApplicationPanel.h"
 #include "model/Keys.h"
 #include "platform/InterfaceText.h"
+#include "window/ActionNames.h"
 #include "window/Sheets.h"
 
 namespace quorvi {
@@ -58,7 +59,7 @@ void ProfileApplication::bindTo(const ApplicationInformation& application) {
     driver.set(keys::identifier, application.identifier);
     driver.set(keys::signature, application.signature);
     driver.set(keys::executable, application.executable);
-    commit(Saving::now);
+    commit({.action = actionName(m_context.text("Assign Application “^1”"), application.name)});
 }
 
 bool ProfileApplication::isBound() const {
@@ -71,12 +72,12 @@ void ProfileApplication::remove() {
         return;
     for (const std::string_view key : kApplicationKeys)
         m_context.document.driverData().set(key, u"");
-    commit(Saving::never);
+    commit({.saving = Saving::never, .action = actionName(m_context.text("Remove Application"))});
 }
 
-void ProfileApplication::commit(Saving saving) {
+void ProfileApplication::commit(Change change) {
     m_surroundings.showChange();
-    m_context.document.commit({.saving = saving});
+    m_context.document.commit(std::move(change));
 }
 
 } // namespace quorvi

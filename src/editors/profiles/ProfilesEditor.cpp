@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <memory>
@@ -18,6 +19,7 @@
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MarkedCells.h"
+#include "window/ActionNames.h"
 #include "window/ListButtons.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"
@@ -67,17 +69,25 @@ void ProfilesEditor::switchToSelected() {
         return;
     m_context.document.editProfileIndex(row);
     m_context.document.startInDefaultStage();
-    m_context.document.commit();
+    const std::u16string name = m_context.document.profile().string(keys::name);
+    m_context.document.commit(
+        {.action = m_isWithinAction ? std::u16string()
+                                    : actionName(m_context.text("Switch to Profile “^1”"), name)});
 }
 
-void ProfilesEditor::append(const plist::Dictionary& profile) {
+void ProfilesEditor::selectWithinAction(int row) {
+    const QScopedValueRollback within(m_isWithinAction, true);
+    m_views.table.selectRowAlone(row);
+}
+
+void ProfilesEditor::append(const plist::Dictionary& profile, const std::u16string& action) {
     Document& document = m_context.document;
     appendItem(document.profiles(), profile, m_context.text("Untitled Profile").toStdU16String());
     document.editProfileIndex(static_cast<std::int32_t>(document.profiles().size()) - 1);
     m_list.reloadQuietly();
-    m_views.table.selectRowAlone(document.profileIndex());
+    selectWithinAction(document.profileIndex());
     m_others.listHasChanged();
-    document.commit();
+    document.commit({.action = action});
 }
 
 void ProfilesEditor::create(bool duplicate) {
@@ -88,9 +98,12 @@ void ProfilesEditor::create(bool duplicate) {
                                           : m_others.defaultSettings().array(keys::profiles).dictionary(0);
     if (!profile)
         return;
+    const std::u16string action =
+        duplicate ? actionName(m_context.text("Duplicate Profile “^1”"), profile.string(keys::name))
+                  : actionName(m_context.text("New Profile"));
     if (!duplicate)
         profile.set(keys::name, m_context.text("Untitled Profile").toStdU16String());
-    append(profile);
+    append(profile, action);
     m_views.table.editCell(m_list.model().columnOf(kProfileNameColumn), m_context.document.profileIndex());
 }
 
@@ -127,15 +140,18 @@ void ProfilesEditor::remove() {
     const std::int32_t next = std::min(document.profileIndex(), last);
     m_list.reloadQuietly();
     document.editProfileIndex(next);
-    m_views.table.selectRowAlone(next);
+    selectWithinAction(next);
     cleanUpSettings(document.tree());
     m_others.listHasChanged();
-    document.commit();
+    document.commit({.action = actionName(m_context.text("Delete Profile “^1”"), name)});
 }
 
 void ProfilesEditor::storeDisplay() {
     m_context.document.driverData().set(keys::profileDisplay, m_views.displayBox.isChecked());
-    m_context.document.commit({.shown = Shown::nothing});
+    const QString action = m_views.displayBox.isChecked()
+                               ? m_context.text("Show Name of Profile on Screen")
+                               : m_context.text("Do Not Show Name of Profile on Screen");
+    m_context.document.commit({.shown = Shown::nothing, .action = actionName(action)});
 }
 
 std::vector<MenuCommand> ProfilesEditor::commands() {

@@ -59,8 +59,9 @@ class ProfilesEditor final {
     /// who would get the profile's default stage with it.
     void selectCurrentQuietly();
 
-    /// Appends the profile under a name of its own, makes it current and saves.
-    void append(const plist::Dictionary& profile);
+    /// Appends the profile under a name of its own, makes it current and saves, under that name of the
+    /// action.
+    void append(const plist::Dictionary& profile, const std::u16string& action);
     /// Appends a new profile, or a copy of the current one, and lets its name be edited. Does nothing when
     /// there are five.
     void create(bool duplicate);
@@ -80,11 +81,14 @@ class ProfilesEditor final {
     [[nodiscard]] bool isCurrent() const;
     [[nodiscard]] bool canRemove() const;
     void switchToSelected();
+    /// Selects the row within another action: the switch to its profile belongs to that one.
+    void selectWithinAction(int row);
 
     EditorContext m_context;
     Views m_views;
     Others m_others;
     QString m_usualHint;
+    bool m_isWithinAction = false;
     TableList m_list;
     ProfileApplication m_application;
 };

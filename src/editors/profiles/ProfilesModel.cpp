@@ -6,6 +6,7 @@
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "resources/TableTags.h"
+#include "window/ActionNames.h"
 
 namespace quorvi {
 
@@ -43,12 +44,21 @@ QVariant ProfilesModel::cellValue(int columnIdentifier, int row) const {
 void ProfilesModel::setCellValue(const QVariant& value, int columnIdentifier, int row) {
     if (columnIdentifier == kProfileNameColumn) {
         rename(value, row);
-        m_document.commit({.saving = Saving::withNextAction});
+        m_document.commit({.saving = Saving::withNextAction,
+            .action = actionName(text("Rename Profile “^1”"), nameOf(row))});
     } else if (columnIdentifier == kProfileAutoswitchColumn) {
         editProfileOf(row);
         m_document.driverData().set(keys::autoSwitch, value.toBool());
-        m_document.commit({.shown = Shown::nothing, .saving = Saving::withNextAction});
+        const QString action = value.toBool() ? text("Switch to Profile “^1” Automatically")
+                                              : text("Do Not Switch to Profile “^1” Automatically");
+        m_document.commit({.shown = Shown::nothing,
+            .saving = Saving::withNextAction,
+            .action = actionName(action, nameOf(row))});
     }
+}
+
+std::u16string ProfilesModel::nameOf(int row) const {
+    return m_document.profiles().dictionary(static_cast<std::size_t>(row)).string(keys::name);
 }
 
 void ProfilesModel::rename(const QVariant& value, int row) {

@@ -24,6 +24,7 @@ class ProfilesModel final : public TableModel {
     [[nodiscard]] CellKind cellKind(int columnIdentifier, int row) const override;
     [[nodiscard]] QString spokenText(int columnIdentifier, const QVariant& value) const override;
     [[nodiscard]] QString explanation(int columnIdentifier, const QVariant& value) const override;
+    [[nodiscard]] std::u16string nameOf(int row) const;
     void rename(const QVariant& value, int row);
     void editProfileOf(int row);
 

@@ -7,6 +7,9 @@
 #include <utility>
 
 #include "macros/StepCodes.h"
+#include "model/Keys.h"
+#include "plist/DeepCopy.h"
+#include "window/ActionNames.h"
 
 namespace quorvi {
 
@@ -31,8 +34,9 @@ void Recording::start(bool oneStep) {
     if (isRunning())
         return;
     takeFocusFromCells();
+    m_stepsBefore = plist::deepCopy(m_context.document.macroSteps());
     m_recorder.start(oneStep);
-    didStartOrStop(Saving::never);
+    didStartOrStop({.saving = Saving::never});
 }
 
 void Recording::stop() {
@@ -41,13 +45,21 @@ void Recording::stop() {
     m_recorder.stop();
     m_heldEscape.reset();
     setTablesTakeFocus(true);
-    didStartOrStop(Saving::now);
+    didStartOrStop({.action = action()});
 }
 
-void Recording::didStartOrStop(Saving saving) {
+std::u16string Recording::action() const {
+    if (plist::Value(m_context.document.macroSteps()) == m_stepsBefore)
+        return {};
+    if (m_recorder.isForOneStep())
+        return actionName(m_context.text("Record Step Again"));
+    return actionName(m_context.text("Record Macro “^1”"), m_context.document.macro().string(keys::name));
+}
+
+void Recording::didStartOrStop(const Change& change) {
     m_view.showCommand(isRunning());
     m_surroundings.tellHelper(isRunning());
-    m_context.document.commit({.saving = saving});
+    m_context.document.commit(change);
     m_view.redrawSteps();
     m_surroundings.keyCaptureBeganOrEnded();
 }

@@ -62,7 +62,9 @@ class Recording final : public KeySink {
     void receiveKey(const CapturedKey& key) override;
 
   private:
-    void didStartOrStop(Saving saving);
+    void didStartOrStop(const Change& change);
+    /// What the run that has ended is called; empty when it has recorded nothing.
+    [[nodiscard]] std::u16string action() const;
     void takeFocusFromCells();
     void setTablesTakeFocus(bool take);
     [[nodiscard]] RecordingTarget target() const;
@@ -78,6 +80,7 @@ class Recording final : public KeySink {
     std::vector<QWidget*> m_tables;
     Surroundings m_surroundings;
     MacroRecorder m_recorder;
+    plist::Value m_stepsBefore;            ///< a copy of those that the run has found
     std::unique_ptr<QObject> m_heldEscape; ///< while the recording ends if Escape is held on; else null
 };
 

@@ -4,6 +4,7 @@
 #include "editors/sensitivity/AccelerationScale.h"
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviSlider.h"
+#include "window/ActionNames.h"
 #include "window/Sheets.h"
 
 namespace quorvi {
@@ -20,13 +21,17 @@ void SensitivityEditor::setX(int resolution) {
         if (bothAxes)
             holder.set(keys::dpiY, resolution);
     }
-    m_document.commit();
+    commitResolution();
 }
 
 void SensitivityEditor::setY(int resolution) {
     for (const plist::Dictionary& holder : {m_document.stage(), m_document.settings()})
         holder.set(keys::dpiY, resolution);
-    m_document.commit();
+    commitResolution();
+}
+
+void SensitivityEditor::commitResolution() {
+    m_document.commit({.action = actionName(m_text("Change Sensitivity"))});
 }
 
 void SensitivityEditor::setIndependentAxes(bool independent) {
@@ -35,23 +40,28 @@ void SensitivityEditor::setIndependentAxes(bool independent) {
         if (!independent)
             holder.set(keys::dpiY, holder.integer(keys::dpiX));
     }
-    m_document.commit();
+    const QString action = m_text(independent ? "Set X and Y Separately" : "Set X and Y Together");
+    m_document.commit({.action = actionName(action)});
 }
 
 void SensitivityEditor::storeAcceleration() {
     m_document.driverData().set(
         keys::acceleration, sliderValueToAcceleration(m_views.accelerationSlider.floatValue()));
-    m_document.commit({.shown = Shown::acceleration});
+    m_document.commit({.shown = Shown::acceleration, .action = actionName(m_text("Change Acceleration"))});
 }
 
 void SensitivityEditor::storeAccelerated() {
-    m_document.driverData().set(keys::enableAcceleration, m_views.acceleration.isChecked());
-    m_document.commit();
+    const bool on = m_views.acceleration.isChecked();
+    m_document.driverData().set(keys::enableAcceleration, on);
+    m_document.commit(
+        {.action = actionName(m_text(on ? "Switch Acceleration On" : "Switch Acceleration Off"))});
 }
 
 void SensitivityEditor::storeDisplay() {
-    m_document.driverData().set(keys::sensitivityDisplay, m_views.display.isChecked());
-    m_document.commit({.shown = Shown::nothing});
+    const bool on = m_views.display.isChecked();
+    m_document.driverData().set(keys::sensitivityDisplay, on);
+    const QString action = m_text(on ? "Show Sensitivity on Screen" : "Do Not Show Sensitivity on Screen");
+    m_document.commit({.shown = Shown::nothing, .action = actionName(action)});
 }
 
 bool SensitivityEditor::isCurrentProfile(std::uint32_t number) const {
@@ -64,9 +74,11 @@ void SensitivityEditor::followRunningStage(std::uint32_t profile, std::uint32_t 
     if (!isCurrentProfile(profile) || stage == 0 || index >= m_document.stages().size() ||
         index == static_cast<std::size_t>(m_document.stageIndex()) || m_sheets.isRunning())
         return;
-    m_document.settings().set(keys::stage, static_cast<std::int32_t>(stage));
-    copyResolution(m_document.stages().dictionary(index), m_document.settings());
-    m_document.editProfileIndex(m_document.profileIndex());
+    m_document.changeQuietly([&] {
+        m_document.settings().set(keys::stage, static_cast<std::int32_t>(stage));
+        copyResolution(m_document.stages().dictionary(index), m_document.settings());
+        m_document.editProfileIndex(m_document.profileIndex());
+    });
     show();
 }
 

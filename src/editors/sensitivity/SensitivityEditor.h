@@ -60,6 +60,7 @@ class SensitivityEditor {
     void followRunningStage(std::uint32_t profile, std::uint32_t stage);
 
   private:
+    void commitResolution();
     [[nodiscard]] bool isCurrentProfile(std::uint32_t number) const;
     [[nodiscard]] QString accelerationText(float factor) const;
 

@@ -13,6 +13,7 @@
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "window/ActionNames.h"
 #include "window/Sheets.h"
 
 namespace quorvi {
@@ -25,7 +26,7 @@ constexpr int kResolutionWithoutStage = 1500;
 } // namespace
 
 StagesEditor::StagesEditor(const EditorContext& context, const Views& views)
-    : m_document(context.document), m_sheets(context.sheets), m_views(views),
+    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views),
       m_list(views.table, std::make_unique<StagesModel>(m_document, m_stages, context.text)) {
     m_list.onSelectionChange([this] { followSelection(); });
 }
@@ -44,7 +45,7 @@ void StagesEditor::edit() {
     // there now, unless another profile has become the current one. A profile is its place in the list: its
     // name may have been changed by another program.
     if (confirmed && m_document.profileIndex() == profile && m_stages.storeIn(m_document))
-        m_document.commit();
+        m_document.commit({.action = actionName(m_text("Change Stages"))});
     close();
 }
 

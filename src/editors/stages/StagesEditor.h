@@ -54,6 +54,7 @@ class StagesEditor final : public QObject {
     void followSelection();
 
     Document& m_document;
+    PanelText m_text;
     Sheets& m_sheets;
     Views m_views;
     EditedStages m_stages;

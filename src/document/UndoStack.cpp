@@ -1,0 +1,118 @@
+#include "document/UndoStack.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "document/Snapshot.h"
+#include "model/Keys.h"
+#include "model/SettingsMerge.h"
+#include "plist/DeepCopy.h"
+
+namespace quorvi {
+
+namespace {
+
+using plist::Dictionary;
+
+constexpr std::array kInForce{keys::dpiX, keys::dpiY, keys::independentXY};
+
+bool haveSameStage(const Dictionary& a, const Dictionary& b) {
+    return a.integer(keys::profileId) == b.integer(keys::profileId) &&
+           a.integer(keys::stage) == b.integer(keys::stage);
+}
+
+/// The tree that the action is to lead to, without what it has done to the sensitivity in force. That belongs
+/// to the stage in force, and when another one is by now, the mouse's own button has changed it.
+Dictionary withoutSensitivityInForce(const Dictionary& wanted, const Dictionary& base) {
+    Dictionary tree = plist::mutableDeepCopy(wanted);
+    const Dictionary settings = tree.dictionary(keys::settings);
+    for (const std::string_view key : kInForce)
+        if (const auto& value = base.dictionary(keys::settings).value(key); !value.isNothing())
+            settings.set(key, value);
+    return tree;
+}
+
+} // namespace
+
+void UndoStack::takeOver(const Dictionary& tree) {
+    m_last = snapshotOf(tree, m_last);
+    if (m_group == Group::noted) // what comes is not to bring along what others have done
+        m_group = Group::begun;
+}
+
+void UndoStack::note(const Dictionary& tree, const std::u16string& action) {
+    const Dictionary now = snapshotOf(tree, m_last);
+    if (now.isSameAs(m_last))
+        return;
+    if (!m_last) {
+        m_last = now;
+        return;
+    }
+    if (m_group == Group::noted) {
+        m_done.back().after = now;
+    } else {
+        m_done.push_back({action, m_last, now});
+        if (m_done.size() > kMostActions)
+            m_done.pop_front();
+        if (m_group == Group::begun)
+            m_group = Group::noted;
+    }
+    m_undone.clear();
+    m_last = now;
+}
+
+void UndoStack::endGroup() {
+    if (m_group == Group::noted) {
+        Action& action = m_done.back();
+        if (snapshotOf(action.after, action.before)
+                .isSameAs(action.before)) // it has come back to where it was
+            m_done.pop_back();
+    }
+    m_group = Group::none;
+}
+
+bool UndoStack::isAt(const Dictionary& tree) const {
+    return snapshotOf(tree, m_last).isSameAs(m_last);
+}
+
+/// Nil when others have changed the same things.
+Dictionary UndoStack::treeWithout(const Action& action, Direction direction, const Dictionary& now) const {
+    const bool isBack = direction == Direction::back;
+    const Dictionary& base = isBack ? action.after : action.before;
+    const Dictionary& wanted = isBack ? action.before : action.after;
+    if (snapshotOf(now, base).isSameAs(base))
+        return wanted;
+    const Dictionary inForce = base.dictionary(keys::settings);
+    const bool keepsStage = haveSameStage(inForce, wanted.dictionary(keys::settings)) &&
+                            !haveSameStage(inForce, now.dictionary(keys::settings));
+    const MergedSettings merged =
+        mergeSettings(base, keepsStage ? withoutSensitivityInForce(wanted, base) : wanted, now);
+    return merged.conflict ? Dictionary() : merged.tree;
+}
+
+UndoOffer UndoStack::offer(const Actions& actions, Direction direction) const {
+    if (actions.empty() || !m_last)
+        return {};
+    const Action& action = actions.back();
+    const bool isPossible = static_cast<bool>(treeWithout(action, direction, m_last));
+    return {isPossible ? Undoable::yes : Undoable::othersChanged, action.name};
+}
+
+Restored UndoStack::move(Actions& from, Actions& to, Direction direction, const Dictionary& tree) {
+    if (from.empty() || !tree)
+        return {};
+    const Dictionary now = snapshotOf(tree, m_last);
+    const Dictionary wanted = plist::mutableDeepCopy(treeWithout(from.back(), direction, now));
+    if (!wanted)
+        return {};
+    m_group = Group::none;
+    bringTo(tree, wanted);
+    to.push_back(std::move(from.back()));
+    from.pop_back();
+    const bool isBack = direction == Direction::back;
+    m_last = snapshotOf(tree, isBack ? to.back().before : to.back().after);
+    return {now, m_last};
+}
+
+} // namespace quorvi

@@ -1,0 +1,17 @@
+// What the user's actions are called, for Change::action.
+#pragma once
+
+#include <string>
+
+#include "widgets/FilledText.h"
+
+namespace quorvi {
+
+/// The action that the text names, which is in the user's language already.
+[[nodiscard]] std::u16string actionName(const QString& text);
+
+/// The same with the name of a profile, a macro or an application in place of "^1", as nameFor() puts it.
+[[nodiscard]] std::u16string actionName(const QString& text, const std::u16string& name);
+[[nodiscard]] std::u16string actionName(const QString& text, const QString& name);
+
+} // namespace quorvi

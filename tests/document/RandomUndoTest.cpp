@@ -1,0 +1,142 @@
+// Ten thousand actions by chance: after any number of undos the settings are, byte for byte, what they were
+// before as many actions, with what another program has written since.
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <random>
+
+#include "document/UndoStack.h"
+#include "model/SettingsDocument.h"
+#include "model/Trees.h"
+#include "plist/DeepCopy.h"
+#include "plist/Writer.h"
+
+namespace quorvi {
+namespace {
+
+using namespace test;
+using plist::Array;
+using plist::Dictionary;
+
+class RandomUndo : public testing::TestWithParam<std::uint32_t> {
+  protected:
+    RandomUndo() : m_random(GetParam()) {
+        cleanUpSettings(m_live);
+        m_stack.takeOver(m_live);
+    }
+
+    void act() {
+        m_before.push_back(plist::mutableDeepCopy(m_live));
+        if (m_before.size() > UndoStack::kMostActions)
+            m_before.pop_front();
+        m_after.clear();
+        do {
+            change();
+            cleanUpSettings(m_live); // as after every removal
+        } while (bytes(m_live) == bytes(m_before.back()));
+        m_stack.note(m_live, u"Something");
+    }
+
+    void undo() {
+        if (m_before.empty()) {
+            ASSERT_FALSE(m_stack.undo(m_live));
+            return;
+        }
+        m_after.push_back(plist::mutableDeepCopy(m_live));
+        ASSERT_TRUE(m_stack.undo(m_live));
+        ASSERT_EQ(bytes(m_live), bytes(m_before.back()));
+        m_before.pop_back();
+    }
+
+    void redo() {
+        if (m_after.empty()) {
+            ASSERT_FALSE(m_stack.redo(m_live));
+            return;
+        }
+        m_before.push_back(plist::mutableDeepCopy(m_live));
+        ASSERT_TRUE(m_stack.redo(m_live));
+        ASSERT_EQ(bytes(m_live), bytes(m_after.back()));
+        m_after.pop_back();
+    }
+
+    /// Another program changes what the user does not.
+    void write() {
+        const auto firmware = std::int32_t(below(1000));
+        m_live.set("firmware", firmware);
+        for (const auto* trees : {&m_before, &m_after})
+            for (const Dictionary& tree : *trees)
+                tree.set("firmware", firmware);
+        m_stack.takeOver(m_live);
+    }
+
+    std::uint32_t below(std::size_t count) { return std::uint32_t(m_random() % count); }
+
+  private:
+    static std::string bytes(const Dictionary& tree) { return plist::writeXml(tree).value(); }
+
+    void change() {
+        const Array macros = m_live.array("macros");
+        const Array profiles = m_live.array("profiles");
+        const Dictionary profile = profiles.dictionary(below(profiles.size()));
+        const Dictionary macro = macros.dictionary(below(std::max<std::size_t>(macros.size(), 1)));
+        const Dictionary button = profile.dictionary("buttons").dictionary(below(2) == 0 ? "01" : "09");
+        switch (below(9)) {
+        case 0:
+            return m_live.dictionary("settings").set("pollingrate", std::int32_t(below(1000)));
+        case 1:
+            return profile.set("name", std::u16string(1 + below(4), char16_t(u'a' + below(26))));
+        case 2:
+            button.removeAll();
+            button.set("command", std::int32_t(1 + below(20)));
+            return button.set("param1", std::int32_t(below(5)));
+        case 3:
+            if (macros.size() < 12)
+                macros.insert(below(macros.size() + 1), test::macro(std::int32_t(m_next++ % 70), u"New"));
+            return;
+        case 4:
+            return macros.remove(below(12));
+        case 5:
+            return macro.array("steps").append(dict({{"command", 1}, {"argument", std::int32_t(below(90))}}));
+        case 6:
+            return macro.array("steps").remove(below(4));
+        case 7:
+            if (profiles.size() < 5)
+                profiles.append(test::profile(u"More"));
+            return;
+        default:
+            if (profiles.size() > 1)
+                profiles.remove(below(profiles.size()));
+            return;
+        }
+    }
+
+    std::mt19937 m_random;
+    int m_next = 8;
+    Dictionary m_live = tree(list({profile(u"A"), profile(u"B")}), list({macro(7)}));
+    UndoStack m_stack;
+    std::deque<Dictionary> m_before; ///< each action's
+    std::deque<Dictionary> m_after;  ///< of those that were taken back
+};
+
+TEST_P(RandomUndo, leadsBackAndForthByteForByte) {
+    for (int action = 0; action < 10'000; ++action) {
+        const std::uint32_t kind = below(10);
+        if (kind < 5)
+            act();
+        else if (kind < 7)
+            undo();
+        else if (kind < 9)
+            redo();
+        else
+            write();
+        if (below(500) == 0)
+            for (int undone = 0; undone < 110 && !HasFatalFailure(); ++undone)
+                undo();
+        ASSERT_FALSE(HasFatalFailure()) << "action " << action;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomUndo, testing::Values(1U, 2U));
+
+} // namespace
+} // namespace quorvi
