@@ -69,12 +69,14 @@ bool takeName(TemporaryFile& file, const Folder& folder, const std::string& name
     return errno == ENOENT && file.takeName(name);
 }
 
-/// The copy of that time, or the next millisecond that has none.
-DatedCopy firstFree(DatedCopy copy, const std::vector<SizedCopy>& others) {
-    const auto isTaken = [&](const SizedCopy& other) { return other.copy.time == copy.time; };
-    while (std::any_of(others.begin(), others.end(), isTaken))
-        copy = datedCopy(copy.time + std::chrono::milliseconds(1), copy.reason);
-    return copy;
+/// The copy of that time, or one behind those of the same second, so that the order of making is the order of
+/// names.
+DatedCopy behindOthers(DatedCopy copy, const std::vector<SizedCopy>& newestFirst) {
+    const auto other = std::find_if(newestFirst.begin(), newestFirst.end(),
+        [&](const SizedCopy& sized) { return sized.copy.time < copy.time + std::chrono::seconds(1); });
+    if (other == newestFirst.end() || other->copy.time < copy.time)
+        return copy;
+    return datedCopy(other->copy.time + std::chrono::milliseconds(1), copy.reason);
 }
 
 /// Writes the bytes under the copy's name, or a later one that is free, and brings them to the disk. Nothing,
@@ -132,7 +134,8 @@ int History::keep(const plist::Dictionary& tree, CopyReason reason, SystemTime n
     const Folder folder(m_folder);
     if (!folder.isOpen())
         return errno;
-    const auto copy = write(firstFree(datedCopy(now, reason), copiesIn(m_folder)), *bytes, folder, m_calls);
+    const auto copy =
+        write(behindOthers(datedCopy(now, reason), copiesIn(m_folder)), *bytes, folder, m_calls);
     if (!copy)
         return errno;
     m_dayWithCopy = localDay(now);

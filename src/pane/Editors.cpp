@@ -73,6 +73,7 @@ Editors::Editors(const Panel& panel)
               .defaultSettings = [this] { return session.defaults(); },
               .running = [this] { return runningRow(helper.live()); },
               .listHasChanged = [this] { assignment.listProfiles(); },
+              .keepCopyBeforeRemoval = [this] { session.keepCopyBefore(CopyReason::beforeDeletion); },
               .importProfile = [this] { files.showImportPanel(ItemKind::profile); },
               .exportProfile = [this] { files.showExportPanel(ItemKind::profile); },
               .restoreDefaults = [this] { device.restoreDefaults(); }}),

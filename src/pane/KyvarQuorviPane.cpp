@@ -99,6 +99,7 @@ SettingsSession::Panel KyvarQuorviPane::sessionPanel() {
         .bundle = fServices.bundle,
         .homeFolder = fServices.homeFolder,
         .files = fServices.files,
+        .copies = {.folder = fServices.historyFolder, .now = fServices.dateAndTime},
         .occupation = std::make_unique<Occupation>(
             std::vector<const KyvarQuorviTableView*>(tables.begin(), tables.end()), fSheets,
             [this] { return isRecordingMacro(); }),

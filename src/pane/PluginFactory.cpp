@@ -1,5 +1,6 @@
 #include "pane/PluginFactory.h"
 
+#include "history/History.h"
 #include "loginitems/AutostartLoginItemStore.h"
 #include "loginitems/UserFolders.h"
 #include "model/SettingsDocument.h"
@@ -20,6 +21,7 @@ std::unique_ptr<PreferencePane> PluginFactory::createPane(const QString& bundleP
     return std::make_unique<KyvarQuorviPane>(PaneServices{
         .bundle = Bundle(bundlePath.toStdString()),
         .homeFolder = homeFolder(),
+        .historyFolder = historyFolder(homeFolder()),
         .bus = EventBus::connect(),
         .workspace = std::make_unique<DesktopWorkspace>(),
         .loginItems =

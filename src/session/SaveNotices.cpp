@@ -40,16 +40,24 @@ QString SaveNotices::textOfError(int error) const {
 
 /// The path as users write it.
 QString SaveNotices::pathFromHome(const std::filesystem::path& path) const {
-    return QString::fromStdString("~/" + path.lexically_relative(m_homeFolder).string());
+    const std::string fromHome = path.lexically_relative(m_homeFolder).string();
+    const bool isBelow = !fromHome.empty() && !fromHome.starts_with("..");
+    return QString::fromStdString(isBelow ? std::string("~/").append(fromHome) : path.string());
+}
+
+/// The text with the path for ^1 and the error for ^2.
+QString SaveNotices::failureAt(QString text, const std::filesystem::path& path, int error) const {
+    const QString name = nameWithin(text, pathFromHome(path));
+    text.replace(QStringLiteral("^2"), textOfError(error));
+    text.replace(QStringLiteral("^1"), name);
+    return text;
 }
 
 void SaveNotices::tellOfFailure(const std::filesystem::path& file, int error) {
-    QString text = m_text("Your changes could not be saved in ^1: ^2. They stay in this panel, which tries "
-                          "again with your next change.");
-    const QString name = nameWithin(text, pathFromHome(file));
-    text.replace(QStringLiteral("^2"), textOfError(error));
-    text.replace(QStringLiteral("^1"), name);
-    m_notices.tell(Notice::saveFailed, text, NoticeSign::warning);
+    const QString text =
+        m_text("Your changes could not be saved in ^1: ^2. They stay in this panel, which tries again with "
+               "your next change.");
+    m_notices.tell(Notice::saveFailed, failureAt(text, file, error), NoticeSign::warning);
 }
 
 void SaveNotices::savesWork() {
@@ -63,6 +71,19 @@ void SaveNotices::tellOfKeptCopy(const std::filesystem::path& file, const std::f
     text.replace(QStringLiteral("^2"), nameWithin(text, QString::fromStdString(file.filename())));
     text.replace(QStringLiteral("^1"), nameWithin(text, pathFromHome(copy)));
     m_notices.tell(Notice::keptCopy, text, NoticeSign::warning);
+}
+
+void SaveNotices::tellOfFailedCopy(const std::filesystem::path& folder, int error) {
+    if (std::exchange(m_copyHasFailed, true))
+        return;
+    const QString text = m_text("No copy of your earlier settings could be kept in ^1: ^2. Saving your "
+                                "changes does not depend on it.");
+    m_notices.tell(Notice::copyFailed, failureAt(text, folder, error), NoticeSign::warning);
+}
+
+void SaveNotices::copiesWork() {
+    m_copyHasFailed = false;
+    m_notices.withdraw(Notice::copyFailed);
 }
 
 } // namespace quorvi

@@ -19,14 +19,19 @@ class SaveNotices {
     void savesWork();
     /// What another program had put into the file is in the copy now.
     void tellOfKeptCopy(const std::filesystem::path& file, const std::filesystem::path& copy);
+    /// No dated copy could be kept in the folder; the error as errno. Told once, until copiesWork().
+    void tellOfFailedCopy(const std::filesystem::path& folder, int error);
+    void copiesWork();
 
   private:
     [[nodiscard]] QString textOfError(int error) const;
     [[nodiscard]] QString pathFromHome(const std::filesystem::path& path) const;
+    [[nodiscard]] QString failureAt(QString text, const std::filesystem::path& path, int error) const;
 
     Notices& m_notices;
     PanelText m_text;
     std::filesystem::path m_homeFolder;
+    bool m_copyHasFailed = false;
 };
 
 } // namespace quorvi

@@ -20,6 +20,7 @@ std::string defaultsFile(const Bundle& bundle) {
 SettingsSession::SettingsSession(Panel panel)
     : m_panel(std::move(panel)), m_view(&m_panel.view), m_document(m_panel.context.document),
       m_notices(m_panel.context.notices, m_panel.context.text, m_panel.homeFolder),
+      m_copies(std::move(m_panel.copies), m_panel.files, m_notices),
       m_file(userSettingsFile(m_panel.homeFolder, m_panel.files)) {
     connect(&m_watcher, &FileWatcher::fileChanged, this, &SettingsSession::followFile);
     connect(m_panel.occupation.get(), &Occupation::ended, this, &SettingsSession::followFile,
@@ -86,6 +87,7 @@ void SettingsSession::show(Repairs repairs, std::int32_t macroIndex) {
 bool SettingsSession::save(const plist::Dictionary& tree) {
     if (!tree)
         return false;
+    m_copies.keepBeforeFirstChange(m_file.path(), tree);
     const bool isSaved = saveSettings(tree, m_file, m_isDragging ? Durability::later : Durability::now);
     m_unsavedEdits = m_saveHasFailed = !isSaved;
     if (m_file.tookChangesOver() && tree.isSameAs(m_document.tree()))
@@ -119,6 +121,10 @@ bool SettingsSession::saveUnsavedEdits() {
 void SettingsSession::retryFailedSave() {
     if (m_saveHasFailed)
         static_cast<void>(saveUnsavedEdits());
+}
+
+bool SettingsSession::keepCopyBefore(CopyReason reason) {
+    return m_copies.keep(m_document.tree(), reason);
 }
 
 void SettingsSession::beginDrag() {

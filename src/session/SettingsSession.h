@@ -15,6 +15,7 @@
 #include "platform/Bundle.h"
 #include "platform/FileWatcher.h"
 #include "plist/Value.h"
+#include "session/DatedCopies.h"
 #include "session/SaveNotices.h"
 #include "window/EditorContext.h"
 #include "window/Occupation.h"
@@ -32,6 +33,7 @@ class SettingsSession final : public QObject {
         const Bundle& bundle;                   ///< the defaults are in it
         std::filesystem::path homeFolder;       ///< the settings file is below it
         FileCalls& files;                       ///< the settings file is written by these
+        DatedCopies::Place copies;              ///< where earlier settings are kept
         std::unique_ptr<Occupation> occupation; ///< what following must not break off; never null
         /// Fills lists and menus from the document, with its current profile and macro selected. The
         /// document's owner shows the rest.
@@ -57,7 +59,9 @@ class SettingsSession final : public QObject {
     /// did not. While the mouse drags a slider, the file is written and told of as ever, but brought to the
     /// disk only when the drag ends. What another program has changed meanwhile comes into the tree and is
     /// shown; where both have changed the same thing, the other program's is kept as a copy, and the user is
-    /// told of it, as of a save that fails. False, and nothing else, without a tree (nil).
+    /// told of it, as of a save that fails. The first save of a day that changes anything keeps what the file
+    /// held as a dated copy; when that fails, the user is told and the tree is saved all the same. False, and
+    /// nothing else, without a tree (nil).
     bool save(const plist::Dictionary& tree);
     /// The tree holds changes of the user's that the next save has to bring along.
     void noteUnsavedEdits() { m_unsavedEdits = true; }
@@ -67,6 +71,12 @@ class SettingsSession final : public QObject {
     [[nodiscard]] bool saveUnsavedEdits();
     /// Tries again what the last save could not.
     void retryFailedSave();
+
+    /// Keeps what the panel shows as a dated copy, for an editor that is about to do what the reason says.
+    /// False when there is none now; the user is told why.
+    bool keepCopyBefore(CopyReason reason);
+    /// The dated copies, to be listed and read.
+    [[nodiscard]] const History& history() const { return m_copies.history(); }
 
     /// What is changed from here on is one action.
     void beginDrag();
@@ -99,6 +109,7 @@ class SettingsSession final : public QObject {
     QPointer<QWidget> m_view;
     Document& m_document;
     SaveNotices m_notices;
+    DatedCopies m_copies;
     ConfigFile m_file;
     FileWatcher m_watcher;
     bool m_isOpen = false;

@@ -20,6 +20,7 @@ enum class Notice {
     saveFailed, ///< changes that no file has; until a save succeeds
     helperGone, ///< the background program does not run; until it does
     keptCopy,   ///< where another program's settings, or ones that could not be read, were kept
+    copyFailed, ///< no dated copy of the settings could be kept; until one is
     outcome,    ///< what came of an import, an export or the like; until the next one
 };
 

@@ -7,16 +7,15 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
 #include <optional>
-#include <sstream>
+#include <set>
 
 #include "base/ScriptedCalls.h"
 #include "model/SaveProgram.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"
-#include "support/ChildProcess.h"
 #include "support/Files.h"
+#include "support/StracedCalls.h"
 
 namespace quorvi {
 namespace {
@@ -24,14 +23,6 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 using Names = std::set<std::string>;
-
-constexpr auto kKilled = 128 + 9;
-
-/// The nth call of that name since the program was started.
-struct Call {
-    std::string name;
-    int nth;
-};
 
 enum class Scenario { firstSave, overAnOldFile, throughALink, overAnotherProgramsSettings };
 
@@ -65,15 +56,10 @@ class Home {
     }
     /// Runs the program that saves, by strace with these arguments if there are any.
     [[nodiscard]] ProgramResult run(const std::vector<std::string>& strace, int rate) const {
-        std::vector<std::string> command;
-        if (!strace.empty()) {
-            command = {"strace", "-qq"};
-            command.insert(command.end(), strace.begin(), strace.end());
-        }
-        command.insert(command.end(), {QUORVI_SAVE_PROGRAM, m_folder.path(), std::to_string(rate)});
+        std::vector<std::string> program{QUORVI_SAVE_PROGRAM, m_folder.path(), std::to_string(rate)};
         if (m_scenario == Scenario::overAnotherProgramsSettings)
-            command.emplace_back("500");
-        return runProgram(command, {"ASAN_OPTIONS=detect_leaks=0"}); // which strace is in the way of
+            program.emplace_back("500");
+        return runStraced(strace, program);
     }
 
   private:
@@ -83,27 +69,8 @@ class Home {
 
 /// The system calls that the program makes between its marks.
 std::vector<Call> callsOfASave(const Home& home) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(home.run({"-o", folder.path("log")}, 1000).exitCode, 0);
-    std::istringstream log(folder.read("log"));
-    std::map<std::string, int> counts;
-    std::vector<Call> calls;
-    int marks = 0;
-    for (std::string line; std::getline(log, line);) {
-        const std::string name = line.substr(0, line.find('('));
-        const int nth = ++counts[name];
-        if (line.find(kSaveMark) != std::string::npos)
-            ++marks;
-        else if (marks == 1)
-            calls.push_back({name, nth});
-    }
-    EXPECT_EQ(marks, 2) << "strace does not see the save";
-    return calls;
-}
-
-std::vector<std::string> inject(const Call& call, const std::string& what) {
-    return {"-o", "/dev/null", "-e", "trace=" + call.name, "-e",
-        "inject=" + call.name + ":" + what + ":when=" + std::to_string(call.nth)};
+    return callsBetweenMarks(
+        kSaveMark, [&](const std::vector<std::string>& strace) { return home.run(strace, 1000); });
 }
 
 bool isLeftover(const std::string& name) {

@@ -65,6 +65,7 @@ PaneFixture::PaneFixture(const PaneOptions& options) {
         .bundle = Bundle(options.bundlePath),
         .homeFolder = home.path().toStdString(),
         .files = options.files,
+        .historyFolder = options.keepsCopies ? home.path().toStdString() + "/history" : std::string(),
         .bus = options.bus ? EventBus::connect() : nullptr,
         .workspace = std::move(recording),
         .loginItems = std::make_unique<AutostartLoginItemStore>(

@@ -43,6 +43,7 @@ struct PaneOptions {
     std::function<std::unique_ptr<KeyboardLayoutWatcher>()> watchKeyboardLayout = nullptr;
     std::string bundlePath = QUORVI_BUNDLE; ///< the pane's bundle
     FileCalls& files = systemFileCalls();   ///< the panel writes its settings file by these
+    bool keepsCopies = false;               ///< dated copies, in "history" of the home folder
     std::function<double()> clock = steadySeconds;
     std::function<void(double, QObject*, std::function<void()>)> callLater = callAfterSeconds;
 };

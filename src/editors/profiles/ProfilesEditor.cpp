@@ -135,6 +135,7 @@ void ProfilesEditor::remove() {
     // The mouse may have been plugged in while the question stood, and the settings read afresh.
     if (!confirmed || !canRemove() || document.profile().string(keys::name) != name)
         return;
+    m_others.keepCopyBeforeRemoval();
     document.profiles().remove(static_cast<std::size_t>(document.profileIndex()));
     const auto last = static_cast<std::int32_t>(document.profiles().size()) - 1;
     const std::int32_t next = std::min(document.profileIndex(), last);

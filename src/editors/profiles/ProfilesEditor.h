@@ -43,7 +43,8 @@ class ProfilesEditor final {
         std::function<plist::Dictionary()> defaultSettings; ///< a tree of its own with every call
         std::function<RunningRow()> running;
         std::function<void()> listHasChanged; ///< there are others than before, or by other names
-        std::function<void()> importProfile;  ///< each of the three is a command of the list's menu
+        std::function<void()> keepCopyBeforeRemoval;
+        std::function<void()> importProfile; ///< each of the three is a command of the list's menu
         std::function<void()> exportProfile;
         std::function<void()> restoreDefaults;
     };
