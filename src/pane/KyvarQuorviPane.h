@@ -130,6 +130,11 @@ class KyvarQuorviPane final : public QObject,
     void actionButtonCheckUpdates();
     void actionButtonHelp();
 
+    // Backups and earlier settings (editors/backups)
+    void actionButtonBackUp();
+    void actionButtonRestoreBackup();
+    void actionButtonEarlierSettings();
+
     // Keys and recordings (capture/KeyCapture.h, editors/keys, editors/recording)
     void startStopRecording(bool start, bool oneStep);
     /// The modifiers of these two are not stored.

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QPointer>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -15,6 +16,7 @@
 #include "plist/DeepCopy.h"
 #include "widgets/NoticeBar.h"
 #include "widgets/ShownText.h"
+#include "window/ActionNames.h"
 #include "window/BackupTexts.h"
 #include "window/FilePanels.h"
 #include "window/Notices.h"
@@ -204,8 +206,10 @@ void BackupsEditor::take(const Backup& backup, const QString& action, const QStr
     m_others.showLists();
     document.alignIndependentAxes();
     document.alignStageWithSettings();
-    document.commit({.action = action.toStdU16String()});
-    tell(withLeftOut(sentence, leftOutTexts(leftOut, m_context.text), m_context.text), leftOut.empty());
+    document.commit({.action = actionName(action)});
+    m_context.notices.tellUndoable(
+        withLeftOut(sentence, leftOutTexts(leftOut, m_context.text), m_context.text),
+        leftOut.empty() ? NoticeSign::information : NoticeSign::warning);
 }
 
 } // namespace quorvi

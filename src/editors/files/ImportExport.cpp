@@ -186,10 +186,13 @@ void ImportExport::importProfileWithMacros(const QString& path) {
             .macro = m_context.text("Untitled Macro").toStdU16String()});
     if (!added.index)
         return;
-    m_surroundings.showAdded(static_cast<std::int32_t>(*added.index));
-    const QString imported =
-        importedText(ItemKind::profile, nameOfItem(document.profile()), {}, m_context.text);
-    m_context.notices.tell(Notice::outcome,
+    document.editProfileIndex(static_cast<std::int32_t>(*added.index));
+    document.startInDefaultStage();
+    m_surroundings.showLists();
+    const QString name = nameOfItem(document.profile());
+    document.commit({.action = actionName(m_context.text("Import Profile “^1”"), name)});
+    const QString imported = importedText(ItemKind::profile, name, {}, m_context.text);
+    m_context.notices.tellUndoable(
         withLeftOut(imported, leftOutTexts(added.leftOut, m_context.text), m_context.text),
         added.leftOut.empty() ? NoticeSign::information : NoticeSign::warning);
 }

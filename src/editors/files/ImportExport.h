@@ -23,9 +23,7 @@ class ImportExport final : public QObject {
         std::filesystem::path homeFolder; ///< paths are shown from there
         AppendItem appendProfile;
         AppendItem appendMacro;
-        /// Makes the profile at the index, which has come with macros of its own, the current one, shows all
-        /// lists anew and saves.
-        std::function<void(std::int32_t index)> showAdded;
+        std::function<void()> showLists; ///< shows all lists of a tree that has changed
     };
 
     ImportExport(const EditorContext& context, Surroundings surroundings);
