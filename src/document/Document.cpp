@@ -77,11 +77,12 @@ void Document::editMacroIndex(std::int32_t index) {
     fMacroSteps = fMacro.array(keys::steps);
 }
 
-void Document::commit(Change change) {
+bool Document::commit(const Change& change) {
     m_owner.showDocument(change.shown);
+    bool isNoted = false;
     if (!change.action.empty()) {
         // Before the save, which may bring changes of others into the tree.
-        m_actions.note(fDeviceConfig, change.action);
+        isNoted = m_actions.note(fDeviceConfig, change.action);
         m_owner.actionHasBegun();
         m_owner.undoHasChanged();
     }
@@ -89,6 +90,7 @@ void Document::commit(Change change) {
         m_owner.saveDocument();
     else if (change.saving == Saving::withNextAction)
         m_owner.saveDocumentLater();
+    return isNoted;
 }
 
 void Document::endGroup() {

@@ -104,8 +104,8 @@ class Document {
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
 
     /// Every change of the tree ends here: it is shown, noted for undo when it is the user's action, and then
-    /// saved.
-    void commit(Change change = {});
+    /// saved. Whether there is an action more to be undone.
+    bool commit(const Change& change = {});
     /// What is committed from here to endGroup() is one action, as a drag is.
     void beginGroup() { m_actions.beginGroup(); }
     void endGroup();

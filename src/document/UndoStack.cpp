@@ -41,13 +41,13 @@ void UndoStack::takeOver(const Dictionary& tree) {
         m_group = Group::begun;
 }
 
-void UndoStack::note(const Dictionary& tree, const std::u16string& action) {
+bool UndoStack::note(const Dictionary& tree, const std::u16string& action) {
     const Dictionary now = snapshotOf(tree, m_last);
     if (now.isSameAs(m_last))
-        return;
+        return false;
     if (!m_last) {
         m_last = now;
-        return;
+        return false;
     }
     if (m_group == Group::noted) {
         m_done.back().after = now;
@@ -60,6 +60,7 @@ void UndoStack::note(const Dictionary& tree, const std::u16string& action) {
     }
     m_undone.clear();
     m_last = now;
+    return true;
 }
 
 void UndoStack::endGroup() {

@@ -42,8 +42,9 @@ class UndoStack {
     /// The tree is what it is through others: read from the file, or joined with what they wrote there.
     void takeOver(const plist::Dictionary& tree);
     /// The user has done this to the tree since the last call of these two. Nothing is noted when the tree is
-    /// as it was, or none was taken over before. There is nothing to be done again any more.
-    void note(const plist::Dictionary& tree, const std::u16string& action);
+    /// as it was, or none was taken over before. There is nothing to be done again any more. Whether the
+    /// tree is another one.
+    bool note(const plist::Dictionary& tree, const std::u16string& action);
     /// What is noted from here to endGroup() is one action, under its first name.
     void beginGroup() { m_group = Group::begun; }
     void endGroup();

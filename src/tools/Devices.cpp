@@ -1,12 +1,16 @@
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <optional>
+#include <span>
+#include <string>
 
 #include <unistd.h>
 
 #include "events/DeviceList.h"
 #include "events/SimulatedMouse.h"
 #include "tools/HelperLink.h"
-#include "tools/Verbs.h"
+#include "tools/Listing.h"
 
 namespace quorvi::tools {
 
@@ -35,25 +39,36 @@ std::optional<DeviceList> askForDevices(EventBus& bus, const ProcessSerialNumber
     return answer;
 }
 
-void print(const DeviceEntry& device) {
-    std::printf("%u: vendor 0x%04x, product 0x%04x, release %x.%02x, interface %u, power %u mA, location "
+std::string releaseOf(const DeviceEntry& device) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%x.%02x", device.releaseNum >> 8, device.releaseNum & 0xFFu);
+    return text.data();
+}
+
+void printDevice(const DeviceEntry& device) {
+    std::printf("%u: vendor 0x%04x, product 0x%04x, release %s, interface %u, power %u mA, location "
                 "0x%08x\n",
         unsigned{device.deviceIndex}, unsigned{device.vendorID}, unsigned{device.productID},
-        device.releaseNum >> 8, device.releaseNum & 0xFFu, unsigned{device.interfaceNum}, device.busPower,
-        device.locationID);
+        releaseOf(device).c_str(), unsigned{device.interfaceNum}, device.busPower, device.locationID);
+}
+
+Json jsonOfDevice(const DeviceEntry& device) {
+    return Json::object({{"index", device.deviceIndex}, {"vendor", device.vendorID},
+        {"product", device.productID}, {"release", releaseOf(device)}, {"interface", device.interfaceNum},
+        {"power", device.busPower}, {"location", device.locationID}});
 }
 
 } // namespace
 
-Outcome devices(const Arguments&) {
+Outcome devices(const Arguments&, Format format) {
     const HelperLink link = connectToHelper();
     if (!link.fault.empty())
         return refused(link.fault);
     const auto list = askForDevices(*link.bus, link.helper);
     if (!list)
         return refused(callFault(errAETimeout));
-    for (std::size_t i = 0; i < list->device.size() && i < list->count; ++i)
-        print(list->device[i]);
+    const auto count = std::min<std::size_t>(list->device.size(), list->count);
+    printList(format, "devices", std::span(list->device).first(count), printDevice, jsonOfDevice);
     return done();
 }
 

@@ -10,7 +10,7 @@
 #include "plist/DeepCopy.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
-#include "tools/Verbs.h"
+#include "tools/Listing.h"
 
 namespace quorvi::tools {
 
@@ -120,33 +120,64 @@ plist::Dictionary itemOf(const Kind& kind, const plist::Dictionary& tree, std::u
     return index >= 0 ? list.dictionary(static_cast<std::size_t>(index)) : plist::Dictionary();
 }
 
+struct ListedProfile {
+    std::size_t number;
+    bool isCurrent;
+    plist::Dictionary profile;
+};
+
+std::vector<ListedProfile> listedProfiles(const plist::Dictionary& tree) {
+    const plist::Array profiles = tree.array(keys::profiles);
+    const std::int32_t current = tree.dictionary(keys::settings).integer(keys::profileId);
+    std::vector<ListedProfile> list;
+    for (std::size_t index = 0; index < profiles.size(); ++index)
+        list.push_back(
+            {index + 1, static_cast<std::int64_t>(index) + 1 == current, profiles.dictionary(index)});
+    return list;
+}
+
+void printProfile(const ListedProfile& listed) {
+    std::printf("%zu%s\t%s\t%s\n", listed.number, listed.isCurrent ? "*" : "",
+        text(listed.profile, keys::name).c_str(),
+        text(listed.profile.dictionary(keys::driver), keys::application).c_str());
+}
+
+Json jsonOfProfile(const ListedProfile& listed) {
+    const plist::Dictionary driver = listed.profile.dictionary(keys::driver);
+    return Json::object({{"number", listed.number}, {"current", listed.isCurrent},
+        {"name", listed.profile.string(keys::name)},
+        {"application", textOrNull(driver.string(keys::application))},
+        {"automatic", driver.boolean(keys::autoSwitch)}});
+}
+
+void printMacro(const plist::Dictionary& macro) {
+    std::printf("%d\t%zu\t%s\n", macro.integer(keys::macroId), macro.array(keys::steps).size(),
+        text(macro, keys::name).c_str());
+}
+
+Json jsonOfMacro(const plist::Dictionary& macro) {
+    return Json::object({{"id", macro.integer(keys::macroId)}, {"steps", macro.array(keys::steps).size()},
+        {"name", macro.string(keys::name)}});
+}
+
 } // namespace
 
-Outcome profiles(const Arguments& arguments) {
+Outcome profiles(const Arguments& arguments, Format format) {
     const auto settings = readSettings(arguments[0]);
     if (!settings.isGood())
         return refused(settings.fault);
-    const plist::Array list = settings.value.array(keys::profiles);
-    const std::int32_t current = settings.value.dictionary(keys::settings).integer(keys::profileId);
-    for (std::size_t index = 0; index < list.size(); ++index) {
-        const plist::Dictionary profile = list.dictionary(index);
-        const auto number = static_cast<std::int32_t>(index) + 1;
-        std::printf("%d%s\t%s\t%s\n", number, number == current ? "*" : "", text(profile, keys::name).c_str(),
-            text(profile.dictionary(keys::driver), keys::application).c_str());
-    }
+    printList(format, "profiles", listedProfiles(settings.value), printProfile, jsonOfProfile);
     return done();
 }
 
-Outcome macros(const Arguments& arguments) {
+Outcome macros(const Arguments& arguments, Format format) {
     const auto settings = readSettings(arguments[0]);
     if (!settings.isGood())
         return refused(settings.fault);
-    const plist::Array list = settings.value.array(keys::macros);
-    for (std::size_t index = 0; index < list.size(); ++index) {
-        const plist::Dictionary macro = list.dictionary(index);
-        std::printf("%d\t%zu\t%s\n", macro.integer(keys::macroId), macro.array(keys::steps).size(),
-            text(macro, keys::name).c_str());
-    }
+    std::vector<plist::Dictionary> list;
+    for (const plist::Value& macro : settings.value.array(keys::macros).items())
+        list.push_back(macro.dictionary());
+    printList(format, "macros", list, printMacro, jsonOfMacro);
     return done();
 }
 

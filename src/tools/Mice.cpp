@@ -2,7 +2,7 @@
 
 #include "events/HelperCalls.h"
 #include "tools/HelperLink.h"
-#include "tools/Verbs.h"
+#include "tools/Listing.h"
 
 namespace quorvi::tools {
 
@@ -32,24 +32,34 @@ Outcome setInUse(const std::string& mouse, bool inUse) {
     return status == noErr ? done() : refused(mouseFault(status, mouse));
 }
 
-void print(const MouseEntry& mouse) {
-    const auto dpi = mouse.dpi != 0 ? mouse.dpi : mouse.hardwareDpi;
+/// What the user has said, else what the mouse's description says; 0 when neither does.
+std::uint32_t dpiOf(const MouseEntry& mouse) {
+    return mouse.dpi != 0 ? mouse.dpi : mouse.hardwareDpi;
+}
+
+void printMouse(const MouseEntry& mouse) {
+    const auto dpi = dpiOf(mouse);
     std::printf("%s\t%s\t%s\t%s\t%s\n", mouse.id.c_str(), mouse.state.c_str(),
         mouse.connection.empty() ? "-" : mouse.connection.c_str(),
         dpi != 0 ? std::to_string(dpi).c_str() : "-", mouse.name.c_str());
 }
 
+Json jsonOfMouse(const MouseEntry& mouse) {
+    return Json::object(
+        {{"id", mouse.id}, {"state", mouse.state}, {"connection", textOrNull(mouse.connection)},
+            {"dpi", dpiOf(mouse) != 0 ? Json(dpiOf(mouse)) : Json()}, {"name", mouse.name}});
+}
+
 } // namespace
 
-Outcome mice(const Arguments&) {
+Outcome mice(const Arguments&, Format format) {
     const HelperLink link = connectToHelper();
     if (!link.fault.empty())
         return refused(link.fault);
     std::vector<MouseEntry> all;
     if (const auto status = listMice(*link.bus, link.helper, all); status != noErr)
         return refused(callFault(status));
-    for (const auto& mouse : all)
-        print(mouse);
+    printList(format, "mice", all, printMouse, jsonOfMouse);
     return done();
 }
 

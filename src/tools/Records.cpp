@@ -1,3 +1,5 @@
+#include "tools/Records.h"
+
 #include <cstring>
 #include <memory>
 
@@ -8,6 +10,7 @@
 #include "model/Limits.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
+#include "tools/Json.h"
 #include "tools/Verbs.h"
 
 namespace quorvi::tools {
@@ -66,15 +69,21 @@ Outcome decode(const Arguments& arguments) {
     return done();
 }
 
-Outcome check(const Arguments& arguments) {
+std::string faultOfTree(const plist::Dictionary& tree) {
+    if (!KyvarValidateConfig(tree, limits::minimumVersion))
+        return validityFault(tree);
+    const auto record = std::make_unique<ConfigRecord>();
+    return KyvarConfigDictToStruct(tree, record.get()) ? "" : encodingFault(tree);
+}
+
+Outcome check(const Arguments& arguments, Format format) {
     const auto settings = readSettings(arguments[0]);
     if (!settings.isGood())
         return refused(settings.fault);
-    if (!KyvarValidateConfig(settings.value, limits::minimumVersion))
-        return refused(faultOf(arguments[0], validityFault(settings.value)));
-    const auto record = std::make_unique<ConfigRecord>();
-    if (!KyvarConfigDictToStruct(settings.value, record.get()))
-        return refused(faultOf(arguments[0], encodingFault(settings.value)));
+    if (const auto fault = faultOfTree(settings.value); !fault.empty())
+        return refused(faultOf(arguments[0], fault));
+    if (format == Format::json)
+        print(Json::object({{"valid", true}}));
     return done();
 }
 

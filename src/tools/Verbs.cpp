@@ -5,18 +5,30 @@
 #include <cstdio>
 #include <limits>
 
+#include "tools/Json.h"
+
 namespace quorvi::tools {
 
 namespace {
 
 constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 
+using Run = Outcome (*)(const Arguments&);
+using RunInFormat = Outcome (*)(const Arguments&, Format);
+
 struct Verb {
+    constexpr Verb(const char* verb, const char* takes, std::size_t atLeast, std::size_t atMost, Run function)
+        : name(verb), arguments(takes), fewest(atLeast), most(atMost), run(function) {}
+    constexpr Verb(
+        const char* verb, const char* takes, std::size_t atLeast, std::size_t atMost, RunInFormat function)
+        : name(verb), arguments(takes), fewest(atLeast), most(atMost), runInFormat(function) {}
+
     const char* name;
     const char* arguments;
     std::size_t fewest;
     std::size_t most;
-    Outcome (*run)(const Arguments&);
+    Run run = nullptr;
+    RunInFormat runInFormat = nullptr; ///< of a verb that can print JSON, in place of run
 };
 
 Outcome help(const Arguments&) {
@@ -57,20 +69,44 @@ constexpr std::array kVerbs{
     Verb{"--version", "", 0, 0, version},
 };
 
+constexpr const char* kJson = "--json";
+
+std::string verbsWithJson() {
+    std::string names;
+    for (const Verb& verb : kVerbs)
+        if (verb.runInFormat)
+            names.append(names.empty() ? "" : "|").append(verb.name);
+    return names;
+}
+
+Outcome runVerb(const Verb& verb, const Arguments& arguments, Format format) {
+    Outcome outcome = verb.run ? verb.run(arguments) : verb.runInFormat(arguments, format);
+    if (format == Format::json && outcome.exitCode == kRefused)
+        print(Json::object({{"error", outcome.reason}}));
+    return outcome;
+}
+
 } // namespace
 
 Outcome run(const Arguments& commandLine) {
-    if (commandLine.empty())
+    Arguments words = commandLine;
+    const bool isFirst = !words.empty() && words.front() == kJson;
+    if (isFirst)
+        words.erase(words.begin());
+    if (words.empty())
         return misused("no verb given");
-    const std::string& name = commandLine.front();
+    const std::string name = words.front();
     const auto verb =
         std::find_if(kVerbs.begin(), kVerbs.end(), [&](const Verb& entry) { return name == entry.name; });
     if (verb == kVerbs.end())
         return misused("there is no verb " + name);
-    const Arguments arguments(commandLine.begin() + 1, commandLine.end());
-    if (arguments.size() < verb->fewest || arguments.size() > verb->most)
+    if (isFirst && !verb->runInFormat)
+        return misused(name + " prints no JSON");
+    words.erase(words.begin());
+    const bool isJson = isFirst || (verb->runInFormat && std::erase(words, kJson) > 0);
+    if (words.size() < verb->fewest || words.size() > verb->most)
         return misused(name + " takes " + (*verb->arguments ? verb->arguments : "no arguments"));
-    return verb->run(arguments);
+    return runVerb(*verb, words, isJson ? Format::json : Format::text);
 }
 
 std::string usage() {
@@ -81,7 +117,7 @@ std::string usage() {
             .append(*verb.arguments ? " " : "")
             .append(verb.arguments)
             .append("\n");
-    return text;
+    return text.append("       quorvictl --json ").append(verbsWithJson()).append(" ...\n");
 }
 
 } // namespace quorvi::tools

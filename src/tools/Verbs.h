@@ -1,6 +1,7 @@
 // The verbs of quorvictl.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,10 @@ namespace quorvi::tools {
 /// What follows the verb on the command line.
 using Arguments = std::vector<std::string>;
 
+/// How a verb says what it has to say: in lines, or as one JSON object, whose members docs/man/quorvictl.1
+/// lists. A script that asked for the latter gets an object with "error" when the verb is refused.
+enum class Format : std::uint8_t { text, json };
+
 // Settings files and records. Nothing is written unless all of the input is in order.
 
 /// SETTINGS.plist RECORD.bin: writes the device's record of the settings.
@@ -18,7 +23,7 @@ using Arguments = std::vector<std::string>;
 /// RECORD.bin SETTINGS.plist: puts the record's settings into the file, whose other keys stay.
 [[nodiscard]] Outcome decode(const Arguments& arguments);
 /// SETTINGS.plist: says whether the panel and the device take the settings.
-[[nodiscard]] Outcome check(const Arguments& arguments);
+[[nodiscard]] Outcome check(const Arguments& arguments, Format format);
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
@@ -26,9 +31,9 @@ using Arguments = std::vector<std::string>;
 // before the mouse is plugged in again.
 
 /// SETTINGS.plist: prints number, name and application of each profile, the current one marked.
-[[nodiscard]] Outcome profiles(const Arguments& arguments);
+[[nodiscard]] Outcome profiles(const Arguments& arguments, Format format);
 /// SETTINGS.plist: prints identifier, number of steps and name of each macro.
-[[nodiscard]] Outcome macros(const Arguments& arguments);
+[[nodiscard]] Outcome macros(const Arguments& arguments, Format format);
 /// SETTINGS.plist FILE: adds the profile or macro in the file and prints the name that it got.
 [[nodiscard]] Outcome importItem(const Arguments& arguments);
 /// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file.
@@ -38,7 +43,7 @@ using Arguments = std::vector<std::string>;
 
 /// Prints the functions that inputs of the mouse can have, one a line: code, inputs, group and title, with a
 /// tab between them and in the order of the menus.
-[[nodiscard]] Outcome commands(const Arguments& arguments);
+[[nodiscard]] Outcome commands(const Arguments& arguments, Format format);
 
 // Keys. Numbers are decimal or hexadecimal behind 0x.
 
@@ -53,7 +58,7 @@ using Arguments = std::vector<std::string>;
 // The running helper.
 
 /// Prints the connected devices, one a line.
-[[nodiscard]] Outcome devices(const Arguments& arguments);
+[[nodiscard]] Outcome devices(const Arguments& arguments, Format format);
 [[nodiscard]] Outcome attach(const Arguments& arguments);
 [[nodiscard]] Outcome detach(const Arguments& arguments);
 
@@ -61,7 +66,7 @@ using Arguments = std::vector<std::string>;
 
 /// Prints id, state, connection, DPI and name of each, with tabs between them, one a line; "-" for what is
 /// not known.
-[[nodiscard]] Outcome mice(const Arguments& arguments);
+[[nodiscard]] Outcome mice(const Arguments& arguments, Format format);
 /// MOUSE, by its id or model: has it, and all of its model, do what the settings say.
 [[nodiscard]] Outcome use(const Arguments& arguments);
 /// MOUSE: makes it a plain one again.

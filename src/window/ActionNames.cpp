@@ -14,4 +14,8 @@ std::u16string actionName(const QString& text, const QString& name) {
     return actionName(filledText(text, {nameFor(text, name)}));
 }
 
+QString textWithName(const QString& text, const std::u16string& name) {
+    return filledText(text, {nameFor(text, QString::fromStdU16String(name))});
+}
+
 } // namespace quorvi

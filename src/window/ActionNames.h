@@ -14,4 +14,7 @@ namespace quorvi {
 [[nodiscard]] std::u16string actionName(const QString& text, const std::u16string& name);
 [[nodiscard]] std::u16string actionName(const QString& text, const QString& name);
 
+/// The text with the name likewise in place of "^1".
+[[nodiscard]] QString textWithName(const QString& text, const std::u16string& name);
+
 } // namespace quorvi

@@ -35,7 +35,7 @@ class Notices {
     void withdraw(Notice kind);
 
     /// Tells the outcome of an action that is done already, and offers to undo it until the next action.
-    void tellUndoable(const QString& text, NoticeSign sign);
+    void tellUndoable(const QString& text, NoticeSign sign = NoticeSign::information);
     /// There was another action: the offer, if there is one, is over, with its text.
     void withdrawOffer();
     /// What the offer does when the user takes it.

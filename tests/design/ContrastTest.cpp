@@ -203,7 +203,8 @@ class ContrastTest : public QObject {
     void theSignsOnButtonsAreSeen() {
         const QPalette before = QApplication::palette();
         QApplication::setPalette(palette());
-        for (const Symbol symbol : {Symbol::Add, Symbol::Remove, Symbol::Gear, Symbol::Record}) {
+        for (const Symbol symbol :
+            {Symbol::Add, Symbol::Remove, Symbol::Gear, Symbol::Record, Symbol::Undo, Symbol::Redo}) {
             QImage picture(48, 48, QImage::Format_RGB32);
             const QColor button = palette().color(QPalette::Button);
             picture.fill(button);

@@ -209,21 +209,24 @@ class FitTest : public QObject {
     void whatCameOfAnImportOrExportIsUncut() {
         const Panel panel;
         panel.open(kOpens);
-        NoticeBar bar(panel.spoken.text("OK"), panel.view());
+        NoticeBar bar({.dismiss = panel.spoken.text("OK"), .offer = panel.spoken.text("Undo")}, panel.view());
         const QString name(20, 'W');
         const QString path = "~/" + QString(30, 'W') + "/" + name + ".quorviProfile";
         for (const char* english : {"The profile “^1” was exported to ^2.", "“^1” was not exported to ^2: ^3",
                  "“^1” was not exported: there is a file ^2 already.",
                  "The profile “^1” was imported. Buttons that run a macro which is not there: ^2"}) {
-            bar.tell(0, filledText(panel.spoken.text(english), {name, path, "No space left on device"}),
-                NoticeSign::warning);
+            bar.tell(
+                0, {.text = filledText(panel.spoken.text(english), {name, path, "No space left on device"}),
+                       .sign = NoticeSign::warning,
+                       .offer = [] {}});
             QTRY_COMPARE(cutIn(bar).join("; "), QString());
             QVERIFY(bar.height() < panel.view().height() / 4);
         }
         for (const char* english : {"^1 was not imported: it is damaged or of another kind.",
                  "^1 was not imported: its macro has more than 16 steps.",
                  "^1 was not imported: there are 12 macros already, which is the most."}) {
-            bar.tell(0, filledText(panel.spoken.text(english), {path}), NoticeSign::warning);
+            bar.tell(
+                0, {.text = filledText(panel.spoken.text(english), {path}), .sign = NoticeSign::warning});
             QTRY_COMPARE(cutIn(bar).join("; "), QString());
         }
     }

@@ -21,6 +21,8 @@ inline constexpr Outlet outlets[] = {
     {"quorviTabsMain", "quorvi::TabView"},
     {"quorviTextProfile", "quorvi::LineLabel"},
     {"quorviTextConnection", "quorvi::WrappedLabel"},
+    {"quorviButtonUndo", "QPushButton", "actionButtonUndo:"},
+    {"quorviButtonRedo", "QPushButton", "actionButtonRedo:"},
     {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},
     {"quorviButtonCheckForUpdates", "QPushButton", "actionButtonCheckUpdates:"},
 

@@ -1,6 +1,7 @@
 #include <csignal>
 
 #include "events/DeviceList.h"
+#include "tools/PrintedJson.h"
 #include "tools/RunningHelper.h"
 
 namespace quorvi::test {
@@ -19,6 +20,15 @@ TEST_F(Devices, ArePrintedAsTheHelperReportsThem) {
     expectDone({"detach"}, "");
     expectDone({"attach"}, "");
     expectDone({"devices"}, kMouse);
+}
+
+TEST_F(Devices, AreAnObjectForScripts) {
+    startHelper();
+    expectJson({"devices", "--json"},
+        R"({"devices":[{"index":0,"vendor":4617,"product":1,"release":"1.00","interface":0,"power":100,
+                        "location":1048576}]})");
+    expectDone({"detach"}, "");
+    expectJson({"--json", "devices"}, R"({"devices":[]})");
 }
 
 TEST_F(Devices, ArePrintedEightAtMost) {
@@ -40,6 +50,8 @@ TEST_F(Devices, ArePrintedEightAtMost) {
 TEST_F(Devices, NeedARunningHelper) {
     for (const char* verb : {"devices", "attach", "detach"})
         expectRefused({verb}, "KyvarQuorviHelper is not running");
+    EXPECT_EQ(
+        printedJson({"devices", "--json"}, 1), jsonObject(R"({"error":"KyvarQuorviHelper is not running"})"));
 }
 
 TEST_F(Devices, NeedABus) {

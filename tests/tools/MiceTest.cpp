@@ -2,6 +2,7 @@
 #include "helper/support/StandInService.h"
 #include "support/EnvironmentVariable.h"
 #include "support/WaitUntil.h"
+#include "tools/PrintedJson.h"
 #include "tools/RunningHelper.h"
 
 namespace quorvi::test {
@@ -23,6 +24,9 @@ TEST_F(Mice, AreListedUsedAndForgotten) {
         QUORVI_TEST_DATA "/vectors/case-000.plist", preferences / "com.kyvar.quorvi.settings.plist");
     startHelper();
     expectDone({"mice"}, "1e7d:2dcb:one\tunused\t-\t-\tTest mouse\n1e7d:2dcc:two\tunused\t-\t3200\tOther\n");
+    expectJson({"mice", "--json"},
+        R"({"mice":[{"id":"1e7d:2dcb:one","state":"unused","connection":null,"dpi":null,"name":"Test mouse"},
+                    {"id":"1e7d:2dcc:two","state":"unused","connection":null,"dpi":3200,"name":"Other"}]})");
     expectDone({"use", "1e7d:2dcb:one"}, "");
     EXPECT_TRUE(waitUntil(
         [&] { return quorvictl({"mice"}).output.starts_with("1e7d:2dcb:one\tdriven\t-\t-\tTest mouse\n"); }));

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "widgets/FilledText.h"
 #include "widgets/ShownText.h"
@@ -17,29 +18,29 @@ class NoticeBarTest : public QObject {
     void init() {
         m_window = std::make_unique<QWidget>();
         m_window->resize(600, 400);
-        m_bar = new NoticeBar(QStringLiteral("OK"), *m_window);
+        m_bar = new NoticeBar({.dismiss = QStringLiteral("OK"), .offer = QStringLiteral("Undo")}, *m_window);
         m_window->show();
     }
     void cleanup() { m_window.reset(); }
 
     void isHiddenUntilThereIsSomethingToTell() {
         QVERIFY(!m_bar->isVisible());
-        m_bar->tell(2, QStringLiteral("Exported."), NoticeSign::information);
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
         QVERIFY(m_bar->isVisible());
         QCOMPARE(text(), QStringLiteral("Exported."));
     }
 
     void theLowestNumberIsShownWhicheverCameFirst() {
-        m_bar->tell(2, QStringLiteral("Exported."), NoticeSign::information);
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
         QCOMPARE(text(), QStringLiteral("Not saved."));
-        m_bar->tell(1, QStringLiteral("Not running."), NoticeSign::warning);
+        m_bar->tell(1, {QStringLiteral("Not running."), NoticeSign::warning});
         QCOMPARE(text(), QStringLiteral("Not saved."));
     }
 
     void theButtonTakesOneAwayAndShowsTheNext() {
-        m_bar->tell(2, QStringLiteral("Exported."), NoticeSign::information);
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
         button()->click();
         QCOMPARE(text(), QStringLiteral("Exported."));
         QVERIFY(m_bar->isVisible());
@@ -48,8 +49,8 @@ class NoticeBarTest : public QObject {
     }
 
     void whatIsNoLongerSoGoesByItself() {
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
-        m_bar->tell(2, QStringLiteral("Exported."), NoticeSign::information);
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
         m_bar->withdraw(1);
         QCOMPARE(text(), QStringLiteral("Not saved."));
         m_bar->withdraw(0);
@@ -59,18 +60,67 @@ class NoticeBarTest : public QObject {
     }
 
     void whatWasTakenAwayCanBeToldAgain() {
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
         button()->click();
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
         QVERIFY(m_bar->isVisible());
     }
 
     void aNewTextOfANumberTakesThePlaceOfTheOld() {
-        m_bar->tell(0, QStringLiteral("Not saved."), NoticeSign::warning);
-        m_bar->tell(0, QStringLiteral("Still not saved."), NoticeSign::warning);
+        m_bar->tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
+        m_bar->tell(0, {QStringLiteral("Still not saved."), NoticeSign::warning});
         QCOMPARE(text(), QStringLiteral("Still not saved."));
         button()->click();
         QVERIFY(!m_bar->isVisible());
+    }
+
+    void whatIsOfferedIsDoneOnce() {
+        int done = 0;
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        QVERIFY(!offer()->isVisible());
+        m_bar->tell(1, {QStringLiteral("Deleted."), NoticeSign::information, [&] { ++done; }});
+        QVERIFY(offer()->isVisible());
+        QCOMPARE(offer()->accessibleDescription(), QStringLiteral("Deleted."));
+        offer()->click();
+        QCOMPARE(done, 1);
+        QCOMPARE(text(), QStringLiteral("Exported."));
+        QVERIFY(!offer()->isVisible());
+    }
+
+    void anOfferIsWithdrawnWithItsText() {
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        m_bar->tell(1, {QStringLiteral("Deleted."), NoticeSign::information, [] {}});
+        m_bar->withdrawOffers();
+        QCOMPARE(text(), QStringLiteral("Exported."));
+        m_bar->withdrawOffers();
+        QCOMPARE(text(), QStringLiteral("Exported."));
+    }
+
+    void whatIsAboveMakesRoomWhereItCan() {
+        auto* above = new QLabel;
+        auto* layout = new QVBoxLayout(m_window.get());
+        layout->addWidget(above);
+        above->show();
+        const QMargins usual = layout->contentsMargins();
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        QTRY_VERIFY(above->geometry().bottom() < m_bar->y());
+        button()->click();
+        QCOMPARE(layout->contentsMargins(), usual);
+    }
+
+    void whereThereIsNoRoomTheWindowStaysAsItIs() {
+        auto* above = new QLabel;
+        auto* layout = new QVBoxLayout(m_window.get());
+        layout->addWidget(above);
+        above->show();
+        const QMargins usual = layout->contentsMargins();
+        above->setMinimumHeight(m_window->height() - usual.top() - usual.bottom() - 5);
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        QCoreApplication::processEvents();
+        QCOMPARE(layout->contentsMargins(), usual);
+        QCOMPARE(m_window->height(), 400);
+        m_window->resize(600, 600);
+        QTRY_VERIFY(above->geometry().bottom() < m_bar->y());
     }
 
     void aNameThatCannotTurnATextStaysAsItIs() {
@@ -106,7 +156,10 @@ class NoticeBarTest : public QObject {
     }
 
   private:
-    [[nodiscard]] QPushButton* button() const { return m_bar->findChild<QPushButton*>(); }
+    [[nodiscard]] QPushButton* button(const char* name = "buttonNotice") const {
+        return m_bar->findChild<QPushButton*>(QLatin1String(name));
+    }
+    [[nodiscard]] QPushButton* offer() const { return button("buttonNoticeOffer"); }
     [[nodiscard]] QString text() const {
         return m_bar->findChild<QLabel*>(QStringLiteral("textNotice"))->text();
     }

@@ -188,8 +188,10 @@ void AssignmentEditor::askForSingleKey(int input) {
     const std::optional<KeyChoice> chosen = m_others.askForKey(keyOf(assignmentOf(input)));
     if (!guard)
         return;
-    if (!chosen)
-        return m_document.commit();
+    if (!chosen) {
+        m_document.commit();
+        return;
+    }
     // A device list may have replaced the whole tree while the sheet was up: the key goes into the same place
     // of the tree that is there now.
     assign(m_document.profiles()

@@ -9,6 +9,7 @@
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
 #include "window/ActionNames.h"
+#include "window/Notices.h"
 #include "window/Sheets.h"
 #include "window/Unread.h"
 
@@ -35,8 +36,8 @@ void copyValues(const plist::Dictionary& source, const plist::Dictionary& target
 
 DeviceEditor::DeviceEditor(
     const EditorContext& context, const Views& views, std::function<plist::Dictionary()> defaultSettings)
-    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views),
-      m_defaultSettings(std::move(defaultSettings)) {}
+    : m_document(context.document), m_text(context.text), m_sheets(context.sheets),
+      m_notices(context.notices), m_views(views), m_defaultSettings(std::move(defaultSettings)) {}
 
 void DeviceEditor::show() {
     m_views.mouse.setEnabled(m_document.hasDevice());
@@ -99,7 +100,8 @@ void DeviceEditor::restoreDefaults() {
         return;
     if (const plist::Dictionary defaults = m_defaultSettings())
         restoreFrom(defaults);
-    m_document.commit({.action = actionName(m_text("Restore Defaults"))});
+    if (m_document.commit({.action = actionName(m_text("Restore Defaults"))}))
+        m_notices.tellUndoable(m_text("The default settings were restored."));
 }
 
 } // namespace quorvi

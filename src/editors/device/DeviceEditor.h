@@ -52,6 +52,7 @@ class DeviceEditor {
     Document& m_document;
     PanelText m_text;
     Sheets& m_sheets;
+    Notices& m_notices;
     Views m_views;
     std::function<plist::Dictionary()> m_defaultSettings;
 };

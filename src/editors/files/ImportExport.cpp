@@ -217,7 +217,7 @@ void ImportExport::tellOfImport(ItemKind kind, const plist::Dictionary& item) {
     const std::vector<int> missing = kind == ItemKind::profile
                                          ? inputsWithoutMacro(item, m_context.document.macros())
                                          : std::vector<int>();
-    m_context.notices.tell(Notice::outcome, importedText(kind, nameOfItem(item), missing, m_context.text),
+    m_context.notices.tellUndoable(importedText(kind, nameOfItem(item), missing, m_context.text),
         missing.empty() ? NoticeSign::information : NoticeSign::warning);
 }
 

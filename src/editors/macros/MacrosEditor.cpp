@@ -22,6 +22,7 @@
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
+#include "window/Notices.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"
 
@@ -130,6 +131,7 @@ void MacrosEditor::remove() {
     cleanUpSettings(document.tree());
     m_others.listHasChanged();
     document.commit({.action = actionName(m_context.text("Delete Macro “^1”"), name)});
+    m_context.notices.tellUndoable(textWithName(m_context.text("The macro “^1” was deleted."), name));
 }
 
 bool MacrosEditor::hasRoom() const {

@@ -12,6 +12,7 @@
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
+#include "window/Notices.h"
 
 namespace quorvi {
 
@@ -60,6 +61,8 @@ void StepsEditor::removeAll() {
     m_context.document.macroSteps().removeAll();
     m_list.reload();
     commit(m_context.text("Remove All Steps"));
+    m_context.notices.tellUndoable(textWithName(m_context.text("All steps of the macro “^1” were removed."),
+        m_context.document.macro().string(keys::name)));
 }
 
 void StepsEditor::useDelayOfSelectedForAll() {

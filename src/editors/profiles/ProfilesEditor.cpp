@@ -21,6 +21,7 @@
 #include "widgets/MarkedCells.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
+#include "window/Notices.h"
 #include "window/RemovalTexts.h"
 #include "window/Sheets.h"
 
@@ -145,6 +146,7 @@ void ProfilesEditor::remove() {
     cleanUpSettings(document.tree());
     m_others.listHasChanged();
     document.commit({.action = actionName(m_context.text("Delete Profile “^1”"), name)});
+    m_context.notices.tellUndoable(textWithName(m_context.text("The profile “^1” was deleted."), name));
 }
 
 void ProfilesEditor::storeDisplay() {

@@ -1,0 +1,50 @@
+// What is printed for scripts: JSON as RFC 8259 has it.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quorvi::tools {
+
+/// A value as its JSON text. Texts become valid Unicode: what is none becomes U+FFFD.
+class Json {
+  public:
+    using Member = std::pair<std::string_view, Json>;
+
+    Json() = default; ///< null
+    Json(bool value) : m_text(value ? "true" : "false") {}
+    template <std::integral Number>
+    requires(!std::same_as<Number, bool>) Json(Number value) : m_text(std::to_string(value)) {}
+    Json(std::string_view utf8);
+    Json(const std::string& utf8) : Json(std::string_view(utf8)) {}
+    Json(const char* utf8) : Json(std::string_view(utf8)) {}
+    Json(std::u16string_view utf16);
+    Json(const std::u16string& utf16) : Json(std::u16string_view(utf16)) {}
+    Json(const char16_t* utf16) : Json(std::u16string_view(utf16)) {}
+    Json(const void*) = delete; // keeps stray pointers from becoming booleans
+
+    [[nodiscard]] static Json array(const std::vector<Json>& items);
+    /// The members in this order. Keys are ASCII without quotation marks and backslashes.
+    [[nodiscard]] static Json object(std::initializer_list<Member> members);
+
+    [[nodiscard]] const std::string& text() const { return m_text; }
+
+  private:
+    std::string m_text = "null";
+};
+
+/// The text, or null for an empty one.
+template <typename Text>
+[[nodiscard]] Json textOrNull(const Text& text) {
+    return text.empty() ? Json() : Json(text);
+}
+
+/// On standard output, as one line.
+void print(const Json& value);
+
+} // namespace quorvi::tools
