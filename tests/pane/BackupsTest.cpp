@@ -1,7 +1,10 @@
 // All settings carried through a file, and taken back from the copies of earlier ones, in the real sheets.
 
+#include <QDropEvent>
 #include <QListView>
+#include <QMimeData>
 #include <QPushButton>
+#include <QUrl>
 
 #include "history/History.h"
 #include "pane/FilesFixture.h"
@@ -47,8 +50,9 @@ QStringList rowsOf(const QDialog* sheet, const char* list) {
 /// The panel at the device tab, keeping copies of earlier settings.
 class BackupsFixture : public FilesFixture {
   public:
-    explicit BackupsFixture(const plist::Dictionary& tree = sampleTree())
-        : FilesFixture(kDeviceTab, tree, {.keepsCopies = true}) {}
+    BackupsFixture() : FilesFixture(kDeviceTab, sampleTree(), {.keepsCopies = true}) {}
+    /// Not selected yet.
+    explicit BackupsFixture(std::nullptr_t) : FilesFixture({.keepsCopies = true}) {}
 
     [[nodiscard]] History history() const { return History(home.path().toStdString() + "/history"); }
     [[nodiscard]] QString writeBackupOf(const plist::Dictionary& tree, const char* name) const {
@@ -73,6 +77,34 @@ class BackupsFixture : public FilesFixture {
             [&] { return plist::Value(savedSettings()) == plist::Value(tree); }, kWindowPatienceMs);
     }
 };
+
+/// What a file manager says of the drag of these files.
+std::unique_ptr<QMimeData> draggedFiles(const QStringList& files) {
+    auto data = std::make_unique<QMimeData>();
+    QList<QUrl> urls;
+    for (const QString& file : files)
+        urls << QUrl::fromLocalFile(file);
+    data->setUrls(urls);
+    return data;
+}
+
+/// Drags the files onto a table in the window, which takes nothing itself, and drops them when the pointer
+/// says that they are taken. Whether it did.
+bool drop(const PaneFixture& fixture, const QStringList& files) {
+    const auto data = draggedFiles(files);
+    QWidget& view = *fixture.pane->mainView();
+    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    enter.ignore();
+    QCoreApplication::sendEvent(&view, &enter);
+    QDragMoveEvent move(QPoint(9, 9), Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    move.ignore();
+    QCoreApplication::sendEvent(&view, &move);
+    if (!enter.isAccepted() || !move.isAccepted())
+        return false;
+    QDropEvent drop(QPointF(9, 9), Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&view, &drop);
+    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+}
 
 void press(const QDialog* sheet, const char* button) {
     clickButton(outlet<QPushButton>(sheet, button));
@@ -230,6 +262,89 @@ class BackupsTest : public QObject {
         fixture.click(kEarlier);
         QVERIFY2(comparing > 0, "all were compared before the sheet was up");
         QVERIFY(plist::Value(fixture.savedSettings()) == plist::Value(PaneFixture::sampleTree()));
+    }
+
+    void aBackupThatIsDroppedIsAskedAboutAndRestored() {
+        BackupsFixture fixture;
+        const QString file = fixture.writeBackupOf(earlierTree(), "old.quorviSettings");
+        whenSheetIsUp(fixture.window.get(), "quorviPanelBackup", [&](QDialog* sheet) {
+            QVERIFY(!drop(fixture, {file})); // one question at a time
+            press(sheet, "quorviBackupButtonRestore");
+        });
+        QVERIFY(drop(fixture, {file}));
+        QVERIFY(fixture.becomes(earlierTree()));
+    }
+
+    void aMacroThatIsDroppedIsAskedAboutAndImported() {
+        BackupsFixture fixture;
+        const QString file = fixture.write(
+            "m.QUORVIMACRO", plist::Value(fixture.savedSettings().array("macros").dictionary(0)));
+        QString question;
+        whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* sheet) {
+            question = outlet<QLabel>(sheet, "quorviTextConfirm")->text();
+            press(sheet, "quorviConfirmButtonOK");
+        });
+        QVERIFY(drop(fixture, {file}));
+        QTRY_COMPARE(namesIn(fixture.savedSettings(), "macros"), QStringList({"Hello", "World", "Hello 2"}));
+        QCOMPARE(question, QStringLiteral("Import the macro of this file?\n\n~/m.QUORVIMACRO"));
+    }
+
+    void aProfileWithItsMacrosThatIsDroppedIsImported() {
+        BackupsFixture fixture;
+        const QString file = fixture.path("p.quorviSettings");
+        QVERIFY(!writeBackup(backupOfProfile(PaneFixture::sampleTree(), 1), file.toStdString()));
+        clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonOK");
+        QVERIFY(drop(fixture, {file}));
+        QTRY_COMPARE(namesIn(fixture.savedSettings(), "profiles"), QStringList({"Desk", "Game", "Game 2"}));
+    }
+
+    void whatThePanelDoesNotTakeCannotBeDropped() {
+        BackupsFixture fixture;
+        const QString good = fixture.writeBackupOf(earlierTree(), "old.quorviSettings");
+        QVERIFY(!drop(fixture, {fixture.write("notes.txt", QByteArray("x"))}));
+        QVERIFY(!drop(fixture, {good, good}));
+        QVERIFY(!drop(fixture, {fixture.path("gone.quorviSettings")}));
+        QVERIFY(!drop(fixture, {}));
+        QVERIFY(QDir(fixture.home.path()).mkdir(QStringLiteral("folder.quorviSettings")));
+        QVERIFY(!drop(fixture, {fixture.path("folder.quorviSettings")}));
+    }
+
+    void aFileOfTheDesktopWaitsForTheSettings() {
+        BackupsFixture fixture(nullptr);
+        fixture.writeSettings(PaneFixture::sampleTree());
+        fixture.select();
+        fixture.pane->openFile(fixture.writeBackupOf(earlierTree(), "old.quorviSettings"));
+        QCoreApplication::processEvents();
+        QVERIFY(!fixture.window->findChild<QDialog*>(QStringLiteral("quorviPanelBackup")));
+        whenSheetIsUp(fixture.window.get(), "quorviPanelBackup",
+            [](QDialog* sheet) { press(sheet, "quorviBackupButtonRestore"); });
+        fixture.connectDevices(1);
+        QVERIFY(fixture.becomes(earlierTree()));
+    }
+
+    void aFileOfTheDesktopWaitsForTheSheetThatIsUp() {
+        BackupsFixture fixture;
+        const QString file = fixture.writeBackupOf(earlierTree(), "old.quorviSettings");
+        bool wasAlone = false;
+        whenSheetIsUp(fixture.window.get(), "quorviPanelConfirm", [&](QDialog* sheet) {
+            fixture.pane->openFile(file);
+            QCoreApplication::processEvents();
+            wasAlone = !fixture.window->findChild<QDialog*>(QStringLiteral("quorviPanelBackup"));
+            press(sheet, "quorviConfirmButtonCancel");
+        });
+        whenSheetIsUp(fixture.window.get(), "quorviPanelBackup",
+            [](QDialog* sheet) { press(sheet, "quorviBackupButtonRestore"); });
+        fixture.click("quorviButtonRestoreDefaults");
+        QVERIFY(fixture.becomes(earlierTree()));
+        QVERIFY(wasAlone);
+    }
+
+    void aFileThatThePanelDoesNotKnowIsToldOf() {
+        BackupsFixture fixture;
+        fixture.pane->openFile(fixture.write("notes.txt", QByteArray("x")));
+        QTRY_COMPARE(
+            fixture.told(), QStringLiteral("~/notes.txt was not opened: it is neither a backup nor a "
+                                           "profile or macro."));
     }
 
     void aCopyThatCannotBeReadCannotBeTaken() {

@@ -23,6 +23,9 @@ class FilesFixture : public PaneFixture {
         QCoreApplication::processEvents();
     }
 
+    /// Not selected yet.
+    explicit FilesFixture(const PaneOptions& options) : PaneFixture(options) {}
+
     [[nodiscard]] QString path(const char* name) const { return home.filePath(QLatin1String(name)); }
     QString write(const char* name, const QByteArray& bytes) const {
         QFile file(path(name));

@@ -119,7 +119,9 @@ class SetUpMouseTest : public QObject {
         QCOMPARE(controls.forgotten(
                      Controls::around() +
                      QStringList({"combo box 'Polling rate:'", "check box 'Light on the wheel'",
-                         "check box 'Light on the battery indicator'", "push button 'Restore defaults'"})),
+                         "check box 'Light on the battery indicator'", "push button 'Back up'",
+                         "push button 'Restore backup'", "push button 'Earlier settings'",
+                         "push button 'Restore defaults'"})),
             QStringList());
     }
 };

@@ -43,6 +43,7 @@ void SentenceList::setSentences(const QStringList& sentences) {
     if (!model) {
         model = new QStringListModel(this);
         setModel(model);
+        setSelectionMode(NoSelection); // they are read, and nothing is chosen among them
     }
     model->setStringList(sentences);
     setCurrentIndex(model->index(0, 0));
