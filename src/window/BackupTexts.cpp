@@ -40,30 +40,28 @@ QString leftOutText(const LeftOut& leftOut, const PanelText& text) {
     return filledText(pattern, {nameFor(pattern, name.isEmpty() ? QString::number(leftOut.number) : name)});
 }
 
-QString toQt(std::u16string_view text) {
-    return QString::fromStdU16String(std::u16string(text));
-}
-
-/// Says phrases in the user's language.
-Wording wordingOf(const PanelText& text) {
-    return {.text =
-                [text](std::u16string_view english) {
-                    return text(toQt(english).toUtf8().constData()).toStdU16String();
-                },
-        .name =
-            [](std::u16string_view pattern, std::u16string_view name) {
-                return nameFor(toQt(pattern), toQt(name)).toStdU16String();
-            }};
+/// The phrase in the user's language. Each part is read from its own side: "500 DPI ← 1000 DPI" within Arabic
+/// would be read as one text from the left.
+QString inUsersWords(const Phrase& phrase, const PanelText& text) {
+    const QString said = QString::fromStdU16String(phrase.text);
+    if (phrase.kind != Phrase::Kind::pattern)
+        return said;
+    const QString pattern = text(said.toUtf8().constData());
+    QStringList parts;
+    for (const Phrase& part : phrase.parts) {
+        const QString words = inUsersWords(part, text);
+        parts << (part.kind == Phrase::Kind::name ? nameFor(pattern, words) : nameWithin(pattern, words));
+    }
+    return filledText(pattern, parts);
 }
 
 } // namespace
 
 QStringList differenceTexts(
     const plist::Dictionary& earlier, const plist::Dictionary& now, const PanelText& text) {
-    const Wording wording = wordingOf(text);
     QStringList texts;
     for (const Phrase& difference : differencesBetween(earlier, now))
-        texts << QString::fromStdU16String(inWords(difference, wording));
+        texts << inUsersWords(difference, text);
     return texts;
 }
 

@@ -39,8 +39,8 @@ TEST_F(DesktopFiles, AFileOfEachTypeIsOpenedByTheEntry) {
     ASSERT_TRUE(succeeds({"update-desktop-database", m_folder.path("share/applications")}));
     const std::string cache = m_folder.read("share/applications/mimeinfo.cache");
     for (const std::string type : {"settings", "profile", "macro"})
-        EXPECT_NE(cache.find("application/x-kyvar-quorvi-" + type +
-                             "+xml=com.kyvar.quorvi-settings.desktop;"),
+        EXPECT_NE(
+            cache.find("application/x-kyvar-quorvi-" + type + "+xml=com.kyvar.quorvi-settings.desktop;"),
             std::string::npos)
             << cache;
 }

@@ -107,7 +107,7 @@ void BackupsEditor::showRestorePanel() {
     if (!m_context.document.tree())
         return;
     QFileDialog* panel =
-        filePanel(m_others.mainView, m_context.text("Restore Backup"), {kBackups}, m_context.text);
+        filePanel(m_others.mainView, m_context.text("Open Backup"), {kBackups}, m_context.text);
     whenChosen(showOpenPanel(panel), [this](const QString& path) { openBackup(path); });
 }
 

@@ -10,6 +10,7 @@ namespace quorvi {
 namespace {
 
 /// Rows as high as their texts are in the width that there is: a list asks as if its scroll bar had no width.
+/// They are drawn as those of a list with the focus, because some styles grey the others.
 class WrappedRows : public QStyledItemDelegate {
   public:
     explicit WrappedRows(QListView* list) : QStyledItemDelegate(list), m_list(*list) {}
@@ -19,6 +20,13 @@ class WrappedRows : public QStyledItemDelegate {
         QStyleOptionViewItem narrow = option;
         narrow.rect.setWidth(m_list.viewport()->width() - 2 * m_list.spacing());
         return {narrow.rect.width(), QStyledItemDelegate::sizeHint(narrow, index).height()};
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        for (const auto role : {QPalette::Text, QPalette::HighlightedText, QPalette::Highlight})
+            option->palette.setBrush(QPalette::Inactive, role, option->palette.brush(QPalette::Active, role));
     }
 
   private:
