@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 
+#include "resources/Interface.h"
 #include "ui_BackupPanel.h"
 
 namespace quorvi {
@@ -9,6 +10,7 @@ namespace quorvi {
 BackupPanel::BackupPanel(QWidget* parent, const Contents& contents)
     : QDialog(parent), m_ui(std::make_unique<Ui::BackupPanel>()) {
     m_ui->setupUi(this);
+    keepTextsWhole(*this);
     m_ui->quorviTextBackup->setText(contents.question);
     m_ui->quorviListBackupDifferences->setSentences(contents.differences);
     m_ui->quorviTextLeftOut->setText(contents.leftOut);

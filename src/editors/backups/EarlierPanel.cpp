@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "resources/Interface.h"
 #include "ui_EarlierPanel.h"
 
 namespace quorvi {
@@ -13,6 +14,7 @@ EarlierPanel::EarlierPanel(QWidget* parent, Surroundings surroundings)
       m_copies(m_surroundings.history.list(), m_surroundings.time, m_surroundings.text),
       m_ui(std::make_unique<Ui::EarlierPanel>()) {
     m_ui->setupUi(this);
+    keepTextsWhole(*this);
     m_ui->quorviListEarlier->setModel(&m_copies);
     const bool isEmpty = m_copies.rowCount() == 0;
     m_ui->stackEarlier->setCurrentWidget(isEmpty ? m_ui->pageNoEarlier : m_ui->pageEarlier);
