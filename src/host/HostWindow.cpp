@@ -71,6 +71,11 @@ void HostWindow::selectPane() {
     QGuiApplication::setLayoutDirection(pane.mainView()->layoutDirection());
 }
 
+void HostWindow::openFile(const QString& path) {
+    if (m_shown >= 0)
+        m_panes[static_cast<std::size_t>(m_shown)]->openFile(path);
+}
+
 void HostWindow::showIcon() {
     setWindowIcon(m_shown < 0 ? QIcon() : m_panes[static_cast<std::size_t>(m_shown)]->icon());
 }

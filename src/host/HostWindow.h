@@ -23,6 +23,8 @@ class HostWindow : public QMainWindow {
 
     /// Hides the pane that is shown and shows this one; an index that does not exist shows none.
     void showPane(int index);
+    /// Hands the file to the pane that is shown; the window has to be visible.
+    void openFile(const QString& path);
 
     void setVisible(bool visible) override;
 

@@ -28,6 +28,9 @@ class LoadedPane {
     void select();
     /// Tells the pane that it is about to be hidden. Idempotent.
     void unselect();
+    [[nodiscard]] bool opens(const QString& path) const { return m_pane->opens(path); }
+    /// Hands the file to the pane, which has to be selected.
+    void openFile(const QString& path) { m_pane->openFile(path); }
 
   private:
     LoadedPane() = default;

@@ -24,6 +24,19 @@ QStringList defaultBundles() {
     return {};
 }
 
+/// What is given on the command line.
+struct Given {
+    QStringList bundles; ///< folders, and what does not exist
+    QStringList files;
+};
+
+Given givenIn(const QStringList& arguments) {
+    Given given;
+    for (const QString& path : arguments)
+        (QFileInfo(path).isFile() ? given.files : given.bundles) << path;
+    return given;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -39,6 +52,8 @@ int main(int argc, char** argv) {
     parser.setApplicationDescription(QStringLiteral("Shows preference panes."));
     parser.addPositionalArgument(QStringLiteral("bundle"), QStringLiteral("Preference-pane bundles to show."),
         QStringLiteral("[BUNDLE...]"));
+    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("A file for the first pane to open."),
+        QStringLiteral("[FILE]"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);
@@ -47,9 +62,13 @@ int main(int argc, char** argv) {
     const std::jthread fonts([] { (void)QFontDatabase::families(); });
 #endif
 
-    const QStringList given = parser.positionalArguments();
+    const Given given = givenIn(parser.positionalArguments());
+    if (given.files.size() > 1) {
+        std::fprintf(stderr, "quorvi-settings: one file at a time\n");
+        return 1;
+    }
     std::vector<std::unique_ptr<quorvi::LoadedPane>> panes;
-    for (const QString& path : given.isEmpty() ? defaultBundles() : given) {
+    for (const QString& path : given.bundles.isEmpty() ? defaultBundles() : given.bundles) {
         QString error;
         auto pane = quorvi::LoadedPane::load(path, error);
         if (!pane) {
@@ -58,6 +77,13 @@ int main(int argc, char** argv) {
         }
         panes.push_back(std::move(pane));
     }
+    for (const QString& file : given.files) {
+        if (panes.empty() || panes.front()->opens(file))
+            continue;
+        std::fprintf(stderr, "quorvi-settings: %s is not a preference pane, nor a file that it opens\n",
+            qPrintable(file));
+        return 1;
+    }
     if (panes.empty()) {
         std::fprintf(stderr, "quorvi-settings: no preference pane found\n");
         return 1;
@@ -65,5 +91,7 @@ int main(int argc, char** argv) {
     quorvi::quitOnTerminationSignals();
     quorvi::HostWindow window(std::move(panes));
     window.show();
+    for (const QString& file : given.files)
+        window.openFile(QFileInfo(file).absoluteFilePath());
     return QApplication::exec();
 }

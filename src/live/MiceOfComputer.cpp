@@ -86,7 +86,7 @@ QString stateOfMouse(const ListedHelperMouse& mouse, const PanelText& text) {
 }
 
 void orderStopsOfMice(const Ui::KyvarQuorviPane& views) {
-    QWidget* before = views.quorviButtonRestoreDefaults;
+    QWidget* before = views.quorviBoxLightOnBattery;
     for (QWidget* stop : views.listMice->stops()) {
         QWidget::setTabOrder(before, stop);
         before = stop;

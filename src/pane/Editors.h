@@ -5,6 +5,7 @@
 
 #include "capture/KeyCapture.h"
 #include "editors/assignment/AssignmentEditor.h"
+#include "editors/backups/BackupsEditor.h"
 #include "editors/device/DeviceEditor.h"
 #include "editors/files/ImportExport.h"
 #include "editors/keys/SingleKeyPanel.h"
@@ -67,6 +68,7 @@ struct Editors {
     StagesEditor stages;
     DeviceEditor device;
     ImportExport files;
+    BackupsEditor backups;
     ProfilesEditor profiles;
     StepsEditor steps;
     MacrosEditor macros;

@@ -2,7 +2,7 @@
 
 #include "pane/KyvarQuorviPane.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLocale>
 #include <QMenu>
 #include <QTabWidget>
@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "editors/backups/DroppedFile.h"
 #include "live/LiveHelper.h"
 #include "pane/Actions.h"
 #include "pane/EditorViews.h"
@@ -46,8 +47,11 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
                                     .helper = fHelperLink,
                                     .session = fSession,
                                     .isShown = [this] { return gPatchedPane == this; }})),
-      fKeyNaming(panelText()) {
+      fFileToOpen(fileReceiver()), fKeyNaming(panelText()) {
     connectParts();
+    new DroppedFile(
+        *fMainView, {.takes = [this](const QString& path) { return opens(path) && fFileToOpen.canOpen(); },
+                        .open = [this](const QString& path) { openFile(path); }});
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
@@ -106,6 +110,23 @@ SettingsSession::Panel KyvarQuorviPane::sessionPanel() {
         .showLists = [this] { fEditors->showLists(); }};
 }
 
+FileToOpen::Panel KyvarQuorviPane::fileReceiver() {
+    return {.isFree =
+                [this] {
+                    return gPatchedPane == this && fDocument.tree() && !fSheets.isRunning() &&
+                           !isRecordingMacro() && !QApplication::activeModalWidget();
+                },
+        .open = [this](const QString& path) { fEditors->backups.openFile(path); }};
+}
+
+bool KyvarQuorviPane::opens(const QString& path) const {
+    return BackupsEditor::takes(path);
+}
+
+void KyvarQuorviPane::openFile(const QString& path) {
+    fFileToOpen.open(path);
+}
+
 void KyvarQuorviPane::connectParts() {
     connect(&fSession, &SettingsSession::saved, &fHelperLink, &HelperLink::tellOfSave);
     // Also while a sheet is up.
@@ -120,6 +141,7 @@ void KyvarQuorviPane::connectParts() {
     connect(&fHelperLink.live(), &LiveHelper::changed, this, [this] { fEditors->showRunningRow(); });
     connect(
         &fHelperLink.live(), &LiveHelper::runningChanged, this, [this] { fEditors->followRunningStage(); });
+    connect(&fSheets, &Sheets::ended, &fFileToOpen, &FileToOpen::tryLater);
     connect(&fKeyNaming, &KeyNaming::namesChanged, this, &KyvarQuorviPane::showKeyNames);
     connect(
         &fFocus, &FocusObserver::applicationDidResignActive, this, &KyvarQuorviPane::sysPrefDidResignActive);
@@ -186,6 +208,7 @@ void KyvarQuorviPane::didSelect() {
 }
 
 void KyvarQuorviPane::willUnselect() {
+    fFileToOpen.forget();
     startStopRecording(false, false);
     closeMenus();
     dragDidEnd();
@@ -230,6 +253,7 @@ void KyvarQuorviPane::syncUIWithDeviceConfig() {
     startStopRecording(false, false);
     fSession.readAfresh();
     updateSensitivityStagesUI();
+    fFileToOpen.tryLater();
     if (!std::exchange(fBluetoothWarningDone, true) && !hasDevice())
         fSheets.run(fViews->quorviPanelNoDevice);
 }

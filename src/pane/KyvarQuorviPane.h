@@ -13,6 +13,7 @@
 #include <string>
 
 #include "document/Document.h"
+#include "pane/FileToOpen.h"
 #include "pane/KeyNaming.h"
 #include "pane/PaneServices.h"
 #include "platform/FocusObserver.h"
@@ -52,6 +53,10 @@ class KyvarQuorviPane final : public QObject,
     void mainViewDidLoad() override;
     void didSelect() override;
     void willUnselect() override;
+    /// A backup, a profile or a macro, by its name.
+    [[nodiscard]] bool opens(const QString& path) const override;
+    /// Asks about a backup, profile or macro as soon as there are settings and no sheet is up.
+    void openFile(const QString& path) override;
     void sysPrefDidResignActive();
     void sysPrefWindowDidBecomeKey();
     void sysPrefWindowDidResignKey();
@@ -130,6 +135,11 @@ class KyvarQuorviPane final : public QObject,
     void actionButtonCheckUpdates();
     void actionButtonHelp();
 
+    // Backups and earlier settings (editors/backups)
+    void actionButtonBackUp();
+    void actionButtonRestoreBackup();
+    void actionButtonEarlierSettings();
+
     // Keys and recordings (capture/KeyCapture.h, editors/keys, editors/recording)
     void startStopRecording(bool start, bool oneStep);
     /// The modifiers of these two are not stored.
@@ -203,6 +213,7 @@ class KyvarQuorviPane final : public QObject,
     [[nodiscard]] HelperLink::Panel helperPanel();
     [[nodiscard]] SettingsSession::Panel sessionPanel();
     [[nodiscard]] EditorContext editorContext();
+    [[nodiscard]] FileToOpen::Panel fileReceiver();
     void connectParts();
     void showKeyNames();
     void showVersion();
@@ -218,6 +229,7 @@ class KyvarQuorviPane final : public QObject,
     HelperLink fHelperLink;
     SettingsSession fSession;
     std::unique_ptr<Editors> fEditors; ///< never null
+    FileToOpen fFileToOpen;
     KeyNaming fKeyNaming;
     FocusObserver fFocus;
     bool fPanelIsFront = false;

@@ -385,6 +385,20 @@ void KyvarQuorviPane::actionButtonRedo() {
     fEditors->undo.redo();
 }
 
+// Backups and earlier settings
+
+void KyvarQuorviPane::actionButtonBackUp() {
+    fEditors->backups.showBackUpPanel();
+}
+
+void KyvarQuorviPane::actionButtonRestoreBackup() {
+    fEditors->backups.showRestorePanel();
+}
+
+void KyvarQuorviPane::actionButtonEarlierSettings() {
+    fEditors->backups.showEarlier();
+}
+
 // Files of single profiles and macros
 
 void KyvarQuorviPane::exportProfile(const QFileDialog* panel, int returnCode) {

@@ -48,14 +48,6 @@ class TextHeights : public QObject {
     }
 };
 
-void keepTextsWhole(QWidget& view) {
-    auto* heights = new TextHeights(&view);
-    for (QLabel* label : view.findChildren<QLabel*>()) {
-        if (label->wordWrap() && (label->property("note").toBool() || label->property("whole").toBool()))
-            label->installEventFilter(heights);
-    }
-}
-
 void widenButtons(const QWidget& view) {
     for (QPushButton* button : view.findChildren<QPushButton*>())
         widenButton(*button);
@@ -126,6 +118,14 @@ Interface::Interface(QWidget& mainView) {
     widenButtons(mainView);
     keepTextsWhole(mainView);
     connectInputs(main);
+}
+
+void keepTextsWhole(QWidget& view) {
+    auto* heights = new TextHeights(&view);
+    for (QLabel* label : view.findChildren<QLabel*>()) {
+        if (label->wordWrap() && (label->property("note").toBool() || label->property("whole").toBool()))
+            label->installEventFilter(heights);
+    }
 }
 
 void widenButton(QPushButton& button) {

@@ -4,6 +4,7 @@
 
 #include "model/Dependants.h"
 #include "model/Keys.h"
+#include "window/InputName.h"
 
 namespace quorvi {
 
@@ -12,22 +13,12 @@ namespace {
 /// A question has to stay readable, and to fit a small screen.
 constexpr std::size_t kMostLines = 4;
 
-constexpr int kWheelUp = 8;
-constexpr int kWheelDown = 9;
-
 QString nameOfProfile(const plist::Dictionary& tree, std::size_t index) {
     return QString::fromStdU16String(tree.array(keys::profiles).dictionary(index).string(keys::name));
 }
 
 QString nameOfInput(const ProfileInput& input, const plist::Dictionary& tree, const PanelText& text) {
-    const QString profile = nameOfProfile(tree, input.profile);
-    if (input.input == kWheelUp || input.input == kWheelDown) {
-        const QString wheel = input.input == kWheelUp ? text("Turning the wheel up in “^1”")
-                                                      : text("Turning the wheel down in “^1”");
-        return filledText(wheel, {nameFor(wheel, profile)});
-    }
-    const QString button = text("Button ^1 of “^2”");
-    return filledText(button, {QString::number(input.input), nameFor(button, profile)});
+    return inputName(input.input, nameOfProfile(tree, input.profile), text);
 }
 
 /// A line for each of the inputs, or for the first ones and then how many others there are.

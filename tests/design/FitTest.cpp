@@ -5,11 +5,16 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QStackedWidget>
 #include <QStandardItemModel>
 #include <QTabBar>
 
 #include "applications/ApplicationPanel.h"
 #include "design/Languages.h"
+#include "editors/backups/BackupPanel.h"
+#include "editors/backups/EarlierPanel.h"
+#include "editors/backups/SentenceList.h"
+#include "support/TemporaryFolder.h"
 #include "widgets/AccelerationCurve.h"
 #include "widgets/FilledText.h"
 #include "widgets/KyvarQuorviTableView.h"
@@ -175,6 +180,59 @@ class FitTest : public QObject {
         QTRY_COMPARE(cutIn(chooser).join("; "), QString());
         QVERIFY(chooser.width() <= kScreen.width() - kDecoration.width());
         QVERIFY(chooser.height() <= kScreen.height() - kDecoration.height());
+    }
+
+    void theSheetsForBackupsFitASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theSheetsForBackupsFitASmallScreenUncut() {
+        const SpokenInterface spoken(currentLanguage());
+        const PanelText text = [&](const char* english) { return spoken.text(english); };
+        const TemporaryFolder folder;
+        const History none(folder.path());
+        const auto tree = plist::Dictionary::create();
+        tree.set("version", 6);
+        const QString name(20, 'W');
+        setInterfaceTextLookup([&](const QString& english) { return spoken.text(english); });
+        const QStringList differences(
+            40, filledText(text("The macro “^1” is left out: it has more than 16 steps."), {name}));
+        BackupPanel backup(nullptr, {.question = text("Restore the settings of this backup?\r\r^1") + name,
+                                        .differences = differences,
+                                        .leftOut = differences.mid(0, 3).join('\n')});
+        EarlierPanel empty(nullptr, {.history = none, .now = tree, .text = text});
+        EarlierPanel earlier(nullptr, {.history = none, .now = tree, .text = text});
+        setInterfaceTextLookup(nullptr);
+        auto* copies = earlier.findChild<QStackedWidget*>("stackEarlier");
+        copies->setCurrentIndex(0);
+        for (QDialog* sheet : {static_cast<QDialog*>(&backup), static_cast<QDialog*>(&empty),
+                 static_cast<QDialog*>(&earlier)}) {
+            sheet->setLayoutDirection(spoken.view->layoutDirection());
+            sheet->show();
+            QVERIFY(QTest::qWaitForWindowExposed(sheet));
+            QTRY_COMPARE(cutIn(*sheet).join("; "), QString());
+            QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
+            QVERIFY2(sheet->height() <= kScreen.height() - kDecoration.height(),
+                qPrintable(QString::number(sheet->height())));
+            sheet->hide();
+        }
+    }
+
+    void theSentencesOfAListAreWholeInItsWidth_data() { eachLanguageIn(fonts(1)); }
+    void theSentencesOfAListAreWholeInItsWidth() {
+        const SpokenInterface spoken(currentLanguage());
+        SentenceList list;
+        list.setLayoutDirection(spoken.view->layoutDirection());
+        list.resize(230, 120); // with a scroll bar
+        const QString sentence =
+            filledText(spoken.text("The macro “^1” is left out: it has more than 16 steps."), {"Build"});
+        list.setSentences(QStringList(12, sentence));
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        const int room = list.viewport()->width() - 2 * list.spacing();
+        const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+        const int wanted = list.fontMetrics()
+                               .boundingRect(QRect(0, 0, room - 2 * margin, 1000), Qt::TextWordWrap, sentence)
+                               .height();
+        QTRY_VERIFY(list.visualRect(list.model()->index(0, 0)).height() >= wanted);
+        QVERIFY(list.visualRect(list.model()->index(0, 0)).width() <= list.viewport()->width());
     }
 
     void theLongestQuestionBeforeARemovalFitsASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }

@@ -3,10 +3,13 @@
 #include <QTest>
 
 #include <csignal>
+#include <fstream>
 
 #include <sys/stat.h>
 
+#include "history/Backup.h"
 #include "host/Session.h"
+#include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "support/WindowTools.h"
 
@@ -93,6 +96,37 @@ class ProgramTest : public QObject {
         QVERIFY2(said.startsWith(QStringLiteral("quorvi-settings: %1 ").arg(path)), qPrintable(said));
         QCOMPARE(program->readOutput(), std::string());
         QVERIFY(session.home.files().isEmpty());
+    }
+
+    void aBackupOnTheCommandLineIsAskedAboutAndTaken() {
+        const Session session;
+        session.home.awaitDeviceList();
+        const quorvi::plist::Dictionary tree = UserHome::defaults();
+        tree.dictionary("settings").set("pollingrate", 125);
+        const std::string file = session.home.path() + "/old.quorviSettings";
+        QVERIFY(!quorvi::writeBackup(quorvi::backupOf(tree), file));
+        const auto program = session.startSettings({file});
+        const std::string sheet = visibleWindow({"--name", "^Restore Backup$"});
+        QVERIFY(session.home.savedSettings().dictionary("settings").integer("pollingrate") != 125);
+        // The focus is on Cancel, and Restore is before it.
+        QVERIFY(xdotool({"windowactivate", "--sync", sheet, "key", "shift+Tab", "space"}));
+        QTRY_COMPARE_WITH_TIMEOUT(session.home.savedSettings().dictionary("settings").integer("pollingrate"),
+            125, kWindowPatienceMs);
+        program->signal(SIGTERM);
+        QCOMPARE(program->wait(), std::optional(0));
+    }
+
+    void twoFilesOnTheCommandLineAreTooMany() {
+        const Session session;
+        const std::string folder = session.home.path();
+        for (const char* name : {"/a.quorviMacro", "/b.quorviMacro"})
+            std::ofstream(folder + name) << "x";
+        const QTemporaryDir runtime;
+        const auto program = session.startSettings({folder + "/a.quorviMacro", folder + "/b.quorviMacro"},
+            {"XDG_RUNTIME_DIR=" + runtime.path().toStdString()});
+        QCOMPARE(program->wait(), std::optional(1));
+        QCOMPARE(QString::fromStdString(program->readError()),
+            QStringLiteral("quorvi-settings: one file at a time\n"));
     }
 
     void withoutASessionBusTheWindowOpensAndStays() {

@@ -33,6 +33,18 @@ TEST_F(DesktopFiles, TheEntrysIconIsInstalled) {
         m_folder.path("share/icons/hicolor/scalable/apps/com.kyvar.quorvi-settings.svg")}));
 }
 
+TEST_F(DesktopFiles, AFileOfEachTypeIsOpenedByTheEntry) {
+    const std::string entry = m_folder.read("share/applications/com.kyvar.quorvi-settings.desktop");
+    EXPECT_NE(entry.find("\nExec=quorvi-settings %f\n"), std::string::npos);
+    ASSERT_TRUE(succeeds({"update-desktop-database", m_folder.path("share/applications")}));
+    const std::string cache = m_folder.read("share/applications/mimeinfo.cache");
+    for (const std::string type : {"settings", "profile", "macro"})
+        EXPECT_NE(
+            cache.find("application/x-kyvar-quorvi-" + type + "+xml=com.kyvar.quorvi-settings.desktop;"),
+            std::string::npos)
+            << cache;
+}
+
 TEST_F(DesktopFiles, TheExtensionsOfTheShellAreWhereItLooksForThem) {
     for (const std::string uuid : {"quorvi-front@kyvar.com", "quorvi-front-43@kyvar.com"}) {
         const std::string folder = "share/gnome-shell/extensions/" + uuid + "/";

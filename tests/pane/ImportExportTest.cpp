@@ -1,14 +1,16 @@
 // Profiles and macros carried through files, with the real open and save panels.
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScopeGuard>
 
+#include "history/Backup.h"
 #include "model/ItemFile.h"
-#include "pane/ListTools.h"
+#include "pane/FilesFixture.h"
 #include "pane/PaneTestMain.h"
 #include "plist/Reader.h"
 #include "plist/Writer.h"
@@ -21,93 +23,7 @@ namespace {
 
 constexpr const char* kProfiles = "quorviTableProfiles";
 constexpr const char* kMacros = "quorviTableMacros";
-constexpr const char* kProfileGear = "quorviButtonProfileGear";
 constexpr const char* kMacroGear = "quorviButtonMacroGear";
-
-class FilesFixture : public PaneFixture {
-  public:
-    explicit FilesFixture(int tab, const plist::Dictionary& tree = sampleTree()) {
-        openWith(tree);
-        selectTab(tab);
-        window->resize(900, 700);
-        QCoreApplication::processEvents();
-    }
-
-    [[nodiscard]] QString path(const char* name) const { return home.filePath(QLatin1String(name)); }
-    QString write(const char* name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("the file cannot be written");
-        return file.fileName();
-    }
-    QString write(const char* name, const plist::Value& value) const {
-        return write(name, QByteArray::fromStdString(plist::writeXml(value).value()));
-    }
-
-    /// The panel that is open, once it is.
-    [[nodiscard]] QFileDialog* filePanel() const {
-        QFileDialog* panel = nullptr;
-        const auto isOpen = [&] {
-            panel = window->findChild<QFileDialog*>();
-            return panel && panel->isVisible() && panel->isActiveWindow();
-        };
-        if (!QTest::qWaitFor(isOpen, kWindowPatienceMs))
-            qFatal("no file panel opens");
-        return panel;
-    }
-    [[nodiscard]] bool hasFilePanel() const { return window->findChild<QFileDialog*>() != nullptr; }
-
-    /// Types the path into the open panel and presses Return, as a user can.
-    void chooseFile(const QString& file) const {
-        QFileDialog* panel = filePanel();
-        auto* name = outlet<QLineEdit>(panel, "fileNameEdit");
-        name->setFocus();
-        name->selectAll();
-        QTest::keyClicks(name, file);
-        // The completer's list would take the Return for itself.
-        if (QWidget* popup = QApplication::activePopupWidget())
-            popup->close();
-        QTest::keyClick(name, Qt::Key_Return);
-        if (!QTest::qWaitFor([&] { return !hasFilePanel(); }, kWindowPatienceMs))
-            qFatal("the file panel does not close");
-        QCoreApplication::processEvents();
-    }
-    /// What the window tells at its foot.
-    [[nodiscard]] QString told() const {
-        const auto* label = window->findChild<QLabel*>(QStringLiteral("textNotice"));
-        return label && label->isVisible() ? label->text() : QString();
-    }
-    void forgetWhatWasTold() const {
-        if (!told().isEmpty())
-            QTest::mouseClick(
-                window->findChild<QAbstractButton*>(QStringLiteral("buttonNotice")), Qt::LeftButton);
-    }
-    /// Opens the panel that exports the current profile, in the home folder.
-    void openExportPanel() const {
-        chooseInGearMenu(*this, kProfileGear, 13);
-        filePanel()->setDirectory(home.path());
-    }
-    /// Presses Return in the open panel, without a word.
-    void acceptPanel() const {
-        QTest::keyClick(outlet<QLineEdit>(filePanel(), "fileNameEdit"), Qt::Key_Return);
-        if (!QTest::qWaitFor([&] { return !hasFilePanel(); }, kWindowPatienceMs))
-            qFatal("the file panel does not close");
-        QCoreApplication::processEvents();
-    }
-    [[nodiscard]] QStringList exportedFiles() const {
-        return QDir(home.path()).entryList({QStringLiteral("*.quorvi*")}, QDir::Files);
-    }
-    void cancelPanel(const QString& typedBefore = {}) const {
-        QFileDialog* panel = filePanel();
-        if (!typedBefore.isEmpty())
-            outlet<QLineEdit>(panel, "fileNameEdit")->setText(typedBefore);
-        panel->setFocus();
-        QTest::keyClick(panel, Qt::Key_Escape);
-        if (!QTest::qWaitFor([&] { return !hasFilePanel(); }, kWindowPatienceMs))
-            qFatal("the file panel does not close");
-        QCoreApplication::processEvents();
-    }
-};
 
 plist::Dictionary readFile(const QString& path) {
     return plist::readPropertyListFile(path.toStdString()).value.dictionary();
@@ -116,6 +32,15 @@ plist::Dictionary readFile(const QString& path) {
 QByteArray readAll(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The first profile's input runs the macro of that identifier.
+void haveRun(const plist::Dictionary& tree, const char* input, std::int32_t macro) {
+    auto assignment = plist::Dictionary::create();
+    assignment.set("command", 65);
+    assignment.set("param1", macro);
+    assignment.set("param2", 1);
+    tree.array("profiles").dictionary(0).dictionary("buttons").set(input, assignment);
 }
 
 QByteArray deepArrays() {
@@ -254,6 +179,48 @@ class ImportExportTest : public QObject {
         chooseInGearMenu(fixture, kMacroGear, 23);
         fixture.chooseFile(fixture.path("m"));
         QCOMPARE(fixture.told(), QStringLiteral("The macro “Hello” was exported to ~/m.quorviMacro."));
+    }
+
+    void aProfileIsExportedWithItsMacrosWhenThatKindIsChosen() {
+        auto tree = PaneFixture::sampleTree();
+        haveRun(tree, "05", 3);
+        FilesFixture fixture(2, tree);
+        fixture.openExportPanel();
+        auto* kinds = outlet<QComboBox>(fixture.filePanel(), "fileTypeCombo");
+        QCOMPARE(kinds->count(), 2);
+        QCOMPARE(kinds->currentText(), QStringLiteral("Profiles (*.quorviProfile)"));
+        kinds->setFocus();
+        QTest::keyClick(kinds, Qt::Key_Down);
+        QCOMPARE(outlet<QLineEdit>(fixture.filePanel(), "fileNameEdit")->text(),
+            QStringLiteral("Desk.quorviSettings"));
+        fixture.acceptPanel();
+        QCOMPARE(fixture.told(), QStringLiteral("The profile “Desk” was exported to ~/Desk.quorviSettings."));
+        const ReadBackup read = readBackup(fixture.path("Desk.quorviSettings").toStdString());
+        QVERIFY(read.backup.contents == BackupContents::oneProfile);
+        QCOMPARE(namesIn(read.backup.tree, "profiles"), QStringList({"Desk"}));
+        QCOMPARE(namesIn(read.backup.tree, "macros"), QStringList({"World"}));
+    }
+
+    void aProfileIsImportedWithItsMacrosAsOneAction() {
+        auto carried = PaneFixture::sampleTree();
+        haveRun(carried, "05", 3);
+        carried.array("macros").dictionary(1).set("name", u"Carried");
+        carried.array("macros").dictionary(1).array("steps").dictionary(0).set("argument", 7);
+        FilesFixture fixture(2);
+        QVERIFY(!writeBackup(backupOfProfile(carried, 0), fixture.path("c.quorviSettings").toStdString()));
+        chooseInGearMenu(fixture, kProfileGear, 12);
+        fixture.chooseFile(fixture.path("c.quorviSettings"));
+        QTRY_COMPARE(fixture.told(), QStringLiteral("The profile “Desk 2” was imported."));
+        QCOMPARE(namesIn(fixture.savedSettings(), "profiles"), QStringList({"Desk", "Game", "Desk 2"}));
+        QCOMPARE(namesIn(fixture.savedSettings(), "macros"), QStringList({"Hello", "World", "Carried"}));
+        QCOMPARE(fixture.selectedRow(kProfiles), 2);
+        QVERIFY(fixture.commandsBecome({"KyPR 0", "KyPR 2"})); // the menu's own save comes first
+        const plist::Dictionary input =
+            fixture.savedSettings().array("profiles").dictionary(2).dictionary("buttons").dictionary("05");
+        QCOMPARE(input.integer("param1"),
+            fixture.savedSettings().array("macros").dictionary(2).integer("macroid"));
+        fixture.click("quorviButtonUndo");
+        QTRY_VERIFY(plist::Value(fixture.savedSettings()) == plist::Value(PaneFixture::sampleTree()));
     }
 
     void anExportThatFailsSaysWhy() {

@@ -19,6 +19,8 @@ const std::vector<FileType> kFileTypes{
         "Kyvar Quorvi profile"},
     {"quorviMacro", "application/x-kyvar-quorvi-macro+xml", "application-x-kyvar-quorvi-macro+xml",
         "Kyvar Quorvi macro"},
+    {"quorviSettings", "application/x-kyvar-quorvi-settings+xml", "application-x-kyvar-quorvi-settings+xml",
+        "Kyvar Quorvi settings"},
 };
 
 constexpr const char* kPropertyList = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

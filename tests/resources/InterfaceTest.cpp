@@ -137,7 +137,7 @@ class InterfaceTest : public QObject {
             QVERIFY2(!widget->accessibleDescription().isEmpty(), qPrintable(widget->objectName()));
             QVERIFY2(!widget->accessibleName().contains('&'), qPrintable(widget->objectName()));
         }
-        QCOMPARE(controls, 61);
+        QCOMPARE(controls, 64);
     }
 
     // A screen reader names a combo box by the label that it is the buddy of, not by its accessible name.

@@ -72,6 +72,9 @@ inline constexpr Outlet outlets[] = {
     {"quorviBoxLightOnBattery", "quorvi::CheckBox", "actionBoxLightOnBattery:"},
     {"quorviTextFirmwareVersion", "QLabel"},
     {"quorviTextDriverVersion", "QLabel"},
+    {"quorviButtonBackUp", "QPushButton", "actionButtonBackUp:"},
+    {"quorviButtonRestoreBackup", "QPushButton", "actionButtonRestoreBackup:"},
+    {"quorviButtonEarlierSettings", "QPushButton", "actionButtonEarlierSettings:"},
     {"quorviButtonRestoreDefaults", "QPushButton", "actionButtonRestoreDefaults:"},
 
     {"quorviPanelConfirm", "QDialog"},

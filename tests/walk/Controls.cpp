@@ -19,8 +19,8 @@ const QStringList kDescribed{"push button", "check box", "combo box", "slider", 
 /// Their names say it all.
 const QStringList kSelfExplaining{"push button 'Clear search'", "text 'Profile'", "text 'Macro'"};
 /// The toolkit's own panels, of which only this is looked at.
-const QStringList kFilePanels{
-    "Import Profile", "Export Profile", "Import Macro", "Export Macro", "Choose an Application"};
+const QStringList kFilePanels{"Import Profile", "Export Profile", "Import Macro", "Export Macro",
+    "Choose an Application", "Back Up Settings", "Open Backup"};
 const QStringList kOfFilePanels{"text 'File name:'", "push button 'Open'", "push button 'Save'",
     "push button 'Choose'", "push button 'Cancel'"};
 /// Of these Qt's have none, and the panel's neither.

@@ -116,10 +116,12 @@ class SetUpMouseTest : public QObject {
         QVERIFY(controls.type(
             kField, "2400", [&] { return controls.find(kField).text() == std::string("2400"); }));
         QVERIFY(controls.press(kDone, [&] { return mice.kept().integer("dpi") == 2400; }));
-        QCOMPARE(controls.forgotten(
-                     Controls::around() +
-                     QStringList({"combo box 'Polling rate:'", "check box 'Light on the wheel'",
-                         "check box 'Light on the battery indicator'", "push button 'Restore defaults'"})),
+        QCOMPARE(
+            controls.forgotten(Controls::around() +
+                               QStringList({"combo box 'Polling rate:'", "check box 'Light on the wheel'",
+                                   "check box 'Light on the battery indicator'", "push button 'Back up'",
+                                   "push button 'Restore backup'", "push button 'Earlier settings'",
+                                   "push button 'Restore defaults'"})),
             QStringList());
     }
 };

@@ -3,15 +3,17 @@
 #include <utility>
 
 #include "document/Document.h"
-#include "editors/files/FilePanels.h"
-#include "editors/files/ItemPanel.h"
+#include "history/Backup.h"
 #include "model/Dependants.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "widgets/NoticeBar.h"
 #include "widgets/ShownText.h"
 #include "window/ActionNames.h"
+#include "window/BackupTexts.h"
+#include "window/FilePanels.h"
 #include "window/Notices.h"
+#include "window/ShownPath.h"
 
 namespace quorvi {
 
@@ -39,9 +41,46 @@ QString nameOfItem(const plist::Dictionary& item) {
     return QString::fromStdU16String(item.string(keys::name));
 }
 
-/// The path in the file system's own bytes.
-std::filesystem::path nativePath(const QString& path) {
-    return QFile::encodeName(path).toStdString();
+/// The file holds a profile together with the macros that it runs.
+constexpr FileKind kProfilesWithMacros{"quorviSettings", "Profiles with Macros"};
+
+bool isBackup(const QString& path) {
+    return path.endsWith(QLatin1String(kBackupExtension), Qt::CaseInsensitive);
+}
+
+/// What may be chosen for an import.
+FileKind importedKind(ItemKind kind) {
+    FileKind imported = typeOf(kind).file;
+    if (kind == ItemKind::profile)
+        imported.also = kProfilesWithMacros.extension;
+    return imported;
+}
+
+/// What an export may become, the usual one first.
+std::vector<FileKind> exportedKinds(ItemKind kind) {
+    std::vector<FileKind> kinds{typeOf(kind).file};
+    if (kind == ItemKind::profile)
+        kinds.push_back(kProfilesWithMacros);
+    return kinds;
+}
+
+/// Of a backup that no profile comes from.
+ItemFault faultOf(BackupFault fault) {
+    switch (fault) {
+    case BackupFault::none:
+        return ItemFault::none;
+    case BackupFault::noSuchFile:
+    case BackupFault::notReadable:
+        return ItemFault::notReadable;
+    case BackupFault::tooLarge:
+        return ItemFault::tooLarge;
+    case BackupFault::damaged:
+        return ItemFault::damaged;
+    case BackupFault::newerFormat:
+    case BackupFault::noSettings:
+        break;
+    }
+    return ItemFault::otherItem;
 }
 
 QString chosenFile(const QFileDialog& panel) {
@@ -58,7 +97,7 @@ void ImportExport::showImportPanel(ItemKind kind) {
     if (kind == ItemKind::profile && int(m_context.document.profiles().size()) >= limits::profiles)
         return;
     const QString title = kind == ItemKind::profile ? text("Import Profile") : text("Import Macro");
-    QFileDialog* panel = showOpenPanel(filePanel(m_surroundings.mainView, title, typeOf(kind).file, text));
+    QFileDialog* panel = showOpenPanel(filePanel(m_surroundings.mainView, title, {importedKind(kind)}, text));
     connect(
         panel, &QDialog::finished, this, [this, kind, panel](int code) { importChosen(kind, *panel, code); });
 }
@@ -68,8 +107,8 @@ void ImportExport::showExportPanel(ItemKind kind) {
     if (kind == ItemKind::macro && !m_context.document.macro())
         return;
     const QString title = kind == ItemKind::profile ? text("Export Profile") : text("Export Macro");
-    QFileDialog* panel =
-        showSavePanel(filePanel(m_surroundings.mainView, title, typeOf(kind).file, text), proposedName(kind));
+    QFileDialog* panel = showSavePanel(
+        filePanel(m_surroundings.mainView, title, exportedKinds(kind), text), proposedName(kind));
     connect(
         panel, &QDialog::finished, this, [this, kind, panel](int code) { exportChosen(kind, *panel, code); });
 }
@@ -82,21 +121,28 @@ QString ImportExport::proposedName(ItemKind kind) const {
 }
 
 void ImportExport::exportChosen(ItemKind kind, const QFileDialog& panel, int returnCode) {
-    if (returnCode == QDialog::Accepted)
-        exportItem(kind, chosenFile(panel));
+    if (returnCode != QDialog::Accepted)
+        return;
+    const bool withMacros =
+        kind == ItemKind::profile && panel.defaultSuffix() == QLatin1String(kProfilesWithMacros.extension);
+    exportItem(kind, chosenFile(panel), withMacros);
 }
 
-void ImportExport::exportItem(ItemKind kind, const QString& chosen) {
-    const plist::Dictionary& item = (m_context.document.*typeOf(kind).current)();
-    const QString path = withExtension(chosen, QLatin1String(typeOf(kind).file.extension));
-    // Whoever chose another name has not been asked whether this file may go.
-    const bool mayGo = path == chosen || !QFileInfo::exists(path);
-    const std::error_code error =
-        mayGo ? writeItemFile(item, nativePath(path)) : make_error_code(std::errc::file_exists);
-    const QString shown = shownPath(nativePath(path), m_surroundings.homeFolder);
-    if (error)
+void ImportExport::exportItem(ItemKind kind, const QString& chosen, bool withMacros) {
+    const Document& document = m_context.document;
+    const plist::Dictionary& item = (document.*typeOf(kind).current)();
+    const FileKind& file = withMacros ? kProfilesWithMacros : typeOf(kind).file;
+    const auto written =
+        writeChosen(chosen, QLatin1String(file.extension), [&](const std::filesystem::path& path) {
+            if (!withMacros)
+                return writeItemFile(item, path);
+            const auto index = static_cast<std::size_t>(document.profileIndex());
+            return writeBackup(backupOfProfile(document.tree(), index), path);
+        });
+    const QString shown = shownPath(written.path, m_surroundings.homeFolder);
+    if (written.error)
         m_context.notices.tell(Notice::outcome,
-            notExportedText(nameOfItem(item), shown, error, m_context.text), NoticeSign::warning);
+            notExportedText(nameOfItem(item), shown, written.error, m_context.text), NoticeSign::warning);
     else
         m_context.notices.tell(Notice::outcome, exportedText(kind, nameOfItem(item), shown, m_context.text),
             NoticeSign::information);
@@ -109,6 +155,10 @@ void ImportExport::importChosen(ItemKind kind, const QFileDialog& panel, int ret
 }
 
 void ImportExport::importFile(ItemKind kind, const QString& path) {
+    if (kind == ItemKind::profile && isBackup(path)) {
+        importProfileWithMacros(path);
+        return;
+    }
     const ReadItem read = typeOf(kind).read(nativePath(path));
     if (!mayImport(kind, read.fault, path))
         return;
@@ -118,6 +168,33 @@ void ImportExport::importFile(ItemKind kind, const QString& path) {
                                                      : m_context.text("Import Macro “^1”");
     append(read.item, actionName(action, nameOfItem(read.item)));
     tellOfImport(kind, read.item);
+}
+
+void ImportExport::importProfileWithMacros(const QString& path) {
+    const ReadBackup read = readBackup(nativePath(path));
+    if (read.fault == BackupFault::newerFormat) {
+        m_context.notices.tell(Notice::outcome,
+            notImportedNewerText(shownPath(nativePath(path), m_surroundings.homeFolder), m_context.text),
+            NoticeSign::warning);
+        return;
+    }
+    if (!mayImport(ItemKind::profile, faultOf(read.fault), path))
+        return;
+    Document& document = m_context.document;
+    const AddedProfile added = addProfile(document.tree(), read.backup,
+        {.profile = m_context.text("Untitled Profile").toStdU16String(),
+            .macro = m_context.text("Untitled Macro").toStdU16String()});
+    if (!added.index)
+        return;
+    document.editProfileIndex(static_cast<std::int32_t>(*added.index));
+    document.startInDefaultStage();
+    m_surroundings.showLists();
+    const QString name = nameOfItem(document.profile());
+    document.commit({.action = actionName(m_context.text("Import Profile “^1”"), name)});
+    const QString imported = importedText(ItemKind::profile, name, {}, m_context.text);
+    m_context.notices.tellUndoable(
+        withLeftOut(imported, leftOutTexts(added.leftOut, m_context.text), m_context.text),
+        added.leftOut.empty() ? NoticeSign::information : NoticeSign::warning);
 }
 
 bool ImportExport::mayImport(ItemKind kind, ItemFault fault, const QString& path) {

@@ -1,7 +1,5 @@
 #include "editors/files/ItemOutcomes.h"
 
-#include <QFile>
-
 #include "widgets/ShownText.h"
 
 namespace quorvi {
@@ -27,19 +25,6 @@ QString faultText(ItemKind kind, ItemFault fault, const PanelText& text) {
 }
 
 } // namespace
-
-QString shownPath(const std::filesystem::path& path, const std::filesystem::path& home) {
-    const std::filesystem::path fromHome = path.lexically_relative(home);
-    const bool isInside = !home.empty() && !fromHome.empty() && *fromHome.begin() != "..";
-    const std::filesystem::path folder = (isInside ? "~" / fromHome : path).parent_path();
-    const auto shown = [](const std::filesystem::path& part) {
-        return shownText(QFile::decodeName(part.c_str()));
-    };
-    QString name = shown(path.filename());
-    if (folder.empty())
-        return name;
-    return folder == "/" ? QLatin1Char('/') + name : shown(folder) + QLatin1Char('/') + name;
-}
 
 QString exportedText(ItemKind kind, const QString& name, const QString& path, const PanelText& text) {
     const QString exported = kind == ItemKind::profile ? text("The profile “^1” was exported to ^2.")
@@ -75,6 +60,11 @@ QString importedText(
 
 QString notImportedText(ItemKind kind, const QString& path, ItemFault fault, const PanelText& text) {
     const QString failed = faultText(kind, fault, text);
+    return filledText(failed, {nameWithin(failed, path)});
+}
+
+QString notImportedNewerText(const QString& path, const PanelText& text) {
+    const QString failed = text("^1 was not imported: a newer version has written it.");
     return filledText(failed, {nameWithin(failed, path)});
 }
 

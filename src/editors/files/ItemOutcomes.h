@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include <filesystem>
+#include <system_error>
 #include <vector>
 
 #include "model/ItemFile.h"
@@ -14,10 +14,7 @@ namespace quorvi {
 
 enum class ItemKind : std::uint8_t { profile, macro };
 
-/// The path as users write it: from their home folder where it is in there. Long names are cut.
-[[nodiscard]] QString shownPath(const std::filesystem::path& path, const std::filesystem::path& home);
-
-/// What was exported, and where to, as shownPath() gives it.
+/// What was exported, and where to, as shownPath() of window/ShownPath.h gives it.
 [[nodiscard]] QString exportedText(
     ItemKind kind, const QString& name, const QString& path, const PanelText& text);
 /// Why it was not.
@@ -30,6 +27,8 @@ enum class ItemKind : std::uint8_t { profile, macro };
 /// Why the file, as shownPath() gives it, was not imported.
 [[nodiscard]] QString notImportedText(
     ItemKind kind, const QString& path, ItemFault fault, const PanelText& text);
+/// Why a profile with its macros was not: a later version wrote the file.
+[[nodiscard]] QString notImportedNewerText(const QString& path, const PanelText& text);
 /// There are as many items as there can be.
 [[nodiscard]] QString listFullText(ItemKind kind, const QString& path, const PanelText& text);
 

@@ -1,4 +1,4 @@
-#include "editors/files/ItemPanel.h"
+#include "window/ItemPanel.h"
 
 #include <QLineEdit>
 

@@ -1,11 +1,12 @@
-#include "editors/files/FilePanels.h"
+#include "window/FilePanels.h"
 
 #include <QApplication>
 #include <QStandardPaths>
 #include <QWindow>
 
-#include "editors/files/ItemPanel.h"
 #include "widgets/ShownText.h"
+#include "window/ItemPanel.h"
+#include "window/ShownPath.h"
 
 namespace quorvi {
 
@@ -15,6 +16,13 @@ namespace {
 QString documentsFolder() {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+QString filterOf(const FileKind& kind, const PanelText& text) {
+    QString patterns = QStringLiteral("*.") + QLatin1String(kind.extension);
+    if (kind.also)
+        patterns += QStringLiteral(" *.") + QLatin1String(kind.also);
+    return QStringLiteral("%1 (%2)").arg(text(kind.plural), patterns);
 }
 
 void setActive(QWidget* window) {
@@ -40,12 +48,20 @@ void returnFocusAfter(const QFileDialog* panel, QWidget* window) {
 } // namespace
 
 QFileDialog* filePanel(
-    const QWidget& view, const QString& title, const FileKind& kind, const PanelText& text) {
+    const QWidget& view, const QString& title, const std::vector<FileKind>& kinds, const PanelText& text) {
     auto* panel = new ItemPanel(view.window(), title);
     panel->setAttribute(Qt::WA_DeleteOnClose);
     returnFocusAfter(panel, view.window());
-    panel->setNameFilter(QStringLiteral("%1 (*.%2)").arg(text(kind.plural), QLatin1String(kind.extension)));
-    panel->setDefaultSuffix(QLatin1String(kind.extension));
+    QStringList filters;
+    for (const FileKind& kind : kinds)
+        filters << filterOf(kind, text);
+    panel->setNameFilters(filters);
+    panel->setDefaultSuffix(QLatin1String(kinds.front().extension));
+    QObject::connect(
+        panel, &QFileDialog::filterSelected, panel, [panel, filters, kinds](const QString& filter) {
+            if (const auto index = filters.indexOf(filter); index >= 0)
+                panel->setDefaultSuffix(QLatin1String(kinds[static_cast<std::size_t>(index)].extension));
+        });
     // The folder that was used last in this session, which Qt remembers, else the documents.
     if (panel->directory() == QDir::current())
         panel->setDirectory(documentsFolder());
@@ -65,6 +81,13 @@ QFileDialog* showSavePanel(QFileDialog* panel, const QString& name) {
     panel->selectFile(fileNameFor(shownText(name), panel->defaultSuffix()));
     panel->open();
     return panel;
+}
+
+WrittenFile writeChosen(const QString& chosen, const QString& extension,
+    const std::function<std::error_code(const std::filesystem::path& path)>& write) {
+    const QString path = withExtension(chosen, extension);
+    const bool mayGo = path == chosen || !QFileInfo::exists(path);
+    return {nativePath(path), mayGo ? write(nativePath(path)) : make_error_code(std::errc::file_exists)};
 }
 
 } // namespace quorvi
