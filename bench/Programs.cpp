@@ -13,8 +13,9 @@
 namespace quorvi::bench {
 
 void becomeNewUser(const std::string& home) {
-    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "QT_QPA_PLATFORM",
-             "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "XDG_CURRENT_DESKTOP", "WAYLAND_DISPLAY"})
+    for (const char* variable :
+        {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "QT_QPA_PLATFORM",
+            "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "XDG_CURRENT_DESKTOP", "WAYLAND_DISPLAY"})
         unsetenv(variable);
     setenv("HOME", home.c_str(), 1);
     if (!saveSettings(fullConfiguration(), userSettingsPath(home)))

@@ -103,6 +103,11 @@ void Document::takeOthersOver() {
     m_owner.undoHasChanged();
 }
 
+void Document::takeRepairsOver() {
+    m_actions.takeRepairsOver(fDeviceConfig);
+    m_owner.undoHasChanged();
+}
+
 void Document::changeQuietly(const std::function<void()>& change) {
     const bool isNoted = m_actions.isAt(fDeviceConfig);
     change();

@@ -112,6 +112,8 @@ class Document {
 
     /// The tree is what others have made of it: it was read, or a save has brought their changes along.
     void takeOthersOver();
+    /// The same of what the panel itself has put in order in it.
+    void takeRepairsOver();
     /// Makes a change that is no action of the user's: the mouse's own, say. What the user is at stays to be
     /// noted.
     void changeQuietly(const std::function<void()>& change);

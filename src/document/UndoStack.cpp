@@ -41,36 +41,56 @@ void UndoStack::takeOver(const Dictionary& tree) {
         m_group = Group::begun;
 }
 
+void UndoStack::takeRepairsOver(const Dictionary& tree) {
+    const Dictionary before = m_last;
+    takeOver(tree);
+    const auto takeOverInto = [&](Dictionary& state) {
+        if (snapshotOf(before, state).isSameAs(state))
+            state = m_last;
+    };
+    if (!m_done.empty())
+        takeOverInto(m_done.back().after);
+    if (!m_undone.empty())
+        takeOverInto(m_undone.back().before);
+}
+
 bool UndoStack::note(const Dictionary& tree, const std::u16string& action) {
     const Dictionary now = snapshotOf(tree, m_last);
     if (now.isSameAs(m_last))
         return false;
-    if (!m_last) {
-        m_last = now;
+    const Dictionary before = std::exchange(m_last, now);
+    if (!before)
         return false;
-    }
     if (m_group == Group::noted) {
         m_done.back().after = now;
-    } else {
-        m_done.push_back({action, m_last, now});
-        if (m_done.size() > kMostActions)
-            m_done.pop_front();
-        if (m_group == Group::begun)
-            m_group = Group::noted;
+        return true;
     }
-    m_undone.clear();
-    m_last = now;
+    m_done.push_back({action, before, now});
+    m_undoneBefore = std::exchange(m_undone, {});
+    if (m_group == Group::begun)
+        m_group = Group::noted;
+    else
+        forgetOldest();
     return true;
 }
 
 void UndoStack::endGroup() {
     if (m_group == Group::noted) {
-        Action& action = m_done.back();
-        if (snapshotOf(action.after, action.before)
-                .isSameAs(action.before)) // it has come back to where it was
+        const Action& action = m_done.back();
+        const bool hasComeBack = snapshotOf(action.after, action.before).isSameAs(action.before);
+        if (hasComeBack) {
             m_done.pop_back();
+            m_undone = std::exchange(m_undoneBefore, {});
+        }
+        forgetOldest();
     }
     m_group = Group::none;
+}
+
+void UndoStack::forgetOldest() {
+    m_undoneBefore.clear();
+    if (m_done.size() > kMostActions)
+        m_done.pop_front();
 }
 
 bool UndoStack::isAt(const Dictionary& tree) const {

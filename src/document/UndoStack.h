@@ -41,6 +41,9 @@ class UndoStack {
 
     /// The tree is what it is through others: read from the file, or joined with what they wrote there.
     void takeOver(const plist::Dictionary& tree);
+    /// The panel has put in order what the last action has left in the tree, or what undoing it has. That
+    /// belongs to the action.
+    void takeRepairsOver(const plist::Dictionary& tree);
     /// The user has done this to the tree since the last call of these two. Nothing is noted when the tree is
     /// as it was, or none was taken over before. There is nothing to be done again any more. Whether the
     /// tree is another one.
@@ -70,6 +73,7 @@ class UndoStack {
     };
     using Actions = std::deque<Action>;
 
+    void forgetOldest();
     [[nodiscard]] UndoOffer offer(const Actions& actions, Direction direction) const;
     [[nodiscard]] plist::Dictionary treeWithout(
         const Action& action, Direction direction, const plist::Dictionary& now) const;
@@ -77,6 +81,8 @@ class UndoStack {
 
     Actions m_done;   ///< the last one at the end
     Actions m_undone; ///< the next one to be done again at the end
+    /// What could be done again before the group that has been begun, which may yet turn out to be no action.
+    Actions m_undoneBefore;
     plist::Dictionary m_last;
     Group m_group = Group::none;
 };

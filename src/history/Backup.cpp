@@ -90,6 +90,10 @@ Backup backupOfProfile(const Dictionary& tree, std::size_t profile) {
     return {plist::mutableDeepCopy(part), BackupContents::oneProfile};
 }
 
+bool canBeRestored(const Backup& backup) {
+    return hasContents(backup.tree, backup.contents);
+}
+
 std::optional<std::string> backupBytes(const Backup& backup) {
     if (!backup)
         return std::nullopt;
@@ -97,7 +101,7 @@ std::optional<std::string> backupBytes(const Backup& backup) {
     const auto bytesOfText = [&] {
         return std::span(reinterpret_cast<const std::uint8_t*>(text->data()), text->size());
     };
-    if (!text || text->size() > kBackupBytes || !plist::isBounded(bytesOfText(), kBounds))
+    if (!text || !plist::isBounded(bytesOfText(), kBounds))
         return std::nullopt;
     return text;
 }

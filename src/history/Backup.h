@@ -41,6 +41,10 @@ struct Backup {
 /// such profile.
 [[nodiscard]] Backup backupOfProfile(const plist::Dictionary& tree, std::size_t profile);
 
+/// Whether reading the file that the backup is written into gives a backup again: it holds valid settings
+/// with a whole profile at least.
+[[nodiscard]] bool canBeRestored(const Backup& backup);
+
 /// The bytes of the file; nothing without a tree, and for one beyond kBackupBytes or kBackupValues.
 [[nodiscard]] std::optional<std::string> backupBytes(const Backup& backup);
 

@@ -13,6 +13,9 @@ using std::chrono::milliseconds;
 using std::chrono::sys_time;
 
 constexpr std::array<std::string_view, 3> kReasons{"day", "deletion", "restore"};
+/// What the system's clock can say, in nanoseconds.
+constexpr std::chrono::year kFirstYear{1970};
+constexpr std::chrono::year kLastYear{2261};
 constexpr std::size_t kLengthOfTime = 25; ///< "2026-11-22T17-33-05.123Z-"
 
 std::string nameOf(sys_time<milliseconds> time, CopyReason reason) {
@@ -41,7 +44,7 @@ sys_time<milliseconds> timeIn(std::string_view name) {
     using namespace std::chrono;
     const year_month_day date(year(numberAt(name, 0, 4)), month(static_cast<unsigned>(numberAt(name, 5, 2))),
         day(static_cast<unsigned>(numberAt(name, 8, 2))));
-    if (!date.ok())
+    if (!date.ok() || date.year() < kFirstYear || date.year() > kLastYear)
         return {};
     return sys_days(date) + hours(numberAt(name, 11, 2)) + minutes(numberAt(name, 14, 2)) +
            seconds(numberAt(name, 17, 2)) + milliseconds(numberAt(name, 20, 3));

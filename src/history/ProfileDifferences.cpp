@@ -153,12 +153,14 @@ class ProfileComparison {
     }
 
     void compareLights() {
-        const auto [was, is] = m_profile.take(keys::ledState);
-        const std::int32_t changed = was.integer() ^ is.integer();
+        const auto taken = m_profile.take(keys::ledState);
+        const std::int32_t was = taken.first.integer();
+        const std::int32_t is = taken.second.integer();
+        const std::int32_t changed = was ^ is;
         const auto compareLight = [&](std::int32_t light, const char16_t* pattern) {
             if ((changed & light) != 0)
-                m_list.add(changePhrase(subject(pattern), onOrOff((was.integer() & light) != 0),
-                    onOrOff((is.integer() & light) != 0)));
+                m_list.add(
+                    changePhrase(subject(pattern), onOrOff((was & light) != 0), onOrOff((is & light) != 0)));
         };
         compareLight(lights::wheel, u"Light on the wheel in “^1”");
         compareLight(lights::battery, u"Light on the battery indicator in “^1”");

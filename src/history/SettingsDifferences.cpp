@@ -12,7 +12,7 @@ using plist::Value;
 
 Phrase currentProfilePhrase(std::int32_t number, const Array& profiles) {
     const Dictionary profile = profiles.dictionary(static_cast<std::size_t>(indexOfNumber(number)));
-    return profile ? namePhrase(profile.string(keys::name)) : plainPhrase(number);
+    return profile ? namePhrase(profile.string(keys::name)) : patternPhrase(u"Missing profile");
 }
 
 /// Whether another profile is the current one.

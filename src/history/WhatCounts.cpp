@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <span>
 #include <string_view>
 
+#include "history/Matches.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
 #include "model/PointerSpeed.h"
@@ -60,11 +62,15 @@ Value dictionaryOf(const Value& value) {
     return reading(value.dictionary(), known);
 }
 
-template <const auto& known>
+constexpr auto kAll = std::numeric_limits<std::size_t>::max();
+
+/// Those of the list's items. What a file holds of one byte may read as a profile of kilobytes, so of
+/// profiles and macros those that are not looked into stay as they are.
+template <const auto& known, std::size_t most = kAll>
 Value listOf(const Value& value) {
     const auto read = Array::create();
     for (const Value& item : value.array().items())
-        read.append(dictionaryOf<known>(item));
+        read.append(read.size() < most ? dictionaryOf<known>(item) : item);
     return read;
 }
 
@@ -103,8 +109,9 @@ constexpr std::array kSettings{KnownKey{keys::profileId, wholeNumber},
     KnownKey{keys::dpiX, wholeNumber}, KnownKey{keys::dpiY, wholeNumber},
     KnownKey{keys::independentXY, truth}};
 constexpr std::array kTree{KnownKey{keys::version, wholeNumber}, KnownKey{keys::firmware, nullptr},
-    KnownKey{keys::settings, dictionaryOf<kSettings>}, KnownKey{keys::profiles, listOf<kProfile>},
-    KnownKey{keys::macros, listOf<kMacro>}};
+    KnownKey{keys::settings, dictionaryOf<kSettings>},
+    KnownKey{keys::profiles, listOf<kProfile, mostMatched>},
+    KnownKey{keys::macros, listOf<kMacro, mostMatched>}};
 
 } // namespace
 

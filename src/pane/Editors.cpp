@@ -57,7 +57,8 @@ Editors::Editors(const Panel& panel)
                   [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kProfilesTab); },
               .showMacrosTab =
                   [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kMacrosTab); },
-              .profileInUse = [this, context = panel.context] { return profileInUse(*this, context); }}),
+              .profileInUse = [this, context = panel.context] { return profileInUse(*this, context); },
+              .defaultSettings = [this] { return session.defaults(); }}),
       sensitivity(panel.context, sensitivityViews(panel.views)),
       stages(panel.context, stagesViews(panel.views)),
       device(panel.context, deviceViews(panel.views), [this] { return session.defaults(); }),

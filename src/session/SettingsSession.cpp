@@ -40,6 +40,7 @@ void SettingsSession::close() {
     }
     if (!m_document.tree())
         m_file.forget();
+    m_isFollowed = false;
     m_mergedUnshown = false;
     m_document.editProfileIndex(-1);
     m_document.editMacroIndex(-1);
@@ -67,7 +68,12 @@ void SettingsSession::readAfresh() {
 }
 
 void SettingsSession::showFile(Repairs repairs) {
+    // What only the panel has put in order since the file was read, or saved, is no one's change. Nothing is
+    // known of a file that was not followed.
+    const bool isOthers = !std::exchange(m_isFollowed, true) || othersChangedSettings(m_file);
     m_document.setTree(load());
+    if (isOthers)
+        m_document.takeOthersOver();
     m_unsavedEdits = m_saveHasFailed = false;
     cleanUpSettings(m_document.tree());
     show(repairs, -1);
@@ -81,7 +87,7 @@ void SettingsSession::show(Repairs repairs, std::int32_t macroIndex) {
     m_document.alignIndependentAxes();
     const bool repaired = m_document.alignStageWithSettings();
     m_document.commit({.saving = repaired && repairs == Repairs::saved ? Saving::now : Saving::never});
-    m_document.takeOthersOver();
+    m_document.takeRepairsOver();
 }
 
 bool SettingsSession::save(const plist::Dictionary& tree) {

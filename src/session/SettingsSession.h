@@ -113,6 +113,7 @@ class SettingsSession final : public QObject {
     ConfigFile m_file;
     FileWatcher m_watcher;
     bool m_isOpen = false;
+    bool m_isFollowed = false;    ///< what others have changed in the file since it was read last is known
     bool m_isDragging = false;    ///< the mouse is down on a slider
     bool m_syncPending = false;   ///< the file was written and is not known to be on the disk
     bool m_unsavedEdits = false;  ///< the tree holds changes of the user's that no file has yet

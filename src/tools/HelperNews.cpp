@@ -7,15 +7,10 @@
 
 namespace quorvi::tools {
 
-namespace {
-
-/// Also by another name, through a link for instance.
 bool isFileOfThisUser(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::equivalent(file, userSettingsPath(homeFolder()), error);
 }
-
-} // namespace
 
 void tellHelperOfSave(const plist::Dictionary& tree, const std::filesystem::path& file) {
     if (!isFileOfThisUser(file))

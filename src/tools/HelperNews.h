@@ -7,6 +7,10 @@
 
 namespace quorvi::tools {
 
+/// Whether it is the settings file of the user who runs this, also by another name, through a link for
+/// instance.
+[[nodiscard]] bool isFileOfThisUser(const std::filesystem::path& file);
+
 /// The tree was written to the file. When that is the file of the user who runs this, the helper is told as
 /// the panel would tell it, so that the mouse gets the settings; nothing is said when no helper runs.
 /// Waits two seconds at most, for a bus that does not answer.

@@ -8,6 +8,9 @@
 #include "model/Limits.h"
 #include "model/Lookups.h"
 #include "plist/DeepCopy.h"
+#include "tools/BackupTexts.h"
+#include "tools/Backups.h"
+#include "tools/EarlierSettings.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Listing.h"
@@ -101,6 +104,7 @@ Outcome add(const Kind& kind, const plist::Dictionary& item, const std::string& 
         added = plist::mutableDeepCopy(item); // its name depends on the others there
         appendItem(list, added, kind.defaultName);
         changed = tree;
+        keepCopyBefore(settings, CopyReason::firstChangeOfDay);
         return true;
     });
     if (error != 0)
@@ -119,6 +123,9 @@ plist::Dictionary itemOf(const Kind& kind, const plist::Dictionary& tree, std::u
     const int index = KyvarFindMacroInArray(static_cast<std::int32_t>(number), nullptr, list);
     return index >= 0 ? list.dictionary(static_cast<std::size_t>(index)) : plist::Dictionary();
 }
+
+/// The place of the option behind the arguments of export.
+constexpr std::size_t kWithMacros = 4;
 
 struct ListedProfile {
     std::size_t number;
@@ -187,6 +194,11 @@ Outcome importItem(const Arguments& arguments) {
         return refused(settings.fault);
     if (const std::string fault = faultOfFile(arguments[1]); !fault.empty())
         return refused(faultOf(arguments[1], fault));
+    const ReadBackup read = readBackup(arguments[1]);
+    if (read)
+        return importBackup(arguments[0], read.backup, arguments[1]);
+    if (read.fault == BackupFault::newerFormat)
+        return refused(faultOf(arguments[1], text(read.fault)));
     const FoundItem found = itemIn(arguments[1]);
     if (!found.read)
         return refused(faultOf(arguments[1], text(found.read.fault)));
@@ -195,8 +207,10 @@ Outcome importItem(const Arguments& arguments) {
 
 Outcome exportItem(const Arguments& arguments) {
     const bool isProfile = arguments[1] == kProfile.name;
-    if (!isProfile && arguments[1] != kMacro.name)
-        return misused("export takes SETTINGS.plist profile|macro NUMBER FILE");
+    const bool takesMacros = arguments.size() > kWithMacros;
+    if ((!isProfile && (arguments[1] != kMacro.name || takesMacros)) ||
+        (takesMacros && arguments[kWithMacros] != "--with-macros"))
+        return misused("export takes SETTINGS.plist profile|macro NUMBER FILE [--with-macros]");
     const auto number = numberIn(arguments[2]);
     if (!number)
         return misused(arguments[2] + " is no number of 32 bits, decimal or 0x");
@@ -206,6 +220,8 @@ Outcome exportItem(const Arguments& arguments) {
     const plist::Dictionary item = itemOf(isProfile ? kProfile : kMacro, settings.value, *number);
     if (!item)
         return refused(faultOf(arguments[0], "it holds no " + arguments[1] + " " + std::to_string(*number)));
+    if (takesMacros)
+        return writeBackupTo(backupOfProfile(settings.value, *number - 1), arguments[3]);
     if (const std::error_code error = writeItemFile(item, arguments[3]))
         return refused(faultOf(arguments[3], "it cannot be written: " + error.message()));
     return done();

@@ -30,27 +30,27 @@ std::string inQuotes(std::string_view utf8) {
 
 Json::Json(std::string_view utf8) : Json(std::u16string_view(toUtf16(utf8))) {}
 
-Json::Json(std::u16string_view utf16) : m_text(inQuotes(toUtf8(utf16))) {}
+Json::Json(std::u16string_view utf16) : m_json(inQuotes(toUtf8(utf16))) {}
 
 Json Json::array(const std::vector<Json>& items) {
     Json list;
-    list.m_text = "[";
+    list.m_json = "[";
     for (const Json& item : items)
-        list.m_text.append(list.m_text.size() > 1 ? "," : "").append(item.m_text);
-    list.m_text += ']';
+        list.m_json.append(list.m_json.size() > 1 ? "," : "").append(item.m_json);
+    list.m_json += ']';
     return list;
 }
 
 Json Json::object(std::initializer_list<Member> members) {
     Json dictionary;
-    dictionary.m_text = "{";
+    dictionary.m_json = "{";
     for (const auto& [key, value] : members)
-        dictionary.m_text.append(dictionary.m_text.size() > 1 ? "," : "")
+        dictionary.m_json.append(dictionary.m_json.size() > 1 ? "," : "")
             .append(1, '"')
             .append(key)
             .append("\":")
-            .append(value.m_text);
-    dictionary.m_text += '}';
+            .append(value.m_json);
+    dictionary.m_json += '}';
     return dictionary;
 }
 

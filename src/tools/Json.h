@@ -17,9 +17,9 @@ class Json {
     using Member = std::pair<std::string_view, Json>;
 
     Json() = default; ///< null
-    Json(bool value) : m_text(value ? "true" : "false") {}
+    Json(bool value) : m_json(value ? "true" : "false") {}
     template <std::integral Number>
-    requires(!std::same_as<Number, bool>) Json(Number value) : m_text(std::to_string(value)) {}
+    requires(!std::same_as<Number, bool>) Json(Number value) : m_json(std::to_string(value)) {}
     Json(std::string_view utf8);
     Json(const std::string& utf8) : Json(std::string_view(utf8)) {}
     Json(const char* utf8) : Json(std::string_view(utf8)) {}
@@ -32,10 +32,10 @@ class Json {
     /// The members in this order. Keys are ASCII without quotation marks and backslashes.
     [[nodiscard]] static Json object(std::initializer_list<Member> members);
 
-    [[nodiscard]] const std::string& text() const { return m_text; }
+    [[nodiscard]] const std::string& text() const { return m_json; }
 
   private:
-    std::string m_text = "null";
+    std::string m_json = "null";
 };
 
 /// The text, or null for an empty one.

@@ -5,7 +5,7 @@
 #include "base/Unicode.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "keyboard/KeyNames.h"
-#include "layouts/LiveKeyboardLayout.h"
+#include "tools/DifferenceLines.h"
 #include "tools/Input.h"
 #include "tools/Verbs.h"
 
@@ -40,9 +40,7 @@ Outcome keyName(const Arguments& arguments) {
         return refused(arguments[0] + " is no key code; the highest is 255");
     if (*mask > kHighestMask)
         return refused(maskArgument + " is no modifier mask; the highest is 0xFFFF");
-    SetCurrentKeyboardLayout(keyboardLayoutOfEnvironment()->layout());
-    // Without a layout, the keys that have names of their own still have them.
-    GetKeyboardInformation(nullptr);
+    nameKeysOfEnvironment();
     std::printf("%s\n", toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
     return done();
 }

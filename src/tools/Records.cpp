@@ -8,6 +8,7 @@
 #include "model/ConfigMapping.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
+#include "tools/EarlierSettings.h"
 #include "tools/HelperNews.h"
 #include "tools/Input.h"
 #include "tools/Json.h"
@@ -63,6 +64,7 @@ Outcome decode(const Arguments& arguments) {
     const auto record = std::make_unique<ConfigRecord>();
     std::memcpy(record.get(), bytes.value.data(), sizeof *record);
     const plist::Dictionary tree = KyvarConfigStructToDict(record.get());
+    keepCopyBefore(arguments[1], CopyReason::beforeRestore);
     if (!KyvarSaveConfigToFile(keys::storage, tree, arguments[1]))
         return refused(faultOf(arguments[1], "it cannot be written"));
     tellHelperOfSave(tree, arguments[1]);

@@ -24,6 +24,10 @@ enum class Format : std::uint8_t { text, json };
 [[nodiscard]] Outcome decode(const Arguments& arguments);
 /// SETTINGS.plist: says whether the panel and the device take the settings.
 [[nodiscard]] Outcome check(const Arguments& arguments, Format format);
+/// FILE [SETTINGS.plist] [--check]: makes the settings file, else the user's, hold the settings of the file,
+/// which is another settings file or a backup of everything. Prints whether that changed anything; when
+/// nothing differs, nothing is written and nobody told. With --check nothing is in any case.
+[[nodiscard]] Outcome apply(const Arguments& arguments, Format format);
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
@@ -36,8 +40,20 @@ enum class Format : std::uint8_t { text, json };
 [[nodiscard]] Outcome macros(const Arguments& arguments, Format format);
 /// SETTINGS.plist FILE: adds the profile or macro in the file and prints the name that it got.
 [[nodiscard]] Outcome importItem(const Arguments& arguments);
-/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file.
+/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file. With
+/// --with-macros behind it a profile and the macros that it runs.
 [[nodiscard]] Outcome exportItem(const Arguments& arguments);
+
+// Everything in one file, and the dated copies of the user's settings.
+
+/// SETTINGS.plist FILE: writes all settings into the file.
+[[nodiscard]] Outcome backup(const Arguments& arguments);
+/// SETTINGS.plist FILE: makes the settings what the file holds, and says what was left out.
+[[nodiscard]] Outcome restore(const Arguments& arguments);
+/// Nothing: prints number, date and reason of each copy, the newest first. show NUMBER: prints the profiles
+/// and macros in it, and what is different in the user's settings. restore SETTINGS.plist NUMBER: makes the
+/// settings what it holds.
+[[nodiscard]] Outcome history(const Arguments& arguments, Format format);
 
 // The table of functions.
 

@@ -1,6 +1,8 @@
 #include "widgets/MenuItems.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
 #include <QVariant>
@@ -152,6 +154,10 @@ bool keyOpensMenu(int key) {
     return key == Qt::Key_Space || key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_F4;
 }
 
+bool keyOpensContextMenu(const QKeyEvent& event) {
+    return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+}
+
 void closeWhenChosen(QMenu& menu) {
     QObject::connect(&menu, &QMenu::triggered, &menu, &QMenu::hide);
 }
@@ -160,8 +166,13 @@ void activateFirstItem(QMenu& menu) {
     const auto items = menu.actions();
     const auto first = std::find_if(items.begin(), items.end(),
         [](const QAction* item) { return item->isVisible() && item->isEnabled() && !item->isSeparator(); });
-    if (first != items.end())
-        menu.setActiveAction(*first);
+    if (first == items.end())
+        return;
+    if (!(*first)->menu())
+        return menu.setActiveAction(*first);
+    // By the call its submenu would open at once.
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(&menu, &down);
 }
 
 std::unique_ptr<QMenu> copyOfMenu(const QMenu& menu) {

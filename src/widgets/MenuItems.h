@@ -10,6 +10,7 @@
 #include <optional>
 
 class QAction;
+class QKeyEvent;
 class QMenu;
 class QPoint;
 class QRect;
@@ -64,6 +65,9 @@ void markItem(QAction& item, bool marked);
 /// Whether the key opens the menu of a button with the focus: Space, the arrows up and down, alone or with
 /// others, and F4.
 [[nodiscard]] bool keyOpensMenu(int key);
+/// Whether the key, beside the menu key, opens the context menu of what has the focus: Qt knows that one
+/// alone.
+[[nodiscard]] bool keyOpensContextMenu(const QKeyEvent& event);
 /// Has the menu close, with its submenus, whoever chose an item of it: an assistive program only triggers the
 /// item.
 void closeWhenChosen(QMenu& menu);

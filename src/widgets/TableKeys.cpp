@@ -15,8 +15,7 @@ bool TableKeys::pressed(const QKeyEvent& event) {
         return true;
     if (selectCurrentRow(event.key()))
         return true;
-    // Qt knows the menu key alone.
-    if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier)
+    if (!keyOpensContextMenu(event))
         return false;
     openMenu();
     return true;

@@ -2,14 +2,12 @@
 // before as many actions, with what another program has written since.
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <random>
 
 #include "document/UndoStack.h"
 #include "model/SettingsDocument.h"
 #include "model/Trees.h"
-#include "plist/DeepCopy.h"
-#include "plist/Writer.h"
+#include "proof/UndoWitness.h"
 
 namespace quorvi {
 namespace {
@@ -26,54 +24,38 @@ class RandomUndo : public testing::TestWithParam<std::uint32_t> {
     }
 
     void act() {
-        m_before.push_back(plist::mutableDeepCopy(m_live));
-        if (m_before.size() > UndoStack::kMostActions)
-            m_before.pop_front();
-        m_after.clear();
-        do {
-            change();
-            cleanUpSettings(m_live); // as after every removal
-        } while (bytes(m_live) == bytes(m_before.back()));
+        m_witness.beginAction(m_live);
+        change();
+        cleanUpSettings(m_live); // as after every removal
         m_stack.note(m_live, u"Something");
+        m_witness.noteAction(m_live);
     }
 
     void undo() {
-        if (m_before.empty()) {
-            ASSERT_FALSE(m_stack.undo(m_live));
-            return;
-        }
-        m_after.push_back(plist::mutableDeepCopy(m_live));
-        ASSERT_TRUE(m_stack.undo(m_live));
-        ASSERT_EQ(bytes(m_live), bytes(m_before.back()));
-        m_before.pop_back();
+        const bool can = m_witness.canUndo();
+        const std::string expected = can ? m_witness.undo(m_live) : UndoWitness::bytesOf(m_live);
+        ASSERT_EQ(bool(m_stack.undo(m_live)), can);
+        ASSERT_EQ(UndoWitness::bytesOf(m_live), expected);
     }
 
     void redo() {
-        if (m_after.empty()) {
-            ASSERT_FALSE(m_stack.redo(m_live));
-            return;
-        }
-        m_before.push_back(plist::mutableDeepCopy(m_live));
-        ASSERT_TRUE(m_stack.redo(m_live));
-        ASSERT_EQ(bytes(m_live), bytes(m_after.back()));
-        m_after.pop_back();
+        const bool can = m_witness.canRedo();
+        const std::string expected = can ? m_witness.redo(m_live) : UndoWitness::bytesOf(m_live);
+        ASSERT_EQ(bool(m_stack.redo(m_live)), can);
+        ASSERT_EQ(UndoWitness::bytesOf(m_live), expected);
     }
 
     /// Another program changes what the user does not.
     void write() {
         const auto firmware = std::int32_t(below(1000));
         m_live.set("firmware", firmware);
-        for (const auto* trees : {&m_before, &m_after})
-            for (const Dictionary& tree : *trees)
-                tree.set("firmware", firmware);
+        m_witness.othersSet("firmware", firmware);
         m_stack.takeOver(m_live);
     }
 
     std::uint32_t below(std::size_t count) { return std::uint32_t(m_random() % count); }
 
   private:
-    static std::string bytes(const Dictionary& tree) { return plist::writeXml(tree).value(); }
-
     void change() {
         const Array macros = m_live.array("macros");
         const Array profiles = m_live.array("profiles");
@@ -114,8 +96,7 @@ class RandomUndo : public testing::TestWithParam<std::uint32_t> {
     int m_next = 8;
     Dictionary m_live = tree(list({profile(u"A"), profile(u"B")}), list({macro(7)}));
     UndoStack m_stack;
-    std::deque<Dictionary> m_before; ///< each action's
-    std::deque<Dictionary> m_after;  ///< of those that were taken back
+    UndoWitness m_witness;
 };
 
 TEST_P(RandomUndo, leadsBackAndForthByteForByte) {

@@ -149,6 +149,18 @@ TEST_F(UndoStackTest, aGroupThatComesBackToItsBeginningIsNoAction) {
     EXPECT_EQ(stack.undoOffer().able, Undoable::nothing);
 }
 
+TEST_F(UndoStackTest, aGroupThatIsNoActionLeavesWhatCanBeDoneAgain) {
+    rename(u"X");
+    stack.undo(live);
+    stack.beginGroup();
+    rename(u"Y");
+    rename(u"A");
+    stack.endGroup();
+    ASSERT_EQ(stack.redoOffer().action, u"Rename to X");
+    stack.redo(live);
+    EXPECT_EQ(name(), u"X");
+}
+
 TEST_F(UndoStackTest, aGroupDoesNotReachBackToTheActionBefore) {
     rename(u"X");
     stack.beginGroup();
@@ -227,6 +239,34 @@ TEST_F(UndoStackTest, theStageThatTheMouseHasSwitchedToStays) {
     EXPECT_EQ(profileOf(0).array("stages").dictionary(0).integer("dpix"), 400);
     EXPECT_EQ(settings.integer("stage"), 2);
     EXPECT_EQ(settings.integer("dpix"), 800);
+}
+
+TEST_F(UndoStackTest, whatThePanelPutsInOrderBelongsToTheAction) {
+    const std::string before = bytes();
+    live.array("profiles").remove(1);
+    stack.note(live, u"Delete");
+    profileOf(0).array("stages").dictionary(0).set("dpix", 1234);
+    stack.takeRepairsOver(live);
+    const std::string after = bytes();
+    EXPECT_EQ(stack.undoOffer().able, Undoable::yes);
+    stack.undo(live);
+    EXPECT_EQ(bytes(), before);
+    live.set("version", 7); // and of what undoing has left
+    stack.takeRepairsOver(live);
+    stack.redo(live);
+    EXPECT_EQ(bytes(), after);
+}
+
+TEST_F(UndoStackTest, repairsOfWhatOthersHaveWrittenAreTheirs) {
+    rename(u"X");
+    profileOf(1).set("name", u"Theirs");
+    stack.takeOver(live);
+    profileOf(1).set("ledstate", 0);
+    stack.takeRepairsOver(live);
+    stack.undo(live);
+    EXPECT_EQ(name(), u"A");
+    EXPECT_EQ(profileOf(1).string("name"), u"Theirs");
+    EXPECT_EQ(profileOf(1).integer("ledstate"), 0);
 }
 
 TEST_F(UndoStackTest, saysWhetherItHasSeenTheTree) {

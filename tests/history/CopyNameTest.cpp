@@ -29,13 +29,15 @@ TEST(NameOfACopy, isReadBack) {
 }
 
 TEST(NameOfACopy, isNoOther) {
-    for (const char* name : {"", "day.quorviSettings", "2026-11-02T12-00-05.061Z-.quorviSettings",
-             "2026-11-02T12-00-05.061Z-day.quorviSettings ", "2026-11-02T12-00-05.061Z-day.plist",
-             "2026-11-02T12-00-05.061Z-Day.quorviSettings", "2026-02-30T12-00-05.061Z-day.quorviSettings",
-             "2026-11-02T24-00-05.061Z-day.quorviSettings", "2026-11-02T12-60-05.061Z-day.quorviSettings",
-             "2026-11-02T12:00:05.061Z-day.quorviSettings", "+026-11-02T12-00-05.061Z-day.quorviSettings",
-             "2026-11-02T12-00-05.061Z-day.quorviSettings/../x", "../2026-11-02T12-00-05.061Z-day",
-             "-----------------------------------------------"})
+    for (const char* name :
+        {"", "day.quorviSettings", "2026-11-02T12-00-05.061Z-.quorviSettings",
+            "2026-11-02T12-00-05.061Z-day.quorviSettings ", "2026-11-02T12-00-05.061Z-day.plist",
+            "2026-11-02T12-00-05.061Z-Day.quorviSettings", "2026-02-30T12-00-05.061Z-day.quorviSettings",
+            "2026-11-02T24-00-05.061Z-day.quorviSettings", "2026-11-02T12-60-05.061Z-day.quorviSettings",
+            "2026-11-02T12:00:05.061Z-day.quorviSettings", "+026-11-02T12-00-05.061Z-day.quorviSettings",
+            "2026-11-02T12-00-05.061Z-day.quorviSettings/../x", "../2026-11-02T12-00-05.061Z-day",
+            "0000-01-01T00-00-00.000Z-day.quorviSettings", "1969-12-31T23-59-59.999Z-day.quorviSettings",
+            "9999-12-31T23-59-59.999Z-day.quorviSettings", "-----------------------------------------------"})
         EXPECT_FALSE(copyOfName(name)) << name;
 }
 

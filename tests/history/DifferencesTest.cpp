@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "base/Unicode.h"
+#include "history/Matches.h"
+#include "history/WhatCounts.h"
 #include "keyboard/KeyNames.h"
 #include "keyboard/TableLayout.h"
 #include "model/Keys.h"
@@ -275,6 +277,18 @@ TEST_F(Differences, AreFoundBehindWhatIsMatched) {
     expectLines({});
     macroNow(39).set(keys::name, u"other");
     expectLines({"Other settings are different"});
+}
+
+// A list of 65,536 empty profiles is a small file.
+TEST_F(Differences, OfLongListsCopyNoMoreThanIsLookedInto) {
+    const auto profiles = Array::create();
+    for (std::size_t index = 0; index < mostMatched + 2; ++index)
+        profiles.append(Dictionary::create());
+    now.set(keys::profiles, profiles);
+    const auto counted = whatCounts(now).array(keys::profiles);
+    EXPECT_EQ(counted.dictionary(mostMatched - 1).dictionary(keys::buttons).size(), 9U);
+    EXPECT_TRUE(counted.dictionary(mostMatched).isSameAs(profiles.dictionary(mostMatched)));
+    EXPECT_TRUE(counted.dictionary(mostMatched + 1).isSameAs(profiles.dictionary(mostMatched + 1)));
 }
 
 TEST_F(Differences, OfMissingTreesAreTotal) {

@@ -2,8 +2,10 @@
 // for byte. A button's bytes are its number, command and two parameters; those of button 1 begin at 232.
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QTest>
 #include <QWindow>
 
@@ -43,6 +45,15 @@ struct ButtonsTab {
     }
     void choose(const char* popUp, const QStringList& titles) const {
         test::choose(window->find(popUp), titles);
+    }
+    void chooseInContextMenu(const char* popUp, const QStringList& titles) const {
+        QWidget* control = window->find(popUp);
+        QTest::mouseClick(control->window()->windowHandle(), Qt::RightButton, {},
+            control->mapTo(control->window(), control->rect().center()));
+        const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+        if (!QTest::qWaitFor([&] { return menu() != nullptr; }, kWindowPatienceMs))
+            qFatal("%s has no context menu", popUp);
+        clickInMenu(menu(), titles);
     }
     /// Waits until the mouse holds these changes of its record.
     [[nodiscard]] bool mouseBecomes(const QString& expected) const {
@@ -100,6 +111,25 @@ class ButtonsReachTheMouseTest : public QObject {
         panel.choose("quorviMenuTop4", {"Run Macro", "Hello"});
         QVERIFY(panel.mouseBecomes("245: 5 -> 65, 246: 0 -> 7, 247: 0 -> 1"));
         QCOMPARE(panel.window->selectedTitle("quorviMenuTop4"), QStringLiteral("Macro: Hello"));
+    }
+
+    void theFunctionByDefault() {
+        const ButtonsTab panel;
+        panel.choose("quorviMenuTop4", {"Desktop", "Show Desktop"});
+        QVERIFY(panel.mouseBecomes("245: 5 -> 128"));
+        panel.chooseInContextMenu("quorviMenuTop4", {"Reset to “Back”"});
+        QVERIFY(panel.mouseBecomes(""));
+        QCOMPARE(panel.savedButton("04").integer("command"), 5);
+        QCOMPARE(panel.window->selectedTitle("quorviMenuTop4"), QStringLiteral("Back"));
+    }
+
+    void whatAllInputsDoInAnotherProfile() {
+        const ButtonsTab panel;
+        panel.choose("quorviMenuTop4", {"Desktop", "Show Desktop"});
+        panel.choose("quorviMenuTop9", {"Scroll Right"});
+        QVERIFY(panel.mouseBecomes("245: 5 -> 128, 265: 9 -> 11"));
+        panel.chooseInContextMenu("quorviMenuTop2", {"Copy All Inputs from Profile", "Game"});
+        QVERIFY(panel.mouseBecomes(""));
     }
 
     void aKey() {

@@ -71,6 +71,7 @@ class Session {
     std::string m_address = m_privateBus->address();
     EnvironmentVariable m_home{"HOME", home.path()};
     EnvironmentVariable m_config{"XDG_CONFIG_HOME", home.path() + "/.config"};
+    EnvironmentVariable m_state{"XDG_STATE_HOME", home.path() + "/.local/state"};
     std::unique_ptr<EventBus> m_bus = EventBus::connect();
     std::unique_ptr<ChildProcess> m_helper;
 };

@@ -17,8 +17,8 @@ namespace {
 struct Panel {
     explicit Panel(const Session& session) {
         home.awaitDeviceList();
-        program =
-            session.startSettings({}, {"HOME=" + home.path(), "XDG_CONFIG_HOME=" + home.path() + "/.config"});
+        program = session.startSettings(
+            {}, {"HOME=" + home.path(), "XDG_CONFIG_HOME=" + home.path() + "/.config", "XDG_STATE_HOME"});
     }
     [[nodiscard]] bool getsTheList() const {
         return QTest::qWaitFor([&] { return home.deviceListHasCome(); }, kWindowPatienceMs);

@@ -53,17 +53,32 @@ TEST_P(Completion, OffersEveryVerbAndNoOther) {
 
 TEST_P(Completion, OffersFilesWhereFilesStand) {
     m_folder.write("settings.plist", "");
-    for (const char* words : {"encode", "encode x", "decode", "decode x", "check", "match", "profiles",
-             "macros", "import", "import x", "export", "export x profile 1"})
+    for (const char* words :
+        {"encode", "encode x", "decode", "decode x", "check", "match", "profiles", "macros", "import",
+            "import x", "export", "export x profile 1", "backup", "backup x", "restore", "restore x",
+            "history restore", "apply", "apply x", "apply --check x", "--json check", "--json apply x"})
         EXPECT_EQ(
             offered(std::string("quorvictl ") + words + " " + m_folder.path("sett")), Words{"settings.plist"})
             << words;
-    for (const char* words : {"commands", "key-name", "usb-to-adb", "devices", "check x", "export x profile"})
+    for (const char* words : {"commands", "key-name", "usb-to-adb", "devices", "check x", "export x profile",
+             "history", "history show", "--json", "--json check x"})
         EXPECT_EQ(offered(std::string("quorvictl ") + words + " " + m_folder.path("sett")), Words{}) << words;
 }
 
 TEST_P(Completion, OffersWhatCanBeExported) {
     EXPECT_EQ(offered("quorvictl export x "), (Words{"macro", "profile"}));
+}
+
+TEST_P(Completion, OffersWhatIsDoneWithTheHistory) {
+    EXPECT_EQ(offered("quorvictl history "), (Words{"restore", "show"}));
+    EXPECT_EQ(offered("quorvictl export x profile 1 y --"), Words{"--with-macros"});
+}
+
+TEST_P(Completion, OffersWhatPrintsJson) {
+    EXPECT_EQ(offered("quorvictl --json "),
+        (Words{"apply", "check", "commands", "devices", "history", "macros", "mice", "profiles"}));
+    EXPECT_EQ(offered("quorvictl --json history "), (Words{"restore", "show"}));
+    EXPECT_EQ(offered("quorvictl apply x --"), Words{"--check"});
 }
 
 TEST_P(Completion, OffersTheInputsOfTheMouse) {

@@ -27,7 +27,7 @@ class Panel : public Installed {
     [[nodiscard]] ProgramResult runInSession(const std::string& script) const {
         std::filesystem::create_directories(m_folder / "home");
         return runProgram({"dbus-run-session", "--", "bash", "-euc", script},
-            {"HOME=" + m_folder.path("home"), "XDG_DATA_HOME=" + m_folder.path("share"),
+            {"HOME=" + m_folder.path("home"), "XDG_STATE_HOME", "XDG_DATA_HOME=" + m_folder.path("share"),
                 "XDG_RUNTIME_DIR=" + m_folder.path("home"), "QT_QPA_PLATFORM=offscreen",
                 "PATH=" + m_folder.path("bin") + ":" + std::getenv("PATH")});
     }

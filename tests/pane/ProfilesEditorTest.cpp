@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMenu>
 
+#include "history/History.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
 #include "widgets/PopUpButton.h"
@@ -37,7 +38,8 @@ plist::Dictionary treeWithProfiles(int count) {
 
 class ProfilesFixture : public PaneFixture {
   public:
-    explicit ProfilesFixture(const plist::Dictionary& tree = sampleTree()) {
+    explicit ProfilesFixture(const plist::Dictionary& tree = sampleTree(), const PaneOptions& options = {})
+        : PaneFixture(options) {
         openWith(tree);
         selectTab(kProfilesTab);
         window->resize(900, 700);
@@ -217,6 +219,22 @@ class ProfilesEditorTest : public QObject {
         QCOMPARE(fixture.pane->profileIndex(), 0);
         QCOMPARE(fixture.selectedRow(kTable), 0);
         QVERIFY(!fixture.isEnabled("quorviButtonProfileRemove"));
+    }
+
+    void removingKeepsADatedCopyOfWhatWasThere() {
+        ProfilesFixture fixture(ProfilesFixture::sampleTree(), {.keepsCopies = true});
+        const History history(fixture.home.path().toStdString() + "/history");
+        fixture.selectProfile(1);
+        clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonCancel");
+        fixture.click("quorviButtonProfileRemove");
+        QCOMPARE(history.list().size(), 1U); // that of the day, for the chosen row
+        clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonOK");
+        fixture.click("quorviButtonProfileRemove");
+        const auto copies = history.list();
+        QCOMPARE(copies.size(), 2U);
+        QVERIFY(copies[0].reason == CopyReason::beforeDeletion);
+        QCOMPARE(namesIn(history.read(copies[0]).backup.tree, "profiles"), QStringList({"Desk", "Game"}));
+        QCOMPARE(namesIn(fixture.savedSettings(), "profiles"), QStringList({"Desk"}));
     }
 
     void removingFromTheMiddleMakesTheFollowingProfileCurrent() {

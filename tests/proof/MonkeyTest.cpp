@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
     // Nothing of the user's can be reached: neither files nor applications nor the session.
     const quorvi::test::TemporaryFolder home;
     for (const char* variable :
-        {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CACHE_HOME"})
+        {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
         qputenv(variable, QByteArray::fromStdString(home.path().string()));
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); // the diary looks after each action, in its own time

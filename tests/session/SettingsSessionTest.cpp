@@ -12,10 +12,12 @@
 #include "model/Keys.h"
 #include "model/SettingsDocument.h"
 #include "plist/DeepCopy.h"
+#include "support/EnvironmentVariable.h"
 #include "window/Notices.h"
 #include "window/Sheets.h"
 
 using namespace quorvi;
+using quorvi::test::EnvironmentVariable;
 namespace fs = std::filesystem;
 
 namespace {
@@ -23,6 +25,35 @@ namespace {
 QString sameText(const char* key) {
     return QString::fromUtf8(key);
 }
+
+/// The disk is full where copies are kept, and has room where the settings are.
+class FullHistory final : public FileCalls {
+  public:
+    bool isFull = false;
+
+    int openat(int folder, const char* name, int flags, mode_t mode) override {
+        const int file = FileCalls::openat(folder, name, flags, mode);
+        std::error_code error;
+        const auto path = fs::read_symlink("/proc/self/fd/" + std::to_string(folder), error);
+        if (path.filename() == "history")
+            m_copy = file;
+        return file;
+    }
+    ssize_t write(int file, const void* bytes, std::size_t count) override {
+        if (!isFull || file != m_copy)
+            return FileCalls::write(file, bytes, count);
+        errno = ENOSPC;
+        return -1;
+    }
+    int close(int file) override {
+        if (file == m_copy)
+            m_copy = -1;
+        return FileCalls::close(file);
+    }
+
+  private:
+    int m_copy = -1;
+};
 
 /// A panel that shows the default settings and has no file yet.
 class Panel final : private DocumentOwner {
@@ -53,7 +84,21 @@ class Panel final : private DocumentOwner {
         return label && label->isVisibleTo(&view) ? label->text() : QString();
     }
 
+    /// The names of the first profile in the copies, newest first.
+    [[nodiscard]] std::vector<std::u16string> copies() const {
+        std::vector<std::u16string> names;
+        for (const DatedCopy& copy : session.history().list())
+            names.push_back(nameIn(session.history().read(copy).backup.tree));
+        return names;
+    }
+    [[nodiscard]] static std::u16string nameIn(const plist::Dictionary& tree) {
+        return tree.array(keys::profiles).dictionary(0).string(keys::name);
+    }
+
     QTemporaryDir home;
+    FullHistory files;
+    std::chrono::system_clock::time_point now =
+        std::chrono::sys_days(std::chrono::days(20779)); ///< 2026-11-22
     QWidget view;
     Document document{*this};
     Sheets sheets{{.mainView = &view,
@@ -71,7 +116,8 @@ class Panel final : private DocumentOwner {
             .view = view,
             .bundle = bundle,
             .homeFolder = home.path().toStdString(),
-            .files = systemFileCalls(),
+            .files = files,
+            .copies = {.folder = home.path().toStdString() + "/history", .now = [this] { return now; }},
             .occupation = std::make_unique<Occupation>(
                 std::vector<const KyvarQuorviTableView*>{}, sheets, [this] { return userRecords; }),
             .showLists = [this] { ++listsShown; }}};
@@ -157,6 +203,69 @@ class SettingsSessionTest : public QObject {
         QTRY_COMPARE(panel.listsShown, 2);
         QCOMPARE(panel.saved().array(keys::profiles).dictionary(0).string(keys::name),
             std::u16string(u"Ours again"));
+    }
+
+    void keepsWhatTheFileHeldBeforeTheFirstChangeOfADay() {
+        const EnvironmentVariable zone("TZ", "UTC");
+        Panel panel;
+        panel.rename(u"First");
+        QVERIFY(panel.copies().empty()); // there was nothing before
+        panel.rename(u"Second");
+        panel.rename(u"Third");
+        QCOMPARE(panel.copies(), std::vector<std::u16string>{u"First"});
+        panel.now += std::chrono::hours(24);
+        QVERIFY(panel.session.save(panel.document.tree()));
+        QCOMPARE(panel.copies().size(), 1U); // nothing was changed
+        panel.rename(u"Fourth");
+        panel.rename(u"Fifth");
+        QCOMPARE(panel.copies(), (std::vector<std::u16string>{u"Third", u"First"}));
+        QVERIFY(panel.session.history().list()[0].reason == CopyReason::firstChangeOfDay);
+    }
+
+    void keepsWhatAnotherProgramHadPutIntoTheFile() {
+        Panel panel;
+        panel.rename(u"Ours");
+        const auto theirs = plist::mutableDeepCopy(panel.document.tree());
+        theirs.array(keys::profiles).dictionary(0).set(keys::name, u"Theirs");
+        QVERIFY(saveSettings(theirs, panel.file()));
+        panel.document.profile().set(keys::ledState, 0);
+        panel.document.commit();
+        QCOMPARE(panel.copies(), std::vector<std::u16string>{u"Theirs"});
+    }
+
+    void keepsACopyWheneverAnEditorAsksForOne() {
+        Panel panel;
+        panel.rename(u"First");
+        QVERIFY(panel.session.keepCopyBefore(CopyReason::beforeDeletion));
+        panel.rename(u"Second");
+        QVERIFY(panel.session.keepCopyBefore(CopyReason::beforeRestore));
+        QCOMPARE(panel.copies(), (std::vector<std::u16string>{u"Second", u"First"}));
+        QVERIFY(panel.session.history().list()[0].reason == CopyReason::beforeRestore);
+    }
+
+    void savesWithoutACopyWhenTheDiskIsFullAndSaysSoOnce() {
+        Panel panel;
+        panel.rename(u"First");
+        panel.files.isFull = true;
+        panel.rename(u"Second");
+        QCOMPARE(panel.notice(),
+            QStringLiteral("No copy of your earlier settings could be kept in ~/history: No space left on "
+                           "the disk. Saving your changes does not depend on it."));
+        QCOMPARE(panel.nameIn(panel.saved()), std::u16string(u"Second"));
+        panel.notices.withdraw(Notice::copyFailed); // as the user does
+        panel.rename(u"Third");
+        QVERIFY(!panel.session.keepCopyBefore(CopyReason::beforeDeletion));
+        QCOMPARE(panel.notice(), QString());
+        QCOMPARE(panel.nameIn(panel.saved()), std::u16string(u"Third"));
+        panel.files.isFull = false;
+        panel.rename(u"Fourth");
+        QCOMPARE(panel.copies(), std::vector<std::u16string>{u"Third"});
+        panel.files.isFull = true;
+        QVERIFY(!panel.session.keepCopyBefore(CopyReason::beforeDeletion));
+        QVERIFY(panel.notice().contains(QStringLiteral("No space left")));
+        panel.files.isFull = false;
+        QVERIFY(panel.session.keepCopyBefore(CopyReason::beforeDeletion));
+        QCOMPARE(panel.notice(), QString());
     }
 
     void letsTheTreeGoWhenThePanelIsHiddenUnlessNoFileCanHaveIt() {

@@ -25,14 +25,16 @@ TEST(CommandLine, GivesHelpAndVersionOnStandardOutput) {
     const auto help = quorvictl({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.error, "");
-    for (const char* line : {"usage: quorvictl encode SETTINGS.plist RECORD.bin\n",
-             "       quorvictl decode RECORD.bin SETTINGS.plist\n", "       quorvictl check SETTINGS.plist\n",
-             "       quorvictl match SETTINGS.plist [--auto] [--application A] [--identifier I]",
-             " [--signature S] [--executable E]\n", "       quorvictl commands\n",
-             "       quorvictl key-name CODE [MASK]\n", "       quorvictl usb-to-adb USAGE\n",
-             "       quorvictl adb-to-usb CODE\n", "       quorvictl devices\n", "       quorvictl attach\n",
-             "       quorvictl detach\n", "       quorvictl press INPUT\n",
-             "       quorvictl release INPUT\n", "       quorvictl watch\n"})
+    for (const char* line :
+        {"usage: quorvictl encode SETTINGS.plist RECORD.bin\n",
+            "       quorvictl decode RECORD.bin SETTINGS.plist\n", "       quorvictl check SETTINGS.plist\n",
+            "       quorvictl match SETTINGS.plist [--auto] [--application A] [--identifier I]",
+            " [--signature S] [--executable E]\n", "       quorvictl commands\n",
+            "       quorvictl key-name CODE [MASK]\n", "       quorvictl usb-to-adb USAGE\n",
+            "       quorvictl adb-to-usb CODE\n", "       quorvictl devices\n", "       quorvictl attach\n",
+            "       quorvictl detach\n", "       quorvictl press INPUT\n", "       quorvictl release INPUT\n",
+            "       quorvictl watch\n", "       quorvictl apply FILE [SETTINGS.plist] [--check]\n",
+            "       quorvictl --json check|apply|profiles|macros|history|commands|devices|mice ...\n"})
         EXPECT_NE(help.output.find(line), std::string::npos) << line;
     expectDone({"--version"}, "quorvictl " QUORVI_VERSION "\n");
 }

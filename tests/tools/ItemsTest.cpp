@@ -164,8 +164,8 @@ TEST_F(Items, AWrongCommandLineIsMisused) {
     expectMisused({"profiles"}, "profiles takes SETTINGS.plist");
     expectMisused({"macros", "a", "b"}, "macros takes SETTINGS.plist");
     expectMisused({"import", settings}, "import takes SETTINGS.plist FILE");
-    expectMisused(
-        {"export", settings, "stage", "1", file}, "export takes SETTINGS.plist profile|macro NUMBER FILE");
+    expectMisused({"export", settings, "stage", "1", file},
+        "export takes SETTINGS.plist profile|macro NUMBER FILE [--with-macros]");
     expectMisused({"export", settings, "profile", "one", file}, "one is no number of 32 bits, decimal or 0x");
 }
 

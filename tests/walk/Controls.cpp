@@ -276,8 +276,9 @@ QStringList Controls::forgotten(const QStringList& leftOut) const {
 }
 
 QStringList Controls::around() {
-    return {"push button 'Check for updates'", "push button 'Help'", "page tab list", "page tab 'Buttons'",
-        "page tab 'Sensitivity'", "page tab 'Profiles'", "page tab 'Macros'", "page tab 'Device'"};
+    return {"push button 'Undo'", "push button 'Redo'", "push button 'Check for updates'",
+        "push button 'Help'", "page tab list", "page tab 'Buttons'", "page tab 'Sensitivity'",
+        "page tab 'Profiles'", "page tab 'Macros'", "page tab 'Device'"};
 }
 
 } // namespace quorvi::test

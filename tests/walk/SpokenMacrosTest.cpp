@@ -235,6 +235,8 @@ class SpokenMacrosTest : public QObject {
                 return;
         }
         QCOMPARE(tab.controls.meet(), QString());
+        // That all steps were removed is told, and can be undone there.
+        QVERIFY(tab.controls.press(kTold, [&] { return !tab.controls.isThere(kTold); }));
         QStringList leftOut = Controls::around();
         for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
                  "push button 'Delete macro'", "push button 'More macro commands'"})

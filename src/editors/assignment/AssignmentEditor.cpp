@@ -8,6 +8,8 @@
 
 #include "editors/assignment/AssignmentTexts.h"
 #include "editors/assignment/InputActions.h"
+#include "editors/assignment/InputCopies.h"
+#include "editors/assignment/InputNumbers.h"
 #include "keyboard/KeyCodeConversion.h"
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
@@ -21,12 +23,6 @@
 namespace quorvi {
 
 namespace {
-
-/// Inputs 1 to 7 are buttons; 8 and 9 are the wheel's two directions.
-constexpr int kLastButton = 7;
-/// Buttons 2 to 7, as bits.
-constexpr std::uint32_t kOtherButtons = 126;
-constexpr std::uint32_t kAllButtons = 127;
 
 /// The commands whose items show a decorated title while they are the selected assignment.
 constexpr std::array kDecorated{commands::switchToProfile, commands::runMacro, commands::singleKey};
@@ -77,7 +73,10 @@ KeyChoice keyOf(const plist::Dictionary& assignment) {
 
 AssignmentEditor::AssignmentEditor(const EditorContext& context, const Views& views, Others others)
     : m_document(context.document), m_text(context.text), m_views(views), m_others(std::move(others)),
-      m_lists(views.popUps) {
+      m_lists(views.popUps),
+      m_menu(context, views.popUps,
+          {.titleOf = [this](int input, const plist::Dictionary& given) { return titleOf(input, given); },
+              .defaultSettings = m_others.defaultSettings}) {
     for (const QMenu* commands : {&m_views.commands, &m_views.wheelCommands})
         rememberItemTitles(*commands);
     m_views.mouse.setExplanation([this](int input) { return explanationOfInput(input); });
@@ -90,11 +89,19 @@ AssignmentEditor::AssignmentEditor(const EditorContext& context, const Views& vi
 }
 
 const QMenu& AssignmentEditor::commandsOf(int input) const {
-    return input <= kLastButton ? m_views.commands : m_views.wheelCommands;
+    return input <= lastButton ? m_views.commands : m_views.wheelCommands;
 }
 
 plist::Dictionary AssignmentEditor::assignmentOf(int input) const {
-    return m_document.buttons().dictionary(keys::button(input));
+    return assignmentIn(m_document.profile(), input);
+}
+
+QString AssignmentEditor::titleOf(int input, const plist::Dictionary& assignment) const {
+    const QMenu& menu = commandsOf(input);
+    const QAction* item = selectableItemWithTag(menu, assignment.integer(keys::command));
+    if (!item)
+        item = selectableItemWithTag(menu, commands::noFunction);
+    return assignmentTitle(m_document, assignment, plainTitleOf(*item), m_text);
 }
 
 void AssignmentEditor::show() {
@@ -115,20 +122,19 @@ std::int32_t AssignmentEditor::commandOf(int input) {
     const plist::Dictionary assignment = assignmentOf(input);
     const std::int32_t command = assignment.integer(keys::command);
     if (input != 1 || command == commands::click ||
-        KyvarFindClickInProfile(m_document.profile(), kOtherButtons) >= 0)
+        KyvarFindClickInProfile(m_document.profile(), buttonsBut(1)) >= 0)
         return command;
     assignment.set(keys::command, commands::click);
     return commands::click;
 }
 
 bool AssignmentEditor::isOnlyClick(int input, std::int32_t command) const {
-    const std::uint32_t others = kAllButtons & ~(1U << (input - 1));
-    return command == commands::click && KyvarFindClickInProfile(m_document.profile(), others) < 0;
+    return command == commands::click && KyvarFindClickInProfile(m_document.profile(), buttonsBut(input)) < 0;
 }
 
 void AssignmentEditor::showInput(PopUpButton& popUp, int input) {
     const std::int32_t command = commandOf(input);
-    if (input <= kLastButton)
+    if (input <= lastButton)
         popUp.setEnabled(m_document.hasDevice() && !isOnlyClick(input, command));
     if (!m_document.tree()) {
         popUp.selectNone(unreadText());

@@ -12,6 +12,7 @@
 
 #include "document/Document.h"
 #include "editors/assignment/AssignmentLists.h"
+#include "editors/assignment/InputMenu.h"
 #include "window/EditorContext.h"
 #include "window/KeyChoice.h"
 
@@ -45,6 +46,7 @@ class AssignmentEditor final : public QObject {
         std::function<void()> showMacrosTab;
         /// The profile that the panel shows, with the reason when it is the one that runs.
         std::function<QString()> profileInUse;
+        std::function<plist::Dictionary()> defaultSettings; ///< nil when they cannot be read
     };
 
     AssignmentEditor(const EditorContext& context, const Views& views, Others others);
@@ -74,6 +76,8 @@ class AssignmentEditor final : public QObject {
     static void assign(const plist::Dictionary& assignment, Values values);
     [[nodiscard]] const QMenu& commandsOf(int input) const;
     [[nodiscard]] plist::Dictionary assignmentOf(int input) const;
+    /// What the pop-up of the input, 1 to 9, shows of the assignment; "No Function" for one without an item.
+    [[nodiscard]] QString titleOf(int input, const plist::Dictionary& assignment) const;
     /// The command of the input, which the rule about the primary click may have changed.
     [[nodiscard]] std::int32_t commandOf(int input);
     /// Whether the mouse would be without a primary click without this one.
@@ -86,6 +90,7 @@ class AssignmentEditor final : public QObject {
     Views m_views;
     Others m_others;
     AssignmentLists m_lists;
+    InputMenu m_menu;
 };
 
 } // namespace quorvi

@@ -72,12 +72,11 @@ void ProfilesEditor::switchToSelected() {
     m_context.document.startInDefaultStage();
     const std::u16string name = m_context.document.profile().string(keys::name);
     m_context.document.commit(
-        {.action = m_isWithinAction ? std::u16string()
-                                    : actionName(m_context.text("Switch to Profile “^1”"), name)});
+        {.action = m_action.empty() ? actionName(m_context.text("Switch to Profile “^1”"), name) : m_action});
 }
 
-void ProfilesEditor::selectWithinAction(int row) {
-    const QScopedValueRollback within(m_isWithinAction, true);
+void ProfilesEditor::selectWithin(const std::u16string& action, int row) {
+    const QScopedValueRollback within(m_action, action);
     m_views.table.selectRowAlone(row);
 }
 
@@ -86,7 +85,7 @@ void ProfilesEditor::append(const plist::Dictionary& profile, const std::u16stri
     appendItem(document.profiles(), profile, m_context.text("Untitled Profile").toStdU16String());
     document.editProfileIndex(static_cast<std::int32_t>(document.profiles().size()) - 1);
     m_list.reloadQuietly();
-    selectWithinAction(document.profileIndex());
+    selectWithin(action, document.profileIndex());
     m_others.listHasChanged();
     document.commit({.action = action});
 }
@@ -142,10 +141,11 @@ void ProfilesEditor::remove() {
     const std::int32_t next = std::min(document.profileIndex(), last);
     m_list.reloadQuietly();
     document.editProfileIndex(next);
-    selectWithinAction(next);
     cleanUpSettings(document.tree());
+    const std::u16string action = actionName(m_context.text("Delete Profile “^1”"), name);
+    selectWithin(action, next);
     m_others.listHasChanged();
-    document.commit({.action = actionName(m_context.text("Delete Profile “^1”"), name)});
+    document.commit({.action = action});
     m_context.notices.tellUndoable(textWithName(m_context.text("The profile “^1” was deleted."), name));
 }
 

@@ -82,14 +82,14 @@ class ProfilesEditor final {
     [[nodiscard]] bool isCurrent() const;
     [[nodiscard]] bool canRemove() const;
     void switchToSelected();
-    /// Selects the row within another action: the switch to its profile belongs to that one.
-    void selectWithinAction(int row);
+    /// Selects the row: the switch to its profile belongs to that action, which is noted before it is saved.
+    void selectWithin(const std::u16string& action, int row);
 
     EditorContext m_context;
     Views m_views;
     Others m_others;
     QString m_usualHint;
-    bool m_isWithinAction = false;
+    std::u16string m_action; ///< that a switch belongs to; empty for one of its own
     TableList m_list;
     ProfileApplication m_application;
 };
