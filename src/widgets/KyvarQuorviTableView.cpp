@@ -71,7 +71,17 @@ void KyvarQuorviTableView::editCell(int column, int row) {
         edit(cell);
 }
 
+// A click on a pop-up opens its menu and no field, whether its row is selected or not.
+bool KyvarQuorviTableView::editsPopUp(
+    const QModelIndex& cell, EditTrigger trigger, const QEvent* event) const {
+    if (trigger == DoubleClicked && event)
+        return m_popUpCells->isBesideSign(cell, static_cast<const QMouseEvent*>(event)->pos());
+    return trigger != SelectedClicked;
+}
+
 bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (isPopUp(index) && !editsPopUp(index, trigger, event))
+        return false;
     const bool editing = QTableView::edit(index, trigger, event);
     if (QWidget* field = editing ? indexWidget(index) : nullptr)
         field->setAccessibleName(model()->headerData(index.column(), Qt::Horizontal).toString());
@@ -183,8 +193,9 @@ bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
-    const bool handled = (m_popUpCells && m_popUpCells->keyPressed(*event)) || m_keys.pressed(*event) ||
-                         m_delegated.takesKey(*event);
+    // A field hands on the keys that it has no use for.
+    const bool handled = (m_popUpCells && !isEditing() && m_popUpCells->keyPressed(*event)) ||
+                         m_keys.pressed(*event) || m_delegated.takesKey(*event);
     if (!handled)
         QTableView::keyPressEvent(event);
 }

@@ -43,7 +43,8 @@ class KyvarQuorviTableView : public QTableView {
 
     /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
     /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
-    /// that open other pop-ups, for the selected row.
+    /// that open other pop-ups, for the selected row. A double click, F2 and a digit open a field in a cell
+    /// that is editable; its text is PopUpCells::typedRole.
     void setPopUpColumn(int column, QMenu* menu);
 
     /// Whether the cell is such a pop-up.
@@ -101,6 +102,8 @@ class KyvarQuorviTableView : public QTableView {
         const QModelIndex& index, const QEvent* event) const override;
 
   private:
+    /// Whether the trigger begins an edit of the pop-up cell.
+    [[nodiscard]] bool editsPopUp(const QModelIndex& cell, EditTrigger trigger, const QEvent* event) const;
     /// Whether the point, of the viewport, is on the cell's check box.
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& cell, const QPoint& point) const;
 

@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTableView>
+
+#include <utility>
 
 #include "widgets/MenuItems.h"
 #include "widgets/ThemeColours.h"
@@ -15,9 +18,11 @@ namespace {
 
 constexpr float kGreyedOpacity = 0.6F;
 
-bool opensMenu(const QKeyEvent& event) {
+/// F2 does so only where it has no text to edit.
+bool opensMenu(const QKeyEvent& event, bool editable) {
     switch (event.key()) {
     case Qt::Key_F2:
+        return !editable;
     case Qt::Key_F4:
     case Qt::Key_Space:
     case Qt::Key_Return:
@@ -29,6 +34,11 @@ bool opensMenu(const QKeyEvent& event) {
     default:
         return false;
     }
+}
+
+bool typesDigit(const QKeyEvent& event) {
+    const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    return plain && event.text().size() == 1 && event.text().front().isDigit();
 }
 
 /// Where the sign stands that says that there is a menu: at the end of the cell.
@@ -43,25 +53,36 @@ QRect signIn(const QStyleOptionViewItem& option) {
 PopUpCells::PopUpCells(QTableView* table, int column, QMenu* menu)
     : QStyledItemDelegate(table), m_table(table), m_column(column), m_menu(menu) {
     closeWhenChosen(*menu);
+    menu->installEventFilter(this);
 }
 
 void PopUpCells::mousePressed(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton)
-        open(m_table->indexAt(event.pos()));
+    const QModelIndex cell = m_table->indexAt(event.pos());
+    if (event.button() != Qt::LeftButton || !open(cell))
+        return;
+    m_pressedCell = isBesideSign(cell, event.pos()) ? cell : QModelIndex();
+    m_sincePress.start();
 }
 
 bool PopUpCells::keyPressed(const QKeyEvent& event) {
-    if (!opensMenu(event))
-        return false;
     const QModelIndexList rows = m_table->selectionModel()->selectedRows(m_column);
-    return !rows.isEmpty() && open(rows.first());
+    if (rows.isEmpty())
+        return false;
+    const bool editable = rows.first().flags() & Qt::ItemIsEditable;
+    if (opensMenu(event, editable))
+        return open(rows.first());
+    return editable && typesDigit(event) && beginText(rows.first(), event);
+}
+
+bool PopUpCells::canBeUsed(const QModelIndex& cell) const {
+    return cell.isValid() && cell.column() == m_column && m_table->isEnabled() &&
+           (cell.flags() & Qt::ItemIsEnabled);
 }
 
 bool PopUpCells::open(const QModelIndex& cell) {
-    const bool possible = cell.isValid() && cell.column() == m_column && m_menu && m_table->isEnabled() &&
-                          (cell.flags() & Qt::ItemIsEnabled);
-    if (!possible)
+    if (!m_menu || !canBeUsed(cell))
         return false;
+    m_pressedCell = QModelIndex();
     const QList<QAction*> items = m_menu->actions();
     QAction* shown = items.value(cell.data(Qt::EditRole).toInt());
     for (QAction* item : items)
@@ -80,6 +101,84 @@ bool PopUpCells::open(const QModelIndex& cell) {
         m_menu->setActiveAction(shown);
     return true;
 }
+
+// A double click
+
+bool PopUpCells::isBesideSign(const QModelIndex& cell, const QPoint& point) const {
+    QStyleOptionViewItem option;
+    option.initFrom(m_table);
+    option.rect = m_table->visualRect(cell);
+    return option.rect.contains(point) && !signIn(option).contains(point);
+}
+
+bool PopUpCells::isSecondPress(const QMouseEvent& event) const {
+    return event.button() == Qt::LeftButton && (m_pressedCell.flags() & Qt::ItemIsEditable) &&
+           m_sincePress.elapsed() < QApplication::doubleClickInterval() &&
+           isBesideSign(m_pressedCell, m_table->viewport()->mapFromGlobal(m_menu->mapToGlobal(event.pos())));
+}
+
+bool PopUpCells::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_menu)
+        return QStyledItemDelegate::eventFilter(watched, event);
+    const bool pressed =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (!pressed || !isSecondPress(*static_cast<QMouseEvent*>(event)))
+        return false;
+    closeMenuAndEdit();
+    return true;
+}
+
+void PopUpCells::closeMenuAndEdit() {
+    // The rest of the click must not find the field: a double click there selects a word.
+    QMetaObject::invokeMethod(
+        m_table,
+        [this, cell = std::exchange(m_pressedCell, {})] {
+            if (cell.isValid() && !m_table->indexWidget(cell))
+                m_table->edit(cell);
+        },
+        Qt::QueuedConnection);
+    // Nor must the press open the menu again.
+    m_menu->setAttribute(Qt::WA_NoMouseReplay);
+    m_menu->close();
+    m_menu->setAttribute(Qt::WA_NoMouseReplay, false);
+}
+
+// The text field
+
+bool PopUpCells::beginText(const QModelIndex& cell, const QKeyEvent& event) {
+    if (!canBeUsed(cell))
+        return false;
+    m_table->edit(cell);
+    QWidget* field = m_table->indexWidget(cell);
+    if (!field)
+        return false;
+    QKeyEvent key(event.type(), event.key(), event.modifiers(), event.text());
+    QApplication::sendEvent(field, &key);
+    return true;
+}
+
+QWidget* PopUpCells::createEditor(
+    QWidget* parent, const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {
+    auto* field = new QLineEdit(parent);
+    field->setAutoFillBackground(true);
+    field->setAccessibleDescription(index.data(Qt::ToolTipRole).toString());
+    return field;
+}
+
+void PopUpCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    static_cast<QLineEdit*>(editor)->setText(index.data(typedRole).toString());
+}
+
+void PopUpCells::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
+    model->setData(index, static_cast<QLineEdit*>(editor)->text(), typedRole);
+}
+
+void PopUpCells::updateEditorGeometry(
+    QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
+    editor->setGeometry(option.rect);
+}
+
+// What is drawn
 
 void PopUpCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);

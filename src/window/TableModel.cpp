@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "widgets/MarkedCells.h"
+#include "widgets/PopUpCells.h"
 #include "widgets/ShownText.h"
 
 namespace quorvi {
@@ -26,9 +27,15 @@ CellKind TableModel::cellKind(int /*columnIdentifier*/, int /*row*/) const {
     return CellKind::text;
 }
 
-QString TableModel::shownCell(int /*columnIdentifier*/, const QVariant& value) const {
-    return shownName(value.toString());
+QString TableModel::shownCell(int columnIdentifier, int row) const {
+    return shownName(cellValue(columnIdentifier, row).toString());
 }
+
+QString TableModel::typedText(int /*columnIdentifier*/, int /*row*/) const {
+    return {};
+}
+
+void TableModel::takeTypedText(const QString& /*typed*/, int /*columnIdentifier*/, int /*row*/) {}
 
 QString TableModel::spokenText(int /*columnIdentifier*/, const QVariant& /*value*/) const {
     return {};
@@ -89,6 +96,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case MarkedCells::markRole:
         return isMarked(index);
+    case PopUpCells::typedRole:
+        return textIfAny(typedText(identifier, index.row()));
     case Qt::ToolTipRole:
         return isMarked(index) ? m_markText : textIfAny(explanation(identifier, value()));
     case Qt::AccessibleTextRole:
@@ -98,7 +107,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return isCheckBox ? QVariant() : value();
     case Qt::DisplayRole:
-        return isCheckBox ? QVariant() : shownCell(identifier, value());
+        return isCheckBox ? QVariant() : shownCell(identifier, index.row());
     default:
         return {};
     }
@@ -125,7 +134,7 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
         flags |= Qt::ItemIsEnabled;
     if (kind == CellKind::checkBox)
         flags |= Qt::ItemIsUserCheckable;
-    if (kind == CellKind::name)
+    if (kind == CellKind::name || kind == CellKind::typedPopUp)
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -134,7 +143,13 @@ bool TableModel::setData(const QModelIndex& index, const QVariant& value, int ro
     if (!index.isValid())
         return false;
     const int identifier = identifierOf(index);
-    const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
+    const CellKind kind = cellKind(identifier, index.row());
+    if (role == PopUpCells::typedRole && kind == CellKind::typedPopUp) {
+        takeTypedText(value.toString(), identifier, index.row());
+        emit dataChanged(index, index);
+        return true;
+    }
+    const bool isCheckBox = kind == CellKind::checkBox;
     if (role != (isCheckBox ? Qt::CheckStateRole : Qt::EditRole))
         return false;
     setCellValue(isCheckBox ? QVariant(value.toInt() == Qt::Checked) : value, identifier, index.row());

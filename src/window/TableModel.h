@@ -18,6 +18,7 @@ enum class CellKind : std::uint8_t {
     text, ///< read it; a pop-up cell is one of these (KyvarQuorviTableView::setPopUpColumn)
     name, ///< type another one
     checkBox,
+    typedPopUp, ///< a pop-up cell that takes what is typed too
 };
 
 class TableModel : public QAbstractTableModel {
@@ -39,6 +40,11 @@ class TableModel : public QAbstractTableModel {
     /// Greys the column's cells and refuses edits of them, or takes that back.
     void setColumnEnabled(int columnIdentifier, bool enabled);
 
+    /// The text to begin with when one types into a pop-up cell of that kind.
+    [[nodiscard]] virtual QString typedText(int columnIdentifier, int row) const;
+    /// Takes what the user has typed there, which may be anything.
+    virtual void takeTypedText(const QString& typed, int columnIdentifier, int row);
+
     /// Marks the row, -1 for none, by a sign beside its number. The text says why, to the pointer that rests
     /// there and to screen readers.
     void setMark(int row, const QString& why);
@@ -54,8 +60,8 @@ class TableModel : public QAbstractTableModel {
 
   protected:
     [[nodiscard]] virtual CellKind cellKind(int columnIdentifier, int row) const;
-    /// What the cell shows for the value; a name as it is shown when the list says nothing else.
-    [[nodiscard]] virtual QString shownCell(int columnIdentifier, const QVariant& value) const;
+    /// What the cell shows; its value as a name is shown when the list says nothing else.
+    [[nodiscard]] virtual QString shownCell(int columnIdentifier, int row) const;
     /// What screen readers say of a cell whose text does not say it; empty where it does.
     [[nodiscard]] virtual QString spokenText(int columnIdentifier, const QVariant& value) const;
     /// What the cell says to the pointer that rests there; empty for nothing.

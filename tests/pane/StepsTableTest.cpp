@@ -52,7 +52,7 @@ class StepsTableTest : public QObject {
         QCOMPARE(fixture.pane->objectValueForTableColumn(kDelayColumn, 1), QVariant(0));
     }
 
-    void aDelayShowsItsItemOrTheNextShorterOne_data() {
+    void theValueOfADelayIsItsItemOrTheNextShorterOne_data() {
         QTest::addColumn<int>("delay");
         QTest::addColumn<int>("index");
         QTest::addColumn<QString>("title");
@@ -63,12 +63,20 @@ class StepsTableTest : public QObject {
                  std::tuple(5000, 16, "5 seconds"), std::tuple(16777215, 16, "5 seconds")})
             QTest::addRow("%d", delay) << delay << index << QString::fromUtf8(title);
     }
-    void aDelayShowsItsItemOrTheNextShorterOne() {
+    void theValueOfADelayIsItsItemOrTheNextShorterOne() {
         QFETCH(int, delay);
         MacroFixture fixture({stepAsText(1, 4, delay)});
-        QTEST(fixture.pane->objectValueForTableColumn(kDelayColumn, 0).toInt(), "index");
-        QTEST(fixture.shownDelays().first(), "title");
+        const QVariant value = fixture.pane->objectValueForTableColumn(kDelayColumn, 0);
+        QTEST(value.toInt(), "index");
+        QTEST(fixture.pane->titleOfDelay(value), "title");
         QCOMPARE(fixture.steps(), QStringList({stepAsText(1, 4, delay)}));
+    }
+
+    void aCellShowsItsItemOrTheExactDelay() {
+        MacroFixture fixture({"1 4 0", "1 4 10", "1 4 500", "1 4 5000", "1 4 5", "1 4 11", "1 4 75",
+            "1 4 1500", "1 4 60000", "1 4 16777215", "1 4 -1"});
+        QCOMPARE(fixture.shownDelays(), QStringList({"None", "10 ms", "½ second", "5 seconds", "5 ms",
+                                            "11 ms", "75 ms", "1.5 s", "60 s", "16777.215 s", ""}));
     }
 
     void aDelayIsSetAndNotSavedByThat() {
@@ -130,7 +138,7 @@ class StepsTableTest : public QObject {
     void aDelayIsChosenByTheKeyboard_data() {
         QTest::addColumn<int>("key");
         QTest::addColumn<int>("modifiers");
-        for (const int key : {Qt::Key_F2, Qt::Key_F4, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+        for (const int key : {Qt::Key_F4, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
             QTest::addRow("%x", key) << key << int(Qt::NoModifier);
         QTest::addRow("Alt+Down") << int(Qt::Key_Down) << int(Qt::AltModifier);
     }
@@ -154,16 +162,22 @@ class StepsTableTest : public QObject {
         MacroFixture fixture({"1 4 20"});
         auto* table = fixture.find<KyvarQuorviTableView>(kStepsTable);
         table->setFocus();
-        QTest::keyClick(table, Qt::Key_F2);
+        for (const Qt::Key key : {Qt::Key_F2, Qt::Key_7})
+            QTest::keyClick(table, key);
         QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(!table->isEditing());
     }
 
-    void delaysCannotBeChosenWhileRecording() {
+    void delaysCannotBeSetWhileRecording() {
         MacroFixture fixture({"1 4 20"});
         fixture.selectStep(0);
         fixture.record();
         auto* table = fixture.find<KyvarQuorviTableView>(kStepsTable);
         QTest::keyClick(table, Qt::Key_F2);
+        QVERIFY(!table->isEditing());
+        QTest::mouseDClick(
+            table->viewport(), Qt::LeftButton, {}, cellOf(fixture, kStepsTable, 0, 1).center());
+        QVERIFY(!table->isEditing());
         QVERIFY(!QApplication::activePopupWidget());
         clickCell(fixture, 0, 1);
         QVERIFY(!QApplication::activePopupWidget());

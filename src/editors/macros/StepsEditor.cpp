@@ -18,7 +18,7 @@ namespace quorvi {
 
 StepsEditor::StepsEditor(const EditorContext& context, const Views& views, RecordingCommands recording)
     : m_context(context), m_views(views), m_recording(std::move(recording)),
-      m_list(views.table, std::make_unique<StepsModel>(context.document, views.delays, context.text)) {
+      m_list(views.table, std::make_unique<StepsModel>(context, views.delays)) {
     m_list.onSelectionChange([this] { m_context.document.commit({.saving = Saving::never}); });
     m_views.table.setPopUpColumn(m_list.model().columnOf(kStepDelayColumn), &m_views.delays);
 }

@@ -53,7 +53,7 @@ class StepsEditor final {
     /// The commands of the list's menu.
     [[nodiscard]] std::vector<MenuCommand> commands();
     [[nodiscard]] TableList& list() { return m_list; }
-    /// What the cell of a delay shows for its value; nothing for one without an item.
+    /// The title of the item for the value of a delay's cell; nothing for one without an item.
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
 
   private:

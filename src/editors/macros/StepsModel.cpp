@@ -34,8 +34,9 @@ QAction* itemAt(const QMenu& menu, const QVariant& value) {
 
 } // namespace
 
-StepsModel::StepsModel(Document& document, const QMenu& delays, const PanelText& text)
-    : TableModel(stepColumns, text), m_document(document), m_delays(delays) {}
+StepsModel::StepsModel(const EditorContext& context, const QMenu& delays)
+    : TableModel(stepColumns, context.text), m_document(context.document),
+      m_typed(context.text, context.notices), m_delays(delays) {}
 
 int StepsModel::numberOfRows() const {
     return m_document.hasDevice() ? static_cast<int>(m_document.macroSteps().size()) : 0;
@@ -54,14 +55,35 @@ QVariant StepsModel::cellValue(int columnIdentifier, int row) const {
 void StepsModel::setCellValue(const QVariant& value, int columnIdentifier, int row) {
     if (columnIdentifier != kStepDelayColumn)
         return;
-    const QAction* item = itemAt(m_delays, value);
-    if (item && row >= 0)
-        m_document.macroSteps()
-            .dictionary(static_cast<std::size_t>(row))
-            .set(keys::delay, tagOfItem(*item).value_or(0));
+    if (const QAction* item = itemAt(m_delays, value); item && row >= 0)
+        setDelay(tagOfItem(*item).value_or(0), row);
+}
+
+std::int32_t StepsModel::delayOf(int row) const {
+    return m_document.macroSteps().dictionary(static_cast<std::size_t>(row)).integer(keys::delay);
+}
+
+void StepsModel::setDelay(std::int32_t milliseconds, int row) {
+    m_document.macroSteps().dictionary(static_cast<std::size_t>(row)).set(keys::delay, milliseconds);
     m_document.commit({.shown = Shown::nothing,
         .saving = Saving::withNextAction,
         .action = actionName(text("Change Delay"))});
+}
+
+CellKind StepsModel::cellKind(int columnIdentifier, int /*row*/) const {
+    return columnIdentifier == kStepDelayColumn ? CellKind::typedPopUp : CellKind::text;
+}
+
+QString StepsModel::typedText(int columnIdentifier, int row) const {
+    return columnIdentifier == kStepDelayColumn ? m_typed.text(delayOf(row)) : QString();
+}
+
+void StepsModel::takeTypedText(const QString& typed, int columnIdentifier, int row) {
+    if (columnIdentifier != kStepDelayColumn)
+        return;
+    const auto delay = m_typed.read(typed);
+    if (delay && *delay != delayOf(row))
+        setDelay(*delay, row);
 }
 
 QString StepsModel::titleOfDelay(const QVariant& value) const {
@@ -69,9 +91,16 @@ QString StepsModel::titleOfDelay(const QVariant& value) const {
     return item ? shownTitleOfItem(*item) : QString();
 }
 
-QString StepsModel::shownCell(int columnIdentifier, const QVariant& value) const {
-    return columnIdentifier == kStepDelayColumn ? titleOfDelay(value)
-                                                : TableModel::shownCell(columnIdentifier, value);
+QString StepsModel::shownCell(int columnIdentifier, int row) const {
+    if (columnIdentifier != kStepDelayColumn)
+        return TableModel::shownCell(columnIdentifier, row);
+    const std::int32_t delay = delayOf(row);
+    const bool isOfMenu = delay <= 0 || indexOfItemWithTag(m_delays, delay) >= 0;
+    return isOfMenu ? titleOfDelay(cellValue(columnIdentifier, row)) : m_typed.text(delay);
+}
+
+QString StepsModel::explanation(int columnIdentifier, const QVariant& /*value*/) const {
+    return columnIdentifier == kStepDelayColumn ? m_typed.explanation() : QString();
 }
 
 } // namespace quorvi

@@ -1,0 +1,278 @@
+#include "macros/DelayText.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <optional>
+
+#include "model/Limits.h"
+
+namespace quorvi {
+
+namespace {
+
+constexpr std::int32_t kSecond = 1000;
+constexpr std::int32_t kMinute = 60 * kSecond;
+constexpr std::size_t kGroup = 3;
+/// What all signs become that only group digits.
+constexpr char16_t kGroupSign = u'\'';
+/// Where a pattern has its number.
+constexpr std::u16string_view kMark = u"^1";
+
+bool isDigit(char16_t character) {
+    return character >= u'0' && character <= u'9';
+}
+
+std::u16string inDigits(std::int32_t number) {
+    std::u16string digits;
+    for (const char digit : std::to_string(number))
+        digits += static_cast<char16_t>(digit);
+    return digits;
+}
+
+std::u16string inSeconds(std::int32_t milliseconds, char16_t decimalSign) {
+    std::u16string text = inDigits(milliseconds / kSecond);
+    if (milliseconds % kSecond == 0)
+        return text;
+    text += decimalSign;
+    text += inDigits(kSecond + milliseconds % kSecond).substr(1); // with the zeros before it
+    text.erase(text.find_last_not_of(u'0') + 1);
+    return text;
+}
+
+std::u16string filled(std::u16string pattern, const std::u16string& number) {
+    const std::size_t mark = pattern.find(kMark);
+    return mark == std::u16string::npos ? pattern : pattern.replace(mark, kMark.size(), number);
+}
+
+/// Point or comma, for a number of the language.
+char16_t decimalSignOf(const DelayLanguage& language) {
+    return language.decimalSign == u',' ? u',' : u'.';
+}
+
+// What is typed, in fewer characters
+
+bool isBlank(char16_t character) {
+    return (character >= u'\t' && character <= u'\r') || character == u' ' || character == u'\u00A0' ||
+           (character >= u'\u2000' && character <= u'\u200A') || character == u'\u202F' ||
+           character == u'\u3000';
+}
+
+/// A mark that only says from which side the text is read.
+bool isDirectionMark(char16_t character) {
+    return character == u'\u061C' || character == u'\u200E' || character == u'\u200F' ||
+           (character >= u'\u202A' && character <= u'\u202E') ||
+           (character >= u'\u2066' && character <= u'\u2069');
+}
+
+/// The digit in ASCII where it is one of the scripts that the panel's users are likely to type.
+char16_t plainDigit(char16_t character) {
+    // Arabic, Persian, Devanagari, Bengali, Thai
+    constexpr std::array zeros{u'\u0660', u'\u06F0', u'\u0966', u'\u09E6', u'\u0E50'};
+    for (const char16_t zero : zeros)
+        if (character >= zero && character < zero + 10)
+            return static_cast<char16_t>(u'0' + (character - zero));
+    return character;
+}
+
+/// The ASCII character in place of its form of full width, which Chinese and Japanese input methods type.
+char16_t ofUsualWidth(char16_t character) {
+    constexpr char16_t shift = u'\uFF01' - u'!';
+    const bool isWide = character >= u'\uFF01' && character <= u'\uFF5E';
+    return isWide ? static_cast<char16_t>(character - shift) : character;
+}
+
+char16_t plainSign(char16_t character, char16_t decimalSign) {
+    switch (character) {
+    case u'\u066B': // the decimal sign of Arabic
+        return decimalSign;
+    case u'\u066C': // its sign between groups
+    case u'\u2019':
+        return kGroupSign;
+    case u'\u2212':
+        return u'-';
+    default:
+        return character;
+    }
+}
+
+/// Small letters of Latin and Cyrillic in place of capital ones.
+char16_t small(char16_t letter) {
+    constexpr char16_t toSmall = 0x20;
+    const bool capital = (letter >= u'A' && letter <= u'Z') || (letter >= u'\u00C0' && letter <= u'\u00DE') ||
+                         (letter >= u'\u0410' && letter <= u'\u042F');
+    return capital ? static_cast<char16_t>(letter + toSmall) : letter;
+}
+
+std::u16string_view trimmed(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    return first == std::u16string_view::npos ? std::u16string_view()
+                                              : text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+/// The text in ASCII digits and signs, small letters and plain blanks, with none around it.
+std::u16string plainText(std::u16string_view text, char16_t decimalSign) {
+    std::u16string plain;
+    for (const char16_t character : text)
+        if (!isDirectionMark(character))
+            plain += isBlank(character) ? u' ' : small(plainSign(plainDigit(ofUsualWidth(character)), decimalSign));
+    return std::u16string(trimmed(plain));
+}
+
+// Units
+
+/// The name of a unit without the blanks in it and the point behind it.
+std::u16string bareName(std::u16string_view name) {
+    std::u16string bare;
+    std::ranges::copy_if(plainText(name, u'.'), std::back_inserter(bare),
+        [](char16_t character) { return character != u' '; });
+    if (bare.ends_with(u'.'))
+        bare.pop_back();
+    return bare;
+}
+
+/// Whether the list, with commas between its names, has the unit.
+bool names(std::u16string_view list, std::u16string_view unit) {
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(u','), list.size());
+        if (bareName(list.substr(0, end)) == unit)
+            return true;
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return false;
+}
+
+/// How many milliseconds the unit has; nothing for one that is none.
+std::optional<std::int32_t> unitNamed(std::u16string_view name, const TextLookup& lookup) {
+    const std::u16string unit = bareName(name);
+    const auto is = [&](std::u16string_view english, const std::u16string& pattern,
+                        const std::u16string& listed) {
+        return names(english, unit) || bareName(filled(pattern, {})) == unit || names(listed, unit);
+    };
+    if (unit.empty() || is(u"ms,msec,msecs,millisecond,milliseconds", lookup(u"^1 ms"),
+                            lookup(u"ms, msec, millisecond, milliseconds")))
+        return 1;
+    if (is(u"s,sec,secs,second,seconds", lookup(u"^1 s"), lookup(u"s, sec, second, seconds")))
+        return kSecond;
+    if (is(u"min,mins,minute,minutes", u"min", lookup(u"min, minute, minutes")))
+        return kMinute;
+    return std::nullopt;
+}
+
+// Numbers
+
+struct Number {
+    std::u16string whole;    ///< digits, without zeros before them
+    std::u16string fraction; ///< digits, without zeros behind them
+};
+
+bool isOfDigits(std::u16string_view text) {
+    return std::ranges::all_of(text, isDigit);
+}
+
+/// The digits without the sign between groups of three; nothing where the groups are others.
+std::optional<std::u16string> ungrouped(std::u16string_view text, char16_t sign) {
+    std::size_t end = text.find(sign);
+    if (end == std::u16string_view::npos)
+        return isOfDigits(text) ? std::optional<std::u16string>(text) : std::nullopt;
+    std::u16string digits(text.substr(0, end));
+    if (digits.empty() || digits.size() > kGroup || digits.front() == u'0')
+        return std::nullopt;
+    while (end != std::u16string_view::npos) {
+        text.remove_prefix(end + 1);
+        end = text.find(sign);
+        const std::u16string_view group = text.substr(0, end);
+        if (group.size() != kGroup)
+            return std::nullopt;
+        digits += group;
+    }
+    return isOfDigits(digits) ? std::optional(digits) : std::nullopt;
+}
+
+/// The digits before the decimal sign, which may be grouped by any sign but that one.
+std::optional<std::u16string> wholePart(std::u16string_view text, char16_t decimalSign) {
+    const char16_t other = decimalSign == u'.' ? u',' : u'.';
+    for (const char16_t sign : {other, kGroupSign, u' '})
+        if (const auto digits = ungrouped(text, sign))
+            return digits;
+    return std::nullopt;
+}
+
+std::optional<Number> numberSplitAt(std::u16string_view text, char16_t decimalSign) {
+    const std::size_t sign = text.find(decimalSign);
+    const bool isWhole = sign == std::u16string_view::npos;
+    auto whole = wholePart(text.substr(0, sign), decimalSign);
+    std::u16string fraction(isWhole ? std::u16string_view() : text.substr(sign + 1));
+    if (!whole || !isOfDigits(fraction) || (isWhole ? whole->empty() : fraction.empty()))
+        return std::nullopt;
+    whole->erase(0, std::min(whole->find_first_not_of(u'0'), whole->size()));
+    fraction.erase(fraction.find_last_not_of(u'0') + 1);
+    return Number{*whole, fraction};
+}
+
+std::optional<Number> numberIn(std::u16string_view text, char16_t decimalSign) {
+    if (const auto number = numberSplitAt(text, decimalSign))
+        return number;
+    return numberSplitAt(text, decimalSign == u'.' ? u',' : u'.');
+}
+
+std::int64_t valueOf(std::u16string_view digits) {
+    std::int64_t value = 0;
+    for (const char16_t digit : digits)
+        value = value * 10 + (digit - u'0');
+    return value;
+}
+
+std::variant<std::int32_t, DelayFault> delayOf(const Number& number, std::int32_t unit) {
+    constexpr std::size_t mostDigits = 9;   // more than the longest delay has
+    constexpr std::size_t mostDecimals = 5; // a minute has 60000 = 3 * 2^5 * 5^4 milliseconds
+    if (number.whole.size() > mostDigits)
+        return DelayFault::tooLong;
+    const std::int64_t whole = valueOf(number.whole) * unit;
+    if (whole > limits::longestDelay)
+        return DelayFault::tooLong;
+    if (number.fraction.size() > mostDecimals)
+        return DelayFault::tooFine;
+    std::int64_t parts = 1;
+    for (std::size_t digit = 0; digit < number.fraction.size(); ++digit)
+        parts *= 10;
+    const std::int64_t rest = valueOf(number.fraction) * unit;
+    if (rest % parts != 0)
+        return DelayFault::tooFine;
+    const std::int64_t delay = whole + rest / parts;
+    if (delay > limits::longestDelay)
+        return DelayFault::tooLong;
+    return static_cast<std::int32_t>(delay);
+}
+
+std::variant<std::int32_t, DelayFault> delayInPlainText(
+    std::u16string_view text, const DelayLanguage& language) {
+    constexpr std::u16string_view inNumbers = u"0123456789.,' ";
+    const std::size_t end = std::min(text.find_first_not_of(inNumbers), text.size());
+    const auto number = numberIn(trimmed(text.substr(0, end)), decimalSignOf(language));
+    const auto unit = unitNamed(text.substr(end), language.lookup);
+    if (!number || !unit)
+        return DelayFault::nonsense;
+    return delayOf(*number, *unit);
+}
+
+} // namespace
+
+std::u16string delayText(std::int32_t milliseconds, const DelayLanguage& language) {
+    if (milliseconds <= 0)
+        return u"0";
+    if (milliseconds < kSecond)
+        return filled(language.lookup(u"^1 ms"), inDigits(milliseconds));
+    return filled(language.lookup(u"^1 s"), inSeconds(milliseconds, decimalSignOf(language)));
+}
+
+std::variant<std::int32_t, DelayFault> delayInText(std::u16string_view text, const DelayLanguage& language) {
+    const std::u16string plain = plainText(text, decimalSignOf(language));
+    if (!plain.starts_with(u'-'))
+        return delayInPlainText(plain, language);
+    const auto amount = delayInPlainText(trimmed(std::u16string_view(plain).substr(1)), language);
+    return amount == std::variant<std::int32_t, DelayFault>(DelayFault::nonsense) ? DelayFault::nonsense
+                                                                                  : DelayFault::negative;
+}
+
+} // namespace quorvi
