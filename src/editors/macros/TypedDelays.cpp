@@ -63,7 +63,7 @@ QString TypedDelays::refusal(DelayFault fault, const QString& typed) const {
 }
 
 QString TypedDelays::explanation() const {
-    return filledText(m_text("Choose a delay, or double-click to type one, such as ^1 or ^2."),
+    return filledText(m_text("Choose a delay, or double-click or press F2 to type one, such as ^1 or ^2."),
         {text(kShortExample), text(kLongExample)});
 }
 
