@@ -178,7 +178,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
 }
 
 void KyvarQuorviPane::showKeyNames() {
-    fEditors->steps.list().reloadQuietly();
+    fEditors->steps.showKeyNames();
     fEditors->singleKey.show();
     updateUI();
 }

@@ -3,8 +3,11 @@
 #include <QLabel>
 #include <QLocale>
 
+#include "layouts/X11KeyboardLayout.h"
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
+#include "support/EnvironmentVariable.h"
+#include "support/VirtualDisplay.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -22,7 +25,8 @@ class OtherNumbers {
 
 class DelayFixture : public MacroFixture {
   public:
-    explicit DelayFixture(const QStringList& steps = {"1 4 75", "0 4 50"}) : MacroFixture(steps) {
+    explicit DelayFixture(const QStringList& steps = {"1 4 75", "0 4 50"}, PaneOptions options = {})
+        : MacroFixture(steps, std::move(options)) {
         selectStep(0);
         table->setFocus();
     }
@@ -232,6 +236,24 @@ class TypedDelaysTest : public QObject {
         fixture.chooseForSteps(35);
         QCOMPARE(fixture.savedSteps(), QStringList({"1 4 75", "0 4 75", "1 5 0"}));
         QCOMPARE(fixture.shownDelays(), QStringList({"75 ms", "75 ms", "None"}));
+    }
+
+    // The first key of a second keyboard does so too.
+    void whatIsTypedStaysWhenKeysGetOtherNames() {
+        if (!isInstalled("Xvfb") || !isInstalled("setxkbmap"))
+            QSKIP("there is no X server to change the layout of");
+        const VirtualDisplay display;
+        QVERIFY(display.setLayout("us"));
+        const DelayFixture fixture({"1 20 75"}, {.watchKeyboardLayout = [&display] {
+            const EnvironmentVariable variable("DISPLAY", display.name());
+            return std::make_unique<KeyboardLayoutWatcher>(connectToX11Keyboard());
+        }});
+        QTRY_COMPARE(fixture.shownSteps(), QStringList("Press q"));
+        QTest::keyClick(fixture.table, Qt::Key_9);
+        QVERIFY(display.setLayout("fr"));
+        QTRY_COMPARE(fixture.shownSteps(), QStringList("Press a"));
+        QVERIFY(fixture.field());
+        QCOMPARE(fixture.field()->text(), QStringLiteral("9"));
     }
 
     void aMacroThatGoesTakesItsFieldAlong() {

@@ -37,6 +37,10 @@ void StepsEditor::showOtherMacro() {
     m_views.table.deselectAll();
 }
 
+void StepsEditor::showKeyNames() {
+    model().showActions();
+}
+
 void StepsEditor::remove() {
     const plist::Array& steps = m_context.document.macroSteps();
     const int row = m_views.table.selectedRow();
@@ -87,7 +91,11 @@ bool StepsEditor::hasSteps() const {
 }
 
 QString StepsEditor::titleOfDelay(const QVariant& value) const {
-    return static_cast<const StepsModel&>(m_list.model()).titleOfDelay(value);
+    return model().titleOfDelay(value);
+}
+
+StepsModel& StepsEditor::model() const {
+    return static_cast<StepsModel&>(m_list.model());
 }
 
 std::vector<MenuCommand> StepsEditor::commands() {

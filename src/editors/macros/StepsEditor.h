@@ -44,6 +44,10 @@ class StepsEditor final {
     /// Shows the steps of another macro, with none selected.
     void showOtherMacro();
 
+    /// Names the keys of the steps again, by another layout, and leaves the rest as it is: what the user is
+    /// typing meanwhile stays. A second keyboard counts as another layout too.
+    void showKeyNames();
+
     /// Removes the selected step. The next save brings that along.
     void remove();
     /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
@@ -57,6 +61,7 @@ class StepsEditor final {
     [[nodiscard]] QString titleOfDelay(const QVariant& value) const;
 
   private:
+    [[nodiscard]] StepsModel& model() const;
     void commit(const QString& action);
     void removeAll();
     void useDelayOfSelectedForAll();

@@ -70,6 +70,12 @@ void StepsModel::setDelay(std::int32_t milliseconds, int row) {
         .action = actionName(text("Change Delay"))});
 }
 
+void StepsModel::showActions() {
+    const int column = columnOf(kStepActionColumn);
+    if (rowCount() > 0)
+        emit dataChanged(index(0, column), index(rowCount() - 1, column));
+}
+
 CellKind StepsModel::cellKind(int columnIdentifier, int /*row*/) const {
     return columnIdentifier == kStepDelayColumn ? CellKind::typedPopUp : CellKind::text;
 }

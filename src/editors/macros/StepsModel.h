@@ -23,6 +23,9 @@ class StepsModel final : public TableModel {
     /// Gives the step the delay of the item at the index; does nothing for any other value.
     void setCellValue(const QVariant& value, int columnIdentifier, int row) override;
 
+    /// Has the views ask again what the steps do.
+    void showActions();
+
     /// The delay exactly, whether the menu has it or not.
     [[nodiscard]] QString typedText(int columnIdentifier, int row) const override;
     /// Gives the step the delay that was typed. Anything else changes nothing, and the bar at the foot says
