@@ -25,7 +25,7 @@ inline constexpr std::array macroColumns{TableColumn{21, "Macro", 0}};
 inline constexpr std::array stepColumns{
     TableColumn{31, "Action", 0},
     TableColumn{
-        32, "Delay Afterwards", 14, "How long the mouse waits after this step before it plays the next one."},
+        32, "Delay Afterwards", 16, "How long the mouse waits after this step before it plays the next one."},
 };
 inline constexpr std::array stageColumns{
     TableColumn{41, "No.", 4},
