@@ -1,8 +1,13 @@
 // Undo and redo in the real panel: by key, by button and by the bar at the foot, with the file that follows.
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QTabWidget>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include <private/qguiapplication_p.h>
 
 #include "document/UndoStack.h"
 #include "pane/AssignmentFixture.h"
@@ -56,6 +61,20 @@ class UndoFixture : public AssignmentFixture {
         click("quorviButtonMacroRemove");
     }
 };
+
+/// What a screen reader is told to say.
+QStringList announced;
+
+void writeDown(QAccessibleEvent* event) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    if (event->type() == QAccessible::Announcement)
+        announced << static_cast<QAccessibleAnnouncementEvent*>(event)->message();
+#else
+    if (const auto* said = qobject_cast<QPushButton*>(event->object());
+        said && event->type() == QAccessible::Alert)
+        announced << said->accessibleDescription();
+#endif
+}
 
 } // namespace
 
@@ -114,6 +133,20 @@ class UndoTest : public QObject {
         panel.click(kWheelLight);
         panel.undoByKey();
         QCOMPARE(panel.find<QCheckBox>(kWheelLight)->isChecked(), before);
+    }
+
+    void eachIsAnnouncedByItsName() {
+        const UndoFixture panel;
+        panel.deleteMacro(1);
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        announced.clear();
+        const auto before = QAccessible::installUpdateHandler(writeDown);
+        panel.undoByKey();
+        panel.click(kRedo);
+        QAccessible::installUpdateHandler(before);
+        QCOMPARE(announced, QStringList({"Undone: Delete Macro “World”", "Redone: Delete Macro “World”"}));
+        // The buttons go on to say what they would do.
+        QTRY_VERIFY(panel.find<QWidget>(kUndo)->accessibleDescription().startsWith("Undo Delete Macro"));
     }
 
     void theTabIsOpenedOnWhichItIsSeen() {
