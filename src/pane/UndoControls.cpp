@@ -1,7 +1,6 @@
 #include "pane/UndoControls.h"
 
 #include <QKeySequence>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -74,13 +73,15 @@ void UndoControls::show() {
     showButton(m_views.redo, forth());
 }
 
-void UndoControls::showButton(QPushButton& button, const Way& way) {
+void UndoControls::showButton(QPushButton* button, const Way& way) {
+    if (!button)
+        return;
     const UndoOffer offer = (m_context.document.*way.offer)();
     const QString tip = tipOf(way, offer);
-    button.setEnabled(
+    button->setEnabled(
         m_context.document.hasDevice() && offer.able == Undoable::yes && !m_others.isCapturing());
-    button.setToolTip(tip);
-    button.setAccessibleDescription(tip);
+    button->setToolTip(tip);
+    button->setAccessibleDescription(tip);
 }
 
 void UndoControls::undo() {
@@ -91,9 +92,9 @@ void UndoControls::redo() {
     go(m_views.redo, forth());
 }
 
-void UndoControls::go(QPushButton& button, const Way& way) {
+void UndoControls::go(QPushButton* button, const Way& way) {
     Document& document = m_context.document;
-    if (!document.hasDevice() || m_others.isCapturing())
+    if (!button || !document.hasDevice() || m_others.isCapturing())
         return;
     const UndoOffer offer = (document.*way.offer)();
     const Restored change = (document.*way.take)();
@@ -103,7 +104,7 @@ void UndoControls::go(QPushButton& button, const Way& way) {
     if (!change)
         return;
     lead(change);
-    announce(button, filled(way.done, offer));
+    announce(*button, filled(way.done, offer));
 }
 
 void UndoControls::lead(const Restored& change) {
