@@ -73,6 +73,13 @@ void run(bool quick) {
             stack.note(tree, u"Assign Button 4");
         }));
     printRow("note an action in a full configuration", figureOf(times), "µs", std::nullopt);
+    std::vector<double> ofProfile;
+    for (int round = 0, number = 0; round < (quick ? 3 : 51); ++round)
+        ofProfile.push_back(processorMicrosecondsOf(1, [&] {
+            tree.dictionary(keys::settings).set(keys::pollingRate, ++number);
+            stack.noteInProfile(tree, u"Change Polling Rate", 0);
+        }));
+    printRow("  … that has touched one profile at most", figureOf(ofProfile), "µs", std::nullopt);
     const double small = memoryOf(assign);
     printRow("memory of an action: an assignment", {small, small, small}, "KiB", kGoalOfAction);
     const double large = memoryOf(replaceEverything);

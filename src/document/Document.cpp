@@ -77,12 +77,18 @@ void Document::editMacroIndex(std::int32_t index) {
     fMacroSteps = fMacro.array(keys::steps);
 }
 
+bool Document::note(const Change& change) {
+    if (change.touched == Touched::currentProfile && fProfileIndex >= 0)
+        return m_actions.noteInProfile(fDeviceConfig, change.action, static_cast<std::size_t>(fProfileIndex));
+    return m_actions.note(fDeviceConfig, change.action);
+}
+
 bool Document::commit(const Change& change) {
     m_owner.showDocument(change.shown);
     bool isNoted = false;
     if (!change.action.empty()) {
         // Before the save, which may bring changes of others into the tree.
-        isNoted = m_actions.note(fDeviceConfig, change.action);
+        isNoted = note(change);
         m_owner.actionHasBegun();
         m_owner.undoHasChanged();
     }

@@ -55,7 +55,14 @@ void UndoStack::takeRepairsOver(const Dictionary& tree) {
 }
 
 bool UndoStack::note(const Dictionary& tree, const std::u16string& action) {
-    const Dictionary now = snapshotOf(tree, m_last);
+    return noteSnapshot(snapshotOf(tree, m_last), action);
+}
+
+bool UndoStack::noteInProfile(const Dictionary& tree, const std::u16string& action, std::size_t profile) {
+    return noteSnapshot(m_last ? snapshotOfProfile(tree, m_last, profile) : snapshotOf(tree, m_last), action);
+}
+
+bool UndoStack::noteSnapshot(const Dictionary& now, const std::u16string& action) {
     if (now.isSameAs(m_last))
         return false;
     const Dictionary before = std::exchange(m_last, now);

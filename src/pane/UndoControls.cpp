@@ -69,17 +69,19 @@ QString UndoControls::tipOf(const Way& way, const UndoOffer& offer) const {
 }
 
 void UndoControls::show() {
-    showButton(m_views.undo, back());
-    showButton(m_views.redo, forth());
+    showButton(m_views.undo, m_shownUndo, back());
+    showButton(m_views.redo, m_shownRedo, forth());
 }
 
-void UndoControls::showButton(QPushButton* button, const Way& way) {
+void UndoControls::showButton(QPushButton* button, UndoOffer& shown, const Way& way) {
     if (!button)
         return;
     const UndoOffer offer = (m_context.document.*way.offer)();
-    const QString tip = tipOf(way, offer);
     button->setEnabled(
         m_context.document.hasDevice() && offer.able == Undoable::yes && !m_others.isCapturing());
+    if (std::exchange(shown, offer) == offer)
+        return; // every click comes here
+    const QString tip = tipOf(way, offer);
     button->setToolTip(tip);
     button->setAccessibleDescription(tip);
 }

@@ -50,7 +50,7 @@ class UndoControls {
     [[nodiscard]] static const Way& back();
     [[nodiscard]] static const Way& forth();
     void go(QPushButton* button, const Way& way);
-    void showButton(QPushButton* button, const Way& way);
+    void showButton(QPushButton* button, UndoOffer& shown, const Way& way);
     /// Goes to where the change is to be seen.
     void lead(const Restored& change);
     [[nodiscard]] QString tipOf(const Way& way, const UndoOffer& offer) const;
@@ -59,6 +59,8 @@ class UndoControls {
     EditorContext m_context;
     Views m_views;
     Others m_others;
+    UndoOffer m_shownUndo; ///< as the interface file has it at first: nothing
+    UndoOffer m_shownRedo;
 };
 
 } // namespace quorvi
