@@ -86,16 +86,17 @@ bool Document::note(const Change& change) {
 bool Document::commit(const Change& change) {
     m_owner.showDocument(change.shown);
     bool isNoted = false;
-    if (!change.action.empty()) {
-        // Before the save, which may bring changes of others into the tree.
+    if (!change.action.empty()) // before the save, which may bring changes of others into the tree
         isNoted = note(change);
-        m_owner.actionHasBegun();
-        m_owner.undoHasChanged();
-    }
     if (change.saving == Saving::now)
         m_owner.saveDocument();
     else if (change.saving == Saving::withNextAction)
         m_owner.saveDocumentLater();
+    if (!change.action.empty()) {
+        // Behind the save, whose way to the mouse is not to wait for them.
+        m_owner.actionHasBegun();
+        m_owner.undoHasChanged();
+    }
     return isNoted;
 }
 
