@@ -40,7 +40,8 @@ void replaceEverything(const plist::Dictionary& tree, int number) {
             for (const plist::Array& parts : {item.array(keys::steps), item.array(keys::stages)})
                 for (std::size_t part = 0; part < parts.size(); ++part)
                     parts.dictionary(part).set(keys::delay, number);
-            for (const auto& button : item.dictionary(keys::buttons).entries())
+            const plist::Dictionary whole = item.dictionary(keys::buttons);
+            for (const auto& button : whole.entries())
                 button.value.dictionary().set(keys::param2, number);
             list.replace(index, item);
         }

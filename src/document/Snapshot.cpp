@@ -122,7 +122,8 @@ Dictionary snapshotOfProfile(const Dictionary& tree, const Dictionary& earlier, 
     if (settingsNow.isSameAs(settingsBefore) && oneNow.isSameAs(oneBefore))
         return earlier;
     const auto profiles = Array::create();
-    for (const Value& item : earlier.array(keys::profiles).items())
+    const Array before = earlier.array(keys::profiles);
+    for (const Value& item : before.items())
         profiles.append(item);
     profiles.replace(profile, oneNow);
     const auto taken = Dictionary::create();

@@ -27,8 +27,9 @@ bool haveSameStage(const Dictionary& a, const Dictionary& b) {
 Dictionary withoutSensitivityInForce(const Dictionary& wanted, const Dictionary& base) {
     Dictionary tree = plist::mutableDeepCopy(wanted);
     const Dictionary settings = tree.dictionary(keys::settings);
+    const Dictionary inForce = base.dictionary(keys::settings);
     for (const std::string_view key : kInForce)
-        if (const auto& value = base.dictionary(keys::settings).value(key); !value.isNothing())
+        if (const auto& value = inForce.value(key); !value.isNothing())
             settings.set(key, value);
     return tree;
 }
