@@ -25,10 +25,11 @@ void collect(const Dictionary& from, std::vector<Dictionary>& found) {
         collect(from.dictionary(key), found);
     for (int input = 1; input <= 9; ++input)
         collect(from.dictionary(keys::button(input)), found);
-    for (const auto key : {keys::profiles, keys::stages, keys::macros, keys::steps})
+    for (const auto key : {keys::profiles, keys::stages, keys::macros, keys::steps}) {
         const plist::Array all = from.array(key);
-    for (const Value& item : all.items())
-        collect(item.dictionary(), found);
+        for (const Value& item : all.items())
+            collect(item.dictionary(), found);
+    }
 }
 
 std::vector<Dictionary> dictionariesOf(const Dictionary& tree) {
