@@ -16,9 +16,10 @@ namespace {
 struct Entry {
     const char* title; // nullptr for a kSeparator
     int tag;
+    const char* key = nullptr; // of the table whose menu it is; nullptr for none
 };
 
-constexpr Entry kSeparator{nullptr, 0};
+constexpr Entry kSeparator{.title = nullptr, .tag = 0};
 
 constexpr std::array kProfileEntries{
     Entry{"New Profile", kNewProfileItem},
@@ -51,6 +52,14 @@ constexpr std::array kStepEntries{
     kSeparator,
     Entry{"Use Delay of Step for All", kUseDelayForAllItem},
     Entry{"Remove All Delays", kRemoveAllDelaysItem},
+    kSeparator,
+    Entry{"Move Step Up", kMoveStepUpItem, "Alt+Up"},
+    Entry{"Move Step Down", kMoveStepDownItem, "Alt+Down"},
+    kSeparator,
+    Entry{"Cut Step", kCutStepItem, "Ctrl+X"},
+    Entry{"Copy Step", kCopyStepItem, "Ctrl+C"},
+    Entry{"Paste Steps", kPasteStepsItem, "Ctrl+V"},
+    Entry{"Duplicate Step", kDuplicateStepItem, "Ctrl+D"},
 };
 
 constexpr std::array kDelayEntries{
@@ -95,6 +104,13 @@ void setAction(QObject& object, const char* action) {
     object.setProperty(kActionProperty, QByteArray(action));
 }
 
+/// Shows the key beside the item's title. It is for the table alone, which performs it itself.
+void showKey(QAction& item, const char* key) {
+    item.setShortcut(QKeySequence(QLatin1String(key), QKeySequence::PortableText));
+    item.setShortcutContext(Qt::WidgetShortcut);
+    item.setShortcutVisibleInContextMenu(true);
+}
+
 void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action) {
     for (const Entry& entry : entries) {
         if (!entry.title) {
@@ -103,6 +119,8 @@ void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action)
         }
         QAction& item = addItem(menu, entry.title);
         setTagOfItem(item, entry.tag);
+        if (entry.key)
+            showKey(item, entry.key);
         if (action)
             setAction(item, action);
     }
