@@ -16,8 +16,12 @@ namespace {
 struct Entry {
     const char* title; // nullptr for a kSeparator
     int tag;
-    const char* key = nullptr; // of the table whose menu it is; nullptr for none
+    int key = 0; // of the table whose menu it is, with its modifiers; 0 for none
 };
+
+constexpr int withKey(Qt::Modifier modifier, Qt::Key key) {
+    return int(modifier) | int(key);
+}
 
 constexpr Entry kSeparator{.title = nullptr, .tag = 0};
 
@@ -53,13 +57,13 @@ constexpr std::array kStepEntries{
     Entry{"Use Delay of Step for All", kUseDelayForAllItem},
     Entry{"Remove All Delays", kRemoveAllDelaysItem},
     kSeparator,
-    Entry{"Move Step Up", kMoveStepUpItem, "Alt+Up"},
-    Entry{"Move Step Down", kMoveStepDownItem, "Alt+Down"},
+    Entry{"Move Step Up", kMoveStepUpItem, withKey(Qt::ALT, Qt::Key_Up)},
+    Entry{"Move Step Down", kMoveStepDownItem, withKey(Qt::ALT, Qt::Key_Down)},
     kSeparator,
-    Entry{"Cut Step", kCutStepItem, "Ctrl+X"},
-    Entry{"Copy Step", kCopyStepItem, "Ctrl+C"},
-    Entry{"Paste Steps", kPasteStepsItem, "Ctrl+V"},
-    Entry{"Duplicate Step", kDuplicateStepItem, "Ctrl+D"},
+    Entry{"Cut Step", kCutStepItem, withKey(Qt::CTRL, Qt::Key_X)},
+    Entry{"Copy Step", kCopyStepItem, withKey(Qt::CTRL, Qt::Key_C)},
+    Entry{"Paste Steps", kPasteStepsItem, withKey(Qt::CTRL, Qt::Key_V)},
+    Entry{"Duplicate Step", kDuplicateStepItem, withKey(Qt::CTRL, Qt::Key_D)},
 };
 
 constexpr std::array kDelayEntries{
@@ -105,8 +109,8 @@ void setAction(QObject& object, const char* action) {
 }
 
 /// Shows the key beside the item's title. It is for the table alone, which performs it itself.
-void showKey(QAction& item, const char* key) {
-    item.setShortcut(QKeySequence(QLatin1String(key), QKeySequence::PortableText));
+void showKey(QAction& item, int key) {
+    item.setShortcut(QKeySequence(key));
     item.setShortcutContext(Qt::WidgetShortcut);
     item.setShortcutVisibleInContextMenu(true);
 }
@@ -119,7 +123,7 @@ void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action)
         }
         QAction& item = addItem(menu, entry.title);
         setTagOfItem(item, entry.tag);
-        if (entry.key)
+        if (entry.key != 0)
             showKey(item, entry.key);
         if (action)
             setAction(item, action);
