@@ -77,19 +77,26 @@ void Document::editMacroIndex(std::int32_t index) {
     fMacroSteps = fMacro.array(keys::steps);
 }
 
+bool Document::note(const Change& change) {
+    if (change.touched == Touched::currentProfile && fProfileIndex >= 0)
+        return m_actions.noteInProfile(fDeviceConfig, change.action, static_cast<std::size_t>(fProfileIndex));
+    return m_actions.note(fDeviceConfig, change.action);
+}
+
 bool Document::commit(const Change& change) {
     m_owner.showDocument(change.shown);
     bool isNoted = false;
-    if (!change.action.empty()) {
-        // Before the save, which may bring changes of others into the tree.
-        isNoted = m_actions.note(fDeviceConfig, change.action);
-        m_owner.actionHasBegun();
-        m_owner.undoHasChanged();
-    }
+    if (!change.action.empty()) // before the save, which may bring changes of others into the tree
+        isNoted = note(change);
     if (change.saving == Saving::now)
         m_owner.saveDocument();
     else if (change.saving == Saving::withNextAction)
         m_owner.saveDocumentLater();
+    if (!change.action.empty()) {
+        // Behind the save, whose way to the mouse is not to wait for them.
+        m_owner.actionHasBegun();
+        m_owner.undoHasChanged();
+    }
     return isNoted;
 }
 

@@ -25,6 +25,12 @@ enum class Saving : std::uint8_t {
     never,          ///< nothing that a file has to have, or whoever goes on with it saves
 };
 
+/// What a change can have touched.
+enum class Touched : std::uint8_t {
+    everything,
+    currentProfile, ///< it alone, and the settings: faster to note
+};
+
 /// What a change asks for.
 struct Change {
     Shown shown = Shown::everything;
@@ -32,6 +38,7 @@ struct Change {
     /// What the user has done, in the user's language and as a command names it: "Delete Macro “Say hi”".
     /// Empty for what is no action of its own; what it has changed then belongs to the next action.
     std::u16string action = {};
+    Touched touched = Touched::everything;
 };
 
 /// Who shows the document and brings it to the disk.
@@ -125,6 +132,7 @@ class Document {
     Restored redo() { return restored(m_actions.redo(fDeviceConfig)); }
 
   private:
+    bool note(const Change& change);
     Restored restored(Restored change);
 
     DocumentOwner& m_owner;

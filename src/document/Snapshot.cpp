@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "model/Keys.h"
+
 namespace quorvi {
 
 namespace {
@@ -106,6 +108,31 @@ Array snapshotOfArray(const Array& array, const Array& earlier) {
 
 Dictionary snapshotOf(const Dictionary& tree, const Dictionary& earlier) {
     return tree ? snapshotOfDictionary(tree, earlier) : Dictionary();
+}
+
+Dictionary snapshotOfProfile(const Dictionary& tree, const Dictionary& earlier, std::size_t profile) {
+    const Dictionary settings = tree.dictionary(keys::settings);
+    const Dictionary one = tree.array(keys::profiles).dictionary(profile);
+    const Dictionary settingsBefore = earlier.dictionary(keys::settings);
+    const Dictionary oneBefore = earlier.array(keys::profiles).dictionary(profile);
+    if (!settings || !one || !settingsBefore || !oneBefore)
+        return snapshotOf(tree, earlier);
+    const Dictionary settingsNow = snapshotOf(settings, settingsBefore);
+    const Dictionary oneNow = snapshotOf(one, oneBefore);
+    if (settingsNow.isSameAs(settingsBefore) && oneNow.isSameAs(oneBefore))
+        return earlier;
+    const auto profiles = Array::create();
+    const Array before = earlier.array(keys::profiles);
+    for (const Value& item : before.items())
+        profiles.append(item);
+    profiles.replace(profile, oneNow);
+    const auto taken = Dictionary::create();
+    taken.reserve(earlier.size());
+    for (const plist::Entry& entry : earlier.entries())
+        taken.append(entry.key, entry.value);
+    taken.set(keys::settings, settingsNow);
+    taken.set(keys::profiles, profiles);
+    return taken;
 }
 
 } // namespace quorvi

@@ -27,8 +27,9 @@ bool haveSameStage(const Dictionary& a, const Dictionary& b) {
 Dictionary withoutSensitivityInForce(const Dictionary& wanted, const Dictionary& base) {
     Dictionary tree = plist::mutableDeepCopy(wanted);
     const Dictionary settings = tree.dictionary(keys::settings);
+    const Dictionary inForce = base.dictionary(keys::settings);
     for (const std::string_view key : kInForce)
-        if (const auto& value = base.dictionary(keys::settings).value(key); !value.isNothing())
+        if (const auto& value = inForce.value(key); !value.isNothing())
             settings.set(key, value);
     return tree;
 }
@@ -55,7 +56,14 @@ void UndoStack::takeRepairsOver(const Dictionary& tree) {
 }
 
 bool UndoStack::note(const Dictionary& tree, const std::u16string& action) {
-    const Dictionary now = snapshotOf(tree, m_last);
+    return noteSnapshot(snapshotOf(tree, m_last), action);
+}
+
+bool UndoStack::noteInProfile(const Dictionary& tree, const std::u16string& action, std::size_t profile) {
+    return noteSnapshot(m_last ? snapshotOfProfile(tree, m_last, profile) : snapshotOf(tree, m_last), action);
+}
+
+bool UndoStack::noteSnapshot(const Dictionary& now, const std::u16string& action) {
     if (now.isSameAs(m_last))
         return false;
     const Dictionary before = std::exchange(m_last, now);

@@ -22,6 +22,7 @@ enum class Undoable : std::uint8_t {
 struct UndoOffer {
     Undoable able = Undoable::nothing;
     std::u16string action; ///< its name, in the user's language; empty when there is none
+    bool operator==(const UndoOffer&) const = default;
 };
 
 /// The change that undoing or redoing has made to the tree.
@@ -48,6 +49,8 @@ class UndoStack {
     /// as it was, or none was taken over before. There is nothing to be done again any more. Whether the
     /// tree is another one.
     bool note(const plist::Dictionary& tree, const std::u16string& action);
+    /// The same when the action can have touched only the settings and the profile at the index.
+    bool noteInProfile(const plist::Dictionary& tree, const std::u16string& action, std::size_t profile);
     /// What is noted from here to endGroup() is one action, under its first name.
     void beginGroup() { m_group = Group::begun; }
     void endGroup();
@@ -73,6 +76,7 @@ class UndoStack {
     };
     using Actions = std::deque<Action>;
 
+    bool noteSnapshot(const plist::Dictionary& now, const std::u16string& action);
     void forgetOldest();
     [[nodiscard]] UndoOffer offer(const Actions& actions, Direction direction) const;
     [[nodiscard]] plist::Dictionary treeWithout(

@@ -29,7 +29,8 @@ bool isWholeProfile(const plist::Value& item) {
 }
 
 bool areSettings(const Dictionary& tree) {
-    const auto& profiles = tree.array(keys::profiles).items();
+    const plist::Array list = tree.array(keys::profiles);
+    const auto& profiles = list.items();
     return KyvarValidateConfig(tree, limits::minimumVersion) && tree.dictionary(keys::settings) &&
            tree.array(keys::macros) && std::any_of(profiles.begin(), profiles.end(), isWholeProfile);
 }

@@ -108,9 +108,15 @@ fs::path historyFolder(const fs::path& home) {
 }
 
 bool History::isDue(SystemTime now) {
-    const auto today = localDay(now);
-    if (m_folder.empty() || m_dayWithCopy == today)
+    // Days begin with a minute, in every time zone.
+    const auto minute = std::chrono::floor<std::chrono::minutes>(now);
+    if (m_folder.empty() || m_minuteWithCopy == minute)
         return false;
+    const auto today = localDay(now);
+    if (m_dayWithCopy == today) {
+        m_minuteWithCopy = minute;
+        return false;
+    }
     const auto copies = list();
     const bool hasOne = std::any_of(
         copies.begin(), copies.end(), [&](const DatedCopy& copy) { return localDay(copy.time) == today; });

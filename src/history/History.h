@@ -67,6 +67,7 @@ class History {
     std::filesystem::path m_folder;
     FileCalls& m_calls;
     std::optional<std::chrono::sys_days> m_dayWithCopy; ///< the last day that is known to have one
+    std::optional<std::chrono::sys_time<std::chrono::minutes>> m_minuteWithCopy; ///< the last one of it
 };
 
 } // namespace quorvi

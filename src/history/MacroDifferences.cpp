@@ -14,7 +14,8 @@ Value withoutDelays(const Array& steps) {
     const auto bare = Array::create();
     for (const Value& step : steps.items()) {
         const auto copy = Dictionary::create();
-        for (const auto& entry : step.dictionary().entries())
+        const Dictionary whole = step.dictionary();
+        for (const auto& entry : whole.entries())
             if (entry.key != keys::delay)
                 copy.append(entry.key, entry.value);
         bare.append(copy);

@@ -69,7 +69,8 @@ constexpr auto kAll = std::numeric_limits<std::size_t>::max();
 template <const auto& known, std::size_t most = kAll>
 Value listOf(const Value& value) {
     const auto read = Array::create();
-    for (const Value& item : value.array().items())
+    const Array list = value.array();
+    for (const Value& item : list.items())
         read.append(read.size() < most ? dictionaryOf<known>(item) : item);
     return read;
 }

@@ -24,8 +24,8 @@ WindowHead::Views headViews(const Interface& views) {
 }
 
 UndoControls::Views undoViews(const Interface& views) {
-    return {.undo = *views.main.quorviButtonUndo,
-        .redo = *views.main.quorviButtonRedo,
+    return {.undo = views.main.quorviButtonUndo,
+        .redo = views.main.quorviButtonRedo,
         .tabs = *views.main.quorviTabsMain,
         .steps = *views.main.quorviTableSteps};
 }

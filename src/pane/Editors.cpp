@@ -12,6 +12,7 @@
 #include "session/SettingsSession.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ShownText.h"
+#include "window/Notices.h"
 
 namespace quorvi {
 

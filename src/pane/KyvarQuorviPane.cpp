@@ -236,6 +236,7 @@ void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
     fHelperLink.bringBack();
     fSession.retryFailedSave();
     fSession.followFile();
+    fFileToOpen.tryLater(); // a panel for files may have closed
 }
 
 void KyvarQuorviPane::sysPrefWindowDidResignKey() {

@@ -1,7 +1,6 @@
 #include "pane/UndoControls.h"
 
 #include <QKeySequence>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -70,17 +69,21 @@ QString UndoControls::tipOf(const Way& way, const UndoOffer& offer) const {
 }
 
 void UndoControls::show() {
-    showButton(m_views.undo, back());
-    showButton(m_views.redo, forth());
+    showButton(m_views.undo, m_shownUndo, back());
+    showButton(m_views.redo, m_shownRedo, forth());
 }
 
-void UndoControls::showButton(QPushButton& button, const Way& way) {
+void UndoControls::showButton(QPushButton* button, UndoOffer& shown, const Way& way) {
+    if (!button)
+        return;
     const UndoOffer offer = (m_context.document.*way.offer)();
-    const QString tip = tipOf(way, offer);
-    button.setEnabled(
+    button->setEnabled(
         m_context.document.hasDevice() && offer.able == Undoable::yes && !m_others.isCapturing());
-    button.setToolTip(tip);
-    button.setAccessibleDescription(tip);
+    if (std::exchange(shown, offer) == offer)
+        return; // every click comes here
+    const QString tip = tipOf(way, offer);
+    button->setToolTip(tip);
+    button->setAccessibleDescription(tip);
 }
 
 void UndoControls::undo() {
@@ -91,9 +94,9 @@ void UndoControls::redo() {
     go(m_views.redo, forth());
 }
 
-void UndoControls::go(QPushButton& button, const Way& way) {
+void UndoControls::go(QPushButton* button, const Way& way) {
     Document& document = m_context.document;
-    if (!document.hasDevice() || m_others.isCapturing())
+    if (!button || !document.hasDevice() || m_others.isCapturing())
         return;
     const UndoOffer offer = (document.*way.offer)();
     const Restored change = (document.*way.take)();
@@ -103,7 +106,7 @@ void UndoControls::go(QPushButton& button, const Way& way) {
     if (!change)
         return;
     lead(change);
-    announce(button, filled(way.done, offer));
+    announce(*button, filled(way.done, offer));
 }
 
 void UndoControls::lead(const Restored& change) {

@@ -2,6 +2,8 @@
 // for the same.
 #pragma once
 
+#include <QPointer>
+#include <QPushButton>
 #include <QString>
 
 #include <functional>
@@ -9,7 +11,6 @@
 #include "document/Document.h"
 #include "window/EditorContext.h"
 
-class QPushButton;
 class QTabWidget;
 
 namespace quorvi {
@@ -19,8 +20,9 @@ class KyvarQuorviTableView;
 class UndoControls {
   public:
     struct Views {
-        QPushButton& undo;
-        QPushButton& redo;
+        // These may go before: a slider that goes with its window ends its drag.
+        QPointer<QPushButton> undo;
+        QPointer<QPushButton> redo;
         QTabWidget& tabs;
         KyvarQuorviTableView& steps;
     };
@@ -47,8 +49,8 @@ class UndoControls {
 
     [[nodiscard]] static const Way& back();
     [[nodiscard]] static const Way& forth();
-    void go(QPushButton& button, const Way& way);
-    void showButton(QPushButton& button, const Way& way);
+    void go(QPushButton* button, const Way& way);
+    void showButton(QPushButton* button, UndoOffer& shown, const Way& way);
     /// Goes to where the change is to be seen.
     void lead(const Restored& change);
     [[nodiscard]] QString tipOf(const Way& way, const UndoOffer& offer) const;
@@ -57,6 +59,8 @@ class UndoControls {
     EditorContext m_context;
     Views m_views;
     Others m_others;
+    UndoOffer m_shownUndo; ///< as the interface file has it at first: nothing
+    UndoOffer m_shownRedo;
 };
 
 } // namespace quorvi

@@ -115,7 +115,8 @@ Outcome show(const std::string& number) {
             nameOf(profiles.dictionary(index)).c_str(),
             oneLine(toUtf8(profiles.dictionary(index).dictionary(keys::driver).string(keys::application)))
                 .c_str());
-    for (const auto& item : tree.array(keys::macros).items())
+    const plist::Array all = tree.array(keys::macros);
+    for (const auto& item : all.items())
         std::printf("macro\t%d\t%zu\t%s\n", item.dictionary().integer(keys::macroId),
             item.dictionary().array(keys::steps).size(), nameOf(item.dictionary()).c_str());
     nameKeysOfEnvironment();

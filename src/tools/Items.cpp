@@ -182,7 +182,8 @@ Outcome macros(const Arguments& arguments, Format format) {
     if (!settings.isGood())
         return refused(settings.fault);
     std::vector<plist::Dictionary> list;
-    for (const plist::Value& macro : settings.value.array(keys::macros).items())
+    const plist::Array all = settings.value.array(keys::macros);
+    for (const plist::Value& macro : all.items())
         list.push_back(macro.dictionary());
     printList(format, "macros", list, printMacro, jsonOfMacro);
     return done();

@@ -88,6 +88,28 @@ TEST(Snapshot, takesNotANumberForTheSame) {
     EXPECT_TRUE(snapshotOf(dict({{"a", std::nan("")}}), first).isSameAs(first));
 }
 
+TEST(SnapshotOfProfile, takesTheSettingsAndTheProfileAlone) {
+    const Dictionary live = tree(list({profile(u"A"), profile(u"B")}), list({macro(7)}));
+    const Dictionary first = snapshotOf(live, {});
+    EXPECT_TRUE(snapshotOfProfile(live, first, 1).isSameAs(first));
+    live.array("profiles").dictionary(1).set("ledstate", 1);
+    live.dictionary("settings").set("stage", 1);
+    const Dictionary second = snapshotOfProfile(live, first, 1);
+    EXPECT_EQ(plist::writeXml(second), plist::writeXml(live));
+    EXPECT_TRUE(second.array("macros").isSameAs(first.array("macros")));
+    EXPECT_TRUE(second.array("profiles").dictionary(0).isSameAs(first.array("profiles").dictionary(0)));
+    EXPECT_EQ(first.array("profiles").dictionary(1).integer("ledstate"), 3);
+}
+
+TEST(SnapshotOfProfile, withoutTheProfileIsOfAll) {
+    const Dictionary live = tree();
+    const Dictionary first = snapshotOf(live, {});
+    live.set("version", 9);
+    EXPECT_EQ(plist::writeXml(snapshotOfProfile(live, first, 7)), plist::writeXml(live));
+    live.set("settings", u"none");
+    EXPECT_EQ(plist::writeXml(snapshotOfProfile(live, first, 0)), plist::writeXml(live));
+}
+
 TEST(Snapshot, isNilOfNothing) {
     EXPECT_FALSE(snapshotOf({}, snapshotOf(tree(), {})));
 }

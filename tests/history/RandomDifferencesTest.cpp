@@ -25,9 +25,11 @@ void collect(const Dictionary& from, std::vector<Dictionary>& found) {
         collect(from.dictionary(key), found);
     for (int input = 1; input <= 9; ++input)
         collect(from.dictionary(keys::button(input)), found);
-    for (const auto key : {keys::profiles, keys::stages, keys::macros, keys::steps})
-        for (const Value& item : from.array(key).items())
+    for (const auto key : {keys::profiles, keys::stages, keys::macros, keys::steps}) {
+        const plist::Array all = from.array(key);
+        for (const Value& item : all.items())
             collect(item.dictionary(), found);
+    }
 }
 
 std::vector<Dictionary> dictionariesOf(const Dictionary& tree) {
@@ -91,7 +93,8 @@ TEST(RandomDifferences, AreNoneInWhatMenusSaid) {
         const Dictionary earlier = trees.next();
         const Dictionary now = plist::mutableDeepCopy(earlier);
         now.set(keys::firmware, round);
-        for (const Value& profile : now.array(keys::profiles).items())
+        const plist::Array all = now.array(keys::profiles);
+        for (const Value& profile : all.items())
             for (int input = 1; input <= 9; ++input) {
                 const auto assignment =
                     profile.dictionary().dictionary(keys::buttons).dictionary(keys::button(input));

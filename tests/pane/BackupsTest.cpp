@@ -10,6 +10,7 @@
 #include "pane/FilesFixture.h"
 #include "pane/PaneTestMain.h"
 #include "plist/DeepCopy.h"
+#include "window/BackupTexts.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -234,6 +235,22 @@ class BackupsTest : public QObject {
         QVERIFY(fixture.told().startsWith(QStringLiteral("The settings are those of ") + day));
         fixture.click(kUndo);
         QVERIFY(fixture.becomes(PaneFixture::sampleTree()));
+    }
+
+    // The arrow leads from the earlier value to that of now on whichever side one begins to read.
+    void valuesAreReadFromTheSideOfTheLanguage() {
+        auto before = PaneFixture::sampleTree();
+        before.array("profiles").dictionary(0).array("stages").dictionary(0).set("dpix", 500);
+        before.array("profiles").dictionary(0).array("stages").dictionary(0).set("dpiy", 500);
+        const Bundle arabic(QUORVI_BUNDLE, {"ar"});
+        const QStringList texts =
+            differenceTexts(before, PaneFixture::sampleTree(), [&](const char* english) {
+                return QString::fromStdU16String(
+                    arabic.localizedString(QString::fromUtf8(english).toStdU16String(), "Localizable"));
+            });
+        QCOMPARE(texts.size(), 1);
+        QVERIFY2(texts.first().endsWith(QStringLiteral("\u2068500 DPI\u2069 ← \u2068400 DPI\u2069")),
+            qPrintable(texts.first()));
     }
 
     void withoutCopiesTheSheetSaysWhenTheyAreKept() {

@@ -300,13 +300,13 @@ class LiveHelperTest : public QObject {
             [](auto& told) { told.mice.insert(told.mice.begin(), mouse("1", "First", true, "driven")); });
         QTRY_VERIFY(panel.box(2) && panel.box(2)->isVisible());
         QStringList stops;
-        panel.find<QWidget>("quorviButtonRestoreDefaults")->setFocus();
+        panel.find<QWidget>("quorviBoxLightOnBattery")->setFocus();
         for (int i = 0; i < 4; ++i) {
             QTest::keyClick(panel.window->focusWidget(), Qt::Key_Tab);
             stops << panel.window->focusWidget()->objectName();
         }
         QCOMPARE(stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviButtonSetUpMouse1 quorviBoxMouse2 "
-                                                 "quorviButtonCheckForUpdates"));
+                                                 "quorviButtonBackUp"));
         panel.box(2)->setFocus();
         QTest::keyClick(panel.box(2), Qt::Key_Space);
         QTRY_COMPARE(panel.telling->asked(), QStringList{"use 2 1"});

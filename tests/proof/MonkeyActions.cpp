@@ -174,6 +174,8 @@ QString Monkey::actInFilePanel(QFileDialog& panel) {
     const QString path =
         saves ? m_world->exportTarget(suffix, m_random) : m_world->someFile(suffix, m_random);
     m_mayDangle = m_mayDangle || (!saves && suffix == QLatin1String("quorviProfile"));
+    if (!saves && suffix == QLatin1String("quorviSettings"))
+        m_world->allowReplacing();
     field->setText(path);
     for (QAbstractButton* button : buttons->buttons())
         if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)

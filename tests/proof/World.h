@@ -34,6 +34,9 @@ class World {
     /// The paths of files that can be imported, and of some that cannot; one that an export may go to.
     [[nodiscard]] QString someFile(const QString& suffix, std::mt19937& random) const;
     [[nodiscard]] QString exportTarget(const QString& suffix, std::mt19937& random) const;
+    /// The user is about to restore a backup, which holds none or an older one of the second writer's counts:
+    /// taking it back is right, once.
+    void allowReplacing() { m_mayBeReplaced = true; }
 
     /// The complaints of each save since the last call, and how many there were since the panel was made.
     [[nodiscard]] QStringList takeComplaints() { return std::exchange(m_complaints, {}); }
@@ -57,13 +60,14 @@ class World {
     int m_saves = 0;
     QStringList m_expected; ///< what the helper has to hear of the saves since the panel was shown
     QStringList m_complaints;
-    std::mt19937 m_second{1};    ///< says when the second writer writes
-    std::int32_t m_count = 0;    ///< what it has written last
-    bool m_countIsThere = false; ///< nothing but the panel has written the file since
-    bool m_wasJoined = false;    ///< somebody has written since the panel's last save
-    plist::Value m_foreign;      ///< what another program keeps in the file; nothing when it keeps nothing
-    PaneFixture m_fixture;       ///< behind what counts: the panel saves as it goes
-    std::future<void> m_list;    ///< valid while a device list is on its way
+    std::mt19937 m_second{1};     ///< says when the second writer writes
+    std::int32_t m_count = 0;     ///< what it has written last
+    bool m_countIsThere = false;  ///< nothing but the panel has written the file since
+    bool m_mayBeReplaced = false; ///< a backup was chosen that may have been restored since
+    bool m_wasJoined = false;     ///< somebody has written since the panel's last save
+    plist::Value m_foreign;       ///< what another program keeps in the file; nothing when it keeps nothing
+    PaneFixture m_fixture;        ///< behind what counts: the panel saves as it goes
+    std::future<void> m_list;     ///< valid while a device list is on its way
 };
 
 } // namespace quorvi::test

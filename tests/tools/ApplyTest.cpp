@@ -87,7 +87,8 @@ TEST_F(Apply, WritesNothingAndTellsNobodyWhenNothingDiffers) {
 TEST_F(Apply, TakesNoDifferenceOfWhatMenusSaidForOne) {
     const auto same = plist::mutableDeepCopy(before);
     same.set(keys::firmware, 0x0300);
-    for (const Value& profile : same.array(keys::profiles).items())
+    const plist::Array all = same.array(keys::profiles);
+    for (const Value& profile : all.items())
         profile.dictionary().dictionary(keys::buttons).dictionary("01").set(keys::string, u"Primärklick");
     writeWanted(same);
     expectDone({"apply", wanted}, "unchanged\n");
@@ -185,7 +186,8 @@ TEST_F(Apply, RefusesWhatCheckRefuses) {
 
 // Such a profile would not be taken over, and another machine's settings be gone.
 TEST_F(Apply, RefusesSettingsOfWhichNoProfileIsWhole) {
-    for (const Value& profile : changed.array(keys::profiles).items())
+    const plist::Array all = changed.array(keys::profiles);
+    for (const Value& profile : all.items())
         profile.dictionary().remove(keys::ledState);
     writeWanted(changed);
     ASSERT_EQ(quorvictl({"check", wanted}).exitCode, 0);

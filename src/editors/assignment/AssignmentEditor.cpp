@@ -183,7 +183,7 @@ void AssignmentEditor::chooseFunction(PopUpButton& popUp) {
         return;
     }
     assign(assignmentOf(input), {{keys::command, command}});
-    m_document.commit({.action = assignAction(input, m_text)});
+    m_document.commit({.action = assignAction(input, m_text), .touched = Touched::currentProfile});
 }
 
 void AssignmentEditor::askForSingleKey(int input) {
@@ -230,7 +230,7 @@ void AssignmentEditor::assignFromList(const QAction& item, int input, Values val
     const plist::Dictionary assignment = assignmentOf(input);
     assign(assignment, values);
     assignment.set(keys::string, titleOfItem(item).toStdU16String());
-    m_document.commit({.action = assignAction(input, m_text)});
+    m_document.commit({.action = assignAction(input, m_text), .touched = Touched::currentProfile});
 }
 
 } // namespace quorvi

@@ -65,13 +65,15 @@ void DeviceEditor::storePollingRate() {
     const int rate = m_views.pollingRate.selectedTag();
     if (rate >= kLowestPollingRate && rate <= kHighestPollingRate)
         m_document.settings().set(keys::pollingRate, rate);
-    m_document.commit({.action = actionName(m_text("Change Polling Rate"))});
+    m_document.commit(
+        {.action = actionName(m_text("Change Polling Rate")), .touched = Touched::currentProfile});
 }
 
 void DeviceEditor::setLight(std::int32_t bit, bool on, const QString& action) {
     const std::int32_t lit = m_document.profile().integer(keys::ledState);
     m_document.profile().set(keys::ledState, on ? (lit | bit) : (lit & ~bit));
-    m_document.commit({.shown = Shown::lights, .action = actionName(action)});
+    m_document.commit(
+        {.shown = Shown::lights, .action = actionName(action), .touched = Touched::currentProfile});
 }
 
 void DeviceEditor::storeLightOnWheel() {

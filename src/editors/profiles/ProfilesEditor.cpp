@@ -154,7 +154,8 @@ void ProfilesEditor::storeDisplay() {
     const QString action = m_views.displayBox.isChecked()
                                ? m_context.text("Show Name of Profile on Screen")
                                : m_context.text("Do Not Show Name of Profile on Screen");
-    m_context.document.commit({.shown = Shown::nothing, .action = actionName(action)});
+    m_context.document.commit(
+        {.shown = Shown::nothing, .action = actionName(action), .touched = Touched::currentProfile});
 }
 
 std::vector<MenuCommand> ProfilesEditor::commands() {

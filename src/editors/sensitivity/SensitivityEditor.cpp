@@ -31,7 +31,8 @@ void SensitivityEditor::setY(int resolution) {
 }
 
 void SensitivityEditor::commitResolution() {
-    m_document.commit({.action = actionName(m_text("Change Sensitivity"))});
+    m_document.commit(
+        {.action = actionName(m_text("Change Sensitivity")), .touched = Touched::currentProfile});
 }
 
 void SensitivityEditor::setIndependentAxes(bool independent) {
@@ -41,27 +42,31 @@ void SensitivityEditor::setIndependentAxes(bool independent) {
             holder.set(keys::dpiY, holder.integer(keys::dpiX));
     }
     const QString action = m_text(independent ? "Set X and Y Separately" : "Set X and Y Together");
-    m_document.commit({.action = actionName(action)});
+    m_document.commit({.action = actionName(action), .touched = Touched::currentProfile});
 }
 
 void SensitivityEditor::storeAcceleration() {
     m_document.driverData().set(
         keys::acceleration, sliderValueToAcceleration(m_views.accelerationSlider.floatValue()));
-    m_document.commit({.shown = Shown::acceleration, .action = actionName(m_text("Change Acceleration"))});
+    m_document.commit({.shown = Shown::acceleration,
+        .action = actionName(m_text("Change Acceleration")),
+        .touched = Touched::currentProfile});
 }
 
 void SensitivityEditor::storeAccelerated() {
     const bool on = m_views.acceleration.isChecked();
     m_document.driverData().set(keys::enableAcceleration, on);
     m_document.commit(
-        {.action = actionName(m_text(on ? "Switch Acceleration On" : "Switch Acceleration Off"))});
+        {.action = actionName(m_text(on ? "Switch Acceleration On" : "Switch Acceleration Off")),
+            .touched = Touched::currentProfile});
 }
 
 void SensitivityEditor::storeDisplay() {
     const bool on = m_views.display.isChecked();
     m_document.driverData().set(keys::sensitivityDisplay, on);
     const QString action = m_text(on ? "Show Sensitivity on Screen" : "Do Not Show Sensitivity on Screen");
-    m_document.commit({.shown = Shown::nothing, .action = actionName(action)});
+    m_document.commit(
+        {.shown = Shown::nothing, .action = actionName(action), .touched = Touched::currentProfile});
 }
 
 bool SensitivityEditor::isCurrentProfile(std::uint32_t number) const {
