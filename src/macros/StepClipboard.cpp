@@ -171,15 +171,16 @@ std::optional<std::int32_t> delayOf(const Part& part) {
 }
 
 /// The code of the mouse button's press; any button's release for "mousebutton" and "button".
-std::optional<std::uint32_t> buttonOf(std::string_view name) {
-    if (isOneOf(name, {"mousebutton", "button", "mousebuttons", "buttons"}))
+std::optional<std::uint32_t> buttonOf(std::string name) {
+    constexpr std::string_view kMouse = "mouse";
+    if (const std::size_t at = name.find(kMouse); at != std::string::npos)
+        name.erase(at, kMouse.size());
+    if (isOneOf(name, {"button", "buttons"}))
         return stepcodes::buttonsUp;
-    for (std::size_t index = 0; index < kButtonNames.size(); ++index) {
-        const std::string number = std::to_string(index + 1);
-        const std::string word(kButtonNames[index].name);
-        if (isOneOf(name, {word + "mousebutton", word + "button", "button" + number, "mousebutton" + number}))
+    for (std::size_t index = 0; index < kButtonNames.size(); ++index)
+        if (name == std::string(kButtonNames[index].name).append("button") ||
+            name == std::string("button").append(std::to_string(index + 1)))
             return kButtonNames[index].code;
-    }
     return std::nullopt;
 }
 
