@@ -5,6 +5,7 @@
 #include <iterator>
 #include <optional>
 
+#include "macros/TypedText.h"
 #include "model/Limits.h"
 
 namespace quorvi {
@@ -18,10 +19,6 @@ constexpr std::size_t kGroup = 3;
 constexpr char16_t kGroupSign = u'\'';
 /// Where a pattern has its number.
 constexpr std::u16string_view kMark = u"^1";
-
-bool isDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
-}
 
 std::u16string inDigits(std::int32_t number) {
     std::u16string digits;
@@ -51,12 +48,6 @@ char16_t decimalSignOf(const DelayLanguage& language) {
 }
 
 // What is typed, in fewer characters
-
-bool isBlank(char16_t character) {
-    return (character >= u'\t' && character <= u'\r') || character == u' ' || character == u'\u00A0' ||
-           (character >= u'\u2000' && character <= u'\u200A') || character == u'\u202F' ||
-           character == u'\u3000';
-}
 
 /// A mark that only says from which side the text is read.
 bool isDirectionMark(char16_t character) {
@@ -104,18 +95,13 @@ char16_t small(char16_t letter) {
     return capital ? static_cast<char16_t>(letter + toSmall) : letter;
 }
 
-std::u16string_view trimmed(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    return first == std::u16string_view::npos ? std::u16string_view()
-                                              : text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
-
 /// The text in ASCII digits and signs, small letters and plain blanks, with none around it.
 std::u16string plainText(std::u16string_view text, char16_t decimalSign) {
     std::u16string plain;
     for (const char16_t character : text)
         if (!isDirectionMark(character))
-            plain += isBlank(character) ? u' ' : small(plainSign(plainDigit(ofUsualWidth(character)), decimalSign));
+            plain += isBlank(character) ? u' '
+                                        : small(plainSign(plainDigit(ofUsualWidth(character)), decimalSign));
     return std::u16string(trimmed(plain));
 }
 

@@ -8,6 +8,7 @@
 
 #include "macros/KeyPlaces.h"
 #include "macros/StepCodes.h"
+#include "macros/TypedText.h"
 #include "model/Keys.h"
 
 namespace quorvi {
@@ -58,16 +59,6 @@ struct Part {
     std::string rest;
 };
 
-bool isBlank(char16_t c) {
-    constexpr char16_t kNoBreakSpace = 0xA0;
-    constexpr char16_t kNarrowNoBreakSpace = 0x202F;
-    return c == u' ' || c == u'\t' || c == kNoBreakSpace || c == kNarrowNoBreakSpace;
-}
-
-bool isDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-
 bool isLineBreak(char16_t c) {
     return c == u'\n' || c == u'\r' || c == u'\u2028' || c == u'\u2029';
 }
@@ -78,14 +69,6 @@ bool separates(std::u16string_view text, std::size_t at) {
     const bool isDecimalSign =
         at > 0 && isDigit(text[at - 1]) && at + 1 < text.size() && isDigit(text[at + 1]);
     return !isDecimalSign;
-}
-
-std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
 }
 
 /// The parts that are not empty.
