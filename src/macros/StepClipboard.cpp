@@ -58,13 +58,13 @@ struct Part {
     std::string rest;
 };
 
-bool isBlank(char16_t c) {
+bool isBlankOfParts(char16_t c) {
     constexpr char16_t kNoBreakSpace = 0xA0;
     constexpr char16_t kNarrowNoBreakSpace = 0x202F;
     return c == u' ' || c == u'\t' || c == kNoBreakSpace || c == kNarrowNoBreakSpace;
 }
 
-bool isDigit(char16_t c) {
+bool isAsciiDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
@@ -76,14 +76,14 @@ bool separates(std::u16string_view text, std::size_t at) {
     if (text[at] != u',')
         return isLineBreak(text[at]);
     const bool isDecimalSign =
-        at > 0 && isDigit(text[at - 1]) && at + 1 < text.size() && isDigit(text[at + 1]);
+        at > 0 && isAsciiDigit(text[at - 1]) && at + 1 < text.size() && isAsciiDigit(text[at + 1]);
     return !isDecimalSign;
 }
 
-std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isBlank(text.front()))
+std::u16string_view withoutBlanks(std::u16string_view text) {
+    while (!text.empty() && isBlankOfParts(text.front()))
         text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
+    while (!text.empty() && isBlankOfParts(text.back()))
         text.remove_suffix(1);
     return text;
 }
@@ -95,7 +95,7 @@ std::vector<std::u16string_view> partsOf(std::u16string_view text) {
     for (std::size_t at = 0; at <= text.size(); ++at) {
         if (at < text.size() && !separates(text, at))
             continue;
-        if (const auto part = trimmed(text.substr(start, at - start)); !part.empty())
+        if (const auto part = withoutBlanks(text.substr(start, at - start)); !part.empty())
             parts.push_back(part);
         start = at + 1;
     }
@@ -107,7 +107,7 @@ std::optional<Part> plainPart(std::u16string_view text) {
     Part part;
     bool inFirst = true;
     for (const char16_t c : text) {
-        if (isBlank(c)) {
+        if (isBlankOfParts(c)) {
             inFirst = false;
             continue;
         }
