@@ -9,12 +9,13 @@
 #include "macros/KeyPlaces.h"
 #include "macros/StepCodes.h"
 #include "model/Keys.h"
+#include "model/Limits.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr std::int32_t kLongestDelay = 0xFFFFFF; // three bytes in the mouse
+constexpr std::int32_t kLongestDelay{limits::longestDelay};
 constexpr std::int64_t kMillisecondsPerSecond = 1000;
 
 struct ButtonName {
