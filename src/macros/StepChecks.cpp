@@ -8,7 +8,7 @@ namespace quorvi {
 namespace {
 
 /// Whether a step behind the press lets go what it presses.
-bool isReleasedLater(const plist::Array& steps, std::size_t press, const Movement& pressed) {
+bool isReleasedLater(const plist::Array& steps, std::size_t press, const StepMovement& pressed) {
     for (std::size_t index = press + 1; index < steps.size(); ++index) {
         const auto movement = movementOfStep(steps.dictionary(index));
         if (movement && !movement->isPress && movement->concernsSameAs(pressed))
@@ -19,7 +19,7 @@ bool isReleasedLater(const plist::Array& steps, std::size_t press, const Movemen
 
 /// Whether something before the release can be what it lets go. Each release of a mouse button is for one
 /// press, although the first one lets go of them all.
-bool isPressedBefore(const plist::Array& steps, std::size_t release, const Movement& released) {
+bool isPressedBefore(const plist::Array& steps, std::size_t release, const StepMovement& released) {
     if (!released.isButton)
         return false; // or the two would be a pair
     std::ptrdiff_t held = 0;

@@ -17,15 +17,15 @@ bool isButtonPress(std::uint32_t code) {
 
 } // namespace
 
-std::optional<Movement> movementOfStep(const plist::Dictionary& step) {
+std::optional<StepMovement> movementOfStep(const plist::Dictionary& step) {
     if (!step)
         return std::nullopt;
     const auto code = static_cast<std::uint32_t>(step.integer(keys::command));
     const std::int32_t argument = step.integer(keys::argument);
     if (code == stepcodes::keyDown || code == stepcodes::keyUp)
-        return Movement{.isPress = code == stepcodes::keyDown, .isButton = false, .key = argument};
+        return StepMovement{.isPress = code == stepcodes::keyDown, .isButton = false, .key = argument};
     if (code == stepcodes::buttonsUp || isButtonPress(code))
-        return Movement{.isPress = code != stepcodes::buttonsUp, .isButton = true, .key = argument};
+        return StepMovement{.isPress = code != stepcodes::buttonsUp, .isButton = true, .key = argument};
     return std::nullopt;
 }
 

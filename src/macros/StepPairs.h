@@ -11,19 +11,19 @@
 namespace quorvi {
 
 /// What a step does to a key or to the mouse buttons, whose releases do not say which button they are for.
-struct Movement {
+struct StepMovement {
     bool isPress = false;
     bool isButton = false;
     std::int32_t key = 0; ///< the argument: of a key its USB usage, of a button 0
 
     /// The two concern the same key, or both the mouse buttons.
-    [[nodiscard]] bool concernsSameAs(const Movement& other) const {
+    [[nodiscard]] bool concernsSameAs(const StepMovement& other) const {
         return isButton == other.isButton && key == other.key;
     }
 };
 
 /// Nothing for a missing step and for a code that recordings do not write.
-[[nodiscard]] std::optional<Movement> movementOfStep(const plist::Dictionary& step);
+[[nodiscard]] std::optional<StepMovement> movementOfStep(const plist::Dictionary& step);
 
 /// For each step the index of its other half, or nothing for a step that stands alone. A release belongs to
 /// the last press before it of the same key, or of any mouse button, unless another release stands between
