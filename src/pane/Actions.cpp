@@ -10,6 +10,7 @@
 
 #include "pane/EventPatch.h"
 #include "pane/KyvarQuorviPane.h"
+#include "pane/MenuKeys.h"
 #include "pane/PanelKeys.h"
 #include "resources/Interface.h"
 #include "widgets/KyvarQuorviSlider.h"
@@ -137,7 +138,9 @@ void connectActions(KyvarQuorviPane& pane, QWidget& mainView, const Interface& v
     connectMenu(pane, *views.menus.quorviMenuStepGear);
     QObject::connect(views.main.quorviTabsMain, &QTabWidget::currentChanged, &pane,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
-    // The view owns it, and goes with the pane.
+    // The table and the view own them, and go with the pane.
+    new MenuKeys(*views.main.quorviTableSteps, *views.menus.quorviMenuStepGear,
+        [&pane](QAction* item) { return pane.validateMenuItem(item); });
     new PanelKeys(mainView, {{QKeySequence::HelpContents, [&pane] { pane.actionButtonHelp(); }},
                                 {QKeySequence::Undo, [&pane] { pane.actionButtonUndo(); }, true},
                                 {QKeySequence::Redo, [&pane] { pane.actionButtonRedo(); }, true}});

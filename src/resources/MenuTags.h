@@ -21,7 +21,14 @@ enum TableMenuItem : int {
     kRemoveStepItem = 33,
     kRemoveAllStepsItem = 34,
     kUseDelayForAllItem = 35,
-    kRemoveAllDelaysItem = 36
+    kRemoveAllDelaysItem = 36,
+    // Above the codes of functions, which fit a byte.
+    kMoveStepUpItem = 301,
+    kMoveStepDownItem = 302,
+    kCutStepItem = 303,
+    kCopyStepItem = 304,
+    kPasteStepsItem = 305,
+    kDuplicateStepItem = 306
 };
 
 } // namespace quorvi

@@ -16,9 +16,14 @@ namespace {
 struct Entry {
     const char* title; // nullptr for a kSeparator
     int tag;
+    int key = 0; // of the table whose menu it is, with its modifiers; 0 for none
 };
 
-constexpr Entry kSeparator{nullptr, 0};
+constexpr int withKey(Qt::Modifier modifier, Qt::Key key) {
+    return int(modifier) | int(key);
+}
+
+constexpr Entry kSeparator{.title = nullptr, .tag = 0};
 
 constexpr std::array kProfileEntries{
     Entry{"New Profile", kNewProfileItem},
@@ -51,6 +56,14 @@ constexpr std::array kStepEntries{
     kSeparator,
     Entry{"Use Delay of Step for All", kUseDelayForAllItem},
     Entry{"Remove All Delays", kRemoveAllDelaysItem},
+    kSeparator,
+    Entry{"Move Step Up", kMoveStepUpItem, withKey(Qt::ALT, Qt::Key_Up)},
+    Entry{"Move Step Down", kMoveStepDownItem, withKey(Qt::ALT, Qt::Key_Down)},
+    kSeparator,
+    Entry{"Cut Step", kCutStepItem, withKey(Qt::CTRL, Qt::Key_X)},
+    Entry{"Copy Step", kCopyStepItem, withKey(Qt::CTRL, Qt::Key_C)},
+    Entry{"Paste Steps", kPasteStepsItem, withKey(Qt::CTRL, Qt::Key_V)},
+    Entry{"Duplicate Step", kDuplicateStepItem, withKey(Qt::CTRL, Qt::Key_D)},
 };
 
 constexpr std::array kDelayEntries{
@@ -95,6 +108,13 @@ void setAction(QObject& object, const char* action) {
     object.setProperty(kActionProperty, QByteArray(action));
 }
 
+/// Shows the key beside the item's title. It is for the table alone, which performs it itself.
+void showKey(QAction& item, int key) {
+    item.setShortcut(QKeySequence(key));
+    item.setShortcutContext(Qt::WidgetShortcut);
+    item.setShortcutVisibleInContextMenu(true);
+}
+
 void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action) {
     for (const Entry& entry : entries) {
         if (!entry.title) {
@@ -103,6 +123,8 @@ void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action)
         }
         QAction& item = addItem(menu, entry.title);
         setTagOfItem(item, entry.tag);
+        if (entry.key != 0)
+            showKey(item, entry.key);
         if (action)
             setAction(item, action);
     }

@@ -16,7 +16,7 @@ struct Menus {
     QMenu* quorviMenuWheelCommands = nullptr; ///< what inputs 8 and 9 can do; tags are command codes
     QMenu* quorviMenuProfileGear = nullptr;   ///< tags 11 to 18
     QMenu* quorviMenuMacroGear = nullptr;     ///< tags 21 to 24
-    QMenu* quorviMenuStepGear = nullptr;      ///< tags 31 to 36
+    QMenu* quorviMenuStepGear = nullptr;      ///< tags 31 to 36 and, with keys of their own, 301 to 306
     QMenu* quorviMenuStepDelay = nullptr;     ///< delays from short to long; tags are milliseconds
 };
 

@@ -20,7 +20,7 @@ struct MenuCommand {
     std::function<bool()> isPossible;
     /// What the item is called just now; empty for one that always has the same name.
     std::function<QString()> title = {};
-    /// The command is over only later, and what comes of it is saved then.
+    /// What comes of the command is saved by itself: it is over only later, or nothing comes of it.
     bool savesLater = false;
 };
 

@@ -199,7 +199,8 @@ TEST_P(HelpPages, describeTheirPicturesAndGiveThemRoom) {
 
 TEST_P(HelpPages, nameControlsAndKeysAsThePanelDoes) {
     auto shown = shownTexts();
-    shown.insert({"F1", "F2"});
+    for (const char* key : {"F1", "F2", "C", "D", "V", "X"}) // as they stand on every keyboard
+        shown.insert(key);
     for (const auto& [name, page] : m_pages)
         for (const auto& elements : {page.all("b", "ui"), page.all("kbd")})
             for (const HelpElement& element : elements)

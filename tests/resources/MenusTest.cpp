@@ -52,7 +52,8 @@ class MenusTest : public QObject {
     void gearMenusHoldTheItemsOfTheirTable() {
         QCOMPARE(tagsOf(*m_menus.quorviMenuProfileGear), QList<int>({11, 15, 14, 16, 17, 12, 13, 18}));
         QCOMPARE(tagsOf(*m_menus.quorviMenuMacroGear), QList<int>({21, 24, 22, 23}));
-        QCOMPARE(tagsOf(*m_menus.quorviMenuStepGear), QList<int>({31, 32, 33, 34, 35, 36}));
+        QCOMPARE(tagsOf(*m_menus.quorviMenuStepGear),
+            QList<int>({31, 32, 33, 34, 35, 36, 301, 302, 303, 304, 305, 306}));
         const QString action = "actionMenuTableContext:";
         QVERIFY(everyItemSends(*m_menus.quorviMenuProfileGear, action));
         QVERIFY(everyItemSends(*m_menus.quorviMenuMacroGear, action));

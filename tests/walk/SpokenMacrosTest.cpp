@@ -168,6 +168,29 @@ class SpokenMacrosTest : public QObject {
         QCOMPARE(tab.shownSteps(), QStringList());
     }
 
+    /// The first two steps are presses alone; the fourth and the fifth are a key that goes down and up.
+    static void editSteps(MacrosTab& tab) {
+        const QStringList steps = tab.shownSteps();
+        QStringList moved = steps;
+        moved.move(0, 1);
+        QVERIFY(tab.controls.selectRow(kStepTable, 0, tab.stepSelected(0)));
+        QVERIFY(tab.choose(kSteps, "Move Step Down", tab.showsSteps(moved)));
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{1});
+        QVERIFY(tab.choose(kSteps, "Move Step Up", tab.showsSteps(steps)));
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{0});
+        QStringList doubled = steps;
+        doubled.insert(5, steps.at(3));
+        doubled.insert(6, steps.at(4));
+        QVERIFY(tab.controls.selectRow(kStepTable, 3, tab.stepSelected(3)));
+        QVERIFY(tab.choose(kSteps, "Duplicate Step", tab.showsSteps(doubled)));
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{5});
+        QVERIFY(tab.choose(kSteps, "Cut Step", tab.showsSteps(steps)));
+        QVERIFY(tab.controls.selectRow(kStepTable, 4, tab.stepSelected(4)));
+        QVERIFY(tab.choose(kSteps, "Paste Steps", tab.showsSteps(doubled)));
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{6});
+        QVERIFY(tab.choose(kSteps, "Cut Step", tab.showsSteps(steps)));
+    }
+
   private slots:
     void initTestCase() {
         if (!hasDisplay())
@@ -229,7 +252,7 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(tab.selectMacro(0));
         QCOMPARE(tab.controls.meet(), QString());
         for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, recordByTheButtons,
-                 recordByTheMenu, removeSteps}) {
+                 recordByTheMenu, editSteps, removeSteps}) {
             part(tab);
             if (QTest::currentTestFailed())
                 return;
@@ -238,6 +261,7 @@ class SpokenMacrosTest : public QObject {
         // That all steps were removed is told, and can be undone there.
         QVERIFY(tab.controls.press(kTold, [&] { return !tab.controls.isThere(kTold); }));
         QStringList leftOut = Controls::around();
+        leftOut << itemOf({"Step commands", "Copy Step"}); // changes nothing that can be heard; as "Cut Step"
         for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
                  "push button 'Delete macro'", "push button 'More macro commands'"})
             leftOut << control; // everyControlOfTheListIsOperated

@@ -2,6 +2,8 @@
 
 #include <QPushButton>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -18,7 +20,8 @@ namespace quorvi {
 
 StepsEditor::StepsEditor(const EditorContext& context, const Views& views, RecordingCommands recording)
     : m_context(context), m_views(views), m_recording(std::move(recording)),
-      m_list(views.table, std::make_unique<StepsModel>(context, views.delays)) {
+      m_list(views.table, std::make_unique<StepsModel>(context, views.delays)),
+      m_edits(context, m_list, [this] { return m_recording.isRunning(); }) {
     m_list.onSelectionChange([this] { m_context.document.commit({.saving = Saving::never}); });
     m_views.table.setPopUpColumn(m_list.model().columnOf(kStepDelayColumn), &m_views.delays);
 }
@@ -101,7 +104,7 @@ StepsModel& StepsEditor::model() const {
 std::vector<MenuCommand> StepsEditor::commands() {
     const auto selected = [this] { return isSelected(); };
     const auto any = [this] { return hasSteps(); };
-    return {
+    std::vector<MenuCommand> commands{
         {kRecordItem, [this] { m_recording.startOrStop(!m_recording.isRunning(), false); },
             [] { return true; }, m_recording.title, true},
         {kRecordStepItem, [this] { m_recording.startOrStop(true, true); },
@@ -111,6 +114,8 @@ std::vector<MenuCommand> StepsEditor::commands() {
         {kUseDelayForAllItem, [this] { useDelayOfSelectedForAll(); }, selected},
         {kRemoveAllDelaysItem, [this] { setDelayForAll(0); }, any},
     };
+    std::ranges::move(m_edits.commands(), std::back_inserter(commands));
+    return commands;
 }
 
 } // namespace quorvi

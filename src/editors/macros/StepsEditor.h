@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "editors/macros/StepEdits.h"
 #include "editors/macros/StepsModel.h"
 #include "window/EditorContext.h"
 #include "window/MenuCommands.h"
@@ -72,6 +73,7 @@ class StepsEditor final {
     Views m_views;
     RecordingCommands m_recording;
     TableList m_list;
+    StepEdits m_edits;
 };
 
 } // namespace quorvi

@@ -1,0 +1,44 @@
+// The steps of a macro as a text for the clipboard, and such a text as steps: "press Ctrl, 50 ms, press C".
+//
+// The text is in English whatever the user's language is, and names a key by its place on the keyboard of the
+// United States: a step holds a place and no character, and the text may be pasted where another language and
+// another layout are used.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "plist/Value.h"
+
+namespace quorvi {
+
+/// The steps with the delays behind them. What is neither a key's nor a mouse button's is left out, and so is
+/// a delay that a mouse cannot keep (above 16,777,215 ms, or negative). Empty when nothing is left.
+[[nodiscard]] std::string textOfSteps(const plist::Array& steps);
+
+enum class StepsTextError : std::uint8_t {
+    none,
+    empty,    ///< there is nothing but blanks and commas
+    tooLong,  ///< longer than kLongestStepsText
+    notAStep, ///< a part is neither a step nor a delay, or a delay has no step before it
+};
+
+/// Longer texts are not read, in UTF-16 units. Sixteen steps are at most some 800.
+inline constexpr std::size_t kLongestStepsText = 16384;
+
+struct StepsOfText {
+    plist::Array steps; ///< new ones; nil with an error
+    StepsTextError error = StepsTextError::none;
+    std::u16string part; ///< with notAStep the part, as it stands in the text but for blanks around it
+};
+
+/// Reads what textOfSteps() writes, and what people write: parts are separated by commas or line breaks; case
+/// and the number of blanks do not matter; keys have the usual other names too; a delay is a whole number of
+/// milliseconds, or with "s" of seconds with up to three decimals, and may follow "wait". A comma between two
+/// digits is a decimal sign. Delays that follow each other add up. There may be more steps than a macro
+/// holds.
+[[nodiscard]] StepsOfText stepsOfText(std::u16string_view text);
+
+} // namespace quorvi
