@@ -8,24 +8,24 @@ namespace quorvi {
 namespace {
 
 /// What a step does, without its delay.
-struct Movement {
+struct CodedMovement {
     std::uint32_t code;
     std::int32_t argument;
 };
 
-Movement movementOf(const plist::Dictionary& step) {
+CodedMovement movementOf(const plist::Dictionary& step) {
     return {static_cast<std::uint32_t>(step.integer(keys::command)), step.integer(keys::argument)};
 }
 
-void setMovement(const plist::Dictionary& step, const Movement& movement) {
+void setMovement(const plist::Dictionary& step, const CodedMovement& movement) {
     step.set(keys::command, static_cast<std::int32_t>(movement.code));
     step.set(keys::argument, movement.argument);
 }
 
-bool isPartner(const plist::Dictionary& step, const Movement& wanted) {
+bool isPartner(const plist::Dictionary& step, const CodedMovement& wanted) {
     if (!step)
         return false;
-    const Movement movement = movementOf(step);
+    const CodedMovement movement = movementOf(step);
     // The release of a mouse button does not say which, so the press of any is its partner.
     const bool codeFits = movement.code == wanted.code ||
                           (wanted.code == stepcodes::button1Down && movement.code > stepcodes::buttonsUp &&
@@ -35,7 +35,7 @@ bool isPartner(const plist::Dictionary& step, const Movement& wanted) {
 
 /// The first fitting step behind the index, or the last one before it; nil when there is none.
 plist::Dictionary partnerOf(
-    const plist::Array& steps, std::size_t index, bool behind, const Movement& wanted) {
+    const plist::Array& steps, std::size_t index, bool behind, const CodedMovement& wanted) {
     // Before the first step the index wraps round and is past the end.
     for (std::size_t at = behind ? index + 1 : index - 1; at < steps.size(); behind ? ++at : --at)
         if (auto step = steps.dictionary(at); isPartner(step, wanted))
@@ -51,11 +51,11 @@ void replaceStep(const plist::Array& steps, std::size_t index, std::uint32_t cod
     const auto step = steps.dictionary(index);
     if (!step)
         return;
-    const Movement old = movementOf(step);
+    const CodedMovement old = movementOf(step);
     bool oldIsDown = false;
-    const Movement wanted{matchingCommand(old.code, &oldIsDown), old.argument};
-    const Movement given{code, argument};
-    const Movement partner{matchingCommand(code, nullptr), argument};
+    const CodedMovement wanted{matchingCommand(old.code, &oldIsDown), old.argument};
+    const CodedMovement given{code, argument};
+    const CodedMovement partner{matchingCommand(code, nullptr), argument};
     setMovement(step, oldIsDown ? given : partner);
     setMovement(partnerOf(steps, index, oldIsDown, wanted), oldIsDown ? partner : given);
 }
