@@ -19,7 +19,7 @@ constexpr char16_t kGroupSign = u'\'';
 /// Where a pattern has its number.
 constexpr std::u16string_view kMark = u"^1";
 
-bool isDigit(char16_t character) {
+bool isPlainDigit(char16_t character) {
     return character >= u'0' && character <= u'9';
 }
 
@@ -52,7 +52,7 @@ char16_t decimalSignOf(const DelayLanguage& language) {
 
 // What is typed, in fewer characters
 
-bool isBlank(char16_t character) {
+bool isGap(char16_t character) {
     return (character >= u'\t' && character <= u'\r') || character == u' ' || character == u'\u00A0' ||
            (character >= u'\u2000' && character <= u'\u200A') || character == u'\u202F' ||
            character == u'\u3000';
@@ -104,7 +104,7 @@ char16_t small(char16_t letter) {
     return capital ? static_cast<char16_t>(letter + toSmall) : letter;
 }
 
-std::u16string_view trimmed(std::u16string_view text) {
+std::u16string_view withoutGapsAround(std::u16string_view text) {
     const std::size_t first = text.find_first_not_of(u' ');
     return first == std::u16string_view::npos ? std::u16string_view()
                                               : text.substr(first, text.find_last_not_of(u' ') - first + 1);
@@ -115,8 +115,9 @@ std::u16string plainText(std::u16string_view text, char16_t decimalSign) {
     std::u16string plain;
     for (const char16_t character : text)
         if (!isDirectionMark(character))
-            plain += isBlank(character) ? u' ' : small(plainSign(plainDigit(ofUsualWidth(character)), decimalSign));
-    return std::u16string(trimmed(plain));
+            plain +=
+                isGap(character) ? u' ' : small(plainSign(plainDigit(ofUsualWidth(character)), decimalSign));
+    return std::u16string(withoutGapsAround(plain));
 }
 
 // Units
@@ -167,7 +168,7 @@ struct Number {
 };
 
 bool isOfDigits(std::u16string_view text) {
-    return std::ranges::all_of(text, isDigit);
+    return std::ranges::all_of(text, isPlainDigit);
 }
 
 /// The digits without the sign between groups of three; nothing where the groups are others.
@@ -249,7 +250,7 @@ std::variant<std::int32_t, DelayFault> delayInPlainText(
     std::u16string_view text, const DelayLanguage& language) {
     constexpr std::u16string_view inNumbers = u"0123456789.,' ";
     const std::size_t end = std::min(text.find_first_not_of(inNumbers), text.size());
-    const auto number = numberIn(trimmed(text.substr(0, end)), decimalSignOf(language));
+    const auto number = numberIn(withoutGapsAround(text.substr(0, end)), decimalSignOf(language));
     const auto unit = unitNamed(text.substr(end), language.lookup);
     if (!number || !unit)
         return DelayFault::nonsense;
@@ -270,7 +271,7 @@ std::variant<std::int32_t, DelayFault> delayInText(std::u16string_view text, con
     const std::u16string plain = plainText(text, decimalSignOf(language));
     if (!plain.starts_with(u'-'))
         return delayInPlainText(plain, language);
-    const auto amount = delayInPlainText(trimmed(std::u16string_view(plain).substr(1)), language);
+    const auto amount = delayInPlainText(withoutGapsAround(std::u16string_view(plain).substr(1)), language);
     return amount == std::variant<std::int32_t, DelayFault>(DelayFault::nonsense) ? DelayFault::nonsense
                                                                                   : DelayFault::negative;
 }
