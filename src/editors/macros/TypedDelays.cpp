@@ -23,10 +23,11 @@ TypedDelays::TypedDelays(const PanelText& text, Notices& notices) : m_text(text)
 // Asked every time: the user may change the locale while the panel is open.
 DelayLanguage TypedDelays::language() const {
     const QString sign(QLocale().decimalPoint());
-    return {sign.isEmpty() ? u'.' : sign.front().unicode(), [this](std::u16string_view english) {
-                const QByteArray key = QString::fromUtf16(english.data(), int(english.size())).toUtf8();
-                return m_text(key.constData()).toStdU16String();
-            }};
+    return {static_cast<char16_t>(sign.isEmpty() ? u'.' : sign.at(0).unicode()),
+        [this](std::u16string_view english) {
+            const QByteArray key = QString::fromUtf16(english.data(), int(english.size())).toUtf8();
+            return m_text(key.constData()).toStdU16String();
+        }};
 }
 
 QString TypedDelays::text(std::int32_t milliseconds) const {
