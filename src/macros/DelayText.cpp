@@ -153,7 +153,7 @@ struct Number {
 };
 
 bool isOfDigits(std::u16string_view text) {
-    return std::ranges::all_of(text, isPlainDigit);
+    return std::ranges::all_of(text, isDigit);
 }
 
 /// The digits without the sign between groups of three; nothing where the groups are others.
@@ -235,7 +235,7 @@ std::variant<std::int32_t, DelayFault> delayInPlainText(
     std::u16string_view text, const DelayLanguage& language) {
     constexpr std::u16string_view inNumbers = u"0123456789.,' ";
     const std::size_t end = std::min(text.find_first_not_of(inNumbers), text.size());
-    const auto number = numberIn(withoutGapsAround(text.substr(0, end)), decimalSignOf(language));
+    const auto number = numberIn(trimmed(text.substr(0, end)), decimalSignOf(language));
     const auto unit = unitNamed(text.substr(end), language.lookup);
     if (!number || !unit)
         return DelayFault::nonsense;
@@ -256,7 +256,7 @@ std::variant<std::int32_t, DelayFault> delayInText(std::u16string_view text, con
     const std::u16string plain = plainText(text, decimalSignOf(language));
     if (!plain.starts_with(u'-'))
         return delayInPlainText(plain, language);
-    const auto amount = delayInPlainText(withoutGapsAround(std::u16string_view(plain).substr(1)), language);
+    const auto amount = delayInPlainText(trimmed(std::u16string_view(plain).substr(1)), language);
     return amount == std::variant<std::int32_t, DelayFault>(DelayFault::nonsense) ? DelayFault::nonsense
                                                                                   : DelayFault::negative;
 }

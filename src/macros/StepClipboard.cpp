@@ -68,7 +68,7 @@ bool separates(std::u16string_view text, std::size_t at) {
     if (text[at] != u',')
         return isLineBreak(text[at]);
     const bool isDecimalSign =
-        at > 0 && isAsciiDigit(text[at - 1]) && at + 1 < text.size() && isAsciiDigit(text[at + 1]);
+        at > 0 && isDigit(text[at - 1]) && at + 1 < text.size() && isDigit(text[at + 1]);
     return !isDecimalSign;
 }
 
@@ -79,7 +79,7 @@ std::vector<std::u16string_view> partsOf(std::u16string_view text) {
     for (std::size_t at = 0; at <= text.size(); ++at) {
         if (at < text.size() && !separates(text, at))
             continue;
-        if (const auto part = withoutBlanks(text.substr(start, at - start)); !part.empty())
+        if (const auto part = trimmed(text.substr(start, at - start)); !part.empty())
             parts.push_back(part);
         start = at + 1;
     }
@@ -91,7 +91,7 @@ std::optional<Part> plainPart(std::u16string_view text) {
     Part part;
     bool inFirst = true;
     for (const char16_t c : text) {
-        if (isBlankOfParts(c)) {
+        if (isBlank(c)) {
             inFirst = false;
             continue;
         }

@@ -8,24 +8,24 @@ namespace quorvi {
 namespace {
 
 /// What a step does, without its delay.
-struct StepValue {
+struct Movement {
     std::uint32_t code;
     std::int32_t argument;
 };
 
-StepValue valueOf(const plist::Dictionary& step) {
+Movement movementOf(const plist::Dictionary& step) {
     return {static_cast<std::uint32_t>(step.integer(keys::command)), step.integer(keys::argument)};
 }
 
-void setValue(const plist::Dictionary& step, const StepValue& movement) {
+void setMovement(const plist::Dictionary& step, const Movement& movement) {
     step.set(keys::command, static_cast<std::int32_t>(movement.code));
     step.set(keys::argument, movement.argument);
 }
 
-bool isPartner(const plist::Dictionary& step, const StepValue& wanted) {
+bool isPartner(const plist::Dictionary& step, const Movement& wanted) {
     if (!step)
         return false;
-    const StepValue movement = valueOf(step);
+    const Movement movement = movementOf(step);
     // The release of a mouse button does not say which, so the press of any is its partner.
     const bool codeFits = movement.code == wanted.code ||
                           (wanted.code == stepcodes::button1Down && movement.code > stepcodes::buttonsUp &&
@@ -35,7 +35,7 @@ bool isPartner(const plist::Dictionary& step, const StepValue& wanted) {
 
 /// The first fitting step behind the index, or the last one before it; nil when there is none.
 plist::Dictionary partnerOf(
-    const plist::Array& steps, std::size_t index, bool behind, const StepValue& wanted) {
+    const plist::Array& steps, std::size_t index, bool behind, const Movement& wanted) {
     // Before the first step the index wraps round and is past the end.
     for (std::size_t at = behind ? index + 1 : index - 1; at < steps.size(); behind ? ++at : --at)
         if (auto step = steps.dictionary(at); isPartner(step, wanted))
@@ -51,13 +51,13 @@ void replaceStep(const plist::Array& steps, std::size_t index, std::uint32_t cod
     const auto step = steps.dictionary(index);
     if (!step)
         return;
-    const StepValue old = valueOf(step);
+    const Movement old = movementOf(step);
     bool oldIsDown = false;
-    const StepValue wanted{matchingCommand(old.code, &oldIsDown), old.argument};
-    const StepValue given{code, argument};
-    const StepValue partner{matchingCommand(code, nullptr), argument};
-    setValue(step, oldIsDown ? given : partner);
-    setValue(partnerOf(steps, index, oldIsDown, wanted), oldIsDown ? partner : given);
+    const Movement wanted{matchingCommand(old.code, &oldIsDown), old.argument};
+    const Movement given{code, argument};
+    const Movement partner{matchingCommand(code, nullptr), argument};
+    setMovement(step, oldIsDown ? given : partner);
+    setMovement(partnerOf(steps, index, oldIsDown, wanted), oldIsDown ? partner : given);
 }
 
 } // namespace quorvi
