@@ -127,7 +127,7 @@ class ScreenReaderTest : public QObject {
                                 << "Macro commands" << 4;
         QTest::newRow("steps") << "Macros"
                                << "push button 'More step commands'"
-                               << "Step commands" << 6;
+                               << "Step commands" << 12;
     }
 
     void menusAndTheirItemsHaveNames() {
