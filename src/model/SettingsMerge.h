@@ -24,8 +24,9 @@ struct MergedSettings {
 [[nodiscard]] MergedSettings mergeSettings(
     const plist::Value& base, const plist::Dictionary& ours, const plist::Dictionary& theirs);
 
-/// Makes the tree equal to the other one, with its keys in the same order. Dictionaries and arrays that are at the same place in both stay the
-/// ones they are, so that handles to them stay handles into the tree; those of the other tree are taken over.
+/// Makes the tree equal to the other one, with its keys in the same order. Dictionaries and arrays that are
+/// at the same place in both stay the ones they are, so that handles to them stay handles into the tree;
+/// those of the other tree are taken over.
 void bringTo(const plist::Dictionary& tree, const plist::Dictionary& other);
 
 } // namespace quorvi

@@ -44,8 +44,8 @@ class Interface {
     Ui::RestorePanel restore;
 };
 
-/// Lets wrapped texts below the view that are marked as notes or as whole be as high as they have to be in the
-/// width that they get.
+/// Lets wrapped texts below the view that are marked as notes or as whole be as high as they have to be in
+/// the width that they get.
 void keepTextsWhole(QWidget& view);
 
 /// Lets the button be wide enough for its text, now and in every style.
