@@ -59,6 +59,21 @@ void LoadedPane::select() {
     m_pane->didSelect();
 }
 
+FileOpeningPane* LoadedPane::opener() const {
+    auto* object = dynamic_cast<QObject*>(m_pane.get());
+    return object ? qobject_cast<FileOpeningPane*>(object) : nullptr;
+}
+
+bool LoadedPane::opens(const QString& path) const {
+    const FileOpeningPane* pane = opener();
+    return pane && pane->opens(path);
+}
+
+void LoadedPane::openFile(const QString& path) {
+    if (FileOpeningPane* pane = opener())
+        pane->openFile(path);
+}
+
 void LoadedPane::unselect() {
     if (std::exchange(m_selected, false))
         m_pane->willUnselect();

@@ -28,12 +28,14 @@ class LoadedPane {
     void select();
     /// Tells the pane that it is about to be hidden. Idempotent.
     void unselect();
-    [[nodiscard]] bool opens(const QString& path) const { return m_pane->opens(path); }
-    /// Hands the file to the pane, which has to be selected.
-    void openFile(const QString& path) { m_pane->openFile(path); }
+    [[nodiscard]] bool opens(const QString& path) const;
+    /// Hands the file to the pane, which has to be selected and to open such files.
+    void openFile(const QString& path);
 
   private:
     LoadedPane() = default;
+    /// Null when the pane opens no files.
+    [[nodiscard]] FileOpeningPane* opener() const;
 
     QString m_name;
     QString m_iconFile;

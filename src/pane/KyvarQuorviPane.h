@@ -40,9 +40,11 @@ class PopUpButton;
 
 class KyvarQuorviPane final : public QObject,
                               public PreferencePane,
+                              public FileOpeningPane,
                               private TableDelegate,
                               private DocumentOwner {
     Q_OBJECT
+    Q_INTERFACES(quorvi::FileOpeningPane)
 
   public:
     explicit KyvarQuorviPane(PaneServices services);

@@ -3,7 +3,7 @@
 // A pane is a bundle folder (NAME.prefPane) whose Contents/Linux holds a Qt plug-in. The plug-in's root
 // object implements PreferencePaneFactory. The host calls mainViewDidLoad() once, after it has put the view
 // into a window, then didSelect() and willUnselect() in strict turn, any number of times; the last call
-// before it destroys a shown pane is willUnselect(). While the pane is shown, the host may hand it a file.
+// before it destroys a shown pane is willUnselect().
 #pragma once
 
 #include <QObject>
@@ -26,6 +26,14 @@ class PreferencePane {
     virtual void didSelect() = 0;
     /// The pane is about to be hidden.
     virtual void willUnselect() = 0;
+};
+
+/// What a pane that is a QObject can offer beside: the host asks it by qobject_cast. An interface of its own,
+/// because hosts and panes outside this tree know the other one as it is.
+class FileOpeningPane {
+  public:
+    virtual ~FileOpeningPane() = default;
+
     /// Whether the pane opens files of that name.
     [[nodiscard]] virtual bool opens(const QString& path) const = 0;
     /// The user wants the file at the path opened by the pane, which asks or tells what is the matter by
@@ -43,4 +51,5 @@ class PreferencePaneFactory {
 
 } // namespace quorvi
 
-Q_DECLARE_INTERFACE(quorvi::PreferencePaneFactory, "com.kyvar.PreferencePaneFactory/2")
+Q_DECLARE_INTERFACE(quorvi::PreferencePaneFactory, "com.kyvar.PreferencePaneFactory/1")
+Q_DECLARE_INTERFACE(quorvi::FileOpeningPane, "com.kyvar.FileOpeningPane/1")

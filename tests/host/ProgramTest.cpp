@@ -1,5 +1,6 @@
 // The settings application as a program: how it starts and how it ends.
 
+#include <QPluginLoader>
 #include <QTest>
 
 #include <csignal>
@@ -114,6 +115,14 @@ class ProgramTest : public QObject {
             125, kWindowPatienceMs);
         program->signal(SIGTERM);
         QCOMPARE(program->wait(), std::optional(0));
+    }
+
+    void thePlugInIsFoundByHostsOfTheFirstInterface() {
+        QPluginLoader loader(QStringLiteral(QUORVI_BUNDLE "/Contents/Linux/KyvarQuorvi.so"));
+        const QString interface = QStringLiteral("com.kyvar.PreferencePaneFactory/1");
+        QCOMPARE(loader.metaData().value(QStringLiteral("IID")).toString(), interface);
+        QVERIFY2(loader.instance(), qPrintable(loader.errorString()));
+        QVERIFY(loader.instance()->qt_metacast(qPrintable(interface)));
     }
 
     void twoFilesOnTheCommandLineAreTooMany() {
