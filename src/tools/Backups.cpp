@@ -40,6 +40,11 @@ Outcome makeSettings(const fs::path& settings, const Backup& backup, const fs::p
     return done();
 }
 
+/// The settings file that stands before the last argument, else the user's own.
+fs::path settingsBefore(const Arguments& arguments) {
+    return arguments.size() > 1 ? fs::path(arguments.front()) : userSettingsPath(homeFolder());
+}
+
 } // namespace
 
 Outcome restoreBackup(const fs::path& settings, const Backup& backup, const fs::path& source) {
@@ -96,23 +101,25 @@ Outcome writeBackupTo(const Backup& backup, const fs::path& file) {
 }
 
 Outcome backup(const Arguments& arguments) {
-    const auto settings = readSettings(arguments[0]);
+    const fs::path file = settingsBefore(arguments);
+    const auto settings = readSettings(file);
     if (!settings.isGood())
         return refused(settings.fault);
     const Backup made = backupOf(settings.value);
     // What could not be read back is no backup.
     if (!canBeRestored(made))
-        return refused(faultOf(arguments[0], "it holds no valid settings with a profile"));
-    return writeBackupTo(made, arguments[1]);
+        return refused(faultOf(file, "it holds no valid settings with a profile"));
+    return writeBackupTo(made, arguments.back());
 }
 
 Outcome restore(const Arguments& arguments) {
-    if (const std::string fault = faultOfFile(arguments[1]); !fault.empty())
-        return refused(faultOf(arguments[1], fault));
-    const auto read = readBackup(arguments[1]);
+    const std::string& file = arguments.back();
+    if (const std::string fault = faultOfFile(file); !fault.empty())
+        return refused(faultOf(file, fault));
+    const auto read = readBackup(file);
     if (!read)
-        return refused(faultOf(arguments[1], text(read.fault)));
-    return restoreBackup(arguments[0], read.backup, arguments[1]);
+        return refused(faultOf(file, text(read.fault)));
+    return restoreBackup(settingsBefore(arguments), read.backup, file);
 }
 
 } // namespace quorvi::tools

@@ -22,7 +22,7 @@ namespace {
 
 using plist::Dictionary;
 
-constexpr auto kUsage = "history takes [show NUMBER | restore SETTINGS.plist NUMBER]";
+constexpr auto kUsage = "history takes [show NUMBER | restore [SETTINGS.plist] NUMBER]";
 
 /// One of the copies, by the number that the list gives it.
 struct ChosenCopy {
@@ -138,10 +138,12 @@ Outcome history(const Arguments& arguments, Format format) {
         return misused("history prints only its list as JSON");
     if (arguments[0] == "show" && arguments.size() == 2)
         return show(arguments[1]);
-    if (arguments[0] != "restore" || arguments.size() != 3)
+    if (arguments[0] != "restore" || arguments.size() == 1)
         return misused(kUsage);
-    const ChosenCopy copy = chosenCopy(arguments[2]);
-    return copy.read ? restoreBackup(arguments[1], copy.read.backup, copy.file) : copy.outcome;
+    const ChosenCopy copy = chosenCopy(arguments.back());
+    const std::filesystem::path settings =
+        arguments.size() == 3 ? std::filesystem::path(arguments[1]) : userSettingsPath(homeFolder());
+    return copy.read ? restoreBackup(settings, copy.read.backup, copy.file) : copy.outcome;
 }
 
 } // namespace quorvi::tools

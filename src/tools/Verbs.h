@@ -46,13 +46,14 @@ enum class Format : std::uint8_t { text, json };
 
 // Everything in one file, and the dated copies of the user's settings.
 
-/// SETTINGS.plist FILE: writes all settings into the file.
+/// [SETTINGS.plist] FILE: writes all settings into the file. Without the first, here and below, they are the
+/// user's own.
 [[nodiscard]] Outcome backup(const Arguments& arguments);
-/// SETTINGS.plist FILE: makes the settings what the file holds, and says what was left out.
+/// [SETTINGS.plist] FILE: makes the settings what the file holds, and says what was left out.
 [[nodiscard]] Outcome restore(const Arguments& arguments);
 /// Nothing: prints number, date and reason of each copy, the newest first. show NUMBER: prints the profiles
-/// and macros in it, and what is different in the user's settings. restore SETTINGS.plist NUMBER: makes the
-/// settings what it holds.
+/// and macros in it, and what is different in the user's settings. restore [SETTINGS.plist] NUMBER: makes
+/// the settings what it holds.
 [[nodiscard]] Outcome history(const Arguments& arguments, Format format);
 
 // The table of functions.

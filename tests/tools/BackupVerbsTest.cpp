@@ -55,6 +55,16 @@ TEST_F(BackupVerbs, ABackupIsRestoredAsItWas) {
     EXPECT_EQ(treeIn(own), Value(twoProfiles()));
 }
 
+TEST_F(BackupVerbs, WithoutASettingsFileTheyAreTheUsersOwn) {
+    expectDone({"backup", file}, "");
+    write(own, tree());
+    expectDone({"restore", file}, "");
+    EXPECT_EQ(treeIn(own), Value(twoProfiles()));
+    ASSERT_FALSE(copies().empty()); // of what was there before
+    expectDone({"history", "restore", "1"}, "");
+    EXPECT_EQ(treeIn(own).dictionary().value("profiles"), tree().value("profiles"));
+}
+
 TEST_F(BackupVerbs, ABackupIsRestoredWhereNoSettingsAreYet) {
     expectDone({"backup", own, file}, "");
     fs::remove_all(home / "Library");
@@ -230,8 +240,8 @@ TEST_F(BackupVerbs, ACopyThatIsNotThereOrDamagedIsRefused) {
     writeFile(copy, "garbage");
     expectRefused({"history", "restore", own, "1"}, copy + ": it is not a property list");
     for (const std::vector<std::string>& wrong :
-        {std::vector<std::string>{"history", "show"}, {"history", "restore", "1"}, {"history", "list"}})
-        expectMisused(wrong, "history takes [show NUMBER | restore SETTINGS.plist NUMBER]");
+        {std::vector<std::string>{"history", "show"}, {"history", "restore"}, {"history", "list"}})
+        expectMisused(wrong, "history takes [show NUMBER | restore [SETTINGS.plist] NUMBER]");
     expectMisused({"history", "show", "first"}, "first is no number of 32 bits, decimal or 0x");
     expectMisused({"history", "show", "1", "--json"}, "history prints only its list as JSON");
 }
