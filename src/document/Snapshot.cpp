@@ -126,7 +126,7 @@ Dictionary snapshotOfProfile(const Dictionary& tree, const Dictionary& earlier, 
     for (const Value& item : before.items())
         profiles.append(item);
     profiles.replace(profile, oneNow);
-    const auto taken = Dictionary::create();
+    auto taken = Dictionary::create();
     taken.reserve(earlier.size());
     for (const plist::Entry& entry : earlier.entries())
         taken.append(entry.key, entry.value);

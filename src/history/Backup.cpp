@@ -59,7 +59,7 @@ bool hasContents(const Dictionary& tree, BackupContents contents) {
 }
 
 Dictionary topOf(const Backup& backup) {
-    const auto top = Dictionary::create();
+    auto top = Dictionary::create();
     const bool isWhole = backup.contents == BackupContents::everything;
     top.append(backup_keys::format, backup_keys::writtenFormat);
     top.append(backup_keys::contents, isWhole ? backup_keys::everything : backup_keys::oneProfile);

@@ -179,7 +179,7 @@ std::optional<std::u16string> ungrouped(std::u16string_view text, char16_t sign)
 std::optional<std::u16string> wholePart(std::u16string_view text, char16_t decimalSign) {
     const char16_t other = decimalSign == u'.' ? u',' : u'.';
     for (const char16_t sign : {other, kGroupSign, u' '})
-        if (const auto digits = ungrouped(text, sign))
+        if (auto digits = ungrouped(text, sign))
             return digits;
     return std::nullopt;
 }
@@ -197,7 +197,7 @@ std::optional<Number> numberSplitAt(std::u16string_view text, char16_t decimalSi
 }
 
 std::optional<Number> numberIn(std::u16string_view text, char16_t decimalSign) {
-    if (const auto number = numberSplitAt(text, decimalSign))
+    if (auto number = numberSplitAt(text, decimalSign))
         return number;
     return numberSplitAt(text, decimalSign == u'.' ? u',' : u'.');
 }

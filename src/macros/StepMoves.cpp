@@ -78,7 +78,7 @@ std::optional<Order> orderOfMove(
     if (index >= items.size())
         return std::nullopt;
     const StepPairs pairs = pairsOf(items);
-    const auto byOne = orderAfter(items.size(), {index, 1}, direction, 1);
+    auto byOne = orderAfter(items.size(), {index, 1}, direction, 1);
     if (moved == MovedStep::alone || !pairs[index])
         return byOne;
     if (byOne && keepsPairs(pairs, inOrder(items, *byOne), *byOne))
@@ -96,9 +96,9 @@ std::optional<Order> orderOfMove(
 void keepLastWithoutDelay(const plist::Dictionary& formerLast, const plist::Dictionary& last) {
     if (!formerLast || !last || formerLast.integer(keys::delay) != 0 || last.integer(keys::delay) == 0)
         return;
-    const plist::Value none = formerLast.value(keys::delay);
+    plist::Value none = formerLast.value(keys::delay);
     formerLast.set(keys::delay, last.value(keys::delay));
-    last.set(keys::delay, none.isNothing() ? plist::Value(0) : none);
+    last.set(keys::delay, none.isNothing() ? plist::Value(0) : std::move(none));
 }
 
 /// The first of the steps that have room, without a press whose release has none.

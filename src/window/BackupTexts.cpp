@@ -43,7 +43,7 @@ QString leftOutText(const LeftOut& leftOut, const PanelText& text) {
 /// The phrase in the user's language. Each part is read from its own side: "500 DPI ← 1000 DPI" within Arabic
 /// would be read as one text from the left.
 QString inUsersWords(const Phrase& phrase, const PanelText& text) {
-    const QString said = QString::fromStdU16String(phrase.text);
+    QString said = QString::fromStdU16String(phrase.text);
     if (phrase.kind != Phrase::Kind::pattern)
         return said;
     const QString pattern = text(said.toUtf8().constData());

@@ -58,11 +58,11 @@ void EarlierCopies::compare(int row, const History& history, const plist::Dictio
     if (compared.isWhole) {
         compared.differences = differenceTexts(read.backup.tree, now, m_text);
         compared.count = int(compared.differences->size());
-    }
-    if (!compared.isWhole)
+        if (compared.count == 0)
+            compared.differences = QStringList{m_text("Nothing is different.")};
+    } else {
         compared.differences = QStringList{m_text("This copy cannot be read.")};
-    else if (compared.count == 0)
-        compared.differences = QStringList{m_text("Nothing is different.")};
+    }
     emit dataChanged(index(row), index(row));
 }
 

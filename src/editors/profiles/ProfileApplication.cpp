@@ -75,9 +75,9 @@ void ProfileApplication::remove() {
     commit({.saving = Saving::never, .action = actionName(m_context.text("Remove Application"))});
 }
 
-void ProfileApplication::commit(Change change) {
+void ProfileApplication::commit(const Change& change) {
     m_surroundings.showChange();
-    m_context.document.commit(std::move(change));
+    m_context.document.commit(change);
 }
 
 } // namespace quorvi

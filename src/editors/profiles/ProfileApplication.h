@@ -41,7 +41,7 @@ class ProfileApplication final : public QObject {
   private:
     void ask();
     void bindTo(const ApplicationInformation& application);
-    void commit(Change change);
+    void commit(const Change& change);
 
     EditorContext m_context;
     Surroundings m_surroundings;
