@@ -105,9 +105,10 @@ TEST_F(CopyOfAProgram, thatIsKilledAtAnyCallLosesNeitherSettingsNorAnOlderCopy) 
 }
 
 TEST_F(CopyOfAProgram, forWhichTheDiskIsFullSavesAllTheSame) {
-    // The first write is the copy's.
-    const auto write =
-        std::find_if(calls.begin(), calls.end(), [](const Call& call) { return call.name == "write"; });
+    // The first one of a property list is the copy's. A sanitizer writes as well, to try addresses.
+    const auto write = std::find_if(calls.begin(), calls.end(), [](const Call& call) {
+        return call.name == "write" && call.line.find("<?xml") != std::string::npos;
+    });
     ASSERT_NE(write, calls.end());
     const Home home;
     EXPECT_EQ(home.run(inject(*write, "error=ENOSPC")).exitCode, 1);

@@ -22,6 +22,7 @@ inline constexpr auto kKilled = 128 + 9;
 struct Call {
     std::string name;
     int nth;
+    std::string line = {}; ///< as strace shows it
 };
 
 /// Runs the program by strace with these arguments.
@@ -52,7 +53,7 @@ inline std::vector<Call> callsBetweenMarks(
         if (line.find(mark) != std::string::npos)
             ++marks;
         else if (marks == 1)
-            calls.push_back({name, nth});
+            calls.push_back({name, nth, line});
     }
     EXPECT_EQ(marks, 2) << "strace does not see the program";
     return calls;
