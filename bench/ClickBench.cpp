@@ -1,5 +1,5 @@
-// From a click in the panel to the helper knowing of the saved settings, against the least that a durable
-// save and a message take on the same disk and bus.
+// The time from a click in the panel until the helper is notified of the saved settings, compared with a
+// minimal durable save and message on the same disk and bus.
 
 #include <QApplication>
 #include <QCheckBox>
@@ -27,17 +27,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The end of what is measured: the moment when the receiver had the message.
+/// The end of the measurement: the arrival of the message.
 class Arrival {
   public:
-    /// From any thread.
+    /// May be called from any thread.
     void come(Clock::time_point when) {
         ++m_count;
         m_when = when;
         QMetaObject::invokeMethod(
             &m_loop, [this] { m_loop.exit(); }, Qt::QueuedConnection);
     }
-    /// Runs the event loop of the panel until then.
+    /// Runs the panel's event loop until then.
     Clock::time_point wait() {
         ++m_waits;
         m_loop.exec();
@@ -53,7 +53,7 @@ class Arrival {
     Clock::time_point m_when;
 };
 
-/// Lets everything that the last measurement left behind come to its end.
+/// Waits for the end of everything started by the last measurement.
 void settle() {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents();
@@ -160,7 +160,7 @@ void run(bool quick) {
         qFatal("a click was not saved, or not told of once");
     printRow("from click to saved and 'KyPR' received / bare save and message", figureOf(pairs.ratios()), "x",
         1.3);
-    // The ratio says more of the disk than of the panel, so both sides of it are shown too.
+    // The ratio depends more on the disk than on the panel, so both parts are shown too.
     printRow("  the bare save and message", inMilliseconds(pairs.base), "ms", std::nullopt);
     printRow("  what the click takes beyond it", inMilliseconds(pairs.differences()), "ms", std::nullopt);
 }

@@ -1,6 +1,5 @@
-// From a device list on its way to the panel until every control is right and drawn: the settings file is
-// read, the tree repaired, menus and tables rebuilt. With a full configuration, in the real controller and
-// window.
+// The time from a device list until every control is updated and drawn: the settings file is read, the tree
+// repaired, menus and tables rebuilt. With a full configuration, in the real controller and window.
 
 #include <QApplication>
 #include <QCheckBox>
@@ -37,7 +36,7 @@ class Panel {
             qFatal("the list cannot be sent");
         while (m_box->isEnabled() != (count > 0))
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QCoreApplication::processEvents(); // what has changed is drawn
+        QCoreApplication::processEvents(); // draws the changes
         return Microseconds(Clock::now() - start).count();
     }
 

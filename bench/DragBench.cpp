@@ -1,6 +1,6 @@
 // A drag of the sensitivity slider, in the real controller and window: the longest frame, which is a step
-// until it is drawn, and the waits for the disk. Beside it the same steps as single actions, which wait for
-// the disk each, and the least that writing the file takes.
+// until it is drawn, and the waits for the disk. For comparison, the same steps as single actions, which each
+// wait for the disk, and a bare write of the file.
 
 #include <QApplication>
 #include <QTabWidget>
@@ -75,7 +75,7 @@ class Panel {
             [this](int step) { test::dragTo(*m_slider, placeOf(step)); },
             [this, steps] { QTest::mouseRelease(m_slider, Qt::LeftButton, {}, placeOf(steps)); });
     }
-    /// As many steps, each an action of its own.
+    /// The same number of steps, each a separate action.
     Series singleSteps() {
         return measure(
             kSteps, [] {}, [this](int) { QTest::keyClick(m_slider, Qt::Key_PageUp); }, [] {});
@@ -181,7 +181,7 @@ void require(const Series& series, int syncs) {
         qFatal("%d saves and %d waits for the disk", series.saves, series.syncs);
 }
 
-/// No frame may be late, and what was set last is in the file.
+/// No frame may be late, and the last value must be in the file.
 void dragLong(Panel& panel, bool quick) {
     std::vector<double> longest;
     std::vector<double> late;

@@ -1,4 +1,4 @@
-// The least that a program with a Qt window can be; as large as the settings application's.
+// A minimal program with a Qt window, as large as the settings application's.
 
 #include <QApplication>
 #include <QWidget>

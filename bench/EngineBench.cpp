@@ -1,5 +1,5 @@
-// What the engine takes for an event of a mouse, without devices, kernel or bus: moves, and buttons among
-// them, under a full configuration with acceleration.
+// The engine's time for an event of a mouse, without devices, kernel or bus: moves, and buttons among them,
+// under a full configuration with acceleration.
 #include <array>
 #include <memory>
 

@@ -1,4 +1,4 @@
-// What every benchmark does with its times: pairs, medians, rows of the one table.
+// Shared by all benchmarks: pairs, medians, and the table's rows.
 #pragma once
 
 #include <chrono>
@@ -19,10 +19,10 @@ struct Figure {
     double upper = 0;
 };
 
-/// Takes at least one value.
+/// Needs at least one value.
 [[nodiscard]] Figure figureOf(std::vector<double> values);
 
-/// What two things took beside each other; both lists are of one length.
+/// The times of two alternatives measured in pairs; both lists have the same length.
 struct Pairs {
     std::vector<double> measured;
     std::vector<double> base;
@@ -36,19 +36,18 @@ struct Pairs {
 [[nodiscard]] Pairs runPairs(
     int pairs, const std::function<double()>& measured, const std::function<double()>& base);
 
-/// The microseconds of processor time that the calls take together, on this thread: for what computes and
-/// does not wait, so that other programs on the machine do not count.
+/// The microseconds of processor time that the calls take together, on this thread: for pure computation, so
+/// that other programs on the machine do not count.
 [[nodiscard]] double processorMicrosecondsOf(int calls, const std::function<void()>& call);
 
-/// Prints one row for bench/run: tab-separated, the goal empty when there is none. A figure that is not above
-/// its goal meets it.
+/// Prints one row for bench/run: tab-separated, the goal may be empty. A figure not above its goal meets it.
 void printRow(std::string_view what, const Figure& figure, std::string_view unit, std::optional<double> goal);
 
-/// --quick is among the arguments: few pairs, only to see that everything runs.
+/// Whether --quick is given: few pairs, only to check that everything runs.
 [[nodiscard]] bool isQuick(int argc, char** argv);
 
 /// The exit code of a benchmark that may fail: 1, with the program's name and the reason on the standard
-/// error stream, when it throws.
+/// error stream, if it throws.
 [[nodiscard]] int exitCodeOf(const char* program, const std::function<void()>& benchmark);
 
 } // namespace quorvi::bench

@@ -1,4 +1,4 @@
-// Loading and writing out a settings file, against what libplist alone takes for the same bytes.
+// Loading and writing out a settings file, compared with libplist alone for the same bytes.
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,7 +22,7 @@ namespace {
 
 using plist::Node;
 
-/// The file's bytes with as few calls as it takes.
+/// Reads the file with as few calls as possible.
 std::string readWhole(const std::string& path) {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat status {};

@@ -13,8 +13,8 @@ namespace quorvi::bench {
 
 namespace {
 
-// The two requests and the event of the DAMAGE extension that are needed here; its own library would be a
-// package more for them.
+// The two requests and the event of the DAMAGE extension that are needed here; its library would be another
+// package.
 xcb_extension_t damageExtension{"DAMAGE", 0};
 constexpr std::uint8_t kQueryVersion = 0;
 constexpr std::uint8_t kCreate = 1;

@@ -1,4 +1,4 @@
-// Sees from outside when a program's first window has something to show.
+// Detects from outside when a program's first window has been drawn.
 #pragma once
 
 #include <chrono>
@@ -14,12 +14,12 @@ namespace quorvi::bench {
 
 class FirstWindow {
   public:
-    /// Watches the display of this process from now on. Throws when there is none, or when it does not say
-    /// what is drawn.
+    /// Watches the display of this process from now on. Throws if there is none, or if it does not report
+    /// drawing.
     FirstWindow();
 
-    /// The moment when the program has first drawn into a mapped window of its own; nothing when that takes
-    /// longer than the patience.
+    /// The moment when the program has first drawn into a mapped window of its own; std::nullopt if that
+    /// takes longer than the patience.
     [[nodiscard]] std::optional<Clock::time_point> waitFor(pid_t program, std::chrono::seconds patience);
 
   private:

@@ -1,4 +1,5 @@
-// From another window in front to its profile in the simulated mouse, on each desktop that is installed.
+// The time from a window coming to the front to its profile in the simulated mouse, on each installed
+// desktop.
 
 #include <algorithm>
 #include <cstdlib>
@@ -30,7 +31,7 @@ using BringToFront = std::function<void(const std::string& id)>;
 
 constexpr double kGoal = 20; // milliseconds
 
-/// The helper on one desktop, with a bus and a home folder of its own.
+/// The helper on one desktop, with its own bus and home folder.
 class Desktop {
   public:
     Desktop() {
@@ -55,8 +56,8 @@ class Desktop {
     void waitUntilTold() {
         waitUntil("who tells which window is in front", [&] { return !state().source.empty(); });
     }
-    /// Prints the rows. A switch begins when the display is asked for the window, so that what the display
-    /// itself takes is in it.
+    /// Prints the rows. A switch begins with the request to the display, so it includes the display's own
+    /// time.
     void measure(const std::string& name, int switches, const BringToFront& bringToFront) {
         std::vector<double> times;
         for (int i = 0; i < switches; ++i) {

@@ -9,7 +9,7 @@ namespace quorvi::bench {
 /// call.
 [[nodiscard]] plist::Dictionary fullConfiguration();
 
-/// The top of a settings file: the full configuration under its key, behind that many keys of other owners.
+/// The top of a settings file: the full configuration under its key, after that many keys of other programs.
 [[nodiscard]] plist::Dictionary settingsFileContent(int otherKeys = 0);
 
 } // namespace quorvi::bench

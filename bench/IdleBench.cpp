@@ -1,5 +1,4 @@
-// What the open panel and the helper do while the user does nothing: how often each is woken, and what it
-// computes.
+// The wake-ups and processor time of the open panel and the helper while the user is idle.
 
 #include <stdexcept>
 

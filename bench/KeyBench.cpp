@@ -1,5 +1,5 @@
-// What a key costs the host while nothing is captured: its way through the event dispatch with the pane asked
-// first, against the same way without the pane.
+// The host's cost of a key while no capture is active: its way through the event dispatch with the pane's
+// filter, compared with the same way without.
 
 #include <QApplication>
 #include <QKeyEvent>

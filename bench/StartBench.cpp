@@ -1,6 +1,5 @@
-// Start and memory of the settings application with the panel, against a program with one empty window, and
-// with
-// --peers its start against the other settings programs for mice that are installed.
+// Start and memory of the settings application with the panel, compared with a program with one empty window,
+// and with --peers its start compared with other installed settings programs for mice.
 
 #include <algorithm>
 #include <csignal>
@@ -67,7 +66,7 @@ void comparePeer(const std::string& peer, int pairs, const Time& time) {
     printRow("  … / of " + peer, figureOf(ratios), "x", 1.0);
 }
 
-/// Some of them need what this machine may lack: the others are compared all the same.
+/// Some of them may not run on this machine; the others are still compared.
 void comparePeers(int pairs, const Time& time) {
     for (const char* peer : kPeers) {
         try {

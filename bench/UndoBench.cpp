@@ -1,4 +1,4 @@
-// What the panel pays for undo: the time to note an action, and the memory of one.
+// The cost of undo: the time to record an action, and its memory.
 #include <vector>
 
 #include <malloc.h>
@@ -26,12 +26,12 @@ plist::Dictionary buttonOf(const plist::Dictionary& tree, int number) {
     return profile.dictionary(keys::buttons).dictionary(keys::button(1 + number % 9));
 }
 
-/// One assignment is another one.
+/// Changes one assignment.
 void assign(const plist::Dictionary& tree, int number) {
     buttonOf(tree, number).set(keys::param2, number);
 }
 
-/// Every value is another one's copy, and no container is what it was.
+/// Replaces every value with a copy, and every container with a new one.
 void replaceEverything(const plist::Dictionary& tree, int number) {
     for (const plist::Array& list : {tree.array(keys::profiles), tree.array(keys::macros)})
         for (std::size_t index = 0; index < list.size(); ++index) {
@@ -49,7 +49,7 @@ void replaceEverything(const plist::Dictionary& tree, int number) {
 
 using Change = void (*)(const plist::Dictionary& tree, int number);
 
-/// KiB that an action takes, as the mean of a full stack.
+/// The memory of an action in KiB, as the mean of a full stack.
 double memoryOf(Change change) {
     const plist::Dictionary tree = fullConfiguration();
     UndoStack stack;

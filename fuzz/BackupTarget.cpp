@@ -1,4 +1,4 @@
-// Backups: what restoring everything, and adding the one profile, do with the file.
+// Backups: restoring everything from the file, and adding a single profile.
 #include "RoundTrip.h"
 #include "Scratch.h"
 #include "Trees.h"
@@ -15,7 +15,7 @@ namespace {
 using fuzz::require;
 using plist::Dictionary;
 
-/// Whatever the file held, what came of it is within the limits and leads nowhere wrong.
+/// Requires that the result is within the limits and has no dangling references, whatever the file held.
 void requireWhole(const Dictionary& tree) {
     const auto profiles = tree.array(keys::profiles);
     const auto macros = tree.array(keys::macros);

@@ -13,7 +13,7 @@ using namespace quorvi;
 
 namespace {
 
-/// A bundle of which one file is both.
+/// A bundle with one file as both.
 class OneFileBundle {
   public:
     OneFileBundle() {
@@ -32,7 +32,7 @@ class OneFileBundle {
     std::string m_path;
 };
 
-/// A profile that is bound to the application is the one for it.
+/// Requires that a profile bound to the application matches it.
 void requireMatch(const ApplicationInformation& application) {
     const auto driver = plist::Dictionary::create();
     driver.set(keys::application, application.name);

@@ -31,7 +31,7 @@ void requireExec(const std::string& exec) {
         require(word.size() <= exec.size(), "unquoting only shortens");
 }
 
-/// A program of this path is started by the line that is made for it.
+/// Requires that the generated line starts the program with this path.
 void requireExecLine(const std::string& path) {
     const auto words = execWords(execLine(path));
     require(words && !words->empty() && words->back() == path, "a path is the last word of its line");

@@ -1,5 +1,5 @@
-// The engine under records, options, reports and times of any kind. Whatever it is fed: what comes out makes
-// sense to a kernel, one call comes to little, and at the end nothing is down.
+// The engine under records, options, reports and times of any kind. Requires for any input that the output is
+// valid for a kernel, that a call has a bounded output, and that no key is down at the end.
 //
 // The input is a record's head, a number of slots and those slots, as RecordInput.h says, and then acts, each
 // behind a byte that says which.

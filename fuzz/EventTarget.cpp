@@ -1,4 +1,4 @@
-// Events from other processes: messages of the right shape with anything in it, and of shapes close to it.
+// Events from other processes: messages of the right shape with arbitrary content, and of similar shapes.
 //
 // A message is put together with the bus library's own calls, because the bus lets no other through.
 #include <array>
@@ -18,7 +18,7 @@ namespace {
 
 using fuzz::require;
 
-/// A connection that nobody is at the other end of; messages belong to one.
+/// A connection without a peer, which messages need.
 class Connection {
   public:
     Connection() {

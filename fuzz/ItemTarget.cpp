@@ -1,4 +1,4 @@
-// Exported profiles and macros: what an import does with the file, as far as no window is needed for it.
+// Exported profiles and macros: an import of the file, without a window.
 #include <algorithm>
 #include <set>
 
@@ -29,7 +29,7 @@ const std::string& filePath() {
     return path;
 }
 
-/// The names of all that is in the array are different, and as long as the device has room for.
+/// Requires that all names in the array are different and fit the device.
 void requireNames(const Array& array) {
     std::set<std::u16string> names;
     for (const auto& item : array.items()) {
@@ -39,7 +39,7 @@ void requireNames(const Array& array) {
     }
 }
 
-/// Imports the file as often as there is room for, as a user does who wants copies.
+/// Imports the file as often as there is room, like a user who wants copies.
 void import(const Array& array, Read read, int times) {
     for (int i = 0; i < times; ++i)
         appendItem(array, read(filePath()).item, u"Untitled");

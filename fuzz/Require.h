@@ -1,4 +1,4 @@
-// What a fuzz target asks of the code that it calls.
+// Requirements of fuzz targets.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 namespace quorvi::fuzz {
 
-/// Ends the run, with the input kept, when what must hold does not.
+/// Ends the run and keeps the input if the requirement fails.
 inline void require(bool holds, const char* what) {
     if (holds)
         return;

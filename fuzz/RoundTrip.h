@@ -1,4 +1,4 @@
-// What a property list has to be after it was written and read again.
+// The requirements for a property list after writing and reading.
 #pragma once
 
 #include "plist/Value.h"

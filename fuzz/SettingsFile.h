@@ -1,4 +1,4 @@
-// What holds of every settings file.
+// Requirements for every settings file.
 #pragma once
 
 #include "plist/Value.h"

@@ -1,4 +1,4 @@
-// Settings files that are property lists for certain, and trees almost: a valid tree with values of any type
+// Settings files that are valid property lists and nearly valid trees: a valid tree with values of any type
 // and size put anywhere in it. The bytes of PropertyListTarget.cpp seldom get this far.
 //
 // The input is a list of changes: where, which key, what kind of value, and the value's own bytes.

@@ -1,4 +1,4 @@
-// What holds of every configuration tree, wherever it came from.
+// Requirements for every configuration tree, whatever its source.
 #pragma once
 
 #include "model/ConfigRecord.h"
@@ -6,14 +6,14 @@
 
 namespace quorvi::fuzz {
 
-/// The smallest tree that the panel takes: no profiles, no macros.
+/// The smallest tree that the panel accepts: no profiles, no macros.
 [[nodiscard]] plist::Dictionary emptyTree();
 
 /// Converts the tree into the record. A second encoder, written for the tests from the table of offsets
 /// alone, must give the same bytes.
 void requireEncoding(const plist::Dictionary& tree);
 
-/// Converts the record into a tree, which keeps to the limits whatever the record holds. Gives the tree.
+/// Converts the record into a tree, which keeps to the limits whatever the record holds. Returns the tree.
 plist::Dictionary requireDecoding(const ConfigRecord& record);
 
 /// Converts the tree, if it converts, into the record, that into a tree, which is decoded as above, and so

@@ -1,5 +1,5 @@
-// The least that a program between a mouse and the desktop can do: grab, read, write. What others take beyond
-// it is theirs.
+// The minimal program between a mouse and the desktop: grab, read, write. It is the base for comparing other
+// programs.
 #include <array>
 #include <cstdint>
 #include <cstdio>

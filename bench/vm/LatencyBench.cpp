@@ -1,6 +1,5 @@
-// How long a report of the mouse takes to its desktop through a program between them, what processor time
-// that takes, and what gets lost. Programs are measured in turn, round for round, in the machine that this
-// runs in.
+// The time of a report from the mouse to the desktop through a program between them, the processor time, and
+// the lost reports. Programs are measured in turn, round for round, in the machine that this runs in.
 //   quorvi-bench-latency ROUNDS SECONDS RATE,RATE... NAME=DEVICE=COMMAND...
 // DEVICE is the name of the virtual pointer that the command makes, which may be the mouse's own; NODE in the
 // command is the mouse's. Each program has to have the mouse for itself before it is measured, and runs at

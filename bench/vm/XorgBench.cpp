@@ -1,6 +1,6 @@
-// The service under an X server that reads input devices, run in the virtual machine by bench/vm/xorg: what
-// of the mouse arrives at the pointer while the service takes the mouse, and what it costs programs that a
-// mouse and a keyboard type in turn.
+// The service under an X server that reads input devices, run in the virtual machine by bench/vm/xorg: the
+// reports that reach the pointer while the service takes the mouse, and the cost for programs when a mouse
+// and a keyboard type in turn.
 //   quorvi-bench-xorg SERVICE RECORD [TIMES]
 // SERVICE is the program, RECORD a record in which input 4 holds Shift. The X server is the one of the
 // variable DISPLAY. Ends with 1 when a report is lost, or when the service's pointer does not move the X

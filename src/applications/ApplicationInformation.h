@@ -1,4 +1,4 @@
-// What a profile keeps of the application that it is bound to.
+// The data that a profile stores about its application.
 #pragma once
 
 #include <QString>
@@ -19,32 +19,32 @@ struct ApplicationInformation {
     std::u16string executable; ///< the program's file name, without folders; never empty
 };
 
-/// The information on the application at the path. Nothing when its name or its executable come out empty,
-/// as they do for a folder without an Info.plist and a desktop entry that cannot be read.
+/// The information on the application at the path. Returns std::nullopt if its name or executable is empty,
+/// as for a folder without an Info.plist or an unreadable desktop entry.
 ///
-/// A folder is an application bundle: CFBundleName (the folder's name when that is missing),
-/// CFBundleIdentifier, CFBundleSignature ("????" is none) and CFBundleExecutable of its Info.plist.
+/// A folder is an application bundle: CFBundleName (else the folder's name), CFBundleIdentifier,
+/// CFBundleSignature ("????" is none) and CFBundleExecutable of its Info.plist.
 ///
-/// A file "*.desktop" is a desktop entry: its Name without regard to the user's language, so that what is
-/// stored does not depend on it; its desktop-file id; the program that its Exec starts.
+/// A file "*.desktop" is a desktop entry: its untranslated Name, so that stored data does not depend on the
+/// language; its desktop-file id; the program that its Exec starts.
 ///
-/// Anything else is a program: the path's last component is the name and the executable. Whether there is
-/// such a file is not looked at.
+/// Anything else is a program: the path's last component is the name and the executable. The file need not
+/// exist.
 ///
-/// A name that ends in ".app" goes without that. Files are read without waiting for anybody, and desktop
-/// entries above 1 MiB not at all.
+/// An ".app" at the end of a name is removed. Reading never blocks, and desktop entries above 1 MiB are not
+/// read.
 [[nodiscard]] std::optional<ApplicationInformation> applicationInformation(const QString& path);
 
-/// The same for a desktop entry that is read already, with its desktop-file id.
+/// The same for an already read desktop entry, with its desktop-file id.
 [[nodiscard]] std::optional<ApplicationInformation> applicationInformation(
     const DesktopEntryKeys& entry, const QString& id);
 
-/// The folders of installed applications, those that count more first: "applications" in XDG_DATA_HOME and in
-/// each of XDG_DATA_DIRS (freedesktop.org, XDG Base Directory).
+/// The folders of installed applications, highest priority first: "applications" in XDG_DATA_HOME and in each
+/// of XDG_DATA_DIRS (freedesktop.org, XDG Base Directory).
 [[nodiscard]] QStringList applicationFolders();
 
-/// The desktop-file id of an entry, without ".desktop": its path below the first of the folders that it is
-/// in, "-" for "/"; its file name when it is in none (freedesktop.org, Desktop Entry, "File naming").
+/// The desktop-file id of an entry, without ".desktop": its path below the first folder that contains it,
+/// with "-" for "/"; its file name if none does (freedesktop.org, Desktop Entry, "File naming").
 [[nodiscard]] QString desktopFileId(const QString& path, const QStringList& folders = applicationFolders());
 
 } // namespace quorvi

@@ -17,7 +17,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr int kPatienceMs = 300; // reading that takes no longer is not worth a word
+constexpr int kPatienceMs = 300; // shorter reading is not announced
 
 bool movesInList(const QKeyEvent& key) {
     switch (key.key()) {
@@ -27,7 +27,7 @@ bool movesInList(const QKeyEvent& key) {
     case Qt::Key_PageDown:
         return true;
     case Qt::Key_Home:
-    case Qt::Key_End: // alone they move in the search text
+    case Qt::Key_End: // without modifiers they move in the search text
         return key.modifiers() & Qt::ControlModifier;
     default:
         return false;
@@ -70,7 +70,7 @@ ApplicationPanel::~ApplicationPanel() {
 }
 
 void ApplicationPanel::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) { // those come whenever a minimised window is restored
+    if (!event->spontaneous()) { // spontaneous ones occur whenever a minimised window is restored
         m_chosenPath.clear();
         m_chosenGame.reset();
         m_list.setApplications(installedApplications());
@@ -96,7 +96,7 @@ void ApplicationPanel::readGames() {
     if (m_surroundings.home.empty())
         return;
     m_reader = GamesReader::begin(m_surroundings.home, this, [this](const GamesReader* reader) {
-        // One that was stopped may have said already that it is done.
+        // A stopped reader may already have signalled that it is done.
         if (m_reader == reader)
             addGames();
     });
@@ -120,7 +120,7 @@ void ApplicationPanel::addGames() {
     stopReadingGames();
     const QString selectedGame = selected().data(ApplicationList::GameRole).toString();
     m_list.addGames(std::move(games));
-    // For an entry that only starts a game there is the game now; and what was looked for may be one.
+    // The selected entry may have been replaced by its game; and the search may match a game.
     if (!selectedGame.isEmpty())
         (void)selectFirst(ApplicationList::IdRole, selectedGame, Qt::MatchExactly);
     else if (!selected().isValid())
@@ -143,7 +143,8 @@ void ApplicationPanel::search(const QString& text) {
     updateViews();
 }
 
-/// Return chooses what was looked for, best a name that starts so. An empty search looks for nothing.
+/// Return chooses the best match, preferably a name that starts with the text. An empty search selects
+/// nothing.
 void ApplicationPanel::selectBest() {
     const QString wanted = m_ui->quorviFieldSearch->text().trimmed();
     if (wanted.isEmpty() || selectFirst(Qt::DisplayRole, wanted, Qt::MatchStartsWith))
@@ -152,7 +153,7 @@ void ApplicationPanel::selectBest() {
     m_ui->quorviListApplications->scrollToTop();
 }
 
-/// Selects the first row whose text of that role matches so; false when none does.
+/// Selects the first row whose text of that role matches; returns false if none does.
 bool ApplicationPanel::selectFirst(int role, const QString& value, Qt::MatchFlag how) {
     const auto found = m_found.match(m_found.index(0, 0), role, value, 1, how);
     if (found.isEmpty())

@@ -24,39 +24,39 @@ namespace quorvi {
 class GamesReader;
 class OtherApplicationDialog;
 
-/// Lists the installed applications and games, with a search field above that has the focus; "Other…" opens a
-/// file panel for whatever is not among them. The list is read when the panel is shown: making one costs no
-/// more than its views. Games come when they have been read, and leave what is selected. A choice accepts the
-/// dialog, Cancel and Escape reject it.
+/// Lists the installed applications and games, with a focused search field above; "Other…" opens a file panel
+/// for anything else. The list is read when the panel is shown, so creating the panel is cheap. Games are
+/// added when they have been read, and keep the selection. A choice accepts the dialog; Cancel and Escape
+/// reject it.
 class ApplicationPanel : public QDialog {
     Q_OBJECT
 
   public:
     struct Surroundings {
-        std::filesystem::path home = {}; ///< the folder that games are looked for in; empty for none
-        /// For what is said later on.
+        std::filesystem::path home = {}; ///< the folder to search for games; empty for none
+        /// For texts needed later.
         PanelText text = [](const char* english) { return interfaceText(english); };
     };
 
-    /// Texts are looked up now: set setInterfaceTextLookup() before.
+    /// Looks up texts now: call setInterfaceTextLookup() before.
     explicit ApplicationPanel(QWidget* parent = nullptr);
     ApplicationPanel(QWidget* parent, Surroundings surroundings);
     ~ApplicationPanel() override;
 
-    /// The path of what was chosen since the panel was last shown: a desktop entry, an application bundle or
-    /// any other file; see applicationInformation(). Empty when nothing was, and for a game.
+    /// The path chosen since the panel was last shown: a desktop entry, an application bundle or any other
+    /// file; see applicationInformation(). Empty without a choice, and for a game.
     [[nodiscard]] QString chosenPath() const { return m_chosenPath; }
-    /// What a profile keeps of what was chosen; nothing when nothing was, or when nothing could be kept.
+    /// The data to store for the choice; std::nullopt without a choice, or if there is no usable data.
     [[nodiscard]] std::optional<ApplicationInformation> chosen() const;
 
-    /// Chooses the selected application; does nothing when there is none.
+    /// Chooses the selected application; does nothing if there is none.
     void accept() override;
 
   protected:
     void showEvent(QShowEvent* event) override;
-    /// Takes an open file panel along: nothing could come of its choice any more.
+    /// Closes an open file panel too: its choice could have no effect any more.
     void hideEvent(QHideEvent* event) override;
-    /// Leads the keys that move in a list from the search field to the list.
+    /// Forwards list navigation keys from the search field to the list.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -77,7 +77,7 @@ class ApplicationPanel : public QDialog {
     ApplicationList m_list;
     QSortFilterProxyModel m_found;
     QPointer<OtherApplicationDialog> m_other;
-    QPointer<GamesReader> m_reader; ///< null when it has read all
+    QPointer<GamesReader> m_reader; ///< null when finished
     QTimer m_longReading;
     QString m_chosenPath;
     std::optional<ApplicationInformation> m_chosenGame;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kGap = 8; // around the launcher's name
 
-/// The end of the row, where the launcher's name stands; without width for an application.
+/// The launcher's area at the end of the row; empty for an application.
 QRect launcherIn(const QStyleOptionViewItem& option, const QString& launcher) {
     const int width = launcher.isEmpty() ? 0 : option.fontMetrics.horizontalAdvance(launcher) + kGap;
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,

@@ -1,4 +1,4 @@
-// How the rows of the list of applications are drawn.
+// Draws the rows of the list of applications.
 #pragma once
 
 #include <QListView>
@@ -6,9 +6,9 @@
 
 namespace quorvi {
 
-/// Draws the rows as those of a list with the focus: some styles grey the others, and here the focus is in
-/// the search field all the time. Small icons take as much room as the others, so that the names are in line.
-/// A game's launcher stands at the end of its row.
+/// Draws the rows like those of a focused list: some styles grey unfocused ones, and here the search field
+/// keeps the focus. Small icons take the same width as others, so that the names are aligned. A game's
+/// launcher is at the end of its row.
 class ApplicationRows : public QStyledItemDelegate {
   public:
     /// Belongs to the list.

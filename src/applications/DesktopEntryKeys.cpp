@@ -41,7 +41,7 @@ std::string_view takeLine(std::string_view& text) {
     return line;
 }
 
-/// Takes the list's next element, still escaped: up to a ";" that is not escaped itself.
+/// Removes the list's next element, still escaped, up to an unescaped ";".
 std::string_view takeElement(std::string_view& list) {
     std::size_t end = 0;
     while (end < list.size() && list[end] != ';')
@@ -52,7 +52,7 @@ std::string_view takeElement(std::string_view& list) {
     return element;
 }
 
-/// The one escape that lists have more than other values.
+/// The additional escape of lists.
 std::string withPlainSemicolons(std::string_view element) {
     std::string plain;
     for (std::size_t i = 0; i < element.size(); ++i) {

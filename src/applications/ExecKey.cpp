@@ -80,9 +80,9 @@ constexpr std::array<std::string_view, 4> kEnvOptionsWithValue{"-u", "--unset", 
 
 using Words = std::vector<std::string>;
 
-/// Where the command of an "env" begins: behind its options and its variables.
+/// The start of env's command, after its options and variables.
 Words::const_iterator envCommand(Words::const_iterator word, Words::const_iterator end) {
-    bool options = true; // only in front of the variables
+    bool options = true; // only before the variables
     for (; word != end; ++word) {
         const bool isOption = options && word->starts_with('-');
         if (!isOption && word->find('=') == std::string::npos)
@@ -100,7 +100,7 @@ Words::const_iterator envCommand(Words::const_iterator word, Words::const_iterat
 
 std::string execLine(std::string_view path) {
     // A program's path must not hold "=", and desktops look for the program before they turn "%%" into "%".
-    // An argument may hold both, so such a program is handed to one that changes nothing about it.
+    // An argument may hold both, so such a program is passed as an argument to another one that just runs it.
     const bool asArgument = path.find_first_of("%=") != std::string_view::npos;
     std::string line(asArgument ? "nice -n 0 \"" : "\"");
     for (const char c : path) {

@@ -1,4 +1,4 @@
-// The user's games, read beside the program: a library may have thousands, on a disk that is asleep.
+// Reads the user's games in a thread: a library may have thousands, on a sleeping disk.
 #pragma once
 
 #include <QThread>
@@ -12,22 +12,21 @@
 
 namespace quorvi {
 
-/// A thread that reads them once. It belongs to the application and goes by itself, so that nobody has to
-/// wait for its end; an application that ends waits for one file at most.
+/// A thread that reads them once. The application owns it and it deletes itself, so no one waits for it; an
+/// ending application waits for one file at most.
 class GamesReader final : public QThread {
     Q_OBJECT
 
   public:
-    /// Begins at once. When the games can be taken, done is called with the reader in the receiver's thread,
-    /// as long as there is a receiver. It is connected here since a small library is read before begin()
-    /// returns.
+    /// Starts at once. When the games are ready, calls done with the reader in the receiver's thread, if the
+    /// receiver still exists. Connects it here, because a small library is read before begin() returns.
     [[nodiscard]] static GamesReader* begin(
         const std::filesystem::path& home, QObject* receiver, const std::function<void(GamesReader*)>& done);
     ~GamesReader() override;
 
-    /// Nobody wants the games any more.
+    /// Stops reading: the games are not needed any more.
     void stop() { m_stop.request_stop(); }
-    /// What has been read; only once it has finished.
+    /// The games. Call this only when it has finished.
     [[nodiscard]] std::vector<games::InstalledGame> takeGames() { return std::move(m_games); }
 
   private:

@@ -24,7 +24,7 @@ QString textOf(const std::optional<std::string>& value) {
     return value ? QString::fromStdString(*value) : QString();
 }
 
-/// What is the same for every entry of one reading.
+/// The common data of all entries in one reading.
 struct Surroundings {
     std::vector<std::string> locales = preferredLocales();
     QStringList desktops =
@@ -65,7 +65,7 @@ QString gameOf(const DesktopEntryKeys& keys) {
     return number.empty() ? QString() : QString::fromStdString(games::steamIdentifier(number));
 }
 
-/// The application of an entry, unless it is not to be shown.
+/// The application of an entry, unless it is hidden.
 std::optional<InstalledApplication> readApplication(
     const QString& path, const QString& id, const Surroundings& surroundings) {
     const std::string text = desktopEntryFileText(QFile::encodeName(path).toStdString());

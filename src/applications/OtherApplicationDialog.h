@@ -1,4 +1,4 @@
-// The file panel for an application that is not among the installed ones.
+// The file panel for an application that is not listed.
 #pragma once
 
 #include <QFileDialog>
@@ -9,8 +9,8 @@
 namespace quorvi {
 
 /// Chooses one file, or one application bundle: a folder "*.app", which is opened like a file instead of
-/// being entered. This is Qt's own panel, because those of the desktops choose either files or folders. The
-/// choice comes by fileSelected().
+/// being entered. This is Qt's own panel, because those of the desktops choose either files or folders.
+/// fileSelected() reports the choice.
 class OtherApplicationDialog : public QFileDialog {
     Q_OBJECT
 

@@ -7,8 +7,7 @@ namespace quorvi {
 
 inline constexpr std::string_view kApplicationExtension = ".app";
 
-/// The last component of a path, closing slashes left aside. "/" has the last component "/", and nothing has
-/// nothing.
+/// The last component of a path, ignoring closing slashes: "/" for "/", and empty for an empty path.
 [[nodiscard]] constexpr std::string_view lastComponent(std::string_view path) {
     while (path.size() > 1 && path.ends_with('/'))
         path.remove_suffix(1);
@@ -17,7 +16,7 @@ inline constexpr std::string_view kApplicationExtension = ".app";
     return path;
 }
 
-/// The name without a closing ".app". A name that is nothing else keeps it.
+/// The name without a closing ".app", unless it is the whole name.
 template <typename Text>
 [[nodiscard]] constexpr Text withoutApplicationExtension(Text name) {
     const auto size = kApplicationExtension.size();

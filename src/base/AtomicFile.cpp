@@ -15,10 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// As many links as the kernel itself follows.
+/// The kernel's own limit.
 constexpr int kLongestLinkChain = 40;
-/// In a folder where everybody may put files and remove only their own, a link of somebody else's may lead
-/// anywhere. The kernel does not follow such links either, where it is told so.
+/// In a sticky folder that everybody may write to, another user's link may lead anywhere. The kernel does not
+/// follow such links either, if so configured.
 bool isTrap(const fs::path& link) {
     struct stat own = {};
     struct stat folder = {};
@@ -88,7 +88,7 @@ bool syncFile(const fs::path& path, FileCalls& calls) {
     const Folder folder(target->parent_path());
     if (!folder.isOpen())
         return false;
-    // Not blocking: somebody may have put a FIFO there meanwhile.
+    // Non-blocking: the file may have been replaced by a FIFO.
     const int file = uninterrupted([&] {
         return calls.openat(
             folder.file(), target->filename().c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC, 0);

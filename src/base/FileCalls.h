@@ -1,5 +1,5 @@
-// The system calls that change files, as one object that a caller may replace: full disks, interrupted writes
-// and failing devices cannot be had on every machine.
+// The system calls that change files, as one object that tests replace to simulate full disks, interrupted
+// writes and failing devices.
 #pragma once
 
 #include <cstddef>
@@ -21,13 +21,13 @@ class FileCalls {
     virtual int close(int file);
     /// Within one folder.
     virtual int renameat(int folder, const char* from, const char* to);
-    /// Within one folder. EINVAL on a file system that does not know the flags.
+    /// Within one folder. EINVAL on a file system that does not support the flags.
     virtual int renameat2(int folder, const char* from, const char* to, unsigned flags);
     virtual int unlinkat(int folder, const char* name);
     virtual int flock(int file, int operation);
 };
 
-/// The calls of the system itself.
+/// The real system calls.
 [[nodiscard]] FileCalls& systemFileCalls();
 
 } // namespace quorvi

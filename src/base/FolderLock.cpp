@@ -8,7 +8,7 @@
 namespace quorvi {
 
 void FolderLock::take() {
-    // A lock with a limit of time there is none. Who has it has it for microseconds, as a rule.
+    // flock() has no timeout, so poll. The lock is usually held for microseconds.
     constexpr std::chrono::milliseconds pause{1};
     const auto start = std::chrono::steady_clock::now();
     const auto before = m_waited;

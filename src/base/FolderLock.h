@@ -1,4 +1,4 @@
-// The lock that whoever replaces a settings file holds meanwhile.
+// The lock that a process holds while it replaces a settings file.
 #pragma once
 
 #include <chrono>
@@ -7,21 +7,20 @@
 
 namespace quorvi {
 
-/// The exclusive lock (flock) on the folder that the file is in: no file of its own is needed, and it ends
-/// with the process. It is a courtesy and not relied upon: some file systems have none, and editors take
-/// none.
+/// An exclusive lock (flock) on the file's folder: it needs no lock file and ends with the process. Nothing
+/// relies on it: some file systems have no locks, and editors do not take them.
 class FolderLock {
   public:
-    /// Longer than this nobody waits, taken together over the life of the object.
+    /// The longest total wait over the object's lifetime.
     static constexpr std::chrono::milliseconds kPatience{250};
 
-    /// Takes nothing yet. The folder is an open one; it and the calls have to outlive the object.
+    /// Does not lock yet. The folder is an open descriptor; it and the calls must outlive the object.
     FolderLock(FileCalls& calls, int folder) : m_calls(calls), m_folder(folder) {}
     ~FolderLock() { release(); }
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
-    /// Does nothing when it is held. Whether it is held in the end has no consequences.
+    /// Takes the lock, or gives up after kPatience. Does nothing if it is already held.
     void take();
     void release();
 

@@ -19,7 +19,7 @@ std::string nameOfCopy(const fs::path& file, Number number) {
     return file.stem().string() + ".kept-" + std::to_string(number) + file.extension().string();
 }
 
-/// The number in the name of a copy of the file; nothing in any other name.
+/// The number in the name of a copy of the file; std::nullopt for any other name.
 std::optional<Number> numberOf(const fs::path& file, const std::string& name) {
     const std::string start = file.stem().string() + ".kept-";
     if (!name.starts_with(start))
@@ -29,7 +29,8 @@ std::optional<Number> numberOf(const fs::path& file, const std::string& name) {
     return nameOfCopy(file, number) == name ? std::optional(number) : std::nullopt;
 }
 
-/// The numbers of the copies; nothing when the folder cannot be read, and one of them might be written over.
+/// The numbers of the copies; std::nullopt if the folder cannot be read, because a copy might then be
+/// overwritten.
 std::optional<std::set<Number>> copiesOf(const fs::path& file) {
     std::set<Number> numbers;
     std::error_code error;

@@ -1,4 +1,4 @@
-// Copies of a settings file that nobody may lose: what others have set, and what could not be read.
+// Copies of a settings file that must not be lost: other programs' settings, and unreadable files.
 #pragma once
 
 #include <cstddef>
@@ -11,15 +11,15 @@
 
 namespace quorvi {
 
-/// So many copies are kept of one file; a further one takes the place of the oldest.
+/// The number of copies kept of one file; a further one replaces the oldest.
 inline constexpr std::size_t kMaxKeptCopies = 10;
 
 /// The name of the file's next copy: the number after the highest so far, "settings.kept-1.plist" for the
-/// first one of "settings.plist". Where the highest number there is is taken, the one below. Nothing when the
-/// folder cannot be read, with errno set.
+/// first one of "settings.plist". If the highest possible number is taken, the next lower free one. Returns
+/// std::nullopt and sets errno if the folder cannot be read.
 [[nodiscard]] std::optional<std::string> nameOfNextCopy(const std::filesystem::path& file);
 
-/// Removes the oldest copies of the file beyond kMaxKeptCopies, never the one of that name.
+/// Removes the oldest copies of the file beyond kMaxKeptCopies, but never `newest`.
 void removeOldestCopies(
     const std::filesystem::path& file, const std::string& newest, FileCalls& calls = systemFileCalls());
 

@@ -28,7 +28,7 @@ bool isRunning(pid_t process) {
     return ::kill(process, 0) == 0 || errno != ESRCH;
 }
 
-/// The open file is one that nobody is going to finish.
+/// Whether no process will finish the open file.
 bool isAbandoned(int file, pid_t maker) {
     struct stat status = {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink != 1 ||
@@ -40,7 +40,7 @@ bool isAbandoned(int file, pid_t maker) {
 }
 
 void removeIfAbandoned(int folder, const char* name, pid_t maker, FileCalls& calls) {
-    // Not blocking, whatever it is: anybody may give a FIFO such a name.
+    // Non-blocking: it may be a FIFO with such a name.
     const int file = ::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (file < 0)
         return;

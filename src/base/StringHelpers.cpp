@@ -8,7 +8,7 @@ namespace quorvi {
 
 namespace {
 
-constexpr std::size_t kPascalLimit = 255; // what a length byte can say
+constexpr std::size_t kPascalLimit = 255; // the largest length byte
 
 const char* bytes(const unsigned char* text) {
     return reinterpret_cast<const char*>(text);
@@ -18,14 +18,13 @@ std::string_view pascalText(const unsigned char* text) {
     return text ? std::string_view(bytes(text + 1), *text) : std::string_view();
 }
 
-/// The text up to its closing zero or its first `limit` bytes, whichever ends first; nothing behind either
-/// is read.
+/// The text up to its closing zero or its first `limit` bytes, whichever ends first; nothing beyond is read.
 std::string_view terminatedText(const char* text, std::size_t limit) {
     return text ? std::string_view(text, ::strnlen(text, limit)) : std::string_view();
 }
 
-/// Puts as much of the text behind the first `length` bytes of a body as `maximum` leaves room for. Returns
-/// the body's new length.
+/// Appends as much of the text to the first `length` bytes of a body as fits within `maximum`. Returns the
+/// body's new length.
 std::size_t extend(void* body, std::size_t length, std::string_view text, std::size_t maximum) {
     const std::size_t count = std::min(text.size(), maximum - length);
     if (count > 0)

@@ -43,7 +43,8 @@ TemporaryFile::TemporaryFile(FileCalls& calls, const Folder& folder, mode_t mode
     }
     m_exists = m_file >= 0;
     if (m_exists)
-        ::flock(m_file, LOCK_EX | LOCK_NB); // says that it is in use (removeLeftovers); a death frees it
+        ::flock(m_file, LOCK_EX | LOCK_NB); // marks it as in use (removeLeftovers); released when the process
+                                            // dies
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -57,7 +58,7 @@ TemporaryFile::~TemporaryFile() {
 
 bool TemporaryFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        errno = ENOSPC; // of a disk that takes nothing and does not say why
+        errno = ENOSPC; // the disk wrote no bytes and reported no error
         const auto written = uninterrupted([&] { return m_calls.write(m_file, bytes.data(), bytes.size()); });
         if (written <= 0)
             return false;
@@ -67,7 +68,7 @@ bool TemporaryFile::write(std::string_view bytes) {
 }
 
 // The owner first, because changing it may clear bits of the mode. Another owner is not always permitted; the
-// save goes on under the own one.
+// save then goes on under the current user.
 bool TemporaryFile::takeOwnerAndMode(const struct stat& old) {
     struct stat own = {};
     if (::fstat(m_file, &own) != 0)

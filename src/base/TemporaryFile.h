@@ -1,4 +1,4 @@
-// A file in the making, which takes another one's place when it is whole.
+// A file being written, which replaces another one when it is complete.
 #pragma once
 
 #include <cerrno>
@@ -12,7 +12,7 @@
 
 namespace quorvi {
 
-/// The result of the call, which is made again for as long as a signal interrupts it.
+/// Retries the call while a signal interrupts it, and returns its result.
 template <typename Call>
 auto uninterrupted(Call&& call) {
     while (true) {
@@ -22,11 +22,10 @@ auto uninterrupted(Call&& call) {
     }
 }
 
-/// Brings a file, or the names in a folder, to the disk. Some file systems cannot sync a folder and say so;
-/// there is nothing more to be done on them.
+/// Syncs a file, or the names in a folder. Counts as done on file systems that cannot sync a folder.
 [[nodiscard]] bool syncToDisk(FileCalls& calls, int file);
 
-/// A folder that is held open, so that its files are found in it whatever becomes of its path.
+/// A folder held open, so that its files are found even if its path changes.
 class Folder {
   public:
     /// The working folder for an empty path.
@@ -42,10 +41,10 @@ class Folder {
     int m_file;
 };
 
-/// A new file in the folder that goes away unless it took another one's place. What fails sets errno.
+/// A new file in the folder, removed again unless it has replaced another one. Failing functions set errno.
 class TemporaryFile {
   public:
-    /// The folder and the calls have to outlive it.
+    /// The folder and the calls must outlive it.
     TemporaryFile(FileCalls& calls, const Folder& folder, mode_t mode);
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
@@ -55,23 +54,23 @@ class TemporaryFile {
     [[nodiscard]] const std::string& name() const { return m_name; }
 
     [[nodiscard]] bool write(std::string_view bytes);
-    /// The owner as well where the system permits; the file stays the own user's where not.
+    /// Takes the owner too if the system permits; otherwise the file still belongs to the current user.
     [[nodiscard]] bool takeOwnerAndMode(const struct stat& old);
     [[nodiscard]] bool takeMode(mode_t mode);
     [[nodiscard]] bool sync();
-    /// Lets the disk begin with the file's data, without waiting for it.
+    /// Starts writing the file's data to the disk without waiting.
     void beginSync() const;
     /// Some file systems report a failed write only here.
     [[nodiscard]] bool close();
 
     [[nodiscard]] bool takePlaceOf(const std::string& name);
-    /// Takes the name if nobody has it, and goes away under it.
+    /// Takes the name if it is free; the temporary file is then removed under that name.
     [[nodiscard]] bool takeFreeName(const std::string& name);
-    /// The same where the file system cannot say whether somebody has it.
+    /// The same for file systems that cannot check whether the name is free.
     [[nodiscard]] bool takeName(const std::string& name);
-    /// Each takes the other's name: it is the other one that goes away.
+    /// The two exchange names, so the other file is the one that is removed.
     [[nodiscard]] bool exchangeWith(const std::string& name);
-    /// What is under its name stays.
+    /// The file is no longer removed.
     void letGo() { m_exists = false; }
 
   private:

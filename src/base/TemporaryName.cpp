@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kPrefix = ".quorvi-";
 
-/// Takes a number, written as this system writes it, off the text's front.
+/// Removes a number in canonical form from the front of the text and returns it.
 template <typename Number>
 std::optional<Number> takeNumber(std::string_view& text) {
     Number number = 0;

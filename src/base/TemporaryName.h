@@ -1,5 +1,4 @@
-// What temporary files are called, so that those that a killed process leaves behind are told from everything
-// else.
+// The names of temporary files, by which those of a killed process are recognised.
 #pragma once
 
 #include <optional>
@@ -13,7 +12,7 @@ namespace quorvi {
 /// ".quorvi-PROCESS-NUMBER".
 [[nodiscard]] std::string temporaryName(pid_t process, unsigned number);
 
-/// The process that a name of exactly that form was made by; nothing for any other name.
+/// The process in a name of exactly that form; std::nullopt for any other name.
 [[nodiscard]] std::optional<pid_t> makerOfTemporaryName(std::string_view name);
 
 } // namespace quorvi

@@ -19,9 +19,9 @@ constexpr bool isXmlCharacter(char32_t c) {
     return c >= 0x20 ? c != 0xFFFE && c != 0xFFFF : c == U'\t' || c == U'\n' || c == U'\r';
 }
 
-/// What a UTF-8 lead byte says: how many bytes follow it, its own bits, and the range of the first that
-/// follows, which is where overlong forms, surrogates and values above U+10FFFF show. Table 3-7 of the
-/// Unicode Standard.
+/// The meaning of a UTF-8 lead byte: how many bytes follow it, its own bits, and the range of the first that
+/// follows, which reveals overlong forms, surrogates and values above U+10FFFF. Table 3-7 of the Unicode
+/// Standard.
 struct Lead {
     unsigned following;
     char32_t bits;
@@ -41,7 +41,7 @@ constexpr Lead leadOf(unsigned char byte) {
     return {0, kReplacementCharacter};
 }
 
-/// Takes one character, or one invalid piece as U+FFFD, off a text that starts with a byte above 0x7F.
+/// Removes one character, or one invalid piece as U+FFFD, from a text that starts with a byte above 0x7F.
 char32_t takeCharacter(std::string_view& utf8) {
     const Lead lead = leadOf(static_cast<unsigned char>(utf8.front()));
     utf8.remove_prefix(1);

@@ -1,5 +1,4 @@
-// UTF-8 and UTF-16. Both conversions are total: what is not valid Unicode becomes U+FFFD, the replacement
-// character.
+// UTF-8 and UTF-16. Both conversions are total: invalid Unicode becomes U+FFFD, the replacement character.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The modifiers that are held, as one key event after the other tells of them.
+// Tracks the held modifiers from successive key events.
 #pragma once
 
 #include <cstdint>
@@ -8,17 +8,18 @@ namespace quorvi {
 enum class ModifierChange : std::uint8_t {
     none,
     pressed,
-    other, ///< one was let go, or is fewer than were held
+    other, ///< one was released, or fewer are held than before
 };
 
 struct FollowedModifiers {
     std::uint16_t word = 0;    ///< the modifier word of the last event
     std::int32_t mostHeld = 0; ///< the largest number held together since all were last released
 
-    /// Takes over the modifier word of an event, and says what it changes. A press is a change that makes as
-    /// many as were ever held together since all were released, so that letting go of one of several is none.
+    /// Applies the modifier word of an event and returns the change. A change counts as a press only if it
+    /// reaches the largest number held together since all were released, so that releasing one of several
+    /// does not.
     ModifierChange follow(std::uint16_t modifiers);
-    /// Takes over the modifiers as they have become while no event was followed.
+    /// Applies modifiers that changed while no events were followed.
     void catchUp(std::uint16_t modifiers);
 };
 

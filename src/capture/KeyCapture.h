@@ -1,4 +1,4 @@
-// The place in the host's event dispatch where keys are caught.
+// Captures keys in the host's event dispatch.
 #pragma once
 
 #include <QObject>
@@ -18,35 +18,36 @@ class QKeyEvent;
 
 namespace quorvi {
 
-/// An application's event filter that offers keys to the sink that wants them. It stands at the window
-/// objects, which every key reaches first and once: a shortcut that is not called off there fires, and the
-/// key with it is never pressed.
+/// An application event filter that offers keys to the sink that wants them. It acts at the window objects,
+/// which every key reaches first and once: a shortcut that is not stopped there fires, and its key press is
+/// never delivered.
 ///
-/// While a capture is active the keyboard is the sink's. Only keys that cannot be captured, such as those for
-/// the volume, stay the host's.
+/// During a capture all keys go to the sink. Only keys that cannot be captured, such as the volume keys, go
+/// to the host.
 class KeyCapture : public QObject {
   public:
-    /// Of the sinks the first one that wants keys gets them. The sinks and the modifiers, which go on where
-    /// they stand, must outlive this object; the panel's view may go before.
+    /// The first sink that wants keys receives them. The sinks and the modifiers, which keep their state,
+    /// must outlive this object; the view need not.
     KeyCapture(QWidget& view, FollowedModifiers& modifiers, std::vector<KeySink*> sinks);
     ~KeyCapture() override;
 
-    /// Stands in front of the host's key dispatch from now on.
+    /// Filters the host's key events from now on.
     void start();
-    /// The host's dispatch is its own again, and the keyboard the desktop's.
+    /// Stops filtering, and returns the keyboard to the desktop.
     void stop();
-    /// A capture is active, whether keys come to this object or not.
+    /// Whether a capture is active, even if no keys reach this object.
     [[nodiscard]] bool isActive() const { return activeSink() != nullptr; }
 
-    /// Follows the event's modifiers, and gives the event to the active sink. False when there is none, and
-    /// for a change of modifiers that changes nothing: that is left to the host.
+    /// Follows the event's modifiers, and passes the event to the active sink. Returns false, leaving it to
+    /// the host, if there is no active sink or a modifier event changes no modifier.
     bool receive(const KeyEvent& event);
-    /// Gives the key to the active sink. False when there is none.
+    /// Passes the key to the active sink. Returns false if there is none.
     bool receive(const CapturedKey& key);
-    /// Takes over the modifiers as they have become while no key was captured.
+    /// Applies modifiers that changed while no key was captured.
     void followMissedModifiers(std::uint16_t modifiers);
-    /// Takes the keyboard from the desktop exactly while a capture is active in a window of the panel's that
-    /// has the focus. To be called when a capture begins or ends.
+    /// Grabs the keyboard exactly while a capture is active in a focused window of the panel. Call this when
+    /// a capture begins or ends. After a menu the grab begins once the display has told that the focus is
+    /// back.
     void updateKeyboardGrab();
 
   protected:
@@ -67,7 +68,7 @@ class KeyCapture : public QObject {
     std::vector<KeySink*> m_sinks;
     bool m_running = false;
     KeyEventConverter m_converter;
-    KeyOwnership m_keys; ///< all keys that are held, without modifiers
+    KeyOwnership m_keys; ///< all held keys except modifiers
     KeyboardGrab m_grab;
 };
 

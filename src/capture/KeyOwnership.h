@@ -1,4 +1,4 @@
-// Whose the keys are that are held.
+// Tracks the owners of held keys.
 #pragma once
 
 #include <QObject>
@@ -11,40 +11,40 @@
 
 namespace quorvi {
 
-/// A key belongs to who got its press until it is released: the key that started a capture is not part of it,
-/// and the one that ended it is not the host's.
+/// A key belongs to the receiver of its press until its release: the key that started a capture is not part
+/// of it, and the key that ended it does not reach the host.
 ///
-/// A key that is pressed while it is held repeats, whether Qt says so or not. For keys that are the capture's
-/// it may not say so, until they are released: then the server is asked to repeat presses alone.
+/// A press of a held key is a repeat, even if Qt does not mark it so. For the capture's keys Qt may not mark
+/// it, because the server then repeats presses only, until they are released.
 ///
-/// Keys go by their scan codes. Modifiers, which do not repeat, need not be told of.
+/// Keys are identified by scan codes. Modifiers do not repeat and need not be passed.
 class KeyOwnership {
   public:
-    /// The key is held from now on. Its press came to the window.
+    /// Notes that the key is held, and that the window received its press.
     void press(std::uint32_t scanCode, const QObject* window);
-    /// The key that is held is the capture's.
+    /// Makes the held key the capture's.
     void take(std::uint32_t scanCode);
-    /// The key is not held any more. Whether it was the capture's.
+    /// Notes the key's release. Returns whether it was the capture's.
     bool release(std::uint32_t scanCode);
-    /// A press went to the host: of all held keys the last one repeats.
+    /// Call this when a press went to the host: only the last held key repeats.
     void letHostRepeat() { m_detectableAutoRepeat.reset(); }
 
     [[nodiscard]] bool isHeld(std::uint32_t scanCode) const;
     [[nodiscard]] bool isTaken(std::uint32_t scanCode) const;
     [[nodiscard]] bool areHeld() const { return !m_held.empty(); }
 
-    /// Forgets the keys whose presses came to that window and that are known to be up.
+    /// Forgets keys whose presses that window received and that are known to be up.
     void forgetReleasedIn(const QObject* window);
     void forget();
 
   private:
     struct HeldKey {
         std::uint32_t scanCode;
-        const QObject* window; ///< that its press came to; it may be gone
+        const QObject* window; ///< the receiver of its press; may be destroyed
     };
 
     std::vector<HeldKey> m_held;
-    std::vector<std::uint32_t> m_taken;                         ///< the scan codes of the capture's
+    std::vector<std::uint32_t> m_taken;                         ///< the scan codes of the capture's keys
     std::optional<DetectableAutoRepeat> m_detectableAutoRepeat; ///< while a taken key may repeat
 };
 

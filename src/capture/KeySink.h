@@ -1,4 +1,4 @@
-// Who captures keys.
+// The interface of receivers of captured keys.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,14 @@ class KeySink {
   public:
     virtual ~KeySink() = default;
 
-    /// A capture is active: every key belongs to it.
+    /// Whether a capture is active, which receives every key.
     [[nodiscard]] virtual bool wantsKeys() const = 0;
-    /// The capture ends with its first key, of whatever kind.
+    /// Whether the capture ends with its first key of any kind.
     [[nodiscard]] virtual bool awaitsOneKey() const { return false; }
-    /// Gets a key while it wants them.
+    /// Receives a key while wantsKeys() is true.
     virtual void receiveKey(const CapturedKey& key) = 0;
-    /// Hears which modifiers are held when they may have changed while keys did not come to it, so that the
-    /// next key is not taken for one of theirs. Whether it wants keys or not.
+    /// Receives the held modifiers when they may have changed unseen, so that their change is not attributed
+    /// to the next key. Called even if wantsKeys() is false.
     virtual void followModifiers(std::uint16_t /*modifiers*/) {}
 };
 

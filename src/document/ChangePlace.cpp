@@ -22,8 +22,8 @@ bool differ(const Dictionary& a, const Dictionary& b, Keys names) {
         names.begin(), names.end(), [&](std::string_view key) { return !(a.value(key) == b.value(key)); });
 }
 
-/// The first position at which the second array has another item, or its last one when it has fewer; -1 when
-/// they are equal, or it is empty.
+/// The first position at which the second array has another item, or its last one if it has fewer; -1 if they
+/// are equal, or it is empty.
 std::int32_t firstDifference(const Array& from, const Array& to) {
     const auto& before = from.items();
     const auto& after = to.items();
@@ -34,7 +34,7 @@ std::int32_t firstDifference(const Array& from, const Array& to) {
     return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(index, std::ssize(after) - 1));
 }
 
-/// Which tabs show something of a profile that is another one.
+/// The tabs that show a profile's differences.
 struct OfProfiles {
     bool list = false;
     bool buttons = false;

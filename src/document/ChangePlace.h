@@ -1,4 +1,4 @@
-// Where in the window a change of the settings is to be seen.
+// The place in the window where a change of the settings shows.
 #pragma once
 
 #include <cstdint>
@@ -10,12 +10,11 @@ namespace quorvi {
 
 enum class PlaceTab : std::uint8_t { buttons, sensitivity, profiles, macros, device };
 
-/// What shows a change. Positions count from 0; -1 is none.
+/// The controls that show a change. Positions count from 0; -1 is none.
 struct ChangePlace {
-    std::vector<PlaceTab>
-        tabs;                ///< on which it is to be seen, the one that tells most of it first; perhaps none
-    std::int32_t macro = -1; ///< the macro that is another one, or that has come
-    std::int32_t step = -1;  ///< the step of it
+    std::vector<PlaceTab> tabs; ///< the tabs that show it, the most relevant first; may be empty
+    std::int32_t macro = -1;    ///< the changed or added macro
+    std::int32_t step = -1;     ///< its step
 };
 
 /// The places at which the second tree differs from the first.

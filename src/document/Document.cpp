@@ -86,14 +86,14 @@ bool Document::note(const Change& change) {
 bool Document::commit(const Change& change) {
     m_owner.showDocument(change.shown);
     bool isNoted = false;
-    if (!change.action.empty()) // before the save, which may bring changes of others into the tree
+    if (!change.action.empty()) // before the save, which may merge other programs' changes into the tree
         isNoted = note(change);
     if (change.saving == Saving::now)
         m_owner.saveDocument();
     else if (change.saving == Saving::withNextAction)
         m_owner.saveDocumentLater();
     if (!change.action.empty()) {
-        // Behind the save, whose way to the mouse is not to wait for them.
+        // After the save, so as not to delay its way to the mouse.
         m_owner.actionHasBegun();
         m_owner.undoHasChanged();
     }

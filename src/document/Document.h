@@ -1,4 +1,4 @@
-// The settings that the panel edits, and which part of them it is at.
+// The settings that the panel edits, and the current items in them.
 #pragma once
 
 #include <cstdint>
@@ -10,47 +10,47 @@
 
 namespace quorvi {
 
-/// What of the window has to follow a change.
+/// The parts of the window that a change affects.
 enum class Shown : std::uint8_t {
     everything,
     lights,       ///< the two boxes and the drawings of the mouse
     acceleration, ///< the curve
-    nothing,      ///< the control that was used shows it already
+    nothing,      ///< the used control already shows it
 };
 
-/// When a change goes into the file.
+/// When a change is saved.
 enum class Saving : std::uint8_t {
     now,
-    withNextAction, ///< with whatever is saved next; until then no file has it
-    never,          ///< nothing that a file has to have, or whoever goes on with it saves
+    withNextAction, ///< with the next save; until then no file has it
+    never,          ///< it need not be saved, or the caller saves it
 };
 
-/// What a change can have touched.
+/// The parts that a change may have modified.
 enum class Touched : std::uint8_t {
     everything,
-    currentProfile, ///< it alone, and the settings: faster to note
+    currentProfile, ///< only it and the settings: faster to record
 };
 
-/// What a change asks for.
+/// The consequences of a change.
 struct Change {
     Shown shown = Shown::everything;
     Saving saving = Saving::now;
-    /// What the user has done, in the user's language and as a command names it: "Delete Macro “Say hi”".
-    /// Empty for what is no action of its own; what it has changed then belongs to the next action.
+    /// The user's action as a command in the user's language: "Delete Macro “Say hi”". Empty for a change
+    /// that is not an action by itself; it then belongs to the next action.
     std::u16string action = {};
     Touched touched = Touched::everything;
 };
 
-/// Who shows the document and brings it to the disk.
+/// The object that shows the document and saves it.
 class DocumentOwner {
   public:
     virtual void showDocument(Shown shown) = 0;
     virtual void saveDocument() = 0;
-    /// The tree holds changes of the user's that the next save has to bring along.
+    /// The tree holds user changes that the next save must include.
     virtual void saveDocumentLater() = 0;
-    /// Another action is the one to be undone next, or to be redone, or perhaps none is.
+    /// The next action to undo or redo has changed, perhaps to none.
     virtual void undoHasChanged() {}
-    /// The user has done something else: what was offered for the last action is over.
+    /// The user has started another action: offers for the last one end.
     virtual void actionHasBegun() {}
 
   protected:
@@ -58,9 +58,9 @@ class DocumentOwner {
 };
 
 /// One live configuration tree. The current items (settings(), profile(), …) are handles into it that only
-/// editProfileIndex() and editMacroIndex() derive anew: an edit changes the tree in place through them, and
-/// then calls commit(). Without a tree, and without a current profile or macro, they are nil, which reads as
-/// nothing and takes no change.
+/// editProfileIndex() and editMacroIndex() update: an edit changes the tree in place through them, and then
+/// calls commit(). Without a tree or a current profile or macro they are nil, which reads as empty and
+/// ignores changes.
 class Document {
   public:
     /// The owner must outlive it.
@@ -68,31 +68,29 @@ class Document {
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    /// Whether a mouse is there: without one nothing is listed, and nothing can be edited.
+    /// Whether there is a mouse: without one the lists are empty, and editing is disabled.
     [[nodiscard]] bool hasDevice() const { return m_hasDevice; }
     void setHasDevice(bool hasDevice) { m_hasDevice = hasDevice; }
 
     [[nodiscard]] const plist::Dictionary& tree() const { return fDeviceConfig; }
-    /// Takes another tree, nil for none. The current items still are those of the old one.
+    /// Sets the tree; nil for none. The current items still belong to the old one.
     void setTree(const plist::Dictionary& tree) { fDeviceConfig = tree; }
 
-    /// Makes the profile at the index the current one, and says so in the settings. Any other index than one
-    /// of a profile leaves no current profile, and nothing to edit. The stage is the one that the settings
-    /// name.
+    /// Makes the profile at the index the current one, and stores that in the settings. An index without a
+    /// profile leaves no current profile. The current stage is the one in the settings.
     void editProfileIndex(std::int32_t index);
-    /// Derives the current profile and macro anew from a tree that others have changed. The macro stays the
-    /// current one while it is at its place.
+    /// Updates the current profile and macro after the tree has changed from outside. The current macro stays
+    /// if it is still at its place.
     void editSameItems();
     /// The profile that the settings name as the current one, from 0; -1 for none.
     [[nodiscard]] std::int32_t profileIndexOfSettings() const;
-    /// Makes the stage that the current profile starts in the current one, with its sensitivity.
+    /// Makes the current profile's default stage the current one, with its sensitivity.
     void startInDefaultStage();
-    /// Has the settings and the current stage say that their axes are independent exactly when the settings'
-    /// values differ.
+    /// Sets "independentxy" in the settings and the current stage to whether the settings' two values differ.
     void alignIndependentAxes();
-    /// Gives the current stage the sensitivity of the settings, which win. Whether it had another.
+    /// Copies the settings' sensitivity to the current stage. Returns whether it was different.
     bool alignStageWithSettings();
-    /// Makes the macro at the index the current one; any other index than one of a macro leaves none.
+    /// Makes the macro at the index the current one; an index without a macro leaves none.
     void editMacroIndex(std::int32_t index);
 
     [[nodiscard]] const plist::Dictionary& settings() const { return fSettings; }
@@ -101,7 +99,7 @@ class Document {
     [[nodiscard]] const plist::Dictionary& buttons() const { return fButtons; }
     [[nodiscard]] const plist::Array& stages() const { return fStages; }
     [[nodiscard]] const plist::Dictionary& stage() const { return fStage; }
-    /// What the device never sees of the profile: its application, and how the panel and the helper act.
+    /// The profile's data that is not sent to the device: its application, and options of panel and helper.
     [[nodiscard]] const plist::Dictionary& driverData() const { return fDriverData; }
     [[nodiscard]] const plist::Array& macros() const { return fMacros; }
     [[nodiscard]] const plist::Dictionary& macro() const { return fMacro; }
@@ -110,25 +108,25 @@ class Document {
     [[nodiscard]] std::int32_t stageIndex() const { return fStageIndex; }
     [[nodiscard]] std::int32_t macroIndex() const { return fMacroIndex; }
 
-    /// Every change of the tree ends here: it is shown, noted for undo when it is the user's action, and then
-    /// saved. Whether there is an action more to be undone.
+    /// Every change of the tree ends here: it is shown, recorded for undo if it is the user's action, and
+    /// then saved. Returns whether an undoable action was added.
     bool commit(const Change& change = {});
-    /// What is committed from here to endGroup() is one action, as a drag is.
+    /// Everything committed until endGroup() is one action, such as a drag.
     void beginGroup() { m_actions.beginGroup(); }
     void endGroup();
 
-    /// The tree is what others have made of it: it was read, or a save has brought their changes along.
+    /// Call this when the tree was read, or a save has merged other programs' changes.
     void takeOthersOver();
-    /// The same of what the panel itself has put in order in it.
+    /// The same for repairs by the panel itself.
     void takeRepairsOver();
-    /// Makes a change that is no action of the user's: the mouse's own, say. What the user is at stays to be
-    /// noted.
+    /// Makes a change that is not a user action, such as the mouse's own. A user action in progress is still
+    /// recorded later.
     void changeQuietly(const std::function<void()>& change);
     [[nodiscard]] UndoOffer undoOffer() const { return m_actions.undoOffer(); }
     [[nodiscard]] UndoOffer redoOffer() const { return m_actions.redoOffer(); }
-    /// Takes the last action back in the tree. Whoever calls it shows the tree, and commits.
+    /// Undoes the last action in the tree. The caller must show the tree and commit.
     Restored undo() { return restored(m_actions.undo(fDeviceConfig)); }
-    /// Does the action again that was taken back last; the same holds.
+    /// Redoes the last undone action; the caller has the same duties.
     Restored redo() { return restored(m_actions.redo(fDeviceConfig)); }
 
   private:

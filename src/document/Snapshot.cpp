@@ -12,7 +12,7 @@ using plist::Array;
 using plist::Dictionary;
 using plist::Value;
 
-/// Not a number is the same as itself here.
+/// NaN equals itself here.
 bool isSameScalar(const Value& a, const Value& b) {
     const auto isNaN = [](const Value& value) {
         const auto* real = std::get_if<double>(&value.variant());
@@ -87,7 +87,7 @@ Array snapshotOfArray(const Array& array, const Array& earlier) {
     };
     for (std::size_t index = 0; index < now.size(); ++index) {
         Taken next = take(now[index], earlier.value(index));
-        // Behind an item that has come or gone, the others are the same as counted from the end.
+        // After an added or removed item, compare the others counted from the end.
         if (!next.isEarlier && before.size() != now.size() && index + before.size() >= now.size())
             if (Taken moved = take(now[index], earlier.value(index + before.size() - now.size()));
                 moved.isEarlier) {

@@ -1,4 +1,4 @@
-// What the settings were at a moment, kept for later at the price of what has changed.
+// Snapshots of the settings that share everything unchanged.
 #pragma once
 
 #include <cstddef>
@@ -7,13 +7,13 @@
 
 namespace quorvi {
 
-/// A copy of the tree. Each container in it that is the same in the earlier snapshot, in content and in
-/// order, is the earlier one's own, so that a copy after a small change takes little memory. The whole is the
-/// earlier snapshot itself when nothing has changed. Nothing may change a snapshot. Nil for a nil tree.
+/// A copy of the tree. Each container that is equal in the earlier snapshot, including its order, is shared
+/// with it, so a copy after a small change takes little memory. Without any change the result is the earlier
+/// snapshot itself. Snapshots must not be changed. Nil for a nil tree.
 [[nodiscard]] plist::Dictionary snapshotOf(const plist::Dictionary& tree, const plist::Dictionary& earlier);
 
-/// The same when only the settings and the profile at the index can be others than in the earlier snapshot,
-/// which is not nil. The rest is not looked at, which takes a tenth of the time.
+/// The same if only the settings and the profile at the index can differ from the earlier snapshot, which
+/// must not be nil. Skips the rest, which takes a tenth of the time.
 [[nodiscard]] plist::Dictionary snapshotOfProfile(
     const plist::Dictionary& tree, const plist::Dictionary& earlier, std::size_t profile);
 

@@ -1,4 +1,4 @@
-// The resolution of a stage and of the settings that are in use.
+// The resolution of a stage and of the settings in use.
 #pragma once
 
 #include "model/Keys.h"
@@ -6,7 +6,7 @@
 
 namespace quorvi {
 
-/// Gives the one the resolution of the other, with whether its axes are separate.
+/// Copies the resolution, including whether its axes are separate.
 inline void copyResolution(const plist::Dictionary& from, const plist::Dictionary& to) {
     to.set(keys::dpiX, from.integer(keys::dpiX));
     to.set(keys::dpiY, from.integer(keys::dpiY));

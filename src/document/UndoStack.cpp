@@ -22,8 +22,8 @@ bool haveSameStage(const Dictionary& a, const Dictionary& b) {
            a.integer(keys::stage) == b.integer(keys::stage);
 }
 
-/// The tree that the action is to lead to, without what it has done to the sensitivity in force. That belongs
-/// to the stage in force, and when another one is by now, the mouse's own button has changed it.
+/// The action's target tree, without its change of the sensitivity in force. That belongs to the current
+/// stage, which the mouse's own button may have changed since.
 Dictionary withoutSensitivityInForce(const Dictionary& wanted, const Dictionary& base) {
     Dictionary tree = plist::mutableDeepCopy(wanted);
     const Dictionary settings = tree.dictionary(keys::settings);
@@ -38,7 +38,7 @@ Dictionary withoutSensitivityInForce(const Dictionary& wanted, const Dictionary&
 
 void UndoStack::takeOver(const Dictionary& tree) {
     m_last = snapshotOf(tree, m_last);
-    if (m_group == Group::noted) // what comes is not to bring along what others have done
+    if (m_group == Group::noted) // so that the next action does not include other programs' changes
         m_group = Group::begun;
 }
 
@@ -105,7 +105,7 @@ bool UndoStack::isAt(const Dictionary& tree) const {
     return snapshotOf(tree, m_last).isSameAs(m_last);
 }
 
-/// Nil when others have changed the same things.
+/// Nil if other programs have changed the same settings.
 Dictionary UndoStack::treeWithout(const Action& action, Direction direction, const Dictionary& now) const {
     const bool isBack = direction == Direction::back;
     const Dictionary& base = isBack ? action.after : action.before;

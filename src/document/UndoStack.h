@@ -1,4 +1,4 @@
-// What the user has done to the settings, to be taken back and done again.
+// The user's actions on the settings, for undo and redo.
 #pragma once
 
 #include <cstddef>
@@ -11,58 +11,56 @@
 
 namespace quorvi {
 
-/// Whether an action can be taken back, or done again, and if not, why.
+/// Whether an action can be undone or redone, and if not, why.
 enum class Undoable : std::uint8_t {
     nothing, ///< there is none
     yes,
-    othersChanged, ///< another program has changed the same settings since
+    othersChanged, ///< another program has since changed the same settings
 };
 
-/// The action that is next.
+/// The next action.
 struct UndoOffer {
     Undoable able = Undoable::nothing;
-    std::u16string action; ///< its name, in the user's language; empty when there is none
+    std::u16string action; ///< its name, in the user's language; empty if there is none
     bool operator==(const UndoOffer&) const = default;
 };
 
-/// The change that undoing or redoing has made to the tree.
+/// The change to the tree by undo or redo.
 struct Restored {
-    plist::Dictionary from; ///< neither is to be changed
+    plist::Dictionary from; ///< neither may be changed
     plist::Dictionary to;
 
     explicit operator bool() const { return static_cast<bool>(to); }
 };
 
-/// Each action is kept as the trees before and after it, which share what is the same in both. It is taken
-/// back in the tree that is there by then: what other programs have changed meanwhile stays.
+/// Stores each action as the trees before and after it, which share their equal parts. Undo applies to the
+/// present tree: later changes by other programs stay.
 class UndoStack {
   public:
-    /// So many actions are kept. The oldest one goes for a further one.
+    /// The most actions that are kept; a further one removes the oldest.
     static constexpr std::size_t kMostActions = 100;
 
-    /// The tree is what it is through others: read from the file, or joined with what they wrote there.
+    /// Sets a tree that was read from the file or merged with other programs' changes.
     void takeOver(const plist::Dictionary& tree);
-    /// The panel has put in order what the last action has left in the tree, or what undoing it has. That
-    /// belongs to the action.
+    /// Adds the panel's repairs after the last action, or after its undo, to that action.
     void takeRepairsOver(const plist::Dictionary& tree);
-    /// The user has done this to the tree since the last call of these two. Nothing is noted when the tree is
-    /// as it was, or none was taken over before. There is nothing to be done again any more. Whether the
-    /// tree is another one.
+    /// Records the user's change since the last call of these functions. Records nothing if the tree is
+    /// unchanged, or takeOver() was never called. Clears the redo list. Returns whether the tree has changed.
     bool note(const plist::Dictionary& tree, const std::u16string& action);
-    /// The same when the action can have touched only the settings and the profile at the index.
+    /// The same if the action can have changed only the settings and the profile at the index.
     bool noteInProfile(const plist::Dictionary& tree, const std::u16string& action, std::size_t profile);
-    /// What is noted from here to endGroup() is one action, under its first name.
+    /// Everything recorded until endGroup() is one action, with its first name.
     void beginGroup() { m_group = Group::begun; }
     void endGroup();
-    /// Whether the tree is what the last call of takeOver(), note(), undo() or redo() has seen.
+    /// Whether the tree is unchanged since the last call of takeOver(), note(), undo() or redo().
     [[nodiscard]] bool isAt(const plist::Dictionary& tree) const;
 
     [[nodiscard]] UndoOffer undoOffer() const { return offer(m_done, Direction::back); }
     [[nodiscard]] UndoOffer redoOffer() const { return offer(m_undone, Direction::forth); }
-    /// Takes the last action back in the tree, in place. False, and nothing happens, when there is none or
-    /// others have changed the same things.
+    /// Undoes the last action in the tree, in place. Changes nothing if there is none, or if other programs
+    /// have changed the same settings.
     Restored undo(const plist::Dictionary& tree) { return move(m_done, m_undone, Direction::back, tree); }
-    /// Does it again.
+    /// Redoes the last undone action.
     Restored redo(const plist::Dictionary& tree) { return move(m_undone, m_done, Direction::forth, tree); }
 
   private:
@@ -84,8 +82,8 @@ class UndoStack {
     Restored move(Actions& from, Actions& to, Direction direction, const plist::Dictionary& tree);
 
     Actions m_done;   ///< the last one at the end
-    Actions m_undone; ///< the next one to be done again at the end
-    /// What could be done again before the group that has been begun, which may yet turn out to be no action.
+    Actions m_undone; ///< the next one to redo is at the end
+    /// The redo list before the present group, which may turn out to be empty.
     Actions m_undoneBefore;
     plist::Dictionary m_last;
     Group m_group = Group::none;

@@ -1,4 +1,4 @@
-// Keys that go down together and up together, the modifiers first and last.
+// Keys pressed and released together: modifiers are pressed first and released last.
 #pragma once
 
 #include <array>
@@ -15,8 +15,8 @@ class Chord {
   public:
     Chord() = default;
 
-    /// The chord of a function of Keys, Letter or SingleKey; empty for any other, and for a key that there is
-    /// not, unless it has modifiers.
+    /// The chord of a function of Keys, Letter or SingleKey; empty for any other, and for an unknown key
+    /// without modifiers.
     Chord(const Function& function, const ButtonAssignment& assignment, const LetterKeys& letters);
 
     void press(HeldKeys& keys) const;

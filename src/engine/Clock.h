@@ -1,4 +1,4 @@
-// The engine's own time, which goes forward only, beside the caller's, which may jump.
+// The engine's own time, which only moves forward, unlike the caller's, which may jump.
 #pragma once
 
 #include <algorithm>
@@ -8,19 +8,19 @@
 
 namespace quorvi::engine {
 
-/// Since any origin, of a clock that the caller keeps to. A time before that of the last call counts as that
-/// of the last call, and what waits goes on waiting from there.
+/// Time since any origin, of a clock that the caller does not change. A time before the last call's counts as
+/// the last call's, and waits continue from there.
 using Time = std::chrono::microseconds;
 
-/// The earlier of the two; the second when there is no first.
+/// The earlier of the two; the second if there is no first.
 [[nodiscard]] constexpr Time earlier(std::optional<Time> first, Time second) {
     return first && *first < second ? *first : second;
 }
 
 class Clock {
   public:
-    /// Takes any time. The first one, and one before the last, move the own time nowhere; no single one moves
-    /// it by more than a day, which is longer than anything waits.
+    /// Accepts any time. The first one, and one before the last, leave the engine's time unchanged; no call
+    /// moves it by more than a day, which is longer than any wait.
     void set(Time callers) {
         if (m_isSet && callers > m_callers)
             m_now += stepTo(callers);
@@ -31,14 +31,14 @@ class Clock {
     [[nodiscard]] Time now() const { return m_now; }
     [[nodiscard]] Time callers() const { return m_callers; }
 
-    /// The caller's time when the own time, not before now, will have come.
+    /// Converts an engine time, not before now, to the caller's time.
     [[nodiscard]] Time inCallersTime(Time own) const {
         const Time wait = own - m_now;
         return m_callers > Time::max() - wait ? Time::max() : m_callers + wait;
     }
 
   private:
-    /// Counted without a sign, because two times may lie further apart than a signed number holds.
+    /// Computed unsigned, because two times may differ by more than a signed number holds.
     [[nodiscard]] Time stepTo(Time later) const {
         const auto step =
             static_cast<std::uint64_t>(later.count()) - static_cast<std::uint64_t>(m_callers.count());

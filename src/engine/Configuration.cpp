@@ -9,7 +9,7 @@ namespace quorvi::engine {
 
 namespace {
 
-/// A record of zeros has five profiles by their names, none of which clicks: the numbers tell.
+/// A record of zeros would have five named profiles without clicks; the slot numbers reveal it.
 bool isSound(const ConfigRecord& record) {
     bool hasProfile = false;
     for (std::size_t slot = 0; slot < record.profiles.size(); ++slot) {

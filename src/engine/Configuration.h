@@ -1,4 +1,4 @@
-// The record as the engine reads it.
+// The engine's view of the record.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,16 @@ namespace quorvi::engine {
 /// Profiles and stages by their numbers, from 1.
 class Configuration {
   public:
-    /// False, with the old record kept, when the bytes are no record (see Engine::setRecord).
+    /// Returns false and keeps the old record if the bytes are not a record (see Engine::setRecord).
     [[nodiscard]] bool take(std::span<const std::uint8_t> bytes);
 
     [[nodiscard]] const SettingsRecord& settings() const { return m_record.settings; }
 
-    /// The number is that of a profile in use. Takes any number.
+    /// Whether a profile in use has the number. Accepts any number.
     [[nodiscard]] bool hasProfile(int number) const;
 
-    /// The next profile in use in that direction (1 or -1), round the ends; the profile itself when there is
-    /// no other.
+    /// The next profile in use in that direction (1 or -1), wrapping at the ends; the profile itself if there
+    /// is no other.
     [[nodiscard]] std::uint8_t profileBeside(std::uint8_t number, int direction) const;
 
     /// The profile that runs first: the active one, or the first in use.
@@ -31,11 +31,11 @@ class Configuration {
     /// 0 to 5.
     [[nodiscard]] std::uint8_t stageCount(std::uint8_t profile) const;
 
-    /// The number when the profile has that stage, else the first; 0 when it has none.
+    /// The number if the profile has that stage, else the first; 0 if it has none.
     [[nodiscard]] std::uint8_t validStage(std::uint8_t profile, std::uint8_t stage) const;
     [[nodiscard]] std::uint8_t defaultStage(std::uint8_t profile) const;
 
-    /// The stage of the lowest sensitivity, both axes together, the first of equals; 0 when there is none.
+    /// The stage with the lowest sensitivity, both axes added, the first of equals; 0 if there is none.
     [[nodiscard]] std::uint8_t lowestStage(std::uint8_t profile) const;
 
     /// The codes of the stage; those of the settings for stage 0.
@@ -48,7 +48,7 @@ class Configuration {
         std::span<const std::uint8_t> steps;
         std::uint32_t delay = 0; ///< milliseconds before the first step
     };
-    /// The first macro with the identifier; nothing when there is none.
+    /// The first macro with the identifier, or std::nullopt.
     [[nodiscard]] std::optional<Macro> macro(std::uint8_t macroId) const;
 
   private:

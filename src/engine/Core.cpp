@@ -10,7 +10,7 @@ namespace quorvi::engine {
 
 namespace {
 
-constexpr std::uint8_t kPassed = 0xFF; ///< of a code that is down: it is no input
+constexpr std::uint8_t kPassed = 0xFF; ///< a code that is down but not an input
 constexpr std::uint8_t kWheelAway = 8;
 constexpr std::uint8_t kWheelBack = 9;
 
@@ -122,7 +122,7 @@ bool Engine::Core::isBusy() const {
     return m_keys.areAny() || m_macros.isPlaying() || m_clicks.areAny() || m_scrolling.isAny();
 }
 
-/// A key that repeats itself says so with 2: the desktop repeats those that we hold.
+/// Value 2 is a key repeat; ignored, because the desktop repeats the keys that we hold.
 void Engine::Core::key(std::uint16_t code, std::int32_t value) {
     if (code >= m_pressedAs.size())
         return;
@@ -238,7 +238,7 @@ void Engine::Core::move() {
         m_writer.put(Device::Pointer, EV_REL, REL_Y, counts.y);
 }
 
-/// A desktop that hears of high resolution listens to nothing else.
+/// A desktop that receives high-resolution events ignores the plain ones.
 std::int64_t Engine::Core::partsOf(const Turn& turn) {
     return turn.hasParts ? turn.parts : turn.notches * partsOfNotch;
 }
@@ -250,7 +250,7 @@ void Engine::Core::turnWheel(std::int64_t notches, std::int64_t parts) {
     turnInput(kWheelBack, std::max(-notches, std::int64_t{0}), std::max(-parts, std::int64_t{0}));
 }
 
-/// A turn that scrolls does so in high resolution; anything else takes a whole notch.
+/// Scrolling uses the high resolution; other functions need a whole notch.
 void Engine::Core::turnInput(std::uint8_t input, std::int64_t notches, std::int64_t parts) {
     if (notches == 0 && parts == 0)
         return;
@@ -266,7 +266,7 @@ void Engine::Core::turnInput(std::uint8_t input, std::int64_t notches, std::int6
     }
 }
 
-/// What a press does that its release has no part in.
+/// Runs a function that a press triggers and that its release does not affect.
 void Engine::Core::runOnce(const Function& function, const ButtonAssignment& assignment) {
     switch (function.act) {
     case Act::StageUp:

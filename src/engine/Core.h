@@ -1,4 +1,4 @@
-// The engine behind its door: what comes in is told apart here and handed to whoever does it.
+// The engine's implementation: it sorts the input and passes it to the classes that handle it.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ class Engine::Core {
   public:
     explicit Core(Output& output);
 
-    /// Before and behind everything else: the time, and what has come of it.
+    /// Called before and after every other call: sets the time, and handles its effects.
     void begin(Time now);
     void finish();
 
@@ -36,7 +36,7 @@ class Engine::Core {
     [[nodiscard]] bool isBusy() const;
 
   private:
-    /// What one frame says of one wheel. A mouse with high resolution says all of it in parts too.
+    /// One wheel's turn in one frame. A high-resolution mouse reports it in parts of a notch too.
     struct Turn {
         std::int64_t notches = 0;
         std::int64_t parts = 0;
@@ -44,7 +44,7 @@ class Engine::Core {
 
         [[nodiscard]] bool isAny() const { return notches != 0 || hasParts; }
     };
-    /// What a button of the mouse has pressed, until it goes up.
+    /// The keys and buttons that a mouse button holds down until its release.
     struct HeldInput {
         bool isDown = false;
         Act act = Act::Nothing;
@@ -66,8 +66,8 @@ class Engine::Core {
 
     [[nodiscard]] const ButtonAssignment& assignmentOf(std::uint8_t input) const;
 
-    // What each report of the mouse needs, side by side: between two of them the processor does other things
-    // and forgets where all of this is, page by page.
+    // The data used for every report, kept together: between reports the processor's caches lose it, so it
+    // should span few pages.
     Output& m_output;
     Clock m_clock;
     Move m_move;
@@ -85,8 +85,8 @@ class Engine::Core {
 
     HeldKeys m_keys{m_writer};
     Configuration m_configuration;
-    std::array<std::uint8_t, KEY_CNT> m_inputOf{};    ///< by code: the input that it is, 0 for none
-    std::array<std::uint8_t, KEY_CNT> m_pressedAs{};  ///< by code that is down: its input, or that it passed
+    std::array<std::uint8_t, KEY_CNT> m_inputOf{};    ///< by code: its input, 0 for none
+    std::array<std::uint8_t, KEY_CNT> m_pressedAs{};  ///< by code that is down: its input, or kPassed
     std::array<HeldInput, buttonInputs + 1> m_held{}; ///< by input
 };
 

@@ -1,6 +1,6 @@
-// Double clicks. Desktops take two changes of a mouse button within 25 ms for a worn switch and drop them, so
-// that a double click takes some time; its second click lasts as long as the input is down, for selecting
-// words by dragging.
+// Double clicks. Desktops treat two changes of a mouse button within 25 ms as a worn switch and drop them, so
+// a double click takes some time. Its second click lasts as long as the input is down, for selecting words by
+// dragging.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ class DoubleClicks {
   public:
     explicit DoubleClicks(HeldKeys& keys) : m_keys(keys) {}
 
-    /// The input is 1 to 7. Nothing while the last one of that input is on its way.
+    /// The input is 1 to 7. Does nothing while that input's last double click is running.
     void press(std::uint8_t input, std::uint16_t button, Time now);
     void release(std::uint8_t input);
     void wake(Time now);

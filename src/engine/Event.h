@@ -7,7 +7,7 @@
 
 namespace quorvi::engine {
 
-/// Without a time.
+/// The event's time is zero.
 [[nodiscard]] constexpr input_event eventOf(std::uint16_t type, std::uint16_t code, std::int32_t value) {
     input_event event{};
     event.type = type;

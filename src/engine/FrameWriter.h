@@ -1,4 +1,4 @@
-// Puts events together to frames.
+// Groups events into frames.
 #pragma once
 
 #include <array>
@@ -17,19 +17,19 @@ class FrameWriter {
     /// The time of all events from here on.
     void setTime(Time time);
 
-    /// Into the frame that is begun, or into a new one when that is another device's, is full, or has the
-    /// code already: nobody would see the first of two changes in one frame. A value
-    /// beyond 32 bits is cut, as only garbage has one.
+    /// Adds an event to the current frame. Starts a new frame if the current one is another device's, is
+    /// full, or already has the code: the first of two changes in one frame would be lost. A value beyond 32
+    /// bits is clamped; only garbage has one.
     void put(Device device, std::uint16_t type, std::uint16_t code, std::int64_t value);
 
-    /// Writes the frame that is begun; nothing when there is none.
+    /// Writes the current frame, if there is one.
     void flush();
 
   private:
     [[nodiscard]] bool fits(Device device, std::uint16_t type, std::uint16_t code) const;
     void append(std::uint16_t type, std::uint16_t code, std::int32_t value);
 
-    static constexpr std::size_t kMostEvents = 64; ///< with the SYN_REPORT; what the kernel's own queue holds
+    static constexpr std::size_t kMostEvents = 64; ///< including SYN_REPORT; the size of the kernel's queue
 
     Output& m_output;
     decltype(input_event::input_event_sec) m_seconds = 0;

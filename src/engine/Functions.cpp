@@ -30,8 +30,8 @@ constexpr Function scroll(std::uint8_t code, std::uint16_t axis, std::int8_t sig
     return {code, Act::Scroll, 0, 0, 0, {axis, sign}};
 }
 
-// Zooming takes the keypad's keys, which type plus and minus under every layout. Desktops go back and forward
-// by the side buttons, whatever the mouse calls its own.
+// Zooming uses the keypad's keys, which type plus and minus in every layout. Desktops use the side buttons
+// for back and forward, whatever the mouse calls its own.
 constexpr std::array kTable{
     key(commands::click, BTN_LEFT),
     key(2, BTN_RIGHT),

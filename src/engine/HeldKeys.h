@@ -1,5 +1,5 @@
-// The keys and buttons of the output that are down. Each is counted: it goes down with the first that presses
-// it and up with the last that releases it.
+// The output's keys and buttons that are down. Each is counted: the first press presses it, and the last
+// release releases it.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ class HeldKeys {
   public:
     explicit HeldKeys(FrameWriter& writer) : m_writer(writer) {}
 
-    // A code that neither device offers is passed over, and so is a release without a press.
+    // Ignores a code that neither device offers, and a release without a press.
     void press(std::uint16_t code);
     void release(std::uint16_t code);
 

@@ -14,10 +14,10 @@ constexpr double kFastestHand = 20.0;                       ///< inches a second
 constexpr Time kShortestWay = std::chrono::milliseconds(8); ///< the interval of the slowest polling rate
 constexpr Time kRest = std::chrono::milliseconds(100);
 
-/// Gains are whole parts of this, so that the same moves always come to the same.
+/// Gains are whole multiples of 1/kGainUnit, so that equal moves always have equal results.
 constexpr std::int64_t kGainUnit = 1 << 16;
 
-/// No report of a mouse says more; garbage does.
+/// More than any real report.
 constexpr std::int64_t kMostCounts = std::numeric_limits<std::int32_t>::max();
 
 } // namespace

@@ -9,11 +9,11 @@
 
 namespace quorvi::engine {
 
-/// How fast the hand moves the mouse: the way of at least eight milliseconds over their time, because single
-/// reports come unevenly. 0 for the first of them, and after a rest.
+/// The hand's speed: distance over time for at least eight milliseconds, because single reports come
+/// unevenly. 0 for the first of them, and after a rest.
 class HandSpeed {
   public:
-    /// A move in inches. Gives the speed as a share of the fastest, 0 to 1.
+    /// Adds a move in inches. Returns the speed as a share of the fastest, 0 to 1.
     double after(double inchesX, double inchesY, Time now);
 
   private:
@@ -24,23 +24,23 @@ class HandSpeed {
     bool m_moves = false;
 };
 
-/// One move, or what comes of it.
+/// A move, before or after scaling.
 struct Move {
     std::int64_t x = 0;
     std::int64_t y = 0;
 };
 
-/// Whole counts come out; what is left of them is kept, each axis for itself, so that nothing drifts.
+/// Returns whole counts and keeps the fractions of each axis, so that the pointer does not drift.
 class Motion {
   public:
-    /// Forgets what is left of counts, which are others now.
+    /// Drops the fractions, whose unit has changed.
     void setSensorDpi(std::uint16_t dpi);
 
-    /// Counts of the sensor at that sensitivity and acceleration factor. More
-    /// counts than 32 bits hold are cut.
+    /// Scales the sensor's counts by that sensitivity and acceleration factor. Counts beyond 32 bits are
+    /// clamped.
     [[nodiscard]] Move scaled(Move counts, std::uint16_t dpiX, std::uint16_t dpiY, float factor, Time now);
 
-    /// Forgets what is left of counts.
+    /// Drops the fractions of counts.
     void reset();
 
   private:

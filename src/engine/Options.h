@@ -1,4 +1,4 @@
-// What the engine has to know beside the record: of the mouse, and of its user's keyboard.
+// The engine's settings besides the record: properties of the mouse and of its user's keyboard.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ inline constexpr std::size_t buttonInputs = 7;
 /// The inputs' codes of the Linux input layer (EV_KEY), input 1 first.
 using ButtonCodes = std::array<std::uint16_t, buttonInputs>;
 
-/// What most mice report.
+/// The codes of most mice.
 inline constexpr ButtonCodes usualButtonCodes{
     BTN_LEFT, BTN_RIGHT, BTN_MIDDLE, BTN_SIDE, BTN_EXTRA, BTN_FORWARD, BTN_BACK};
 
@@ -31,7 +31,7 @@ inline constexpr LetterKeys usLetterKeys{KEY_A, KEY_B, KEY_C, KEY_D, KEY_E, KEY_
 inline constexpr std::uint16_t lowestSensorDpi = 100;
 inline constexpr std::uint16_t highestSensorDpi = 64000;
 
-/// Any value is taken: what is out of its range counts as the default.
+/// Any value is accepted: one out of range counts as the default.
 struct Options {
     /// Counts that the mouse reports for an inch, 100 to 64000.
     std::uint16_t sensorDpi = 1600;
@@ -40,14 +40,14 @@ struct Options {
     /// where "enableaccel" is set.
     std::array<float, limits::profiles> acceleration{1, 1, 1, 1, 1};
 
-    /// Which code is which input; 0 for an input that the mouse does not have. Of two inputs with one code
-    /// the first has it. A button or key that is no input passes unchanged.
+    /// The code of each input; 0 for an input that the mouse does not have. If two inputs have the same code,
+    /// the first one wins. A button or key that is not an input passes unchanged.
     ButtonCodes buttonCodes = usualButtonCodes;
 
     /// 0, or a key that the keyboard does not offer (Devices.h): the US layout's key.
     LetterKeys letterKeys = usLetterKeys;
 
-    /// No macro starts, as long as the panel records one. Those that run, run to their end.
+    /// Keeps macros from starting while the panel records one. Running macros finish.
     bool macrosAreQuiet = false;
 };
 

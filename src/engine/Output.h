@@ -1,4 +1,4 @@
-// What comes out of the engine.
+// The engine's output.
 #pragma once
 
 #include <cstdint>
@@ -8,30 +8,30 @@
 
 namespace quorvi::engine {
 
-/// The two devices that the engine plays; Devices.h says what each has to offer.
+/// The engine's two output devices; Devices.h lists their capabilities.
 enum class Device : std::uint8_t { Pointer, Keyboard };
 
-/// What the mouse runs now.
+/// The profile, stage and sensitivity in use.
 struct Running {
     std::uint8_t profile = 0; ///< slot of the record, 1 to 5; 0 as long as there is no record
-    std::uint8_t stage = 0;   ///< 1 to 5; 0 when the profile has none
+    std::uint8_t stage = 0;   ///< 1 to 5; 0 if the profile has none
     std::uint16_t dpiX = 0;   ///< 100 to 6475; 0 as long as there is no record
     std::uint16_t dpiY = 0;
 
     bool operator==(const Running&) const = default;
 };
 
-/// Called from within the engine's calls, never otherwise. It must not call the engine.
+/// Called only from within the engine's functions. Must not call the engine.
 class Output {
   public:
     virtual ~Output() = default;
 
     /// One frame of the device, its SYN_REPORT at the end: at most 64 events, in one piece as write() takes
-    /// them. All carry the time that the engine was called with. A code changes at most once in a frame.
+    /// them. All have the time of the call to the engine. A code changes at most once in a frame.
     virtual void write(Device device, std::span<const input_event> frame) = 0;
 
-    /// The profile, the stage or its sensitivity has changed, also for as long as a button is held. Comes
-    /// behind the frames of the same call.
+    /// Called when the profile, the stage or its sensitivity has changed, even just while a button is held,
+    /// and after the frames of the same call.
     virtual void runs(const Running& running) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Where the mouse is in its record: the profile and the stage that run.
+// The profile and the stage of the record that are in use.
 #pragma once
 
 #include <cstdint>
@@ -15,19 +15,19 @@ class Position {
     /// The record's active profile and stage.
     void start();
 
-    /// Behind a change of the record: to what there still is.
+    /// Call after the record has changed: leaves a profile or stage that no longer exists.
     void stayOnRecord();
 
-    /// Starts in the profile's default stage. Nothing when it runs already or is not in use.
+    /// Starts with the profile's default stage. Does nothing if the profile is already running or not in use.
     void switchToProfile(int number);
     void goToProfileBeside(int direction);
 
     /// Stops at the ends of the list.
     void step(int direction);
-    /// Goes from the last to the first.
+    /// Continues from the last to the first.
     void cycle();
 
-    // Each hold ends with a release.
+    // Each call needs a matching release.
     void holdLowest();
     void releaseLowest();
     void releaseAll();
@@ -42,7 +42,7 @@ class Position {
     std::uint8_t m_profile = 0;
     std::uint8_t m_stage = 0; ///< the one that runs when the lowest is not held
     int m_lowestHolds = 0;
-    Running m_running; ///< what follows from all of these: each report of the mouse asks for it
+    Running m_running; ///< derived from the others; read for every report of the mouse
 };
 
 } // namespace quorvi::engine

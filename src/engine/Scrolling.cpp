@@ -6,7 +6,7 @@ namespace quorvi::engine {
 
 namespace {
 
-// As a keyboard's keys usually do, and slow enough to stop at the line that one wants.
+// Usual for keyboards, and slow enough to stop at a given line.
 constexpr Time kBeforeRepeating = std::chrono::milliseconds(300);
 constexpr Time kBetweenNotches = std::chrono::milliseconds(60);
 

@@ -1,5 +1,5 @@
-// Turns of the virtual wheels: what a real wheel does, and notches from buttons, which repeat while they are
-// held as a key does.
+// Turns of the virtual wheels: those of the real wheel, and notches from buttons, which repeat like keys
+// while held.
 #pragma once
 
 #include <array>
@@ -19,10 +19,11 @@ class Scrolling {
   public:
     explicit Scrolling(FrameWriter& writer) : m_writer(writer) {}
 
-    /// Turns in that direction by notches and by parts of notches, which say the same; both may be negative.
+    /// Turns in that direction by notches and by parts of notches, which describe the same turn; both may be
+    /// negative.
     void turn(ScrollDirection direction, std::int64_t notches, std::int64_t parts);
 
-    /// A notch at once and more until the release. The input is 1 to 7.
+    /// Sends a notch at once, and more until the release. The input is 1 to 7.
     void press(std::uint8_t input, ScrollDirection direction, Time now);
     void release(std::uint8_t input);
     void wake(Time now);

@@ -1,4 +1,4 @@
-// Calls over a bus whose answers are not waited for. For programs that have other things to do meanwhile.
+// Asynchronous calls over a bus, for programs that must not block.
 #pragma once
 
 #include <chrono>
@@ -11,21 +11,21 @@
 
 namespace quorvi::events {
 
-/// As long as the other side takes.
+/// No time limit.
 constexpr std::chrono::milliseconds kForEver{-1};
 
 class AsyncCalls {
   public:
-    /// Gets the answer, whose `error` is the error's name and empty when there is none. Runs once, from
-    /// within the bus's processing; it may make calls, and end this object.
+    /// Receives the reply; `error` is the error's name, or empty for success. Runs once, from within the
+    /// bus's processing; it may make calls, and destroy this object.
     using Answer = std::function<void(sd_bus_message* reply, std::string_view error)>;
 
-    /// The bus must live longer.
+    /// The bus must outlive the object.
     explicit AsyncCalls(sd_bus* bus) : m_bus(bus) {}
     AsyncCalls(const AsyncCalls&) = delete;
     AsyncCalls& operator=(const AsyncCalls&) = delete;
 
-    /// A call with arguments as for sd_bus_message_append; null when the bus is gone.
+    /// A call with arguments as for sd_bus_message_append; null if the bus is gone.
     template <typename... Arguments>
     [[nodiscard]] MessageRef newCall(const char* destination, const char* path, const char* interface,
         const char* member, const char* signature = "", Arguments... arguments) const {
@@ -38,10 +38,10 @@ class AsyncCalls {
         return message;
     }
 
-    /// Sends the call. False, with the answer dropped, when it could not be sent.
+    /// Sends the call. Returns false, and never calls `answer`, if it could not be sent.
     bool call(const MessageRef& message, std::chrono::milliseconds timeout, Answer answer);
 
-    /// What is under way is not answered any more.
+    /// Drops the answers of all pending calls.
     void dropAll() { m_pending.clear(); }
 
   private:
@@ -56,8 +56,8 @@ class AsyncCalls {
     std::set<std::unique_ptr<Pending>> m_pending;
 };
 
-/// Waits for a signal of the rule, for as long as the slot lives, without waiting for the bus to take the
-/// rule. Null when it could not be asked for.
+/// Subscribes to the rule's signals while the slot lives, without waiting for the bus to accept the rule.
+/// Returns null if the request could not be sent.
 [[nodiscard]] SlotPtr matchSignal(
     sd_bus* bus, const char* rule, sd_bus_message_handler_t received, void* userdata);
 

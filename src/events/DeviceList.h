@@ -45,8 +45,8 @@ static_assert(offsetof(DeviceList, reserved1) == 2 && offsetof(DeviceList, devic
 /// The event that carries the list: class 'KyvQ', id 'KyDL', the record as direct object of type 'KYDL'.
 [[nodiscard]] Event makeDeviceListEvent(const DeviceList& list);
 
-/// Takes the list out of such an event. False when the direct object is missing, of another descriptor type
-/// or not exactly 196 bytes; the list is then left as it was.
+/// Reads the list from such an event. Returns false and leaves the list unchanged if the direct object is
+/// missing, has another descriptor type or is not exactly 196 bytes.
 [[nodiscard]] bool getDeviceList(const Event& event, DeviceList& list);
 
 } // namespace quorvi

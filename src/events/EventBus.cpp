@@ -17,10 +17,10 @@ using std::chrono::steady_clock;
 
 namespace {
 
-/// For the calls that have no limit of their own: an answer of the bus itself takes well under a millisecond.
+/// For calls without their own timeout: the bus itself answers well within a millisecond.
 constexpr milliseconds kBusCallTimeout{500};
 
-/// Exchanges the greetings with the bus. A bus that accepts and then says nothing is given up in time.
+/// Exchanges greetings with the bus. Gives up in time on a bus that accepts the connection but never answers.
 bool becomeReady(sd_bus* bus, milliseconds timeout) {
     const auto deadline = steady_clock::now() + timeout;
     for (;;) {
@@ -62,7 +62,7 @@ events::MessageRef EventBus::Private::send(
     status = connectionInvalid;
     if (!message)
         return {};
-    // The library takes 0 for its own default.
+    // The library treats 0 as its default.
     const auto left =
         std::max(microseconds(1), std::chrono::ceil<microseconds>(deadline - steady_clock::now()));
     events::BusError error;

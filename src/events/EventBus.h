@@ -1,11 +1,12 @@
 // The processes of the session and the events between them, over the session bus.
 //
-// One thread only. Nothing happens by itself: the owner watches fd() for events() and calls process(), as any
-// event loop can. Calls that wait for an answer (names, process list, send with a reply) are bounded in time,
-// and may read further incoming messages while they wait; those stay queued, so the owner calls process()
-// again whenever hasPending() says so, right after connect() too. onPending() tells it at once.
+// For one thread only. It does not run on its own: the owner watches fd() for events() and calls process(),
+// as any event loop can. Calls that wait for an answer (names, process list, send with a reply) are bounded
+// in time, and may read further incoming messages while they wait; those stay queued, so the owner calls
+// process() again whenever hasPending() is true, even right after connect(). onPending() notifies the owner
+// at once.
 //
-// When the bus goes away, every function returns its error and nothing else happens.
+// After the bus has gone away every function just returns its error.
 #pragma once
 
 #include <chrono>
@@ -19,17 +20,17 @@
 
 namespace quorvi {
 
-/// How long a reply is waited for: 15 ticks of a sixtieth of a second.
+/// The timeout of a reply: 15 ticks of a sixtieth of a second.
 constexpr std::chrono::milliseconds kEventReplyTimeout{250};
 
-/// How many messages one call of process() takes, a few milliseconds of work at most.
+/// The most messages that one call of process() handles, a few milliseconds of work.
 constexpr int kProcessedAtOnce = 64;
 
 enum class SendMode { noReply, waitReply };
 
-/// What to do when another process owns the name already.
+/// What to do if another process already owns the name.
 enum class NameMode {
-    queueBehindOwner, ///< wait in line and own it when the other one lets go
+    queueBehindOwner, ///< queue, and own it when the other one releases it
     onlyIfFree
 };
 
@@ -40,8 +41,8 @@ enum class NameResult {
     failed  ///< no bus, or not a valid name
 };
 
-/// Gets the event and who sent it; puts parameters into the reply, which is dropped when the sender wants
-/// none. A result other than noErr is answered with an error.
+/// Receives the event and its sender, and adds parameters to the reply, which is dropped if the sender wants
+/// none. A result other than noErr sends an error.
 using EventHandler =
     std::function<Status(const Event& event, const ProcessSerialNumber& sender, Event& reply)>;
 
@@ -49,15 +50,15 @@ struct ProcessEntry {
     ProcessSerialNumber psn;
     std::string name;
 
-    // The check takes the 0 that a defaulted comparison compares with for a null pointer.
+    // The linter takes the 0 that a defaulted comparison compares with for a null pointer.
     // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const ProcessEntry&) const = default;
 };
 
 class EventBus {
   public:
-    /// Connects to the bus of the session. A null pointer when there is none or when it does not answer in
-    /// time; never starts a bus.
+    /// Connects to the bus of the session. Returns null if there is none or it does not answer in time; never
+    /// starts a bus.
     [[nodiscard]] static std::unique_ptr<EventBus> connect(
         std::chrono::milliseconds timeout = std::chrono::seconds(1));
 
@@ -74,21 +75,21 @@ class EventBus {
 
     /// The file descriptor to watch; -1 once the bus went away.
     [[nodiscard]] int fd() const;
-    /// What to watch it for, as for poll(2): POLLIN, and POLLOUT while something waits to be written.
-    /// Changes with every call of this class.
+    /// The events to poll(2) for: POLLIN, and POLLOUT while output is queued. May change with every call of
+    /// this class.
     [[nodiscard]] short events() const;
-    /// There is something for process() to do now, whatever the file descriptor says.
+    /// Whether process() has work now, even if the file descriptor is not ready.
     [[nodiscard]] bool hasPending() const;
-    /// Reads, answers and dispatches what is there, without waiting, but no more than kProcessedAtOnce
-    /// messages: who floods this process cannot keep it from the rest of its work. What is left shows in
-    /// hasPending() or in the file descriptor. Handlers run from here only, and may call anything of this
-    /// class, this function included, but not destroy this object.
+    /// Reads, answers and dispatches queued messages without waiting, at most kProcessedAtOnce, so a flood of
+    /// messages cannot starve the rest of the process. If any are left, hasPending() is true or the file
+    /// descriptor ready. Handlers run only from here, and may call any function of this class, this function
+    /// included, but not destroy this object.
     void process();
-    /// Waits until there is something to do, at most this long, and does it. False when nothing came or the
-    /// bus is gone. A negative time waits for ever.
+    /// Waits for messages, at most this long, and processes them. Returns false if none came or the bus is
+    /// gone. A negative time waits without limit.
     bool wait(std::chrono::milliseconds timeout);
-    /// Called when a call left incoming messages or unsent output behind. Runs inside that call: only
-    /// schedule process() there, and look at events() again.
+    /// Called when a call has left incoming messages or unsent output. Runs inside that call: only schedule
+    /// process() there, and re-read events().
     void onPending(std::function<void()> function);
     /// Called once, from process(), when the bus went away. fd() is invalid by then.
     void onDisconnected(std::function<void()> function);
@@ -97,46 +98,47 @@ class EventBus {
 
     [[nodiscard]] NameResult ownName(
         std::string_view processName, NameMode mode = NameMode::queueBehindOwner);
-    /// Gives the name or the place in its queue up. procNotFound when it was not ours.
+    /// Releases the name, or leaves its queue. Returns procNotFound if this process neither owned nor queued
+    /// for it.
     Status releaseName(std::string_view processName);
 
     // The process list.
 
-    /// The processes that own a name, ordered by serial number and name. Empty when there is no bus.
+    /// The processes that own a name, ordered by serial number and name. Empty without a bus.
     [[nodiscard]] std::vector<ProcessEntry> processes();
-    /// Goes on to the process after the given one, {0, 0} for the first. procNotFound at the end, where the
-    /// number becomes {0, 0}; other errors leave it as it was.
+    /// Advances to the process after the given one; {0, 0} starts at the first. Returns procNotFound at the
+    /// end and sets the number to {0, 0}; other errors leave it unchanged.
     [[nodiscard]] Status getNextProcess(ProcessSerialNumber& psn);
-    /// The name of a process; the first in order when it owns several.
+    /// The name of a process; the first in order if it owns several.
     [[nodiscard]] Status getProcessInformation(const ProcessSerialNumber& psn, std::string& name);
-    /// The first process with the name, in any case of the letters A to Z. procNotFound when there is none.
-    /// The pointer may be null and is only written to on success.
+    /// The first process with the name, in any case of the letters A to Z. Returns procNotFound if there is
+    /// none. The pointer may be null and is only written on success.
     [[nodiscard]] Status findProcessByName(std::string_view name, ProcessSerialNumber* psn);
-    /// The processes that own exactly this name or wait for it, the owner first. Empty when there is none.
+    /// The processes that own exactly this name or queue for it, the owner first.
     [[nodiscard]] std::vector<ProcessSerialNumber> processesInLine(std::string_view processName);
-    /// Called from process() when the process list is another one than before: a process came, left or took a
-    /// name over, once for several of them; and when the bus went away. What has come before it was called
-    /// has been dispatched, what comes later has not. The bus tells of changes from this call on; one that
-    /// came a moment before may be told as well. An empty function ends it.
+    /// Sets a function that process() calls once after one or more changes of the process list (a process
+    /// came, left or took over a name), and when the bus goes away. Messages that arrived before the change
+    /// are dispatched first, later ones afterwards. Changes count from this call on; one from just before may
+    /// be reported too. An empty function ends this.
     void onProcessesChanged(std::function<void()> function);
 
     // Events.
 
-    /// Sends an event. Without a reply it only queues it: noErr does not say that it arrived. With one it
-    /// waits, and the parameters of the answer go to the reply, which may be null.
-    /// paramErr: a code is not four ASCII characters or a value does not fit its type; procNotFound: no such
-    /// process; errAEEventNotHandled, errAEEventFailed: the answer of the other side; errAETimeout;
-    /// connectionInvalid: no bus, or the other side left before it answered.
+    /// Sends an event. Without a reply it is only queued: noErr does not mean that it arrived. With one,
+    /// waits and stores the answer's parameters in the reply, which may be null. paramErr: a code is not four
+    /// ASCII characters or a value does not fit its type; procNotFound: no such process;
+    /// errAEEventNotHandled, errAEEventFailed: the other side's answer; errAETimeout; connectionInvalid: no
+    /// bus, or the other side left before it answered.
     [[nodiscard]] Status send(const ProcessSerialNumber& target, const Event& event,
         SendMode mode = SendMode::noReply, Event* reply = nullptr,
         std::chrono::milliseconds timeout = kEventReplyTimeout);
 
     /// Replaces an earlier handler for the same class and id.
     void installHandler(FourCharCode eventClass, FourCharCode eventID, EventHandler handler);
-    /// Does nothing when there is none. A handler may remove itself.
+    /// Does nothing if there is none. A handler may remove itself.
     void removeHandler(FourCharCode eventClass, FourCharCode eventID);
 
-    /// Starts to wait for a process to leave the bus; also reports one that has left already.
+    /// Watches for a process to leave the bus; also reports one that has already left.
     void watchProcess(const ProcessSerialNumber& psn);
     void unwatchProcess(const ProcessSerialNumber& psn);
     /// Called once, from process(), for each watched process that left.

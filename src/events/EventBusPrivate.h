@@ -18,8 +18,8 @@ class EventBus::Private {
 
     using Deadline = std::chrono::steady_clock::time_point;
 
-    /// Calls the process and waits for the answer. A null reference on failure, with the status. The
-    /// signature and what follows are as for sd_bus_message_append.
+    /// Calls the process and waits for the answer. Returns null and sets the status on failure. The signature
+    /// and the arguments are as for sd_bus_message_append.
     template <typename... Arguments>
     [[nodiscard]] events::MessageRef call(const char* destination, const char* path, const char* interface,
         const char* member, Deadline deadline, Status& status, const char* signature,
@@ -30,7 +30,7 @@ class EventBus::Private {
         return send(message, deadline, status);
     }
 
-    /// A call that never starts the process it is for; null when the bus is gone.
+    /// A call that never starts its target process; null if the bus is gone.
     [[nodiscard]] events::MessageRef newCall(
         const char* destination, const char* path, const char* interface, const char* member) const;
     /// Sends a call and waits for the answer, as call() does; connectionInvalid for a null call.
@@ -40,10 +40,10 @@ class EventBus::Private {
     [[nodiscard]] bool isOpen() const { return sd_bus_is_open(bus.get()) > 0; }
     [[nodiscard]] bool hasPending() const;
     void notifyPending() const;
-    /// Reads or writes what is there. False when there was nothing to do.
+    /// Reads or writes once. Returns false if there was nothing to do.
     bool processOnce();
     void runWork();
-    /// How long poll(2) may sleep at most, in milliseconds; -1 for ever.
+    /// The longest poll(2) timeout, in milliseconds; -1 for none.
     [[nodiscard]] int pollTimeout(std::chrono::milliseconds wanted) const;
 
     events::BusPtr bus; // first, so that it outlives the slots
@@ -68,14 +68,14 @@ class EventBus::Private {
     std::function<void(const ProcessSerialNumber&)> goneFunction;
 
     struct ProcessesChanged {};
-    /// Incoming events, departures and changes of the process list in the order of their arrival. They wait
-    /// here until the library has returned, so that a handler may call everything, nested loops included.
+    /// Incoming events, departures and changes of the process list in the order of their arrival. They are
+    /// queued until the library has returned, so that a handler may call any function, even run nested loops.
     std::deque<std::variant<events::MessageRef, ProcessSerialNumber, ProcessesChanged>> work;
 
     void dispatch(const events::MessageRef& message);
     void dispatch(const ProcessSerialNumber& gone);
     void dispatch(ProcessesChanged);
-    /// Has the change dispatched, unless one is the last thing that waits for it.
+    /// Queues the change, unless the last queued item is one.
     void noteProcessesChanged();
     [[nodiscard]] bool offerEvents();
 };

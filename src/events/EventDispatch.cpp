@@ -26,7 +26,8 @@ const sd_bus_vtable kG_eventsVtable[] = {
     SD_BUS_VTABLE_END,
 };
 
-// The answers. Without one wanted, these send nothing. When they cannot be sent, nobody is left to tell.
+// The answers. They send nothing if no answer is wanted, and ignore errors: there is no one left to report
+// them to.
 
 void answerError(sd_bus_message* call, const char* name, const char* text) {
     sd_bus_reply_method_errorf(call, name, "%s", text);

@@ -16,9 +16,9 @@ using std::chrono::milliseconds;
 namespace {
 
 constexpr milliseconds kForEver{-1};
-constexpr std::size_t kFirstWatched = 2; // behind the bus and the signals
+constexpr std::size_t kFirstWatched = 2; // after the bus and the signals
 
-/// The shorter of two times, of which a negative one is for ever.
+/// The shorter of two times; negative means no limit.
 milliseconds shorter(milliseconds a, milliseconds b) {
     if (a < milliseconds::zero())
         return b;
@@ -53,8 +53,7 @@ void EventLoop::add(EventSource& source) {
     m_sources.push_back(&source);
 }
 
-/// Its place is kept until the next round, so that a round that is under way finds the others where they
-/// were.
+/// Keeps its slot until the next round, so that indices stay valid during the present one.
 void EventLoop::remove(EventSource& source) {
     std::ranges::replace(m_sources, &source, nullptr);
 }
@@ -93,13 +92,13 @@ void EventLoop::callReadable() {
             continue;
         const auto found = m_watched.find(m_polled[i].fd);
         if (found == m_watched.end())
-            continue;                        // one that was called before it has taken it away
-        const auto function = found->second; // keeps it while it takes itself away
+            continue;                        // removed by an earlier function of this round
+        const auto function = found->second; // keeps the function alive while it removes itself
         (*function)();
     }
 }
 
-/// Those that were there when the wait began: what has been added since has its turn in the next round.
+/// Only sources that existed when the wait began; newer ones wait for the next round.
 void EventLoop::processSources() {
     const auto first = m_firstSource;
     const auto known = m_polled.size() - first;

@@ -13,19 +13,18 @@
 
 namespace quorvi {
 
-/// A connection that the loop serves. What it says is asked before each wait, since it may change with every
-/// call of anything.
+/// A connection that the loop serves. The loop queries it before each wait, since any call may change it.
 class EventSource {
   public:
     virtual ~EventSource() = default;
 
-    /// What to wait for; a negative one is never ready.
+    /// The descriptor to wait for; a negative one is never ready.
     [[nodiscard]] virtual int fd() const = 0;
     /// As for poll(2).
     [[nodiscard]] virtual short events() const { return POLLIN; }
-    /// How long process() may be left uncalled: 0 for not at all, a negative time for ever.
+    /// How long process() may wait: 0 for not at all, negative for no limit.
     [[nodiscard]] virtual std::chrono::milliseconds timeout() const { return std::chrono::milliseconds(-1); }
-    /// Does what is there, without waiting, and not for long. Called when there may be something.
+    /// Handles pending work briefly and without blocking. Called when there may be some.
     virtual void process() = 0;
 };
 
@@ -37,18 +36,18 @@ class EventLoop {
     EventLoop(const EventLoop&) = delete;
     EventLoop& operator=(const EventLoop&) = delete;
 
-    /// Calls the function whenever the file descriptor is readable or its other end is gone, for as long as
-    /// run() runs. Before the last run() it is closed only after unwatch(). A negative one is never readable.
-    /// Both may be called from anywhere on the loop's thread, the function included.
+    /// Calls the function whenever the file descriptor is readable or its other end is gone, while run()
+    /// runs. Call unwatch() before closing the descriptor. A negative one is never readable. Both may be
+    /// called anywhere on the loop's thread, even from the function.
     void watch(int fd, std::function<void()> readable);
     void unwatch(int fd);
 
-    /// Serves the source, which must live until it is removed. Both may be called from anywhere on the loop's
-    /// thread, its own process() included.
+    /// Serves the source, which must live until it is removed. Both may be called anywhere on the loop's
+    /// thread, even from its process().
     void add(EventSource& source);
     void remove(EventSource& source);
 
-    /// Serves the bus until it goes away or such a signal comes. Sleeps all the time in between.
+    /// Serves the bus until it goes away or such a signal arrives. Sleeps when idle.
     void run(EventBus& bus);
 
   private:
@@ -58,11 +57,11 @@ class EventLoop {
 
     using Function = std::function<void()>;
 
-    int m_signals = -1; ///< readable when a signal has come
+    int m_signals = -1; ///< readable when a signal has arrived
     std::map<int, std::shared_ptr<const Function>> m_watched;
-    std::vector<EventSource*> m_sources; ///< null when it has been removed meanwhile
+    std::vector<EventSource*> m_sources; ///< null if removed in the meantime
     std::vector<pollfd> m_polled;        ///< the bus, the signals, what is watched, the sources
-    std::size_t m_firstSource = 0;       ///< of these
+    std::size_t m_firstSource = 0;       ///< index in m_polled
 };
 
 } // namespace quorvi

@@ -61,7 +61,7 @@ bool readValue(sd_bus_message* message, EventParameter& parameter) {
 }
 
 bool readParameter(sd_bus_message* message, EventParameter& parameter) {
-    // Entering the variant fails when it holds another signature than the descriptor type asks for.
+    // Entering the variant fails if its signature does not match the descriptor type.
     return readCode(message, parameter.keyword) && readCode(message, parameter.type) &&
            sd_bus_message_enter_container(message, 'v', valueSignature(parameter.type)) > 0 &&
            readValue(message, parameter) && sd_bus_message_exit_container(message) >= 0;

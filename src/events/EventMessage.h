@@ -6,16 +6,16 @@
 
 namespace quorvi::events {
 
-/// Appends the arguments of Send. False when a code is not four ASCII characters or a value does not fit its
-/// type; the message is then of no use.
+/// Appends the arguments of Send. Returns false if a code is not four ASCII characters or a value does not
+/// fit its type; the message is then unusable.
 [[nodiscard]] bool writeEvent(sd_bus_message* message, const Event& event);
-/// Appends the result of Send. False as above.
+/// Appends the result of Send. Returns false as above.
 [[nodiscard]] bool writeParameters(sd_bus_message* message, const Event& event);
 
-/// Reads the arguments of Send; nothing when a code is not four ASCII characters or a value does not fit its
-/// type.
+/// Reads the arguments of Send; std::nullopt if a code is not four ASCII characters or a value does not fit
+/// its type.
 [[nodiscard]] std::optional<Event> readEvent(sd_bus_message* message);
-/// Adds the result of Send to the event's parameters. False as above.
+/// Adds the result of Send to the event's parameters. Returns false as above.
 [[nodiscard]] bool readParameters(sd_bus_message* message, Event& event);
 
 } // namespace quorvi::events

@@ -1,5 +1,5 @@
-// What processes say to each other: events with a class, an id and typed parameters, all named by codes of
-// four characters.
+// The events that processes exchange: each has a class, an id and typed parameters, all identified by codes
+// of four characters.
 #pragma once
 
 #include <array>
@@ -26,10 +26,10 @@ using FourCharCode = std::uint32_t;
     return code;
 }
 
-/// The four characters of a code, as they stand in it.
+/// The four characters of a code.
 [[nodiscard]] std::string fourCharText(FourCharCode code);
 
-/// The code of a text; nothing unless the text is exactly four ASCII characters other than NUL.
+/// The code of a text; std::nullopt unless the text is exactly four ASCII characters other than NUL.
 [[nodiscard]] std::optional<FourCharCode> fourCharCodeFromText(std::string_view text);
 
 // Classes and ids of the events between the panel and the helper.
@@ -55,12 +55,12 @@ constexpr FourCharCode typeSInt32 = fourCharCode("long");              ///< std:
 constexpr FourCharCode typeDeviceList = fourCharCode("KYDL");          ///< the bytes of a DeviceList
 constexpr FourCharCode typeProcessSerialNumber = fourCharCode("psn "); ///< 8 bytes
 
-/// Names one process of the session for as long as it runs. {0, 0} is no process.
+/// Identifies one process of the session while it runs. {0, 0} stands for none.
 struct ProcessSerialNumber {
     std::uint32_t high = 0;
     std::uint32_t low = 0;
 
-    // The check takes the 0 that a defaulted comparison compares with for a null pointer.
+    // The linter takes the 0 that a defaulted comparison compares with for a null pointer.
     // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const ProcessSerialNumber&) const = default;
 };
@@ -74,7 +74,7 @@ struct EventParameter {
     FourCharCode type = 0;
     EventValue value;
 
-    /// The value is of the kind that the descriptor type asks for.
+    /// Whether the value's kind matches the descriptor type.
     [[nodiscard]] bool isWellFormed() const;
 
     bool operator==(const EventParameter&) const = default;
@@ -89,11 +89,11 @@ struct Event {
     void putInteger(FourCharCode keyword, std::int32_t value);
     void putBytes(FourCharCode keyword, FourCharCode type, EventBytes bytes);
 
-    /// The first parameter with the keyword; a null pointer when there is none.
+    /// The first parameter with the keyword; nullptr if there is none.
     [[nodiscard]] const EventParameter* findParameter(FourCharCode keyword) const;
 
-    // The value of the first parameter with the keyword. errAEDescNotFound when there is none,
-    // errAECoercionFail when it is of another descriptor type; the result is then left as it was.
+    // The value of the first parameter with the keyword. Returns errAEDescNotFound if there is none,
+    // errAECoercionFail if it has another descriptor type; the result then stays unchanged.
     [[nodiscard]] Status getMagnitude(FourCharCode keyword, std::uint32_t& value) const;
     [[nodiscard]] Status getInteger(FourCharCode keyword, std::int32_t& value) const;
     [[nodiscard]] Status getBytes(FourCharCode keyword, FourCharCode type, EventBytes& bytes) const;

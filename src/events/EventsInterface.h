@@ -1,5 +1,5 @@
-// The bus interface that carries events, described once: what offers it, what calls it and what tests it all
-// take the names from here. com.kyvar.Events.xml says the same for other programs.
+// The bus interface that carries events, described once: servers, callers and tests use these names.
+// com.kyvar.Events.xml describes it for other programs.
 #pragma once
 
 namespace quorvi::events {
@@ -18,12 +18,12 @@ constexpr char kSendNames[] = "eventClass\0eventID\0parameters\0reply\0";
 constexpr char kParameter[] = "(ssv)";
 constexpr char kParameterMembers[] = "ssv";
 
-// What the variant of a parameter holds.
+// The signature of a parameter's variant.
 constexpr char kMagnitudeSignature[] = "u"; ///< for 'magn'
 constexpr char kIntegerSignature[] = "i";   ///< for 'long'
 constexpr char kBytesSignature[] = "ay";    ///< for every other type
 
-/// The answer to an event that nobody handles.
+/// The answer to an event without a handler.
 constexpr char kErrorEventNotHandled[] = "com.kyvar.Error.EventNotHandled";
 /// The answer when the handler failed.
 constexpr char kErrorEventFailed[] = "com.kyvar.Error.EventFailed";

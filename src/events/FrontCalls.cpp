@@ -77,7 +77,7 @@ struct FrontListener::Registration {
     std::function<void()> function;
     events::SlotPtr slot;
 
-    /// The rule lets through what others send to this connection alone.
+    /// The rule does not filter signals that other senders address to this connection.
     static int receive(sd_bus_message* signal, void* registration, sd_bus_error*) {
         const auto& self = *static_cast<const Registration*>(registration);
         const char* sender = sd_bus_message_get_sender(signal);

@@ -1,4 +1,4 @@
-// The application in front, as the helper tells it to other programs.
+// The application in front, as the helper reports it to other programs.
 #pragma once
 
 #include <functional>
@@ -9,17 +9,17 @@
 namespace quorvi {
 
 // Calls of a helper, which wait a second at most. procNotFound: no such process; errAEEventNotHandled: it
-// does not tell; errAETimeout; connectionInvalid.
+// does not report it; errAETimeout; connectionInvalid.
 
-/// The state is left as it was on failure.
+/// The state stays unchanged on failure.
 [[nodiscard]] Status getFrontState(const EventBus& bus, const ProcessSerialNumber& helper, FrontState& state);
 [[nodiscard]] Status enableGnomeExtension(const EventBus& bus, const ProcessSerialNumber& helper);
 
-/// Hears that something of the state has changed, for as long as it lives. The bus must live longer.
+/// Listens for changes of the state while it lives. The bus must outlive it.
 class FrontListener {
   public:
-    /// The function is called from EventBus::process() and must not call the bus: ask for the state later. A
-    /// null pointer when the bus is gone or refuses. What is told after this has returned is heard.
+    /// The function is called from EventBus::process() and must not call the bus: query the state later.
+    /// Returns null if the bus is gone or refuses. Changes are reported from the return of this call on.
     [[nodiscard]] static std::unique_ptr<FrontListener> listen(
         const EventBus& bus, const ProcessSerialNumber& helper, std::function<void()> function);
     ~FrontListener();

@@ -66,7 +66,7 @@ void FrontObject::onEnableGnomeExtension(std::function<void()> function) {
 
 void FrontObject::tell(const FrontState& state) const {
     const auto before = std::exchange(m_registration->state, state);
-    std::vector<char*> names; // the library takes pointers to what it does not write
+    std::vector<char*> names; // the library takes non-const pointers but does not write
     const auto compare = [&](const char* name, const std::string& was, const std::string& is) {
         if (was != is)
             names.push_back(const_cast<char*>(name));

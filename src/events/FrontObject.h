@@ -1,4 +1,4 @@
-// What the helper says on the bus of the application in front.
+// The helper's bus object for the application in front.
 #pragma once
 
 #include <functional>
@@ -10,28 +10,28 @@
 namespace quorvi {
 
 struct FrontState {
-    std::string application; ///< its name as it is shown; empty before the first one
-    std::string source;      ///< who tells: "X11", "KWin", "wlroots", "GNOME"; empty when nobody does
+    std::string application; ///< its displayed name; empty before the first one
+    std::string source;      ///< the source: "X11", "KWin", "wlroots", "GNOME"; empty if there is none
     std::string desktop;     ///< the desktop's name; may be empty
-    /// The Shell extension that tells on GNOME: "missing", "disabled", "off" (with all others), "error",
-    /// "enabled"; empty on other desktops.
+    /// The state of the Shell extension that reports on GNOME: "missing", "disabled", "off" (with all
+    /// others), "error", "enabled"; empty on other desktops.
     std::string gnomeExtension;
 
     bool operator==(const FrontState&) const = default;
 };
 
-/// The object on the bus, for as long as it lives. The bus must live longer.
+/// Offers the object on the bus while it lives. The bus must outlive it.
 class FrontObject {
   public:
-    /// A null pointer when the bus is gone or has such an object already.
+    /// Returns null if the bus is gone or already has such an object.
     [[nodiscard]] static std::unique_ptr<FrontObject> offer(const EventBus& bus);
     ~FrontObject();
     FrontObject(const FrontObject&) = delete;
     FrontObject& operator=(const FrontObject&) = delete;
 
-    /// Called from EventBus::process() when somebody wants the extension to be switched on.
+    /// Called from EventBus::process() when a client asks to turn the extension on.
     void onEnableGnomeExtension(std::function<void()> function);
-    /// Replaces the state and tells whoever listens what of it is another one.
+    /// Replaces the state and signals the changed properties.
     void tell(const FrontState& state) const;
 
   private:

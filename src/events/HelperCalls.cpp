@@ -51,7 +51,7 @@ bool readMouse(sd_bus_message* reply, MouseEntry& mouse) {
     return true;
 }
 
-/// The value of the property, when it is one that the state has.
+/// Reads the property's value if the state has such a property.
 bool readProperty(sd_bus_message* reply, std::string_view name, HelperState& state) {
     if (name == kDemonstration) {
         int yes = 0;

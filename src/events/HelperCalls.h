@@ -1,4 +1,4 @@
-// The helper's own object as other programs use it: which mice there are and which are in use, what runs now.
+// Client calls of the helper's own object: the mice, which are in use, and what runs now.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace quorvi {
 
-/// What the helper says of itself; see com.kyvar.Helper1.xml.
+/// The helper's properties; see com.kyvar.Helper1.xml.
 struct HelperState {
     bool demonstration = true;
     std::uint32_t profile = 0; ///< from 1; 0 for none
@@ -21,8 +21,8 @@ struct HelperState {
 
 // Calls of a helper. procNotFound: no such process; errAEEventNotHandled: it has no such object; resNotFound:
 // no such mouse; paramErr: out of bounds; ioErr: the helper's file could not be written; errAEEventFailed:
-// the mouse is not in use, or is being set up by somebody else; errAETimeout; connectionInvalid. Results are
-// left as they were on failure.
+// the mouse is not in use, or another program is setting it up; errAETimeout; connectionInvalid. Results stay
+// unchanged on failure.
 
 /// Waits up to five seconds: the system's service may have to start.
 [[nodiscard]] Status listMice(
@@ -42,18 +42,18 @@ struct HelperState {
 [[nodiscard]] Status getHelperState(
     const EventBus& bus, const ProcessSerialNumber& helper, HelperState& state);
 
-/// Hears what a helper tells, for as long as it lives. The bus must live longer.
+/// Listens to a helper's signals while it lives. The bus must outlive it.
 class HelperListener {
   public:
-    /// Called from EventBus::process(); they must not call the bus. Any may be empty.
+    /// Called from EventBus::process(); must not call the bus. Any may be empty.
     struct Functions {
         std::function<void()> miceChanged;
-        std::function<void()> stateChanged; ///< some property; ask for them later
+        std::function<void()> stateChanged; ///< some property has changed; query them later
         std::function<void(const std::string& mouse, std::uint8_t input, bool pressed)> inputChanged;
         std::function<void(const std::string& mouse, std::uint16_t code, bool pressed)> codeChanged;
     };
 
-    /// A null pointer when the bus is gone or refuses. What is sent after this has returned is heard.
+    /// Returns null if the bus is gone or refuses. Signals are received from the return of this call on.
     [[nodiscard]] static std::unique_ptr<HelperListener> listen(
         const EventBus& bus, const ProcessSerialNumber& helper, Functions functions);
     ~HelperListener();

@@ -58,7 +58,8 @@ class HelperFollower::Private {
 };
 
 void HelperFollower::Private::start() {
-    // The bus answers in order: what changes after the rule is told, what was before is asked for.
+    // The bus answers in order: changes after the rule arrive as signals, earlier ones are in the queried
+    // state.
     const std::string rule = "type='signal',sender='" + helper + "',path='" + kPath + "'";
     signals = events::matchSignal(bus.connection().bus.get(), rule.c_str(), signalled, this);
     askForProperties(kInterface);
@@ -87,7 +88,7 @@ void HelperFollower::Private::askForProperties(const char* interface) {
 }
 
 void HelperFollower::Private::askForMice() {
-    // What changes while the answer is on its way is in it: the helper sends it after the news.
+    // The helper answers after sending the signal, so the pending answer includes this change.
     if (std::exchange(asksForMice, true))
         return;
     send(newCall(kInterface, kListMice), [this](sd_bus_message* reply, std::string_view error) {

@@ -1,4 +1,4 @@
-// Follows what the helper tells of itself, and asks it for things, without ever waiting for an answer.
+// Follows the helper's state and sends it requests, without ever blocking.
 #pragma once
 
 #include <array>
@@ -13,8 +13,8 @@
 
 namespace quorvi {
 
-/// Is told from EventBus::process(), from within the library: it may take a note and ask the follower for
-/// things, and nothing else.
+/// Called from EventBus::process(), inside the library: it may only take notes and send requests through the
+/// follower.
 class HelperNewsListener {
   public:
     virtual ~HelperNewsListener() = default;
@@ -27,21 +27,21 @@ class HelperNewsListener {
 
 class HelperFollower {
   public:
-    /// The most mice that are listed; more are not read.
+    /// The most mice that are read; further ones are ignored.
     static constexpr std::size_t kMostMice = 64;
 
     using Codes = std::array<std::uint16_t, 7>; ///< of inputs 1 to 7
 
-    /// Gets the error's name, and an empty one when it was done. Called as a listener is.
+    /// Receives the error's name, or an empty text for success. The listener's restrictions apply.
     using Answer = std::function<void(std::string_view error)>;
 
-    /// Begins to follow that process. Signals of others are ignored. Bus and listener must live longer.
+    /// Follows that process and ignores signals of others. Bus and listener must outlive the object.
     HelperFollower(const EventBus& bus, const ProcessSerialNumber& helper, HelperNewsListener& listener);
     ~HelperFollower();
     HelperFollower(const HelperFollower&) = delete;
     HelperFollower& operator=(const HelperFollower&) = delete;
 
-    /// What the helper has told so far.
+    /// The helper's last known state.
     [[nodiscard]] const HelperNews& state() const;
 
     // A mouse is named by its id.
@@ -49,7 +49,7 @@ class HelperFollower {
     void setDpi(const std::string& mouse, std::uint16_t dpi, const Answer& answer);
     void setCodes(const std::string& mouse, const Codes& codes, const Answer& answer);
     void beginSetUp(const std::string& mouse, const Answer& answer);
-    /// Has that key told by helperCodeChanged() when the mouse that is set up types it; 0 for none.
+    /// Reports that key by helperCodeChanged() when the mouse being set up types it; 0 for none.
     void watchKey(std::uint16_t code);
     void endSetUp();
     void enableGnomeExtension();

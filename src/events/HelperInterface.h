@@ -1,5 +1,5 @@
-// The helper's own interface on the session bus, described once for the helper that offers it and the
-// programs that use it. com.kyvar.Helper1.xml says the same for other programs.
+// The helper's own interface on the session bus, described once for the helper and its clients.
+// com.kyvar.Helper1.xml describes it for other programs.
 #pragma once
 
 namespace quorvi::helperinterface {
@@ -8,8 +8,8 @@ constexpr char kPath[] = "/com/kyvar/Helper";
 constexpr char kInterface[] = "com.kyvar.Helper1";
 
 constexpr char kListMice[] = "ListMice";
-/// Id, name, connection, in use, state, DPI by the hardware, DPI by the user, codes of inputs 1 to 7, what
-/// software cannot set of it.
+/// Id, name, connection, in use, state, DPI by the hardware, DPI by the user, codes of inputs 1 to 7,
+/// features that software cannot set.
 constexpr char kMouse[] = "(sssbsqqaqas)";
 constexpr char kMouseMembers[] = "sssbsqqaqas";
 constexpr char kMice[] = "a(sssbsqqaqas)";
@@ -47,13 +47,13 @@ constexpr char kRunningStage[] = "RunningStage";
 constexpr char kFrontReason[] = "FrontReason";
 constexpr char kInputs[] = "Inputs";
 
-// States of a mouse beside those of the service (absent, waiting, busy, driven).
+// States of a mouse in addition to the service's (absent, waiting, busy, driven).
 constexpr char kStateUnused[] = "unused";
 constexpr char kStateAsking[] = "asking";   ///< an administrator, or the service, has not answered yet
-constexpr char kStateRefused[] = "refused"; ///< no administrator has let this user
+constexpr char kStateRefused[] = "refused"; ///< no administrator has allowed this user
 constexpr char kStateAbsent[] = "absent";
 
-// What no software can set of a mouse of any make.
+// Features that software cannot set on any mouse.
 constexpr char kCannotPollingRate[] = "pollingrate";
 constexpr char kCannotLights[] = "lights";
 

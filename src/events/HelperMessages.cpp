@@ -23,7 +23,7 @@ bool contentIs(sd_bus_message* variant, const char* signature) {
            std::string_view(contents) == signature;
 }
 
-/// False when the variant holds another type; nothing is read then.
+/// Returns false and reads nothing if the variant holds another type.
 bool readVariant(sd_bus_message* message, bool& value) {
     int read = 0;
     if (!contentIs(message, "b") || sd_bus_message_read(message, "v", "b", &read) <= 0)

@@ -1,4 +1,4 @@
-// Reads what the helper answers and tells, for HelperFollower.
+// Reads the helper's answers and signals, for HelperFollower.
 #pragma once
 
 #include <vector>
@@ -8,10 +8,11 @@
 
 namespace quorvi::events {
 
-/// The first of the mice in an answer to ListMice, so many at most; none when it is of another form.
+/// The first mice in an answer to ListMice, at most `most`; none if it has another form.
 [[nodiscard]] std::vector<ListedHelperMouse> readMice(sd_bus_message* list, std::size_t most);
 
-/// Takes the properties of "a{sv}" over that are known and of the right type, and leaves the rest as it was.
+/// Updates the state from the known properties of "a{sv}" that have the right type; leaves the rest
+/// unchanged.
 void readProperties(sd_bus_message* properties, HelperNews& state);
 
 } // namespace quorvi::events

@@ -173,7 +173,7 @@ struct HelperObject::Registration {
     sd_bus* bus;
     events::SlotPtr slot;
 
-    /// A signal for that process alone; its arguments are as for sd_bus_message_append.
+    /// Sends a signal to that process only; the arguments are as for sd_bus_message_append.
     template <typename... Arguments>
     void tell(const ProcessSerialNumber& process, const char* member, const char* signature,
         Arguments... arguments) const {

@@ -1,4 +1,4 @@
-// The helper's own object on the session bus: which mice there are and which are in use, and what runs now.
+// The helper's own object on the session bus: the mice, which are in use, and what runs now.
 #pragma once
 
 #include <array>
@@ -16,13 +16,13 @@ namespace quorvi {
 
 /// A mouse of this computer.
 struct MouseEntry {
-    std::string id;         ///< its model when it is not plugged in
-    std::string name;       ///< as it says itself
+    std::string id;         ///< its model if it is not plugged in
+    std::string name;       ///< its own name
     std::string connection; ///< "usb", "bluetooth", "internal" or ""
     bool inUse = false;     ///< its user has chosen it
     std::string state;      ///< see HelperInterface.h and events/InputdInterface.h
     std::uint16_t hardwareDpi = 0;
-    std::uint16_t dpi = 0;                ///< as the user says; 0 when they have not
+    std::uint16_t dpi = 0;                ///< set by the user; 0 if not set
     std::array<std::uint16_t, 7> codes{}; ///< of inputs 1 to 7 (EV_KEY), 0 for none
 
     bool operator==(const MouseEntry&) const = default;
@@ -32,12 +32,12 @@ enum class MouseResult {
     done,
     noSuchMouse,
     invalid,    ///< out of bounds
-    notInUse,   ///< and only a mouse in use can be set up
-    notWritten, ///< the helper's file could not be
-    busy        ///< somebody else is setting one up
+    notInUse,   ///< only a mouse in use can be set up
+    notWritten, ///< the helper's file could not be written
+    busy        ///< another program is setting one up
 };
 
-/// What the object on the bus does and shows.
+/// The implementation behind the bus object.
 class HelperControls {
   public:
     virtual ~HelperControls() = default;
@@ -54,7 +54,7 @@ class HelperControls {
     [[nodiscard]] virtual MouseResult watchKey(std::uint16_t code, const ProcessSerialNumber& caller) = 0;
     virtual void endSetUp(const ProcessSerialNumber& caller) = 0;
 
-    /// The system's service for real mice is installed, as far as it was asked for anything yet.
+    /// Whether the system's service for real mice is installed, as far as known from earlier calls.
     [[nodiscard]] virtual bool hasService() const = 0;
     [[nodiscard]] virtual bool isDemonstration() const = 0;
     [[nodiscard]] virtual std::uint32_t runningProfile() const = 0;
@@ -63,22 +63,22 @@ class HelperControls {
     [[nodiscard]] virtual std::uint16_t pressedInputs() const = 0;
 };
 
-/// Offers the object on the bus for as long as it lives. Bus and controls must live longer.
+/// Offers the object on the bus while it lives. Bus and controls must outlive it.
 class HelperObject {
   public:
-    /// A null pointer when the bus is gone or offers one already.
+    /// Returns null if the bus is gone or already has such an object.
     [[nodiscard]] static std::unique_ptr<HelperObject> offer(const EventBus& bus, HelperControls& controls);
     ~HelperObject();
     HelperObject(const HelperObject&) = delete;
     HelperObject& operator=(const HelperObject&) = delete;
 
-    // To whoever listens.
+    // Signals all listeners.
     void tellMiceChanged() const;
     void tellService() const;
     void tellDemonstration() const;
     void tellRunning() const;
     void tellFrontReason() const;
-    // To these processes alone: what is pressed is nobody else's business.
+    // Signals only these processes: presses are private.
     void tellInput(const std::set<ProcessSerialNumber>& processes, const std::string& mouse,
         std::uint8_t input, bool pressed) const;
     void tellCode(

@@ -1,5 +1,5 @@
-// The service's interface on the system bus, described once: the service, whoever calls it and the tests take
-// the names from here. inputd/bus/com.kyvar.Inputd1.xml says the same for other programs, and what each does.
+// The service's interface on the system bus, described once: the service, its clients and the tests use these
+// names. inputd/bus/com.kyvar.Inputd1.xml describes it for other programs, and says what each part does.
 #pragma once
 
 namespace quorvi::inputd {
@@ -41,12 +41,12 @@ constexpr char kStatusChangedArguments[] = "ssyyqqq"; ///< the mouse before it
 // The states of a mouse in use.
 constexpr char kStateAbsent[] = "absent";   ///< unplugged, or the computer goes to sleep
 constexpr char kStateWaiting[] = "waiting"; ///< plain until all its buttons are up
-constexpr char kStateBusy[] = "busy";       ///< another program has it for itself
-constexpr char kStateDriven[] = "driven";   ///< the record counts
-/// It has been forgotten: by its user, or because somebody else sits at the machine now.
+constexpr char kStateBusy[] = "busy";       ///< another program has grabbed it
+constexpr char kStateDriven[] = "driven";   ///< the record is in effect
+/// Forgotten: by its user, or because another user is now at the machine.
 constexpr char kStateUnused[] = "unused";
 
-// The options of Use and SetOptions. What is not given has its default.
+// The options of Use and SetOptions. Missing ones have their defaults.
 constexpr char kOptionSensorDpi[] = "SensorDpi";       ///< q, 100 to 64000
 constexpr char kOptionAcceleration[] = "Acceleration"; ///< ad, one of 0.1 to 2.0 for each of 5 profiles
 constexpr char kOptionButtonCodes[] = "ButtonCodes";   ///< aq, EV_KEY codes of inputs 1 to 7, 0 for none
@@ -61,7 +61,7 @@ constexpr char kErrorLimitsExceeded[] = "org.freedesktop.DBus.Error.LimitsExceed
 constexpr char kErrorFailed[] = "org.freedesktop.DBus.Error.Failed";
 constexpr char kErrorNoSuchMouse[] = "com.kyvar.Inputd1.Error.NoSuchMouse";
 
-/// What polkit is asked for, once for each user.
+/// The polkit action, requested once for each user.
 constexpr char kPolkitAction[] = "com.kyvar.inputd.use-mice";
 
 } // namespace quorvi::inputd

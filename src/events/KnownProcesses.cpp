@@ -10,10 +10,10 @@ namespace quorvi::events {
 
 namespace {
 
-/// Every name of the process list, because one in other letters may take the place of the one that was found.
+/// Covers every name of the process list, because one that differs in case may replace the one found.
 std::string ruleForChanges() {
     std::string_view names = kNamePrefix;
-    names.remove_suffix(1); // the dot belongs to the prefix, not to the namespace
+    names.remove_suffix(1); // the dot is part of the prefix, not of the namespace
     return std::string("type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
                        "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0namespace='")
         .append(names)
@@ -65,7 +65,7 @@ int KnownProcesses::receiveRuleAdded(sd_bus_message* message, void* known, sd_bu
     return 1;
 }
 
-/// Nothing waits in the library's queue or in the socket, and the bus has not hung up.
+/// Whether the library's queue and the socket are empty and the bus has not hung up.
 bool KnownProcesses::isQuiet() const {
     std::uint64_t queued = 0;
     pollfd socket{sd_bus_get_fd(m_bus), POLLIN, 0};

@@ -1,4 +1,4 @@
-// The processes that were found by their names, so that nobody asks the bus twice what has not changed.
+// A cache of processes found by name, which avoids repeated bus queries.
 #pragma once
 
 #include <functional>
@@ -12,24 +12,24 @@
 
 namespace quorvi::events {
 
-/// An answer is kept until an owner in the process list changes, and is only given while nothing has come
-/// from the bus that nobody has looked at yet: that might be the news of such a change.
+/// An entry is kept until an owner in the process list changes. It is returned only while no bus message is
+/// unread, because that message might report such a change.
 class KnownProcesses {
   public:
-    /// The bus outlives this object.
+    /// The bus must outlive this object.
     explicit KnownProcesses(sd_bus* bus) : m_bus(bus) {}
     KnownProcesses(const KnownProcesses&) = delete;
     KnownProcesses& operator=(const KnownProcesses&) = delete;
 
-    /// Nothing when the bus has to be asked.
+    /// Returns std::nullopt if the bus must be queried.
     [[nodiscard]] std::optional<ProcessSerialNumber> find(std::string_view name) const;
-    /// Comes before the bus is asked. From the second time on the bus tells of changes, so that nobody is
-    /// woken by them who looks only once. It answers in order, so what it is asked from then on can be kept.
-    /// Does not wait.
+    /// Call this before querying the bus. Subscribes to changes at the second call, so that a process that
+    /// looks only once is not woken by them. The bus answers in order, so later answers can be cached. Does
+    /// not wait.
     void startWatching();
-    /// The bus tells of changes from now on, whether it was asked before or not. Does not wait.
+    /// Subscribes to changes now. Does not wait.
     void watch();
-    /// Called when the bus has told of one, inside the library: the function may only take a note.
+    /// Sets a function to call for each change, inside the library: it may only take a note.
     void onChange(std::function<void()> function) { m_changed = std::move(function); }
     void remember(std::string_view name, const ProcessSerialNumber& psn);
 
@@ -43,7 +43,7 @@ class KnownProcesses {
     std::function<void()> m_changed;
     SlotPtr m_rule;
     bool m_askedBefore = false;
-    bool m_refused = false; ///< the bus has too many rules of ours, or does not know this kind
+    bool m_refused = false; ///< the bus refused the match rule: too many, or an unsupported kind
 };
 
 } // namespace quorvi::events

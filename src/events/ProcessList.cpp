@@ -13,10 +13,10 @@ namespace {
 constexpr char kBusName[] = "org.freedesktop.DBus";
 constexpr char kBusPath[] = "/org/freedesktop/DBus";
 
-/// For a whole look-up, however many questions it takes.
+/// For a whole look-up, however many queries it needs.
 constexpr std::chrono::milliseconds kLookupTimeout{1000};
 
-/// The serial number of a name's owner; procNotFound when it has none by now.
+/// The serial number of a name's owner; procNotFound if it no longer has one.
 Status ownerOf(EventBus::Private& connection, const std::string& name, EventBus::Private::Deadline deadline,
     ProcessSerialNumber& psn) {
     Status status = noErr;
@@ -32,7 +32,7 @@ Status ownerOf(EventBus::Private& connection, const std::string& name, EventBus:
     return number ? noErr : procNotFound;
 }
 
-/// The process names on the bus that are wanted.
+/// The process names on the bus that `wanted` accepts.
 template <typename Wanted>
 Status listNames(EventBus::Private& connection, EventBus::Private::Deadline deadline, Wanted&& wanted,
     std::vector<std::string>& processNames) {
@@ -49,7 +49,7 @@ Status listNames(EventBus::Private& connection, EventBus::Private::Deadline dead
     return noErr;
 }
 
-/// The processes whose name is wanted, in order.
+/// The processes whose name `wanted` accepts, in order.
 template <typename Wanted>
 Status listProcesses(EventBus::Private& connection, Wanted&& wanted, std::vector<ProcessEntry>& list) {
     const auto deadline = steady_clock::now() + kLookupTimeout;
@@ -107,7 +107,7 @@ Status EventBus::findProcessByName(std::string_view name, ProcessSerialNumber* p
     auto found = d->known.find(name);
     if (!found) {
         d->known.startWatching();
-        d->notifyPending(); // it may be what finds out that the bus went away
+        d->notifyPending(); // this call may be the first to notice that the bus went away
         std::vector<ProcessEntry> list;
         const auto wanted = [&](std::string_view other) { return events::sameProcessName(name, other); };
         if (const Status status = listProcesses(*d, wanted, list); status != noErr)
@@ -150,7 +150,7 @@ void EventBus::Private::noteProcessesChanged() {
 }
 
 void EventBus::Private::dispatch(ProcessesChanged) {
-    if (const auto function = processesChangedFunction) // keeps it while it takes itself back
+    if (const auto function = processesChangedFunction) // keeps the function alive while it removes itself
         function();
 }
 

@@ -19,7 +19,7 @@ Str255 pascalString(std::string_view text) {
     return result;
 }
 
-/// Takes a decimal number off the front of the text.
+/// Removes a decimal number from the front of the text.
 bool takeNumber(std::string_view& text, std::uint32_t& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));

@@ -1,4 +1,4 @@
-// Names and serial numbers of processes, and how the bus writes them.
+// Names and serial numbers of processes, and their form on the bus.
 #pragma once
 
 #include <optional>
@@ -14,12 +14,12 @@ namespace quorvi::events {
 
 /// ":H.L", the connection's unique name on the bus.
 [[nodiscard]] std::string uniqueName(const ProcessSerialNumber& psn);
-/// Nothing unless the text is ":H.L" with two decimal numbers of 32 bits.
+/// std::nullopt unless the text is ":H.L" with two decimal numbers of 32 bits.
 [[nodiscard]] std::optional<ProcessSerialNumber> psnFromUniqueName(std::string_view name);
 
 /// "com.kyvar." and the process name.
 [[nodiscard]] std::string wellKnownName(std::string_view processName);
-/// What follows "com.kyvar."; nothing when the name does not start so or ends there.
+/// The part after "com.kyvar."; std::nullopt if the name does not start with it or ends there.
 [[nodiscard]] std::optional<std::string_view> processNameOf(std::string_view wellKnownName);
 
 } // namespace quorvi::events

@@ -30,13 +30,14 @@ void EventBus::watchProcess(const ProcessSerialNumber& psn) {
     const auto [entry, added] = d->watches.try_emplace(psn, Watch{d.get(), psn, {}, {}});
     if (!added || !isConnected())
         return;
-    // One rule for each watched process, so that the others of the session do not wake this one.
+    // One rule for each watched process, so that other processes do not wake this one.
     const std::string name = events::uniqueName(psn);
     sd_bus_slot* slot = nullptr;
     sd_bus_add_match_async(d->bus.get(), &slot, events::ruleForLeaving(name).c_str(), receiveLeft,
         events::receiveRuleAdded, &entry->second);
     entry->second.left.reset(slot);
-    // It may have left before the rule was there. The bus answers in order, so nothing falls in between.
+    // The process may have left before the rule existed. The bus answers in order, so this check leaves no
+    // gap.
     slot = nullptr;
     sd_bus_call_method_async(d->bus.get(), &slot, "org.freedesktop.DBus", "/org/freedesktop/DBus",
         "org.freedesktop.DBus", "NameHasOwner", receiveHasOwner, &entry->second, "s", name.c_str());

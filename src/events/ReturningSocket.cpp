@@ -34,7 +34,7 @@ void ReturningSocket::wait(std::chrono::milliseconds pause) {
         return;
     inotify_add_watch(m_inotify, m_socket.parent_path().c_str(), IN_CREATE | IN_MOVED_TO);
     m_loop.watch(m_inotify, [this] { look(); });
-    // It may have come between the loss and the watch.
+    // The socket may have appeared before the watch began.
     std::error_code error;
     if (std::filesystem::exists(m_socket, error))
         tryAfter(pause);

@@ -1,4 +1,4 @@
-// Waiting for a display or a bus that went away, or that is not there yet.
+// Waits for a display or a bus that went away or has not started yet.
 #pragma once
 
 #include <chrono>
@@ -10,22 +10,22 @@
 
 namespace quorvi {
 
-/// Watches the folder of a server's socket, which wakes nobody while nothing is made in it, and asks for a
-/// try to connect when the socket is there. A server makes its socket a moment before it answers, so a try
-/// that fails is made again after a while, a few times.
+/// Watches the folder of a server's socket, without wake-ups while the folder does not change, and tries to
+/// connect when the socket exists. A server creates its socket a moment before it answers, so a failed try is
+/// repeated a few times.
 class ReturningSocket {
   public:
-    /// Gives back whether it could connect.
+    /// Returns whether it connected.
     using Connect = std::function<bool()>;
 
-    /// The loop must live longer.
+    /// The loop must outlive the object.
     ReturningSocket(EventLoop& loop, std::filesystem::path socket, Connect connect);
     ~ReturningSocket();
     ReturningSocket(const ReturningSocket&) = delete;
     ReturningSocket& operator=(const ReturningSocket&) = delete;
 
-    /// From now on, until a try succeeds. A socket that is there is tried after the pause, one that is made
-    /// meanwhile at once. Does nothing where there is no folder to watch.
+    /// Waits from now on until a try succeeds. Tries an existing socket after the pause, and a new one at
+    /// once. Does nothing if the folder does not exist.
     void wait(std::chrono::milliseconds pause = std::chrono::milliseconds(100));
 
   private:

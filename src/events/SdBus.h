@@ -22,7 +22,7 @@ using BusPtr = std::unique_ptr<sd_bus, BusCloser>;
 using SlotPtr = std::unique_ptr<sd_bus_slot, SlotReleaser>;
 using MessageRef = std::shared_ptr<sd_bus_message>;
 
-/// Takes over a reference; null stays null.
+/// Takes ownership of a reference; null stays null.
 [[nodiscard]] inline MessageRef adopt(sd_bus_message* message) {
     return {message, [](sd_bus_message* m) { sd_bus_message_unref(m); }};
 }
@@ -41,8 +41,8 @@ class BusError {
     sd_bus_error m_error = {nullptr, nullptr, 0};
 };
 
-/// Whether the bus itself sent the signal. A rule that asks for this sender by its name does not: the library
-/// lets a signal through that any other connection sends to this one alone.
+/// Whether the bus itself sent the signal. A match rule with this sender's name does not ensure it: the
+/// library also delivers signals that any connection addresses to this one.
 [[nodiscard]] inline bool isOfTheBus(sd_bus_message* signal) {
     const char* sender = sd_bus_message_get_sender(signal);
     return sender && std::string_view(sender) == "org.freedesktop.DBus";
@@ -55,8 +55,8 @@ class BusError {
            connection + "',arg2=''";
 }
 
-/// For sd_bus_add_match_async: without a function of ours, the library closes the connection when the bus
-/// refuses the rule.
+/// For sd_bus_add_match_async: without a callback the library closes the connection if the bus refuses the
+/// rule.
 inline int receiveRuleAdded(sd_bus_message* /*reply*/, void* /*data*/, sd_bus_error* /*error*/) {
     return 1;
 }

@@ -1,4 +1,4 @@
-// The simulated mouse on the bus: the object that the helper offers, and the calls that others make of it.
+// The simulated mouse on the bus: the helper's object, and its clients' calls.
 #pragma once
 
 #include <cstdint>
@@ -12,40 +12,40 @@
 
 namespace quorvi {
 
-/// What the object on the bus does and shows.
+/// The implementation behind the bus object.
 class SimulatedMouseDevice {
   public:
     virtual ~SimulatedMouseDevice() = default;
 
-    virtual void attach() = 0; ///< plugs it in; does no harm when it is
-    virtual void detach() = 0; ///< unplugs it; does no harm when it is not plugged in
+    virtual void attach() = 0; ///< plugs it in; does nothing if it already is
+    virtual void detach() = 0; ///< unplugs it; does nothing if it is not plugged in
     [[nodiscard]] virtual bool attached() const = 0;
     [[nodiscard]] virtual bool recording() const = 0; ///< the panel is recording a macro
-    /// The configuration record that was last written to the mouse; empty when none was.
+    /// The configuration record that was last written to the mouse; empty if none was.
     [[nodiscard]] virtual std::span<const std::uint8_t> record() const = 0;
 
     // Inputs are 1 to 9; 8 and 9 are a notch of the wheel and have no release. Only while it is plugged in.
     virtual void press(std::uint8_t input) = 0;
     virtual void release(std::uint8_t input) = 0;
     virtual void move(std::int32_t x, std::int32_t y) = 0; ///< counts of its sensor
-    /// What it runs now, from 1; 0 when it has no record.
+    /// The running profile or stage, from 1; 0 without a record.
     [[nodiscard]] virtual std::uint32_t profile() const = 0;
     [[nodiscard]] virtual std::uint32_t stage() const = 0;
 };
 
-/// Offers the device on the bus for as long as it lives. Bus and device must live longer.
+/// Offers the device on the bus while it lives. Bus and device must outlive it.
 class SimulatedMouseObject {
   public:
-    /// A null pointer when the bus is gone or offers one already.
+    /// Returns null if the bus is gone or already has such an object.
     [[nodiscard]] static std::unique_ptr<SimulatedMouseObject> offer(
         const EventBus& bus, SimulatedMouseDevice& device);
     ~SimulatedMouseObject();
     SimulatedMouseObject(const SimulatedMouseObject&) = delete;
     SimulatedMouseObject& operator=(const SimulatedMouseObject&) = delete;
 
-    /// Tells whoever listens what the mouse sends.
+    /// Signals the mouse's output to all listeners.
     void tellEmitted(std::span<const input_event> frame) const;
-    /// Tells whoever listens that the mouse's profile or stage is another one.
+    /// Signals that the mouse's profile or stage has changed.
     void tellRunning() const;
 
   private:
@@ -54,9 +54,9 @@ class SimulatedMouseObject {
     std::unique_ptr<Registration> m_registration;
 };
 
-// Calls of another process's simulated mouse. They wait a second at most. procNotFound: no such process;
-// errAEEventNotHandled: it has no simulated mouse; errAETimeout; connectionInvalid. Results are left as they
-// were on failure.
+// Calls of another process's simulated mouse. They wait at most a second. procNotFound: no such process;
+// errAEEventNotHandled: it has no simulated mouse; errAETimeout; connectionInvalid. Results stay unchanged on
+// failure.
 
 [[nodiscard]] Status attachSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper);
 [[nodiscard]] Status detachSimulatedMouse(const EventBus& bus, const ProcessSerialNumber& helper);
@@ -71,7 +71,7 @@ class SimulatedMouseObject {
 [[nodiscard]] Status getSimulatedMouseStage(
     const EventBus& bus, const ProcessSerialNumber& helper, std::uint32_t& stage);
 
-// And paramErr for an input that is not 1 to 9; errAEEventFailed when the mouse is not plugged in.
+// Also paramErr for an input that is not 1 to 9, and errAEEventFailed if the mouse is not plugged in.
 [[nodiscard]] Status pressSimulatedMouse(
     const EventBus& bus, const ProcessSerialNumber& helper, std::uint8_t input);
 [[nodiscard]] Status releaseSimulatedMouse(
@@ -90,14 +90,13 @@ struct EmittedEvent {
     bool operator==(const EmittedEvent&) const = default;
 };
 
-/// Hears what the simulated mouse of another process sends, for as long as it lives. The bus must live
-/// longer.
+/// Listens to the output of another process's simulated mouse while it lives. The bus must outlive it.
 class SimulatedMouseListener {
   public:
-    /// Gets each frame from EventBus::process(), with its SYN_REPORT. It must not call the bus.
+    /// Receives each frame with its SYN_REPORT, from EventBus::process(). Must not call the bus.
     using Function = std::function<void(std::span<const EmittedEvent>)>;
 
-    /// A null pointer when the bus is gone or refuses. What is sent after this has returned is heard.
+    /// Returns null if the bus is gone or refuses. Output is received from the return of this call on.
     [[nodiscard]] static std::unique_ptr<SimulatedMouseListener> listen(
         const EventBus& bus, const ProcessSerialNumber& helper, Function function);
     ~SimulatedMouseListener();

@@ -24,7 +24,7 @@ Status callMethod(const EventBus& bus, const ProcessSerialNumber& helper, const 
     return status;
 }
 
-/// Asks for the property and hands the answer to the reader once the variant is entered.
+/// Queries the property, enters the variant and calls the reader.
 template <typename Read>
 Status getProperty(const EventBus& bus, const ProcessSerialNumber& helper, const char* property,
     const char* signature, Read&& read) {

@@ -1,5 +1,5 @@
-// The bus interface of the simulated mouse, described once for the helper that offers it and the programs
-// that use it. com.kyvar.SimulatedMouse.xml says the same for other programs.
+// The bus interface of the simulated mouse, described once for the helper and its clients.
+// com.kyvar.SimulatedMouse.xml describes it for other programs.
 #pragma once
 
 namespace quorvi::simulatedmouse {

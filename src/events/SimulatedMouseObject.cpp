@@ -33,7 +33,7 @@ int receiveDetach(sd_bus_message* call, void* device, sd_bus_error*) {
     return sd_bus_reply_method_return(call, "");
 }
 
-/// Negative, with the error set, when the call does not name an input of a mouse that is plugged in.
+/// Returns a negative number and sets the error unless the call names an input of a plugged-in mouse.
 int readInput(
     sd_bus_message* call, const SimulatedMouseDevice& device, std::uint8_t& input, sd_bus_error* error) {
     if (const int read = sd_bus_message_read(call, kInputSignature, &input); read < 0)

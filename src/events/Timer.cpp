@@ -20,7 +20,7 @@ void Timer::set(std::optional<Clock::time_point> due) {
     m_due = due;
     itimerspec setting{};
     if (due) {
-        // A time of 0 would switch it off.
+        // A time of 0 would turn it off.
         const auto time = std::max(due->time_since_epoch(), Clock::duration(1));
         const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
         setting.it_value.tv_sec = seconds.count();

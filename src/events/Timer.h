@@ -1,4 +1,4 @@
-// A timer of the kernel's, for programs that sleep on file descriptors.
+// A kernel timer, for programs that sleep on file descriptors.
 #pragma once
 
 #include <chrono>
@@ -6,7 +6,7 @@
 
 namespace quorvi {
 
-/// Off until it is armed. Readable once it is due, until it is armed anew or off.
+/// Off until armed. Readable once due, until it is armed again or turned off.
 class Timer {
   public:
     using Clock = std::chrono::steady_clock;
@@ -16,10 +16,11 @@ class Timer {
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
 
-    /// -1 when the system has no room for one more.
+    /// -1 if the system has no descriptors left.
     [[nodiscard]] int fd() const { return m_fd; }
 
-    /// For the time, which may have passed; nothing switches it off. What is set already is not set again.
+    /// Sets the time, which may have passed; std::nullopt turns the timer off. Does nothing if the time is
+    /// unchanged.
     void set(std::optional<Clock::time_point> due);
 
   private:

@@ -1,4 +1,4 @@
-// The simulated mouse and the mice of this computer, of which the helper speaks as of one.
+// The simulated mouse and this computer's mice, which the helper treats as one.
 #pragma once
 
 #include <array>
@@ -15,8 +15,8 @@ namespace quorvi {
 
 class AllMice {
   public:
-    /// Which mice are in use is kept in that file. The loop has to run for the mouse's macros to go on. Loop
-    /// and listener must live longer.
+    /// Stores the mice in use in the file `chosen`. Macros play only while the loop runs. Loop and listener
+    /// must outlive the object.
     AllMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener);
     AllMice(const AllMice&) = delete;
     AllMice& operator=(const AllMice&) = delete;
@@ -25,16 +25,16 @@ class AllMice {
     [[nodiscard]] RealMice& real() { return m_real; }
     [[nodiscard]] const RealMice& real() const { return m_real; }
 
-    // To all of them.
+    // Sets the record of all mice.
     void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration);
     void setMacrosAreQuiet(bool quiet);
     [[nodiscard]] bool macrosAreQuiet() const { return m_macrosAreQuiet; }
-    /// From now on they type by the session's layout.
+    /// From now on they type in the session's layout.
     void followLayout() { m_layout.follow(); }
 
-    /// No mouse of this computer is in use: the simulated one is spoken of.
+    /// Whether no real mouse is in use, so that the simulated one is reported.
     [[nodiscard]] bool isDemonstration() const { return !m_real.anyInUse(); }
-    // Of those that are spoken of.
+    // The list of the reported mice.
     [[nodiscard]] DeviceList deviceList() const;
     [[nodiscard]] engine::Running running() const;
     /// Bit 0 is input 1.

@@ -29,7 +29,7 @@ void Announcements::noteRunning() {
         m_display.show(textOf(*shown, now, profiles, Bundle(m_bundle.native())));
 }
 
-/// As the engine does: a record whose settings are those of the one before changes nothing that runs.
+/// Like the engine: a record with unchanged settings does not change the running profile and stage.
 void Announcements::expectSaved(const SettingsRecord& before) {
     const auto now = m_settings.settings();
     if (std::memcmp(&before, &now, sizeof now) != 0)
@@ -41,7 +41,7 @@ void Announcements::setFrontReason(std::string reason) {
     tellFrontReason();
 }
 
-/// It depends on what runs too, and mostly does not change with it.
+/// It depends on the running profile too, but rarely changes with it.
 void Announcements::tellFrontReason() {
     auto now = frontReason();
     if (now == m_toldFrontReason)
@@ -56,7 +56,7 @@ std::string Announcements::frontReason() const {
     return followed && m_mice.running().profile == *followed + 1 ? m_frontReason : std::string();
 }
 
-/// Panels read their settings anew with each list, so they get one only when it is another.
+/// Panels re-read their settings at each list, so send it only if it has changed.
 void Announcements::miceChanged() {
     const bool demonstrates = m_mice.isDemonstration();
     if (!demonstrates)

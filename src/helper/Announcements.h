@@ -1,4 +1,4 @@
-// What the helper tells without being asked: the panels, whoever listens on the bus, and the user.
+// The helper's notifications: to panels, to listeners on the bus, and to the user.
 #pragma once
 
 #include <filesystem>
@@ -15,31 +15,32 @@ namespace quorvi {
 
 class Announcements final : public RealMiceListener {
   public:
-    /// Bundle: the panel's, for the texts on the screen. All others must live longer but for the mice, which
-    /// are used only while they tell of themselves, or a member is called.
+    /// `bundle` is the panel's, for the texts on the screen. The other arguments must outlive the object,
+    /// except the mice, which are used only in their notifications and in calls of the members.
     Announcements(EventBus& bus, DeviceSettings& settings, AllMice& mice, const Clients& clients,
         std::filesystem::path bundle);
     Announcements(const Announcements&) = delete;
     Announcements& operator=(const Announcements&) = delete;
 
-    /// What speaks on the bus; null, as at first, for nothing. It must live longer, or be taken away.
+    /// Sets the object that sends bus signals; null for none, the default. It must outlive this object or be
+    /// reset.
     void speakBy(const HelperObject* object) { m_object = object; }
 
-    /// To every panel that is shown.
+    /// Sends the list to every visible panel.
     void sendDeviceList();
 
-    /// The name of the application because of which a profile is followed, for people; empty for none.
+    /// The displayed name of the application that chose the profile; empty for none.
     void setFrontReason(std::string reason);
-    /// Empty as well while the mouse runs another profile than that, which its user has chosen there.
+    /// Also empty while the mouse runs another profile, chosen with its own buttons.
     [[nodiscard]] std::string frontReason() const;
-    /// To whoever listens, when it is another.
+    /// Notifies listeners if it has changed.
     void tellFrontReason();
 
-    /// The settings were these before they were read anew. What runs because of that was chosen in the panel,
-    /// which shows it.
+    /// Call this after re-reading the settings, with the old ones. A change of the running profile that
+    /// follows was made in the panel, which shows it already.
     void expectSaved(const SettingsRecord& before);
 
-    // Of the simulated mouse too, while it is the one that is spoken of.
+    // Also called for the simulated mouse while it is reported.
     void miceChanged() override;
     void runningChanged() override;
     void inputChanged(const std::string& mouse, std::uint8_t input, bool pressed) override;
@@ -55,12 +56,12 @@ class Announcements final : public RealMiceListener {
     std::filesystem::path m_bundle;
     const HelperObject* m_object = nullptr;
     std::string m_frontReason;     ///< see setFrontReason()
-    std::string m_toldFrontReason; ///< what frontReason() was when that was told last
+    std::string m_toldFrontReason; ///< the last sent frontReason()
     RunningChanges m_changes;
     ScreenDisplay m_display;
     bool m_wasDemonstration = true;
     bool m_hadService = false;
-    std::optional<DeviceList> m_sentList; ///< what the panels were told last
+    std::optional<DeviceList> m_sentList; ///< the last list sent to the panels
 };
 
 } // namespace quorvi

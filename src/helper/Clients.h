@@ -1,4 +1,4 @@
-// The processes that the helper does something for as long as they live.
+// The processes that the helper serves while they live.
 #pragma once
 
 #include <optional>
@@ -8,22 +8,22 @@
 
 namespace quorvi {
 
-/// The bus is asked to tell the end of each of them.
+/// Watches the bus for the end of each of them.
 class Clients {
   public:
-    /// The bus must live longer.
+    /// The bus must outlive the object.
     explicit Clients(EventBus& bus) : m_bus(bus) {}
 
-    /// The panels that are shown, and told of every change.
+    /// The visible panels, which are notified of every change.
     [[nodiscard]] const std::set<ProcessSerialNumber>& panels() const { return m_panels; }
     void addPanel(const ProcessSerialNumber& panel);
     void removePanel(const ProcessSerialNumber& panel);
 
-    /// The panel that records; nothing does once it is gone.
+    /// The panel that records a macro; std::nullopt once it is gone.
     [[nodiscard]] const std::optional<ProcessSerialNumber>& recorder() const { return m_recorder; }
     void setRecorder(const std::optional<ProcessSerialNumber>& recorder) { replace(m_recorder, recorder); }
 
-    /// Who sets a mouse up.
+    /// The process that sets up a mouse.
     [[nodiscard]] const std::optional<ProcessSerialNumber>& setter() const { return m_setter; }
     void setSetter(const std::optional<ProcessSerialNumber>& setter) { replace(m_setter, setter); }
 

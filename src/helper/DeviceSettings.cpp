@@ -16,14 +16,14 @@ std::filesystem::path ownPath() {
     return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
-/// Only what is certainly not there is missing: a folder that cannot be entered may well hold the file.
+/// Only certain absence counts: a folder that cannot be entered may hold the file.
 bool isMissing(const std::filesystem::path& file) {
     std::error_code error;
     return file.empty() ||
            std::filesystem::status(file, error).type() == std::filesystem::file_type::not_found;
 }
 
-/// The polling rate is the mouse's, whatever runs.
+/// The polling rate belongs to the mouse, not to the profile.
 bool isSameChoice(const SettingsRecord& a, SettingsRecord b) {
     b.pollingCode = a.pollingCode;
     return std::memcmp(&a, &b, sizeof a) == 0;
@@ -77,7 +77,7 @@ bool DeviceSettings::take(const plist::Dictionary& tree) {
         return false;
     m_record = std::move(record);
     m_profiles = profilesOfSlots(tree);
-    // What the panel has chosen anew holds. A save of anything else leaves what was chosen on the mouse.
+    // A new choice in the panel wins. Saving anything else keeps the choice made on the mouse.
     const bool choosesAnew = !isSameChoice(std::exchange(m_saved, m_record->settings), m_record->settings);
     if (choosesAnew || !isThere(m_chosen))
         m_chosen = m_saved;

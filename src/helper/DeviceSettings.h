@@ -1,4 +1,4 @@
-// What the mouse is told to do: the user's settings in the form that the device takes.
+// The user's settings in the device's format.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@
 
 namespace quorvi {
 
-/// The files that settings come from, in the order in which they are tried.
+/// The settings files, in the order in which they are tried.
 struct SettingsFiles {
     std::filesystem::path user;
     std::filesystem::path defaults;
@@ -23,7 +23,7 @@ struct SettingsFiles {
     /// (<bundle>/Contents/Resources/KyvarQuorviHelper.app/Contents/Linux/KyvarQuorviHelper).
     [[nodiscard]] static SettingsFiles ofThisProcess();
 
-    /// The panel's bundle, whose resources the defaults are among.
+    /// The panel's bundle, which contains the defaults.
     [[nodiscard]] std::filesystem::path bundle() const {
         return defaults.parent_path().parent_path().parent_path();
     }
@@ -34,39 +34,39 @@ class DeviceSettings {
   public:
     explicit DeviceSettings(SettingsFiles files) : m_files(std::move(files)) {}
 
-    /// Reads the settings again. The defaults stand for a user's file that is not there.
+    /// Reads the settings again. The defaults replace a missing user's file.
     ///
-    /// False when they were not taken over: the user's file is there and cannot be used (damaged, of an old
-    /// version, not to be read), no file holds valid settings, or they give no record. The old record is kept
-    /// then. Where there is none yet, the mouse gets that of the defaults meanwhile.
+    /// Returns false and keeps the old record if the user's file exists but cannot be used (damaged, old
+    /// version, unreadable), no file holds valid settings, or they do not convert to a record. If there is no
+    /// record yet, the defaults' record is used for the time being.
     bool reload();
 
-    /// Has the record run this profile (an index of profiles()) from its default stage on, whichever one its
-    /// user chose; nothing gives theirs back, stage and sensitivity with it, and so does an index that no
-    /// profile has. Theirs is what was chosen last, in the panel or on the mouse. It is kept across reloads,
-    /// and writes nothing. False when the record is as before.
+    /// Makes the record run this profile (an index of profiles()) from its default stage, overriding the
+    /// user's choice. std::nullopt, or an index without a profile, restores the user's profile, stage and
+    /// sensitivity: the ones chosen last, in the panel or on the mouse. Stays in effect across reloads and
+    /// writes no file. Returns false if the record is unchanged.
     bool follow(std::optional<std::size_t> profile);
     [[nodiscard]] std::optional<std::size_t> followed() const { return m_followed; }
 
-    /// The mouse says that it runs this profile and stage, numbers from 1. Others than the record's were
-    /// chosen by its own buttons, and count as what the user chose until the panel saves another choice.
-    /// While a profile is followed only another profile counts: stages of the followed one are its own
-    /// affair, and who comes back to it has thought better of it.
+    /// Notes the profile and stage that the mouse reports, from 1. If they differ from the record's, they
+    /// were chosen with the mouse's own buttons, and count as the user's choice until the panel saves another
+    /// one. While a profile is followed, only another profile counts, not a stage of the followed one;
+    /// returning to the followed profile cancels the choice.
     void noteRunning(std::uint32_t profile, std::uint32_t stage);
 
     /// 13232 bytes; empty until the first reload that succeeds.
     [[nodiscard]] std::span<const std::uint8_t> record() const;
 
-    /// Those of the record; zeros without one.
+    /// The record's settings; zeros without a record.
     [[nodiscard]] SettingsRecord settings() const { return m_record ? m_record->settings : SettingsRecord{}; }
 
-    /// "name" and "driver" of each profile, in the order of the record. Nil as long as there is no record.
+    /// "name" and "driver" of each profile, in the order of the record. Nil without a record.
     [[nodiscard]] const plist::Array& profiles() const { return m_profiles; }
     /// The acceleration of each profile of the record.
     [[nodiscard]] const std::array<float, limits::profiles>& acceleration() const { return m_acceleration; }
 
   private:
-    /// False, with the old record kept, when the tree gives no record.
+    /// Returns false and keeps the old record if the tree does not convert to a record.
     bool take(const plist::Dictionary& tree);
     [[nodiscard]] bool isFollowing() const { return m_followed && *m_followed < m_profiles.size(); }
     [[nodiscard]] bool isThere(const SettingsRecord& settings) const;
@@ -74,10 +74,10 @@ class DeviceSettings {
     [[nodiscard]] SettingsRecord settingsToRun() const;
 
     SettingsFiles m_files;
-    std::unique_ptr<ConfigRecord> m_record;  ///< with the settings that run
-    SettingsRecord m_saved{};                ///< the settings as the file has them
-    SettingsRecord m_chosen{};               ///< those that run while no profile is followed
-    std::optional<SettingsRecord> m_onMouse; ///< what was chosen there since the record was made
+    std::unique_ptr<ConfigRecord> m_record;  ///< with the running settings
+    SettingsRecord m_saved{};                ///< the settings in the file
+    SettingsRecord m_chosen{};               ///< the settings to run while no profile is followed
+    std::optional<SettingsRecord> m_onMouse; ///< the choice made on the mouse since the record was built
     std::optional<std::size_t> m_followed;
     plist::Array m_profiles;
     std::array<float, limits::profiles> m_acceleration{};

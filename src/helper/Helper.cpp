@@ -34,23 +34,23 @@ NameResult Helper::start() {
     if (result != NameResult::owned)
         return result;
     greetShownPanels();
-    // Behind the questions to the bus, which it answers when everybody has been told of the name's new owner:
-    // who saved before that is read here, and who saves later sends its message to this process.
+    // Read after querying the bus: by its reply every process knows the name's new owner. Earlier saves are
+    // read here, and later ones send their message to this process.
     reloadSettings();
     m_mice.real().start();
     return result;
 }
 
-/// A panel that launched the helper told it too early that it is shown. The helper looks for panels only once
-/// it can be found itself, and a panel does the same, so that one of the two always finds the other. Of
-/// several panels one owns the name and the others wait for it.
+/// A panel that launched the helper sent its message too early. The helper looks for panels only once it can
+/// be found itself, and a panel does the same, so one of them always finds the other. If there are several
+/// panels, one owns the name and the others queue for it.
 void Helper::greetShownPanels() {
     for (const auto& panel : m_bus.processesInLine(kPanelName))
         addPanel(panel);
 }
 
-/// Replies are for those who ask for one: the number of devices, whether the settings were taken over,
-/// whether a macro is being recorded. What it does not know it ignores.
+/// Replies, for senders that want one, with the number of devices, whether the settings were accepted, or
+/// whether a macro is being recorded. Ignores unknown commands.
 Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& sender, Event& reply) {
     FourCharCode message = 0;
     std::int32_t parameter = 0;
@@ -77,7 +77,7 @@ Status Helper::handleCommand(const Event& event, const ProcessSerialNumber& send
 
 void Helper::setRecording(bool recording, const ProcessSerialNumber& sender) {
     m_mice.setMacrosAreQuiet(recording);
-    // A command typed on the bus comes from a process that is gone at once: that says nothing.
+    // A command typed in a terminal comes from a process that ends at once; its end means nothing.
     const bool isPanel = m_clients.panels().count(sender) > 0;
     m_clients.setRecorder(recording && isPanel ? std::optional(sender) : std::nullopt);
 }
@@ -103,7 +103,7 @@ void Helper::followProfile(std::optional<std::size_t> profile, std::string reaso
     m_announcements.setFrontReason(std::move(reason));
     if (profile != m_settings.followed() && m_settings.follow(profile))
         giveRecord();
-    m_announcements.tellFrontReason(); // which holds from now on
+    m_announcements.tellFrontReason(); // which is valid from now on
 }
 
 void Helper::addPanel(const ProcessSerialNumber& panel) {
@@ -117,7 +117,7 @@ void Helper::removePanel(const ProcessSerialNumber& panel) {
     m_mice.real().setShown(!m_clients.panels().empty());
 }
 
-/// A process that was killed has said neither that it is hidden nor that its recording is over.
+/// A killed process has reported neither its hiding nor the end of its recording.
 void Helper::forget(const ProcessSerialNumber& gone) {
     removePanel(gone);
     m_controls.endSetUp(gone);

@@ -1,5 +1,5 @@
-// The background application that owns the device: it does what the panels say, and tells the device what
-// the panels' user has set.
+// The background application that owns the device: it handles the panels' messages and gives the user's
+// settings to the device.
 #pragma once
 
 #include <functional>
@@ -17,25 +17,24 @@ namespace quorvi {
 
 class Helper {
   public:
-    /// The loop has to run for the mouse's macros to go on. Which mice are in use is kept in that file.
+    /// Macros play only while the loop runs. The mice in use are stored in the file `chosenMice`.
     Helper(EventBus& bus, EventLoop& loop, const SettingsFiles& files, std::filesystem::path chosenMice);
     ~Helper();
     Helper(const Helper&) = delete;
     Helper& operator=(const Helper&) = delete;
 
-    /// Joins the process list and greets the panels that are shown already. Anything but owned: it shall not
-    /// run.
+    /// Joins the process list and sends the device list to the visible panels. Unless the result is `owned`,
+    /// the helper must not run.
     [[nodiscard]] NameResult start();
 
-    /// Runs the profile, an index of profiles(), from its default stage on, until it is told another one;
-    /// nothing runs the one that the user chose. No file is written, and what is followed already changes
-    /// nothing. The reason is the name of the application because of which it is followed, for people; empty
-    /// for none.
+    /// Runs the profile, an index of profiles(), from its default stage; std::nullopt returns to the user's
+    /// choice. Writes no file, and does nothing if that profile is already followed. The reason is the
+    /// displayed name of the application that caused it; empty for none.
     void followProfile(std::optional<std::size_t> profile, std::string reason);
     /// "name" and "driver" of each profile, in the order of the mouse's record.
     [[nodiscard]] const plist::Array& profiles() const { return m_settings.profiles(); }
-    /// Called when profiles() has been read anew, before the mouse gets the record: followProfile() may be
-    /// called from it.
+    /// Called after profiles() has been re-read, before the mouse gets the record; it may call
+    /// followProfile().
     void onProfilesRead(std::function<void()> function) { m_profilesRead = std::move(function); }
 
   private:

@@ -1,4 +1,4 @@
-// What others may do on the bus with the mice of this computer, and see of what runs now.
+// The bus interface to this computer's mice and to the running profile.
 #pragma once
 
 #include <functional>
@@ -13,8 +13,8 @@ namespace quorvi {
 
 class MouseControls final : public HelperControls {
   public:
-    /// Offers them on the bus for as long as it lives, and lets the announcements speak there. All must live
-    /// longer.
+    /// Offers them on the bus while it lives, and connects the announcements to the bus. All arguments must
+    /// outlive it.
     MouseControls(const EventBus& bus, AllMice& mice, Clients& clients, Announcements& announcements);
     ~MouseControls() override;
     MouseControls(const MouseControls&) = delete;
@@ -40,7 +40,7 @@ class MouseControls final : public HelperControls {
     AllMice& m_mice;
     Clients& m_clients;
     Announcements& m_announcements;
-    std::unique_ptr<HelperObject> m_object; ///< null when the bus refuses it
+    std::unique_ptr<HelperObject> m_object; ///< null if the bus refuses it
 };
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// Profiles that switch by themselves with the application in front.
+// Switches profiles with the application in front.
 #pragma once
 
 #include "helper/Helper.h"
@@ -6,14 +6,14 @@
 
 namespace quorvi {
 
-/// Tells the helper which profile to run whenever another application is in front or the profiles have been
-/// read anew.
+/// Sets the helper's profile whenever another application comes to the front or the profiles have been
+/// re-read.
 class ProfileFollower {
   public:
-    /// The helper must live longer.
+    /// The helper must outlive the object.
     ProfileFollower(EventBus& bus, EventLoop& loop, Helper& helper);
 
-    /// Once the helper has started.
+    /// Call this once the helper has started.
     void start() { m_front.start(); }
 
   private:

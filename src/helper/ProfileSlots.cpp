@@ -8,7 +8,7 @@ namespace quorvi {
 
 namespace {
 
-/// Profiles that give no record take no slot.
+/// Profiles that do not convert take no slot.
 bool takesASlot(const plist::Dictionary& profile) {
     ProfileRecord record;
     ProfileNameEntry name;

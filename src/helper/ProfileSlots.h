@@ -1,4 +1,4 @@
-// What the mouse's record does not hold of its profiles: names as they are, applications, options.
+// The parts of profiles that the mouse's record does not hold: full names, applications, options.
 #pragma once
 
 #include <array>
@@ -8,11 +8,11 @@
 
 namespace quorvi {
 
-/// By slot of the record that is made of the tree: the "name" and "driver" of the profile there, and nothing
-/// else of it. KyvarMatchProfile takes it.
+/// By slot of the tree's record: the "name" and "driver" of the profile in it. Suitable for
+/// KyvarMatchProfile.
 [[nodiscard]] plist::Array profilesOfSlots(const plist::Dictionary& tree);
 
-/// The factor of each slot, as it is stored; 1 where acceleration is switched off, and in empty slots.
+/// The stored factor of each slot; 1 if acceleration is off, and for empty slots.
 [[nodiscard]] std::array<float, limits::profiles> accelerationOfSlots(const plist::Array& profiles);
 
 } // namespace quorvi

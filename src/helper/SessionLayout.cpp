@@ -22,7 +22,7 @@ void SessionLayout::follow() {
     read();
 }
 
-/// The server sends several notices of one change, which process() takes together.
+/// The server sends several notices of one change; process() handles them together.
 milliseconds SessionLayout::timeout() const {
     return milliseconds(m_isOutdated ? 0 : -1);
 }
@@ -34,7 +34,7 @@ void SessionLayout::process() {
 }
 
 void SessionLayout::read() {
-    m_isOutdated = false; // before reading, during which the next change may be announced
+    m_isOutdated = false; // before reading, because the next change may arrive during it
     if (const auto layout = m_layout->layout(); layout && m_keys)
         m_keys(letterKeysOf(*layout));
 }

@@ -1,4 +1,4 @@
-// Which key types which letter in this session, for shortcuts that the mouse types.
+// The keys that type letters in this session, for shortcuts that the mouse types.
 #pragma once
 
 #include <functional>
@@ -12,17 +12,18 @@ namespace quorvi {
 
 class SessionLayout final : EventSource {
   public:
-    /// The loop must live longer.
+    /// The loop must outlive the object.
     explicit SessionLayout(EventLoop& loop) : m_loop(loop) {}
     ~SessionLayout() override;
     SessionLayout(const SessionLayout&) = delete;
     SessionLayout& operator=(const SessionLayout&) = delete;
 
-    /// Called with the keys when they have been read, and whenever they are others.
+    /// Called with the keys when they have been read, and whenever they change.
     void onKeys(std::function<void(const engine::LetterKeys&)> function) { m_keys = std::move(function); }
 
-    /// Reads the layout of the display server, else the one that the machine is configured with, and follows
-    /// it from now on; once. It takes some milliseconds and memory, so it is for whom a key is typed.
+    /// Reads the display server's layout, else the machine's configured one, and follows it from now on.
+    /// Further calls do nothing. It takes some milliseconds and memory, so call it only if keys will be
+    /// typed.
     void follow();
 
   private:
@@ -33,7 +34,7 @@ class SessionLayout final : EventSource {
 
     EventLoop& m_loop;
     std::function<void(const engine::LetterKeys&)> m_keys;
-    std::unique_ptr<LiveKeyboardLayout> m_layout; ///< null until it is followed
+    std::unique_ptr<LiveKeyboardLayout> m_layout; ///< null until followed
     bool m_isOutdated = false;
 };
 

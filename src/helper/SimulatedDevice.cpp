@@ -13,7 +13,7 @@ using engine::eventOf;
 constexpr std::uint8_t kWheelAway = 8;
 constexpr std::int32_t kPartsOfNotch = 120; // REL_WHEEL_HI_RES, linux/input-event-codes.h
 
-/// The product id that pid.codes keeps for tests and prototypes, under its vendor id.
+/// The product id that pid.codes reserves for tests and prototypes, with its vendor id.
 constexpr DeviceEntry kSimulatedMouse{
     .vendorID = 0x1209,
     .productID = 0x0001,

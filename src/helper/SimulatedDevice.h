@@ -1,4 +1,4 @@
-// The simulated mouse itself: what a real one's buttons and sensor would do, for whoever has none in use.
+// The simulated mouse: it stands in for the buttons and sensor of a real one while none is in use.
 #pragma once
 
 #include <array>
@@ -17,11 +17,11 @@ class SimulatedDevice final : public Backend, engine::Output {
   public:
     SimulatedDevice() = default;
 
-    /// What it types and moves, a frame at a time.
+    /// Receives its output, one frame at a time.
     void onFrame(std::function<void(std::span<const input_event>)> function) {
         m_frame = std::move(function);
     }
-    /// Its profile or stage is another one.
+    /// Called when its profile or stage has changed.
     void onRunning(std::function<void()> function) { m_running = std::move(function); }
 
     void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) override;
@@ -43,7 +43,7 @@ class SimulatedDevice final : public Backend, engine::Output {
     /// Bit 0 is input 1; the wheel's are never down.
     [[nodiscard]] std::uint16_t pressedInputs() const { return m_pressed; }
 
-    /// Becomes readable when wake() wants to be called.
+    /// Becomes readable when wake() must be called.
     [[nodiscard]] int timerFd() const { return m_timer.fd(); }
     void wake();
 
@@ -58,7 +58,7 @@ class SimulatedDevice final : public Backend, engine::Output {
     std::function<void(std::span<const input_event>)> m_frame;
     std::function<void()> m_running;
     engine::Options m_options;
-    bool m_isPluggedIn = true; ///< until someone unplugs it
+    bool m_isPluggedIn = true; ///< until it is unplugged
     std::uint16_t m_pressed = 0;
     engine::Engine m_engine{*this};
     Timer m_timer;

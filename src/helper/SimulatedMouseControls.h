@@ -1,4 +1,4 @@
-// What others may do with the simulated mouse on the bus, and see of it.
+// The bus interface to the simulated mouse.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@ namespace quorvi {
 
 class SimulatedMouseControls final : SimulatedMouseDevice {
   public:
-    /// Offers the mouse on the bus for as long as it lives. All must live longer.
+    /// Offers the mouse on the bus while it lives. All arguments must outlive it.
     SimulatedMouseControls(
         EventBus& bus, const DeviceSettings& settings, AllMice& mice, Announcements& announcements);
     ~SimulatedMouseControls() override;
@@ -33,7 +33,7 @@ class SimulatedMouseControls final : SimulatedMouseDevice {
     AllMice& m_mice;
     SimulatedDevice& m_mouse;
     Announcements& m_announcements;
-    std::unique_ptr<SimulatedMouseObject> m_object; ///< null when the bus refuses it
+    std::unique_ptr<SimulatedMouseObject> m_object; ///< null if the bus refuses it
 };
 
 } // namespace quorvi

@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
         loop.run(*bus);
         return 0;
     case quorvi::NameResult::taken:
-        return 0; // another one does the work
+        return 0; // another helper is running
     default:
         return fail("the session bus does not let it take its name");
     }

@@ -52,7 +52,7 @@ std::optional<BackupContents> contentsIn(const Dictionary& top) {
     return name == backup_keys::oneProfile ? std::optional(BackupContents::oneProfile) : std::nullopt;
 }
 
-/// Whether the tree holds what the file says.
+/// Whether the tree fits the file's "contents".
 bool hasContents(const Dictionary& tree, BackupContents contents) {
     return areSettings(tree) &&
            (contents == BackupContents::everything || tree.array(keys::profiles).size() == 1);

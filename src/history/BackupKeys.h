@@ -1,4 +1,4 @@
-// What stands in a backup beside the tree, and reading one without following links. Private to this library.
+// The keys of a backup besides the tree, and reading one without following links. Private to this library.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ inline constexpr const char16_t* oneProfile = u"profile";
 
 } // namespace backup_keys
 
-/// As readBackup of Backup.h.
+/// Like readBackup of Backup.h.
 [[nodiscard]] ReadBackup readBackup(const std::filesystem::path& path, plist::Links links);
 
 } // namespace quorvi

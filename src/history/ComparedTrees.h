@@ -1,4 +1,4 @@
-// Both trees that are compared, and the pieces of sentences that need to look into them.
+// The two compared trees, and the phrases that need to look into them.
 #pragma once
 
 #include "history/DifferenceList.h"
@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// The lists of one tree as whatCounts() makes it. They stay whole while what is compared is taken away from
+/// The lists of one tree made by whatCounts(). They stay complete, while compared parts are removed from
 /// copies.
 struct Lists {
     plist::Array profiles;
@@ -21,23 +21,22 @@ struct ComparedTrees {
     Matches macros;
 };
 
-/// What an input does: "Back", "Macro “Build”", "Press A".
+/// An input's function: "Back", "Macro “Build”", "Press A".
 [[nodiscard]] Phrase functionPhrase(const plist::Dictionary& assignment, const Lists& lists);
 
-/// Whether the two assignments do the same, each in its tree.
+/// Whether the two assignments are equivalent, each in its tree.
 [[nodiscard]] bool doTheSame(
     const plist::Dictionary& earlier, const plist::Dictionary& now, const ComparedTrees& trees);
 
-/// "800 DPI", or both numbers for separate axes.
+/// "800 DPI", or "800 × 1600 DPI" for separate axes.
 [[nodiscard]] Phrase resolutionPhrase(const plist::Dictionary& stage);
 
-/// Adds what is different in two profiles that are the same one. Whether their stages are different, or which
-/// of them is selected.
+/// Adds the differences of two versions of a profile. Returns whether the stages or the selected one differ.
 bool compareProfiles(const Both& profile, const ComparedTrees& trees, DifferenceList& list);
-/// Adds what is different in two macros that are the same one.
+/// Adds the differences of two versions of a macro.
 void compareMacros(const Both& macro, DifferenceList& list);
-/// Adds what is different in the settings of the whole mouse. The resolution in them is that of the current
-/// profile's stage, and is not told again when it follows from what is told already.
+/// Adds the differences in the mouse's settings. Their resolution is that of the current profile's stage, and
+/// is left out if a difference already listed implies it.
 void compareSettings(
     const Both& settings, bool toldOfStages, const ComparedTrees& trees, DifferenceList& list);
 

@@ -13,7 +13,7 @@ using std::chrono::milliseconds;
 using std::chrono::sys_time;
 
 constexpr std::array<std::string_view, 3> kReasons{"day", "deletion", "restore"};
-/// What the system's clock can say, in nanoseconds.
+/// The range of the system's clock, in nanoseconds.
 constexpr std::chrono::year kFirstYear{1970};
 constexpr std::chrono::year kLastYear{2261};
 constexpr std::size_t kLengthOfTime = 25; ///< "2026-11-22T17-33-05.123Z-"
@@ -32,7 +32,7 @@ std::string nameOf(sys_time<milliseconds> time, CopyReason reason) {
     return name;
 }
 
-/// The number in the place of the text; -1 for anything else.
+/// The number at the place in the text; -1 for anything else.
 int numberAt(std::string_view text, std::size_t place, std::size_t length) {
     const std::string_view digits = text.substr(place, length);
     int number = -1;
@@ -61,7 +61,7 @@ std::optional<DatedCopy> copyOfName(const std::string& name) {
     if (name.size() <= kLengthOfTime)
         return std::nullopt;
     const auto time = timeIn(name);
-    // Of all names only the ones that are made of a time and a reason again are names of copies.
+    // Accept only a name that its time and reason reproduce.
     for (std::size_t reason = 0; reason < kReasons.size(); ++reason)
         if (auto copy = datedCopy(time, static_cast<CopyReason>(reason)); copy.name == name)
             return copy;

@@ -8,11 +8,11 @@
 
 namespace quorvi {
 
-/// The copy with its name, which sorts by time: universal time, so that no two of a day when clocks are put
-/// back have the same one. The time is cut to milliseconds.
+/// The copy with its name, which sorts by time: UTC, so that names stay unique when clocks are put back. The
+/// time is cut to milliseconds.
 [[nodiscard]] DatedCopy datedCopy(std::chrono::system_clock::time_point time, CopyReason reason);
 
-/// The copy of that name; nothing for a name that datedCopy() does not give.
+/// The copy of that name; std::nullopt for a name that datedCopy() does not produce.
 [[nodiscard]] std::optional<DatedCopy> copyOfName(const std::string& name);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// Differences while they are found.
+// Collects differences.
 #pragma once
 
 #include <string_view>
@@ -10,7 +10,7 @@
 
 namespace quorvi {
 
-/// The same dictionary of both trees. What is compared is taken away; what is left has no words.
+/// The same dictionary in both trees. Compared parts are removed; the remaining ones have no words.
 struct Both {
     plist::Dictionary earlier;
     plist::Dictionary now;
@@ -20,21 +20,22 @@ struct Both {
     [[nodiscard]] bool areEqual() const { return plist::Value(earlier) == plist::Value(now); }
 };
 
-/// What the subject was, and what it is now.
+/// The subject's old and new value.
 [[nodiscard]] Phrase changePhrase(Phrase subject, Phrase was, Phrase is);
-/// The sentence for everything that there are no words for.
+/// The sentence for all differences without words.
 [[nodiscard]] Phrase otherDifference();
 
 class DifferenceList {
   public:
     void add(Phrase sentence) { m_sentences.push_back(std::move(sentence)); }
-    /// What the subject was and is. When both are said alike, there are no words for the difference.
+    /// Adds the subject's old and new value. If both have the same words, counts it as a difference without
+    /// words.
     void addChange(Phrase subject, Phrase was, Phrase is);
-    /// A difference without words.
+    /// Adds a difference without words.
     void addOther() { m_hasOther = true; }
     void addOtherUnlessEqual(const Both& both);
 
-    /// The sentences in order, as many as there is room for, the one for what has no words behind them.
+    /// The sentences in order, up to the limit, followed by the one for differences without words.
     [[nodiscard]] std::vector<Phrase> take();
 
   private:

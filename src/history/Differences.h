@@ -1,4 +1,4 @@
-// What is different between two configuration trees, in words that a user understands.
+// The differences between two configuration trees, in words for users.
 #pragma once
 
 #include <cstddef>
@@ -9,16 +9,16 @@
 
 namespace quorvi {
 
-/// The list is no longer than this; "Other settings are different" stands for what it has no room for.
+/// The longest list; "Other settings are different" stands for the rest.
 inline constexpr std::size_t mostDifferences = 100;
 
-/// What the earlier tree had that the one of now has not, and the other way round, each as one sentence:
-/// "Button 4 of “Drawing”: Back → Copy", "Macro “Build” was there", "Profile “Mail” was not there". What is
-/// lost comes first, then what is new, then what has changed, in the order of the window.
+/// The differences between the earlier and the present tree, each as one sentence: "Button 4 of “Drawing”:
+/// Back → Copy", "Macro “Build” was there", "Profile “Mail” was not there". Lost items come first, then new
+/// ones, then changes, in the window's order.
 ///
-/// Empty exactly when both trees have the user do the same things. The firmware's number and what menus once
-/// said of an assignment make no difference. What there are no words for is "Other settings are different".
-/// Takes trees of any content, nil too. Single keys are named under the keyboard layout in use (KeyNames.h).
+/// Empty exactly if both trees are equivalent for the user. Ignores the firmware's number and the stored menu
+/// texts of assignments. Differences without words become "Other settings are different". Accepts any trees,
+/// including nil. Single keys have their names in the present keyboard layout (KeyNames.h).
 [[nodiscard]] std::vector<Phrase> differencesBetween(
     const plist::Dictionary& earlier, const plist::Dictionary& now);
 

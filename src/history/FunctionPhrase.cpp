@@ -14,7 +14,7 @@ namespace {
 
 using plist::Dictionary;
 
-/// Below 0 when there is none of the identifier.
+/// Negative if none has the identifier.
 int placeOfMacro(std::int32_t macroId, const plist::Array& macros) {
     return KyvarFindMacroInArray(macroId, nullptr, macros);
 }

@@ -24,11 +24,10 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kOwnersFolder = 0700;
 constexpr mode_t kOwnersFile = 0600;
-/// Somebody else may have put something there under each name that is tried.
+/// Another program may have taken each name that is tried.
 constexpr int kNameAttempts = 100;
 
-/// Makes the folder, and those above it that are not there. 0, or as errno why it cannot be made, or brought
-/// to the disk.
+/// Creates and syncs the folder and missing ones above it. Returns 0 or an errno.
 int makeFolder(const fs::path& folder, FileCalls& calls) {
     struct stat status {};
     if (folder.empty() || ::stat(folder.c_str(), &status) == 0)
@@ -39,7 +38,7 @@ int makeFolder(const fs::path& folder, FileCalls& calls) {
     return (made ? syncFolder(folder.parent_path(), calls) : errno == EEXIST) ? 0 : errno;
 }
 
-/// The copies, newest first, with their sizes. What cannot be looked at is passed over.
+/// The copies, newest first, with their sizes. Skips files that cannot be inspected.
 std::vector<SizedCopy> copiesIn(const fs::path& folder) {
     std::vector<SizedCopy> copies;
     std::error_code error;
@@ -54,13 +53,13 @@ std::vector<SizedCopy> copiesIn(const fs::path& folder) {
     return copies;
 }
 
-/// Gives the file the name unless something has it.
+/// Gives the file the name unless it is taken.
 bool takeName(TemporaryFile& file, const Folder& folder, const std::string& name) {
     if (file.takeFreeName(name))
         return true;
     if (errno != EINVAL && errno != ENOSYS)
         return false;
-    // A file system that cannot say whether a name is free.
+    // For file systems that cannot check whether a name is free.
     struct stat status {};
     if (::fstatat(folder.file(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
         errno = EEXIST;
@@ -69,8 +68,7 @@ bool takeName(TemporaryFile& file, const Folder& folder, const std::string& name
     return errno == ENOENT && file.takeName(name);
 }
 
-/// The copy of that time, or one behind those of the same second, so that the order of making is the order of
-/// names.
+/// The copy for that time, moved after those of the same second, so that names sort in order of creation.
 DatedCopy behindOthers(DatedCopy copy, const std::vector<SizedCopy>& newestFirst) {
     const auto other = std::find_if(newestFirst.begin(), newestFirst.end(),
         [&](const SizedCopy& sized) { return sized.copy.time < copy.time + std::chrono::seconds(1); });
@@ -79,8 +77,8 @@ DatedCopy behindOthers(DatedCopy copy, const std::vector<SizedCopy>& newestFirst
     return datedCopy(other->copy.time + std::chrono::milliseconds(1), copy.reason);
 }
 
-/// Writes the bytes under the copy's name, or a later one that is free, and brings them to the disk. Nothing,
-/// with errno set, when that fails.
+/// Writes and syncs the bytes under the copy's name, or a later free one. Returns std::nullopt and sets errno
+/// on failure.
 std::optional<DatedCopy> write(
     DatedCopy copy, std::string_view bytes, const Folder& folder, FileCalls& calls) {
     TemporaryFile file(calls, folder, kOwnersFile);

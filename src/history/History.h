@@ -1,8 +1,8 @@
 // Dated copies of the settings in a folder of the user's state, each a backup of everything (see Backup.h).
 //
-// What stays: of today the first copy and the newest nine others; of each of the newest thirty days that have
-// copies the first one, which is what stood when the day began; of older ones the first of each month, for a
-// year; and of all no more than kHistoryBytes, the oldest going first. Days and months are the user's.
+// It keeps today's first copy and its newest nine others; the first copy, from the start of the day, of each
+// of the newest thirty days with copies; of older ones the first of each month, for a year. Together they
+// take at most kHistoryBytes; the oldest are removed first. Days and months are in the user's time zone.
 #pragma once
 
 #include <chrono>
@@ -27,7 +27,7 @@ inline constexpr std::uint64_t kHistoryBytes = std::uint64_t{16} << 20U;
 enum class CopyReason : std::uint8_t {
     firstChangeOfDay,
     beforeDeletion, ///< of a profile
-    beforeRestore,  ///< or before anything else that replaces everything
+    beforeRestore,  ///< or before another action that replaces everything
 };
 
 struct DatedCopy {
@@ -37,37 +37,37 @@ struct DatedCopy {
     bool operator==(const DatedCopy&) const = default;
 };
 
-/// The user's folder of copies: "kyvar-quorvi/history" below $XDG_STATE_HOME, when that is an absolute path,
-/// else below ".local/state" of the home folder. Empty when there is neither.
+/// The user's folder of copies: "kyvar-quorvi/history" below $XDG_STATE_HOME, if that is an absolute path,
+/// else below ".local/state" of the home folder. Empty if there is neither.
 [[nodiscard]] std::filesystem::path historyFolder(const std::filesystem::path& home);
 
 class History {
   public:
-    /// The folder need not be there; the first copy makes it, closed to others. With an empty one nothing is
-    /// ever due or kept. The calls have to outlive this object.
+    /// The folder need not exist; the first copy creates it, closed to other users. With an empty path no
+    /// copy is ever due or kept. The calls must outlive this object.
     explicit History(std::filesystem::path folder, FileCalls& calls = systemFileCalls())
         : m_folder(std::move(folder)), m_calls(calls) {}
 
-    /// Whether the day, as the user's clock has it, has no copy yet. Costs nothing once it has one.
+    /// Whether the user's present day has no copy yet. Cheap once it has one.
     [[nodiscard]] bool isDue(std::chrono::system_clock::time_point now);
 
-    /// Writes a copy of the tree, brings it to the disk, and only then removes what need not stay any more.
-    /// 0, or as errno why there is no new copy: then all older ones are as they were. EFBIG for a tree that
-    /// is too large for a backup, EINVAL for nil, ENOENT without a folder.
+    /// Writes and syncs a copy of the tree, and only then removes copies that are no longer kept. Returns 0,
+    /// or an errno if there is no new copy; all older ones then stay. EFBIG for a tree that is too large for
+    /// a backup, EINVAL for nil, ENOENT without a folder.
     [[nodiscard]] int keep(const plist::Dictionary& tree, CopyReason reason,
         std::chrono::system_clock::time_point now = std::chrono::system_clock::now());
 
-    /// The copies, newest first. No file is opened, and what is no regular file is passed over.
+    /// The copies, newest first. Opens no file, and skips everything that is not a regular file.
     [[nodiscard]] std::vector<DatedCopy> list() const;
 
-    /// What the copy holds. Links are not followed.
+    /// Reads the copy. Does not follow links.
     [[nodiscard]] ReadBackup read(const DatedCopy& copy) const;
 
   private:
     std::filesystem::path m_folder;
     FileCalls& m_calls;
-    std::optional<std::chrono::sys_days> m_dayWithCopy; ///< the last day that is known to have one
-    std::optional<std::chrono::sys_time<std::chrono::minutes>> m_minuteWithCopy; ///< the last one of it
+    std::optional<std::chrono::sys_days> m_dayWithCopy; ///< the last day known to have one
+    std::optional<std::chrono::sys_time<std::chrono::minutes>> m_minuteWithCopy; ///< its last minute
 };
 
 } // namespace quorvi

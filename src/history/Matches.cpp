@@ -43,7 +43,7 @@ bool haveSameButtons(const Placed& earlier, const Placed& now) {
            earlier.item.value(keys::stages) == now.item.value(keys::stages);
 }
 
-/// Half of all, or more.
+/// Whether at least half of the functions are equal.
 bool haveMostFunctions(const Placed& earlier, const Placed& now) {
     const Dictionary before = earlier.item.dictionary(keys::buttons);
     const Dictionary after = now.item.dictionary(keys::buttons);
@@ -72,7 +72,7 @@ constexpr std::array<Rule, 4> kMacroRules{all<haveSameIdentifier, haveSameName>,
     all<haveSameIdentifier, haveSameSteps>, haveSameName,
     all<haveSameIdentifier, areAtOnePlace, haveMostSteps>};
 
-/// What the first rule says of an item goes before what the later ones do.
+/// Earlier rules take precedence over later ones.
 Matches matched(const Array& earlier, const Array& now, std::span<const Rule> rules) {
     const std::size_t countOfEarlier = std::min(earlier.size(), mostMatched);
     const std::size_t countOfNow = std::min(now.size(), mostMatched);

@@ -1,4 +1,4 @@
-// Which profiles and macros of two trees are the same ones.
+// Matches the profiles and macros of two trees.
 #pragma once
 
 #include <cstddef>
@@ -11,23 +11,23 @@
 
 namespace quorvi {
 
-/// Items beyond this one are not matched: the panel holds 5 profiles and 12 macros.
+/// The most items that are matched; the panel has at most 5 profiles and 12 macros.
 inline constexpr std::size_t mostMatched = 32;
 
 class Matches {
   public:
-    /// For each of the earlier list's items the place of the same one in the list of now.
+    /// For each of the earlier list's items, its place in the present list.
     using Places = std::vector<std::optional<std::size_t>>;
 
     Matches(Places nowOfEarlier, std::size_t countOfNow);
 
-    /// The places in both lists of those that are in both, in the order of now.
+    /// The places in both lists of the items in both, in present order.
     [[nodiscard]] std::vector<std::pair<std::size_t, std::size_t>> pairs() const;
     [[nodiscard]] std::vector<std::size_t> onlyEarlier() const;
     [[nodiscard]] std::vector<std::size_t> onlyNow() const;
-    /// Whether the two places hold the same item. Any numbers may be asked for.
+    /// Whether the two places hold the same item. Accepts any numbers.
     [[nodiscard]] bool areSame(std::int64_t earlier, std::int64_t now) const;
-    /// Whether those that are in both have changed places among themselves.
+    /// Whether the items in both lists have a different order.
     [[nodiscard]] bool areReordered() const;
 
   private:
@@ -35,12 +35,12 @@ class Matches {
     Places m_earlierOfNow;
 };
 
-/// Of lists as whatCounts() has made them. A profile is known again by its name, or without that by what it
-/// is for: a renamed one that has kept its functions.
+/// Matches lists made by whatCounts(). A profile matches by its name, else by its functions, for a renamed
+/// one.
 [[nodiscard]] Matches matchedProfiles(const plist::Array& earlier, const plist::Array& now);
 
-/// A macro is known again by its identifier when it has kept its name or its steps too: the identifier of a
-/// removed one is soon given to another. Or by its name alone.
+/// A macro matches by its identifier together with its name or its steps, because identifiers of removed
+/// macros are soon reused; else by its name alone.
 [[nodiscard]] Matches matchedMacros(const plist::Array& earlier, const plist::Array& now);
 
 } // namespace quorvi

@@ -21,7 +21,7 @@ using plist::Array;
 using plist::Dictionary;
 using What = LeftOut::What;
 
-/// A parameter that cleanUpSettings() takes for one that leads nowhere, of a macro as of a profile.
+/// A parameter that cleanUpSettings() treats as missing, for macros and profiles.
 constexpr std::int32_t kNowhere = -1;
 
 /// Calls the function with each input of the profile that does anything, and its assignment.
@@ -45,12 +45,12 @@ std::optional<What> faultOfProfile(const Dictionary& profile) {
     return KyvarValidateProfile(profile) ? std::nullopt : std::optional(What::damagedProfile);
 }
 
-/// One of the backup's lists: what of it is taken, in its order.
+/// The restored items of one of the backup's lists, in order.
 struct Taken {
     Array items = Array::create();
-    std::vector<std::size_t> numbers; ///< of each in the backup, from 1
+    std::vector<std::size_t> numbers; ///< the number of each in the backup, from 1
 
-    /// The number that what had this one has now; nothing when it was left out or never was.
+    /// The new number for this one; std::nullopt if it was left out or never existed.
     [[nodiscard]] std::optional<std::int32_t> newNumber(std::int32_t number) const {
         for (std::size_t index = 0; index < numbers.size(); ++index)
             if (static_cast<std::int64_t>(numbers[index]) == number)
@@ -77,7 +77,7 @@ Taken taken(const Array& list, int most, What beyond, FaultOf&& faultOf, std::ve
     return result;
 }
 
-/// Has the parameter lead to the target, or nowhere, which is told.
+/// Sets the parameter to the target, or clears it and adds that to the list.
 void redirect(const Dictionary& assignment, std::optional<std::int32_t> target, LeftOut otherwise,
     std::vector<LeftOut>& leftOut) {
     if (!target)
@@ -86,7 +86,7 @@ void redirect(const Dictionary& assignment, std::optional<std::int32_t> target, 
         assignment.set(keys::param1, target.value_or(kNowhere));
 }
 
-/// Has the inputs of the profile, which has that number in the backup, lead to where the two functions say.
+/// Redirects the inputs of the profile, which has that number in the backup, with the two functions.
 template <typename MacroNow, typename ProfileNow>
 void redirectInputs(const Dictionary& profile, std::size_t number, const MacroNow& macroNow,
     const ProfileNow& profileNow, std::vector<LeftOut>& leftOut) {
@@ -115,7 +115,7 @@ void followCurrentProfile(const Dictionary& tree, const Taken& profiles) {
         settings.set(keys::profileId, now);
 }
 
-/// Whether the two do the same.
+/// Whether the two are equivalent.
 bool isSameMacro(const Dictionary& a, const Dictionary& b) {
     const auto withoutNames = [](const Dictionary& macro) {
         const auto content = Dictionary::create();
@@ -127,7 +127,7 @@ bool isSameMacro(const Dictionary& a, const Dictionary& b) {
     return withoutNames(a) == withoutNames(b);
 }
 
-/// The identifier of a macro of the list that does what the other one does, by its name if there is one.
+/// The identifier of an equivalent macro in the list, preferably with the same name.
 std::optional<std::int32_t> identifierOfSame(const Dictionary& macro, const Array& macros) {
     std::optional<std::int32_t> found;
     for (std::size_t index = 0; index < macros.size(); ++index) {
@@ -144,7 +144,7 @@ std::optional<std::int32_t> identifierOfSame(const Dictionary& macro, const Arra
     return found;
 }
 
-/// Adds the macro unless there is one like it. Gives the identifier that runs it, or why there is none.
+/// Adds the macro unless an equivalent one exists. Returns its identifier, or why there is none.
 std::pair<std::optional<std::int32_t>, What> addMacro(
     const Dictionary& macro, const Array& macros, const std::u16string& defaultName) {
     if (const auto fault = faultOfMacro(macro))
@@ -160,7 +160,7 @@ std::pair<std::optional<std::int32_t>, What> addMacro(
     return {macroId, {}};
 }
 
-/// The identifiers of macros in a backup, and those that run the same ones in the tree.
+/// The identifiers of macros in a backup, and the corresponding ones in the tree.
 struct Identifiers {
     std::vector<std::pair<std::int32_t, std::int32_t>> pairs;
 

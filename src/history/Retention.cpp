@@ -17,7 +17,7 @@ int monthOf(sys_days day) {
     return static_cast<int>(date.year()) * kMonthsOfYear + static_cast<int>(unsigned(date.month()));
 }
 
-/// Decides on copies that come oldest first, so that the first one of a day or a month is met first.
+/// Decides on copies given oldest first, so that the first one of a day or a month comes first.
 class Retention {
   public:
     Retention(const std::vector<SizedCopy>& newestFirst, SystemTime now) : m_today(localDay(now)) {

@@ -1,4 +1,4 @@
-// Which copies stay. Private to this library.
+// Decides which copies to keep. Private to this library.
 #pragma once
 
 #include <chrono>
@@ -17,11 +17,11 @@ struct SizedCopy {
     std::uint64_t bytes = 0; ///< of the file
 };
 
-/// The day that the user's clock and time zone have at that time.
+/// The day at that time in the user's time zone.
 [[nodiscard]] std::chrono::sys_days localDay(SystemTime time);
 
-/// The names of the copies that go, by the rules of History.h. Takes all copies, newest first, and the name
-/// of the one that was just made, which stays whatever the clock says.
+/// The names of the copies to remove, by the rules of History.h. Needs all copies, newest first, and the name
+/// of the one just made, which is always kept.
 [[nodiscard]] std::vector<std::string> copiesToRemove(
     const std::vector<SizedCopy>& newestFirst, const std::string& justMade, SystemTime now);
 

@@ -20,12 +20,12 @@ using plist::Array;
 using plist::Dictionary;
 using plist::Value;
 
-/// What a known value reads as.
+/// Reads a known value.
 using Reading = Value (*)(const Value& value);
 
 struct KnownKey {
     std::string_view key;
-    Reading reading; ///< null for what is left out
+    Reading reading; ///< null for a left-out key
 };
 
 Value wholeNumber(const Value& value) {
@@ -45,7 +45,7 @@ Value acceleration(const Value& value) {
     return double{effectiveAcceleration(static_cast<float>(value.real()))};
 }
 
-/// The known keys as they read, and the others as they are.
+/// The known keys as read, and the others unchanged.
 Value reading(const Dictionary& dictionary, std::span<const KnownKey> known) {
     const auto read = Dictionary::create();
     for (const auto& [key, how] : known)
@@ -64,8 +64,8 @@ Value dictionaryOf(const Value& value) {
 
 constexpr auto kAll = std::numeric_limits<std::size_t>::max();
 
-/// Those of the list's items. What a file holds of one byte may read as a profile of kilobytes, so of
-/// profiles and macros those that are not looked into stay as they are.
+/// The same for a list's items. One byte in a file may read as a profile of kilobytes, so profiles and macros
+/// that are not compared stay unchanged.
 template <const auto& known, std::size_t most = kAll>
 Value listOf(const Value& value) {
     const auto read = Array::create();

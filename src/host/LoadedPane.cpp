@@ -14,8 +14,8 @@ QString infoText(const Bundle& bundle, const char* key, const QString& otherwise
     return text ? QString::fromStdU16String(*text) : otherwise;
 }
 
-/// A process has one major version of Qt, and a plug-in fits only that. A bundle for several kinds of hosts
-/// has plug-ins beside the one that it names: NAME-qt5.so for hosts with Qt 5.
+/// A process has one major version of Qt, and a plug-in fits only that. A bundle for several hosts has
+/// further plug-ins next to the named one: NAME-qt5.so for hosts with Qt 5.
 QString pluginOf(const Bundle& bundle) {
     const QFileInfo named(QString::fromStdString(bundle.executablePath()));
     const QString ours = QStringLiteral("%1/%2-qt%3.%4")

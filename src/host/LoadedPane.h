@@ -1,4 +1,4 @@
-// A preference pane taken from its bundle.
+// A preference pane loaded from its bundle.
 #pragma once
 
 #include <QIcon>
@@ -11,30 +11,30 @@
 
 namespace quorvi {
 
-/// A pane with the plug-in that it comes from. The code stays loaded for the life of the process: a host that
-/// shows the pane again finds the plug-in's process-wide state as it left it.
+/// A pane with its plug-in. The code stays loaded for the life of the process, so the plug-in's process-wide
+/// state survives until a host shows the pane again.
 class LoadedPane {
   public:
-    /// Loads the bundle folder's plug-in for this version of Qt and makes its pane. Nothing, and the reason
-    /// in the error, when the folder is no bundle, holds no plug-in or the plug-in is of another interface.
+    /// Loads the bundle folder's plug-in for this version of Qt and creates its pane. Returns null and sets
+    /// `error` if the folder is not a bundle, has no plug-in, or the plug-in has another interface.
     [[nodiscard]] static std::unique_ptr<LoadedPane> load(const QString& bundlePath, QString& error);
 
     [[nodiscard]] const QString& name() const { return m_name; }
-    /// Read anew each time: asking for the first icon lets Qt look through its plug-ins for pictures.
+    /// Loaded at each call: the first icon makes Qt search its picture plug-ins.
     [[nodiscard]] QIcon icon() const { return QIcon(m_iconFile); }
     [[nodiscard]] QWidget* mainView() const { return m_pane->mainView(); }
 
-    /// Tells the pane that it is shown (the first time also that its view has loaded). Idempotent.
+    /// Notifies the pane that it is shown (the first time also that its view has loaded). Idempotent.
     void select();
-    /// Tells the pane that it is about to be hidden. Idempotent.
+    /// Notifies the pane that it will be hidden. Idempotent.
     void unselect();
     [[nodiscard]] bool opens(const QString& path) const;
-    /// Hands the file to the pane, which has to be selected and to open such files.
+    /// Passes the file to the pane, which must be selected and able to open such files.
     void openFile(const QString& path);
 
   private:
     LoadedPane() = default;
-    /// Null when the pane opens no files.
+    /// Null if the pane does not open files.
     [[nodiscard]] FileOpeningPane* opener() const;
 
     QString m_name;

@@ -16,12 +16,12 @@ PanePage::PanePage(std::unique_ptr<LoadedPane> pane, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_pane->mainView());
-    // The host leaves a margin around its pages itself.
+    // The host adds its own margin around pages.
     if (QLayout* inner = m_pane->mainView()->layout())
         inner->setContentsMargins(0, 0, 0, 0);
     m_settling.setSingleShot(true);
     connect(&m_settling, &QTimer::timeout, this, &PanePage::settle);
-    // An application that is asked to end may leave its windows where they are.
+    // An application that is told to quit may leave its windows open.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &PanePage::unselect);
 }
 
@@ -31,7 +31,7 @@ PanePage::~PanePage() {
     m_pane->mainView()->setParent(nullptr);
 }
 
-// While it changes pages a host may hide and show one several times. What counts is how it is left.
+// While changing pages a host may hide and show one several times. Only the final state counts.
 void PanePage::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     m_settling.start();
@@ -53,7 +53,7 @@ void PanePage::settle() {
 void PanePage::select() {
     if (gSelectedPage == this)
         return;
-    // The host may keep the page that it has left for a while.
+    // The host may keep the previous page for a while.
     if (gSelectedPage)
         gSelectedPage->unselect();
     gSelectedPage = this;

@@ -1,4 +1,4 @@
-// A pane as one page of a settings application that is not ours.
+// A pane as a page of an external settings application.
 #pragma once
 
 #include <QTimer>
@@ -10,9 +10,9 @@
 
 namespace quorvi {
 
-/// Shows the pane and tells it when the page comes and goes, however the host does that: pages are hidden or
-/// destroyed, shown twice in a row, or left as they are when the application ends. At most one page of the
-/// process is shown at a time; showing another one hides it.
+/// Shows the pane and notifies it when the page is shown and hidden, however the host does that: pages may be
+/// hidden or destroyed, shown twice in a row, or stay open when the application ends. At most one page of the
+/// process is shown at a time; showing another hides it.
 class PanePage : public QWidget {
   public:
     explicit PanePage(std::unique_ptr<LoadedPane> pane, QWidget* parent = nullptr);

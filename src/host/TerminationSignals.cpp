@@ -15,7 +15,7 @@ namespace {
 
 std::array<int, 2> gSignalPipe{-1, -1};
 
-/// All that a signal handler may do: leave a byte for the event loop.
+/// A signal handler may do no more than write a byte for the event loop.
 extern "C" void leaveByte(int) {
     const char byte = 1;
     [[maybe_unused]] const auto written = write(gSignalPipe[1], &byte, 1);

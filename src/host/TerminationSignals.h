@@ -1,10 +1,10 @@
-// Ends the application in good order when the session or a terminal asks for it.
+// Ends the application cleanly when the session or a terminal requests it.
 #pragma once
 
 namespace quorvi {
 
-/// From now on SIGINT, SIGTERM and SIGHUP leave the event loop as closing the last window does, so that the
-/// shown pane is told before the process ends. To be called once, with the application object in place.
+/// From now on SIGINT, SIGTERM and SIGHUP leave the event loop like closing the last window, so that the
+/// shown pane is notified before the process ends. Call this once, after creating the application object.
 void quitOnTerminationSignals();
 
 } // namespace quorvi

@@ -38,7 +38,7 @@ class Foreground final : public MouseListener, public LoopOwner {
             return fail(request.device, "it is not a mouse");
         else if (isOwnDevice(node->name()))
             return fail(request.device, "it is a device of this program's");
-        else if (!node->grab()) // let go of again at once; the mouse itself waits until nothing is down
+        else if (!node->grab()) // released again at once; the mouse itself is grabbed when all keys are up
             return fail(request.device, "another program has it for itself");
         if (!m_keyboard.make(reason) || !m_mouse.attach({request.device}, reason))
             return fail(request.device, reason);

@@ -1,4 +1,4 @@
-// Driving one device by hand, without a bus: for trying and for tests.
+// Drives one device without a bus, for manual trials and tests.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,8 @@ struct ForegroundRequest {
     std::uint16_t sensorDpi = 1600;
 };
 
-/// Drives the device until SIGTERM or SIGINT; then 0. When the device or the record cannot be had, or the
-/// device goes away, one line on standard error, and 1.
+/// Drives the device until SIGTERM or SIGINT, then returns 0. If the device or the record cannot be opened,
+/// or the device is removed, prints one line on standard error and returns 1.
 [[nodiscard]] int runInForeground(const ForegroundRequest& request);
 
 } // namespace quorvi::inputd

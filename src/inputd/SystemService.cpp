@@ -20,7 +20,7 @@ int fail(const char* reason) {
     return 1;
 }
 
-/// systemd names it; without one, who is allowed is asked again after the next start.
+/// Set by systemd; without it, permissions are asked for again after the next start.
 std::string stateFolder() {
     const char* folder = std::getenv("STATE_DIRECTORY");
     return folder ? folder : "";
@@ -35,7 +35,7 @@ events::BusPtr systemBus(sd_event* loop) {
     return owner;
 }
 
-/// Says when somebody has logged in or out, or another session is in front.
+/// Reports logins, logouts and session switches.
 class LoginMonitor {
   public:
     LoginMonitor(sd_event* loop, std::function<void()> changed) : m_changed(std::move(changed)) {
@@ -137,7 +137,7 @@ class SystemService final : public LoopOwner, public UsedMiceListener {
         m_mice.forgetIf(
             [](const UsedMouse& mouse) { return !mayUse(mouse.owner, activeSession(mouse.seat)); });
         m_sleep.setNeeded(!m_mice.isEmpty());
-        // Log-ins elsewhere are nobody's business.
+        // Ignore logins at other seats.
         if (auto active = activeSession(usualSeat); active != m_active) {
             m_active = std::move(active);
             m_object.tellMiceChanged();

@@ -1,11 +1,10 @@
-// The service as the system runs it.
+// The service on the system bus.
 #pragma once
 
 namespace quorvi::inputd {
 
-/// Serves the system bus until SIGTERM or SIGINT comes; then 0. When there is no bus, when it does not let
-/// the service have its name, or when it goes away, one line on standard error, and 1: whoever started it may
-/// start it again.
+/// Serves the system bus until SIGTERM or SIGINT, then returns 0. If there is no bus, it refuses the name, or
+/// it disconnects, prints one line on standard error and returns 1, so that the service can be restarted.
 [[nodiscard]] int runSystemService();
 
 } // namespace quorvi::inputd

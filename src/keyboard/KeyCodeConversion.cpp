@@ -9,10 +9,9 @@ namespace quorvi {
 
 namespace {
 
-// Indexed by USB usage (HID usage tables, keyboard page). Keys that the Macintosh keyboard lacks take the
+// Indexed by USB usage (HID usage tables, keyboard page). Keys missing on the Macintosh keyboard have the
 // code of the key in their place: Print Screen, Scroll Lock and Pause (0x46 to 0x48) those of F13 to F15, the
-// non-US backslash (0x32) that of the backslash. Left and right modifier keys are one key.
-// clang-format off
+// non-US backslash (0x32) that of the backslash. Left and right modifier keys are one key. clang-format off
 constexpr std::array<std::uint8_t, 256> kVirtualKeys{
     0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x0B, 0x08, 0x02, 0x0E, 0x03, 0x05, 0x04, 0x22, 0x26, 0x28, 0x25, // 0x00
     0x2E, 0x2D, 0x1F, 0x23, 0x0C, 0x0F, 0x01, 0x11, 0x20, 0x09, 0x0D, 0x07, 0x10, 0x06, 0x12, 0x13, // 0x10

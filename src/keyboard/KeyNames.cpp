@@ -31,7 +31,7 @@ struct ModifierName {
     std::u16string_view name;
 };
 
-// In the order in which they are read out.
+// In the order of the names.
 constexpr std::array<ModifierName, 5> kModifierNames{{
     {controlModifier, u"Control"},
     {commandModifier, u"Command"},
@@ -93,8 +93,7 @@ std::u16string_view controlCharacterName(std::uint8_t character) {
     return found == kControlCharacterNames.end() ? u"???" : found->name;
 }
 
-/// The name of a key that has one of its own on the keyboard of a PC, unless a layout has it type something;
-/// empty for any other key.
+/// The PC name of a key, unless the layout makes it type a character; empty for any other key.
 std::u16string_view nameOnPc(std::uint32_t keyCode) {
     if (keyCode == menuKey && GetKeyChar(keyCode) == 0)
         return u"menu";

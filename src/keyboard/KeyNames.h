@@ -1,7 +1,7 @@
 // Names of keys, modifiers and key combinations, as the user reads them: "Command+Shift+page up", "Num+5".
 //
-// Names follow the keyboard layout that was current when GetKeyboardInformation was last called, and pass
-// through its localisation. Both are process-wide and for the main thread alone.
+// Names use the layout that was current at the last call of GetKeyboardInformation, and its localisation.
+// Both are process-wide and for the main thread only.
 #pragma once
 
 #include <cstdint>
@@ -11,35 +11,34 @@
 
 namespace quorvi {
 
-/// Gives the localised form of an English text. Where it has none it gives the text itself, or nothing at
-/// all.
+/// Returns the localised form of an English text; without one, the text itself or an empty text.
 using KeyNameLocalizer = std::function<std::u16string(std::u16string_view key)>;
 
-/// Keeps the localisation (which may be empty: the English names are shown then) and reads what each key
-/// types with Command held. Returns 0, or the error of CompatibleGetKeyboardLayout when there is no layout;
-/// what the keys type is then left as it was.
+/// Stores the localisation (empty for English names) and reads the character of each key with Command held.
+/// Returns 0, or the error of CompatibleGetKeyboardLayout without a layout; the characters then stay
+/// unchanged.
 std::int32_t GetKeyboardInformation(KeyNameLocalizer localizer);
 
-/// The localised form of a text; the text itself when there is no localisation or it has no entry.
+/// The localised form of a text; the text itself if there is no localisation or no entry.
 [[nodiscard]] std::u16string KeyNamesLocStr(std::u16string_view text);
 
-/// The Mac Roman character that the key types with Command held, of whose code the low 7 bits count; 0 when
-/// it types nothing, and before the first GetKeyboardInformation.
+/// The Mac Roman character that the key types with Command held; 0 if there is none, and before the first
+/// GetKeyboardInformation. Only the low 7 bits of the code count.
 [[nodiscard]] std::uint8_t GetKeyChar(std::uint32_t keyCode);
 
-/// The name of a key alone; empty for no key (255), "???" for a key that nothing is known of.
+/// The name of a key alone; empty for no key (255), "???" for an unknown key.
 [[nodiscard]] std::u16string GetKeyName(std::uint32_t keyCode);
 
 /// The names of the modifiers in the modifier word, in the order Control, Command, Option, Shift, Caps Lock,
-/// joined with "+"; behind them "Num" when the key lies on the numeric keypad (65 to 92). May be empty.
+/// joined with "+"; followed by "Num" for a key of the numeric keypad (65 to 92). May be empty.
 [[nodiscard]] std::u16string GetModifiersName(std::uint32_t keyCode, std::uint32_t modifiers);
 
-/// The name of a key with its modifiers. Of the code the low 8 bits count, of the modifiers the low 16. No
-/// key (255) gives the modifiers alone, or "(none)" without any.
+/// The name of a key with its modifiers. Only the low 8 bits of the code and the low 16 of the modifiers
+/// count. For no key (255), the modifiers alone, or "(none)" without any.
 [[nodiscard]] std::u16string GetKeyCombinationName(std::uint32_t keyCode, std::uint32_t modifiers);
 
-/// The same as the window shows it. Two keys of the keyboard of a PC have names of their own there: the menu
-/// key, which types nothing and so is "???" otherwise, and Num Lock, otherwise the keypad's "clear".
+/// The same, as shown in the window. Two keys of a PC keyboard have their own names there: the menu key,
+/// otherwise "???", and Num Lock, otherwise the keypad's "clear".
 [[nodiscard]] std::u16string shownKeyCombination(std::uint32_t keyCode, std::uint32_t modifiers);
 
 } // namespace quorvi

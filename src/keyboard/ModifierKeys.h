@@ -1,4 +1,4 @@
-// Which key each bit of the modifier word stands for.
+// The key for each bit of the modifier word.
 #pragma once
 
 #include <array>
@@ -11,8 +11,8 @@ struct ModifierKey {
     std::uint8_t virtualKey;
 };
 
-/// In the order of the bits, which is the order in which changes of several of them at once count. The last
-/// three are the right-hand keys: events never tell them apart, stored words may.
+/// In bit order, which is also the order for several changes at once. The last three are the right-hand keys:
+/// events never distinguish them, stored words may.
 inline constexpr std::array<ModifierKey, 8> modifierKeys{{
     {0x0100, 0x37}, // Command
     {0x0200, 0x38}, // Shift

@@ -1,4 +1,4 @@
-// What the dead keys of the X keyboard extension type: their accents alone, and the accented letters.
+// The characters of the X keyboard extension's dead keys: their accents alone, and accented letters.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@ namespace quorvi {
 /// Whether the keysym is one of the dead keys (dead_grave to dead_longsolidusoverlay).
 [[nodiscard]] bool isDeadKey(std::uint32_t keysym);
 
-/// The accent by itself, '^' for dead_circumflex; nothing when it has no character of its own.
+/// The accent by itself, '^' for dead_circumflex; std::nullopt if it has no character.
 [[nodiscard]] std::optional<char16_t> spacingAccent(std::uint32_t deadKeysym);
 
-/// What a dead key and the character typed after it make: an accented letter of Latin-1 (and capital y with
-/// diaeresis), or the accent by itself before a space or the same accent. Nothing when they make no single
-/// character.
+/// Combines a dead key and the next character: an accented letter of Latin-1 (and capital y with diaeresis),
+/// or the accent by itself before a space or the same accent. Returns std::nullopt if they do not make a
+/// single character.
 [[nodiscard]] std::optional<char16_t> composeAccent(std::uint32_t deadKeysym, char16_t base);
 
 } // namespace quorvi

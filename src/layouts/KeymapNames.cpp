@@ -16,7 +16,7 @@ constexpr std::string_view kBlanks = " \t\r";
 struct Field {
     std::string KeymapNames::*member;
     const char* environmentVariable;
-    std::string_view assignment; // empty: the file has none
+    std::string_view assignment; // empty: not in the file
 };
 
 constexpr std::array<Field, 5> kFields{{
@@ -27,7 +27,7 @@ constexpr std::array<Field, 5> kFields{{
     {&KeymapNames::options, "XKB_DEFAULT_OPTIONS", "XKBOPTIONS"},
 }};
 
-/// The value behind "NAME=": up to the closing quote, or up to a blank or a comment.
+/// The value after "NAME=", up to the closing quote, or a blank or comment.
 std::string_view unquoted(std::string_view value) {
     if (!value.empty() && (value.front() == '"' || value.front() == '\'')) {
         const char quote = value.front();

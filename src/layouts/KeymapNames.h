@@ -1,4 +1,4 @@
-// The names that a keymap is built from, as the system is configured.
+// The configured names from which a keymap is built.
 #pragma once
 
 #include <functional>
@@ -20,19 +20,19 @@ struct KeymapNames {
 };
 
 /// The names in the text of the console's and display server's configuration, keyboard(5): shell assignments
-/// to XKBMODEL, XKBLAYOUT, XKBVARIANT and XKBOPTIONS, with or without quotes. Other lines are passed over.
+/// to XKBMODEL, XKBLAYOUT, XKBVARIANT and XKBOPTIONS, with or without quotes. Other lines are skipped.
 [[nodiscard]] KeymapNames keymapNamesInText(std::string_view text);
 
-/// The names in XKB_DEFAULT_RULES, _MODEL, _LAYOUT, _VARIANT and _OPTIONS. The function gives the value of an
-/// environment variable, null when it is not set.
+/// The names in XKB_DEFAULT_RULES, _MODEL, _LAYOUT, _VARIANT and _OPTIONS. `variable` returns the value of an
+/// environment variable, or null.
 [[nodiscard]] KeymapNames keymapNamesInEnvironment(const std::function<const char*(const char*)>& variable);
 
-/// The first names, and the second ones for what the first leave open. Layout and variant go together, since
-/// a variant means nothing without its layout; a variant without a layout is dropped.
+/// The first names, with missing ones from the second. Layout and variant stay together, because a variant
+/// depends on its layout; a variant without a layout is dropped.
 [[nodiscard]] KeymapNames mergedKeymapNames(const KeymapNames& first, const KeymapNames& second);
 
-/// The names that this machine is configured with: the environment before /etc/default/keyboard, and the
-/// layout "us" when neither names one.
+/// This machine's configured names: from the environment, then /etc/default/keyboard, and the layout "us" if
+/// neither has one.
 [[nodiscard]] KeymapNames configuredKeymapNames();
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// Which key types which letter in a shortcut.
+// The keys of letters in shortcuts.
 #pragma once
 
 #include <array>
@@ -8,9 +8,9 @@
 
 namespace quorvi {
 
-/// The key of the input layer (evdev) for each letter, a to z, as the layout types it while Command is held:
-/// a layout without Latin letters gives those of the one beside it. 0 for a letter that no key types. Of
-/// several keys the first by position, the keypad's never.
+/// The input layer's key (evdev) for each letter, a to z, while Command is held: for a layout without Latin
+/// letters, those of its companion layout. 0 for a letter without a key. If several keys type it, the first
+/// by position, never a keypad key.
 [[nodiscard]] std::array<std::uint16_t, 26> letterKeysOf(const KeyboardLayout& layout);
 
 } // namespace quorvi

@@ -21,7 +21,7 @@ std::string_view valueOf(const char* variable) {
     return value != nullptr ? value : "";
 }
 
-/// Without the folder of a relative name the connection would fail, and say so on standard error.
+/// A relative name without its folder would fail with a message on standard error.
 bool namesCompositor() {
     const std::string_view name = valueOf("WAYLAND_DISPLAY");
     return name.starts_with('/') || (!name.empty() && !valueOf("XDG_RUNTIME_DIR").empty());
@@ -32,7 +32,7 @@ bool namesCompositor() {
 KeyboardLayoutRef LiveKeyboardLayout::layout() {
     if (m_isCurrent)
         return m_layout;
-    m_isCurrent = true; // before reading, during which the next change may be announced
+    m_isCurrent = true; // before reading, because the next change may arrive during it
     if (KeyboardLayoutRef fresh = read())
         m_layout = std::move(fresh);
     else if (!m_layout)

@@ -1,7 +1,7 @@
-// The keyboard layout in use, and how one hears that it has changed.
+// The keyboard layout in use, and notification of its changes.
 //
-// A display server announces a change in several notices at once; the new layout is only read when it is
-// asked for. All of this is for one thread.
+// A display server sends several notices for one change; the new layout is read only when layout() is called.
+// All of this is for one thread.
 #pragma once
 
 #include <functional>
@@ -17,27 +17,27 @@ class LiveKeyboardLayout {
     LiveKeyboardLayout(const LiveKeyboardLayout&) = delete;
     LiveKeyboardLayout& operator=(const LiveKeyboardLayout&) = delete;
 
-    /// The layout in use. While the server has none to give, the last one that it gave; before the first, the
-    /// one that this machine is configured with. Null when not even that one is installed.
+    /// The layout in use. If the server has none, the last one it had; before the first, the machine's
+    /// configured one. Null if not even that is installed.
     [[nodiscard]] KeyboardLayoutRef layout();
 
-    /// The function is called whenever the layout may have changed, out of process() or of layout(). It must
-    /// not destroy this object.
+    /// The function is called whenever the layout may have changed, from process() or layout(). It must not
+    /// destroy this object.
     void onChange(std::function<void()> function) { m_onChange = std::move(function); }
 
-    /// What to watch for reading; -1 when there is nothing to watch (any more).
+    /// The descriptor to watch for reading; -1 for none.
     [[nodiscard]] virtual int fd() const { return -1; }
 
-    /// Reads what has come, without waiting.
+    /// Reads pending events without waiting.
     virtual void process() {}
 
   protected:
     LiveKeyboardLayout() = default;
 
-    /// Asks the server; null when it has no layout to give.
+    /// Queries the server; null if it has no layout.
     [[nodiscard]] virtual KeyboardLayoutRef read() = 0;
 
-    /// To be called when the server announces a change.
+    /// Call this when the server announces a change.
     void changed();
 
   private:
@@ -46,11 +46,11 @@ class LiveKeyboardLayout {
     std::function<void()> m_onChange;
 };
 
-/// The layout that this machine is configured with, which never changes.
+/// The machine's configured layout, which never changes.
 [[nodiscard]] std::unique_ptr<LiveKeyboardLayout> configuredKeyboardLayout();
 
-/// The layout of the display server that the environment names: the Wayland compositor of WAYLAND_DISPLAY,
-/// else the X11 server of DISPLAY, else the configured one. Never null.
+/// The layout of the environment's display server: the Wayland compositor of WAYLAND_DISPLAY, else the X11
+/// server of DISPLAY, else the configured one. Never null.
 [[nodiscard]] std::unique_ptr<LiveKeyboardLayout> keyboardLayoutOfEnvironment();
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// The keys that type no text and what stands for them, the same under every layout.
+// The keys that type no text, and their characters, which are the same in every layout.
 #pragma once
 
 #include <array>
@@ -40,7 +40,7 @@ inline constexpr std::array<SpecialKey, 21> specialKeys{{
     {0x5A, functionKeyCharacter},
 }};
 
-/// The character of a special key; nothing for a key that the layout decides on.
+/// The character of a special key; std::nullopt for a key that depends on the layout.
 [[nodiscard]] constexpr std::optional<char16_t> specialKeyCharacter(std::uint8_t virtualKey) {
     for (const std::uint8_t functionKey : functionKeys)
         if (functionKey == virtualKey)

@@ -39,7 +39,7 @@ void WaylandRelease::operator()(wl_keyboard* keyboard) const {
 
 bool readWaylandEvents(wl_display& display, Deadline deadline) {
     if (wl_display_prepare_read(&display) != 0)
-        return wl_display_dispatch_pending(&display) > 0; // some have been read before
+        return wl_display_dispatch_pending(&display) > 0; // some were read earlier
     wl_display_flush(&display);
     const Readable readable = waitUntilReadable(wl_display_get_fd(&display), deadline);
     if (readable != Readable::yes) {

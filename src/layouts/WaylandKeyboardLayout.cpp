@@ -7,7 +7,7 @@ namespace quorvi {
 
 namespace {
 
-/// How long a program may wait for a compositor that hangs.
+/// The longest wait for a hanging compositor.
 constexpr std::chrono::milliseconds kPatience{250};
 
 /// From the registry to the seats, from the seats to their keyboards, from the keyboards to the keymaps.
@@ -29,7 +29,7 @@ class OwnWaylandKeyboard final : public LiveKeyboardLayout {
     explicit OwnWaylandKeyboard(WaylandDisplay display)
         : m_display(std::move(display)), m_keyboards(*m_display, [this] { changed(); }) {}
 
-    /// Waits for the first keymap; false when there is none.
+    /// Waits for the first keymap; returns false if there is none.
     [[nodiscard]] bool waitForKeymap() {
         const Deadline deadline = std::chrono::steady_clock::now() + kPatience;
         for (int i = 0; i < kRoundtripsToKeymap && !m_keyboards.haveKeymap(); ++i)
@@ -45,7 +45,7 @@ class OwnWaylandKeyboard final : public LiveKeyboardLayout {
     void process() override {
         while (readWaylandEvents(*m_display, std::chrono::steady_clock::now())) {
         }
-        wl_display_flush(m_display.get()); // what the events have made us ask for
+        wl_display_flush(m_display.get()); // requests made by event handlers
     }
 
   protected:

@@ -12,12 +12,12 @@ namespace quorvi {
 
 namespace {
 
-/// The newest version of a seat whose events are all known here. Nothing in later ones concerns a layout.
+/// The newest seat version with all events handled here. Later ones add nothing for layouts.
 constexpr std::uint32_t kKnownSeatVersion = 5;
 
 } // namespace
 
-// Of the events that have no meaning for the layout each has to be named all the same.
+// Events without effect on the layout still need an entry.
 const wl_registry_listener WaylandKeyboards::registryListener{
     .global =
         [](void* data, wl_registry* registry, std::uint32_t name, const char* interface,
@@ -118,7 +118,7 @@ void WaylandKeyboards::setKeymap(Seat& seat, XkbKeymap keymap) {
 void WaylandKeyboards::setGroup(Seat& seat, std::uint32_t group) {
     const bool changes = m_current != &seat || seat.group != group;
     seat.group = group;
-    // Only the seat that is typed on is told of its modifiers.
+    // The compositor sends modifiers only for the seat in use.
     if (changes && seat.keymap)
         use(seat);
 }

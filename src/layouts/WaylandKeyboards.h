@@ -1,4 +1,4 @@
-// The keyboards of a Wayland compositor, seats and keyboards that come and go included.
+// A Wayland compositor's keyboards, including seats and keyboards that are added and removed.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace quorvi {
 
 class WaylandKeyboards {
   public:
-    /// Asks for the keyboards. The function is called with every change of the layout. The connection must
+    /// Requests the keyboards. The function is called at every change of the layout. The connection must
     /// outlive this object.
     WaylandKeyboards(wl_display& display, std::function<void()> changed);
     ~WaylandKeyboards();
@@ -23,8 +23,8 @@ class WaylandKeyboards {
 
     [[nodiscard]] bool haveKeymap() const { return m_keymap != nullptr; }
 
-    /// The layout of the keyboard that was typed on last, as far as the compositor tells; it stays when that
-    /// keyboard goes. Null before the first keymap.
+    /// The layout of the last used keyboard, as far as the compositor reports it; it stays if that keyboard
+    /// is removed. Null before the first keymap.
     [[nodiscard]] KeyboardLayoutRef layout() const;
 
   private:
@@ -46,14 +46,14 @@ class WaylandKeyboards {
     void setCapabilities(Seat& seat, std::uint32_t capabilities);
     void setKeymap(Seat& seat, XkbKeymap keymap);
     void setGroup(Seat& seat, std::uint32_t group);
-    /// Takes over what the seat has.
+    /// Uses the seat's layout.
     void use(const Seat& seat);
-    /// Lets another seat be the current one; the layout stays until then.
+    /// Forgets the seat; the layout stays until another seat becomes current.
     void forget(const Seat& seat);
 
     std::function<void()> m_changed;
-    std::vector<std::unique_ptr<Seat>> m_seats; ///< each in a place of its own, which its events point to
-    const Seat* m_current = nullptr;            ///< whose layout it is; null when that seat is gone
+    std::vector<std::unique_ptr<Seat>> m_seats; ///< separately allocated, because events point to them
+    const Seat* m_current = nullptr;            ///< the layout's seat; null if it is gone
     XkbKeymap m_keymap;
     std::uint32_t m_group = 0;
     WaylandRegistry m_registry;

@@ -29,7 +29,7 @@ class MappedFile {
     void* m_address;
 };
 
-/// Reading a mapping behind the file's end would be a bus error.
+/// Reading a mapping past the file's end would be a bus error.
 bool holds(int fd, std::uint32_t size) {
     struct stat status {};
     return fstat(fd, &status) == 0 && status.st_size >= off_t{size};

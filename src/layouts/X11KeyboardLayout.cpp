@@ -21,7 +21,7 @@ struct XcbRelease {
 using XcbConnection = std::unique_ptr<xcb_connection_t, XcbRelease>;
 using XcbEvent = std::unique_ptr<xcb_generic_event_t, XcbRelease>;
 
-/// The number of the extension's events; nothing when the server lacks it.
+/// The number of the extension's events; std::nullopt if the server lacks it.
 std::optional<std::uint8_t> setUpExtension(xcb_connection_t* connection) {
     std::uint8_t firstEvent = 0;
     if (xkb_x11_setup_xkb_extension(connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
@@ -30,8 +30,8 @@ std::optional<std::uint8_t> setUpExtension(xcb_connection_t* connection) {
     return firstEvent;
 }
 
-/// Asks to be told of another keyboard, of a new map and of another group. Of the keyboard's state nothing
-/// but the group is asked for, so that no press of a modifier wakes anybody up.
+/// Subscribes to new-keyboard, new-keymap and group-change events. Of the keyboard's state only the group is
+/// selected, so modifier presses do not wake the process.
 void selectChanges(xcb_connection_t* connection) {
     constexpr std::uint16_t maps = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                    XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
@@ -62,7 +62,8 @@ class X11KeyboardLayout final : public LiveKeyboardLayout {
   protected:
     [[nodiscard]] KeyboardLayoutRef read() override {
         KeyboardLayoutRef layout = readKeymap();
-        // What came between the answers has left the socket and would wake nobody up.
+        // Events received between the answers are no longer in the socket, so they would not wake the
+        // process.
         take(xcb_poll_for_queued_event);
         return layout;
     }

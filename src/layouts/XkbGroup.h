@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// The modifiers that choose a key's level.
+/// The modifiers that select a key's level.
 struct XkbLevel {
     bool shift = false;
     bool capsLock = false;
@@ -21,21 +21,21 @@ struct XkbLevel {
 
 class XkbGroup {
   public:
-    /// Takes a reference of its own to the keymap, which must not be null and have the group.
+    /// Takes its own reference to the keymap, which must not be null and must have the group.
     XkbGroup(xkb_keymap* keymap, xkb_layout_index_t group);
 
-    /// The keysym on the key of the input layer (evdev) at the level; XKB_KEY_NoSymbol when there is none.
+    /// The keysym on the key of the input layer (evdev) at the level; XKB_KEY_NoSymbol if there is none.
     [[nodiscard]] xkb_keysym_t symbol(std::uint16_t evdevKey, const XkbLevel& level) const;
 
   private:
-    /// The real modifiers that the key with the keysym sets. Which they are is up to the keymap.
+    /// The real modifiers that the key with the keysym sets. They depend on the keymap.
     [[nodiscard]] xkb_mod_mask_t modifiersOfKey(xkb_keysym_t keysym) const;
     [[nodiscard]] xkb_mod_mask_t modifiersOfName(const char* name) const;
     void setModifiers(xkb_mod_mask_t held, xkb_mod_mask_t locked) const;
 
     XkbKeymap m_keymap;
     xkb_layout_index_t m_group;
-    XkbState m_state; // set anew for every question
+    XkbState m_state; // set for each query
     xkb_mod_mask_t m_shift;
     xkb_mod_mask_t m_capsLock;
     xkb_mod_mask_t m_levelThree;

@@ -3,8 +3,7 @@
 namespace quorvi {
 
 XkbContext newXkbContext() {
-    // The names are complete when a keymap is asked for, and what is wrong with them is not the user's to
-    // read.
+    // Names are complete when a keymap is requested, and errors in them are not meant for the user.
     XkbContext context(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
     if (context)
         xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);

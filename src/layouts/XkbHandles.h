@@ -17,8 +17,7 @@ using XkbContext = std::unique_ptr<xkb_context, XkbRelease>;
 using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 using XkbState = std::unique_ptr<xkb_state, XkbRelease>;
 
-/// A context that takes no names from the environment, and keeps what is wrong with a keymap to itself; null
-/// when there is no memory.
+/// A context that ignores the environment's names and prints no errors about keymaps; null if out of memory.
 [[nodiscard]] XkbContext newXkbContext();
 
 } // namespace quorvi

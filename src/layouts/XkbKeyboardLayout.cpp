@@ -25,14 +25,14 @@ bool holds(std::uint8_t modifiers, std::uint16_t modifier) {
     return (modifiers & modifierByte(modifier)) != 0;
 }
 
-/// The control character of a letter or of @ [ \ ] ^ _; any other character as it is.
+/// The control character of a letter or of @ [ \ ] ^ _; any other character unchanged.
 char16_t withControl(char16_t character) {
     const bool hasControlCharacter =
         (character >= u'@' && character <= u'_') || (character >= u'a' && character <= u'z');
     return hasControlCharacter ? static_cast<char16_t>(character & 0x1F) : character;
 }
 
-/// The character, or what it makes with the dead key before it.
+/// The character, combined with a preceding dead key.
 KeyTranslation behindDeadKey(char16_t character, std::uint32_t& deadKeyState) {
     const std::uint32_t deadKey = std::exchange(deadKeyState, 0);
     if (deadKey == 0)
@@ -53,7 +53,7 @@ class XkbKeyboardLayout final : public KeyboardLayout {
     [[nodiscard]] xkb_keysym_t symbol(std::uint8_t keyCode, std::uint8_t modifiers) const;
 
     XkbGroup m_typing;
-    std::optional<XkbGroup> m_shortcuts; ///< for Command, where the typing group has no Latin letters
+    std::optional<XkbGroup> m_shortcuts; ///< for Command, if the typing group has no Latin letters
 };
 
 xkb_keysym_t XkbKeyboardLayout::symbol(std::uint8_t keyCode, std::uint8_t modifiers) const {
@@ -62,7 +62,7 @@ xkb_keysym_t XkbKeyboardLayout::symbol(std::uint8_t keyCode, std::uint8_t modifi
         return XKB_KEY_NoSymbol;
     XkbLevel level;
     if (isKeypadKey(keyCode))
-        level.numLock = true; // and nothing else, since Shift would turn the digits off again
+        level.numLock = true; // and no other, because Shift would turn the digits off again
     else
         level = {.shift = holds(modifiers, shiftModifier),
             .capsLock = holds(modifiers, capsLockModifier),
@@ -103,7 +103,7 @@ XkbKeymap keymapFromNames(const KeymapNames& names) {
 
 const KeymapNames kUsNames{.rules = {}, .model = {}, .layout = "us", .variant = {}, .options = {}};
 
-/// Where shortcuts are read when the group types no Latin letters; nothing when it does.
+/// The group for shortcuts if this group has no Latin letters; std::nullopt if it has them.
 std::optional<XkbGroup> groupForShortcuts(xkb_keymap* keymap, xkb_layout_index_t group) {
     if (hasLatinLetters(keymap, group))
         return std::nullopt;

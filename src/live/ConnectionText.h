@@ -1,4 +1,4 @@
-// What stands beside the title while a mouse is there.
+// The text below the title while a mouse is connected.
 #pragma once
 
 #include <QString>
@@ -8,11 +8,11 @@
 
 namespace quorvi {
 
-/// A mouse in use is plugged in.
+/// Whether a mouse in use is plugged in.
 [[nodiscard]] bool anyMouseIsThere(const HelperNews& helper);
 
-/// The names of the mice in use; that it is the demonstration mouse, where another could be chosen; else that
-/// a mouse is connected.
+/// Names the mice in use, or the demonstration mouse if another could be chosen; else says that a mouse is
+/// connected.
 [[nodiscard]] QString connectionTextOf(const HelperNews& helper, const PanelText& text);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// What the helper tells while the panel is shown, and where the window shows it.
+// Shows the helper's reports in the window while the panel is visible.
 #pragma once
 
 #include <QObject>
@@ -16,21 +16,21 @@ namespace quorvi {
 
 class MouseSetUp;
 
-/// Nothing here waits for the helper. One that does not know the interfaces has nothing of it shown.
+/// Never waits for the helper. For a helper without these interfaces, shows nothing.
 class LiveHelper final : public QObject, HelperNewsListener {
     Q_OBJECT
 
   public:
-    /// What it is given of the panel, which must outlive it; the view itself may go before.
+    /// The parts of the panel that it uses, which must outlive it, except the view.
     struct Panel {
         QWidget& view;
         Ui::KyvarQuorviPane& views;
         QDialog& setUpPanel;
         Ui::SetUpPanel& setUpViews;
         PanelText text;
-        /// The name of the profile of that number, from 1, as it is shown; empty when there is none.
+        /// Returns the displayed name of the profile with that number, from 1; empty if there is none.
         std::function<QString(std::uint32_t number)> profileName;
-        /// Runs a sheet on the panel's window until it is closed. The panel may not outlive it.
+        /// Runs a sheet on the panel's window until it is closed. The panel may be destroyed meanwhile.
         std::function<void(QDialog& sheet)> runSheet;
     };
 
@@ -39,24 +39,24 @@ class LiveHelper final : public QObject, HelperNewsListener {
     LiveHelper(const LiveHelper&) = delete;
     LiveHelper& operator=(const LiveHelper&) = delete;
 
-    /// Follows that helper from now on, nobody for {0, 0}. Does nothing for the one that is followed already.
+    /// Follows that helper from now on, none for {0, 0}. Does nothing if it is already followed.
     void follow(const EventBus& bus, const ProcessSerialNumber& helper);
     void stop();
 
     [[nodiscard]] const HelperNews& state() const;
-    /// What stands beside the title while a mouse is there.
+    /// The text below the title while a mouse is connected.
     [[nodiscard]] QString connectionText() const;
-    /// Which profile runs and why; empty when that is not known.
+    /// The running profile and the reason; empty if unknown.
     [[nodiscard]] QString runningText() const;
-    /// Shows what the helper has told, with the names that profiles have now.
+    /// Shows the helper's last report, with the present names of profiles.
     void show();
 
   signals:
-    /// The helper has told something else than before, and it is shown.
+    /// The helper has reported a change, and it is shown.
     void changed();
-    /// The mouse runs another profile or stage than before.
+    /// The mouse's running profile or stage has changed.
     void runningChanged();
-    /// What the user has chosen was not done; the text says so in their language.
+    /// A choice of the user's failed; the text says so in their language.
     void failed(const QString& text);
 
   private:
@@ -71,10 +71,10 @@ class LiveHelper final : public QObject, HelperNewsListener {
 
     Panel m_panel;
     QPointer<QWidget> m_view;
-    ProcessSerialNumber m_helper; ///< {0, 0} for nobody
+    ProcessSerialNumber m_helper; ///< {0, 0} for none
     std::unique_ptr<HelperFollower> m_follower;
     std::unique_ptr<MouseSetUp> m_setUp;               ///< while its sheet is open
-    std::pair<std::uint32_t, std::uint32_t> m_running; ///< profile and stage, as they were told of last
+    std::pair<std::uint32_t, std::uint32_t> m_running; ///< the last reported profile and stage
     bool m_showScheduled = false;
 };
 

@@ -1,4 +1,4 @@
-// The mice of this computer on the device tab, and what the one in use cannot do.
+// This computer's mice on the device tab, and the limits of the one in use.
 #pragma once
 
 #include "events/HelperNews.h"
@@ -7,16 +7,16 @@
 
 namespace quorvi {
 
-/// Shows the mice that the helper lists, once the system's service for them is installed; nothing otherwise.
+/// Shows the helper's list of mice if the system's service for them is installed; an empty list otherwise.
 void showMice(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text);
 
-/// The mouse is at hand, so that its buttons can be asked for.
+/// Whether the mouse is connected, so that the user can press its buttons.
 [[nodiscard]] bool canBeSetUp(const ListedHelperMouse& mouse);
 
-/// What goes on with the mouse, in a few words; empty for nothing.
+/// The mouse's state in a few words; may be empty.
 [[nodiscard]] QString stateOfMouse(const ListedHelperMouse& mouse, const PanelText& text);
 
-/// Has the Tab key go through the controls of the list, behind the rest of their tab.
+/// Adds the list's controls to the Tab order, after the rest of their tab.
 void orderStopsOfMice(const Ui::KyvarQuorviPane& views);
 
 } // namespace quorvi

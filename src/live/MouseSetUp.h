@@ -1,4 +1,4 @@
-// The sheet in which the user says which button of a mouse is which input, and how many DPI its sensor has.
+// The sheet in which the user assigns a mouse's buttons to inputs, and enters its sensor's DPI.
 #pragma once
 
 #include <QDialog>
@@ -18,9 +18,9 @@ class QKeyEvent;
 
 namespace quorvi {
 
-/// One set-up, from the sheet's opening to its end. The mouse is a plain one meanwhile: its buttons do what
-/// they always do, and are told by the helper. Nothing is kept before "Done". A mouse that goes away is
-/// waited for.
+/// One set-up, from opening to closing the sheet. During it the mouse is a plain one: its buttons have their
+/// normal effect, and the helper reports them. Nothing is stored before "Done". If the mouse is unplugged,
+/// the sheet waits for it.
 class MouseSetUp final : public QObject {
     Q_OBJECT
 
@@ -31,27 +31,27 @@ class MouseSetUp final : public QObject {
         PanelText text;
     };
 
-    /// Fills the sheet for that mouse. Without a follower it waits for one.
+    /// Fills the sheet for that mouse. Without a follower, waits for one.
     MouseSetUp(Sheet sheet, const ListedHelperMouse& mouse);
-    /// The mouse does what the profiles say again.
+    /// Makes the mouse follow its profiles again.
     ~MouseSetUp() override;
 
-    /// By whom the helper is asked from now on; null for nobody, which has to be said before one goes away.
+    /// Sets the connection to the helper; null for none. Call it with null before the follower is destroyed.
     void setFollower(HelperFollower* follower);
-    /// The helper has told something else than before.
+    /// Call this when the helper has reported a change.
     void helperChanged();
-    /// A button of the mouse went down or up, or a key that was waited for.
+    /// Call this when a mouse button, or the watched key, was pressed or released.
     void codeChanged(const std::string& mouse, std::uint16_t code, bool pressed);
 
   protected:
-    /// Sees the keys that no control of the sheet wants.
+    /// Receives the keys that no control of the sheet uses.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     [[nodiscard]] const ListedHelperMouse* listed() const;
     [[nodiscard]] bool isThere() const;
     [[nodiscard]] QString hindrance() const;
-    /// An answer that is dealt with later, unless the helper is another one by then.
+    /// An answer handler that runs later, unless the helper has changed by then.
     [[nodiscard]] HelperFollower::Answer later(std::function<void(const QString& error)> then);
     void begin();
     void end();
@@ -69,14 +69,14 @@ class MouseSetUp final : public QObject {
     void say(const QString& question, const QString& note);
 
     Sheet m_sheet;
-    QPointer<QDialog> m_isOpen;      ///< null when the window has gone, and the sheet with it
-    const ListedHelperMouse m_mouse; ///< as it was at the beginning
+    QPointer<QDialog> m_isOpen;      ///< null if the window is gone, and the sheet with it
+    const ListedHelperMouse m_mouse; ///< as at the beginning
     SetUpSteps m_steps;
     HelperFollower* m_follower = nullptr;
-    int m_followers = 0;     ///< how many there were, to know late answers
-    bool m_hasBegun = false; ///< the helper has been asked to begin, and has not refused
-    bool m_isTaken = false;  ///< another program sets a mouse up
-    int m_unanswered = 0;    ///< of what is to be saved
+    int m_followers = 0;     ///< the number of followers so far, to detect late answers
+    bool m_hasBegun = false; ///< the helper was told to begin, and has not refused
+    bool m_isTaken = false;  ///< another program is setting up a mouse
+    int m_unanswered = 0;    ///< of the values to save
     bool m_hasFailed = false;
 };
 

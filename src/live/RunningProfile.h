@@ -1,4 +1,4 @@
-// Which profile runs now and why, below the list of profiles.
+// The running profile and the reason, below the list of profiles.
 #pragma once
 
 #include <QString>
@@ -9,10 +9,10 @@
 
 namespace quorvi {
 
-/// Which profile runs and why; empty without a profile.
+/// The running profile and the reason; empty without a profile.
 [[nodiscard]] QString runningText(const HelperNews& helper, const QString& profile, const PanelText& text);
 
-/// The profile is the name of the one that the helper says is running; empty for none.
+/// `profile` is the name of the running profile; empty for none.
 void showRunningProfile(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const QString& profile,
     const PanelText& text);
 

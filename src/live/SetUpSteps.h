@@ -1,4 +1,4 @@
-// Which button of a mouse is which input, as its user says by pressing one after the other.
+// Assigns a mouse's buttons to inputs, as the user presses one after the other.
 #pragma once
 
 #include <array>
@@ -9,29 +9,29 @@ namespace quorvi {
 
 class SetUpSteps {
   public:
-    /// Inputs 1 to 7 are asked for, in that order: 8 and 9, the wheel, are what they are.
+    /// Inputs 1 to 7 are asked for in this order; 8 and 9, the wheel, are fixed.
     static constexpr int inputs = 7;
     using Codes = std::array<std::uint16_t, inputs>; ///< EV_KEY, of inputs from 1; 0 for none
 
-    /// Begins anew, with the codes that the inputs have had so far.
+    /// Begins with the inputs' present codes.
     explicit SetUpSteps(const Codes& before) : m_before(before) {}
 
-    /// The input that is asked for now, 0 when all have been.
+    /// The input asked for now; 0 if all are done.
     [[nodiscard]] int asked() const { return m_asked <= inputs ? m_asked : 0; }
-    /// The input that the code was pressed for since the beginning; 0 for none.
+    /// The input for which the code was pressed since the beginning; 0 for none.
     [[nodiscard]] int inputOf(std::uint16_t code) const;
     [[nodiscard]] bool isPressed(int input) const;
 
-    /// Takes the code for the input that is asked for, and goes on to the next. False, and nothing changes,
-    /// when it was pressed for another one, and when none is asked for.
+    /// Assigns the code to the input asked for, and advances to the next. Returns false and changes nothing
+    /// if the code was pressed for another input, or none is asked for.
     [[nodiscard]] bool take(std::uint16_t code);
-    /// Leaves the input as it was, and goes on to the next.
+    /// Leaves the input unchanged, and advances to the next.
     void skip();
     [[nodiscard]] bool canGoBack() const { return m_asked > 1; }
-    /// Asks for the input before once more, as if nothing had been pressed for it.
+    /// Asks for the previous input again, and forgets its code.
     void back();
 
-    /// What comes of it. An input that was left as it was, but whose code was pressed for another, has none.
+    /// The resulting codes. An unchanged input whose code was pressed for another one has none.
     [[nodiscard]] Codes codes() const;
 
   private:

@@ -33,7 +33,7 @@ std::string fileStem(const std::string& applicationPath) {
     return stem;
 }
 
-/// The indices below `count` that no element of the list stands for.
+/// The indices below `count` that are the origin of no element.
 std::vector<std::size_t> leftOutOf(const LoginItems& items, std::size_t count) {
     std::vector<std::size_t> leftOut;
     for (std::size_t i = 0; i < count; ++i)
@@ -127,7 +127,7 @@ Status AutostartLoginItemStore::apply(
         return status;
     if (!changes.empty())
         removeLeftovers(pathOf(changes.front().fileName), m_calls);
-    // Sessions read them, of whatever user the tools run as that list them: a process's mask is no say in it.
+    // Sessions and listing tools of other users read them, so the umask must not apply.
     constexpr ModeOfNew forEverybodyToRead{0644, true};
     for (const auto& change : changes)
         if (!replaceFileAtomically(

@@ -11,17 +11,17 @@
 
 namespace quorvi {
 
-/// The list is the folder's .desktop files that carry X-KyvarQuorvi-Path, in the order of the bytes of their
-/// names. Files of other programs are no elements, so that a name that happens to match never changes or
-/// removes one; neither are folders and what cannot be read.
+/// The list is the folder's .desktop files that carry X-KyvarQuorvi-Path, in the byte order of their names.
+/// Other programs' files do not count as elements, so a name that happens to match never changes or removes
+/// one; nor do folders and unreadable files.
 ///
-/// A changed element keeps its file's name; an appended one takes the first free name made from the
-/// application's. When an element is left out or changed in a write that was switched off by the user
-/// (Hidden, or the desktop's own switch), the element written in that write is switched off too: replacing
-/// the entry of an application that has moved must not start it again behind the user's back.
+/// A changed element keeps its file name; an appended one gets the first free name derived from the
+/// application's. If a write removes or changes an element that the user had turned off (Hidden, or the
+/// desktop's own switch), the element written instead is off too: replacing the entry of a moved application
+/// must not turn it on again.
 class AutostartLoginItemStore final : public LoginItemStore {
   public:
-    /// The executable to run for an application bundle; empty when there is none.
+    /// Returns the executable of an application bundle; empty if there is none.
     using ExecutableOf = std::function<std::string(const std::string& applicationPath)>;
 
     /// `folder` and those above it are created when the first entry is written. `calls` must outlive the
@@ -29,9 +29,9 @@ class AutostartLoginItemStore final : public LoginItemStore {
     AutostartLoginItemStore(
         std::string folder, ExecutableOf executableOf, FileCalls& calls = systemFileCalls());
 
-    /// A missing folder is a list without elements for Add, and resNotFound for Remove.
+    /// A missing folder counts as an empty list for Add, and returns resNotFound for Remove.
     [[nodiscard]] Status read(LoginItemAccess access, LoginItems& items) override;
-    /// Every entry is written before any is removed. An element without an executable is memFullErr.
+    /// Every entry is written before any is removed. Returns memFullErr for an element without an executable.
     [[nodiscard]] Status write(const LoginItems& items) override;
 
   private:

@@ -55,7 +55,7 @@ std::optional<std::string> desktopEntryText(const DesktopEntry& entry, const std
     addLine(text, "Type", "Application");
     addLine(text, "Name", displayName(entry.applicationPath));
     addLine(text, "Exec", execLine(executablePath));
-    // The entry stays in the home folder when the program is removed; sessions then pass it by.
+    // The entry stays in the home folder when the program is removed; sessions then skip it.
     addLine(text, "TryExec", executablePath);
     if (entry.disabled)
         addLine(text, kHiddenKey, truth(true));

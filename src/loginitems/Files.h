@@ -1,4 +1,4 @@
-// The file-system calls that the login-item stores need, with their errors as statuses.
+// File-system calls for the login-item stores, with errors as statuses.
 #pragma once
 
 #include <string>
@@ -8,15 +8,15 @@
 
 namespace quorvi {
 
-/// The status that stands for an errno value; ioErr for one without a code of its own. Never memFullErr.
+/// The status for an errno value; ioErr for one without its own code. Never memFullErr.
 [[nodiscard]] Status statusOfErrno(int error);
 
-/// Creates an empty file where there is nothing; an existing one is left as it is. fnfErr when the path
-/// cannot be reached, else the status of the failed call.
+/// Creates an empty file if none exists. Returns fnfErr if the path cannot be reached, else the status of the
+/// failed call.
 [[nodiscard]] Status ensureFile(const std::string& path, FileCalls& calls);
 
-/// Creates the folder and those above it for their owner alone, as the XDG base directories ask for. An
-/// existing folder is left as it is.
+/// Creates the folder and its missing parents, accessible only to their owner, as the XDG base directories
+/// require. Leaves an existing folder unchanged.
 [[nodiscard]] Status makeFolder(const std::string& path);
 
 [[nodiscard]] Status removeFile(const std::string& path, FileCalls& calls);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMatchLimit = 16;
 
-/// An application as the matching pass looks for it.
+/// An application in the form that the matching pass needs.
 struct Application {
     std::string_view path;
     std::string_view name;
@@ -24,14 +24,14 @@ struct Matches {
     bool anyExact = false;
 };
 
-/// The last component of the path, with the slash that may close it: the search for the slash before it
-/// starts at the last byte but one.
+/// The last component of the path, including a closing slash: the search for the preceding slash starts at
+/// the last byte but one.
 std::string_view applicationName(std::string_view path) {
     const auto slash = path.size() < 2 ? std::string_view::npos : path.rfind('/', path.size() - 2);
     return slash == std::string_view::npos ? path : path.substr(slash + 1);
 }
 
-/// An empty suffix is no text to find, so nothing ends with it: it must not clear the list.
+/// Nothing ends with an empty suffix: it must not clear the list.
 bool endsWith(std::string_view path, std::string_view suffix) {
     return !suffix.empty() && path.ends_with(suffix);
 }

@@ -19,7 +19,7 @@ struct LocaleDeleter {
 };
 using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, LocaleDeleter>;
 
-/// Null where the system has no such locale.
+/// Null if the system has no such locale.
 locale_t unicodeTables() {
     static const Locale tables(::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr));
     return tables.get();
@@ -36,7 +36,7 @@ std::wstring foldedText(std::string_view utf8) {
     std::wstring text;
     for (std::size_t i = 0; i < units.size(); ++i) {
         char32_t c = units[i];
-        if (c >= 0xD800 && c < 0xDC00 && i + 1 < units.size()) // toUtf16 leaves no surrogate alone
+        if (c >= 0xD800 && c < 0xDC00 && i + 1 < units.size()) // toUtf16 yields no lone surrogates
             c = 0x10000 + ((c - 0xD800) << 10) + (units[++i] - 0xDC00U);
         text.push_back(static_cast<wchar_t>(folded(static_cast<wint_t>(c))));
     }

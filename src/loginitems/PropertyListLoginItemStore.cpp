@@ -17,7 +17,7 @@ constexpr std::string_view kListKey = "AutoLaunchedApplicationDictionary"; // an
 constexpr std::string_view kElementPath = "Path";
 constexpr std::string_view kElementHide = "Hide";
 
-/// Every character of the path as it stands, or nothing: a replaced one would make it another path.
+/// The path unchanged, or std::nullopt: a replaced character would make it another path.
 std::optional<std::u16string> sayablePath(const std::string& path) {
     auto text = toUtf16(path);
     if (toXmlUtf8(text) != path)

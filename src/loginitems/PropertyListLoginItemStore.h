@@ -1,4 +1,4 @@
-// The log-in window's own list: the property list "loginWindow.plist" of a Preferences folder.
+// The login window's own list: the property list "loginWindow.plist" of a Preferences folder.
 #pragma once
 
 #include <string>
@@ -14,12 +14,12 @@ namespace quorvi {
 inline constexpr std::string_view kLoginItemsFile = "loginWindow.plist";
 
 /// The list is the array "AutoLaunchedApplicationDictionary" of the file's top-level dictionary, its elements
-/// dictionaries of "Path" (string) and "Hide" (boolean). Every other key of the file and every element that
-/// stays is kept as it is, in its order.
+/// dictionaries of "Path" (string) and "Hide" (boolean). Every other key of the file and every remaining
+/// element is kept unchanged, in order.
 ///
-/// Reading creates a missing file, empty. For Add, a file that is no property list (an empty one included)
-/// is a list without elements, which write() replaces, and so is a dictionary without the list; for Remove
-/// both are resNotFound. A property list of another shape is resNotFound for both, so that it stays.
+/// Reading creates a missing file, empty. For Add, a file that is not a property list (such as an empty one)
+/// and a dictionary without the list count as an empty list, which write() replaces; for Remove both return
+/// resNotFound. A property list of another shape returns resNotFound for both, so that it stays.
 class PropertyListLoginItemStore final : public LoginItemStore {
   public:
     /// `preferencesFolder` is never created. `calls` must outlive the store.

@@ -1,4 +1,4 @@
-// The removals that name a user's list, not a store.
+// The removals from a user's lists instead of a store.
 #include <filesystem>
 
 #include "loginitems/AutostartLoginItemStore.h"
@@ -18,7 +18,7 @@ Status failed(Status status, std::int16_t* removed) {
     return status;
 }
 
-/// Only entries are removed, so no program is looked for.
+/// Only removes entries, so no executable is needed.
 Status removeFromDesktop(const std::string& autostartFolder, std::string_view suffix, std::int16_t& removed) {
     AutostartLoginItemStore store(autostartFolder, [](const std::string&) { return std::string(); });
     return RemoveLoginItem(store, suffix, &removed);
@@ -28,8 +28,8 @@ bool isThere(Status status) {
     return status != resNotFound && status != fnfErr;
 }
 
-/// The user's lists are two: the desktop's, in which the panel registers, and the property list. One that is
-/// not there does not count beside the other, and is not created then.
+/// The user has two lists: the desktop's, in which the panel registers, and the property list. A missing one
+/// is ignored if the other exists, and is not created.
 Status removeFromBoth(const std::string& autostartFolder, const std::string& preferencesFolder,
     std::string_view suffix, std::int16_t* removed) {
     std::int16_t entries = 0;

@@ -10,9 +10,9 @@ namespace quorvi {
 inline constexpr std::array<std::int32_t, 16> delayScale{
     10, 20, 30, 40, 50, 100, 150, 200, 300, 400, 500, 1000, 2000, 3000, 4000, 5000};
 
-/// The delay that stands for a measured interval, in seconds: the first of the scale that is longer than its
-/// whole milliseconds, so that exactly 50 ms give 100; the longest for anything longer. A clock that was set
-/// back, or gives no number, gives the shortest.
+/// The delay for a measured interval in seconds: the first of the scale that is longer than its whole
+/// milliseconds, so exactly 50 ms maps to 100. Longer intervals map to the longest delay, a negative interval
+/// or NaN to the shortest.
 [[nodiscard]] std::int32_t delayOfInterval(double seconds);
 
 } // namespace quorvi

@@ -55,7 +55,7 @@ std::string_view properName(std::uint8_t usage) {
     return {};
 }
 
-/// Whether the name is the other one when its case and blanks do not count.
+/// Whether the names are equal without regard to case and blanks.
 bool isPlainly(std::string_view name, std::string_view plain) {
     std::string plainName;
     for (const char c : name)
@@ -64,7 +64,7 @@ bool isPlainly(std::string_view name, std::string_view plain) {
     return plainName == plain;
 }
 
-/// The number behind "key".
+/// The number after "key".
 std::optional<std::uint8_t> numberedKey(std::string_view name) {
     constexpr std::string_view kWord = "key";
     if (!name.starts_with(kWord))

@@ -9,12 +9,12 @@
 
 namespace quorvi {
 
-/// The name of the key with the USB usage: "A", "Right Shift", "Num 5"; "key 133" for one without a name. No
-/// two keys have the same, and none has a comma in it.
+/// The name of the key with the USB usage: "A", "Right Shift", "Num 5"; "key 133" for a key without a name.
+/// Names are unique and contain no comma.
 [[nodiscard]] std::string nameOfKeyPlace(std::uint8_t usage);
 
 /// The usage of the key with the name, or with another usual name ("control", "pgup", "-"), in lower case and
-/// without blanks; nothing for any other text.
+/// without blanks; std::nullopt for any other text.
 [[nodiscard]] std::optional<std::uint8_t> keyPlaceWithName(std::string_view name);
 
 } // namespace quorvi

@@ -1,8 +1,7 @@
 // The steps of a macro as a text for the clipboard, and such a text as steps: "press Ctrl, 50 ms, press C".
 //
-// The text is in English whatever the user's language is, and names a key by its place on the keyboard of the
-// United States: a step holds a place and no character, and the text may be pasted where another language and
-// another layout are used.
+// The text is always English and names keys by their places on the keyboard of the United States: a step
+// holds a place, not a character, and the text may be pasted under another language and layout.
 #pragma once
 
 #include <cstddef>
@@ -14,13 +13,13 @@
 
 namespace quorvi {
 
-/// The steps with the delays behind them. What is neither a key's nor a mouse button's is left out, and so is
-/// a delay that a mouse cannot keep (above 16,777,215 ms, or negative). Empty when nothing is left.
+/// The steps with their delays. Leaves out steps that are neither a key's nor a mouse button's, and delays
+/// that a mouse cannot keep (above 16,777,215 ms, or negative). Empty if nothing is left.
 [[nodiscard]] std::string textOfSteps(const plist::Array& steps);
 
 enum class StepsTextError : std::uint8_t {
     none,
-    empty,    ///< there is nothing but blanks and commas
+    empty,    ///< only blanks and commas
     tooLong,  ///< longer than kLongestStepsText
     notAStep, ///< a part is neither a step nor a delay, or a delay has no step before it
 };
@@ -31,7 +30,7 @@ inline constexpr std::size_t kLongestStepsText = 16384;
 struct StepsOfText {
     plist::Array steps; ///< new ones; nil with an error
     StepsTextError error = StepsTextError::none;
-    std::u16string part; ///< with notAStep the part, as it stands in the text but for blanks around it
+    std::u16string part; ///< with notAStep the part of the text, without blanks around it
 };
 
 /// Reads what textOfSteps() writes, and what people write: parts are separated by commas or line breaks; case

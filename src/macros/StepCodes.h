@@ -19,7 +19,7 @@ inline constexpr std::uint32_t button5Down = 144; ///< forward
 /// The codes of button presses, in the order of the buttons, which count from 1.
 inline constexpr std::array buttonsDown{button1Down, button2Down, button3Down, button4Down, button5Down};
 
-/// A code is a mouse button's.
+/// Whether the code is a mouse button's.
 [[nodiscard]] constexpr bool isButton(std::uint32_t code) {
     return code >= buttonsUp && code <= button5Down;
 }
@@ -28,15 +28,14 @@ inline constexpr std::array buttonsDown{button1Down, button2Down, button3Down, b
 
 namespace quorvi {
 
-/// What ends the movement that a step begins, or began the one that it ends: the code of the release for a
-/// press, and of the press for a release, which for buttons is the left one's. isDown, when given, becomes
-/// whether the code is a press. Any code that recordings do not write counts as a press, with the release of
-/// a key (0) as its partner.
+/// The code of the release for a press, and of the press for a release (for buttons, of the left one). If
+/// isDown is given, it receives whether the code is a press. A code that recordings do not write counts as a
+/// press whose partner is the release of a key (0).
 std::uint32_t matchingCommand(std::uint32_t code, bool* isDown);
 
-/// The step that a mouse event of a table is recorded as. The type is one of those that a table tells its
-/// delegate of (1 to 4, 25 and 26); the number is the button's where the type does not say which it is: 2
-/// middle, 3 back, 4 forward. Nothing for an event that is not recorded.
+/// The code that a table's mouse event is recorded as. The type is one that a table reports to its delegate
+/// (1 to 4, 25 and 26). If the type does not name the button, the number does: 2 middle, 3 back, 4 forward.
+/// std::nullopt for an event that is not recorded.
 [[nodiscard]] std::optional<std::uint32_t> commandOfMouseEvent(std::int32_t type, std::int32_t buttonNumber);
 
 } // namespace quorvi

@@ -7,7 +7,7 @@ namespace quorvi {
 
 namespace {
 
-/// What a step does, without its delay.
+/// A step without its delay.
 struct Movement {
     std::uint32_t code;
     std::int32_t argument;
@@ -26,14 +26,14 @@ bool isPartner(const plist::Dictionary& step, const Movement& wanted) {
     if (!step)
         return false;
     const Movement movement = movementOf(step);
-    // The release of a mouse button does not say which, so the press of any is its partner.
+    // The release of a mouse button does not name it, so the press of any button is its partner.
     const bool codeFits = movement.code == wanted.code ||
                           (wanted.code == stepcodes::button1Down && movement.code > stepcodes::buttonsUp &&
                               movement.code <= stepcodes::button5Down);
     return codeFits && movement.argument == wanted.argument;
 }
 
-/// The first fitting step behind the index, or the last one before it; nil when there is none.
+/// The first fitting step after the index, or the last one before it; nil if there is none.
 plist::Dictionary partnerOf(
     const plist::Array& steps, std::size_t index, bool behind, const Movement& wanted) {
     // Before the first step the index wraps round and is past the end.

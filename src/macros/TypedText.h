@@ -1,11 +1,11 @@
-// What texts that users type, or paste, have in common.
+// Helpers for texts that users type or paste.
 #pragma once
 
 #include <string_view>
 
 namespace quorvi {
 
-/// A blank of any width, a tab or the end of a line.
+/// Whether the character is a blank of any width, a tab or the end of a line.
 [[nodiscard]] inline bool isBlank(char16_t character) {
     return (character >= u'\t' && character <= u'\r') || character == u' ' || character == u'\u00A0' ||
            (character >= u'\u2000' && character <= u'\u200A') || character == u'\u202F' ||
@@ -17,7 +17,7 @@ namespace quorvi {
     return character >= u'0' && character <= u'9';
 }
 
-/// Without the blanks at both ends.
+/// The text without the blanks at both ends.
 [[nodiscard]] inline std::u16string_view trimmed(std::u16string_view text) {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);

@@ -1,5 +1,5 @@
-// Reading the byte code of a macro's steps piece by piece (StepCode.h says what it is), without a tree: for
-// those who play macros as well as for those who make a tree of them.
+// Reading the byte code of a macro's steps piece by piece (described in StepCode.h), without a tree: for
+// playing macros as well as for building a tree.
 #pragma once
 
 #include <cstddef>
@@ -47,14 +47,14 @@ inline constexpr std::uint8_t delay24 = 19;
 }
 } // namespace opcodes
 
-/// A step, or a delay, which has an opcode of its own.
+/// A step, or a delay, which has its own opcode.
 struct CodedStep {
     std::uint8_t opcode = 0;
     std::uint32_t argument = 0; ///< 0 when the opcode has none
 };
 
-/// Takes what stands first in the bytes off them. Nothing, with the bytes as they were, at their end and when
-/// the argument is cut off by it.
+/// Removes the first step or delay from the bytes and returns it. Returns std::nullopt and leaves the bytes
+/// unchanged if they are empty or end within the argument.
 [[nodiscard]] constexpr std::optional<CodedStep> takeCodedStep(std::span<const std::uint8_t>& bytes) {
     if (bytes.empty())
         return std::nullopt;
@@ -67,8 +67,8 @@ struct CodedStep {
     return step;
 }
 
-/// The step bytes of a slot; nothing when the slot holds no macro: an identifier above 69, a name of 0xFF
-/// bytes, or a length outside 1 to 178. A length below 50 gives no bytes.
+/// The step bytes of a slot; std::nullopt if the slot does not hold a macro: an identifier above 69, a name
+/// of 0xFF bytes, or a length outside 1 to 178. A length below 50 returns an empty span.
 [[nodiscard]] constexpr std::optional<std::span<const std::uint8_t>> stepBytesOf(
     const MacroHeader& header, const MacroBody& body) {
     constexpr auto bytesBefore = offsetof(MacroBody, steps);

@@ -1,5 +1,5 @@
-// The command codes of button assignments that the panel treats by their meaning. Every other code is stored
-// and carried as it stands; model/Commands.h has them all.
+// The command codes of button assignments that the panel interprets. Every other code is stored and kept
+// unchanged; model/Commands.h lists them all.
 #pragma once
 
 #include <cstdint>

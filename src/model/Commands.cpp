@@ -82,7 +82,7 @@ constexpr std::array kForButtons{
     CommandGroupPlace{CommandGroup::None, false, true},
 };
 
-// On the wheel scrolling is what is wanted first.
+// Scrolling comes first, being the wheel's usual function.
 constexpr std::array kForWheel{
     CommandGroupPlace{CommandGroup::Scrolling, false, false},
     CommandGroupPlace{CommandGroup::Click, false, true},

@@ -1,6 +1,6 @@
-// The functions that an input of the mouse can be given: one table, from which the menus of the buttons tab
-// are made and which quorvictl prints. A code is stored in settings files and in the mouse, so it keeps its
-// meaning for ever. The codes that mean something to the panel itself are named in model/CommandCodes.h.
+// The functions that an input of the mouse can be given: one table, used for the menus of the buttons tab and
+// printed by quorvictl. Codes are stored in settings files and in the mouse, so their meaning never changes.
+// Codes that the panel itself interprets have names in model/CommandCodes.h.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ enum class CommandGroup : std::uint8_t {
 };
 
 /// Which inputs can have a function: the buttons (1 to 7), or the wheel (8 and 9) too. A turn of the wheel
-/// has no release, so what is held down or clicked is for buttons only.
+/// has no release, so functions that are held down or clicked are for buttons only.
 enum class CommandInputs : std::uint8_t { Buttons, ButtonsAndWheel };
 
 struct Command {
@@ -31,15 +31,14 @@ struct Command {
     CommandInputs inputs;
 };
 
-/// How the commands of a group stand in a menu: in a submenu of the group's title, or among the items of the
-/// menu itself.
+/// How a menu shows the commands of a group: in a submenu with the group's title, or among its own items.
 struct CommandGroupPlace {
     CommandGroup group;
     bool inSubmenu;
     bool separatorBefore;
 };
 
-/// All commands, group after group, each in the order in which it is shown.
+/// All commands, group after group, in display order.
 [[nodiscard]] std::span<const Command> commandTable();
 
 /// The group's title: English, a key of the string table where a menu shows it.
@@ -49,7 +48,7 @@ struct CommandGroupPlace {
 [[nodiscard]] std::span<const CommandGroupPlace> buttonMenuGroups();
 [[nodiscard]] std::span<const CommandGroupPlace> wheelMenuGroups();
 
-/// The command with the code; nullptr when there is none.
+/// The command with the code, or nullptr.
 [[nodiscard]] const Command* findCommand(int code);
 
 } // namespace quorvi

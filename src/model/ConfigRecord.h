@@ -1,4 +1,4 @@
-// The configuration of one mouse as the device takes it: one image of 13232 bytes with a fixed layout.
+// The configuration of one mouse in the device's format: one image of 13232 bytes with a fixed layout.
 //
 // It is a wire format: offsets, sizes, byte order and reserved bytes are binding. All fields are bytes and
 // byte arrays, so no compiler pads or swaps anything. Integers of several bytes are big-endian, except the
@@ -21,7 +21,7 @@ using KyvarName = std::array<std::uint8_t, limits::nameBytes>;
     return name[0] == 0xFF && name[1] == 0xFF;
 }
 
-/// Device-wide settings. Nothing says whether X and Y are independent: they are when the codes differ.
+/// Device-wide settings. There is no flag for independent X and Y: they are independent if the codes differ.
 struct SettingsRecord {
     std::uint8_t profileId;   ///< number of the active profile, 1 to 5
     std::uint8_t pollingCode; ///< see PollingRate.h
@@ -30,7 +30,7 @@ struct SettingsRecord {
     std::uint8_t dpiYCode;
 };
 
-/// A profile's name. A slot without a profile has a name of 0xFF bytes only; readers look at the first two.
+/// A profile's name. In a slot without a profile all its bytes are 0xFF; readers check the first two.
 struct ProfileNameEntry {
     std::uint8_t reserved;
     KyvarName name;
@@ -41,7 +41,7 @@ struct StageEntry {
     std::uint8_t dpiYCode;
 };
 
-/// Four zero bytes when the button has no assignment.
+/// Four zero bytes if the button is not assigned.
 struct ButtonAssignment {
     std::uint8_t button; ///< 1 to 9
     std::uint8_t command;

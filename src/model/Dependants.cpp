@@ -32,7 +32,7 @@ bool isOnlyMacroOfItsId(std::size_t index, const Array& macros) {
         if (other != index && macro && macro.integer(keys::macroId) == macroId)
             return false;
     }
-    return macros.dictionary(index) && macroId >= 0; // nothing runs one of a negative identifier
+    return macros.dictionary(index) && macroId >= 0; // no input runs a macro with a negative identifier
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What inputs of the mouse depend on: the macros that they run and the profiles that they switch to.
+// The macros that inputs run and the profiles that they switch to.
 #pragma once
 
 #include <cstddef>
@@ -16,20 +16,21 @@ struct ProfileInput {
     bool operator==(const ProfileInput&) const = default;
 };
 
-/// An input that switches to a profile, whose number comes to mean another one or none.
+/// An input that switches to a profile whose number will refer to another profile or none.
 struct RedirectedInput {
     ProfileInput from;
     std::size_t now = 0;             ///< the position of the profile that it switches to
-    std::optional<std::size_t> then; ///< the same, as positions are now; nothing when there will be none
+    std::optional<std::size_t> then; ///< the profile it will switch to, by present position; std::nullopt for
+                                     ///< none
     bool operator==(const RedirectedInput&) const = default;
 };
 
-/// The inputs of all profiles that run the macro at the index and nothing once it is removed. Another macro
-/// of its identifier would be run in its place.
+/// The inputs of all profiles that will run no macro once the macro at the index is removed: none, if another
+/// macro has its identifier.
 [[nodiscard]] std::vector<ProfileInput> inputsThatRun(const plist::Dictionary& tree, std::size_t macro);
 
-/// The inputs of the other profiles that do not switch to what they switched to, once the profile at the
-/// index is removed: their numbers stay, and the profiles behind it move up.
+/// The inputs of the other profiles that will switch to another profile or none once the profile at the index
+/// is removed: assigned numbers stay, and later profiles move up.
 [[nodiscard]] std::vector<RedirectedInput> inputsRedirectedWithout(
     const plist::Dictionary& tree, std::size_t profile);
 

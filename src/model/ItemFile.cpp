@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Any dictionary that is small enough.
+/// Reads any dictionary within the size limits.
 ReadItem readItemFile(const fs::path& path) {
     const auto contents = plist::readPropertyListFile(path, {limits::itemValues, limits::itemBytes});
     switch (contents.status) {
@@ -42,7 +42,7 @@ std::error_code systemError(int number) {
     return {number, std::generic_category()};
 }
 
-/// Why a file was not replaced, when no system call has said it.
+/// Why a file was not replaced, if no system call set errno.
 int unsaidErrorAt(const fs::path& path) {
     std::error_code error;
     return fs::is_directory(path, error) ? EISDIR : EIO;
@@ -70,7 +70,7 @@ std::error_code writeItemFile(const plist::Dictionary& item, const fs::path& pat
     const auto text = plist::writeXml(item);
     if (!text)
         return systemError(EINVAL);
-    removeLeftovers(path); // an export leaves them wherever the user exports to
+    removeLeftovers(path); // an interrupted export leaves them in the user's folder
     errno = 0;
     if (replaceFileAtomically(path, *text))
         return {};

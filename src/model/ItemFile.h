@@ -1,4 +1,4 @@
-// A single profile or macro as a property-list file of its own, to be carried to another machine or kept.
+// A single profile or macro as its own property-list file, for another machine or as a backup.
 #pragma once
 
 #include <filesystem>
@@ -9,37 +9,37 @@
 
 namespace quorvi {
 
-/// Why a file gives no item.
+/// Why an item cannot be read from a file.
 enum class ItemFault : std::uint8_t {
     none,
-    notReadable, ///< missing, not permitted, or no regular file
-    tooLarge,    ///< above limits::itemBytes, of which none is read then, or limits::itemValues
-    damaged,     ///< no property list, or not a whole one
-    otherItem,   ///< a property list without what is asked for
+    notReadable, ///< missing, not permitted, or not a regular file
+    tooLarge,    ///< above limits::itemBytes (then nothing is read) or limits::itemValues
+    damaged,     ///< not a complete property list
+    otherItem,   ///< a property list without the requested kind of item
     tooManySteps ///< a macro of more than limits::macroSteps
 };
 
 struct ReadItem {
-    plist::Dictionary item; ///< nil when there is a fault
+    plist::Dictionary item; ///< nil if there is a fault
     ItemFault fault = ItemFault::none;
 
     explicit operator bool() const { return static_cast<bool>(item); }
 };
 
-/// The profile in the file. What KyvarValidateProfile accepts is one.
+/// Reads a profile: any dictionary that KyvarValidateProfile accepts.
 [[nodiscard]] ReadItem readProfileFile(const std::filesystem::path& path);
 
-/// The macro in the file: a dictionary with a name and steps, of any type. A macro is not cut to the steps
-/// that there is room for, because the release of a key may be among the others.
+/// Reads a macro: a dictionary with a name and steps, of any type. A macro with too many steps is refused,
+/// not cut, because the release of a key may be among the cut steps.
 [[nodiscard]] ReadItem readMacroFile(const std::filesystem::path& path);
 
-/// Writes the profile or macro as it stands, in XML (see replaceFileAtomically). A link that another user has
-/// put into a folder where everybody may, as /tmp is one, is not followed: permission_denied. No error when
-/// all went well; invalid_argument without an item (nil), and for one that holds what a property list cannot.
+/// Writes the profile or macro unchanged, in XML (see replaceFileAtomically). Returns permission_denied for
+/// another user's link in a folder that everybody may write to, such as /tmp, and invalid_argument for a
+/// missing item (nil) and for one that a property list cannot hold.
 [[nodiscard]] std::error_code writeItemFile(const plist::Dictionary& item, const std::filesystem::path& path);
 
-/// Appends the item under a name that no other item of the array has (see makeNameUnique); everything else
-/// of it stays as it is.
+/// Appends the item under a name that no other item of the array has (see makeNameUnique); the rest of it
+/// stays unchanged.
 void appendItem(const plist::Array& array, const plist::Dictionary& item, const std::u16string& defaultName);
 
 } // namespace quorvi

@@ -36,9 +36,10 @@ inline constexpr std::string_view driver = "driver";
 inline constexpr std::string_view command = "command";
 inline constexpr std::string_view param1 = "param1";
 inline constexpr std::string_view param2 = "param2";
-inline constexpr std::string_view string = "string"; ///< what the menu said, for other programs to show
+inline constexpr std::string_view string = "string"; ///< the menu's text, for other programs to show
 
-// A profile's driver dictionary: the application that it is bound to, and options that the device never sees.
+// A profile's driver dictionary: the application that it is bound to, and options that are not sent to the
+// device.
 inline constexpr std::string_view autoSwitch = "autoswitch";
 inline constexpr std::string_view application = "application";
 inline constexpr std::string_view identifier = "identifier";
@@ -55,8 +56,8 @@ inline constexpr std::string_view delay = "delay";
 inline constexpr std::string_view steps = "steps";
 inline constexpr std::string_view argument = "argument";
 
-/// The key of a button in a profile's "buttons": its number with two digits at least ("01" to "09").
-/// Takes a number of 0 or more.
+/// The key of a button in a profile's "buttons": its number with at least two digits ("01" to "09"). The
+/// number must be 0 or more.
 [[nodiscard]] inline std::string button(int number) {
     auto key = std::to_string(number);
     if (number < 10)

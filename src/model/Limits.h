@@ -13,7 +13,8 @@ inline constexpr std::int32_t minimumVersion = 6;
 
 inline constexpr int profiles = 5;      ///< the device has five slots, numbered from 1
 inline constexpr int buttons = 9;       ///< numbered from 1
-inline constexpr int minimumStages = 2; ///< the editor keeps at least two, so that switching has a meaning
+inline constexpr int minimumStages = 2; ///< the editor keeps at least two, so that there is something to
+                                        ///< switch
 inline constexpr int stages = 5;        ///< sensitivity stages of one profile
 inline constexpr int macros = 12;       ///< macros that the tree holds and that go into the record
 inline constexpr int macroSlots = 70;   ///< macro slots of the record
@@ -25,7 +26,7 @@ inline constexpr std::size_t nameBytes = 2 * nameUnits;
 inline constexpr std::uint32_t longestDelay = 0xFFFFFF; ///< a delay has 24 bits on the device
 /// An imported file; an exported item has some 10 KB and 300 values.
 inline constexpr std::uint64_t itemBytes = std::uint64_t{1} << 20U;
-inline constexpr std::uint64_t itemValues = std::uint64_t{1} << 14U; ///< with the keys
+inline constexpr std::uint64_t itemValues = std::uint64_t{1} << 14U; ///< including keys
 /// The most bytes that KyvarBuffersAreIdentical compares.
 inline constexpr std::size_t comparedBytes = 1024;
 

@@ -1,5 +1,5 @@
-// Searches over the profiles and macros of the tree. All walk from index 0 upward and give the first hit, or
-// -1. Strings are compared exactly, case included; a string argument that is missing is null.
+// Searches over the profiles and macros of the tree. All search from index 0 upward and return the first hit,
+// or -1. Strings are compared exactly, case included; a missing string argument is null.
 #pragma once
 
 #include <cstdint>

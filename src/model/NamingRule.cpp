@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kLongestBase = limits::nameUnits - 3;
 constexpr std::size_t kLongestCounter = 2;
 
-/// The name without a counter at its end: " 2" to " 99", and also " -5". A counter of 0 is none.
+/// The name without a counter at its end: " 2" to " 99", and also " -5". 0 is not a counter.
 std::u16string_view withoutCounter(std::u16string_view name) {
     const auto blank = name.rfind(u' ');
     if (blank == std::u16string_view::npos)

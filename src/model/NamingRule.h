@@ -9,9 +9,9 @@
 
 namespace quorvi {
 
-/// The name to store: the name (when empty, the default name) cut to 20 UTF-16 units, with a counter from 2
-/// on in place of the one it may have had, as long as a dictionary of the array holds exactly that under the
-/// key. The element at ignoringIndex is no clash; -1 ignores none.
+/// The name to store: the name (when empty, the default name) cut to 20 UTF-16 units, with its counter, if
+/// any, replaced by one that counts up from 2 while a dictionary of the array holds exactly this name under
+/// the key. The element at ignoringIndex does not count; -1 ignores none.
 [[nodiscard]] std::u16string makeNameUnique(std::u16string name, const std::u16string& defaultName,
     const plist::Array& array, std::string_view key, std::int32_t ignoringIndex);
 

@@ -6,8 +6,8 @@
 
 namespace quorvi {
 
-/// The index of what has the number. Takes any number, because a file may hold any: what is numbered below 1
-/// gets a negative index, the lowest number of all its own value.
+/// The index for a number. Accepts any number, because a file may hold any: numbers below 1 get a negative
+/// index, and the lowest integer maps to itself.
 [[nodiscard]] constexpr std::int32_t indexOfNumber(std::int32_t number) {
     return number == std::numeric_limits<std::int32_t>::min() ? number : number - 1;
 }

@@ -1,4 +1,4 @@
-// The polling rate in Hz, and the code that the device holds for it: the interval in milliseconds.
+// The polling rate in Hz, and the device's code for it: the interval in milliseconds.
 #pragma once
 
 #include <array>

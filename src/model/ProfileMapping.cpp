@@ -15,7 +15,7 @@ using plist::Array;
 using plist::Dictionary;
 
 void storeStages(const Array& stages, ProfileRecord& record) {
-    // The device counts stages in one byte; 256 of them are none.
+    // The device counts stages in one byte; 256 stages count as none.
     record.stageCount =
         std::min(static_cast<std::uint8_t>(stages.size()), static_cast<std::uint8_t>(limits::stages));
     record.defaultStage = std::min(record.defaultStage, record.stageCount);

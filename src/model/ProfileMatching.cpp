@@ -18,7 +18,7 @@ struct Criterion {
 };
 using Criteria = std::array<Criterion, 4>;
 
-/// 0 when nothing decides or a key contradicts; either way the profile is not chosen.
+/// 0 if no key counts or one differs; either way the profile is not chosen.
 int score(const Dictionary& driver, const Criteria& criteria) {
     int total = 0;
     for (const auto& [key, wanted] : criteria) {

@@ -11,9 +11,9 @@ namespace quorvi {
 /// "identifier", "signature" and "executable" of its "driver" dictionary; the first of several; -1 when none
 /// agrees on any.
 ///
-/// A key decides only when the argument is given (not null) and the profile holds a non-empty string for it;
-/// then they must be equal, or the profile is out. With `automaticOnly`, profiles whose "autoswitch" is not
-/// true are out.
+/// A key counts only if the argument is given (not null) and the profile holds a non-empty string for it; if
+/// they then differ, the profile is excluded. With `automaticOnly`, profiles whose "autoswitch" is not true
+/// are excluded.
 [[nodiscard]] int KyvarMatchProfile(const plist::Array& profiles, bool automaticOnly,
     const std::u16string* application, const std::u16string* identifier, const std::u16string* signature,
     const std::u16string* executable);

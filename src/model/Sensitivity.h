@@ -1,4 +1,4 @@
-// Sensitivity in dots per inch, and the one byte that the device holds for it: dpi = code x 25 + 100.
+// Sensitivity in dots per inch, and the device's one-byte code for it: dpi = code x 25 + 100.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@ inline constexpr std::int32_t dpiPerCode = 25;
 inline constexpr std::int32_t highestDpi = lowestDpi + 255 * dpiPerCode; // 6475
 
 /// The low 8 bits of (dpi - 100) / 25, truncated toward zero: values between two steps round toward 100.
-/// Takes any number; computed wider than 32 bits, because a file may hold one next to the lower limit.
+/// Accepts any number; computed in more than 32 bits, because a file may hold one near the lower limit.
 [[nodiscard]] constexpr std::uint8_t dpiToCode(std::int32_t dpi) {
     return static_cast<std::uint8_t>((std::int64_t{dpi} - lowestDpi) / dpiPerCode);
 }

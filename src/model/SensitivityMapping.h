@@ -9,7 +9,7 @@ namespace quorvi {
 /// The codes of "dpix" and "dpiy".
 [[nodiscard]] StageEntry sensitivityCodes(const plist::Dictionary& dictionary);
 
-/// Adds "dpix", "dpiy" and "independentxy", which is true when the codes differ; none of them is there yet.
+/// Adds "dpix", "dpiy" and "independentxy", which is true when the codes differ; none of them may exist yet.
 void appendSensitivity(const plist::Dictionary& dictionary, StageEntry codes);
 
 } // namespace quorvi

@@ -48,9 +48,8 @@ bool isDangling(const Dictionary& assignment, const Array& profiles, const Array
     }
 }
 
-/// Only the two folders that the platform is expected to have; a missing home folder is not created. 0, or as
-/// errno what keeps a folder from being made, or from being brought to the disk, as the file in it is going
-/// to be.
+/// Creates and syncs only the two folders that the platform is expected to have, not a missing home folder.
+/// Returns 0 or an errno.
 int createPreferencesFolder(const fs::path& file, FileCalls& calls) {
     constexpr mode_t ownerOnly = 0700;
     const auto preferences = file.parent_path();

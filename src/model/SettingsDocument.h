@@ -9,7 +9,7 @@
 
 namespace quorvi {
 
-/// The user's home folder: $HOME, else that of the password database; empty when neither names one.
+/// The user's home folder: $HOME, else the password database's; empty if neither names one.
 [[nodiscard]] std::filesystem::path homeFolder();
 
 /// The user's settings file below the home folder; empty when the home folder is.
@@ -22,25 +22,24 @@ namespace quorvi {
 [[nodiscard]] plist::Dictionary loadSettings(
     const std::filesystem::path& userSettings, const std::filesystem::path& defaults);
 
-/// Turns button assignments to a macro that is not there, or to a profile number that no profile has, into
-/// command 0 alone. Profiles have no identifiers and assignments are not renumbered when profiles move; only
-/// numbers beyond the count are cleared. Does nothing without a tree (nil), and does not save.
+/// Replaces button assignments to a missing macro, or to a number without a profile, with command 0 alone.
+/// Profiles have no identifiers and assignments are not renumbered when profiles move; only numbers beyond
+/// the count are cleared. Does nothing if the tree is nil; does not save.
 void cleanUpSettings(const plist::Dictionary& tree);
 
-/// The user's settings file for a party that loads and saves it again and again; the calls have to outlive
-/// it.
+/// The user's settings file for repeated loading and saving; the calls must outlive it.
 [[nodiscard]] ConfigFile userSettingsFile(
     const std::filesystem::path& home, FileCalls& calls = systemFileCalls());
 [[nodiscard]] plist::Dictionary loadSettings(ConfigFile& userSettings, const std::filesystem::path& defaults);
-/// Whether somebody else has put other valid settings there; see ConfigFile::holdsAnotherTree.
+/// Whether another program has written other valid settings; see ConfigFile::holdsAnotherTree.
 [[nodiscard]] bool othersChangedSettings(ConfigFile& userSettings);
-/// As saveSettings below; see ConfigFile::save for what else it does.
+/// Like saveSettings below; ConfigFile::save describes the rest.
 [[nodiscard]] bool saveSettings(
     const plist::Dictionary& tree, ConfigFile& userSettings, Durability durability = Durability::now);
 
 /// Stores the tree in the user's settings file; see KyvarSaveConfigToFile for the result. The two folders
-/// above the file ("Library/Preferences") are created when missing, closed to others, because nobody else
-/// creates them here, and brought to the disk.
+/// above the file ("Library/Preferences") are created if missing, closed to other users, because no other
+/// program creates them here, and synced.
 [[nodiscard]] bool saveSettings(const plist::Dictionary& tree, const std::filesystem::path& userSettings,
     FileCalls& calls = systemFileCalls(), Durability durability = Durability::now);
 

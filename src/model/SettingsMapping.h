@@ -6,8 +6,8 @@
 
 namespace quorvi {
 
-/// Fills the record, all of it. "independentxy" is not looked at: the two codes say it.
-/// False, with nothing written, when an argument is missing (nil, null).
+/// Fills the record, all of it. "independentxy" is ignored: it follows from the two codes. Returns false, and
+/// writes nothing, if an argument is missing (nil, null).
 [[nodiscard]] bool KyvarSettingsDictToStruct(const plist::Dictionary& settings, SettingsRecord* record);
 
 /// A new dictionary, with "independentxy" added; nil when the record is missing (null).

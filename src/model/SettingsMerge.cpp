@@ -24,7 +24,7 @@ using plist::Array;
 using plist::Dictionary;
 using plist::Value;
 
-/// What a value of the tree is, as far as that makes a difference here.
+/// The kinds of values that are merged differently.
 enum class Role : std::uint8_t {
     tree,
     settings,
@@ -34,7 +34,7 @@ enum class Role : std::uint8_t {
     driver,
     macros,
     lights,
-    whole, ///< one thing, whatever it consists of
+    whole, ///< one thing, whatever its parts
     other,
 };
 
@@ -77,7 +77,7 @@ bool isNumber(const Value& value) {
     return std::holds_alternative<std::int64_t>(value.variant());
 }
 
-/// The three of one place.
+/// The three versions of one value.
 template <typename T>
 struct Three {
     T base;
@@ -85,7 +85,7 @@ struct Three {
     T theirs;
 };
 
-/// The keys of a dictionary that are one thing, if any are.
+/// The keys of a dictionary that together are one thing, if any.
 KeysOfThing keysOfOneThing(Role role, const Three<Dictionary>& of) {
     const auto [base, ours, theirs] = of;
     const auto stagesOf = [](const Dictionary& profile) { return profile.array(keys::stages).size(); };
@@ -113,14 +113,14 @@ std::size_t limitOf(Role list) {
                                                            : 0);
 }
 
-/// Whether what the base held is in the list at the same places, and at most something behind it.
+/// Whether the list starts with the base's items, at most followed by more.
 bool hasSameThings(Role role, const Array& base, const Array& list) {
     for (std::size_t index = 0; index < base.size(); ++index) {
         const Dictionary before = base.dictionary(index);
         const Dictionary now = list.dictionary(index);
         if (role == Role::macros && before.integer(keys::macroId) != now.integer(keys::macroId))
             return false;
-        // Under a new name it may be a renamed one, but not under that of another.
+        // An item with a new name may be a renamed one; an item with another item's name is not.
         const auto hasItsName = [&](const Value& item) {
             return item.dictionary().value(keys::name) == now.value(keys::name);
         };
@@ -132,7 +132,7 @@ bool hasSameThings(Role role, const Array& base, const Array& list) {
     return true;
 }
 
-/// Whether the arrays' items can be joined one by one.
+/// Whether the arrays' items can be merged one by one.
 bool fits(Role role, const Three<Array>& of) {
     const auto [base, ours, theirs] = of;
     const bool isLonger = ours.size() > base.size() || theirs.size() > base.size();
@@ -150,8 +150,8 @@ void giveIdentifier(const Dictionary& tree, std::size_t macro, int macroId) {
     tree.array(keys::macros).dictionary(macro).set(keys::macroId, macroId);
 }
 
-/// Where both have appended a macro under the same identifier, ours gets a free one. Ours and not theirs:
-/// who wrote theirs finds it behind a macro of another identifier, and does not take the two for one.
+/// If both have appended a macro with the same identifier, ours gets a free one. Ours rather than theirs:
+/// their writer then finds its macro behind one with another identifier, and does not confuse the two.
 void keepNewMacrosApart(const Dictionary& base, const Dictionary& ours, const Dictionary& theirs) {
     const Three<Array> of{base.array(keys::macros), ours.array(keys::macros), theirs.array(keys::macros)};
     const auto known = of.base.size();
@@ -228,7 +228,7 @@ class Merger {
         return of.ours;
     }
 
-    /// Nil when there are too many, or they cannot be told apart.
+    /// Nil if there are too many, or they cannot be told apart.
     Array mergeItems(Role role, const Three<Array>& of) {
         const auto [base, ours, theirs] = of;
         const auto merged = Array::create();
@@ -262,7 +262,7 @@ class Merger {
     bool m_conflict = false;
 };
 
-/// Sets the other value unless the two are containers of one kind, which are brought to each other in place.
+/// Sets the other value, or updates in place if both are containers of one kind.
 template <typename Set>
 void bringValueTo(const Value& now, const Value& other, Set&& set);
 
@@ -286,7 +286,7 @@ void bringValueTo(const Value& now, const Value& other, Set&& set) {
         set(other);
 }
 
-/// The order of the keys is what a file shows of it.
+/// A file shows the keys' order.
 void bringKeysInOrder(const Dictionary& tree, const Dictionary& other) {
     const auto& now = tree.entries();
     const auto& wanted = other.entries();

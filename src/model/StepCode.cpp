@@ -20,7 +20,7 @@ struct Opcode {
     std::size_t width; ///< argument bytes
 };
 
-/// The width of a number that has more than 24 bits is 0; so a negative one counts as too large.
+/// 0 for a number of more than 24 bits; a negative one therefore counts as too large.
 std::size_t bytesNeeded(std::uint32_t number) {
     if (number > limits::longestDelay)
         return 0;
@@ -38,7 +38,7 @@ Opcode delayOpcode(std::size_t width) {
     }
 }
 
-/// The form of a command that the size of its argument asks for.
+/// The form of a command for the size of its argument.
 Opcode stepOpcode(std::uint8_t command, std::size_t width) {
     if (opcodes::isDelay(command))
         return delayOpcode(width);
@@ -58,7 +58,7 @@ class StepWriter {
   public:
     explicit StepWriter(std::span<std::uint8_t, limits::stepBytes> bytes) : m_bytes(bytes) {}
 
-    /// False, with nothing of the step written that did not fit, when there is no room.
+    /// Returns false if there is no room; a command or delay that does not fit is not written at all.
     bool write(const Dictionary& step) { return writeCommand(step) && writeDelay(step); }
     [[nodiscard]] std::size_t used() const { return m_used; }
 
@@ -97,7 +97,7 @@ Dictionary decodedStep(const CodedStep& coded) {
     return step;
 }
 
-/// Nothing when there is no step.
+/// Does nothing if there is no step.
 void append(const Array& steps, Dictionary step) {
     if (step)
         steps.append(std::move(step));
@@ -118,8 +118,7 @@ std::size_t encodeSteps(const Array& steps, std::span<std::uint8_t, limits::step
 Array decodeSteps(std::span<const std::uint8_t> bytes) {
     auto steps = Array::create();
     steps.reserve(bytes.size() / kUsualStepBytes);
-    // The step that is not among the others yet, because its delay may follow. A delay before the first step
-    // finds none.
+    // The step not yet appended, because its delay may follow. Nil before the first step.
     Dictionary step;
     while (const auto coded = takeCodedStep(bytes)) {
         if (opcodes::isDelay(coded->opcode))

@@ -1,7 +1,7 @@
 // The byte code of a macro's steps.
 //
-// A step is one opcode byte and 0 to 3 argument bytes, big-endian; the opcode says how many. Delays have
-// opcodes of their own and belong to the step before them. Steps and delays are packed without gaps.
+// A step is one opcode byte and 0 to 3 argument bytes, big-endian; the opcode determines how many. Delays
+// have their own opcodes and belong to the step before them. Steps and delays are packed without gaps.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,7 @@
 namespace quorvi {
 
 /// Writes the steps from the first byte on and returns the number of bytes written. Stops before the first
-/// step or delay that does not fit; bytes behind stay as they are. Elements that are no dictionary are
-/// skipped.
+/// step or delay that does not fit; later bytes stay unchanged. Skips elements that are not dictionaries.
 [[nodiscard]] std::size_t encodeSteps(
     const plist::Array& steps, std::span<std::uint8_t, limits::stepBytes> bytes);
 

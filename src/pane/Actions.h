@@ -1,4 +1,4 @@
-// The views' signals, tied to the selectors of the controller.
+// Connects the views' signals to the controller's selectors.
 #pragma once
 
 class QWidget;
@@ -8,8 +8,8 @@ namespace quorvi {
 class Interface;
 class KyvarQuorviPane;
 
-/// Ties each control and menu item to the action whose name it carries, and what has no action to its
-/// selector. The controller must outlive the views' use.
+/// Connects each control and menu item to the action that it names, and the others to their selectors. The
+/// controller must outlive the views' use.
 void connectActions(KyvarQuorviPane& pane, QWidget& mainView, const Interface& views);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// A file that the user wants opened, until the panel can ask about it.
+// A file that the user wants to open, kept until the panel can ask about it.
 #pragma once
 
 #include <QObject>
@@ -8,22 +8,22 @@
 
 namespace quorvi {
 
-/// Settings are there only after the first list of devices, and while a sheet is up nothing else is asked.
-/// The file waits for both. One that comes meanwhile takes its place.
+/// The file waits for the settings, which arrive with the first device list, and for the end of an open
+/// sheet. A later file replaces it.
 class FileToOpen final : public QObject {
   public:
     struct Panel {
-        std::function<bool()> isFree; ///< the panel is shown, has settings and nobody is at it
+        std::function<bool()> isFree; ///< the panel is visible, has settings and is not in use
         std::function<void(const QString& path)> open; ///< asks about the file
     };
 
     explicit FileToOpen(Panel panel) : m_panel(std::move(panel)) {}
 
-    /// Opens the file as soon as the panel is free, and not before whoever calls is done.
+    /// Opens the file as soon as the panel is free, and not before the caller returns.
     void open(const QString& path);
-    /// The panel may be free now.
+    /// Call this when the panel may be free.
     void tryLater();
-    /// The panel is hidden: nobody waits any more.
+    /// Call this when the panel is hidden: drops the file.
     void forget() { m_path.clear(); }
     [[nodiscard]] bool canOpen() const { return m_panel.isFree(); }
 

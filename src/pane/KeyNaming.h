@@ -1,4 +1,4 @@
-// The names of keys, by the keyboard layout that is in use.
+// The names of keys in the present keyboard layout.
 #pragma once
 
 #include <QObject>
@@ -17,14 +17,14 @@ class KeyNaming final : public QObject {
   public:
     using MakeWatcher = std::function<std::unique_ptr<KeyboardLayoutWatcher>()>;
 
-    /// The text gives the names that are words.
+    /// `text` translates the names that are words.
     explicit KeyNaming(PanelText text);
 
     /// Names the keys now and, with a watcher, whenever the layout changes.
     void start(const MakeWatcher& watchKeyboardLayout);
 
   signals:
-    /// Keys have other names than before.
+    /// The names of keys have changed.
     void namesChanged();
 
   private:

@@ -12,7 +12,7 @@ namespace quorvi {
 
 namespace {
 
-/// The key with its modifiers. Whether an arrow is the keypad's does not matter.
+/// The key with its modifiers. Ignores whether an arrow key is the keypad's.
 QKeySequence keysOf(const QKeyEvent& key) {
     return QKeySequence(int(key.modifiers() & ~Qt::KeypadModifier) | key.key());
 }
@@ -41,7 +41,7 @@ bool MenuKeys::eventFilter(QObject* watched, QEvent* event) {
     if (!item)
         return false;
     key.accept();
-    // An item that cannot be chosen triggers nothing, so that is settled first.
+    // A disabled item does not trigger, so update its state first.
     if (!asks) {
         item->setEnabled(m_isPossible(item));
         item->trigger();

@@ -1,4 +1,4 @@
-// The keys that the items of a table's menu show.
+// The shortcut keys of a table's menu items.
 #pragma once
 
 #include <QObject>
@@ -13,15 +13,14 @@ namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// While the table has the focus and no cell is edited, such a key does what its item does, if that can be
-/// chosen; if not, the key does nothing. Either way it is neither the table's own nor the host's, which would
-/// copy the text of a cell, for instance.
+/// While the table has the focus and no cell is edited, such a key triggers its item if it can be chosen, and
+/// otherwise does nothing. Either way neither the table nor the host receives it; they would copy a cell's
+/// text, for instance.
 class MenuKeys : public QObject {
   public:
     using IsPossible = std::function<bool(QAction* item)>;
 
-    /// For the life of the table, which owns it. Of the menu the items themselves count, not its submenus; it
-    /// must live as long.
+    /// The table owns it. Only the menu's own items count, not its submenus; the menu must outlive it.
     MenuKeys(KyvarQuorviTableView& table, const QMenu& menu, IsPossible isPossible);
 
   protected:

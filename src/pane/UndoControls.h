@@ -1,5 +1,4 @@
-// The two buttons in the window's head that take the user's last action back and do it again, and the keys
-// for the same.
+// The undo and redo buttons at the top of the window, and the keys for both.
 #pragma once
 
 #include <QPointer>
@@ -20,16 +19,16 @@ class KyvarQuorviTableView;
 class UndoControls {
   public:
     struct Views {
-        // These may go before: a slider that goes with its window ends its drag.
+        // These may be destroyed before: a slider destroyed with its window ends its drag.
         QPointer<QPushButton> undo;
         QPointer<QPushButton> redo;
         QTabWidget& tabs;
         KyvarQuorviTableView& steps;
     };
 
-    /// What it needs of others.
+    /// Functions of other parts that it needs.
     struct Others {
-        /// Whether keys and clicks are being captured: then nothing is undone.
+        /// Whether keys and clicks are being captured, during which there is no undo.
         std::function<bool()> isCapturing;
         /// Fills lists and menus from the document.
         std::function<void()> showLists;
@@ -37,11 +36,11 @@ class UndoControls {
 
     UndoControls(const EditorContext& context, const Views& views, Others others);
 
-    /// Greys the buttons, and has them say what they would do, or why they cannot.
+    /// Updates the buttons' states, and their texts about the action or why it is impossible.
     void show();
-    /// Takes the last action back, shows where that is to be seen, and saves. Says so when that cannot be.
+    /// Undoes the last action, shows the changed place, and saves. Shows a message if that is impossible.
     void undo();
-    /// Does it again.
+    /// Redoes the last undone action in the same way.
     void redo();
 
   private:
@@ -51,7 +50,7 @@ class UndoControls {
     [[nodiscard]] static const Way& forth();
     void go(QPushButton* button, const Way& way);
     void showButton(QPushButton* button, UndoOffer& shown, const Way& way);
-    /// Goes to where the change is to be seen.
+    /// Shows the place of the change.
     void lead(const Restored& change);
     [[nodiscard]] QString tipOf(const Way& way, const UndoOffer& offer) const;
     [[nodiscard]] QString filled(const char* pattern, const UndoOffer& offer) const;
@@ -59,7 +58,7 @@ class UndoControls {
     EditorContext m_context;
     Views m_views;
     Others m_others;
-    UndoOffer m_shownUndo; ///< as the interface file has it at first: nothing
+    UndoOffer m_shownUndo; ///< as initially in the interface file: none
     UndoOffer m_shownRedo;
 };
 

@@ -39,7 +39,7 @@ std::vector<std::string> placesFor(const std::vector<std::string>& languages) {
     return places;
 }
 
-/// The texts of a string table's file; none when it is no string table.
+/// The texts of a string table's file; empty if it is not a string table.
 plist::Texts textsOfFile(const std::string& path) {
     plist::Data bytes;
     if (plist::readRegularFile(path, plist::kMaxBytes, bytes) != plist::FileStatus::Ok)
@@ -106,7 +106,7 @@ std::string Bundle::executablePath() const {
 Bundle::StringTable Bundle::readTable(std::string_view table) const {
     StringTable texts;
     for (const auto& resource : resourcesNamed(table, "strings", {}))
-        texts.merge(textsOfFile(resource.path)); // what a better place said stays
+        texts.merge(textsOfFile(resource.path)); // texts of preferred places stay
     return texts;
 }
 

@@ -2,8 +2,8 @@
 // "Contents/Linux".
 //
 // Reading is total. A bundle that does not exist, and one whose Info.plist is missing or broken, has no
-// values. Paths are the file system's bytes, texts are UTF-16 as everywhere in the property-list tree. For
-// one thread at a time.
+// values. Paths are the file system's bytes; texts are UTF-16, as in the property-list tree. For one thread
+// at a time.
 #pragma once
 
 #include <map>
@@ -27,9 +27,9 @@ class Bundle {
     /// The bundle's folder, without a closing slash.
     [[nodiscard]] const std::string& path() const { return m_path; }
 
-    /// The value under a key of the Info.plist; nothing when there is none.
+    /// The value under a key of the Info.plist; Value() if there is none.
     [[nodiscard]] const plist::Value& infoValue(std::string_view key) const { return m_info.value(key); }
-    /// The same for a text; nothing when there is none or it is no text.
+    /// The same for a text; std::nullopt if there is none or it is not a text.
     [[nodiscard]] std::optional<std::u16string> infoString(std::string_view key) const;
 
     /// The folder of the resources, whether it exists or not.
@@ -37,22 +37,21 @@ class Bundle {
 
     /// The file or folder "<name>.<type>" (just "<name>" for an empty type) of the resources, or of that
     /// folder within them. Looked for in the "*.lproj" of each preferred language, then among the resources
-    /// that are not localised, then in "en.lproj". Nothing when there is none.
+    /// that are not localised, then in "en.lproj". Returns std::nullopt if there is none.
     [[nodiscard]] std::optional<std::string> pathForResource(
         std::string_view name, std::string_view type, std::string_view directory = {}) const;
 
-    /// The program "Contents/Linux/<CFBundleExecutable>", whether it exists or not. Without that key, or with
-    /// an empty one, it has the bundle's own name without its extension.
+    /// The program "Contents/Linux/<CFBundleExecutable>", whether it exists or not. If the key is missing or
+    /// empty, the bundle's own name without its extension is used.
     [[nodiscard]] std::string executablePath() const;
 
-    /// The text of the key in the string table "<table>.strings", in the first of the places that
-    /// pathForResource() goes through where the table has the key; the key itself when none has. A table is
-    /// an XML property list of one dictionary, text to text, and is read once.
+    /// The text of the key in the string table "<table>.strings", from the first place searched by
+    /// pathForResource() whose table has the key; the key itself if none has it. A table is an XML property
+    /// list of one dictionary, text to text, and is read once.
     [[nodiscard]] std::u16string localizedString(std::u16string_view key, std::string_view table) const;
 
-    /// The language that localizedString() prefers: that of the first place which has the string table, as
-    /// its folder is named, "pt_BR". "en" for a table that is not localised and when there is none, since
-    /// keys are English.
+    /// The language that localizedString() prefers: the folder's name, such as "pt_BR", of the first place
+    /// with the string table. "en" for a table that is not localised or missing, because keys are English.
     [[nodiscard]] std::string languageOfTable(std::string_view table) const;
 
   private:

@@ -14,7 +14,7 @@ int users = 0;
 /// Qt's connection to the X server, on which it uses the keyboard extension; null on any other platform.
 xcb_connection_t* connectionWithExtension() {
     xcb_connection_t* const connection = qtXcbConnection();
-    // A request of an extension that is missing would close the connection.
+    // A request of a missing extension would close the connection.
     const auto* const extension = connection ? xcb_get_extension_data(connection, &xcb_xkb_id) : nullptr;
     return extension && extension->present ? connection : nullptr;
 }
@@ -27,7 +27,7 @@ void setDetectable(bool detectable) {
     const auto cookie =
         xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, detectable ? flag : 0, 0, 0, 0);
     xcb_discard_reply(connection, cookie.sequence);
-    xcb_flush(connection); // the next key counts
+    xcb_flush(connection); // must take effect before the next key
 }
 
 } // namespace

@@ -1,15 +1,14 @@
-// Repetitions of a held key that can be told from further presses of it.
+// Makes repeats of a held key distinguishable from new presses.
 #pragma once
 
 namespace quorvi {
 
-/// An X server repeats a held key as releases and presses. Qt tells these pairs from the user's own when the
-/// press is already there as it looks at the release; on a busy machine it comes later. While an object of
-/// this class exists, the server tells them apart for Qt's connection: it repeats presses alone, and the
-/// release comes when the key is let go. Qt marks none of them as repeated then, so that whoever asks for
-/// this has to know which keys are held.
+/// An X server repeats a held key as releases and presses. Qt recognises such a pair only if the press has
+/// already arrived when it handles the release; on a busy machine it arrives later. While an object of this
+/// class exists, the server repeats only presses on Qt's connection, and sends the release when the key is
+/// released. Qt then marks none of them as repeats, so the user of this class must track the held keys.
 ///
-/// The first object switches it on and the last one off. Does nothing on other platforms, and on a server
+/// The first object turns it on and the last one off. Does nothing on other platforms, and on a server
 /// without the X keyboard extension.
 class DetectableAutoRepeat {
   public:

@@ -27,7 +27,7 @@ void EventBusNotifier::process() {
     m_scheduled = false;
     m_bus.process();
     watch();
-    if (m_bus.hasPending()) // in the next round of the loop, behind what the user does
+    if (m_bus.hasPending()) // in the loop's next round, after user events
         schedule();
 }
 

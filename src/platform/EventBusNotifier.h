@@ -10,7 +10,7 @@ class EventBus;
 
 class EventBusNotifier : public QObject {
   public:
-    /// The bus has to outlive this object.
+    /// The bus must outlive this object.
     explicit EventBusNotifier(EventBus& bus);
     ~EventBusNotifier() override;
 

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Not each write, but its end; not what is created, but what has taken the name.
+/// Not each write, but the closing; not created files, but files renamed to this name.
 constexpr std::uint32_t kMask = IN_CLOSE_WRITE | IN_MOVED_TO | IN_ONLYDIR;
 
 /// Room for some events with the longest names.
@@ -79,9 +79,9 @@ void FileWatcher::readEvents() {
         for (ssize_t at = 0; at < size;) {
             const auto* event = reinterpret_cast<const inotify_event*>(events.data() + at);
             const std::string name = event->len > 0 ? static_cast<const char*>(event->name) : "";
-            // After too many events at once some are missing: any of those below may have been among them.
+            // After a queue overflow any of the events below may have been lost.
             const bool lost = (event->mask & IN_Q_OVERFLOW) != 0;
-            // A folder may have gone, and its watch with it.
+            // A folder may have been removed with its watch.
             lookAgain = lookAgain || lost || (event->mask & IN_IGNORED) != 0;
             changed = changed || lost || name == m_name || name == m_targetName;
             at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
@@ -89,7 +89,7 @@ void FileWatcher::readEvents() {
     }
     if (lookAgain)
         watch(m_file);
-    changed = changed || (waited && m_watching); // the file may have come with its folder
+    changed = changed || (waited && m_watching); // the file may have appeared with its folder
     if (changed)
         emit fileChanged();
 }

@@ -1,4 +1,4 @@
-// Hears of what other programs write into one file.
+// Watches one file for changes by other programs.
 #pragma once
 
 #include <QObject>
@@ -11,8 +11,8 @@
 namespace quorvi {
 
 /// Watches the folder of a file, and that of its target when it is a symbolic link, for the file being
-/// written and closed or replaced, by anybody, the own process included. Nothing wakes up while nothing
-/// happens there, and nothing is asked again and again: where the kernel gives no watch, nothing is heard.
+/// written and closed or replaced by any process, including this one. Causes no wake-ups while idle and does
+/// not poll: without a kernel watch it reports nothing.
 class FileWatcher : public QObject {
     Q_OBJECT
 
@@ -20,15 +20,15 @@ class FileWatcher : public QObject {
     explicit FileWatcher(QObject* parent = nullptr);
     ~FileWatcher() override;
 
-    /// Watches this file from now on. While its folder is not there, the nearest one above it is watched for
-    /// its coming. Watching what is being watched costs next to nothing.
+    /// Watches this file from now on. While its folder does not exist, watches the nearest existing one above
+    /// it. Cheap if the file is already watched.
     void watch(const std::filesystem::path& file);
     void stop();
-    /// Whether all folders that there are to be watched are.
+    /// Whether all necessary folders are watched.
     [[nodiscard]] bool isWatching() const { return m_watching; }
 
   signals:
-    /// Once for all that happened since the event loop ran last.
+    /// Emitted once for all changes since the event loop last ran.
     void fileChanged();
 
   private:

@@ -27,7 +27,7 @@ void FocusObserver::stop() {
 }
 
 bool FocusObserver::eventFilter(QObject* watched, QEvent* event) {
-    // These two come before the focus leaves the widgets inside, so that an edit can still be called off.
+    // These two arrive before the widgets inside lose the focus, so an edit can still be cancelled.
     if (event->type() == QEvent::WindowActivate)
         emit windowDidBecomeKey();
     else if (event->type() == QEvent::WindowDeactivate)

@@ -1,4 +1,4 @@
-// The three focus notifications that a pane follows while it is shown.
+// The three focus notifications that a visible pane follows.
 #pragma once
 
 #include <QObject>
@@ -7,8 +7,8 @@
 
 namespace quorvi {
 
-/// Tells when the application loses the focus to another one, and when the observed window gains and loses
-/// it. A sheet in front of the window takes the focus from it too.
+/// Emits signals when the application loses the focus to another one, and when the observed window gains or
+/// loses it. A sheet in front of the window also takes the focus from it.
 class FocusObserver : public QObject {
     Q_OBJECT
 

@@ -17,7 +17,7 @@ namespace quorvi {
 namespace {
 
 // Bits of an event's native modifiers: the eight real modifiers of the X keyboard extension. Shift, Lock and
-// Control have their places by definition, the others by the keymaps of xkeyboard-config.
+// Control have fixed bits; the others are those of xkeyboard-config's keymaps.
 constexpr std::uint32_t kShiftState = 0x01;
 constexpr std::uint32_t kLockState = 0x02;
 constexpr std::uint32_t kControlState = 0x04;
@@ -30,7 +30,7 @@ constexpr std::uint32_t scanCodeOf(std::uint32_t evdevKey) {
 }
 
 constexpr std::uint32_t kCapsLockScanCode = scanCodeOf(KEY_CAPSLOCK);
-/// A place of its own for ISO_Level3_Shift, on no keyboard but in every keymap (xkeyboard-config, "LVL3").
+/// A dedicated key for ISO_Level3_Shift, on no keyboard but in every keymap (xkeyboard-config, "LVL3").
 constexpr std::uint32_t kLevelThreeScanCode = 92;
 
 struct FlagOfKey {
@@ -63,14 +63,14 @@ constexpr std::array kFlagsOfStates{
     FlagOfState{kSuperState, commandFlag},
 };
 
-/// The flag of a modifier key that works by being held; 0 for any other key.
+/// The flag of a modifier that must be held; 0 for any other key.
 std::uint32_t flagOfKey(std::uint32_t scanCode) {
     const auto* found = std::ranges::find(kFlagsOfKeys, scanCode, &FlagOfKey::scanCode);
     return found == kFlagsOfKeys.end() ? 0 : found->flag;
 }
 
-/// The bit that the symbol on a modifier key puts into the state of later events; 0 when it is not known to.
-/// The symbol, since a keymap may have put Alt and Super in each other's places.
+/// The bit that a modifier key's symbol sets in the state of later events; 0 if unknown. Uses the symbol
+/// because a keymap may have swapped Alt and Super.
 std::uint32_t stateBitOf(std::uint32_t keysym) {
     switch (keysym) {
     case XKB_KEY_Shift_L:
@@ -94,7 +94,7 @@ std::uint32_t stateBitOf(std::uint32_t keysym) {
     }
 }
 
-/// A Caps Lock key that the keymap has made another key of locks nothing: it is a plain key then.
+/// A Caps Lock key that the keymap has remapped does not lock; it is a plain key then.
 bool isCapsLock(const QKeyEvent& event) {
     return event.nativeScanCode() == kCapsLockScanCode && event.nativeVirtualKey() == XKB_KEY_Caps_Lock;
 }
@@ -132,12 +132,12 @@ ConvertedKey KeyEventConverter::convert(const QKeyEvent& event) {
     const std::uint32_t flag = flagOfKey(scanCode);
     const std::uint32_t ownBit = flag ? stateBitOf(event.nativeVirtualKey()) : 0;
     reconcile(event.nativeModifiers());
-    // Of its own modifier the event itself says more than the state does.
+    // For its own modifier the event is more accurate than the state.
     const std::uint32_t otherState = event.nativeModifiers() & ~ownBit;
 
     ConvertedKey result{{KeyEventType::FlagsChanged}, flags(otherState)};
     if (isCapsLock(event)) {
-        // The press that unlocks takes effect with the release only: from the press on the lock is known.
+        // The unlocking press takes effect only at its release, so derive the lock from the press.
         if (down)
             m_capsLock = (event.nativeModifiers() & kLockState) == 0;
         m_capsLockKeyHeld = down;
@@ -183,7 +183,7 @@ std::uint32_t KeyEventConverter::flags(std::uint32_t state) const {
         result |= key.flag;
         explained |= key.stateBit;
     }
-    // Modifiers that were pressed elsewhere.
+    // Modifiers pressed while another window had the focus.
     for (const FlagOfState& bit : kFlagsOfStates)
         if (state & ~explained & bit.stateBit)
             result |= bit.flag;

@@ -1,9 +1,9 @@
 // Key events in the terms of the panel: key down, key up and change of the modifiers, with a virtual key code
 // and the modifier flags after the event.
 //
-// X11 and Wayland deliver a modifier as a key like any other, and with every event the modifiers as they were
-// before it. Which modifier a key is goes by its place on the keyboard, as the mouse will press it; what its
-// press brings about is the keymap's affair.
+// X11 and Wayland deliver a modifier as a key like any other, and with every event the modifiers before it. A
+// modifier is identified by its place on the keyboard, as the mouse will press it; the keymap decides what
+// the press does.
 #pragma once
 
 #include <cstdint>
@@ -25,39 +25,38 @@ inline constexpr std::uint32_t commandFlag = 0x100000;
 
 struct KeyEvent {
     KeyEventType type;
-    std::uint8_t keyCode = noKey;    ///< virtual key code; of no meaning when the flags changed
-    char16_t character = 0;          ///< first UTF-16 unit of what the key types; 0 when it types nothing
+    std::uint8_t keyCode = noKey;    ///< virtual key code; meaningless for flagsChanged
+    char16_t character = 0;          ///< first UTF-16 unit of the typed text; 0 for none
     std::uint32_t modifierFlags = 0; ///< after the event
 };
 
-/// The modifier word of modifier flags; flags that it has no bit for are dropped.
+/// The modifier word of modifier flags; flags without a bit are dropped.
 [[nodiscard]] std::uint16_t modifierWord(std::uint32_t flags);
 
-/// The key is a modifier or one that the mouse can press: it has a virtual key code, and that a USB usage.
-/// F16 and higher ones have no usage, media keys no code, nor has an event that came from no keyboard (scan
-/// code 0).
+/// Whether the key is a modifier or one that the mouse can press: it has a virtual key code with a USB usage.
+/// F16 and higher have no usage; media keys and events without a keyboard (scan code 0) have no code.
 [[nodiscard]] bool isCapturableKey(const QKeyEvent& event);
 
 struct ConvertedKey {
     KeyEvent event;
-    std::uint32_t flagsBefore = 0; ///< what was held and locked when the event came
+    std::uint32_t flagsBefore = 0; ///< held and locked modifiers before the event
 };
 
-/// Follows which modifier keys are held. It has to see every press and release, but gets over those that it
-/// missed, as soon as the next event says otherwise.
+/// Tracks the held modifier keys. It should see every press and release, but the next event corrects missed
+/// ones.
 class KeyEventConverter {
   public:
-    /// Takes a press or release that is no repetition, of a capturable key.
+    /// Converts a press or release of a capturable key that is not a repeat.
     [[nodiscard]] ConvertedKey convert(const QKeyEvent& event);
 
-    /// The keyboard went elsewhere, and the releases with it.
+    /// Call this when the keyboard focus moved away, with later releases.
     void forgetHeldKeys();
 
   private:
     struct HeldKey {
         std::uint32_t scanCode;
         std::uint32_t flag;
-        std::uint32_t stateBit; ///< that events have while it is held; 0 when that is not known
+        std::uint32_t stateBit; ///< set in events while the key is held; 0 if unknown
     };
 
     void reconcile(std::uint32_t state);

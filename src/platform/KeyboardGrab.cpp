@@ -9,14 +9,14 @@ namespace quorvi {
 
 namespace {
 
-/// Other platforms cannot, and say so on the standard error output each time that they are asked.
+/// Other platforms cannot, and print that on standard error at each attempt.
 bool canGrab() {
     return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
-/// A grab comes and goes with focus events of its own, which say where keys go and not where the focus is. Qt
-/// takes them for changes of the focus: a grab that is asked for just when the user turns to another window
-/// would make it believe that the focus had come back, and the keyboard would never be let go.
+/// A grab begins and ends with its own focus events, which tell where keys go, not where the focus is. Qt
+/// treats them as focus changes: a grab at the moment when the user switches to another window would make Qt
+/// believe that the focus had returned, and the keyboard would never be released.
 class GrabFocusFilter : public QAbstractNativeEventFilter {
   public:
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -50,7 +50,7 @@ KeyboardGrab::~KeyboardGrab() {
 }
 
 void KeyboardGrab::start(QWindow* window) {
-    m_window = window; // a grab of our own needs no release before it goes from window to window
+    m_window = window; // our own grab can move between windows without a release
     if (!canGrab()) {
         m_inhibitor.start(window);
         return;

@@ -1,4 +1,4 @@
-// Keys that the desktop takes for itself (Super alone, Alt+Tab, Print), for a window that wants every key.
+// Gives a window the keys that the desktop normally uses itself (Super alone, Alt+Tab, Print).
 #pragma once
 
 #include <QPointer>
@@ -14,10 +14,10 @@ class QAbstractNativeEventFilter;
 
 namespace quorvi {
 
-/// Takes the keyboard for one window: under X11 by a grab, under Wayland by asking the compositor to hold
-/// back its shortcuts. Both end with this object and with the process; on other platforms there is nothing to
-/// take. While it is taken under X11, a held key repeats as DetectableAutoRepeat says. The focus stays where
-/// it is, and an application that loses it is told so as ever.
+/// Grabs the keyboard for one window: under X11 with a grab, under Wayland with a request to the compositor
+/// to inhibit its shortcuts. Both end with this object and with the process; on other platforms it does
+/// nothing. During an X11 grab, held keys repeat as with DetectableAutoRepeat. The focus does not change, and
+/// an application that loses it is still notified.
 class KeyboardGrab {
   public:
     KeyboardGrab();
@@ -25,11 +25,11 @@ class KeyboardGrab {
     KeyboardGrab(const KeyboardGrab&) = delete;
     KeyboardGrab& operator=(const KeyboardGrab&) = delete;
 
-    /// Takes the keyboard for the window, which must have the focus; another window loses it. Asks again when
-    /// the window has it already: somebody else may have held it the first time, and Qt's own menus take it
-    /// over and let it go when they close.
+    /// Grabs the keyboard for the window, which must have the focus; another window loses the grab. Grabs
+    /// again if the window already has it: another program may have prevented the first grab, and Qt's menus
+    /// take over the grab and release it when they close.
     void start(QWindow* window);
-    /// Gives it back; does nothing when there is nothing to give.
+    /// Releases the grab, if there is one.
     void stop();
 
   private:

@@ -41,7 +41,7 @@ KeyboardLayoutWatcher::~KeyboardLayoutWatcher() = default;
 void KeyboardLayoutWatcher::process() {
     m_layout->process();
     if (m_layout->fd() < 0)
-        m_readable->setEnabled(false); // a lost connection stays readable for ever
+        m_readable->setEnabled(false); // a lost connection stays readable
 }
 
 } // namespace quorvi

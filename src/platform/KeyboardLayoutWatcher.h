@@ -11,12 +11,12 @@
 
 namespace quorvi {
 
-/// The layout of the display server that Qt works with: of the X11 server, of the Wayland compositor over
-/// Qt's own connection, since that one has the focus; on any other platform the configured layout. Never
-/// null. It must not outlive the application object.
+/// The layout of Qt's display server: the X11 server, or the Wayland compositor over Qt's own connection,
+/// because that one has the focus; on any other platform the configured layout. Never null. It must not
+/// outlive the application object.
 [[nodiscard]] std::unique_ptr<LiveKeyboardLayout> keyboardLayoutOfQtPlatform();
 
-/// Makes a live layout the current one for as long as it lives, and says when it changes. Nothing wakes up in
+/// Makes a live layout the current one while it lives, and signals its changes. Causes no wake-ups in
 /// between.
 class KeyboardLayoutWatcher : public QObject {
     Q_OBJECT
@@ -27,14 +27,14 @@ class KeyboardLayoutWatcher : public QObject {
     ~KeyboardLayoutWatcher() override;
 
   signals:
-    /// The layout may be another one. Once for all the notices that a server sends of one change.
+    /// The layout may have changed. Emitted once for all of a server's notices about one change.
     void layoutChanged();
 
   private:
     void process();
 
     std::shared_ptr<LiveKeyboardLayout> m_layout;
-    std::unique_ptr<QSocketNotifier> m_readable; ///< null when there is nothing to watch (any more)
+    std::unique_ptr<QSocketNotifier> m_readable; ///< null if there is nothing to watch (any more)
     QTimer m_gathered;
 };
 

@@ -47,7 +47,7 @@ bool isEnglish(std::string_view language) {
     return language.substr(0, language.find_first_of("_-")) == "en";
 }
 
-/// A locale name becomes part of a path.
+/// Checks the name, which becomes part of a path.
 bool isName(std::string_view language) {
     return language.find('/') == std::string_view::npos;
 }

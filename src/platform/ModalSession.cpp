@@ -15,7 +15,7 @@ namespace {
 constexpr Qt::WindowFlags kSheetFlags =
     Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 
-/// Keeps a sheet over the middle of its window, also while the window manager is still placing that.
+/// Keeps a sheet centred over its window, even while the window manager is still placing the window.
 class SheetPlacement : public QObject {
   public:
     SheetPlacement(QWidget* sheet, QWidget* window) : m_sheet(sheet), m_window(window) {
@@ -35,9 +35,9 @@ class SheetPlacement : public QObject {
     QWidget* m_window;
 };
 
-/// Has Qt forget that the hidden sheet had the focus. It does so by itself only when the display has focused
-/// another window of the program; a sheet that is shown again before that gets the focus as its window had it
-/// already, and Qt 6.8 (6.4 not) then does not make it the active one.
+/// Makes Qt forget that the hidden sheet had the focus. Qt does so itself only when the display has focused
+/// another window of the program; a sheet shown again before that receives the focus while Qt believes it
+/// already has it, and Qt 6.8 (not 6.4) then does not activate it.
 void giveFocusUp(const QWidget& sheet) {
     QWindow* window = sheet.windowHandle();
     if (window && window == QGuiApplication::focusWindow())
@@ -56,9 +56,9 @@ int ModalSessions::run(QDialog* panel) {
         std::any_of(m_sessions.begin(), m_sessions.end(), [&](const Session& s) { return s.panel == panel; }))
         return 0;
     QWidget* const parent = panel->parentWidget();
-    // What Qt 5 forgets of a sheet that is shown for the first time, and Qt 6 of one with another parent.
+    // Qt 5 forgets the focus widget of a sheet shown for the first time, Qt 6 that of a reparented one.
     QWidget* const first = panel->focusWidget();
-    // A sheet blocks its parent: a second sheet has to hang on the first, or both would take clicks.
+    // A sheet blocks its parent: a second sheet must be a child of the first, or both would accept clicks.
     panel->setParent(m_sessions.empty() ? parent : m_sessions.back().panel, kSheetFlags);
     if (first)
         first->setFocus();
@@ -66,7 +66,7 @@ int ModalSessions::run(QDialog* panel) {
     QEventLoop loop;
     const QPointer<QDialog> guard(panel);
     m_sessions.push_back({panel, &loop});
-    // Escape and the window manager's close button answer as the cancel button does.
+    // Escape and the window manager's close button act like the cancel button.
     const auto cancel = QObject::connect(panel, &QDialog::rejected, &loop, [this] { stop(0); });
     const auto accept = QObject::connect(panel, &QDialog::accepted, &loop, [this] { stop(1); });
     const SheetPlacement placement(panel, panel->parentWidget()->window());
@@ -76,7 +76,7 @@ int ModalSessions::run(QDialog* panel) {
     panel->activateWindow();
     const int code = loop.exec();
     if (!guard)
-        return 0; // The pane went away underneath, and this object with it.
+        return 0; // The pane was destroyed, and this object with it.
     QObject::disconnect(cancel);
     QObject::disconnect(accept);
     panel->hide();

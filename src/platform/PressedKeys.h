@@ -1,11 +1,11 @@
-// Which keys of the keyboard are down, whoever gets their events.
+// The pressed keys of the keyboard, whichever program receives their events.
 #pragma once
 
 #include <cstdint>
 
 namespace quorvi {
 
-/// Whether the key is up, as the X server says; it is asked and waited for. False where no such server tells.
+/// Whether the X server reports the key as up; waits for its answer. Returns false without an X server.
 [[nodiscard]] bool isKeyKnownToBeUp(std::uint32_t scanCode);
 
 } // namespace quorvi

@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-// The C library's own function came four years after the kernel's.
+// The C library's function came four years after the kernel's.
 ProcessEnd::ProcessEnd(pid_t process, std::function<void()> ended)
     : m_process(static_cast<int>(syscall(SYS_pidfd_open, process, 0))) {
     if (m_process < 0) {
@@ -19,7 +19,7 @@ ProcessEnd::ProcessEnd(pid_t process, std::function<void()> ended)
     QObject::connect(
         m_notifier.get(), &QSocketNotifier::activated, &m_context, [this, ended = std::move(ended)] {
             m_notifier->setEnabled(false);
-            // Later: what is called may end this object, and the notifier is still at work.
+            // Queued: the function may destroy this object while the notifier is still active.
             QMetaObject::invokeMethod(&m_context, ended, Qt::QueuedConnection);
         });
 }

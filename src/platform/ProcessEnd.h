@@ -1,4 +1,4 @@
-// The end of a process that need not be a child of this one.
+// Watches for the end of a process, which need not be a child.
 #pragma once
 
 #include <QSocketNotifier>
@@ -12,9 +12,9 @@ namespace quorvi {
 
 class ProcessEnd {
   public:
-    /// The function is called once, from the event loop, when the process has ended or is not there; not
-    /// after the end of this object. Nothing wakes this process before. Linux before 5.3 cannot tell, and
-    /// the function is never called there.
+    /// The function is called once, from the event loop, when the process has ended or does not exist; not
+    /// after this object is destroyed. Causes no wake-ups before. Before Linux 5.3 the function is never
+    /// called.
     ProcessEnd(pid_t process, std::function<void()> ended);
     ~ProcessEnd();
     ProcessEnd(const ProcessEnd&) = delete;

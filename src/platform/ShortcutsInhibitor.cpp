@@ -32,8 +32,7 @@ void withdraw(void*, wl_registry*, std::uint32_t) {}
 
 constexpr wl_registry_listener kListener{announce, withdraw};
 
-/// Asks over a queue of its own, so that no event of Qt's is handled in the middle of it. Null when the
-/// compositor has no such object.
+/// Uses its own queue, so that no Qt event is handled in between. Null if the compositor has no such object.
 void* bindManager(wl_display* display) {
     const Queue queue(wl_display_create_queue(display));
     const Wrapper wrapper(static_cast<wl_display*>(wl_proxy_create_wrapper(display)));
@@ -44,7 +43,7 @@ void* bindManager(wl_display* display) {
     void* manager = nullptr;
     wl_registry_add_listener(registry.get(), &kListener, &manager);
     wl_display_roundtrip_queue(display, queue.get());
-    if (manager) // which has no events; what it makes shall outlive the queue
+    if (manager) // the manager has no events; its objects must outlive the queue
         wl_proxy_set_queue(static_cast<wl_proxy*>(manager), nullptr);
     return manager;
 }
@@ -61,7 +60,7 @@ void ShortcutsInhibitor::Release::operator()(zwp_keyboard_shortcuts_inhibitor_v1
 
 ShortcutsInhibitor::~ShortcutsInhibitor() {
     stop();
-    // Once Qt has closed the connection, there is nothing left to give back to.
+    // Once Qt has closed the connection, there is nothing left to release.
     if (!waylandDisplay())
         (void)m_manager.release();
 }
@@ -80,7 +79,7 @@ void ShortcutsInhibitor::start(QWindow* window) {
     m_window = window;
     m_inhibitor.reset(
         zwp_keyboard_shortcuts_inhibit_manager_v1_inhibit_shortcuts(m_manager.get(), surface, seat));
-    wl_display_flush(waylandDisplay()); // the next key counts
+    wl_display_flush(waylandDisplay()); // must take effect before the next key
 }
 
 void ShortcutsInhibitor::stop() {

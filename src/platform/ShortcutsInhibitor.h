@@ -1,4 +1,4 @@
-// Holding back a Wayland compositor's own shortcuts (keyboard-shortcuts-inhibit-unstable-v1).
+// Inhibits a Wayland compositor's own shortcuts (keyboard-shortcuts-inhibit-unstable-v1).
 #pragma once
 
 #include <QPointer>
@@ -11,8 +11,8 @@ struct zwp_keyboard_shortcuts_inhibitor_v1;
 
 namespace quorvi {
 
-/// Inhibits the shortcuts of the compositor while a window has the focus. Does nothing on another platform,
-/// and where the compositor does not offer it.
+/// Inhibits the shortcuts of the compositor while a window has the focus. Does nothing on other platforms, or
+/// if the compositor does not support it.
 class ShortcutsInhibitor {
   public:
     ShortcutsInhibitor() = default;
@@ -20,7 +20,7 @@ class ShortcutsInhibitor {
     ShortcutsInhibitor(const ShortcutsInhibitor&) = delete;
     ShortcutsInhibitor& operator=(const ShortcutsInhibitor&) = delete;
 
-    /// Inhibits for this window alone; a window that it is on for already is left as it is.
+    /// Inhibits for this window only; does nothing if it already is.
     void start(QWindow* window);
     void stop();
 
@@ -34,7 +34,7 @@ class ShortcutsInhibitor {
     QPointer<QWindow> m_window;
     std::unique_ptr<zwp_keyboard_shortcuts_inhibit_manager_v1, Release> m_manager;
     std::unique_ptr<zwp_keyboard_shortcuts_inhibitor_v1, Release> m_inhibitor;
-    bool m_asked = false; ///< the compositor was asked for the manager
+    bool m_asked = false; ///< the manager was requested
 };
 
 } // namespace quorvi

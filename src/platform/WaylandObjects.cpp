@@ -28,7 +28,7 @@ wl_seat* waylandSeat() {
 }
 
 wl_surface* waylandSurface(QWindow* window) {
-    // Asking for a window that is not on the screen yet would create it.
+    // A query for a window that is not shown yet would create it.
     if (!onWayland() || !window || !window->handle())
         return nullptr;
     return static_cast<wl_surface*>(

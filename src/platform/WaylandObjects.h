@@ -1,5 +1,5 @@
-// The objects of the Wayland connection that Qt works with. What is asked for on that connection comes back
-// with Qt's own events, and knows which of our windows has the focus.
+// The objects of Qt's Wayland connection. Events requested on it arrive with Qt's own, and relate to our
+// focused window.
 #pragma once
 
 class QWindow;

@@ -16,7 +16,7 @@ DesktopWorkspace::~DesktopWorkspace() = default;
 bool DesktopWorkspace::launchApplication(const QString& bundlePath, std::function<void()> ended) {
     QProcess process;
     process.setProgram(QString::fromStdString(Bundle(bundlePath.toStdString()).executablePath()));
-    // It must not keep the terminal or pipe of the program that happened to start it.
+    // It must not hold the terminal or pipe of the program that started it.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());

@@ -1,4 +1,4 @@
-// The desktop's own openers: what the user's session does with a page, a file or an application.
+// The desktop's openers for pages, files and applications.
 #pragma once
 
 #include <QString>
@@ -14,19 +14,19 @@ class Workspace {
   public:
     virtual ~Workspace() = default;
 
-    /// Starts the application bundle at the path as a process of its own, which outlives this one. Nothing
-    /// waits for it. False when it cannot be started.
+    /// Starts the application bundle at the path as a separate process, which outlives this one. Does not
+    /// wait. Returns false if it cannot be started.
     ///
-    /// `ended` is called once, from the event loop, when a process that was started has ended: not when the
-    /// next one was launched before, nor after the end of this object.
+    /// `ended` is called once, from the event loop, when the started process has ended; not if another one
+    /// has been launched since, nor after this object is destroyed.
     virtual bool launchApplication(const QString& bundlePath, std::function<void()> ended) = 0;
     /// Opens the page in the user's browser.
     virtual void openUrl(const QString& address) = 0;
-    /// Opens the file with the application that the user has for it; an empty path does nothing.
+    /// Opens the file with the user's application for it; an empty path does nothing.
     virtual void openFile(const QString& path) = 0;
 };
 
-/// The user's session as it is.
+/// The user's real session.
 class DesktopWorkspace final : public Workspace {
   public:
     DesktopWorkspace();

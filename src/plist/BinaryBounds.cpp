@@ -48,8 +48,8 @@ class Walk {
     bool run() { return readTrailer() && visit(m_root, 1); }
 
   private:
-    /// What is known of an object once it has been walked. The height is 1 for a scalar, and for a container
-    /// at least 2, so that the level of a container stays within the depth and its scalars one below.
+    /// The result of walking an object. The height is 1 for a scalar, and for a container at least 2, so that
+    /// the level of a container stays within the depth and its scalars one below.
     struct Known {
         bool walked = false;
         bool canBeKey = false;
@@ -138,7 +138,7 @@ class Walk {
             known.canBeKey = !hasZeroUnit(object.body.first(object.length * 2));
             return true;
         default:
-            return true; // a number, a date or a truth; libplist checks its bytes
+            return true; // a number, a date or a boolean; libplist checks its bytes
         }
     }
 

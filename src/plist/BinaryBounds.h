@@ -1,4 +1,4 @@
-// The look at a binary property list before libplist sees it. Private to this library.
+// Checks a binary property list before libplist sees it. Private to this library.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 namespace quorvi::plist {
 
 /// Whether the bytes are a binary property list (version 00) whose objects, written out in full, keep to the
-/// bounds and the other limits of Limits.h: no object within itself, and none that grows beyond them by being
-/// referred to again and again. It does not say that every value in it is well-formed.
+/// bounds and the other limits of Limits.h: no object within itself, and none that exceeds them through
+/// repeated references. Does not check that every value is well-formed.
 [[nodiscard]] bool isBoundedBinary(std::span<const std::uint8_t> bytes, const Bounds& bounds = {});
 
 /// Whether the bytes start as a binary property list does.

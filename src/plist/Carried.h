@@ -1,4 +1,4 @@
-// The values that the tree carries without a meaning of its own. Private to this library.
+// The values that the tree carries without interpreting them. Private to this library.
 #pragma once
 
 #include "plist/Node.h"

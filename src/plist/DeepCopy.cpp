@@ -6,7 +6,7 @@ namespace quorvi::plist {
 
 namespace {
 
-/// Each function gives nothing, or nil, when the value cannot be copied.
+/// Each function returns Value() or nil if the value cannot be copied.
 class Copier {
   public:
     // NOLINTNEXTLINE(misc-no-recursion): the depth is bounded

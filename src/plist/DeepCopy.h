@@ -5,7 +5,7 @@
 
 namespace quorvi::plist {
 
-/// A copy of which every dictionary and array is a new one, however often the source shares it. Nothing when
+/// A copy whose dictionaries and arrays are all new, even where the source shares them. Returns Value() if
 /// the tree holds a "nothing" value, which no property list can hold, or exceeds the depth or the number of
 /// values of Limits.h, as a container within itself does.
 [[nodiscard]] Value deepCopy(const Value& value);

@@ -1,4 +1,4 @@
-// What libplist hands out, owned; and the surroundings that it needs. Private to this library.
+// Owners for objects that libplist returns, and the locale that it needs. Private to this library.
 #pragma once
 
 #include <clocale>
@@ -15,11 +15,11 @@ namespace quorvi::plist {
 struct NodeDeleter {
     void operator()(plist_t node) const { plist_free(node); }
 };
-/// A libplist node that is nobody's child, with all that it holds.
+/// A libplist node without a parent, with everything in it.
 using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, NodeDeleter>;
 
-/// A new node of a signed integer. libplist 2.3, which made PLIST_UINT another name, began to tell them from
-/// unsigned ones; before, it took the 64 bits of every new node for a signed number's.
+/// A new node of a signed integer. libplist 2.3, which made PLIST_UINT an alias, began to distinguish them
+/// from unsigned ones; before, it treated the 64 bits of every new node as signed.
 [[nodiscard]] inline Node signedInteger(std::int64_t number) {
 #ifdef PLIST_UINT
     return Node(plist_new_int(number));

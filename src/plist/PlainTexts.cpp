@@ -11,7 +11,7 @@ namespace quorvi::plist {
 
 namespace {
 
-/// Far from the number of keys that readPropertyList() refuses.
+/// Far below the number of keys that readPropertyList() refuses.
 constexpr std::size_t kMaxTexts = 4096;
 
 constexpr std::string_view kBlanks = " \t\r\n";
@@ -19,7 +19,7 @@ constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::array<std::pair<std::string_view, char>, 6> kEntities = {
     {{"&amp;", '&'}, {"&#13;", '\r'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}}};
 
-/// The text with its entities replaced; nothing when it has one that is not known here.
+/// The text with its entities replaced; std::nullopt if it has an unknown one.
 std::optional<std::string> withoutEntities(std::string_view text) {
     std::string plain;
     while (true) {
@@ -63,7 +63,7 @@ class PlainReader {
                takeTag("<plist version=\"1.0\">") && takeTag("<dict>");
     }
 
-    /// One without declarations of its own, if there is any.
+    /// Skips a document type without internal declarations, if there is one.
     bool documentType() {
         if (!takeTag("<!DOCTYPE "))
             return true;

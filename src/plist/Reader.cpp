@@ -12,13 +12,13 @@ namespace quorvi::plist {
 
 namespace {
 
-/// Some editors start a UTF-8 file with it; libplist does not know it.
+/// Some editors start a UTF-8 file with it; libplist does not accept it.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Takes a libplist tree over into values.
+/// Converts a libplist tree to values.
 class Importer {
   public:
-    /// Libplist settles equal keys when it reads XML, but keeps them all when it reads a binary file.
+    /// libplist merges equal keys when it reads XML, but keeps them all when it reads a binary file.
     explicit Importer(bool keysMayRepeat) : m_keysMayRepeat(keysMayRepeat) {}
 
     // NOLINTNEXTLINE(misc-no-recursion): the depth is bounded before libplist builds the tree
@@ -90,8 +90,8 @@ class Importer {
         return text ? toUtf16({text, length}) : std::u16string();
     }
 
-    /// Libplist hands out negative numbers and those above the signed range as the same 64 bits. Only the
-    /// width, which tells them apart, is compared with that of a signed number.
+    /// libplist returns negative numbers and those above the signed range as the same 64 bits. Only their
+    /// width tells them apart, so compare it with that of a signed number.
     static Value integer(plist_t node) {
         std::uint64_t number = 0;
         plist_get_uint_val(node, &number);

@@ -14,7 +14,7 @@ namespace {
 
 class File {
   public:
-    // Without O_NONBLOCK opening a FIFO waits for a writer, before there is anything to look at.
+    // Without O_NONBLOCK, opening a FIFO waits for a writer.
     File(const char* path, Links links)
         : m_descriptor(open(path,
               O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY | (links == Links::followed ? 0 : O_NOFOLLOW))) {}
@@ -25,7 +25,7 @@ class File {
     File(const File&) = delete;
     File& operator=(const File&) = delete;
 
-    /// The size of the regular file; nothing when it is none.
+    /// The size; std::nullopt if the file is not a regular one.
     std::optional<std::uint64_t> size() const {
         struct stat status {};
         if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode))
@@ -33,7 +33,8 @@ class File {
         return static_cast<std::uint64_t>(status.st_size);
     }
 
-    /// Fills the bytes from here on and says how many there were; nothing when reading fails.
+    /// Fills the bytes from the current position and returns how many there were; std::nullopt if reading
+    /// fails.
     std::optional<std::size_t> read(std::span<std::uint8_t> bytes) const {
         std::size_t done = 0;
         while (done < bytes.size()) {

@@ -1,4 +1,4 @@
-// Reading the bytes of a file that anybody may have put there.
+// Reading the bytes of a file that may come from anywhere.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +11,9 @@ namespace quorvi::plist {
 
 enum class Links : std::uint8_t { followed, notReadable };
 
-/// Reads the whole file into `bytes`, which are otherwise left as they are. Ok, NotReadable, or TooLarge for
-/// more than `limit` bytes, of which none is read then. Never waits for anybody: a directory, a FIFO or a
-/// device is not read, and no link in the path's last component when it is not to be.
+/// Reads the whole file into `bytes`, which stay unchanged on failure. Returns Ok, NotReadable, or TooLarge
+/// for more than `limit` bytes, none of which are read then. Never blocks: a directory, a FIFO or a device is
+/// not read, nor a link in the path's last component unless `links` allows it.
 [[nodiscard]] FileStatus readRegularFile(
     const std::filesystem::path& path, std::uint64_t limit, Data& bytes, Links links = Links::followed);
 

@@ -1,4 +1,4 @@
-// A vector whose first elements lie beside it instead of in a block of their own.
+// A vector that stores its first elements next to itself instead of on the heap.
 #pragma once
 
 #include <array>
@@ -13,17 +13,17 @@ template <typename T, std::size_t Count>
 class Room {
   public:
     Room() = default;
-    Room(const Room&) = delete; // a vector knows where its elements are
+    Room(const Room&) = delete; // vectors point into it
     Room& operator=(const Room&) = delete;
 
-    /// Null when it is taken, or too small.
+    /// Null if it is in use or too small.
     [[nodiscard]] T* take(std::size_t count) {
         if (m_taken || count > Count)
             return nullptr;
         m_taken = true;
         return reinterpret_cast<T*>(m_bytes.data());
     }
-    /// False when the memory is not from here.
+    /// Returns false if the memory is not from this room.
     [[nodiscard]] bool giveBack(const T* memory) {
         if (memory != reinterpret_cast<const T*>(m_bytes.data()))
             return false;
@@ -36,8 +36,8 @@ class Room {
     bool m_taken = false;
 };
 
-/// Takes what fits from a room that outlives the vector, and everything else from the heap. Without a room
-/// it is an allocator like any other. Vectors with different rooms do not swap.
+/// Allocates from a room that outlives the vector while it fits, otherwise from the heap. Without a room it
+/// is an ordinary allocator. Vectors with different rooms do not swap.
 template <typename T, std::size_t Count>
 class RoomAllocator {
   public:

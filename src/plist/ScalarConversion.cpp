@@ -27,7 +27,7 @@ std::u16string_view withoutBlanks(std::u16string_view text) {
     return text;
 }
 
-/// Takes a leading sign off the text and says whether it was a minus.
+/// Removes a leading sign from the text and returns whether it was a minus.
 bool takeSign(std::u16string_view& text) {
     const bool negative = !text.empty() && text.front() == u'-';
     if (!text.empty() && (text.front() == u'-' || text.front() == u'+'))
@@ -73,7 +73,7 @@ double leadingReal(std::u16string_view text) {
             break;
         ascii.push_back(static_cast<char>(c));
     }
-    if (ascii.starts_with('-')) // a second sign, which from_chars would take
+    if (ascii.starts_with('-')) // a second sign, which from_chars would accept
         return 0;
     double number = 0;
     const auto end = ascii.data() + ascii.size();
@@ -89,7 +89,7 @@ std::int32_t truncated(double number) {
         std::clamp(std::trunc(number), static_cast<double>(kIntMin), static_cast<double>(kIntMax)));
 }
 
-/// Calls one of the four functions, by the scalar's type; everything else gives a zero of the result's type.
+/// Calls one of the four functions, by the scalar's type; returns the result type's zero for everything else.
 template <typename Result, typename Number, typename Real, typename Text>
 Result convert(const Value& value, Number&& fromNumber, Real&& fromReal, Text&& fromText) {
     return std::visit(

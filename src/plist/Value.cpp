@@ -179,7 +179,7 @@ Array Value::array() const {
 
 namespace {
 
-/// One overload for each type with an equality of its own; both sides have the same type.
+/// One overload for each type that has its own equality; both sides have the same type.
 struct SameContent {
     template <typename T>
     bool operator()(const T& a, const T& b) const {
@@ -192,7 +192,7 @@ struct SameContent {
     }
 
   private:
-    /// Copies have their keys in the same order, so the same place is looked at before all others.
+    /// Copies have their keys in the same order, so the same place is tried first.
     static bool allIn(const Dictionary::Entries& entries, const Dictionary::Entries& others) {
         for (std::size_t i = 0; i < entries.size(); ++i) {
             const Entry& entry = entries[i];

@@ -1,12 +1,12 @@
-// The property-list tree: what a settings file holds, in memory.
+// The property-list tree: the content of a settings file, in memory.
 //
-// Dictionaries and arrays are references to shared storage: copying a Dictionary or an Array gives another
-// reference to the same one, so that an editor's "current profile" is a handle into the one live tree.
-// A default-constructed handle is nil. Every operation on nil is allowed: reads give nothing, writes do
-// nothing. Scalars are values.
+// Dictionaries and arrays are references to shared storage: a copy of a Dictionary or an Array refers to the
+// same storage, so an editor's "current profile" is a handle into the one live tree. A default-constructed
+// handle is nil. Every operation on nil is allowed: reads return empty values, writes do nothing. Scalars are
+// values.
 //
-// Reading is total. A missing key, an index past the end or a value of another type reads as 0, false or
-// nothing; there is no error to handle.
+// Reading is total. A missing key, an index past the end or a value of another type reads as 0, false or an
+// empty value; there is no error to handle.
 #pragma once
 
 #include <cstddef>
@@ -49,19 +49,19 @@ class Dictionary {
 
     [[nodiscard]] std::size_t size() const;
     [[nodiscard]] bool has(std::string_view key) const;
-    /// The value under the key; Value() when there is none.
+    /// The value under the key; Value() if it is missing.
     [[nodiscard]] const Value& value(std::string_view key) const;
     [[nodiscard]] std::int32_t integer(std::string_view key) const;
     [[nodiscard]] bool boolean(std::string_view key) const;
     [[nodiscard]] double real(std::string_view key) const;
-    [[nodiscard]] std::u16string string(std::string_view key) const; ///< empty when it is no string
+    [[nodiscard]] std::u16string string(std::string_view key) const; ///< empty if it is not a string
     [[nodiscard]] Dictionary dictionary(std::string_view key) const;
     [[nodiscard]] Array array(std::string_view key) const;
 
     /// Replaces the value under the key in place, or appends a new entry.
     void set(std::string_view key, Value value) const;
     /// Appends an entry whose key is known to be new; for readers that build a dictionary in order.
-    /// Makes the value in its place.
+    /// Constructs the value in place.
     template <typename T>
     void append(std::string_view key, T&& value) const;
     void remove(std::string_view key) const;
@@ -90,16 +90,16 @@ class Array {
     [[nodiscard]] std::size_t size() const;
     /// The item at the index; Value() past the end.
     [[nodiscard]] const Value& value(std::size_t index) const;
-    /// The dictionary at the index; nil past the end or when the item is no dictionary.
+    /// The dictionary at the index; nil past the end or if the item is not a dictionary.
     [[nodiscard]] Dictionary dictionary(std::size_t index) const;
 
-    /// Makes the value in its place.
+    /// Constructs the value in place.
     template <typename T>
     void append(T&& value) const;
     /// Inserts before the index; appends when the index is past the end.
     void insert(std::size_t index, Value value) const;
-    void replace(std::size_t index, Value value) const; ///< nothing past the end
-    void remove(std::size_t index) const;               ///< nothing past the end
+    void replace(std::size_t index, Value value) const; ///< no effect past the end
+    void remove(std::size_t index) const;               ///< no effect past the end
     void removeAll() const;
     void reserve(std::size_t count) const;
 
@@ -112,7 +112,7 @@ class Array {
 /// Any value of the tree, or nothing.
 class Value {
   public:
-    Value() = default; ///< nothing; cannot be written to a property list
+    Value() = default; ///< the "nothing" value; cannot be written to a property list
     Value(bool v) : m_value(v) {}
     Value(std::int32_t v) : m_value(std::int64_t{v}) {}
     Value(std::int64_t v) : m_value(v) {}
@@ -122,29 +122,29 @@ class Value {
     Value(std::u16string v) : m_value(std::move(v)) {}
     Value(const char16_t* v) : m_value(std::u16string(v)) {}
     Value(Data v) : m_value(std::move(v)) {}
-    Value(Dictionary v);         ///< nothing when nil
-    Value(Array v);              ///< nothing when nil
-    Value(CarriedRef v);         ///< nothing when null
+    Value(Dictionary v);         ///< isNothing() if nil
+    Value(Array v);              ///< isNothing() if nil
+    Value(CarriedRef v);         ///< isNothing() if null
     Value(const void*) = delete; // keeps stray pointers from becoming booleans
     Value(const char*) = delete;
 
     [[nodiscard]] bool isNothing() const { return std::holds_alternative<std::monostate>(m_value); }
 
-    /// The value as the platform's 32-bit integer: an integer's low 32 bits, a real truncated toward zero
-    /// and kept within the range (not a number is 0), a boolean as 0 or 1, a string's leading decimal number
-    /// (blanks, sign, digits; kept within the range), 0 for everything else.
+    /// The value as the platform's 32-bit integer: an integer's low 32 bits, a real truncated toward zero and
+    /// clamped to the range (NaN becomes 0), a boolean as 0 or 1, a string's leading decimal number (blanks,
+    /// sign, digits; clamped to the range), 0 for everything else.
     [[nodiscard]] std::int32_t integer() const;
-    /// Numbers: not 0. Strings: true when they start with Y, y, T, t or a digit from 1 to 9, behind blanks,
-    /// a sign and zeros. False for everything else.
+    /// Numbers: not 0. Strings: true if they start, after blanks, a sign and zeros, with Y, y, T, t or a
+    /// digit from 1 to 9. False for everything else.
     [[nodiscard]] bool boolean() const;
     /// The value as a real number: a string's leading decimal number (infinite when too large, 0 when too
-    /// small), 0 for everything else that is no number.
+    /// small), 0 for every other value that is not a number.
     [[nodiscard]] double real() const;
-    /// Nothing (a null pointer) when the value is of another type.
+    /// nullptr if the value has another type.
     [[nodiscard]] const std::u16string* string() const { return std::get_if<std::u16string>(&m_value); }
     [[nodiscard]] const Data* data() const { return std::get_if<Data>(&m_value); }
-    [[nodiscard]] Dictionary dictionary() const; ///< nil when the value is of another type
-    [[nodiscard]] Array array() const;           ///< nil when the value is of another type
+    [[nodiscard]] Dictionary dictionary() const; ///< nil if the value has another type
+    [[nodiscard]] Array array() const;           ///< nil if the value has another type
 
     using Variant = std::variant<std::monostate, bool, std::int64_t, double, std::u16string, Data, Dictionary,
         Array, CarriedRef>;
@@ -163,7 +163,7 @@ struct Entry {
     Value value;
 };
 
-/// One block for a dictionary of the usual size, however many handles it has.
+/// One heap block for a dictionary of the usual size and all its handles.
 struct Dictionary::Storage {
     Storage() { entries.reserve(kUsualSize); }
 

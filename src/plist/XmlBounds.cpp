@@ -18,9 +18,9 @@ bool endsName(char c) {
     return c == '>' || c == '<' || isBlank(c);
 }
 
-/// Cuts the text into the very tokens that libplist's reader cuts it into, quotes and all, so that the two
-/// cannot differ on what is a tag and what is the inside of a comment. Whatever that reader would stop at, or
-/// that has no business in a property list, is refused here.
+/// Splits the text into exactly the tokens of libplist's reader, including quotes, so that the two cannot
+/// differ on what is a tag and what is inside a comment. Refuses everything that stops that reader or does
+/// not belong in a property list.
 class Scanner {
   public:
     Scanner(std::string_view xml, const Bounds& bounds) : m_rest(xml), m_bounds(bounds) {}
@@ -51,7 +51,7 @@ class Scanner {
         m_rest.remove_prefix(lengthUntil([](char c) { return !isBlank(c); }));
     }
 
-    /// How many characters there are before the first of the kind.
+    /// The number of characters before the first one of the kind.
     template <typename IsOfKind>
     std::size_t lengthUntil(IsOfKind isOfKind) const {
         const auto end = std::find_if(m_rest.begin(), m_rest.end(), isOfKind);
@@ -77,7 +77,7 @@ class Scanner {
         return false;
     }
 
-    /// Drops one character or one quoted text.
+    /// Skips one character or one quoted text.
     bool skipOne() {
         const bool quoted = m_rest.front() == '"';
         m_rest.remove_prefix(1);
@@ -164,7 +164,7 @@ class Scanner {
         return true;
     }
 
-    /// The text of a value up to and with its end tag; comments and CDATA sections belong to it.
+    /// The text of a value up to and including its end tag; comments and CDATA sections are part of it.
     bool text(std::string_view name) {
         const std::string_view whole = m_rest;
         while (skipPast("<")) {
@@ -201,7 +201,7 @@ class Scanner {
 } // namespace
 
 bool isBoundedXml(std::string_view xml, const Bounds& bounds) {
-    // A zero byte is no XML, and libplist's reader takes it for the end of some texts and not of others.
+    // XML has no zero bytes, and libplist's reader ends only some texts at one.
     return xml.size() <= bounds.bytes && xml.find('\0') == std::string_view::npos &&
            Scanner(xml, bounds).run();
 }

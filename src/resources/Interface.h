@@ -1,8 +1,8 @@
 // The panel's views, built from the interface files of this folder and the menu tables.
 //
 // A view's objectName is its outlet's name. The dynamic property "action" names the action that a control or
-// a menu item sends, and "tag" tells tables and menu items apart. No view acts by itself: the controller
-// connects what carries an action.
+// a menu item sends, and "tag" identifies tables and menu items. Views do not act by themselves: the
+// controller connects those with an action.
 #pragma once
 
 #include <QDialog>
@@ -19,11 +19,11 @@
 namespace quorvi {
 
 /// The views belong to the main view, which must outlive this object's use. The outlets are the public
-/// members of the Ui classes, so that one that is missing does not compile.
+/// members of the Ui classes, so that a missing one is a compile error.
 class Interface {
   public:
-    /// Fills the empty widget with the panel, and gives it the menus and the six panels as children. Texts
-    /// are looked up now: set setInterfaceTextLookup() before.
+    /// Fills the empty widget with the panel, and gives it the menus and the six panels as children. Looks up
+    /// texts now: call setInterfaceTextLookup() before.
     explicit Interface(QWidget& mainView);
 
     Ui::KyvarQuorviPane main;
@@ -34,7 +34,7 @@ class Interface {
     QDialog* quorviPanelStages = nullptr;
     QDialog* quorviPanelSingleKey = nullptr;
     QDialog* quorviPanelSetUp = nullptr;
-    QDialog* quorviPanelRestore = nullptr; ///< nothing shows it yet
+    QDialog* quorviPanelRestore = nullptr; ///< not shown yet
 
     Ui::ConfirmPanel confirm;
     Ui::NoDevicePanel noDevice;
@@ -44,15 +44,15 @@ class Interface {
     Ui::RestorePanel restore;
 };
 
-/// Lets wrapped texts below the view that are marked as notes or as whole be as high as they have to be in
-/// the width that they get.
+/// Gives wrapped texts below the view that are hints or marked as whole the height that they need for their
+/// width.
 void keepTextsWhole(QWidget& view);
 
-/// Lets the button be wide enough for its text, now and in every style.
+/// Makes the button wide enough for its text, in every style.
 void widenButton(QPushButton& button);
 
-/// Mirrors the panel with its sheets and menus, or not. The columns beside the drawing of the mouse stay on
-/// the sides of the inputs that they stand for.
+/// Mirrors the panel with its sheets and menus, or not. The columns next to the drawing of the mouse stay on
+/// the sides of their inputs.
 void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// The numbers that tell the tables and their columns apart, as the interface file carries them.
+// The numbers that identify the tables and their columns in the interface file.
 #pragma once
 
 namespace quorvi {

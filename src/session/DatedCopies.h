@@ -1,5 +1,5 @@
-// The dated copies of the settings that the session keeps: before the first change of a day, and before what
-// an editor is about to do. None that fails is in the way of anything; the user is told.
+// The dated copies of the settings that the session keeps: before the first change of a day, and before
+// certain editor actions. A failed copy prevents nothing; the user is notified.
 #pragma once
 
 #include <chrono>
@@ -16,17 +16,17 @@ class SaveNotices;
 class DatedCopies {
   public:
     struct Place {
-        std::filesystem::path folder; ///< no copies are kept when it is empty
+        std::filesystem::path folder; ///< empty: no copies are kept
         std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
     };
 
     /// The calls and the notices must outlive this object.
     DatedCopies(Place place, FileCalls& calls, SaveNotices& notices);
 
-    /// The tree is about to be saved over what the file holds, which is kept when it is another one and the
-    /// day has no copy yet.
+    /// Call this before saving the tree. Keeps the file's present content if it differs and the day has no
+    /// copy yet.
     void keepBeforeFirstChange(const std::filesystem::path& file, const plist::Dictionary& tree);
-    /// Keeps the tree. False when that fails, and without a folder.
+    /// Keeps the tree. Returns false if that fails, or without a folder.
     bool keep(const plist::Dictionary& tree, CopyReason reason);
 
     [[nodiscard]] const History& history() const { return m_history; }

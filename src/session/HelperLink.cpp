@@ -52,8 +52,8 @@ Status HelperLink::sendControl(
 void HelperLink::startListening() {
     if (!m_panel.bus)
         return;
-    // The name comes first: a helper that starts at this moment looks for it after taking its own, so that
-    // one of the two always finds the other.
+    // Own the name first: a helper that starts now looks for it after taking its own, so one of the two
+    // always finds the other.
     (void)m_panel.bus->ownName(kPaneProcessName);
     m_panel.bus->installHandler(kEventClassQuorvi, kEventDeviceList,
         [this](const Event& event, const ProcessSerialNumber&, Event&) { return receiveDeviceList(event); });
@@ -63,8 +63,7 @@ void HelperLink::stopListening() {
     if (!m_panel.bus)
         return;
     m_panel.bus->removeHandler(kEventClassQuorvi, kEventDeviceList);
-    // No handler for single values is installed as yet; one that startListening comes to install is taken
-    // back here.
+    // startListening installs no handler for single values yet; if it ever does, this removes it.
     m_panel.bus->removeHandler(kEventClassQuorvi, kEventValue);
     (void)m_panel.bus->releaseName(kPaneProcessName);
 }
@@ -74,14 +73,14 @@ Status HelperLink::receiveDeviceList(const Event& event) {
         return noErr;
     m_panel.context.document.setHasDevice(m_deviceList.count != 0);
     m_listHasCome = true;
-    // Lists that come before this one is taken share its news: it would have the same file read again and
-    // show the same, the last, list.
+    // Lists that arrive before this one is taken need no second signal: it would only re-read the same file
+    // and show the same, last, list.
     if (!std::exchange(m_listWaits, true))
         emit listCame();
     return noErr;
 }
 
-// A hidden panel has let its settings go.
+// A hidden panel has released its settings.
 bool HelperLink::takeList() {
     return std::exchange(m_listWaits, false) && m_isOpen;
 }

@@ -1,4 +1,5 @@
-// The panel's link to the helper application: commands out, the device list in, and whether it runs at all.
+// The panel's link to the helper application: it sends commands, receives the device list, and tracks whether
+// the helper runs.
 #pragma once
 
 #include <QObject>
@@ -28,16 +29,16 @@ class HelperLink final : public QObject {
     Q_OBJECT
 
   public:
-    /// What it is given of the panel, which must outlive it; the view itself may go before.
+    /// The parts of the panel that it uses, which must outlive it, except the view.
     struct Panel {
         EditorContext context;
         QWidget& view;
         Interface& views;
-        const Bundle& bundle; ///< the helper is in it
-        EventBus* bus;        ///< null without a session bus: nothing is sent then
+        const Bundle& bundle; ///< contains the helper
+        EventBus* bus;        ///< null without a session bus: then no messages are sent
         Workspace& workspace;
         LoginItemStore& loginItems;
-        std::function<bool()> userIsDragging; ///< the mouse is down on a slider
+        std::function<bool()> userIsDragging; ///< the mouse button is down on a slider
     };
 
     explicit HelperLink(Panel panel);
@@ -45,59 +46,58 @@ class HelperLink final : public QObject {
     HelperLink(const HelperLink&) = delete;
     HelperLink& operator=(const HelperLink&) = delete;
 
-    /// The process of that name, letter case of A to Z aside. Nothing is stored when it does not run.
+    /// Finds the process of that name, ignoring the case of A to Z. Leaves `psn` unchanged if it is not
+    /// running.
     Status findProcess(const std::string& processName, ProcessSerialNumber* psn) const;
-    /// Sends the helper a message and its parameter; nothing is waited for. 0 when it was sent.
+    /// Sends the helper a message and its parameter without waiting. Returns 0 if it was sent.
     Status sendMessage(FourCharCode message, std::int32_t param);
-    /// Sends the named process a message. With a result, waits for the answer, 15 ticks (250 ms) at most, and
-    /// stores its number there; the result is left as it was on any error.
+    /// Sends the named process a message. With a result, waits at most 15 ticks (250 ms) for the answer and
+    /// stores its number there; the result stays unchanged on any error.
     Status sendControl(
         const std::string& processName, FourCharCode message, std::int32_t param, std::int32_t* result);
 
-    /// Launches a helper that does not run, and has it start with every session from now on.
+    /// Launches the helper if it is not running, and registers it to start with every session.
     void start();
-    /// The panel is shown: lists of devices are heard from now on, and the helper's coming and going is
-    /// followed.
+    /// Call this when the panel is shown: receives device lists from now on, and follows whether the helper
+    /// runs.
     void open();
-    /// The panel is hidden.
+    /// Call this when the panel is hidden.
     void close();
-    /// Looks whether the helper runs and tells the user. The bus has it called at every change; does nothing
-    /// while the panel is hidden.
+    /// Checks whether the helper runs and shows it. Called at every change on the bus; does nothing while the
+    /// panel is hidden.
     void follow();
-    /// Starts a helper that has gone. Does nothing while there is one, while one is about to come, and while
-    /// the user drags.
+    /// Starts a missing helper. Does nothing while one is running or starting, or while the user drags.
     void bringBack();
-    /// The same for one whose going was known in a drag of the user's that has ended now.
+    /// The same at the end of a drag, for a helper found missing during it.
     void bringBackAfterDrag() {
         if (m_isGone)
             bringBack();
     }
-    /// Tells the helper that the settings file has changed. One that is not there to hear it is started, and
-    /// reads the file by itself.
+    /// Notifies the helper that the settings file has changed. Starts a missing helper, which reads the file
+    /// by itself.
     void tellOfSave();
 
-    /// The user has been told that no helper runs.
+    /// Whether the window shows that no helper is running.
     [[nodiscard]] bool isGone() const { return m_isGone; }
-    /// The helper that runs now has told which mice there are, since the panel was shown.
+    /// Whether the running helper has sent a device list since the panel was shown.
     [[nodiscard]] bool listHasCome() const { return m_listHasCome; }
-    /// Whether a list that has come is still to be shown; from now on it is not. False when the panel was
-    /// hidden meanwhile.
+    /// Takes the pending list; returns false if there is none, or the panel was hidden in the meantime.
     [[nodiscard]] bool takeList();
-    /// What stands beside the title: why nothing can be edited, or what the helper tells of the mouse.
+    /// The text below the title: why editing is disabled, or the mouse's state as reported by the helper.
     [[nodiscard]] QString connectionText() const;
-    /// What the helper tells while the panel is shown.
+    /// The helper's reports while the panel is shown.
     [[nodiscard]] LiveHelper& live() const { return *m_live; }
 
   signals:
-    /// A list of devices has come, and the document knows whether there is one; not told again before it is
-    /// taken. Connect it queued: the event is answered first.
+    /// A device list has arrived, and the document knows whether there is a device; not emitted again before
+    /// the list is taken. Connect it queued, so that the event is answered first.
     void listCame();
-    /// connectionText() may be another one.
+    /// connectionText() may have changed.
     void connectionChanged();
 
   private:
     [[nodiscard]] std::unique_ptr<LiveHelper> makeLive();
-    /// As it is shown; empty for a number that no profile has.
+    /// The displayed name; empty for a number without a profile.
     [[nodiscard]] QString profileName(std::uint32_t number) const;
     [[nodiscard]] std::string application() const;
     void launch();
@@ -111,10 +111,10 @@ class HelperLink final : public QObject {
     std::unique_ptr<EventBusNotifier> m_notifier; ///< null without a session bus
     std::unique_ptr<LiveHelper> m_live;           ///< never null
     DeviceList m_deviceList{};
-    ProcessSerialNumber m_helper; ///< the helper that runs now; {0, 0} for none
+    ProcessSerialNumber m_helper; ///< the running helper; {0, 0} for none
     bool m_isOpen = false;        ///< the panel is shown
-    bool m_listWaits = false;     ///< a list has come that nobody has taken
-    bool m_isStarting = false;    ///< launched, and neither in the process list yet nor ended
+    bool m_listWaits = false;     ///< a list has arrived and not been taken
+    bool m_isStarting = false;    ///< launched, but neither in the process list yet nor ended
     bool m_isGone = false;        ///< until it is in the process list again
     bool m_listHasCome = false;
 };

@@ -1,4 +1,4 @@
-// The background application that owns the mouse, by its name in the process list and in the bundle.
+// The name of the background application that owns the mouse, in the process list and in the bundle.
 #pragma once
 
 namespace quorvi {

@@ -1,4 +1,4 @@
-// What the user is told of saves, at the window's foot.
+// The notices about saves at the bottom of the window.
 #pragma once
 
 #include <filesystem>
@@ -11,15 +11,15 @@ class Notices;
 
 class SaveNotices {
   public:
-    /// The notices must outlive this object. Paths are told from the home folder.
+    /// The notices must outlive this object. Paths are shown relative to the home folder.
     SaveNotices(Notices& notices, PanelText text, std::filesystem::path homeFolder);
 
-    /// The file could not be written; the error as errno. Told until savesWork().
+    /// Shows that the file could not be written, with the errno, until savesWork().
     void tellOfFailure(const std::filesystem::path& file, int error);
     void savesWork();
-    /// What another program had put into the file is in the copy now.
+    /// Shows that another program's content is now in the copy.
     void tellOfKeptCopy(const std::filesystem::path& file, const std::filesystem::path& copy);
-    /// No dated copy could be kept in the folder; the error as errno. Told once, until copiesWork().
+    /// Shows once, until copiesWork(), that no dated copy could be kept in the folder, with the errno.
     void tellOfFailedCopy(const std::filesystem::path& folder, int error);
     void copiesWork();
 

@@ -33,8 +33,8 @@ void SettingsSession::close() {
     m_panel.occupation->stopAwaiting();
     if (m_document.tree()) {
         if (m_view && !m_unsavedEdits && othersChangedSettings(m_file))
-            showFile(Repairs::inMemoryAlone); // what is saved now is to be theirs
-        // A tree that no file has is held until it can be saved; nothing is read over it.
+            showFile(Repairs::inMemoryAlone); // the next save must contain their settings
+        // An unsaved tree is kept until it can be saved; it is not overwritten by reading.
         if (save(m_document.tree()))
             m_document.setTree({});
     }
@@ -59,7 +59,7 @@ plist::Dictionary SettingsSession::load() {
 }
 
 void SettingsSession::readAfresh() {
-    // What no file has yet is not read away.
+    // Reading must not discard unsaved changes.
     if (saveUnsavedEdits())
         showFile(Repairs::saved);
     else
@@ -68,8 +68,8 @@ void SettingsSession::readAfresh() {
 }
 
 void SettingsSession::showFile(Repairs repairs) {
-    // What only the panel has put in order since the file was read, or saved, is no one's change. Nothing is
-    // known of a file that was not followed.
+    // The panel's own repairs since the last read or save are not another program's change. If the file was
+    // not followed, assume one.
     const bool isOthers = !std::exchange(m_isFollowed, true) || othersChangedSettings(m_file);
     m_document.setTree(load());
     if (isOthers)
@@ -141,11 +141,10 @@ void SettingsSession::beginDrag() {
 void SettingsSession::endDrag() {
     if (std::exchange(m_isDragging, false))
         m_document.endGroup();
-    // What was told of must be on the disk in the end: a file that is gone or cannot be synced is written
-    // anew.
+    // An announced save must reach the disk: if the file is gone or cannot be synced, write it again.
     if (std::exchange(m_syncPending, false) && !syncFile(m_file.path(), m_panel.files))
         save(m_document.tree());
-    // A slider that goes with its window ends its drag as well, when half of the window is gone.
+    // A slider destroyed with its window also ends its drag, when half of the window is gone.
     followFileLater();
 }
 
@@ -160,7 +159,7 @@ void SettingsSession::followFile() {
         return;
     watchFile();
     if (m_isDragging || m_panel.occupation->isUnderWay())
-        m_panel.occupation->awaitEnd(); // the end of a drag asks anyway
+        m_panel.occupation->awaitEnd(); // the end of a drag checks anyway
     else if (!m_unsavedEdits && othersChangedSettings(m_file))
         showFile(Repairs::inMemoryAlone);
     else if (m_mergedUnshown)
@@ -173,11 +172,11 @@ void SettingsSession::followFileLater() {
 
 void SettingsSession::takeMergedSettingsOver() {
     if (!m_isOpen)
-        return; // about to be let go
+        return; // about to be released
     m_document.editSameItems();
     m_document.takeOthersOver();
     m_mergedUnshown = true;
-    followFileLater(); // whatever has saved goes on with the current items that it has
+    followFileLater(); // the caller of the save still uses the current items
 }
 
 } // namespace quorvi

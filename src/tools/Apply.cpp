@@ -47,8 +47,8 @@ ApplyRequest requestOf(const Arguments& arguments) {
     return request;
 }
 
-/// The settings in the file, which is a backup or a settings file. What its name says is believed, so that a
-/// damaged backup is not taken for settings.
+/// Reads a backup or a settings file. The extension decides which, so that a damaged backup is not read as
+/// settings.
 Input<Backup> readWanted(const fs::path& path) {
     ReadBackup read = readBackup(path);
     if (!read && (path.extension() == kBackupExtension || read.fault == BackupFault::newerFormat))
@@ -61,13 +61,13 @@ Input<Backup> readWanted(const fs::path& path) {
     return {backupOf(settings.value), settings.fault};
 }
 
-/// A file that takes over settings.
+/// Applies settings to a file.
 class Taking {
   public:
     Taking(Backup wanted, fs::path file, bool isCheck)
         : m_wanted(std::move(wanted)), m_file(std::move(file)), m_isCheck(isCheck) {}
 
-    /// 0, or as errno why the file could not be replaced.
+    /// Returns 0, or an errno if the file could not be replaced.
     [[nodiscard]] int run() {
         bool isNew = true;
         int error = changeConfigFile(keys::storage, m_file, [&](const Dictionary& tree) {
@@ -79,7 +79,7 @@ class Taking {
         if (error == 0)
             tellHelperOfSave(m_now, m_file);
         if (error == ECANCELED)
-            return m_isToWrite ? EINVAL : 0; // what no property list holds, or nothing to do
+            return m_isToWrite ? EINVAL : 0; // a property list cannot hold it, or there is nothing to do
         return error;
     }
 
@@ -87,7 +87,7 @@ class Taking {
     [[nodiscard]] const std::vector<LeftOut>& leftOut() const { return m_leftOut; }
 
   private:
-    /// Whether the tree is to be written.
+    /// Returns whether the tree must be written.
     bool bringToWanted(const Dictionary& tree) {
         const auto before = plist::mutableDeepCopy(tree);
         m_leftOut = restoreEverything(tree, m_wanted);
@@ -99,7 +99,8 @@ class Taking {
         return m_isToWrite;
     }
 
-    /// Into a file that is not there, or holds no settings. What is no property list is kept beside it.
+    /// Writes to a file that is missing or holds no settings. Keeps a copy of one that is not a property
+    /// list.
     int writeNew() {
         const auto tree = Dictionary::create();
         if (!bringToWanted(tree))
@@ -142,7 +143,7 @@ void say(const Taking& taking, bool isCheck, Format format) {
             std::printf("\t%s\n", line.c_str());
 }
 
-/// Why the panel or the mouse would not take what becomes of the settings.
+/// Why the panel or the mouse would reject the resulting settings.
 std::string faultOfWanted(const Backup& wanted) {
     if (auto fault = faultOfTree(wanted.tree); !fault.empty())
         return fault;

@@ -10,16 +10,16 @@
 
 namespace quorvi::tools {
 
-/// Why a file gives no backup; empty for none.
+/// Why a backup cannot be read; empty for no fault.
 [[nodiscard]] std::string text(BackupFault fault);
 
-/// What is not in the settings, and why.
+/// Describes the left-out item and the reason.
 [[nodiscard]] std::string text(const LeftOut& leftOut);
 
-/// What the copy was made before.
+/// Describes the occasion of the copy.
 [[nodiscard]] std::string text(CopyReason reason);
 
-/// Says on standard error what of the file was left out, one thing a line.
+/// Prints the left-out items on standard error, one a line.
 void tellLeftOut(const std::filesystem::path& file, const std::vector<LeftOut>& leftOut);
 
 } // namespace quorvi::tools

@@ -1,4 +1,4 @@
-// Backups of the settings, for the verbs that take them from files and from the history.
+// Restores backups, for the verbs that read them from files and from the history.
 #pragma once
 
 #include <filesystem>
@@ -8,12 +8,12 @@
 
 namespace quorvi::tools {
 
-/// Brings the settings file to the backup, having kept a dated copy of what was there, and tells the helper.
-/// What was left out goes to standard error, as of that file. A file that is not there is made.
+/// Keeps a dated copy, restores the backup into the settings file, and notifies the helper. Prints left-out
+/// items of `source` on standard error. Creates a missing file.
 [[nodiscard]] Outcome restoreBackup(
     const std::filesystem::path& settings, const Backup& backup, const std::filesystem::path& source);
 
-/// Adds the backup's profile with its macros to the settings file, prints the name that it got, and tells the
+/// Adds the backup's profile with its macros to the settings file, prints its new name, and notifies the
 /// helper.
 [[nodiscard]] Outcome importBackup(
     const std::filesystem::path& settings, const Backup& backup, const std::filesystem::path& source);

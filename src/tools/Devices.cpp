@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::chrono::seconds kListTimeout{1};
 
-/// Asks for the list as a panel does that is shown for a moment.
+/// Requests the list like a panel that is shown for a moment.
 std::optional<DeviceList> askForDevices(EventBus& bus, const ProcessSerialNumber& helper) {
     std::optional<DeviceList> answer;
     bus.installHandler(kEventClassQuorvi, kEventDeviceList,

@@ -11,7 +11,7 @@ namespace quorvi::tools {
 
 void nameKeysOfEnvironment() {
     SetCurrentKeyboardLayout(keyboardLayoutOfEnvironment()->layout());
-    // Without a layout, the keys that have names of their own still have them.
+    // Without a layout, keys with fixed names still have them.
     GetKeyboardInformation(nullptr);
 }
 

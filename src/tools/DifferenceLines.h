@@ -8,8 +8,8 @@
 
 namespace quorvi::tools {
 
-/// Has differencesBetween() (history/Differences.h) name keys by the keyboard layout in use: of the display
-/// server, else as this machine is configured.
+/// Makes differencesBetween() (history/Differences.h) name keys in the present keyboard layout: the display
+/// server's, else the machine's configured one.
 void nameKeysOfEnvironment();
 
 /// Each difference in English, on one line.

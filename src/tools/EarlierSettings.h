@@ -1,4 +1,4 @@
-// What is kept of the user's settings before a verb changes them.
+// Keeps the user's settings before a verb changes them.
 #pragma once
 
 #include <filesystem>
@@ -7,12 +7,11 @@
 
 namespace quorvi::tools {
 
-/// The copies of the user who runs this.
+/// The current user's copies.
 [[nodiscard]] History userHistory();
 
-/// Keeps what the file holds as a dated copy, when it is the settings file of the user who runs this: by the
-/// reason firstChangeOfDay only when the day has no copy yet. What keeps it from that goes to standard error
-/// and is in nobody's way.
+/// Keeps the file's content as a dated copy if it is the current user's settings file; for firstChangeOfDay
+/// only if the day has no copy yet. Prints an error on standard error, without failing.
 void keepCopyBefore(const std::filesystem::path& settings, CopyReason reason);
 
 } // namespace quorvi::tools

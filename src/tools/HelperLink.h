@@ -13,7 +13,7 @@ namespace quorvi::tools {
 struct HelperLink {
     std::unique_ptr<EventBus> bus;
     ProcessSerialNumber helper;
-    std::string fault; ///< empty when both are there
+    std::string fault; ///< empty if both exist
 };
 
 [[nodiscard]] HelperLink connectToHelper();
@@ -21,7 +21,7 @@ struct HelperLink {
 /// Why a call of the simulated mouse failed.
 [[nodiscard]] std::string callFault(Status status);
 
-/// Makes the call, which takes the bus and the helper and gives a status, and says how it ended.
+/// Calls the function with the bus and the helper, and converts its status to an outcome.
 template <typename Call>
 [[nodiscard]] Outcome callHelper(Call&& call) {
     const HelperLink link = connectToHelper();

@@ -1,4 +1,4 @@
-// What the helper is told of settings that were changed without the panel.
+// Notifies the helper of settings changed without the panel.
 #pragma once
 
 #include <filesystem>
@@ -7,13 +7,12 @@
 
 namespace quorvi::tools {
 
-/// Whether it is the settings file of the user who runs this, also by another name, through a link for
-/// instance.
+/// Whether it is the current user's settings file, also under another name, such as a link.
 [[nodiscard]] bool isFileOfThisUser(const std::filesystem::path& file);
 
-/// The tree was written to the file. When that is the file of the user who runs this, the helper is told as
-/// the panel would tell it, so that the mouse gets the settings; nothing is said when no helper runs.
-/// Waits two seconds at most, for a bus that does not answer.
+/// Call this after writing the tree to the file. If it is the current user's file, notifies the helper like
+/// the panel, so that the mouse gets the settings; does nothing if no helper is running. Waits at most two
+/// seconds for a bus that does not answer.
 void tellHelperOfSave(const plist::Dictionary& tree, const std::filesystem::path& file);
 
 } // namespace quorvi::tools

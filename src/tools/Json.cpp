@@ -9,7 +9,7 @@ namespace quorvi::tools {
 
 namespace {
 
-/// Between quotation marks. Characters beyond ASCII stand as they are.
+/// Between quotation marks. Characters beyond ASCII are unchanged.
 std::string inQuotes(std::string_view utf8) {
     std::string text = "\"";
     for (const char c : utf8) {

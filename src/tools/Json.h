@@ -1,4 +1,4 @@
-// What is printed for scripts: JSON as RFC 8259 has it.
+// Output for scripts: JSON (RFC 8259).
 #pragma once
 
 #include <concepts>
@@ -11,7 +11,7 @@
 
 namespace quorvi::tools {
 
-/// A value as its JSON text. Texts become valid Unicode: what is none becomes U+FFFD.
+/// A value as its JSON text. Invalid Unicode in texts becomes U+FFFD.
 class Json {
   public:
     using Member = std::pair<std::string_view, Json>;
@@ -44,7 +44,7 @@ template <typename Text>
     return text.empty() ? Json() : Json(text);
 }
 
-/// On standard output, as one line.
+/// Prints the value on standard output, as one line.
 void print(const Json& value);
 
 } // namespace quorvi::tools

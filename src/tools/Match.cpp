@@ -26,7 +26,7 @@ struct MatchRequest {
     }
 };
 
-/// The number of the option in kOptions; its size when it is none of them.
+/// The number of the option in kOptions; its size for any other argument.
 std::size_t optionIndex(const std::string& argument) {
     std::size_t index = 0;
     while (index < kOptions.size() && argument != kOptions[index])

@@ -8,7 +8,7 @@ namespace quorvi::tools {
 
 namespace {
 
-/// Why the helper did not do it.
+/// Why the helper refused.
 std::string mouseFault(Status status, const std::string& mouse) {
     switch (status) {
     case resNotFound:
@@ -20,7 +20,7 @@ std::string mouseFault(Status status, const std::string& mouse) {
     }
 }
 
-/// The helper knows a mouse once it has listed it.
+/// The helper accepts only mice that it has listed.
 Outcome setInUse(const std::string& mouse, bool inUse) {
     const HelperLink link = connectToHelper();
     if (!link.fault.empty())
@@ -32,7 +32,7 @@ Outcome setInUse(const std::string& mouse, bool inUse) {
     return status == noErr ? done() : refused(mouseFault(status, mouse));
 }
 
-/// What the user has said, else what the mouse's description says; 0 when neither does.
+/// The user's value, else the hardware database's; 0 if there is neither.
 std::uint32_t dpiOf(const MouseEntry& mouse) {
     return mouse.dpi != 0 ? mouse.dpi : mouse.hardwareDpi;
 }

@@ -1,4 +1,4 @@
-// How a verb of the command line ends.
+// The result of a verb.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ constexpr int kMisused = 2; ///< the command line itself is wrong
 
 struct Outcome {
     int exitCode = kDone;
-    std::string reason; ///< for standard error, one line without its end; empty when there is nothing to say
+    std::string reason; ///< for standard error, one line without its end; may be empty
 };
 
 [[nodiscard]] inline Outcome done(std::string warning = {}) {

@@ -1,4 +1,4 @@
-// What the panel and the mouse need of settings.
+// Checks whether the panel and the mouse accept settings.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace quorvi::tools {
 
-/// Why the panel or the mouse does not take the tree, in words; empty when both do.
+/// Why the panel or the mouse rejects the tree, in words; empty if both accept it.
 [[nodiscard]] std::string faultOfTree(const plist::Dictionary& tree);
 
 } // namespace quorvi::tools

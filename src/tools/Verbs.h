@@ -9,51 +9,50 @@
 
 namespace quorvi::tools {
 
-/// What follows the verb on the command line.
+/// The arguments after the verb.
 using Arguments = std::vector<std::string>;
 
-/// How a verb says what it has to say: in lines, or as one JSON object, whose members docs/man/quorvictl.1
-/// lists. A script that asked for the latter gets an object with "error" when the verb is refused.
+/// The output format of a verb: lines, or one JSON object, whose members docs/man/quorvictl.1 lists. If the
+/// verb is refused, the JSON object has an "error".
 enum class Format : std::uint8_t { text, json };
 
-// Settings files and records. Nothing is written unless all of the input is in order.
+// Settings files and records. Nothing is written unless all input is valid.
 
 /// SETTINGS.plist RECORD.bin: writes the device's record of the settings.
 [[nodiscard]] Outcome encode(const Arguments& arguments);
 /// RECORD.bin SETTINGS.plist: puts the record's settings into the file, whose other keys stay.
 [[nodiscard]] Outcome decode(const Arguments& arguments);
-/// SETTINGS.plist: says whether the panel and the device take the settings.
+/// SETTINGS.plist: prints whether the panel and the device accept the settings.
 [[nodiscard]] Outcome check(const Arguments& arguments, Format format);
-/// FILE [SETTINGS.plist] [--check]: makes the settings file, else the user's, hold the settings of the file,
-/// which is another settings file or a backup of everything. Prints whether that changed anything; when
-/// nothing differs, nothing is written and nobody told. With --check nothing is in any case.
+/// FILE [SETTINGS.plist] [--check]: replaces the settings in the settings file, else the user's, with those
+/// of FILE, another settings file or a backup of everything. Prints whether that changed anything; without a
+/// difference, writes nothing and does not notify the helper. With --check, never does.
 [[nodiscard]] Outcome apply(const Arguments& arguments, Format format);
 /// SETTINGS.plist and options: prints the index of the profile bound to the application, or -1.
 [[nodiscard]] Outcome match(const Arguments& arguments);
 
-// Profiles and macros, by the rules of the panel's own lists. A panel that is open does not see the change
-// before the mouse is plugged in again.
+// Profiles and macros, by the rules of the panel's own lists. An open panel follows the change.
 
 /// SETTINGS.plist: prints number, name and application of each profile, the current one marked.
 [[nodiscard]] Outcome profiles(const Arguments& arguments, Format format);
 /// SETTINGS.plist: prints identifier, number of steps and name of each macro.
 [[nodiscard]] Outcome macros(const Arguments& arguments, Format format);
-/// SETTINGS.plist FILE: adds the profile or macro in the file and prints the name that it got.
+/// SETTINGS.plist FILE: adds the profile or macro in the file and prints its new name.
 [[nodiscard]] Outcome importItem(const Arguments& arguments);
-/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes the one into the file. With
-/// --with-macros behind it a profile and the macros that it runs.
+/// SETTINGS.plist profile NUMBER FILE, or SETTINGS.plist macro ID FILE: writes that item into the file. With
+/// --with-macros at the end, also the macros that the profile runs.
 [[nodiscard]] Outcome exportItem(const Arguments& arguments);
 
 // Everything in one file, and the dated copies of the user's settings.
 
-/// [SETTINGS.plist] FILE: writes all settings into the file. Without the first, here and below, they are the
-/// user's own.
+/// [SETTINGS.plist] FILE: writes all settings into the file. Without SETTINGS.plist, here and below, it uses
+/// the user's own.
 [[nodiscard]] Outcome backup(const Arguments& arguments);
-/// [SETTINGS.plist] FILE: makes the settings what the file holds, and says what was left out.
+/// [SETTINGS.plist] FILE: restores the settings from the file, and prints what was left out.
 [[nodiscard]] Outcome restore(const Arguments& arguments);
-/// Nothing: prints number, date and reason of each copy, the newest first. show NUMBER: prints the profiles
-/// and macros in it, and what is different in the user's settings. restore [SETTINGS.plist] NUMBER: makes
-/// the settings what it holds.
+/// Without arguments: prints number, date and reason of each copy, the newest first. show NUMBER: prints the
+/// copy's profiles and macros, and the differences from the user's settings. restore [SETTINGS.plist] NUMBER:
+/// restores the settings from the copy.
 [[nodiscard]] Outcome history(const Arguments& arguments, Format format);
 
 // The table of functions.
@@ -62,10 +61,10 @@ enum class Format : std::uint8_t { text, json };
 /// tab between them and in the order of the menus.
 [[nodiscard]] Outcome commands(const Arguments& arguments, Format format);
 
-// Keys. Numbers are decimal or hexadecimal behind 0x.
+// Keys. Numbers are decimal, or hexadecimal after 0x.
 
 /// CODE [MASK]: prints the name of a virtual key code (0 to 255) with the modifiers of the modifier word (0
-/// to 0xFFFF), on the keyboard layout in use: of the display server, else as this machine is configured.
+/// to 0xFFFF), in the present keyboard layout: the display server's, else the machine's configured one.
 [[nodiscard]] Outcome keyName(const Arguments& arguments);
 /// USAGE: prints the virtual key code of a USB keyboard usage; 255 for none.
 [[nodiscard]] Outcome usbToAdb(const Arguments& arguments);
@@ -79,30 +78,30 @@ enum class Format : std::uint8_t { text, json };
 [[nodiscard]] Outcome attach(const Arguments& arguments);
 [[nodiscard]] Outcome detach(const Arguments& arguments);
 
-// The mice of this computer, as the helper knows them.
+// This computer's mice, as listed by the helper.
 
-/// Prints id, state, connection, DPI and name of each, with tabs between them, one a line; "-" for what is
-/// not known.
+/// Prints id, state, connection, DPI and name of each, with tabs between them, one a line; "-" for unknown
+/// values.
 [[nodiscard]] Outcome mice(const Arguments& arguments, Format format);
-/// MOUSE, by its id or model: has it, and all of its model, do what the settings say.
+/// MOUSE, by its id or model: makes it, and all mice of its model, follow the settings.
 [[nodiscard]] Outcome use(const Arguments& arguments);
 /// MOUSE: makes it a plain one again.
 [[nodiscard]] Outcome forget(const Arguments& arguments);
 
-// The simulated mouse by hand.
+// Operates the simulated mouse.
 
 /// INPUT (1 to 9): presses the button, or turns the wheel by a notch (8 away, 9 back).
 [[nodiscard]] Outcome press(const Arguments& arguments);
 /// INPUT: releases the button.
 [[nodiscard]] Outcome release(const Arguments& arguments);
-/// Prints what the mouse sends until it is ended: microseconds of the steady clock, type, code and value of
-/// Linux input events with tabs between them, one a line. Refused when the helper ends.
+/// Prints the mouse's output until the process is ended: microseconds of the steady clock, type, code and
+/// value of Linux input events with tabs between them, one a line. Returns kRefused when the helper ends.
 [[nodiscard]] Outcome watch(const Arguments& arguments);
 
-/// Runs the verb that the command line names; what follows the program's own name.
+/// Runs the verb of the command line, which excludes the program's name.
 [[nodiscard]] Outcome run(const Arguments& commandLine);
 
-/// What --help prints, and what stands below the reason when the command line is wrong.
+/// The text of --help, also printed below the reason for a wrong command line.
 [[nodiscard]] std::string usage();
 
 } // namespace quorvi::tools

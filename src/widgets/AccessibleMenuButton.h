@@ -1,4 +1,4 @@
-// What assistive programs are told of a button that opens a menu, and how they press it.
+// A button that opens a menu, for assistive programs.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -7,8 +7,8 @@ namespace quorvi {
 
 class MenuButton;
 
-/// Pressing opens the menu, each time. (That of QPushButton presses the button for a tenth of a second, and
-/// presses during that, after a quick choice, open nothing.)
+/// Every press opens the menu. (QPushButton's interface presses the button for a tenth of a second and
+/// ignores a press during that time, such as after a quick choice.)
 class AccessibleMenuButton : public QAccessibleWidget {
   public:
     explicit AccessibleMenuButton(MenuButton* button);

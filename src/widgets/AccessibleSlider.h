@@ -1,4 +1,4 @@
-// What assistive programs are told of a slider of the panel, and how they move it.
+// A slider of the panel, for assistive programs.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -7,8 +7,8 @@ namespace quorvi {
 
 class KyvarQuorviSlider;
 
-/// A value that an assistive program sets counts as chosen by the user, by whole steps and while the slider
-/// is enabled. (That of QSlider sets it as the program itself does, of which nobody hears.)
+/// A value set by an assistive program counts as the user's choice. It moves in whole steps, and only while
+/// the slider is enabled. (QSlider's interface sets the value without the signal of a user's choice.)
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit AccessibleSlider(KyvarQuorviSlider* slider);

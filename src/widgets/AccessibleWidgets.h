@@ -1,12 +1,12 @@
-// The panel's own widgets, as assistive programs are to know them.
+// Registers the panel's own widgets for assistive programs.
 #pragma once
 
 #include <memory>
 
 namespace quorvi {
 
-/// Whoever holds one keeps the toolkit asking the panel about its own kinds of widgets. The last one takes
-/// that back: the panel's code may leave the process before the toolkit does.
+/// While one exists, the toolkit asks the panel about its own kinds of widgets. The last one's destructor
+/// ends that, because the panel's code may be unloaded before the toolkit.
 [[nodiscard]] std::shared_ptr<void> accessibleWidgets();
 
 } // namespace quorvi

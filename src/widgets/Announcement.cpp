@@ -10,7 +10,7 @@ namespace quorvi {
 
 namespace {
 
-/// For a screen reader that is told of the alert and asks for the text.
+/// For a screen reader to receive the alert and query the text.
 [[maybe_unused]] constexpr std::chrono::seconds kTimeToAsk{2};
 
 } // namespace

@@ -1,4 +1,4 @@
-// What screen readers say of themselves, where nothing that has the focus shows it.
+// Announcements of screen readers that do not concern the focused control.
 #pragma once
 
 #include <QString>
@@ -7,8 +7,8 @@ class QWidget;
 
 namespace quorvi {
 
-/// Has screen readers say the text, as of the widget. Before Qt 6.8 there is no event that carries a text:
-/// then the widget's description is the text for a moment, and an alert leads to it.
+/// Makes screen readers read the text, for the widget. Before Qt 6.8 no event carries a text, so the text
+/// becomes the widget's description for a moment, and an alert points to it.
 void announce(QWidget& from, const QString& text);
 
 } // namespace quorvi

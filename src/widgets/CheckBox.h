@@ -1,4 +1,4 @@
-// A check box that counts as clicked whoever clicks it.
+// A check box that emits clicked() for assistive programs too.
 #pragma once
 
 #include <QCheckBox>

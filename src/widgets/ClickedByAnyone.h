@@ -1,13 +1,13 @@
-// Buttons that hold a state, clicked by whoever clicks them.
+// Checkable buttons that also emit clicked() for assistive programs.
 #pragma once
 
 #include <QScopedValueRollback>
 
 namespace quorvi {
 
-/// An assistive program that clicks a checkable button of Qt's toggles it without clicked() being emitted.
-/// This one emits it then as well. setChecked() of this class is the program's own and emits only toggled(),
-/// as ever.
+/// An assistive program that clicks one of Qt's checkable buttons toggles it without clicked(). This one
+/// emits clicked() then too. The program itself must use this class's setChecked(), which emits only
+/// toggled(), as usual.
 template <typename Button>
 class ClickedByAnyone : public Button {
   public:
@@ -30,7 +30,7 @@ class ClickedByAnyone : public Button {
     }
 
   private:
-    bool m_isExplained = false; ///< clicked() follows, or nobody clicked
+    bool m_isExplained = false; ///< clicked() follows, or it was not a click
 };
 
 } // namespace quorvi

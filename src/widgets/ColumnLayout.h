@@ -1,14 +1,14 @@
-// How the columns of a table of the panel stand.
+// The layout of the columns of the panel's tables.
 #pragma once
 
 class QTableView;
 
 namespace quorvi {
 
-/// Gives the columns the widths that tableColumns() of the tag says, those with a title that does not fit
-/// more; the table may have fewer columns, or none.
+/// Sets the widths of the tag's tableColumns(), wider if a title does not fit; the table may have fewer
+/// columns, or none.
 void layOutColumns(QTableView& table, int tag);
-/// Has the titles begin where the texts below them do. Styles do not mirror them as they do texts of cells.
+/// Aligns the titles with the texts below them. Styles do not mirror titles like cells' texts.
 void alignTitles(QTableView& table);
 
 } // namespace quorvi

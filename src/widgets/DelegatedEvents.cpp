@@ -51,7 +51,7 @@ bool DelegatedEvents::takes(QEvent& event) {
             return false;
         event.accept();
         return true;
-    case QEvent::MouseMove: // a drag of a press that the table has not had must not choose rows
+    case QEvent::MouseMove: // a drag from a press that the table did not receive must not select rows
         return bool(static_cast<QMouseEvent&>(event).buttons() & m_takenPresses);
     case QEvent::ContextMenu:
         return m_rightPressWasTaken &&

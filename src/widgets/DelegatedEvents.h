@@ -1,4 +1,4 @@
-// The events of a table that its delegate deals with, so that the table does not.
+// The events that a table's delegate handles instead of the table.
 #pragma once
 
 #include <Qt>
@@ -17,13 +17,13 @@ class DelegatedEvents {
     /// Part of the table, which outlives it.
     explicit DelegatedEvents(KyvarQuorviTableView& table) : m_table(table) {}
 
-    /// Without a delegate every press and release of a button is dealt with, and no key is.
+    /// Without a delegate, every press and release of a button counts as handled, and no key does.
     void setDelegate(TableDelegate* delegate) { m_delegate = delegate; }
 
-    /// Asks the delegate about a press or a release on the table's viewport. True when that, or the press
-    /// that the event comes from (a drag, a context menu), is dealt with.
+    /// Offers the delegate a press or a release on the table's viewport. Returns true if it, or the press
+    /// that caused it (a drag, a context menu), is handled.
     [[nodiscard]] bool takes(QEvent& event);
-    /// Hands the delegate a delete key; true when it was one, and the table is not disabled.
+    /// Passes a delete key to the delegate; returns true if it was one and the table is enabled.
     [[nodiscard]] bool takesKey(const QKeyEvent& event);
 
   private:
@@ -32,7 +32,7 @@ class DelegatedEvents {
     KyvarQuorviTableView& m_table;
     TableDelegate* m_delegate = nullptr;
     bool m_rightPressWasTaken = false;
-    Qt::MouseButtons m_takenPresses; ///< the buttons that are down and none of the table's business
+    Qt::MouseButtons m_takenPresses; ///< the pressed buttons that the table must ignore
 };
 
 } // namespace quorvi

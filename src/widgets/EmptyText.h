@@ -1,4 +1,4 @@
-// What a list says while it has no rows.
+// The text shown in an empty list.
 #pragma once
 
 #include <QLabel>
@@ -7,15 +7,16 @@ class QAbstractItemView;
 
 namespace quorvi {
 
-/// A text in the middle of the list's viewport; what is clicked is the list.
+/// A text in the middle of the list's viewport; clicks go to the list.
 class EmptyText : public QLabel {
   public:
     /// Belongs to the list's viewport.
     explicit EmptyText(QAbstractItemView& list);
 
-    /// Fills the viewport, and stands there while the list has no rows or no model: for when either changes.
+    /// Fills the viewport, with less space around the text where it would be cut, and is visible while the
+    /// list has no rows or no model. Call this when either changes.
     void fit();
-    /// Takes its colour from the list's palette: for when that changes.
+    /// Takes its colour from the list's palette. Call this when that changes.
     void takeColour();
 
   private:

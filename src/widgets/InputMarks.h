@@ -1,4 +1,4 @@
-// Which of the mouse's inputs 1 to 9 are marked on the buttons tab, and why.
+// The marked inputs, 1 to 9, on the buttons tab, and the reasons.
 #pragma once
 
 #include <QObject>
@@ -18,19 +18,19 @@ class InputMarks : public QObject {
         Focused,  ///< its pop-up has the focus
         Pointed,  ///< the pointer is over it or its pop-up
         Pressed,  ///< a button is down in the window, or the wheel was just turned there
-        Reported, ///< likewise, as the helper says of the mouse
-        Asked,    ///< its button is to be pressed
-        Known,    ///< its button has been
+        Reported, ///< the same, reported by the helper
+        Asked,    ///< the user is asked to press its button
+        Known,    ///< its button was pressed
     };
 
     using QObject::QObject;
 
-    /// Gives the input that reason to be marked, or takes it back. A number outside of 1 to 9 does nothing.
+    /// Adds or removes the reason to mark the input. Does nothing for a number outside 1 to 9.
     void set(int input, Reason reason, bool on);
-    /// The same for all inputs but the one, which alone has that reason then; 0 for none.
+    /// Makes the input the only one with that reason; 0 for none.
     void setOnly(int input, Reason reason);
 
-    /// Whether to show a mark. What is pointed at takes the mark from what has the focus.
+    /// Whether to show a mark. A pointed input takes the mark from the focused one.
     [[nodiscard]] bool isMarked(int input) const;
     [[nodiscard]] bool isPressed(int input) const;
     [[nodiscard]] bool isKnown(int input) const;

@@ -17,7 +17,7 @@ namespace quorvi {
 namespace {
 
 constexpr const char* kTagProperty = "tag";
-/// The title of an item that shows another text.
+/// The full title of an item that shows another text.
 constexpr const char* kWholeTitleProperty = "wholeTitle";
 
 void copyProperties(const QObject& from, QObject& to) {
@@ -85,7 +85,7 @@ QString shownTitleOfItem(const QAction& item) {
 
 QString shownTitle(const QString& title) {
     QString shown = shownText(withoutDirection(title));
-    // A tab would put what follows where the item's shortcut stands.
+    // The text after a tab would appear in the place of the shortcut.
     for (QChar& character : shown)
         if (!character.isPrint() && !character.isSurrogate() && !isolatesName(character))
             character = QLatin1Char(' ');
@@ -170,7 +170,7 @@ void activateFirstItem(QMenu& menu) {
         return;
     if (!(*first)->menu())
         return menu.setActiveAction(*first);
-    // By the call its submenu would open at once.
+    // setActiveAction() would open its submenu at once.
     QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
     QCoreApplication::sendEvent(&menu, &down);
 }

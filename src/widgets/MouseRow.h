@@ -21,7 +21,7 @@ class MouseRow : public QWidget {
         QString setUp, setUpName, setUpDescription, setUpHindrance; ///< see MiceList
     };
 
-    /// The number, from 1, tells its controls from those of other rows.
+    /// The number, from 1, distinguishes its controls from those of other rows.
     MouseRow(const QString& id, int number, Texts texts);
 
     [[nodiscard]] const QString& id() const { return m_id; }
@@ -42,7 +42,7 @@ class MouseRow : public QWidget {
     QString m_id;
     QString m_name;
     Texts m_texts;
-    CheckBox* m_box; // its setChecked() counts as nobody's click, unlike that of the class it inherits
+    CheckBox* m_box; // its setChecked() does not count as a click, unlike the inherited one
     QPushButton* m_button;
     QLabel* m_detail;
 };

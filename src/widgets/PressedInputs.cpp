@@ -35,8 +35,8 @@ void PressedInputs::setActive(bool active) {
         keepOnly({});
 }
 
-// Events of windows, not of widgets: a widget that takes a press for itself does not hide it, and a menu that
-// opens by the press gets its release.
+// Events of windows, not of widgets: a press is seen even if a widget accepts it, and its release even if a
+// menu opened by the press receives it.
 bool PressedInputs::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::Show:

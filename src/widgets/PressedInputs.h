@@ -1,5 +1,4 @@
-// Marks the inputs of the mouse whose real buttons are held down in the window of a view, while that is
-// shown.
+// Marks the inputs whose real buttons are held down in a view's window, while the view is visible.
 #pragma once
 
 #include <QWidget>
@@ -8,18 +7,18 @@ namespace quorvi {
 
 class InputMarks;
 
-/// The input that the button is on the drawing: left, right and wheel button 1 to 3, back 4, forward 5; 0 for
-/// any other.
+/// The button's input on the drawing: left, right and wheel button 1 to 3, back 4, forward 5; 0 for any
+/// other.
 [[nodiscard]] int inputOfButton(Qt::MouseButton button);
 
 class PressedInputs : public QObject {
     Q_OBJECT
 
   public:
-    /// For the life of both.
+    /// Works while both exist.
     PressedInputs(QWidget& view, InputMarks& marks);
 
-    /// Whether it marks anything; it does from the start.
+    /// Sets whether it is active; initially it is.
     void setActive(bool active);
 
   protected:

@@ -1,4 +1,4 @@
-// A push button that stays down, and counts as clicked whoever clicks it.
+// A push button that stays down, and emits clicked() for assistive programs too.
 #pragma once
 
 #include <QPushButton>
@@ -16,8 +16,8 @@ class ToggleButton : public ClickedByAnyone<QPushButton> {
     using ClickedByAnyone::ClickedByAnyone;
 
   protected:
-    /// Styles put the text beside the icon by the button's direction, and Qt's painter turns that around once
-    /// more by the application's, away from the icon.
+    /// Styles place the text next to the icon in the button's direction, and Qt's painter mirrors it again
+    /// for the application's, away from the icon.
     void paintEvent(QPaintEvent* /*event*/) override {
         QStyleOptionButton option;
         initStyleOption(&option);

@@ -4,7 +4,7 @@ namespace quorvi {
 
 namespace {
 
-/// A layout goes back and forth between a few widths; a window that is resized goes through hundreds.
+/// A layout alternates between a few widths; resizing a window passes through hundreds.
 constexpr std::size_t kMaxHeights = 16;
 
 } // namespace

@@ -8,9 +8,8 @@
 
 namespace quorvi {
 
-/// A label that remembers how high it is at which width. A layout asks several times for each width that it
-/// tries before the first window is there, and the inherited label sets the whole text anew for each answer.
-/// That saves 2.5 ms of the start.
+/// A label that remembers its height for each width. Before the first window appears, a layout queries each
+/// width several times, and QLabel lays out the whole text each time. Remembering saves 2.5 ms of the start.
 class WrappedLabel : public QLabel {
     Q_OBJECT
 
@@ -20,7 +19,7 @@ class WrappedLabel : public QLabel {
     [[nodiscard]] int heightForWidth(int width) const override;
 
   private:
-    /// What the heights are of.
+    /// The text of the remembered heights.
     mutable QString m_measuredText;
     mutable QFontMetrics m_measuredFont = fontMetrics();
     mutable std::map<int, int> m_heights; ///< by widths

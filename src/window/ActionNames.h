@@ -1,4 +1,4 @@
-// What the user's actions are called, for Change::action.
+// Names of the user's actions, for Change::action.
 #pragma once
 
 #include <string>
@@ -7,14 +7,14 @@
 
 namespace quorvi {
 
-/// The action that the text names, which is in the user's language already.
+/// The action's name from a text in the user's language.
 [[nodiscard]] std::u16string actionName(const QString& text);
 
 /// The same with the name of a profile, a macro or an application in place of "^1", as nameFor() puts it.
 [[nodiscard]] std::u16string actionName(const QString& text, const std::u16string& name);
 [[nodiscard]] std::u16string actionName(const QString& text, const QString& name);
 
-/// The text with the name likewise in place of "^1".
+/// The text with the name in place of "^1", in the same way.
 [[nodiscard]] QString textWithName(const QString& text, const std::u16string& name);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// What the window says of backups: what is different in them, and what of them was left out.
+// The window's texts about backups: their differences and left-out items.
 #pragma once
 
 #include <QString>
@@ -11,14 +11,14 @@
 
 namespace quorvi {
 
-/// What was different in the earlier tree, a sentence each (see differencesBetween).
+/// The differences from the earlier tree, a sentence each (see differencesBetween).
 [[nodiscard]] QStringList differenceTexts(
     const plist::Dictionary& earlier, const plist::Dictionary& now, const PanelText& text);
 
-/// What of a backup has no place in the settings, and why, a sentence each.
+/// The left-out items of a backup and the reasons, a sentence each.
 [[nodiscard]] QStringList leftOutTexts(const std::vector<LeftOut>& leftOut, const PanelText& text);
 
-/// The sentence, and below it the first of what was left out and how much more there is.
+/// The sentence, followed by the first left-out items and the number of the others.
 [[nodiscard]] QString withLeftOut(const QString& sentence, const QStringList& leftOut, const PanelText& text);
 
 } // namespace quorvi

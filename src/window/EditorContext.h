@@ -1,4 +1,4 @@
-// What every editor is given of the panel.
+// The parts of the panel that every editor uses.
 #pragma once
 
 #include "widgets/FilledText.h"
@@ -9,7 +9,7 @@ class Document;
 class Notices;
 class Sheets;
 
-/// All of it must outlive the editor.
+/// All members must outlive the editor.
 struct EditorContext {
     Document& document;
     PanelText text; ///< the texts of the panel, in the user's language

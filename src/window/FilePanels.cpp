@@ -12,7 +12,7 @@ namespace quorvi {
 
 namespace {
 
-/// Where the user's own files are.
+/// The folder of the user's own files.
 QString documentsFolder() {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
@@ -32,10 +32,9 @@ void setActive(QWidget* window) {
     QT_WARNING_POP
 }
 
-/// Gives the keyboard back to what had it before. Qt ignores that a window becomes active while a list of
-/// completions is open, and a panel may close under its list: then no window at all would be active. To ask
-/// the display for the focus does not help, since there the window has it; only the function that Qt advises
-/// against tells Qt so.
+/// Restores the focus. Qt ignores a window's activation while a completion list is open, and a panel may
+/// close under its list: then Qt would have no active window. Requesting the focus from the display does not
+/// help, because there the window already has it; only this discouraged function corrects Qt's state.
 void returnFocusAfter(const QFileDialog* panel, QWidget* window) {
     QObject::connect(panel, &QObject::destroyed, window, [window] {
         if (!QApplication::activeWindow() && QGuiApplication::focusWindow() == window->windowHandle())
@@ -62,7 +61,7 @@ QFileDialog* filePanel(
             if (const auto index = filters.indexOf(filter); index >= 0)
                 panel->setDefaultSuffix(QLatin1String(kinds[static_cast<std::size_t>(index)].extension));
         });
-    // The folder that was used last in this session, which Qt remembers, else the documents.
+    // The last used folder of this session, which Qt remembers, else the documents.
     if (panel->directory() == QDir::current())
         panel->setDirectory(documentsFolder());
     return panel;

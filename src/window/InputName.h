@@ -1,4 +1,4 @@
-// What sentences call an input of the mouse.
+// Names of the mouse's inputs in sentences.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// The input, 1 to 9, of the profile of that name, as a sentence begins with it.
+/// The input, 1 to 9, of the named profile, for the beginning of a sentence.
 [[nodiscard]] QString inputName(int input, const QString& profile, const PanelText& text);
 
 } // namespace quorvi

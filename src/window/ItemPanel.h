@@ -1,20 +1,19 @@
-// The panel in which the file of an import or export is chosen.
+// The file panel for imports and exports.
 #pragma once
 
 #include <QFileDialog>
 
 namespace quorvi {
 
-/// The path with the extension at its end, whatever else looks like one in it: "v1.2" gets it as well.
+/// The path with the extension at its end, even after something similar: "v1.2" gets it too.
 [[nodiscard]] QString withExtension(const QString& path, const QString& extension);
 
-/// The name that is proposed for the item's file: one that can be typed and is no path.
+/// The proposed name of the item's file, without characters of a path.
 [[nodiscard]] QString fileNameFor(QString name, const QString& extension);
 
-/// Takes a name that is typed for a new file for that of a file with the default suffix, also where it ends
-/// like another kind of file and where a folder has it. A path to a folder, with a slash in it, still leads
-/// there. It has no meta-object of its own: Qt shows the desktop's file panel in the place of its plain one
-/// alone.
+/// Always adds the default suffix to a name typed for a new file, even if it ends like another kind of file
+/// or a folder has this name. A path to a folder, with a slash, still opens it. The class has no meta-object:
+/// Qt uses the desktop's file panel only in place of its plain class.
 class ItemPanel : public QFileDialog {
   public:
     using QFileDialog::QFileDialog;

@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// A key, and the modifiers that go with it, as an assignment has them.
+/// A key and its modifiers, as in an assignment.
 struct KeyChoice {
     std::uint8_t key = noKey;    ///< virtual key code, 255 for none
     std::uint16_t modifiers = 0; ///< modifier word

@@ -7,8 +7,8 @@ namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// Enables or disables the button. One that takes itself out of use leaves the keyboard to its list, not to
-/// whatever comes next.
+/// Enables or disables the button. A focused button that is disabled passes the focus to its list, not to the
+/// next control.
 void enableButtonOf(KyvarQuorviTableView& list, QPushButton& button, bool enabled);
 
 } // namespace quorvi

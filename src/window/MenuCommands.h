@@ -1,4 +1,4 @@
-// The commands of the lists' context and gear menus, which their items name by tags (MenuTags.h).
+// The commands of the lists' context and gear menus, identified by tags (MenuTags.h).
 #pragma once
 
 #include <QString>
@@ -14,13 +14,13 @@ class Document;
 
 struct MenuCommand {
     int tag;
-    /// Whoever called may not outlive it: it may ask a question.
+    /// The caller may be destroyed during it: it may ask a question.
     std::function<void()> perform;
-    /// Asked only while there is a mouse.
+    /// Called only while there is a mouse.
     std::function<bool()> isPossible;
-    /// What the item is called just now; empty for one that always has the same name.
+    /// The item's present name; empty for a fixed one.
     std::function<QString()> title = {};
-    /// What comes of the command is saved by itself: it is over only later, or nothing comes of it.
+    /// The command saves its own result: it finishes later, or has none.
     bool savesLater = false;
 };
 
@@ -31,11 +31,11 @@ class MenuCommands {
 
     void add(std::vector<MenuCommand> commands);
 
-    /// Whether the item can be chosen now: none without a mouse, and any that is no command's with one. Gives
-    /// the item its name.
+    /// Returns whether the item can be chosen now: none without a mouse, else any that has no command or
+    /// whose command is possible. Sets the item's name.
     [[nodiscard]] bool validate(QAction* item) const;
-    /// Performs the command with the tag, if there is one, which this object may not outlive. Whether what
-    /// came of it is to be saved.
+    /// Performs the command with the tag, if there is one; this object may be destroyed meanwhile. Returns
+    /// whether its result must be saved.
     [[nodiscard]] bool perform(int tag) const;
 
   private:

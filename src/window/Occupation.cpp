@@ -25,8 +25,8 @@ bool Occupation::isUnderWay() const {
 
 void Occupation::awaitEnd() {
     m_awaiting = std::make_unique<QObject>();
-    // Twice around the event loop, here and where the signal goes to: what was chosen or typed comes first.
-    // The signals themselves are not queued, because Qt 5 cannot do that with what they say.
+    // Queued twice, here and at the receiver, so that the choice or input is processed first. The signals
+    // themselves are not queued, because Qt 5 cannot queue their arguments.
     const auto later = [this] {
         QMetaObject::invokeMethod(
             m_awaiting.get(), [this] { emit ended(); }, Qt::QueuedConnection);

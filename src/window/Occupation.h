@@ -1,4 +1,4 @@
-// What the user is at in the window, which is not to be broken off by what somebody else does.
+// User actions in the window that other programs' changes must not interrupt.
 #pragma once
 
 #include <QObject>
@@ -16,26 +16,26 @@ class Occupation final : public QObject {
     Q_OBJECT
 
   public:
-    /// Tables and sheets must outlive its use. The function says whether a recording runs.
+    /// Tables and sheets must outlive its use. `isRecording` returns whether a recording runs.
     Occupation(std::vector<const KyvarQuorviTableView*> tables, const Sheets& sheets,
         std::function<bool()> isRecording);
 
     /// Whether a cell is edited, a menu or a sheet is open, or a recording runs.
     [[nodiscard]] bool isUnderWay() const;
-    /// Tells from now on when the menu, the sheet or the panel that is open, or an edit of a cell, has come
-    /// to its end. A recording saves.
+    /// From now on signals the end of the open menu, sheet or panel, or of a cell edit. Not needed for a
+    /// recording, which saves.
     void awaitEnd();
     void stopAwaiting() { m_awaiting.reset(); }
 
   signals:
-    /// What was chosen or typed has been dealt with. Connect it queued.
+    /// The choice or input has been processed. Connect it queued.
     void ended();
 
   private:
     std::vector<const KyvarQuorviTableView*> m_tables;
     const Sheets& m_sheets;
     std::function<bool()> m_isRecording;
-    std::unique_ptr<QObject> m_awaiting; ///< hears of the ends; null while nobody waits for them
+    std::unique_ptr<QObject> m_awaiting; ///< receives the ends; null while not needed
 };
 
 } // namespace quorvi

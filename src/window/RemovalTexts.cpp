@@ -10,7 +10,7 @@ namespace quorvi {
 
 namespace {
 
-/// A question has to stay readable, and to fit a small screen.
+/// A question must stay readable, and fit a small screen.
 constexpr std::size_t kMostLines = 4;
 
 QString nameOfProfile(const plist::Dictionary& tree, std::size_t index) {
@@ -21,7 +21,7 @@ QString nameOfInput(const ProfileInput& input, const plist::Dictionary& tree, co
     return inputName(input.input, nameOfProfile(tree, input.profile), text);
 }
 
-/// A line for each of the inputs, or for the first ones and then how many others there are.
+/// A line for each of the inputs, or for the first ones and then the number of others.
 template <typename Input, typename LineOf>
 QString lines(const std::vector<Input>& inputs, const LineOf& lineOf, const QString& others) {
     const std::size_t count = inputs.size() <= kMostLines ? inputs.size() : kMostLines - 1;

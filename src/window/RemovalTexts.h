@@ -1,4 +1,4 @@
-// What a question before a removal says of the inputs that will do something else.
+// Texts about inputs affected by a removal, for the question before it.
 #pragma once
 
 #include <QString>
@@ -10,13 +10,13 @@
 
 namespace quorvi {
 
-/// What the inputs that run the macro at the index of the tree will do without it: a line for each of the
-/// first ones, and how many there are beside them. Empty when none runs it.
+/// The new functions of the inputs that run the macro at the index: a line for each of the first ones, and
+/// the number of others. Empty if none runs it.
 [[nodiscard]] QString effectOfRemovingMacro(
     const plist::Dictionary& tree, std::size_t macro, const PanelText& text);
 
-/// The same of the inputs that switch to the profile at the index, or to one behind it, whose number is to be
-/// another profile's.
+/// The same for the inputs that switch to the profile at the index, or to a later one, whose number will
+/// change.
 [[nodiscard]] QString effectOfRemovingProfile(
     const plist::Dictionary& tree, std::size_t profile, const PanelText& text);
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int kResponseOK = 1;
 constexpr int kResponseCancel = 0;
 
-/// Screen readers say the button's name in place of its text.
+/// Screen readers read the accessible name instead of the text.
 void nameButton(QPushButton& button, const QString& name) {
     button.setText(name);
     button.setAccessibleName(name);
@@ -28,7 +28,7 @@ void nameButton(QPushButton& button, const QString& name) {
 Sheets::Sheets(const Views& views, PanelText text) : m_views(views), m_text(std::move(text)) {}
 
 int Sheets::run(QDialog* panel) {
-    // A sheet is a window: it does not take its parent's direction.
+    // A sheet is a window: it does not inherit its parent's direction.
     panel->setLayoutDirection(m_views.mainView->layoutDirection());
     const QPointer<Sheets> self(this);
     const int code = m_sessions.run(panel);
@@ -55,7 +55,7 @@ bool Sheets::confirm(const Question& question) {
         text.replace(mark, 2, nameWithin(text, shownText(*question.item)));
     m_views.question->setText(text);
     nameButton(*m_views.confirmButton, m_text(question.confirming));
-    // The safe answer, also after a question that was answered otherwise.
+    // The safe answer, even if the previous question was answered otherwise.
     m_views.cancelButton->setFocus();
     return run(m_views.confirmPanel) == kResponseOK;
 }

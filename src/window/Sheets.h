@@ -1,4 +1,4 @@
-// The sheets of the panel, and the question before what cannot be taken back.
+// The panel's sheets, and the question before critical actions.
 #pragma once
 
 #include <QObject>
@@ -16,12 +16,12 @@ class QWidget;
 
 namespace quorvi {
 
-/// What a question asks.
+/// The texts of a question.
 struct Question {
     const char* message; ///< a key of the string table; its lines are separated by carriage returns
-    /// What stands in place of the message's first "^1", if anything does.
+    /// Replaces the message's first "^1", if set.
     std::optional<QString> item = std::nullopt;
-    QString effect = {};           ///< stands below the message's first line; in the user's language already
+    QString effect = {};           ///< shown below the message's first line; already translated
     const char* confirming = "OK"; ///< a key of the string table: the name of the button that confirms
 };
 
@@ -40,13 +40,14 @@ class Sheets final : public QObject {
 
     Sheets(const Views& views, PanelText text);
 
-    /// Runs the panel as a sheet on the window; the code that ended it. Whoever calls may not outlive it.
+    /// Runs the panel as a sheet on the window and returns the code that ended it. The caller may be
+    /// destroyed meanwhile.
     int run(QDialog* panel);
     void accept();
     void cancel();
     [[nodiscard]] bool isRunning() const { return m_sessions.isRunning(); }
 
-    /// Whether the user agrees. Whoever calls may not outlive the question.
+    /// Whether the user agrees. The caller may be destroyed during the question.
     [[nodiscard]] bool confirm(const Question& question);
 
   signals:

@@ -1,4 +1,4 @@
-// Paths between the file system, Qt and the user's eye.
+// Converts paths between the file system, Qt and display.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// The path as users write it: from their home folder where it is in there. Long names are cut.
+/// The displayed path, with "~" for the home folder. Long names are cut.
 [[nodiscard]] QString shownPath(const std::filesystem::path& path, const std::filesystem::path& home);
 
 /// The path in the file system's own bytes.

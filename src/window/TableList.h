@@ -21,16 +21,16 @@ class TableList {
     [[nodiscard]] KyvarQuorviTableView& table() const { return m_table; }
     [[nodiscard]] TableModel& model() const { return *m_model; }
 
-    /// Has that called when another row is selected, or none, but not while the program itself selects
+    /// Has that called when other rows are selected, or none, but not while the program itself selects
     /// quietly.
     void onSelectionChange(std::function<void()> action) { m_selectionChanged = std::move(action); }
     /// Calls it now, unless that is to be quiet.
     void selectionDidChange() const;
 
-    /// Asks for every row anew. The selection stays, and nobody hears of anything; but when the selected row
-    /// is gone, nothing is selected any more, which is a change of the selection.
+    /// Asks for every row anew. The selection stays, and nobody hears of anything; but when a selected row is
+    /// gone, it is not selected any more, which is a change of the selection.
     void reload();
-    /// The same, also when the selected row is gone.
+    /// The same, also when a selected row is gone.
     void reloadQuietly();
     /// Selects the row alone, none for one that does not exist, and nobody hears of it.
     void selectQuietly(int row);

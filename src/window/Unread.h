@@ -1,5 +1,4 @@
-// What is shown in place of a value that has not been read yet: no device list has come, so the settings are
-// not known.
+// The placeholder for a value not read yet: no device list has arrived, so the settings are unknown.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// The application panel on a window of its own, with five installed applications.
+// The application panel in its own window, with five installed applications.
 #pragma once
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// Installed games in the application panel, beside the applications.
+// Installed games in the application panel, next to the applications.
 #include <QImage>
 #include <QLabel>
 #include <QStyledItemDelegate>

@@ -1,4 +1,4 @@
-// Prints the applications that GIO would show, a line each, sorted: id, name, program, entry.
+// Prints the applications that GIO would show, one a line, sorted: id, name, program, entry.
 
 #include <cstdio>
 #include <memory>

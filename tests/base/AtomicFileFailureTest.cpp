@@ -1,5 +1,4 @@
-// What the system calls under an atomic replacement are, in which order, and what happens when one of them
-// fails.
+// The system calls of an atomic replacement, their order, and the effect of a failure of each.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -179,7 +178,7 @@ class AtomicFileFailure : public AtomicFileCalls,
 
 TEST_P(AtomicFileFailure, leavesTheOldFileAndNoTemporaryAndTheNextReplacementSucceeds) {
     EXPECT_FALSE(replace());
-    // The folder is synced when the new file is there already; it is not said to be safe.
+    // The folder is synced after the new file is in place; the failure is reported.
     EXPECT_EQ(readFile(path()), calls.failing == "sync folder" ? "new" : "old");
     EXPECT_EQ(modeOf(path()), 0640U);
     EXPECT_EQ(names(), FileNames{"file"});

@@ -166,7 +166,7 @@ TEST(replaceFileAtomically, replacesOnlyRegularFiles) {
     EXPECT_TRUE(fs::is_fifo(folder / "fifo"));
 }
 
-// With a device of its own: were the check ever lost, a test run as root would replace the system's.
+// Uses its own device: if the check ever broke, a test run as root would replace the system's.
 TEST(replaceFileAtomically, doesNotReplaceADevice) {
     const TemporaryFolder folder;
     const auto likeDevNull = ::makedev(1, 3);

@@ -12,7 +12,7 @@ namespace quorvi::test {
 
 enum class Outcome { Failed, Succeeded, Broken };
 
-/// Runs the preparation and then the action, and gives the action's result; Broken when the preparation fails
+/// Runs the preparation and then the action, and returns the action's result; Broken if the preparation fails
 /// or the child dies.
 template <typename Preparation, typename Action>
 [[nodiscard]] Outcome inChild(Preparation prepare, Action act) {

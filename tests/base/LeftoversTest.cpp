@@ -1,4 +1,4 @@
-// The temporary files of replacements that were never finished, and everything that is not one.
+// Temporary files of unfinished replacements, and files that only look like them.
 #include "base/Leftovers.h"
 
 #include <gtest/gtest.h>
@@ -76,7 +76,7 @@ TEST_F(Leftovers, ofALivingProcessStayForADay) {
     EXPECT_EQ(left(), FileNames{"file"});
 }
 
-// As one of another container is, whose number says nothing here.
+// Like one of another container, whose process number means nothing here.
 TEST_F(Leftovers, thatSomebodyHoldsStay) {
     writeFile(folder / ofTheDead, "half a file");
     const int held = ::open((folder / ofTheDead).c_str(), O_WRONLY | O_CLOEXEC);

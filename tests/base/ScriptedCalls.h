@@ -1,4 +1,4 @@
-// File-system calls that fail on request, because full disks and broken ones cannot be had on every machine.
+// File-system calls that fail on request, to simulate full and broken disks.
 #pragma once
 
 #include <algorithm>
@@ -24,11 +24,11 @@ inline std::ostream& operator<<(std::ostream& stream, const FileError& error) {
     return stream << error.name;
 }
 
-/// What a call that changes a file may fail with, beside being interrupted.
+/// The errors of calls that change files, in addition to interruption.
 inline constexpr std::array kFileErrors{FileError{"ENOSPC", ENOSPC}, FileError{"EDQUOT", EDQUOT},
     FileError{"EIO", EIO}, FileError{"EACCES", EACCES}, FileError{"EPERM", EPERM}, FileError{"EROFS", EROFS}};
 
-/// Writes the calls down and passes them on to the system, unless one is to fail.
+/// Records the calls and passes them to the system, unless one must fail.
 class ScriptedCalls : public FileCalls {
   public:
     using Log = std::vector<std::string>;

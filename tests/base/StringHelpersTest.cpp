@@ -107,7 +107,7 @@ TEST(PascalStringTest, ComparingIgnoresTheCaseOfAsciiLettersAlone) {
     EXPECT_EQ(compared("", ""), 0);
     EXPECT_LT(compared("a", "B"), 0);
     EXPECT_GT(compared("b", "A"), 0);
-    EXPECT_NE(compared("[", "{"), 0); // 32 apart, as letters of two cases are
+    EXPECT_NE(compared("[", "{"), 0); // 32 apart, like upper and lower case
     EXPECT_NE(compared("@", "`"), 0);
     EXPECT_NE(compared("\xC4", "\xE4"), 0);
     EXPECT_LT(compared("z", "\xC4"), 0); // bytes are unsigned

@@ -1,5 +1,5 @@
-// Key events of the host as they pass the pane: real event objects at a real window, with the native codes of
-// a keyboard.
+// Key events of the host passing the pane: real event objects at a real window, with a keyboard's native
+// codes.
 
 #include <QKeyEvent>
 #include <QWindow>

@@ -1,4 +1,4 @@
-// Who gets a key that is caught: the capture by itself, with sinks of the test's own at a real window.
+// The receiver of a captured key: the capture alone, with the test's own sinks at a real window.
 
 #include <QKeyEvent>
 #include <QWindow>

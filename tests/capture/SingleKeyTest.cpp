@@ -1,4 +1,4 @@
-// The events that are offered to the pane, and what the single-key panel makes of them.
+// The single-key panel's reaction to events offered to the pane.
 
 #include <QAccessible>
 #include <QLineEdit>

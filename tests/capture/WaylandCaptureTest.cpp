@@ -1,5 +1,5 @@
-// Captures under a Wayland compositor that has a shortcut of its own, with the keys of a keyboard: sway in a
-// window of an X display.
+// Captures under a Wayland compositor with its own shortcut, with a keyboard's keys: sway in a window of an X
+// display.
 
 #include <QApplication>
 #include <QDir>

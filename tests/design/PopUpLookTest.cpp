@@ -1,4 +1,4 @@
-// A pop-up's title and arrow stand side by side in every style, the arrow at the end of the line.
+// A pop-up's title and arrow are next to each other in every style, the arrow at the end of the line.
 
 #include <QProxyStyle>
 #include <QStyleFactory>

@@ -1,4 +1,4 @@
-// Where a change is to be seen: the tabs, the macro and its step.
+// The place of a change: the tabs, the macro and its step.
 #include "document/ChangePlace.h"
 
 #include <gtest/gtest.h>

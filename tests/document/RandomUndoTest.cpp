@@ -1,5 +1,5 @@
-// Ten thousand actions by chance: after any number of undos the settings are, byte for byte, what they were
-// before as many actions, with what another program has written since.
+// Ten thousand random actions: after any number of undos the settings are, byte for byte, the same as before
+// that many actions, plus another program's later changes.
 #include <gtest/gtest.h>
 
 #include <random>

@@ -1,4 +1,4 @@
-// Copies of the settings that share with an earlier copy what is the same.
+// Copies of the settings that share equal parts with an earlier copy.
 #include "document/Snapshot.h"
 
 #include <gtest/gtest.h>

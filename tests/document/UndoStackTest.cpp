@@ -1,4 +1,4 @@
-// Actions on the settings, taken back and done again, also beside other programs' changes.
+// Undo and redo of actions on the settings, also together with other programs' changes.
 #include "document/UndoStack.h"
 
 #include <gtest/gtest.h>

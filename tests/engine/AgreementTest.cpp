@@ -1,5 +1,5 @@
-// The engine against the plain one, used by chance: what comes out, what runs, and when each wants to be
-// called, after every call. And whatever happened, nothing is down at the end.
+// Compares the engine with the plain one under random use: output, running state and wake-up time after every
+// call. In the end no key is down.
 #include <cstdlib>
 
 #include "engine/PlainMouse.h"
@@ -58,7 +58,7 @@ class Pair {
     [[nodiscard]] const Witness& witness() const { return m_witness; }
     [[nodiscard]] bool isBusy() const { return m_engine.isBusy(); }
 
-    /// What both have said is compared once.
+    /// Output that has been compared is forgotten.
     void forget() {
         m_witness.changes.clear();
         m_witness.frames.clear();

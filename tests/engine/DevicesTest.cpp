@@ -1,4 +1,4 @@
-// What the two devices offer.
+// The capabilities of the two devices.
 #include "engine/Devices.h"
 
 #include <gtest/gtest.h>
@@ -52,7 +52,8 @@ TEST(Devices, AreFoundByTheirCodes) {
         EXPECT_FALSE(findDeviceOfKey(static_cast<std::uint16_t>(neither), device)) << neither;
 }
 
-/// The panel names keys by virtual key codes. What it shows for a usage is the key that the mouse types.
+/// The panel names keys by virtual key codes. The key it shows for a usage must be the key that the mouse
+/// types.
 TEST(Usages, TypeTheKeysThatThePanelNames) {
     int compared = 0;
     for (unsigned usage = 0; usage < 0xE0; ++usage) {

@@ -1,5 +1,5 @@
-// Every function by every input that it is offered for: what its press, its holding for a second and its
-// release come to, and a notch of the wheel.
+// Every function with every input that can have it: the output of a press, of holding it for a second and of
+// its release, and of a notch of the wheel.
 #include <algorithm>
 #include <map>
 
@@ -12,7 +12,7 @@ namespace quorvi::test {
 
 namespace {
 
-/// The changes and what runs, one behind the other: "KEY_A 1, KEY_A 0".
+/// The changes and running states in order: "KEY_A 1, KEY_A 0".
 struct Expected {
     const char* press;
     const char* heldForASecond;
@@ -89,7 +89,7 @@ const std::map<int, Expected>& expectations() {
     return all;
 }
 
-/// What the parameters have to be for the function to do something.
+/// Parameters with which the function has an effect.
 std::pair<int, int> parametersOf(int code) {
     switch (code) {
     case 49:
@@ -115,7 +115,7 @@ TestRecord recordWith(int input, int code) {
     return record;
 }
 
-/// What has come out since the last time.
+/// The output since the last call.
 class Heard {
   public:
     explicit Heard(TestMouse& mouse) : m_mouse(mouse) { (void)since(); }
@@ -135,7 +135,7 @@ class Heard {
         return text;
     }
 
-    /// The same in a word, when it is notches alone.
+    /// The same in one word if it is only notches.
     std::string notchesSince(const std::string& notch) {
         const auto text = since();
         std::size_t count = 0;

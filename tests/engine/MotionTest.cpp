@@ -36,7 +36,7 @@ TestRecord recordOf(int dpiX, int dpiY) {
     return record;
 }
 
-/// Moves by what the function says, a million times, and gives what came of it.
+/// Moves a million times by the function's counts, and returns the sum of the output.
 template <typename Counts>
 Sum sumOfAMillion(int dpiX, int dpiY, Counts&& counts) {
     Adder adder;

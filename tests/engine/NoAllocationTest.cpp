@@ -1,4 +1,4 @@
-// The hot path asks for no memory: counted in operator new, for every function and for random reports.
+// The hot path allocates no memory: counted in operator new, for every function and for random reports.
 #include <cstdlib>
 #include <new>
 #include <random>

@@ -1,5 +1,5 @@
-// The engine once more, from what it promises and not from its code: one class with lists and maps, which
-// reads the record at its offsets and thinks nothing of memory or speed.
+// A second engine, written from the first one's contract, not its code: one class with lists and maps, which
+// reads the record at its offsets and ignores memory use and speed.
 #pragma once
 
 #include <map>
@@ -54,7 +54,7 @@ class PlainMouse {
     static constexpr std::int64_t millisecond = 1000;
 
     void come(std::int64_t now);
-    /// The key of a usage; 0 for one that no key has.
+    /// The key of a usage; 0 for one without a key.
     [[nodiscard]] static int usageKey(int usage);
     [[nodiscard]] int at(std::size_t offset) const { return m_bytes[offset]; }
     [[nodiscard]] bool isUsed(int profile) const;
@@ -82,7 +82,7 @@ class PlainMouse {
     void endMacro(std::optional<Macro>& macro);
     void wakeClicks();
 
-    std::vector<int> m_bytes; ///< empty as long as there is no record
+    std::vector<int> m_bytes; ///< empty without a record
     engine::Options m_options;
     std::optional<std::int64_t> m_callers;
     std::int64_t m_now = 0;

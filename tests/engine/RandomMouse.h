@@ -1,4 +1,4 @@
-// A mouse used by chance: records, options, reports and waits, each from a seed.
+// A randomly used mouse: records, options, reports and waits from a seed.
 #pragma once
 
 #include <functional>

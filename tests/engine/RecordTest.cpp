@@ -1,4 +1,4 @@
-// Which records the engine takes, and what it does of them at once.
+// The records that the engine accepts, and their immediate effects.
 #include <filesystem>
 #include <fstream>
 

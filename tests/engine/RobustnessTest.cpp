@@ -1,4 +1,4 @@
-// Times that jump, and events and records that nobody should send.
+// Jumping times, and invalid events and records.
 #include <limits>
 
 #include "engine/RandomMouse.h"

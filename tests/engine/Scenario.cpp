@@ -35,7 +35,7 @@ std::vector<int> numbersIn(Words& words) {
     return numbers;
 }
 
-/// The command whose title begins the text, the longest of them.
+/// The command with the longest title that begins the text.
 const Command* commandIn(const std::string& text) {
     const Command* found = nullptr;
     for (const Command& command : commandTable())
@@ -57,7 +57,7 @@ class Run {
     }
 
   private:
-    /// Frames and what runs, in the order in which they came.
+    /// Frames and running states in order.
     class Lines : public engine::Output {
       public:
         Lines(Run& run) : m_run(run) {}

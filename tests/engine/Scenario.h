@@ -1,5 +1,5 @@
-// Behaviours of the engine as text: what the record holds, what goes in, what has to come out. The head of
-// tests/data/engine/README.md says how they are written.
+// Behaviours of the engine as text: the record, the input and the expected output.
+// tests/data/engine/README.md describes the format.
 #pragma once
 
 #include <filesystem>
@@ -15,10 +15,10 @@ struct Scenario {
     std::vector<std::string> out;
 };
 
-/// All of the file, in order.
+/// All scenarios of the file, in order.
 [[nodiscard]] std::vector<Scenario> scenariosIn(const std::filesystem::path& file);
 
-/// What comes out, in the words of the text.
+/// The output in the text's words.
 [[nodiscard]] std::vector<std::string> outcomeOf(const Scenario& scenario);
 
 } // namespace quorvi::test

@@ -1,4 +1,4 @@
-// Records for the engine, put together without a tree: what they hold is written at its offset.
+// Records for the engine, built without a tree by writing values at their offsets.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@
 
 namespace quorvi::test {
 
-/// A record with profile 1, in which nothing has a function and the one stage has 1600 DPI.
+/// A record with profile 1, without functions, with one stage of 1600 DPI.
 class TestRecord {
   public:
     TestRecord();
 
-    /// Profiles, stages and inputs count from 1. A profile that is named is in use from then on.
+    /// Profiles, stages and inputs count from 1. Naming a profile puts it in use.
     TestRecord& profile(int number);
     TestRecord& active(int profile, int stage);
     TestRecord& function(int profile, int input, int command, int param1 = 0, int param2 = 0);

@@ -1,4 +1,4 @@
-// What came out of the engine, and whether a kernel and a desktop could make sense of it.
+// Records the engine's output, and checks that it is valid for a kernel and a desktop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 
 namespace quorvi::test {
 
-/// One change, without the SYN_REPORT behind it.
+/// One change, without its SYN_REPORT.
 struct Change {
     std::int64_t at = 0; ///< microseconds
     engine::Device device{};
@@ -94,7 +94,7 @@ class Witness : public engine::Output {
     std::map<int, bool> m_down;
 };
 
-/// A mouse with an engine, and a clock that wakes the engine when it wants to be.
+/// A mouse with an engine, and a clock that wakes the engine in time.
 class TestMouse {
   public:
     explicit TestMouse(const TestRecord& record = {}) { set(record); }
@@ -113,7 +113,7 @@ class TestMouse {
             {event(EV_REL, REL_WHEEL, signedNotches), event(EV_REL, REL_WHEEL_HI_RES, signedNotches * 120)});
     }
 
-    /// Waits, and wakes the engine to the microsecond.
+    /// Waits, and wakes the engine with microsecond precision.
     void wait(std::chrono::microseconds time) {
         const auto end = now + time;
         for (auto next = engine.nextWake(); next && *next <= end; next = engine.nextWake()) {

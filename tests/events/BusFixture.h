@@ -1,4 +1,4 @@
-// What the tests on a private bus share: connections, and other processes.
+// Shared by the tests on a private bus: connections, and other processes.
 #pragma once
 
 #include <gtest/gtest.h>

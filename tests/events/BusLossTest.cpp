@@ -1,4 +1,4 @@
-// A bus that is not there, never answers, or goes away.
+// A bus that is missing, never answers, or goes away.
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>

@@ -1,4 +1,4 @@
-// More events at once than a process can take in one go.
+// More events at once than a process handles in one call.
 #include "events/BusFixture.h"
 
 namespace quorvi::test {

@@ -1,4 +1,4 @@
-// Signals of the bus that another program of the session has forged.
+// Bus signals forged by another program of the session.
 
 #include <stdexcept>
 

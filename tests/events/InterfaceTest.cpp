@@ -1,4 +1,4 @@
-// The interface description files say what the running objects say.
+// The interface description files match the running objects.
 #include "events/BusFixture.h"
 #include "events/EventsInterface.h"
 #include "events/Introspection.h"

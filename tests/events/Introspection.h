@@ -1,4 +1,4 @@
-// What an object on the bus says of itself, and what the description files say.
+// The introspection data of bus objects, and the description files.
 #pragma once
 
 #include <fstream>

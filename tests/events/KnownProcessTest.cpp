@@ -1,4 +1,4 @@
-// A process that was found by its name is found again without a question to the bus, and never in vain.
+// A process found by its name is found again without a bus query, and the cached answer is never stale.
 #include <poll.h>
 
 #include "events/BusFixture.h"

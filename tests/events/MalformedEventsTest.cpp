@@ -1,4 +1,4 @@
-// Calls that no program of ours makes, written with the bus library itself.
+// Malformed calls, made directly with the bus library.
 #include <cstdarg>
 
 #include <systemd/sd-bus.h>

@@ -1,4 +1,4 @@
-// Hearing that the process list is another one than before.
+// Notifications of changes of the process list.
 
 #include "events/BusFixture.h"
 

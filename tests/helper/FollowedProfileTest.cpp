@@ -1,4 +1,4 @@
-// The record while the helper runs another profile than the one that its user chose.
+// The record while the helper runs another profile than the user's choice.
 #include <gtest/gtest.h>
 
 #include <cstring>

@@ -1,4 +1,4 @@
-// A list to a panel that is gone reaches nobody; only a monitor of the bus sees whether it is sent.
+// Only a bus monitor can see whether a list is sent to a panel that is gone.
 #include "events/ProcessName.h"
 #include "helper/HelperFixture.h"
 #include "support/EventMonitor.h"

@@ -1,4 +1,4 @@
-// The real helper in a bundle of its own on a private bus, and panels to talk to it.
+// The real helper in its own bundle on a private bus, and panels that use it.
 #pragma once
 
 #include "events/BusFixture.h"

@@ -1,4 +1,4 @@
-// When the helper starts, ends, sleeps, and how much it takes.
+// The helper's start, end and sleep, and its memory use.
 #include <csignal>
 #include <cstdlib>
 

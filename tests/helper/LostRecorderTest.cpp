@@ -1,4 +1,4 @@
-// A panel that is killed while it records says nothing: the helper has to see that it is gone.
+// A panel killed while recording sends no message: the helper must notice its end.
 #include "events/ProcessName.h"
 #include "helper/HelperFixture.h"
 #include "support/EventMonitor.h"

@@ -1,4 +1,4 @@
-// The keys that the real helper types letters with, by the layout of a real X server.
+// The keys with which the real helper types letters, in a real X server's layout.
 #include <linux/input-event-codes.h>
 
 #include "events/HelperCalls.h"

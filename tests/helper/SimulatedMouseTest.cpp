@@ -1,5 +1,4 @@
-// The simulated mouse of the real helper, used over the bus: what its inputs come to under the user's
-// settings.
+// The simulated mouse of the real helper, used over the bus: its output under the user's settings.
 #include <algorithm>
 
 #include <linux/input-event-codes.h>

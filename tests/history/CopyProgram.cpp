@@ -1,5 +1,5 @@
-// Saves settings with a dated copy of the earlier ones before, as the panel does, for tests that kill it on
-// the way or let its calls fail:
+// Saves settings with a dated copy of the earlier ones before, as the panel does, for tests that kill it
+// halfway or make its calls fail:
 //     quorvi-copy-program HOME RATE
 // RATE becomes the polling rate. Exit code 0 when both were done, 1 when there is no copy, 2 when nothing was
 // saved. Looking for kSaveMark (SaveProgram.h) says that it begins, and again that it is over.

@@ -1,4 +1,4 @@
-// What several tests of copies and backups need.
+// Shared by several tests of copies and backups.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,4 @@
-// Whatever lies in the folder of copies, nothing outside of it is read, written or removed, and nobody waits.
+// Whatever the folder of copies contains, no file outside it is read, written or removed, and no call blocks.
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-// A program that keeps a copy and then saves is killed at each system call in turn, and has each call that
-// makes the copy fail: whatever happens, the settings are the old ones or the new ones, no older copy is
-// lost, and a failed copy does not keep the settings from being saved.
+// Kills a program that keeps a copy and then saves at each system call, and makes each call of the copy fail:
+// the settings are always the old or the new ones, no older copy is lost, and a failed copy does not prevent
+// the save.
 
 #include <gtest/gtest.h>
 

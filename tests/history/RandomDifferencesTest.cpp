@@ -1,4 +1,4 @@
-// Differences of trees that anybody may have written.
+// Differences of arbitrary trees.
 #include <gtest/gtest.h>
 
 #include "base/Unicode.h"

@@ -1,4 +1,4 @@
-// Bringing a tree to what a backup holds.
+// Restoring a tree from a backup.
 
 #include <gtest/gtest.h>
 

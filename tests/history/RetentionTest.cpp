@@ -1,4 +1,4 @@
-// Which copies stay.
+// The copies that are kept.
 
 #include "history/Retention.h"
 

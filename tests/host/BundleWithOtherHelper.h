@@ -1,4 +1,4 @@
-// The real bundle, but for the program that is launched as its helper.
+// The real bundle with another program as its helper.
 #pragma once
 
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-// The real program while it asks for a key, and when it is done or killed.
+// The real program while it asks for a key, and after that, or when killed.
 
 #include <QTest>
 

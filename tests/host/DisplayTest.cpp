@@ -36,7 +36,7 @@ class DisplayTest : public QObject {
         const auto before = session.record();
         QVERIFY(xdotool({"windowactivate", "--sync", window}));
         QVERIFY(xdotool({"key", "--repeat", std::to_string(kDeviceTab), "ctrl+Tab"}));
-        QVERIFY(xdotool({"key", "alt+w"})); // the key of "Light on the wheel"
+        QVERIFY(xdotool({"key", "alt+w"})); // the key of "Wheel light"
         QTRY_COMPARE_WITH_TIMEOUT(session.home.savedLights(), 2, kWindowPatienceMs);
         QTRY_COMPARE_WITH_TIMEOUT(
             changes(before, session.record()), QStringLiteral("213: 3 -> 2"), kWindowPatienceMs);

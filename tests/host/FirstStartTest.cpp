@@ -1,4 +1,4 @@
-// The panel's very first start: a new user, no helper running, nobody touching anything.
+// The panel's very first start: a new user, no helper running, no user input.
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,4 +1,4 @@
-// The help button of the real panel, and what the desktop is asked to open by it.
+// The real panel's help button, and the page that the desktop must open.
 
 #include <QTest>
 #include <QUrl>

@@ -1,5 +1,4 @@
-// Something under the helper's or the panel's name that is not what it says. The panel is a program of its
-// own.
+// An impostor with the helper's or the panel's name. The panel is a separate program.
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-// The settings application as a program of its own, with the mouse and the keyboard of the display.
+// The settings application as a separate program, with the display's mouse and keyboard.
 #pragma once
 
 #include <QPoint>

@@ -1,4 +1,4 @@
-// The settings application's window in this process, with the real panel in it, as a user has it in front.
+// The settings application's window in this process, with the real panel, in front of a user.
 #pragma once
 
 #include <QTimer>

@@ -1,5 +1,5 @@
-// The panel as one page of a settings application that is not ours: whatever that does with its pages, the
-// panel is told in strict turn.
+// The panel as a page of an external settings application: however that handles its pages, the panel is shown
+// and hidden alternately.
 
 #include "host/PanePage.h"
 

@@ -1,4 +1,4 @@
-// What the desktop would open is written down instead.
+// Records what the desktop would open.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// What the user chooses is in the settings file and in the mouse a moment later, byte for byte.
+// The user's choices are in the settings file and in the mouse a moment later, byte for byte.
 
 #include <QComboBox>
 #include <QMenu>

@@ -1,4 +1,4 @@
-// The panel is hidden, shown again and closed, and what the helper knows of that.
+// The panel is hidden, shown again and closed, and notifies the helper.
 
 #include <QAbstractItemView>
 #include <QLineEdit>

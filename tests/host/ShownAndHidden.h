@@ -1,4 +1,4 @@
-// What a panel tells the helper of being shown and hidden.
+// A panel's messages to the helper about being shown and hidden.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
 // Keys that come from the X server, in the sheet that asks for a mouse button's key: the real window, plug-in
-// and helper, under a window manager that has shortcuts of its own.
+// and helper, under a window manager with its own shortcuts.
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,5 +1,5 @@
-// The current stage in the window follows the mouse's own sensitivity button: how soon, from the press to
-// what is painted.
+// The current stage in the window follows the mouse's own sensitivity button: the time from the press to the
+// painting.
 
 #include <QLabel>
 #include <QTest>

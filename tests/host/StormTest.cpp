@@ -1,5 +1,5 @@
-// The open panel, as a program of its own, in a storm of device lists and malformed events: it goes on
-// answering its user, takes no more memory, and is afterwards as it was before.
+// The open panel, as a separate program, in a storm of device lists and malformed events: it keeps responding
+// to its user, uses no more memory, and is unchanged afterwards.
 //
 // The short form has some hundred of either. The full one, of 10,000 device lists and 10,000 malformed
 // events:

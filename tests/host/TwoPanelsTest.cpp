@@ -1,4 +1,4 @@
-// Two settings applications at once with one helper: with settings of their own each, and at one file.
+// Two settings applications with one helper: each with its own settings, and with one file.
 
 #include <QAbstractSlider>
 #include <QTest>

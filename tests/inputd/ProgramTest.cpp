@@ -1,4 +1,4 @@
-// The program without a mouse, and what is installed beside it.
+// The program without a mouse, and its installed files.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,5 +1,4 @@
-// What the shells offer behind the name of quorvictl, asked of the shells themselves with the installed
-// files.
+// The shells' completions for quorvictl, queried from the shells with the installed files.
 #include "install/ToolVerbs.h"
 
 namespace quorvi::test {

@@ -1,4 +1,4 @@
-// What the desktop reads of the installed panel, judged by the desktop's own tools.
+// The installed panel's files for the desktop, checked by the desktop's own tools.
 #include "install/Installed.h"
 
 namespace quorvi::test {

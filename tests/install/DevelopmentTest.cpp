@@ -1,4 +1,4 @@
-// Programs at the device's end build against what is installed, and against nothing else.
+// Programs for the device side build against the installed files alone.
 #include "install/Installed.h"
 
 namespace quorvi::test {

@@ -1,4 +1,4 @@
-// What was compiled into the programs against faults in memory, read back from the installed files.
+// The memory protections compiled into the programs, read from the installed files.
 #include <sstream>
 
 #include "install/Installed.h"

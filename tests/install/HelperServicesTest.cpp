@@ -1,4 +1,4 @@
-// How the bus starts the helper: by itself, and by systemd where that runs the session.
+// How the bus starts the helper: by itself, and through systemd if that runs the session.
 #include "install/Installed.h"
 
 namespace quorvi::test {

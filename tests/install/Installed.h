@@ -1,4 +1,4 @@
-// What the project's own rules install, in a folder of a test's own.
+// The files installed by the project's rules, in a temporary folder.
 #pragma once
 
 #include <gtest/gtest.h>

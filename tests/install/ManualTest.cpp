@@ -1,4 +1,4 @@
-// The manual pages know what the programs know.
+// The manual pages match the programs.
 #include "install/ToolVerbs.h"
 
 namespace quorvi::test {

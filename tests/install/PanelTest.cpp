@@ -1,4 +1,4 @@
-// The installed panel and helper, and the document for those who write another helper.
+// The installed panel and helper, and the document for authors of other helpers.
 #include <sstream>
 
 #include "install/Installed.h"

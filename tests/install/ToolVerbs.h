@@ -1,4 +1,4 @@
-// What can stand behind the name of quorvictl, by its own word.
+// quorvictl's verbs, according to itself.
 #pragma once
 
 #include <sstream>

@@ -1,4 +1,4 @@
-// A keyboard layout given as a table of what each keystroke types.
+// A keyboard layout given as a table of keystrokes and characters.
 #pragma once
 
 #include <map>

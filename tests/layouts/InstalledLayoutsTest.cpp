@@ -1,4 +1,4 @@
-// Every printing key of a range of installed layouts, against libxkbcommon asked directly.
+// Every printing key of a range of installed layouts, compared with libxkbcommon directly.
 #include "layouts/LayoutWitness.h"
 #include "layouts/XkbKeyboardLayout.h"
 

@@ -1,4 +1,4 @@
-// What every printing key of a layout is to be named, by libxkbcommon asked directly and by the C library.
+// The expected name of every printing key of a layout, from libxkbcommon directly and from the C library.
 #pragma once
 
 #include <gtest/gtest.h>

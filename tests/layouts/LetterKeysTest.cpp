@@ -1,4 +1,4 @@
-// Which key types which letter in a shortcut, under layouts that are installed.
+// The keys of letters in shortcuts, in installed layouts.
 #include "layouts/LetterKeys.h"
 
 #include <gtest/gtest.h>

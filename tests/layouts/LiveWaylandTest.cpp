@@ -1,4 +1,4 @@
-// The layout of real Wayland compositors, while it changes and while keyboards come and go.
+// The layout of real Wayland compositors, while it changes and while keyboards are added and removed.
 #include <csignal>
 
 #include <wayland-client.h>

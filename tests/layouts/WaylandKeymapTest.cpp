@@ -1,4 +1,4 @@
-// Keymaps as a compositor hands them over, and what is none.
+// Keymaps sent by a compositor, and invalid ones.
 #include "layouts/WaylandKeymap.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The two kinds of log-in item lists on disk, seen alike, and a third one in memory that fails on demand.
+// The two kinds of login item lists on disk with a common interface, and one in memory that fails on demand.
 #pragma once
 
 #include <map>

@@ -1,4 +1,4 @@
-// One file that is loaded and saved in a folder of its own, by calls that may be told to fail.
+// One file, loaded and saved in its own folder, with system calls that can be made to fail.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace quorvi::test {
 
 inline constexpr std::int32_t kVersion = 6;
 
-/// A valid tree that its light tells from others.
+/// A valid tree, distinguished by its light.
 [[nodiscard]] inline plist::Dictionary settings(int light) {
     return dict({{"version", kVersion}, {"settings", dict({{"light", light}})}, {"profiles", list()},
         {"macros", list()}});
@@ -26,7 +26,7 @@ class ConfigFileTest : public testing::Test {
     [[nodiscard]] std::filesystem::path copy(int number) const {
         return folder / ("file.kept-" + std::to_string(number) + ".plist");
     }
-    /// As another program does.
+    /// Writes like another program.
     void put(const plist::Value& content) const { writeFile(path(), plist::writeXml(content).value()); }
     [[nodiscard]] plist::Dictionary content() const {
         return plist::readPropertyListFile(path()).value.dictionary();

@@ -1,4 +1,4 @@
-// Which inputs depend on a macro or a profile.
+// The inputs that depend on a macro or a profile.
 
 #include "model/Dependants.h"
 

@@ -1,4 +1,4 @@
-// Single profiles and macros in files of their own.
+// Single profiles and macros in their own files.
 
 #include "model/ItemFile.h"
 
@@ -147,7 +147,7 @@ TEST_F(ItemFile, ASmallFileWithAMillionStepsTakesNoMemoryForThem) {
     EXPECT_LT(mostMemory() - before, 50 << 20);
 }
 
-/// A folder that everybody may put files into, and a file of the user's elsewhere.
+/// A folder that everybody may write to, and a user's file elsewhere.
 class ItemFileInSharedFolder : public ItemFile {
   protected:
     ItemFileInSharedFolder() {

@@ -1,5 +1,5 @@
-// A program that saves its settings is killed at each system call of the save in turn, and has each call fail
-// with each error in turn: whatever happens, the file is the old one or the new one, whole.
+// Kills a program that saves its settings at each system call of the save, and makes each call fail with each
+// error: the file is always the complete old or new one.
 //
 // By hand: build/bin/quorvi-killed-save-tests
 
@@ -26,7 +26,7 @@ using Names = std::set<std::string>;
 
 enum class Scenario { firstSave, overAnOldFile, throughALink, overAnotherProgramsSettings };
 
-/// A home folder, and in it what the scenario says.
+/// A home folder with the scenario's files.
 class Home {
   public:
     explicit Home(Scenario scenario) : m_scenario(scenario) {
@@ -42,11 +42,11 @@ class Home {
     }
 
     [[nodiscard]] fs::path file() const { return userSettingsPath(m_folder.path()); }
-    /// The settings file's bytes; nothing when there is none.
+    /// The settings file's bytes; std::nullopt if there is none.
     [[nodiscard]] std::optional<std::string> content() const {
         return fs::exists(file()) ? std::optional(readFile(file())) : std::nullopt;
     }
-    /// What lies where the file is.
+    /// The names in the file's folder.
     [[nodiscard]] Names names() const {
         Names result;
         std::error_code error;
@@ -54,7 +54,7 @@ class Home {
             result.insert(entry.path().filename());
         return result;
     }
-    /// Runs the program that saves, by strace with these arguments if there are any.
+    /// Runs the program that saves, under strace if there are arguments.
     [[nodiscard]] ProgramResult run(const std::vector<std::string>& strace, int rate) const {
         std::vector<std::string> program{QUORVI_SAVE_PROGRAM, m_folder.path(), std::to_string(rate)};
         if (m_scenario == Scenario::overAnotherProgramsSettings)
@@ -86,9 +86,9 @@ class SaveOfAProgram : public testing::TestWithParam<Scenario> {
         renewed = home.content();
         complete = home.names();
     }
-    /// The next start removes what the last one left, and its save succeeds.
+    /// The next start removes the leftovers, and its save succeeds.
     void expectANewStart(const Home& home) const {
-        // Who has changed nothing takes over what the other program has: so there is something to change.
+        // A save without changes would adopt the other program's tree, so make a change.
         if (GetParam() == Scenario::overAnotherProgramsSettings) {
             EXPECT_EQ(home.run({}, 250).exitCode, 0);
         }
@@ -97,14 +97,14 @@ class SaveOfAProgram : public testing::TestWithParam<Scenario> {
         const auto names = home.names();
         EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), 0);
     }
-    /// What was there before the save: the other program's settings when there is one.
+    /// Whether this is the content before the save: the other program's settings if there is one.
     [[nodiscard]] bool isOld(const std::optional<std::string>& content) const {
         return GetParam() == Scenario::overAnotherProgramsSettings
                    ? content && content->ends_with("</plist>\n") &&
                          content->find("<integer>500</integer>") != std::string::npos
                    : content == old;
     }
-    /// The settings that another program has put there, when it has, are in the file or in a copy.
+    /// Another program's settings, if any, are in the file or in a copy.
     void expectNothingLost(const Home& home) const {
         if (GetParam() == Scenario::overAnotherProgramsSettings && home.content() == renewed) {
             EXPECT_EQ(home.names(), complete);
@@ -141,14 +141,14 @@ TEST_P(SaveOfAProgram, thatIsKilledAtAnyCallLeavesTheOldFileOrTheNewOne) {
     EXPECT_GE(leftovers, 4);
 }
 
-/// What can fail: calls with files.
+/// Only calls on files can fail.
 bool isCallWithFiles(const Call& call) {
     static const std::set<std::string> others{"access", "brk", "futex", "getpid", "getrandom", "gettid",
         "madvise", "mmap", "mprotect", "munmap", "rt_sigaction", "rt_sigprocmask", "sched_yield"};
     return !others.contains(call.name);
 }
 
-/// What signals really interrupt.
+/// Calls that signals can interrupt.
 bool isRepeated(const Call& call) {
     static const std::set<std::string> repeated{
         "close", "fchmod", "fchown", "fsync", "read", "renameat", "renameat2", "write"};
@@ -170,11 +170,11 @@ TEST_P(SaveOfAProgram, oneCallOfWhichFailsSaysSoAndLeavesTheOldFileOrSavesAllThe
             const Home home(GetParam());
             const auto exitCode = home.run(inject(call, "error=" + std::string(error.name)), 1000).exitCode;
             const bool isNew = home.content() == renewed;
-            // Only the sync of the folder, which comes last, may fail when the new file is there.
+            // Only the last call, the sync of the folder, may fail with the new file in place.
             EXPECT_TRUE(exitCode == 0 ? isNew : exitCode == 1 && (!isNew || call.name == "fsync"));
             EXPECT_TRUE(exitCode == 0 || error.number != EINTR || !isRepeated(call));
             const auto names = home.names();
-            // The old file has a temporary one's name in the end, and the removal of that may be what fails.
+            // The old file ends up under the temporary name, and its removal may fail.
             const bool stays = call.name == "unlinkat" && error.number != EINTR;
             EXPECT_EQ(std::count_if(names.begin(), names.end(), isLeftover), stays ? 1 : 0);
             if (!stays)

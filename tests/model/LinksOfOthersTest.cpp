@@ -1,5 +1,5 @@
-// A link that somebody else has put where a settings file is to be: in a folder where everybody may put
-// files, it would have one's own rights spent on a file of their choice.
+// Another user's link in place of a settings file: in a folder that everybody may write to, following it
+// would apply our rights to a file of their choice.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -81,7 +81,7 @@ TEST_F(LinksOfOthers, doNotStandInTheWayOnceTheyAreGone) {
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(path())));
 }
 
-// What only somebody trusted can have put there is followed.
+// A link that only a trusted user can have created is followed.
 TEST_F(LinksOfOthers, areFollowedWhereNotEverybodyCanPutThem) {
     for (const auto& [mode, owner, ownerOfFolder] : {std::tuple(01777U, 0U, kNobody),
              std::tuple(01777U, kNobody, kNobody), std::tuple(01755U, kNobody, 0U)}) {

@@ -14,7 +14,7 @@ struct NaiveRecord {
     std::vector<std::uint8_t> bytes; ///< 13232
 };
 
-/// What the tree must give; the host must be little-endian.
+/// The expected record of the tree; the host must be little-endian.
 [[nodiscard]] NaiveRecord naiveEncode(const plist::Dictionary& tree);
 
 } // namespace quorvi::test

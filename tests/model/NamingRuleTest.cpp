@@ -1,4 +1,4 @@
-// The one rule by which profiles and macros get their names.
+// The naming rule of profiles and macros.
 
 #include "model/NamingRule.h"
 
@@ -60,7 +60,7 @@ TEST(NamingRule, ANameThatIsNoTextClashesWithNothing) {
     EXPECT_EQ(makeNameUnique(u"7", u"Untitled", array, "name", -1), u"7");
 }
 
-// The same rule once more, as one would say it aloud and without a thought for speed.
+// A second, simple implementation of the rule, without regard to speed.
 
 using Names = std::vector<std::u16string>;
 
@@ -99,7 +99,7 @@ std::u16string naiveUnique(std::u16string name, const Names& names, int ignored)
 class RandomNames {
   public:
     std::u16string name() {
-        // Few letters and many counters, so that clashes are the rule.
+        // Few letters and many counters, so that clashes are frequent.
         static constexpr std::u16string_view pieces[] = {u"a", u"A", u" ", u" 2", u" 3", u" 10", u" -5",
             u" 0", u"Work", u"\u5B57\u00E4", u"abcdefghijklmnopq", u"  ", u" 2x", u"\xD83D\xDE00"};
         std::u16string result;
@@ -133,7 +133,7 @@ TEST(NamingRule, TenThousandRandomListsNeverClashAndAgreeWithTheNaiveRule) {
         ASSERT_FALSE(naiveClash(names, unique, ignored));
         clashes += unique != wanted.substr(0, 20) ? 1 : 0;
     }
-    EXPECT_GT(clashes, 1000); // so that the lists put the rule to the test
+    EXPECT_GT(clashes, 1000); // so that the lists really test the rule
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What somebody else keeps in the settings file beside the settings, however large and deep it is.
+// Other programs' keys in the settings file, however large and deep.
 #include <gtest/gtest.h>
 
 #include "model/ConfigFileFixture.h"
@@ -19,7 +19,7 @@ Value manyKeys() {
     return many;
 }
 
-/// So many dictionaries and arrays, by turns, inside each other.
+/// Nested dictionaries and arrays, alternating.
 Value nested(int levels) {
     Value inside = plist::Data{0, 255, 10};
     for (int level = 0; level < levels; ++level)
@@ -30,11 +30,11 @@ Value nested(int levels) {
 
 class KeysOfOthers : public ConfigFileTest {
   protected:
-    /// What the file is to hold.
+    /// The expected content.
     [[nodiscard]] static Dictionary contentWith(const Value& theirs, int light) {
         return dict({{"theirs", theirs}, {"quorvi", settings(light)}, {"last", -1}});
     }
-    /// Loads the file and saves it twice: once parsed, once from what is known of it.
+    /// Loads the file and saves it twice: once parsed, once from memory.
     void expectToSurvive(const Value& theirs) {
         ASSERT_EQ(Value(load()), Value(settings(1)));
         for (int light = 2; light < 4; ++light) {

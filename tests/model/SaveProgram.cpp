@@ -1,4 +1,4 @@
-// Saves the settings once, as the panel does, for tests that kill it on the way or let its calls fail:
+// Saves the settings once, as the panel does, for tests that kill it halfway or make its calls fail:
 //     quorvi-save-program HOME RATE [OTHER]
 // RATE becomes the polling rate. With OTHER, another program has put that rate into the file in between. Exit
 // code 0 when it was saved, 1 when not. Looking for kSaveMark (SaveProgram.h) says that the save begins, and

@@ -1,9 +1,9 @@
-// What the program that saves once and the tests that watch it have in common.
+// Shared by the program that saves once and its tests.
 #pragma once
 
 namespace quorvi::test {
 
-/// A file that there is not.
+/// A file that does not exist.
 inline constexpr auto kSaveMark = "/quorvi-save-mark";
 
 } // namespace quorvi::test

@@ -1,4 +1,4 @@
-// Two parties' changes of one tree: what ends up in it, and what is told to be in each other's way.
+// Two programs' changes to one tree: the merged result, and the reported conflicts.
 #include "model/SettingsMerge.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ Dictionary macro(int id, const char16_t* name) {
 
 class SettingsMerge : public testing::Test {
   protected:
-    /// Joins the two; false for a conflict.
+    /// Merges the two; returns false for a conflict.
     bool merge() {
         const auto result = mergeSettings(base, ours, theirs);
         merged = result.tree;
@@ -48,7 +48,7 @@ class SettingsMerge : public testing::Test {
             .dictionary("buttons")
             .set(button, dict({{"command", 65}, {"param1", macroId}, {"param2", 1}}));
     }
-    /// The macro that the button runs; -1 when it runs none.
+    /// The macro that the button runs; -1 for none.
     [[nodiscard]] int runBy(std::size_t profile, const char* button) const {
         const auto assignment = profileOf(merged, profile).dictionary("buttons").dictionary(button);
         return Value(assignment) ==
@@ -204,7 +204,7 @@ TEST_F(SettingsMerge, givesOursAFreeIdentifierWhereBothHaveAddedAMacroUnderOne) 
     EXPECT_EQ(runBy(1, "09"), 0);
     EXPECT_EQ(runBy(1, "08"), 2);
     EXPECT_EQ(runBy(0, "02"), 3);
-    EXPECT_EQ(macrosOf(ours).dictionary(2).integer("macroid"), 3); // the trees stay as they were
+    EXPECT_EQ(macrosOf(ours).dictionary(2).integer("macroid"), 3); // the trees stay unchanged
 }
 
 TEST_F(SettingsMerge, givesEachOfSeveralMacrosAnIdentifierOfItsOwn) {
@@ -233,7 +233,7 @@ TEST_F(SettingsMerge, takesOursWhereOneButtonRunsTheNewMacrosOfBoth) {
     EXPECT_EQ(runBy(0, "01"), 0);
 }
 
-// Else an edit of theirs, which comes before they have read the file again, would go into ours.
+// Otherwise their next edit, made before they re-read the file, would change ours.
 TEST_F(SettingsMerge, isNoReasonToTakeTheirNewMacroForOursLater) {
     macrosOf(ours).append(macro(3, u"C"));
     macrosOf(theirs).append(macro(3, u"D"));

@@ -1,4 +1,4 @@
-// Short ways to write trees down, and one sane configuration that each test spoils in one place.
+// Short notations for trees, and one valid configuration that each test breaks in one place.
 #pragma once
 
 #include <algorithm>
@@ -81,7 +81,7 @@ template <typename Record>
     return first;
 }
 
-/// A record of any type in which no byte is what a conversion would leave by chance.
+/// Fills a record so that no byte matches a conversion's result by chance.
 template <typename Record>
 void fillWithGarbage(Record& record) {
     auto* first = reinterpret_cast<std::uint8_t*>(&record);

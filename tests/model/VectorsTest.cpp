@@ -1,5 +1,4 @@
-// Settings files and the records that they must give, byte for byte, with the trees that the records must
-// give back.
+// Settings files and their expected records, byte for byte, and the trees expected from these records.
 #include <gtest/gtest.h>
 
 #include <algorithm>

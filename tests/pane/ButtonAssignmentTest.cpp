@@ -1,4 +1,4 @@
-// What a choice in an assignment pop-up stores, saves and shows.
+// The stored, saved and shown result of a choice in an assignment pop-up.
 
 #include <QMenu>
 #include <QTabWidget>

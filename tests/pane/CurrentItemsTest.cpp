@@ -1,5 +1,4 @@
-// Which profile and which macro is the current one after a change of the lists, and what the settings, the
-// tables and the buttons' submenus hold then.
+// The current profile and macro after a change of the lists, and the resulting settings, tables and submenus.
 
 #include <QMenu>
 

@@ -1,4 +1,4 @@
-// Which page of the help comes up, and by what.
+// The help pages, and the ways to open them.
 
 #include <QAction>
 

@@ -1,4 +1,4 @@
-// What the panel says to the helper, and what it makes of the device lists that come back.
+// The panel's messages to the helper, and its handling of device lists.
 
 #include <QLabel>
 

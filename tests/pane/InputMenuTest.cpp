@@ -1,4 +1,4 @@
-// The context menu of an input's pop-up: the function by default again, and copies from other profiles.
+// The context menu of an input's pop-up: resetting the function, and copying from other profiles.
 
 #include <QApplication>
 #include <QContextMenuEvent>

@@ -1,4 +1,4 @@
-// What a user does in the lists: menus by the mouse, names by the keyboard.
+// User actions in the lists: menus with the mouse, names with the keyboard.
 #pragma once
 
 #include <QAbstractButton>

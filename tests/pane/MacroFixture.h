@@ -1,5 +1,4 @@
-// The panel on its macros tab with a macro selected, a clock of the test's own, and keys as X11 tells of
-// them.
+// The panel on its macros tab with a macro selected, the test's own clock, and key events as from X11.
 #pragma once
 
 #include <QKeyEvent>

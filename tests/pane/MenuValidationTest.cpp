@@ -1,4 +1,4 @@
-// Which items of the gear and context menus can be chosen, by their tags.
+// The enabled items of the gear and context menus, by tag.
 
 #include <QAction>
 #include <QMenu>

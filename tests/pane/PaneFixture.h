@@ -1,4 +1,4 @@
-// The real controller with its real window, file and bus; what it opens outside is written down, not opened.
+// The real controller with its real window, file and bus; external pages are recorded, not opened.
 #pragma once
 
 #include <QTemporaryDir>

@@ -1,4 +1,5 @@
-// How recordings end, and what is left then: the steps in the file, once, and every key the host's again.
+// The ends of recordings, and the state afterwards: the steps are in the file, saved once, and the host
+// receives every key again.
 
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"

@@ -1,4 +1,4 @@
-// A process on the bus that owns the helper's name and writes down what it is told, in order.
+// A process on the bus that owns the helper's name and records its messages, in order.
 #pragma once
 
 #include <QStringList>

@@ -1,4 +1,4 @@
-// What is asked before a profile or a macro is deleted.
+// The questions before a profile or a macro is deleted.
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-// Which button becomes which input, by what is pressed and what is left out.
+// The assignment of buttons to inputs, by pressing and skipping.
 #include "live/SetUpSteps.h"
 
 #include <gtest/gtest.h>

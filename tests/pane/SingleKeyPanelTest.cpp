@@ -1,4 +1,4 @@
-// Giving a single key to an input: the sheet that asks for it, and what becomes of the answer.
+// Giving a single key to an input: the sheet that asks for it, and the handling of the answer.
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
-// A recording helper that also offers the helper's own objects, with whatever mice and application in front a
-// test wants.
+// A recording helper that also offers the helper's own objects, with the mice and the application in front
+// chosen by the test.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,4 @@
-// What a watcher hears of its file when the kernel has more to tell than it keeps.
+// A watcher's notifications when the kernel's event queue overflows.
 
 #include "platform/FileWatcher.h"
 

@@ -1,7 +1,7 @@
-// Native key events as Qt delivers them, row by row: what the panel has to make of them.
+// Native key events as Qt delivers them, row by row, with the expected conversion.
 //
-// A row is the type, Qt's key, Qt's modifiers, scan code, keysym and native modifiers, as they were read off
-// real events of Qt 5.15 and Qt 6.4.
+// A row is the type, Qt's key, Qt's modifiers, scan code, keysym and native modifiers, recorded from real
+// events of Qt 5.15 and Qt 6.4.
 
 #include "platform/KeyEvents.h"
 

@@ -1,5 +1,5 @@
-// A program with a window that writes down what the key right of Tab is named, at first and whenever the
-// layout of Qt's platform changes.
+// A program with a window that prints the name of the key right of Tab, at first and whenever the layout of
+// Qt's platform changes.
 
 #include <QApplication>
 #include <QWidget>

@@ -1,4 +1,4 @@
-// Files that are made to hurt: each must be refused, at once and without a crash.
+// Malicious files: each must be refused at once and without a crash.
 
 #include <gtest/gtest.h>
 

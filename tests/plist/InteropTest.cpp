@@ -1,4 +1,4 @@
-// What we write, another implementation reads; and the reverse.
+// Another implementation reads our files, and we read its files.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Property lists as libplist writes them, to hold the panel's own writer against.
+// Property lists written by libplist, for comparison with the panel's writer.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace quorvi::plist::samples {
 
-/// The value as libplist writes it, whatever it would cost to read; empty when it holds a "nothing" value.
-/// The value holds itself nowhere.
+/// libplist's text of the value, without limits; empty if it holds a "nothing" value. The value must not
+/// contain itself.
 [[nodiscard]] std::string libplistXml(const Value& value);
 
 } // namespace quorvi::plist::samples

@@ -1,4 +1,4 @@
-// Held against the reader of all property lists: what is taken must be the same, whatever is not taken.
+// Compared with the general reader: every accepted table must be read equally.
 #include "plist/PlainTexts.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ Texts textsOfTree(const Dictionary& tree) {
     return texts;
 }
 
-/// True when the bytes were taken; fails when they were and the tree says something else.
+/// Returns whether the bytes were accepted; fails if the tree then differs.
 bool isTakenAsTheTreeHasIt(const std::string& xml) {
     const auto texts = plainTexts(xml);
     if (!texts)

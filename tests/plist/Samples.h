@@ -1,4 +1,4 @@
-// Property lists for the tests, made in code so that each shows the bytes that matter.
+// Property lists for the tests, built in code to show the relevant bytes.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ inline Value read(std::string_view bytes) {
     return readPropertyList({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
 }
 
-/// An XML property list with this as its one value.
+/// An XML property list with this value.
 inline std::string document(std::string_view body) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<!DOCTYPE plist PUBLIC \"-//Example//DTD PLIST 1.0//EN\" \"http://example.org/plist.dtd\">\n"
@@ -46,7 +46,7 @@ class Binary {
   public:
     using References = std::vector<std::uint16_t>;
 
-    /// Each gives the object's index.
+    /// Each returns the object's index.
     std::uint16_t add(std::string bytes) {
         m_objects.push_back(std::move(bytes));
         return static_cast<std::uint16_t>(m_objects.size() - 1);

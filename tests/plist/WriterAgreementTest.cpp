@@ -1,5 +1,5 @@
-// Our writer against libplist's: byte for byte the same text; and against the reader's bounds: what is
-// written can be read, and what could be read is written.
+// Compares our writer with libplist's, byte for byte, and with the reader's bounds: every written text can be
+// read, and every readable tree is written.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -27,7 +27,7 @@ using samples::repeated;
 
 constexpr std::uint32_t kTrees = 2000;
 
-/// Trees of every type, with texts, keys and numbers that are easily written wrong.
+/// Trees of every type, with texts, keys and numbers that are easy to write wrongly.
 class RandomValues {
   public:
     explicit RandomValues(std::uint32_t seed) : m_random(seed) {}
@@ -154,12 +154,12 @@ TEST(WriterAgreement, WritesDataAtEveryDepthAsLibplistDoes) {
     }
 }
 
-/// The text that the writer has to write, wherever the limits are.
+/// The writer's expected text, without limits.
 std::string xmlOf(std::string_view body) {
     return std::string(XmlText::kProlog).append(body).append(XmlText::kEpilog);
 }
 
-/// The writer gives the text exactly when the reader's bounds let it pass; says whether they do.
+/// Expects that the writer returns the text exactly if the reader's bounds allow it; returns whether they do.
 bool agreeOn(const Value& value, const std::string& text) {
     const bool bounded = isBoundedXml(text);
     const auto written = writeXml(value);

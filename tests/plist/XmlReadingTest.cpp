@@ -104,7 +104,7 @@ TEST(XmlReading, RefusesWhatIsNoPropertyList) {
     EXPECT_TRUE(readBody(std::string("<string>a\0b</string>", 20)).isNothing());
 }
 
-/// Makes one of the C library's own locales in a folder of its own, to be independent of what is installed.
+/// Builds one of the C library's locales in a temporary folder, to be independent of installed ones.
 class NumericLocale : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override {

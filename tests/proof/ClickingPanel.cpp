@@ -1,7 +1,6 @@
-// A panel with its window, a helper and a bus of its own, at a home folder that others use as well:
-//     quorvi-clicking-panel HOME CONTROL FIFO
-// Says "ready" when it shows the settings. For each byte that comes through the FIFO it clicks the control, a
-// check box, and says "1" or "0" when it is saved; it ends when the byte is a "q".
+// A panel with its own window, helper and bus, in a home folder shared with others:
+//     quorvi-clicking-panel HOME CONTROL FIFO Prints "ready" when it shows the settings. For each byte from
+// the FIFO it clicks the control, a check box, and prints "1" or "0" when it is saved; a byte "q" ends it.
 
 #include <QApplication>
 #include <QCheckBox>

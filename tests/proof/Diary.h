@@ -1,4 +1,4 @@
-// What the monkey did last: printed when the program dies of it, and when nothing comes of it for too long.
+// The monkey's last actions, printed if the program crashes or hangs.
 #pragma once
 
 #include <QString>

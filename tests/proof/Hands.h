@@ -1,6 +1,6 @@
-// A mouse, a wheel and a keyboard whose events come the way of a display server's: through the window, past
-// modal sheets and open menus, into whatever has the focus. They are handled when the event loop goes on, and
-// so an action may open a loop of its own.
+// A mouse, a wheel and a keyboard whose events take the way of a display server's: through the window, past
+// modal sheets and open menus, to the focused control. They are handled by the event loop, so an action may
+// open a nested loop.
 #pragma once
 
 #include <QEvent>

@@ -1,4 +1,4 @@
-// What the helper may be told, and in which order.
+// The permitted messages to the helper, and their order.
 #pragma once
 
 #include <QStringList>

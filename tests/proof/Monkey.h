@@ -1,5 +1,5 @@
-// Does by chance what a user, the host, the mouse's cable and other programs can do, one action at each turn
-// of the event loop: also of the loops that sheets, menus and file panels run.
+// Performs random actions of a user, the host, the mouse's cable and other programs, one at each turn of the
+// event loop, including the loops of sheets, menus and file panels.
 #pragma once
 
 #include <QEventLoop>

@@ -1,5 +1,5 @@
-// Random actions on the real window. QUORVI_MONKEY_SEED and QUORVI_MONKEY_ACTIONS say where they start and
-// how many there are; scripts/monkey does as many as one likes, with the sanitizers.
+// Random actions on the real window. QUORVI_MONKEY_SEED and QUORVI_MONKEY_ACTIONS set the seed and the number
+// of actions; scripts/monkey runs any number, under the sanitizers.
 
 #include "proof/Monkey.h"
 

@@ -1,4 +1,4 @@
-// The rules that every saved configuration keeps, whatever was done to the window.
+// The rules that every saved configuration keeps, whatever happened in the window.
 #pragma once
 
 #include <QStringList>

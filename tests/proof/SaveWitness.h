@@ -1,4 +1,4 @@
-// Stands between the panel and its settings file: looks at every save, and lets some of them fail.
+// Intercepts the panel's saves: checks every one, and makes some fail.
 #pragma once
 
 #include <QStringList>

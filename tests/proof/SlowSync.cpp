@@ -1,5 +1,5 @@
-// Loaded into a program before its own libraries (LD_PRELOAD), makes its disk slow: bringing a file to it
-// takes QUORVI_SYNC_MS milliseconds more.
+// Loaded into a program before its own libraries (LD_PRELOAD), makes its disk slow: each sync takes
+// QUORVI_SYNC_MS milliseconds longer.
 
 #include <chrono>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // Ten thousand actions of every kind in the real panel, with undo, redo, device lists and a second writer in
-// between: after any number of undos the settings are, byte for byte, what they were before as many actions.
-// The file has them, and the helper is told.
+// between: after any number of undos the settings are, byte for byte, the same as before that many actions.
+// They are in the file, and the helper is notified.
 
 #include <QAbstractButton>
 #include <QDialog>

@@ -1,5 +1,4 @@
-// What undo has to lead to: the settings before each action and after each one that was taken back, kept by
-// plain copying.
+// The expected results of undo: plain copies of the settings before each action and after each undone one.
 #pragma once
 
 #include <deque>

@@ -1,5 +1,5 @@
-// What happens around the panel: mice come and go, the host hides it and shows it again, other windows take
-// the focus, other programs change the settings file, also while the panel saves it, the disk fills up.
+// The panel's environment: mice are plugged in and out, the host hides and shows the panel, other windows
+// take the focus, other programs change the settings file, also while the panel saves it, the disk fills up.
 #pragma once
 
 #include <future>

@@ -1,5 +1,5 @@
 // Several panels, and panels with quorvictl, write one settings file at the same moment, on disks of several
-// speeds: whatever one of them has said to be saved is in the file when all are done.
+// speeds: every change that one of them has reported as saved is in the file at the end.
 //
 // By hand: QUORVI_CLICKS=500 build/bin/quorvi-writers-tests
 

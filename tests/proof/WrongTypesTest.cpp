@@ -1,6 +1,6 @@
 // Every key of the settings with every type and extreme that a file can hold, opened in the real panel, and
-// every control moved. By default each place gets one value, another one each; QUORVI_WRONG_TYPES says how
-// many of the values each place gets, "all" for every one.
+// every control moved. By default each place gets one value, a different one each; QUORVI_WRONG_TYPES sets
+// the number of values for each place, "all" for every one.
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,4 +1,4 @@
-// What a settings file may hold at a place where the panel keeps something else.
+// Values of wrong types and extremes for places in a settings file.
 #pragma once
 
 #include <QString>

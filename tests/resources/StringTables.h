@@ -1,4 +1,4 @@
-// The string tables of the panel's languages as the sources hold them, and what a text is made of beside its
+// The string tables of the panel's languages as the sources hold them, and the parts of a text besides its
 // words.
 #pragma once
 

@@ -1,5 +1,5 @@
-// Reads the XML property lists of the bundle for the tests, on its own, so that it shares no fault with the
-// program's reader.
+// Reads the XML property lists of the bundle for the tests, independently of the program's reader and its
+// possible faults.
 #pragma once
 
 #include <QFile>

@@ -1,4 +1,4 @@
-// scripts/house: what src includes, held against what docs/ARCHITECTURE.md says of its folders.
+// scripts/house: compares the includes of src with the table of folders in docs/ARCHITECTURE.md.
 #include <gtest/gtest.h>
 
 #include <filesystem>

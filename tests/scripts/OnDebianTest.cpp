@@ -1,5 +1,5 @@
-// scripts/on-debian: a command in another system, which is there already and holds no more than these tests
-// run.
+// scripts/on-debian: runs a command in another system, which exists already and holds only what these tests
+// need.
 #include <gtest/gtest.h>
 
 #include <csignal>

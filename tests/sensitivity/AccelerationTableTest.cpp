@@ -1,4 +1,4 @@
-// Both conversions of the acceleration slider against a table computed apart, to the last bit.
+// Both conversions of the acceleration slider compared with a separately computed table, to the last bit.
 
 #include <gtest/gtest.h>
 

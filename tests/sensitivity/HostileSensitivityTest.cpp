@@ -1,4 +1,4 @@
-// Settings that no panel wrote: the controls stay usable, and what they do ends in a file that can be read.
+// Invalid settings: the controls stay usable, and their changes result in a readable file.
 
 #include <limits>
 

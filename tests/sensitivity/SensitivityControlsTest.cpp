@@ -1,5 +1,5 @@
-// The controls of the sensitivity tab, by mouse, key and wheel: what each leaves in the file, and that the
-// helper hears of it once.
+// The controls of the sensitivity tab, by mouse, key and wheel: the result in the file, and a single message
+// to the helper.
 
 #include <QLabel>
 

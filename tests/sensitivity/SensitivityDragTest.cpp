@@ -1,4 +1,4 @@
-// A drag writes and tells each of its steps and waits for the disk once, when it ends, however it ends.
+// A drag writes and announces each step, and syncs once at its end, however it ends.
 
 #include <QCheckBox>
 

@@ -1,4 +1,4 @@
-// The real panel on its sensitivity tab, and what it does to the settings file.
+// The real panel on its sensitivity tab, and its changes to the settings file.
 #pragma once
 
 #include <QCheckBox>

@@ -1,5 +1,5 @@
-// The sheet of the sensitivity stages: adding, removing and setting them, what OK stores and Cancel forgets,
-// and device lists that come while it is open.
+// The sheet of the sensitivity stages: adding, removing and setting them, OK and Cancel, and device lists
+// that arrive while it is open.
 
 #include <QGroupBox>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-// What a program tells assistive programs of what it shows: AT-SPI 2, over D-Bus.
+// A program's interface for assistive programs: AT-SPI 2, over D-Bus.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ struct sd_bus_message;
 
 namespace quorvi::test {
 
-/// The bits of a state set that are asked for here, by their numbers (at-spi2-core, atspi-constants.h).
+/// The state bits used here, by number (at-spi2-core, atspi-constants.h).
 enum class AccessibleState : int {
     active = 1,
     checked = 4,
@@ -27,7 +27,7 @@ enum class AccessibleState : int {
     hasPopup = 42,
 };
 
-/// What a thing was when it was asked.
+/// An object's states at the time of the query.
 class AccessibleStates {
   public:
     explicit AccessibleStates(std::uint64_t bits = 0) : m_bits(bits) {}
@@ -46,8 +46,7 @@ struct Extents {
     [[nodiscard]] int bottom() const { return top + height; }
 };
 
-/// One thing that a program shows. What is asked of a thing that has gone, or that it does not have, is
-/// empty.
+/// One object on the screen. Queries of a removed object, or of a missing property, return empty values.
 class Accessible {
   public:
     Accessible() = default;
@@ -62,27 +61,27 @@ class Accessible {
     [[nodiscard]] std::string description() const;
     /// "push button", "check box", "table", …
     [[nodiscard]] std::string role() const;
-    /// All of them with one question.
+    /// All states with one query.
     [[nodiscard]] AccessibleStates states() const;
     [[nodiscard]] bool is(AccessibleState state) const { return states().has(state); }
     [[nodiscard]] Accessible parent() const;
     [[nodiscard]] std::vector<Accessible> children() const;
-    /// What the program says is its label, beside its name.
+    /// Its label, in addition to its name.
     [[nodiscard]] std::string label() const;
-    /// On the screen; nothing of 0 by 0 pixels when it is not there.
+    /// On the screen; 0 by 0 pixels if it is not shown.
     [[nodiscard]] Extents extents() const;
 
-    /// What can be done with it: "Press", "Toggle", "SetFocus", …
+    /// Its actions: "Press", "Toggle", "SetFocus", …
     [[nodiscard]] std::vector<std::string> actions() const;
-    /// Does it; false when it cannot be done. Returns when the program says that it is done.
+    /// Performs the action and waits for the program's answer; returns false if it fails.
     bool perform(const std::string& action) const; // NOLINT(modernize-use-nodiscard)
 
-    /// What stands in a text field.
+    /// The content of a text field.
     [[nodiscard]] std::string text() const;
-    /// Replaces that; false when the thing takes no text.
+    /// Replaces it; returns false if the object has no editable text.
     bool setText(const std::string& text) const; // NOLINT(modernize-use-nodiscard)
 
-    // What is set by degrees: a slider. Setting gives false when there is no such thing.
+    // The value of a slider. Setting returns false if the object has none.
 
     [[nodiscard]] double value() const;
     [[nodiscard]] double lowestValue() const;
@@ -95,7 +94,7 @@ class Accessible {
     [[nodiscard]] int columns() const;
     [[nodiscard]] Accessible cell(int row, int column) const;
     [[nodiscard]] std::string columnTitle(int column) const;
-    /// Selects it; false when it cannot be selected.
+    /// Selects the row and no other; returns false if it cannot be selected.
     bool selectRow(int row) const; // NOLINT(modernize-use-nodiscard)
     [[nodiscard]] std::vector<int> selectedRows() const;
 
@@ -114,13 +113,13 @@ class Accessible {
     std::string m_path;
 };
 
-/// The thing and everything below it that is on the screen, parents first.
+/// The object and all visible ones below it, parents first.
 [[nodiscard]] std::vector<Accessible> everythingIn(const Accessible& top);
 
-/// The control that the thing belongs to: a table for its cells, a list for its items.
+/// The control that the object belongs to: a table for its cells, a list for its items.
 [[nodiscard]] Accessible controlOf(const Accessible& thing);
 
-/// How a failed test names it: "push button 'Add profile'".
+/// Its name in a failed test: "push button 'Add profile'".
 [[nodiscard]] std::string spoken(const Accessible& thing);
 
 } // namespace quorvi::test

@@ -36,7 +36,7 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& changes
     std::vector<std::string> result;
     std::copy_if(changes.begin(), changes.end(), std::back_inserter(result),
         [](const std::string& change) { return change.find('=') != std::string::npos; });
-    // Of two equal names the first counts for some programs, the last for others.
+    // For duplicate names some programs use the first, others the last.
     for (char** entry = environ; *entry; ++entry)
         if (std::none_of(changes.begin(), changes.end(),
                 [&](const std::string& change) { return nameOf(change) == nameOf(*entry); }))
@@ -142,7 +142,7 @@ ProgramResult runProgram(
     const auto start = std::chrono::steady_clock::now();
     ChildProcess child(std::move(command), environment);
     ProgramResult result;
-    // Both pipes at once, so that a program that fills one of them cannot stand still.
+    // Both pipes at once, so that a program that fills one of them cannot block.
     std::thread errorReader([&] { result.error = child.readError(); });
     std::thread watchdog([&] {
         if (!child.wait(patience))

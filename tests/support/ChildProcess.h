@@ -10,14 +10,14 @@
 
 namespace quorvi::test {
 
-/// How long anything may take before a test gives up on it. Nothing waits that long when all is well.
+/// The longest wait before a test gives up. Successful tests never wait that long.
 constexpr std::chrono::seconds kPatience{20};
 
-/// A running program. It is killed when the test lets go of it, and when the test itself dies.
+/// A running program. It is killed with this object, and when the test itself dies.
 class ChildProcess {
   public:
     /// Starts the program with the arguments and the test's environment, with "NAME=value" set and "NAME"
-    /// taken away. Its standard output and error go to pipes.
+    /// removed. Its standard output and error are pipes.
     explicit ChildProcess(std::vector<std::string> command, const std::vector<std::string>& environment = {});
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
@@ -26,15 +26,15 @@ class ChildProcess {
     [[nodiscard]] pid_t pid() const { return m_pid; }
     [[nodiscard]] bool isRunning();
     void signal(int number) const;
-    /// Waits for the end and gives the exit code, 128 + the signal when one ended it, nothing when it did not
-    /// end in time.
+    /// Waits for the end and returns the exit code, 128 + the signal if one ended it, or std::nullopt if it
+    /// did not end in time.
     [[nodiscard]] std::optional<int> wait(std::chrono::milliseconds patience = kPatience);
     /// Ends it by force and waits until it is gone.
     void kill();
 
-    /// Waits for the next line of its standard output, without the line's end; nothing at the end.
+    /// Waits for the next line of its standard output, without the line's end; std::nullopt at the end.
     [[nodiscard]] std::optional<std::string> readLine();
-    /// All of it that is not read yet. Waits for the end of the program.
+    /// The rest of its output. Waits for the end of the program.
     [[nodiscard]] std::string readOutput();
     [[nodiscard]] std::string readError();
 
@@ -46,7 +46,7 @@ class ChildProcess {
 };
 
 struct ProgramResult {
-    std::optional<int> exitCode; ///< nothing when it had to be given up
+    std::optional<int> exitCode; ///< std::nullopt if it did not end in time
     std::string output;
     std::string error;
     std::chrono::milliseconds duration{};

@@ -1,4 +1,4 @@
-// Wayland compositors of a test's own, with a runtime folder of their own.
+// Wayland compositors for tests, each with its own runtime folder.
 #pragma once
 
 #include <memory>
@@ -11,14 +11,14 @@
 
 namespace quorvi::test {
 
-/// A compositor that runs until the test lets go of it.
+/// A compositor that runs as long as this object.
 class Compositor {
   public:
     virtual ~Compositor() = default;
     Compositor(const Compositor&) = delete;
     Compositor& operator=(const Compositor&) = delete;
 
-    /// What a client needs in its environment to reach it, "NAME=value".
+    /// The environment that a client needs to reach it, "NAME=value".
     [[nodiscard]] std::vector<std::string> environment() const;
     [[nodiscard]] std::string runtimeFolder() const { return m_folder.path(); }
     [[nodiscard]] const std::string& socket() const { return m_socket; }
@@ -27,7 +27,7 @@ class Compositor {
   protected:
     explicit Compositor(std::string socket) : m_socket(std::move(socket)) {}
     [[nodiscard]] const TemporaryFolder& folder() const { return m_folder; }
-    /// Starts it and waits until it can be connected to. Ends the test program when that does not happen.
+    /// Starts it and waits until it accepts connections. Ends the test program if it does not.
     void start(const std::vector<std::string>& command, const std::vector<std::string>& environment);
     /// The same as an ordinary user, whoever runs the test.
     void startAsUser(std::vector<std::string> command, const std::vector<std::string>& environment);
@@ -44,7 +44,7 @@ class Sway : public Compositor {
   public:
     explicit Sway(const std::string& display = "");
 
-    /// Runs a command; false when it fails.
+    /// Runs a command; returns false if it fails.
     [[nodiscard]] bool command(const std::string& text) const;
     /// Sets the layouts and variants of the keyboard, separated by commas. When it returns, every client has
     /// been sent the keymap.

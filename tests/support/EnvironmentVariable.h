@@ -1,4 +1,4 @@
-// An environment variable that has another value, or none, for the time of a test.
+// Sets or unsets an environment variable during a test.
 #pragma once
 
 #include <cstdlib>

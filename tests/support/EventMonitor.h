@@ -1,4 +1,4 @@
-// A monitor of a bus: only that sees an event that is sent to somebody who is gone.
+// A bus monitor: only that can see an event sent to a process that is gone.
 #pragma once
 
 #include <memory>
@@ -10,24 +10,24 @@ struct sd_bus_message;
 
 namespace quorvi::test {
 
-/// Sees the calls of Send that pass the bus from now on.
+/// Records the calls of Send on the bus from now on.
 class EventMonitor {
   public:
     explicit EventMonitor(const std::string& busAddress);
     EventMonitor(const EventMonitor&) = delete;
     EventMonitor& operator=(const EventMonitor&) = delete;
 
-    /// Waits until an event goes to the destination, and gives all destinations up to that one, by their
+    /// Waits until an event goes to the destination, and returns all destinations up to that one, by their
     /// unique names.
     [[nodiscard]] std::vector<std::string> destinationsUntil(const std::string& last);
 
-    /// Waits for a command of that message and parameter, "KyPR 1", that was not seen and forgotten; false
-    /// when none comes.
+    /// Waits for a command of that message and parameter, "KyPR 1", that was not seen and forgotten; returns
+    /// false if none arrives.
     [[nodiscard]] bool sees(const std::string& command);
     /// The commands that have passed and were not forgotten, in their order; an empty one for every other
     /// event.
     [[nodiscard]] const std::vector<std::string>& commands();
-    /// Waits for a command in the same way, and gives all up to that one, in the order of the bus.
+    /// Waits for a command in the same way, and returns all up to that one, in order.
     [[nodiscard]] std::vector<std::string> commandsUntil(const std::string& last);
     /// Forgets everything that has passed.
     void forget();

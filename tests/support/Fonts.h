@@ -1,4 +1,4 @@
-// The fonts that tests with a window know, so that what else is installed changes nothing.
+// The fonts of tests with a window, so that other installed fonts have no effect.
 #pragma once
 
 #include <QFont>
@@ -7,19 +7,19 @@
 
 namespace quorvi::test {
 
-/// Has to come before the application. Programs that the test starts know the same fonts.
+/// Call this before creating the application. Programs started by the test use the same fonts.
 inline void useFontsOfTheTests() {
     qputenv("FONTCONFIG_FILE", QUORVI_TEST_FONTS);
 }
 
-/// What the usual desktops write in: a family, and its size in points as it comes.
+/// The usual desktops' fonts: a family and its default size in points.
 struct DesktopFont {
     const char* family;
     double points;
 };
 inline constexpr DesktopFont desktopFonts[] = {{"DejaVu Sans", 10}, {"Noto Sans", 10}, {"Cantarell", 11}};
 
-/// The font in points; ends the test program when it is not installed.
+/// The font in points; ends the test program if it is not installed.
 inline QFont installedFont(const char* family, double points) {
     QFont font(QString::fromLatin1(family));
     font.setPointSizeF(points);

@@ -1,4 +1,4 @@
-// The keyboard and the mouse of the X display, as a user has them, and another program on that display.
+// The X display's keyboard and mouse, used like a user, and another program on that display.
 #pragma once
 
 #include <QObject>
@@ -13,7 +13,7 @@ struct xcb_connection_t;
 
 namespace quorvi::test {
 
-/// Runs xdotool; what it prints, or nothing when it fails.
+/// Runs xdotool; returns its output, or std::nullopt if it fails.
 std::optional<std::string> xdotool(std::vector<std::string> arguments);
 
 /// The id of the first visible window that xdotool finds by these terms of its search, "--pid" and a number
@@ -22,7 +22,7 @@ std::optional<std::string> xdotool(std::vector<std::string> arguments);
 [[nodiscard]] std::string visibleWindow(std::vector<std::string> terms);
 [[nodiscard]] std::string visibleWindowOf(pid_t program);
 
-/// There is an X display and xdotool, and Qt uses that display.
+/// Whether there is an X display that Qt uses, and xdotool.
 [[nodiscard]] bool hasDisplay();
 
 /// Puts the pointer there and clicks the left button.
@@ -35,8 +35,8 @@ constexpr int escape = 9, tab = 23, q = 24, enter = 36, leftControl = 37, a = 38
               leftSuper = 133, rightSuper = 134, f13 = 191;
 } // namespace keycodes
 
-/// Presses keys, and waits until this process has got each event. Keys that a test leaves down come up at its
-/// end.
+/// Presses keys, and waits until this process has received each event. Keys that a test leaves down are
+/// released at its end.
 class Keyboard : public QObject {
   public:
     Keyboard();
@@ -59,7 +59,7 @@ class Keyboard : public QObject {
     std::vector<int> m_down;
 };
 
-/// Another program on the display, with a connection and, where it needs one, a window of its own.
+/// Another program on the display, with its own connection and, if needed, window.
 class OtherProgram {
   public:
     OtherProgram();
@@ -67,11 +67,11 @@ class OtherProgram {
     OtherProgram(const OtherProgram&) = delete;
     OtherProgram& operator=(const OtherProgram&) = delete;
 
-    /// Takes the whole keyboard for itself; false when somebody else holds it.
+    /// Grabs the whole keyboard; returns false if another program has it.
     [[nodiscard]] bool takeKeyboard();
     void giveKeyboardBack();
     [[nodiscard]] bool canTakeKeyboard();
-    /// From now on gets this key, pressed alone, wherever the focus is: as a desktop does.
+    /// Grabs this key, pressed alone, wherever the focus is, like a desktop.
     void bindKey(int keycode);
     /// Key presses that it got so far.
     [[nodiscard]] int keyPresses();

@@ -1,11 +1,11 @@
-// Running a program that takes longer than what tests usually wait for.
+// Runs a program that takes longer than the tests' usual patience.
 #pragma once
 
 #include "support/ChildProcess.h"
 
 namespace quorvi::test {
 
-/// As runProgram() without the last argument: the program is killed when it runs for longer than that.
+/// Like the other runProgram(), but kills the program only after that time.
 [[nodiscard]] ProgramResult runProgram(std::vector<std::string> command,
     const std::vector<std::string>& environment, std::chrono::milliseconds patience);
 

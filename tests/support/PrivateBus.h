@@ -1,4 +1,4 @@
-// A session bus of the test's own, so that it neither sees nor disturbs the user's.
+// A private session bus, so that a test neither sees nor disturbs the user's.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@
 namespace quorvi::test {
 
 /// Starts a bus daemon and makes it the session bus of this process and of the programs that it starts, by
-/// DBUS_SESSION_BUS_ADDRESS. The earlier one comes back at the end.
+/// DBUS_SESSION_BUS_ADDRESS. Restores the earlier one at the end.
 class PrivateBus {
   public:
     PrivateBus() : PrivateBus("/nonexistent") {}
@@ -22,13 +22,13 @@ class PrivateBus {
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
-    /// Of the place alone, so that a daemon that is started anew there is taken for the same bus.
+    /// Only the place, so that a restarted daemon there counts as the same bus.
     [[nodiscard]] const std::string& address() const { return m_address; }
     /// Ends the daemon by force; every connection is cut, and its socket stays behind.
     void kill();
     /// Starts another one at the place of the one that was killed.
     void startAnew();
-    /// Stops the daemon, which answers nobody until it goes on.
+    /// Stops the daemon, which does not answer until it continues.
     void pause();
     void goOn();
 

@@ -1,4 +1,4 @@
-// What the kernel says of a running process.
+// The kernel's figures for a running process.
 #pragma once
 
 #include <cstdint>
@@ -7,18 +7,18 @@
 
 namespace quorvi::test {
 
-/// Memory in KiB, of /proc/PID/smaps_rollup; 0 when the process is gone.
+/// Memory in KiB, of /proc/PID/smaps_rollup; 0 if the process is gone.
 struct MemoryFigures {
     std::int64_t resident = 0;  ///< Rss: everything that is in memory, shared or not
-    std::int64_t anonymous = 0; ///< heap and stacks: what a leak adds to
+    std::int64_t anonymous = 0; ///< heap and stacks, which leaks increase
 };
 [[nodiscard]] MemoryFigures memoryOf(pid_t process);
 
 /// How often the threads of the process have gone to sleep since they were started.
 [[nodiscard]] std::int64_t sleepsOf(pid_t process);
 
-/// Waits until the process sleeps, all its threads, for half a second at a stretch. False when it does not
-/// come to rest within the test's patience.
+/// Waits until all threads of the process sleep for half a second. Returns false if that takes longer than
+/// the test's patience.
 [[nodiscard]] bool comesToRest(pid_t process);
 
 } // namespace quorvi::test

@@ -77,7 +77,7 @@ void ScreenReader::listen() {
     const auto note = [](sd_bus_message* message, void* focus, sd_bus_error* error) {
         return noteFocus(message, focus, error);
     };
-    // Programs tell nothing that nobody has asked the registry for.
+    // Programs send only signals that were requested from the registry.
     if (sd_bus_add_match(m_bus.get(), nullptr,
             "type='signal',interface='org.a11y.atspi.Event.Object',member='StateChanged'", note,
             &m_focus) < 0 ||
@@ -116,7 +116,7 @@ Accessible ScreenReader::focus() {
     Accessible innermost;
     for (const Accessible& window : windows())
         for (const Accessible& thing : everythingIn(window))
-            // A cell says so as well when only its table could have the focus.
+            // A cell also reports the focus that only its table can have.
             if (thing.is(AccessibleState::focused) && controlOf(thing).is(AccessibleState::focused))
                 innermost = thing;
     return innermost;

@@ -1,4 +1,4 @@
-// A screen reader of a test's own, which follows the keyboard focus from thing to thing.
+// A screen reader for tests, which follows the keyboard focus.
 #pragma once
 
 #include <memory>
@@ -23,10 +23,10 @@ class ScreenReader {
 
     /// The windows that are on the screen now.
     [[nodiscard]] std::vector<Accessible> windows() const;
-    /// Waits for a window of that title, sheets included; nothing when it does not come.
+    /// Waits for a window of that title, sheets included; an empty object if it does not appear.
     [[nodiscard]] Accessible window(const std::string& title) const;
-    /// What has the focus: as the programs told last, or as their windows show. Nothing is told of the time
-    /// before a program has heard of this reader, and what was told of may have gone.
+    /// The focused object, from the programs' last signal, or else from their windows: a program sends no
+    /// signals before it knows this reader, and the signalled object may be gone.
     [[nodiscard]] Accessible focus();
 
   private:
@@ -37,7 +37,7 @@ class ScreenReader {
     void listen();
 
     TemporaryFolder m_runtime;
-    // Qt's programs look there whether anybody reads.
+    // Makes Qt's programs enable accessibility.
     EnvironmentVariable m_wanted{"QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1"};
     std::unique_ptr<ChildProcess> m_launcher;
     std::shared_ptr<sd_bus> m_bus;

@@ -1,4 +1,4 @@
-// What a user does with a slider: drags and turns of the wheel, as events of the slider.
+// A user's drags and wheel turns, as events of a slider.
 #pragma once
 
 #include <QApplication>

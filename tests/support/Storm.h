@@ -1,4 +1,4 @@
-// A program on the bus that floods another one with device lists and with what no program of ours sends.
+// A program on the bus that floods another one with device lists and malformed events.
 #pragma once
 
 #include <cstdint>
@@ -19,20 +19,20 @@ namespace quorvi::test {
 
 class Storm {
   public:
-    /// Whom it goes to. The same seed sends the same storm.
+    /// Sets the target. The same seed sends the same storm.
     explicit Storm(const ProcessSerialNumber& target, std::uint32_t seed = 1);
 
     /// A well-formed list of that many devices, of which 8 have an entry at most.
     void sendDeviceList(std::uint16_t count);
     /// One of the malformed events: codes of other lengths, parameters of another type or size, lists of
-    /// another size, other signatures, objects and members that there are not, replies nobody asked for.
+    /// another size, other signatures, missing objects and members, unrequested replies.
     void sendMalformed();
     /// A device list whose bytes are that many; the count is said to be 1.
     void sendListOfSize(std::size_t bytes);
     /// A command, without wanting a reply.
     void sendCommand(FourCharCode message, std::int32_t parameter);
 
-    /// Waits until the target has got everything that was sent so far. False when it does not answer.
+    /// Waits until the target has received everything sent so far. Returns false if it does not answer.
     [[nodiscard]] bool isTakenIn();
 
   private:

@@ -1,5 +1,4 @@
-// The system calls of a program, seen and disturbed by strace: the tests kill it at each of them in turn, or
-// have each fail.
+// A program's system calls under strace: the tests kill it at each of them, or make each fail.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -37,8 +36,8 @@ inline ProgramResult runStraced(
     return runProgram(command, {"ASAN_OPTIONS=detect_leaks=0"}); // which strace is in the way of
 }
 
-/// The system calls that a program makes between two calls with the mark in them. Takes a function that runs
-/// it by strace with the arguments.
+/// The system calls that a program makes between two calls with the mark in them. `run` runs it under strace
+/// with the arguments.
 inline std::vector<Call> callsBetweenMarks(
     const std::string& mark, const std::function<ProgramResult(const std::vector<std::string>&)>& run) {
     const TemporaryFolder folder;
@@ -59,7 +58,7 @@ inline std::vector<Call> callsBetweenMarks(
     return calls;
 }
 
-/// What has strace do that at the call.
+/// strace's arguments for that effect at the call.
 inline std::vector<std::string> inject(const Call& call, const std::string& what) {
     return {"-o", "/dev/null", "-e", "trace=" + call.name, "-e",
         "inject=" + call.name + ":" + what + ":when=" + std::to_string(call.nth)};

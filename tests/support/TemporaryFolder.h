@@ -1,4 +1,4 @@
-// A folder of a test's own, gone with everything in it when the test ends.
+// A temporary folder for a test, removed with its content at the end.
 #pragma once
 
 #include <cstdlib>
@@ -32,7 +32,7 @@ class TemporaryFolder {
 
     [[nodiscard]] std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
 
-    /// The names in the folder, to see that nothing was left behind.
+    /// The names in the folder, for checking that no files were left behind.
     [[nodiscard]] std::set<std::string> names() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(m_path))
@@ -47,7 +47,7 @@ class TemporaryFolder {
         return path(name);
     }
 
-    /// The content of a file; empty when there is none.
+    /// The content of a file; empty if there is none.
     [[nodiscard]] std::string read(const std::string& name) const {
         std::ifstream file(path(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};

@@ -1,4 +1,4 @@
-// The process's mask of modes, for as long as the object lives.
+// Sets the process's umask while the object lives.
 #pragma once
 
 #include <sys/stat.h>

@@ -78,7 +78,7 @@ int VirtualDisplay::lockGroup(std::uint8_t group) const {
 }
 
 void VirtualDisplay::settle() const {
-    // A server writes to all its clients before it takes in a new one.
+    // A server writes to all its clients before it accepts a new one.
     lockedGroup(connectTo(m_name).get());
 }
 

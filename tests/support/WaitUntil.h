@@ -1,4 +1,4 @@
-// Waiting for what another program does, where nothing announces it.
+// Waits for an action of another program that sends no notification.
 #pragma once
 
 #include <thread>
@@ -7,7 +7,7 @@
 
 namespace quorvi::test {
 
-/// Looks again and again until the condition holds; false when it never does.
+/// Polls until the condition holds; returns false if it never does.
 template <typename Condition>
 [[nodiscard]] bool waitUntil(Condition&& condition) {
     const auto end = std::chrono::steady_clock::now() + kPatience;

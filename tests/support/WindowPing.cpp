@@ -23,7 +23,7 @@ std::int64_t nowUs() {
     return std::chrono::duration_cast<std::chrono::microseconds>(time).count();
 }
 
-/// A connection that hears what programs tell the display's root window.
+/// A connection that receives programs' messages to the root window.
 class PingConnection {
   public:
     PingConnection() : m_connection(xcb_connect(nullptr, nullptr), xcb_disconnect) {

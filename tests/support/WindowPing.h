@@ -1,4 +1,4 @@
-// Asks a window of another program again and again whether it answers, as window managers do.
+// Pings another program's window repeatedly, like window managers.
 #pragma once
 
 #include <atomic>
@@ -9,9 +9,8 @@
 
 namespace quorvi::test {
 
-/// Pings the window (_NET_WM_PING) from a thread and a connection of its own, from its construction on. What
-/// a user does comes to the program on the same way and waits for the same loop, so that the delay of the
-/// answer is the delay of a click.
+/// Pings the window (_NET_WM_PING) from its own thread and connection, from its construction on. A click
+/// takes the same way through the same loop, so the delay of the answer is the delay of a click.
 class WindowPing {
   public:
     /// The window's number as xdotool gives it.
@@ -22,8 +21,8 @@ class WindowPing {
 
     /// Answers so far.
     [[nodiscard]] int answers() const { return m_answers; }
-    /// The longest delay of an answer so far, in milliseconds. One that is still missing counts with the time
-    /// that it has been waited for.
+    /// The longest delay of an answer so far, in milliseconds. A pending answer counts with its waiting time
+    /// so far.
     [[nodiscard]] int longestDelayMs() const;
 
   private:

@@ -15,7 +15,7 @@ namespace {
 /// Longer than a menu waits before it opens a submenu.
 constexpr int kSubmenuPatienceMs = 1000;
 
-/// More than a menu takes for a tremble.
+/// More than a menu ignores as trembling.
 constexpr int kMovements = 10;
 
 } // namespace
@@ -61,8 +61,8 @@ void clickInMenu(QMenu* menu, const QStringList& titles) {
         clickItem(menu, item);
         if (!submenu)
             return;
-        // The pointer is elsewhere. When the server says so while the menu is about to open the submenu, the
-        // menu forgets about it.
+        // The real pointer is elsewhere. If the server reports that while the menu is about to open the
+        // submenu, the menu cancels it.
         QElapsedTimer waiting;
         waiting.start();
         while (!QTest::qWaitFor([&] { return submenu->isVisible(); }, kSubmenuPatienceMs)) {

@@ -1,4 +1,4 @@
-// What a user does in the panel's window, for every test that has one. Outlets are found by their names.
+// User actions in the panel's window, for all tests with a window. Outlets are found by their names.
 #pragma once
 
 #include <QDialog>
@@ -12,8 +12,7 @@ class QMenu;
 
 namespace quorvi::test {
 
-/// How long a window may take for anything before a test gives up on it. Nothing waits that long when all is
-/// well.
+/// The longest wait for a window before a test gives up. Successful tests never wait that long.
 constexpr int kWindowPatienceMs = 10000;
 
 /// The outlet of that name below the widget; its absence ends the test program.
@@ -40,9 +39,9 @@ void clickInMenu(QMenu* menu, const QStringList& titles);
 /// Opens the pop-up's menu and clicks these items.
 void choose(QWidget* popUp, const QStringList& titles);
 
-/// Runs the action as soon as the sheet of that name is up; ends the test program when it does not come.
+/// Runs the action as soon as the sheet of that name is open; ends the test program if it does not open.
 void whenSheetIsUp(const QWidget* window, const char* name, std::function<void(QDialog*)> action);
-/// Clicks a sheet's button as soon as the sheet is up.
+/// Clicks a sheet's button as soon as the sheet is open.
 void clickInSheet(const QWidget* window, const char* sheet, const char* button);
 
 } // namespace quorvi::test

@@ -1,4 +1,4 @@
-// The helper hears of what the command line did to the user's settings, as it hears it from the panel.
+// The command line notifies the helper of changed settings, like the panel.
 
 #include "tools/ListeningHelper.h"
 

@@ -1,4 +1,4 @@
-// The settings of a user for whom the test is the helper, to see what the helper is told.
+// A user's settings, with the test as the helper, to check the messages to it.
 #pragma once
 
 #include "events/BusFixture.h"

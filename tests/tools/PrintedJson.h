@@ -1,4 +1,4 @@
-// What quorvictl prints for scripts, read by another's parser.
+// quorvictl's JSON output, read by an independent parser.
 #pragma once
 
 #include <QJsonArray>

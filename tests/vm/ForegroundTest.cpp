@@ -1,4 +1,4 @@
-// One mouse driven by hand.
+// One mouse driven without a bus.
 #include <gtest/gtest.h>
 
 #include <csignal>

@@ -1,5 +1,5 @@
-// What the record says, on its whole way: through the kernel into the service, and out of it to the desktop.
-// What has to come out is what the engine says by itself, which has its own tests.
+// The record's functions on the whole path: through the kernel into the service, and on to the desktop. The
+// expected output is the engine's, which has its own tests.
 #include "engine/Witness.h"
 #include "model/Commands.h"
 #include "vm/support/Serviced.h"

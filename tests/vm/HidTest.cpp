@@ -1,4 +1,4 @@
-// A mouse of two nodes, by the kernel's own HID driver; and what libinput, the library of desktops, sees.
+// A mouse with two nodes from the kernel's HID driver, as seen by libinput, the desktops' library.
 #include <algorithm>
 #include <csignal>
 

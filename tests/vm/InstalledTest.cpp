@@ -1,6 +1,6 @@
-// The installed package on a running Debian: systemd starts the service as its unit says, the log-in manager
-// says who sits at the machine, and polkit whom an administrator lets. Run by tests/vm/run-installed, in this
-// order.
+// The installed package on a running Debian: systemd starts the service from its unit, the login manager
+// reports the user at the machine, and polkit the users whom an administrator allows. Run by
+// tests/vm/run-installed, in this order.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // Whatever happens to the service or the mouse, at whatever moment: no key stays down, and the plain mouse is
-// back with its next report. tests/vm/run says how many moments, and where chance begins.
+// back with its next report. tests/vm/run sets the number of moments and the seed.
 #include <array>
 #include <csignal>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// The service on the machine's bus: who may, and what becomes of a mouse in use.
+// The service on the machine's bus: its access rules, and the life of a mouse in use.
 #include <algorithm>
 #include <csignal>
 #include <fstream>

@@ -1,5 +1,5 @@
-// The context menu of an input's pop-up by the keyboard alone, in the real program, with keys that come from
-// the display, and as a screen reader speaks it.
+// The context menu of an input's pop-up with the keyboard alone, in the real program, with keys from the
+// display, and through a screen reader's interface.
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-// The real panel and the real helper with a mouse that can be set up; a stand-in for the system's service has
-// it.
+// The real panel and the real helper with a mouse that can be set up; a stand-in for the system's service
+// provides it.
 #pragma once
 
 #include <linux/input-event-codes.h>

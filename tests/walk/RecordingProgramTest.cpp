@@ -1,4 +1,4 @@
-// The real program while it records a macro, and when it is asked to end or killed.
+// The real program while it records a macro, and when it is terminated or killed.
 
 #include <QTest>
 

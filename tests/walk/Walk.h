@@ -1,5 +1,5 @@
-// The settings application as a program of its own, with the mouse plugged in, and a user who does without
-// the mouse pointer: by the keys of the display, or by what a screen reader is offered.
+// The settings application as a separate program, with the mouse plugged in, used without the mouse pointer:
+// with the display's keys, or through a screen reader's interface.
 #pragma once
 
 #include <QString>

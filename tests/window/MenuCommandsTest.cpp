@@ -1,4 +1,4 @@
-// The commands of the lists' menus: which can be chosen, what they are called, and what is saved of them.
+// The commands of the lists' menus: their availability, names and saving.
 #include "window/MenuCommands.h"
 
 #include <QAction>

@@ -1,4 +1,4 @@
-// A list of the window: reloads that keep the selection, who hears of a choice, and what its cells allow.
+// A list of the window: reloads that keep the selection, notifications of a choice, and the cells' abilities.
 #include "window/TableList.h"
 
 #include <vector>

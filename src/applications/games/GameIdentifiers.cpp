@@ -13,7 +13,7 @@ bool isNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// Steam gives 0 to what it started without knowing which game it is.
+/// Steam uses 0 for an unknown game.
 bool isGame(std::string_view number) {
     return isNumber(number) && number != "0";
 }

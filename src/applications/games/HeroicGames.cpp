@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 constexpr std::array kPlaces{".config/heroic", ".var/app/com.heroicgameslauncher.hgl/config/heroic"};
 
-/// The list of all games of a store, installed or not, by which those whose own file has no title are named.
+/// The titles of all games of a store, installed or not, for games whose own file has none.
 using Titles = std::map<std::string, std::string, std::less<>>;
 
 Titles titlesIn(const TextTree& list) {
@@ -73,7 +73,7 @@ class Place {
         m_games.push_back({title, heroicIdentifier(id), programOr(executable, "heroic"),
             firstThatExists({icons / (id + ".png"), icons / (id + ".jpg")}), "Heroic"});
     }
-    /// Without a title it has the name of the folder that it is in.
+    /// A game without a title is named after its folder.
     void addNamed(const Titles& titles, const std::string& id, const std::string& folder) {
         const auto title = titles.find(id);
         add(id, title == titles.end() || title->second.empty() ? programOr(folder, "") : title->second, "");

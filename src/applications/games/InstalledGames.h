@@ -8,18 +8,18 @@
 
 namespace quorvi::games {
 
-/// What a profile stores of a game is its name, this identifier, no signature, and this executable.
+/// A profile stores a game's name, identifier and executable, and no signature.
 struct InstalledGame {
-    std::string name;           ///< as its launcher shows it; never empty
+    std::string name;           ///< the name in its launcher; never empty
     std::string identifier;     ///< see GameIdentifiers.h; never empty
     std::string executable;     ///< the file name of its program, or of its launcher; never empty
-    std::filesystem::path icon; ///< a picture; empty when there is none
-    std::string launcher;       ///< what starts it, by its own name: "Steam", "Lutris", "Heroic"
+    std::filesystem::path icon; ///< a picture; may be empty
+    std::string launcher;       ///< its launcher's name: "Steam", "Lutris", "Heroic"
 };
 
-/// In the order of their names, each once. Reads the launchers' own files in the home folder, of packages,
-/// flatpak and snap, when it is called; what cannot be read is left out. Tools that Steam installs for its
-/// games are no games. Ends with what it has when it is told to stop, no later than after the next file.
+/// In the order of their names, each once. Reads the launchers' own files in the home folder, from packages,
+/// flatpak and snap; skips unreadable ones. Steam's tools for games do not count as games. If stopped,
+/// returns the games read so far, at the latest after the next file.
 [[nodiscard]] std::vector<InstalledGame> installedGames(
     const std::filesystem::path& home, const std::stop_token& stop = {});
 

@@ -15,11 +15,11 @@ void addSteamGames(const std::filesystem::path& home, const std::stop_token& sto
 void addHeroicGames(const std::filesystem::path& home, const std::stop_token& stop, Games& games);
 void addLutrisGames(const std::filesystem::path& home, const std::stop_token& stop, Games& games);
 
-/// Empty when it cannot be read or has more than 16 MiB, twice what a library of thousands of games has.
+/// Empty if it cannot be read or has more than 16 MiB, twice the size for thousands of games.
 [[nodiscard]] std::string textOfFile(const std::filesystem::path& file);
-/// The first that is there; empty when none is.
+/// The first existing file; empty if none exists.
 [[nodiscard]] std::filesystem::path firstThatExists(const std::vector<std::filesystem::path>& files);
-/// Those in the folder whose names begin and end so, in the order of their names. None when it is not there.
+/// The folder's files whose names begin and end with these texts, sorted by name. Empty if it does not exist.
 [[nodiscard]] std::vector<std::filesystem::path> filesNamed(
     const std::filesystem::path& folder, std::string_view start, std::string_view end);
 /// The last part of a path of this system or of Windows, else the other text.

@@ -13,7 +13,7 @@ constexpr std::array kPlaces{".local/share/lutris/games", ".config/lutris/games"
     ".var/app/net.lutris.Lutris/data/lutris/games", ".var/app/net.lutris.Lutris/config/lutris/games"};
 constexpr std::string_view kExtension = ".yml";
 
-/// The plain value of a line "key: value" with that indentation; quotes around it are taken off.
+/// The plain value of a line "key: value" with that indentation; without quotes around it.
 std::string valueOf(std::string_view text, std::string_view key) {
     const auto start = std::string("\n").append(key).append(": ");
     const auto lines = std::string("\n").append(text);
@@ -37,7 +37,7 @@ std::string readableName(std::string_view slug) {
     return name;
 }
 
-/// The files are named by the game and by when it was installed: "drive-to-win-1600000000.yml".
+/// File names consist of the game and its time of installation: "drive-to-win-1600000000.yml".
 std::string slugOf(const fs::path& file) {
     std::string slug = file.stem();
     const auto time = slug.find_last_not_of("0123456789");

@@ -17,13 +17,13 @@ constexpr std::array kPlaces{".local/share/Steam", ".steam/steam", ".steam/root"
     ".var/app/com.valvesoftware.Steam/.local/share/Steam", ".var/app/com.valvesoftware.Steam/data/Steam",
     "snap/steam/common/.local/share/Steam"};
 
-/// What Steam installs to run games by.
+/// Whether it is a tool that Steam installs to run games.
 bool isTool(std::string_view name) {
     constexpr std::array starts{"Proton ", "Steam Linux Runtime", "Steamworks Common", "SteamVR"};
     return std::ranges::any_of(starts, [&](std::string_view start) { return name.starts_with(start); });
 }
 
-/// Of an app's state flags; one that is only being fetched has the bit not.
+/// From an app's state flags; the bit is not set for one still being downloaded.
 bool isInstalled(const std::string& flags) {
     constexpr unsigned fullyInstalled = 4;
     unsigned number = fullyInstalled;
@@ -38,7 +38,7 @@ void addLibrary(std::vector<fs::path>& libraries, const fs::path& folder) {
         libraries.push_back(real);
 }
 
-/// The place itself and the folders that its list names, by "path" or, in old lists, at once.
+/// Adds the place itself and the folders in its list, under "path" or, in old lists, directly.
 void addLibraries(std::vector<fs::path>& libraries, const fs::path& steam) {
     addLibrary(libraries, steam);
     for (const char* file : {"steamapps/libraryfolders.vdf", "config/libraryfolders.vdf"}) {
@@ -86,7 +86,7 @@ void addSteamGames(const fs::path& home, const std::stop_token& stop, Games& gam
     std::vector<fs::path> libraries;
     for (const char* place : kPlaces) {
         const auto steam = home / place;
-        // Several kPlaces are mostly links to one.
+        // Several kPlaces are usually links to the same folder.
         const auto read = libraries.size();
         addLibraries(libraries, steam);
         for (auto library = libraries.begin() + static_cast<std::ptrdiff_t>(read); library != libraries.end();

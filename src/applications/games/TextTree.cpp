@@ -18,7 +18,7 @@ char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// What both forms are read by.
+/// The common reader of both forms.
 class Reader {
   public:
     explicit Reader(std::string_view text) : m_rest(text) {}
@@ -38,7 +38,7 @@ class Reader {
         m_rest.remove_prefix(1);
         return c;
     }
-    /// Up to the first of these characters.
+    /// Removes and returns the text up to the first of these characters.
     std::string takeUntil(std::string_view ends) {
         const auto size = std::min(m_rest.find_first_of(ends), m_rest.size());
         std::string taken(m_rest.substr(0, size));
@@ -47,7 +47,7 @@ class Reader {
     }
     void skipLine() { m_rest.remove_prefix(std::min(m_rest.find('\n'), m_rest.size())); }
     [[nodiscard]] bool startsWith(std::string_view text) const { return m_rest.starts_with(text); }
-    /// False when there have been too many.
+    /// Returns false if there have been too many.
     bool countValue() { return ++m_values <= kMostValues; }
 
     std::string_view m_rest;
@@ -144,7 +144,7 @@ class JsonReader : Reader {
     bool readText(std::string& text) {
         if (!take('"'))
             return false;
-        std::u16string units; // of what is written as "\uD83D\uDE00", which belongs together
+        std::u16string units; // of a pair like "\uD83D\uDE00"
         const auto finishUnits = [&] {
             text += toUtf8(units);
             units.clear();

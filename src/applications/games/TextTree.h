@@ -1,4 +1,4 @@
-// Texts in texts, as game launchers keep them: Valve's KeyValues and JSON.
+// Nested texts in game launchers' formats: Valve's KeyValues and JSON.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace quorvi::games {
 
 /// A text or members, or neither.
 struct TextTree {
-    // Where they are defined the pairs below are whole, which clang wants to know.
+    // Defined where the pair below is complete, as clang requires.
     TextTree();
     TextTree(const TextTree& other);
     TextTree(TextTree&& other) noexcept;
@@ -18,16 +18,16 @@ struct TextTree {
     TextTree& operator=(TextTree&& other) noexcept;
     ~TextTree();
 
-    std::string text; ///< a JSON number, true and false as they are written; null is nothing
+    std::string text; ///< a JSON number, true and false as written; empty for null
     std::vector<std::pair<std::string, TextTree>> members; ///< those of a JSON array have no names
 
-    /// The first member of that name, without regard to case, or an empty one.
+    /// The first member with that name, ignoring case, or an empty one.
     [[nodiscard]] const TextTree& operator[](std::string_view name) const&;
-    const TextTree& operator[](std::string_view name) const&& = delete; // it would be gone before it is read
+    const TextTree& operator[](std::string_view name) const&& = delete; // the result would dangle
 };
 
-// Reading is total: at the first fault it ends with what it has read. What nests deeper than 32 is such a
-// fault, and so is what comes behind a hundred thousand values.
+// Reading is total: it stops at the first fault and returns everything before it. Nesting deeper than 32 and
+// more than a hundred thousand values are faults.
 
 [[nodiscard]] TextTree readKeyValues(std::string_view text);
 [[nodiscard]] TextTree readJson(std::string_view text);

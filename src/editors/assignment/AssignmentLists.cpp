@@ -16,18 +16,18 @@ namespace {
 
 /// A submenu's fixed entry and its separator; the profiles or macros follow.
 constexpr int kFixedSubmenuItems = 2;
-/// A menu that is open is laid out anew with every change of an item, which takes seconds beyond this length.
+/// An open menu is laid out again at every change of an item, which takes seconds beyond this length.
 constexpr std::size_t kLongestListChangedWhileOpen = 100;
 
-/// The menu's item at the index, a new one at its end when it has no such item yet. An entry that stays keeps
-/// its item: the menu may be open, with that item under the pointer.
+/// The menu's item at the index, or a new one at the end. A remaining entry keeps its item: the menu may be
+/// open, with that item under the pointer.
 QAction& entryAt(QMenu& menu, const QList<QAction*>& existing, qsizetype index) {
     return index < existing.size() ? *existing[index] : *menu.addAction(QString());
 }
 
 } // namespace
 
-/// Makes the items behind the fixed ones list the entries; each sends what the first fixed item sends.
+/// Makes the items after the fixed ones list the entries, with the first fixed item's action.
 void AssignmentLists::listInSubmenu(QMenu& submenu, PopUpButton& popUp, const Entries& entries) {
     const QList<QAction*> existing = submenu.actions();
     if (std::max(entries.size(), static_cast<std::size_t>(existing.size())) > kLongestListChangedWhileOpen)
@@ -44,7 +44,7 @@ void AssignmentLists::listInSubmenu(QMenu& submenu, PopUpButton& popUp, const En
         delete existing[index];
 }
 
-/// A menu that is not made yet gets its lists when it is.
+/// A menu that is not built yet gets its lists when it is.
 void AssignmentLists::listIn(PopUpButton& popUp, int command, const Entries& entries) {
     if (popUp.awaitsMenu())
         return;

@@ -21,14 +21,14 @@ using AssignmentPopUps = std::array<PopUpButton*, limits::buttons>;
 
 class AssignmentLists {
   public:
-    /// The pop-ups may go before; then nothing may be listed any more.
+    /// If the pop-ups are destroyed before, no member may be called any more.
     explicit AssignmentLists(const AssignmentPopUps& popUps) : m_popUps(popUps) {}
 
     /// Lists the profiles in every menu. An item's tag is the profile's position, from 0.
     void listProfiles(const plist::Array& profiles);
     /// Lists the macros in every menu. An item's tag is the macro's identifier.
     void listMacros(const plist::Array& macros);
-    /// Lists both in the pop-up's menu, which has just been made.
+    /// Lists both in the pop-up's newly made menu.
     void fill(PopUpButton& popUp) const;
 
   private:
@@ -46,8 +46,8 @@ class AssignmentLists {
     void follow(Entries& listed, Entries entries, int command) const;
 
     AssignmentPopUps m_popUps;
-    Entries m_profiles; ///< as they are listed
-    Entries m_macros;   ///< likewise
+    Entries m_profiles; ///< as listed
+    Entries m_macros;   ///< the same
 };
 
 } // namespace quorvi

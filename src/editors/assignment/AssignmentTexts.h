@@ -8,12 +8,12 @@ namespace quorvi {
 
 class Document;
 
-/// What the pop-up shows of the assignment: the function's title, with which profile, macro or key it is
-/// assigned. The plain title is that of the function's item.
+/// The pop-up's text for the assignment: the function's title with its profile, macro or key. The plain title
+/// is that of the function's item.
 [[nodiscard]] QString assignmentTitle(const Document& document, const plist::Dictionary& assignment,
     const QString& plainTitle, const PanelText& text);
 
-/// The steps of the macro that is assigned, in a line; empty for an assignment of something else.
+/// The steps of the assigned macro, in one line; empty for other assignments.
 [[nodiscard]] QString stepsOfMacro(
     const Document& document, const plist::Dictionary& assignment, const PanelText& text);
 

@@ -7,7 +7,7 @@ namespace quorvi {
 
 namespace {
 
-/// The one of the texts that is for the input.
+/// The text for the input.
 const QString& textFor(int input, const QString& button, const QString& up, const QString& down) {
     return input == wheelUp ? up : input == wheelDown ? down : button;
 }

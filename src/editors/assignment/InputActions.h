@@ -1,4 +1,4 @@
-// What the user's actions on the inputs are called, for Change::action. An input is a number, 1 to 9.
+// Names of the user's actions on inputs, for Change::action. An input is a number, 1 to 9.
 #pragma once
 
 #include <string>
@@ -11,9 +11,9 @@ namespace quorvi {
 [[nodiscard]] std::u16string assignAction(int input, const PanelText& text);
 /// Its function by default.
 [[nodiscard]] std::u16string resetAction(int input, const PanelText& text);
-/// What it does in the profile of that name.
+/// Its function in the named profile.
 [[nodiscard]] std::u16string copyAction(int input, const std::u16string& profile, const PanelText& text);
-/// What all of them do there.
+/// All inputs' functions there.
 [[nodiscard]] std::u16string copyAllAction(const std::u16string& profile, const PanelText& text);
 
 } // namespace quorvi

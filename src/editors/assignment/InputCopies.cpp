@@ -14,14 +14,14 @@ namespace quorvi {
 
 namespace {
 
-/// What a menu said of an assignment does not count: a macro may have another name by now.
+/// Ignores the stored menu text: a macro may have been renamed.
 bool doesTheSame(const plist::Dictionary& one, const plist::Dictionary& other) {
     constexpr std::array numbers{keys::command, keys::param1, keys::param2};
     return std::ranges::all_of(
         numbers, [&](std::string_view key) { return one.integer(key) == other.integer(key); });
 }
 
-/// The source has something else for the input than the profile.
+/// Whether the source has another function for the input than the profile.
 bool differs(const plist::Dictionary& profile, int input, const plist::Dictionary& source) {
     const plist::Dictionary other = assignmentIn(source, input);
     return other && !doesTheSame(assignmentIn(profile, input), other);

@@ -25,7 +25,7 @@ void addItem(QMenu& menu, const QString& title, bool isPossible, const std::func
     QObject::connect(item, &QAction::triggered, &menu, perform);
 }
 
-/// A menu is a window, and takes no direction from what it belongs to.
+/// A menu is a window, and does not inherit the direction of its owner.
 QMenu& addSubmenu(QMenu& menu, const QString& title) {
     QMenu& submenu = *menu.addMenu(QString());
     submenu.setLayoutDirection(menu.layoutDirection());
@@ -41,7 +41,7 @@ InputMenu::InputMenu(const EditorContext& context, const AssignmentPopUps& popUp
         popUp->installEventFilter(this);
 }
 
-// Before the pop-up itself, because a disabled one hands the event on to what is behind it.
+// Filters before the pop-up itself, because a disabled one passes the event to its parent.
 bool InputMenu::eventFilter(QObject* watched, QEvent* event) {
     const bool byKeys =
         event->type() == QEvent::KeyPress && keyOpensContextMenu(*static_cast<QKeyEvent*>(event));
@@ -125,7 +125,7 @@ std::vector<InputMenu::Place> InputMenu::otherProfiles() const {
     return others;
 }
 
-/// Nil when another one is there by now, of which nothing can be taken.
+/// Nil if there is another profile by now, which must not be used.
 plist::Dictionary InputMenu::profileAt(const Place& place) const {
     const plist::Dictionary profile = m_document.profiles().dictionary(place.index);
     return profile.string(keys::name) == place.name ? profile : plist::Dictionary();

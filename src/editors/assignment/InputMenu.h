@@ -1,5 +1,5 @@
-// The context menu of an input's pop-up: the function by default again, and what other profiles have the
-// input, or all of them, do.
+// The context menu of an input's pop-up: resets the function, and copies this input's or all inputs'
+// functions from other profiles.
 #pragma once
 
 #include <QObject>
@@ -18,31 +18,31 @@ class QMenu;
 
 namespace quorvi {
 
-/// The menu opens by the right button of a mouse, the menu key, and Shift with F10; each choice is saved.
+/// The menu opens with the right mouse button, the menu key, and Shift+F10; each choice is saved.
 class InputMenu final : public QObject {
   public:
-    /// What it needs of others.
+    /// Functions of other parts that it needs.
     struct Others {
-        /// What an input, 1 to 9, is said to do that has the assignment.
+        /// The title of the assignment for an input, 1 to 9.
         std::function<QString(int input, const plist::Dictionary& assignment)> titleOf;
-        /// The settings by default; nil when they cannot be read.
+        /// The default settings; nil if they cannot be read.
         std::function<plist::Dictionary()> defaultSettings;
     };
 
-    /// The pop-ups may go before.
+    /// The pop-ups may be destroyed before it.
     InputMenu(const EditorContext& context, const AssignmentPopUps& popUps, Others others);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// A profile as it was when the menu opened. Others may have changed the list since.
+    /// A profile at the time when the menu opened. The list may have changed since.
     struct Place {
         std::size_t index;
         std::u16string name;
     };
 
-    /// Opens the menu at the point of the screen or, without one, by the pop-up for the keyboard.
+    /// Opens the menu at the point of the screen or, without one, at the pop-up for keyboard users.
     void open(PopUpButton& popUp, const std::optional<QPoint>& point);
     void addReset(QMenu& menu, int input);
     void addCopies(QMenu& menu, int input);

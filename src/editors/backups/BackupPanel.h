@@ -1,4 +1,4 @@
-// The sheet that says what is different in a backup before it is restored.
+// The sheet that shows a backup's differences before it is restored.
 #pragma once
 
 #include <QDialog>
@@ -17,10 +17,10 @@ class BackupPanel : public QDialog {
     struct Contents {
         QString question;        ///< with the file's name
         QStringList differences; ///< a sentence each
-        QString leftOut;         ///< what would be left out, in a few lines; empty for nothing
+        QString leftOut;         ///< the items that would be left out, in a few lines; may be empty
     };
 
-    /// Texts are looked up now: set setInterfaceTextLookup() before.
+    /// Looks up texts now: call setInterfaceTextLookup() before.
     BackupPanel(QWidget* parent, const Contents& contents);
     ~BackupPanel() override;
 

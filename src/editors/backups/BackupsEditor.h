@@ -1,4 +1,4 @@
-// All settings as one file, and the copies that are kept of earlier ones: written, looked at and taken back.
+// Writes, shows and restores backup files and copies of earlier settings.
 #pragma once
 
 #include <QObject>
@@ -16,36 +16,36 @@ class QWidget;
 
 namespace quorvi {
 
-/// What is taken back is one action of the user's, before which a dated copy of the present settings is kept.
-/// What came of it is told at the window's foot.
+/// A restore is one user action; a dated copy of the present settings is kept before it. The bottom of the
+/// window shows the result.
 class BackupsEditor final : public QObject {
   public:
     struct Others {
-        QWidget& mainView;                ///< the panels hang on its window
-        std::filesystem::path homeFolder; ///< paths are shown from there
-        const History& history;           ///< where the copies are
-        std::function<void()> keepCopy;   ///< keeps a copy of the settings as they are now
-        std::function<void()> showLists;  ///< shows the lists of a tree that has changed as a whole
-        /// Append the item in the file, and tell of it.
+        QWidget& mainView;                ///< the parent window of the panels
+        std::filesystem::path homeFolder; ///< shown paths are relative to it
+        const History& history;           ///< the copies
+        std::function<void()> keepCopy;   ///< keeps a copy of the present settings
+        std::function<void()> showLists;  ///< shows the lists after the whole tree has changed
+        /// Append the item in the file, and show the result.
         std::function<void(const QString& path)> importProfile;
         std::function<void(const QString& path)> importMacro;
     };
 
     BackupsEditor(const EditorContext& context, Others others);
 
-    /// Lets the user choose the file that all settings are written to. Does nothing without settings.
+    /// Lets the user choose a file and writes all settings to it. Does nothing without settings.
     void showBackUpPanel();
-    /// Lets the user choose the backup that is to be restored. Does nothing without settings.
+    /// Lets the user choose a backup to restore. Does nothing without settings.
     void showRestorePanel();
-    /// Lets the user look through the copies of earlier settings, and takes the chosen one. Returns when the
-    /// sheet is closed, which the editor itself may not outlive.
+    /// Lets the user browse the copies of earlier settings, and restores the chosen one. Returns when the
+    /// sheet is closed; the editor may be destroyed before.
     void showEarlier();
 
-    /// Whether the panel takes files of that name.
+    /// Whether the panel accepts files with that name.
     [[nodiscard]] static bool takes(const QString& path);
-    /// Asks whether the settings, the profile or the macro in the file are to be taken, and takes them. What
-    /// the panel does not take, and a file that is no good, is told of. Returns when the user has answered,
-    /// which the editor itself may not outlive.
+    /// Asks whether to use the settings, the profile or the macro in the file, and does so. Shows a message
+    /// for an unsupported or invalid file. Returns when the user has answered; the editor may be destroyed
+    /// before.
     void openFile(const QString& path);
 
   private:
@@ -53,7 +53,7 @@ class BackupsEditor final : public QObject {
     void openBackup(const QString& path);
     [[nodiscard]] bool agreesToImport(const char* question, const QString& path);
     [[nodiscard]] bool agreesToRestore(const Backup& backup, const QString& path);
-    /// Puts the settings of the backup in place of the present ones, and tells the sentence.
+    /// Replaces the present settings with the backup's, and shows the sentence.
     void take(const Backup& backup, const QString& action, const QString& sentence);
     [[nodiscard]] int runSheet(QDialog* sheet);
     void whenChosen(QFileDialog* panel, std::function<void(const QString& path)> use);

@@ -27,14 +27,14 @@ bool DroppedFile::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
         return QObject::eventFilter(watched, event);
-    // Of what these three share: entering and moving are drops that have not happened yet.
+    // The common base of the three: entering and moving derive from drops.
     auto& drop = static_cast<QDropEvent&>(*event);
     const QString path = fileIn(drop.mimeData());
     if (path.isEmpty()) {
         drop.ignore();
         return true;
     }
-    // The file stays where it is, whatever the desktop proposes.
+    // Never move the file, whatever the desktop proposes.
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
     if (type == QEvent::Drop)

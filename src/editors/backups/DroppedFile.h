@@ -10,23 +10,23 @@ class QWidget;
 
 namespace quorvi {
 
-/// Lets one file at a time be dropped onto the view; of several nobody could tell which is asked about. The
-/// pointer says what is not taken.
+/// Accepts one file at a time dropped onto the view; with several, the question would be ambiguous. The
+/// pointer shows whether a file is accepted.
 class DroppedFile final : public QObject {
   public:
     struct Receiver {
-        std::function<bool(const QString& path)> takes; ///< files of that name, now
-        /// What is to be done with one, once whoever has dropped it is free again.
+        std::function<bool(const QString& path)> takes; ///< whether files with that name are accepted now
+        /// Opens the file, after the drop has been answered.
         std::function<void(const QString& path)> open;
     };
 
-    /// Belongs to the view.
+    /// The view owns it.
     DroppedFile(QWidget& view, Receiver receiver);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// The one file that is dragged and is taken; empty when there is none.
+    /// The single dragged file if it is accepted; else empty.
     [[nodiscard]] QString fileIn(const QMimeData* dragged) const;
 
     Receiver m_receiver;

@@ -13,8 +13,8 @@
 
 namespace quorvi {
 
-/// When a copy was made, as people say it: "Today, 14:05", "Tuesday, 9:30", "22/10/2026 8:00". Days are those
-/// of now's clock; the locale says how times and dates are written.
+/// The displayed time of a copy: "Today, 14:05", "Tuesday, 9:30", "22/10/2026 8:00". Days are relative to
+/// `now`; the locale determines the format.
 [[nodiscard]] QString whenText(std::chrono::system_clock::time_point time, const QDateTime& now,
     const QLocale& locale, const PanelText& text);
 
@@ -23,16 +23,16 @@ class EarlierCopies : public QAbstractListModel {
     EarlierCopies(std::vector<DatedCopy> copies, QDateTime now, PanelText text);
 
     [[nodiscard]] const DatedCopy& copy(int row) const { return m_rows[std::size_t(row)].copy; }
-    /// What is different in the copy of the row, or why that is not known; nothing before compare().
+    /// The differences of the row's copy, or why they are unknown; std::nullopt before compare().
     [[nodiscard]] const std::optional<QStringList>& differences(int row) const;
-    /// The copy of the row can be taken.
+    /// Whether the row's copy can be restored.
     [[nodiscard]] bool isWhole(int row) const { return m_rows[std::size_t(row)].isWhole; }
 
-    /// Reads the copy of the row and compares it with the settings. Does nothing a second time.
+    /// Reads the row's copy and compares it with the settings. Further calls do nothing.
     void compare(int row, const History& history, const plist::Dictionary& now);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    /// Two lines: when, and then why and how many differences there are.
+    /// Two lines: the time, then the reason and the number of differences.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
@@ -40,7 +40,7 @@ class EarlierCopies : public QAbstractListModel {
         DatedCopy copy;
         bool isWhole = false;
         int count = 0;                          ///< of differences
-        std::optional<QStringList> differences; ///< nothing before it was read
+        std::optional<QStringList> differences; ///< std::nullopt before it was read
     };
 
     [[nodiscard]] QString outcomeOf(const Row& row) const;

@@ -30,7 +30,7 @@ EarlierPanel::EarlierPanel(QWidget* parent, Surroundings surroundings)
     connect(&m_comparing, &QTimer::timeout, this, &EarlierPanel::compareNext);
     m_ui->quorviListEarlier->setCurrentIndex(m_copies.index(0));
     showSelected();
-    m_comparing.start(); // whenever there is nothing else to do
+    m_comparing.start(); // while the event loop is idle
 }
 
 EarlierPanel::~EarlierPanel() = default;

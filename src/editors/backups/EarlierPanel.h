@@ -1,4 +1,4 @@
-// The sheet in which the user looks through the dated copies of the settings and chooses one.
+// The sheet in which the user browses the dated copies of the settings and chooses one.
 #pragma once
 
 #include <QDateTime>
@@ -16,23 +16,23 @@ class EarlierPanel;
 
 namespace quorvi {
 
-/// Lists the copies, newest first, and shows what is different in the selected one. The copies are read and
-/// compared one at a time while the sheet is up, so that it opens as fast with forty as with one. Accepted by
+/// Lists the copies, newest first, and shows the differences of the selected one. Reads and compares the
+/// copies one at a time while the sheet is open, so that it opens as fast with forty as with one. Accepted by
 /// Restore, rejected by Cancel and Escape.
 class EarlierPanel : public QDialog {
   public:
     struct Surroundings {
         const History& history; ///< must outlive the sheet
-        plist::Dictionary now;  ///< the present settings; nobody changes them while the sheet is up
+        plist::Dictionary now;  ///< the present settings; not changed while the sheet is open
         PanelText text;
-        QDateTime time = QDateTime::currentDateTime(); ///< what "today" is told by
+        QDateTime time = QDateTime::currentDateTime(); ///< determines "today"
     };
 
-    /// Texts are looked up now: set setInterfaceTextLookup() before.
+    /// Looks up texts now: call setInterfaceTextLookup() before.
     EarlierPanel(QWidget* parent, Surroundings surroundings);
     ~EarlierPanel() override;
 
-    /// The copy that is selected; nothing when none is, or it cannot be read.
+    /// The selected copy; std::nullopt if none is selected, or it cannot be read.
     [[nodiscard]] std::optional<DatedCopy> chosen() const;
 
     /// Does nothing while no copy is selected.

@@ -1,4 +1,4 @@
-// A list of sentences, which may be longer than a row is wide.
+// A list of sentences that wrap within the list's width.
 #pragma once
 
 #include <QListView>
@@ -9,7 +9,7 @@ class SentenceList : public QListView {
   public:
     explicit SentenceList(QWidget* parent = nullptr);
 
-    /// Shows these in place of those before, in a model of its own, with the first one as the current row.
+    /// Replaces the sentences, and makes the first one the current row.
     void setSentences(const QStringList& sentences);
 };
 

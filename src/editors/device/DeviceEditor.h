@@ -1,5 +1,4 @@
-// What the device tab sets of the mouse itself: how often it reports, its lights, its firmware's version, and
-// the way back to the defaults.
+// The mouse's settings on the device tab: polling rate, lights, firmware version, and restoring the defaults.
 #pragma once
 
 #include <functional>
@@ -27,7 +26,7 @@ class DeviceEditor {
         QLabel& firmware;
     };
 
-    /// The last one gives the settings that the panel comes with; nil when they cannot be read.
+    /// `defaultSettings` returns the panel's default settings; nil if they cannot be read.
     DeviceEditor(
         const EditorContext& context, const Views& views, std::function<plist::Dictionary()> defaultSettings);
 
@@ -35,13 +34,13 @@ class DeviceEditor {
     /// Shows the lights that are on in the current profile.
     void showLights();
 
-    /// Stores the rate that the pop-up shows; one that no mouse has changes nothing.
+    /// Stores the rate shown in the pop-up; does nothing for an invalid one.
     void storePollingRate();
-    /// Stores whether the light is on, as the box shows it.
+    /// Stores the check box's state.
     void storeLightOnWheel();
     void storeLightOnBattery();
-    /// Asks, and then gives the device and the current profile the defaults. What the defaults lack stays,
-    /// and so do the profile's name, its application and the macros. This object may not outlive the
+    /// Asks, then resets the device and the current profile to the defaults. Keeps values missing in the
+    /// defaults, the profile's name, its application and the macros. This object may be destroyed during the
     /// question.
     void restoreDefaults();
 

@@ -16,8 +16,8 @@ constexpr std::array kHelpPages{
     "buttons.html", "sensitivity.html", "profiles.html", "macros.html", "device.html"};
 constexpr const char* kUpdatesPage = "https://www.kyvar.com/quorvi/support";
 
-/// The file "<tab>.html" beside the index; the index when there is no such file. A page has a file of its own
-/// because a place within a page would be lost: openers pass on paths, not addresses with a "#".
+/// The file "<tab>.html" next to the index; the index if there is no such file. Each tab has its own file
+/// because openers pass paths, not addresses with a "#".
 std::string helpPageOfTab(const std::string& index, int tab) {
     if (tab < 0 || tab >= static_cast<int>(kHelpPages.size()))
         return index;

@@ -1,4 +1,4 @@
-// The pages that the panel opens outside of itself: its help, and where updates are.
+// Opens the panel's external pages: help and updates.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@ namespace quorvi {
 class Bundle;
 class Workspace;
 
-/// Opens the page of the help that is about the tab, 0 buttons to 4 device; its index for any other number.
+/// Opens the help page of the tab, 0 (buttons) to 4 (device); the index for any other number.
 void openHelp(const Bundle& bundle, Workspace& workspace, int tab);
 
-/// Opens the page where updates are.
+/// Opens the updates page.
 void openUpdates(Workspace& workspace);
 
 } // namespace quorvi

@@ -19,7 +19,7 @@ namespace quorvi {
 
 namespace {
 
-/// What an import and an export do with one kind of item.
+/// The properties of one kind of item for imports and exports.
 struct ItemType {
     FileKind file;
     int limit;
@@ -48,7 +48,7 @@ bool isBackup(const QString& path) {
     return path.endsWith(QLatin1String(kBackupExtension), Qt::CaseInsensitive);
 }
 
-/// What may be chosen for an import.
+/// The files accepted for an import.
 FileKind importedKind(ItemKind kind) {
     FileKind imported = typeOf(kind).file;
     if (kind == ItemKind::profile)
@@ -56,7 +56,7 @@ FileKind importedKind(ItemKind kind) {
     return imported;
 }
 
-/// What an export may become, the usual one first.
+/// The file kinds of an export, the usual one first.
 std::vector<FileKind> exportedKinds(ItemKind kind) {
     std::vector<FileKind> kinds{typeOf(kind).file};
     if (kind == ItemKind::profile)
@@ -64,7 +64,7 @@ std::vector<FileKind> exportedKinds(ItemKind kind) {
     return kinds;
 }
 
-/// Of a backup that no profile comes from.
+/// The item fault for a backup that cannot be used.
 ItemFault faultOf(BackupFault fault) {
     switch (fault) {
     case BackupFault::none:
@@ -201,7 +201,7 @@ bool ImportExport::mayImport(ItemKind kind, ItemFault fault, const QString& path
     const plist::Array& items = (m_context.document.*typeOf(kind).items)();
     if (!items)
         return false; // there are no settings at all
-    // More may have come, from another program, since the panel was opened.
+    // Another program may have added items since the panel was opened.
     const bool isFull = int(items.size()) >= typeOf(kind).limit;
     if (fault == ItemFault::none && !isFull)
         return true;

@@ -1,5 +1,5 @@
-// Single profiles and macros as files of their own, and profiles in one with their macros: the panels that
-// choose one, and what comes of the choice, which is told at the window's foot.
+// Imports and exports single profiles and macros, and profiles with their macros: opens the file panels, and
+// shows the result at the bottom of the window.
 #pragma once
 
 #include <QFileDialog>
@@ -15,38 +15,39 @@ namespace quorvi {
 
 class ImportExport final : public QObject {
   public:
-    /// Puts an item behind the others of its list and saves, under that name of the action.
+    /// Appends an item to its list and saves, with that action name.
     using AppendItem = std::function<void(const plist::Dictionary& item, const std::u16string& action)>;
 
     struct Surroundings {
-        QWidget& mainView;                ///< the panels hang on its window
-        std::filesystem::path homeFolder; ///< paths are shown from there
+        QWidget& mainView;                ///< the parent window of the panels
+        std::filesystem::path homeFolder; ///< shown paths are relative to it
         AppendItem appendProfile;
         AppendItem appendMacro;
-        std::function<void()> showLists; ///< shows all lists of a tree that has changed
+        std::function<void()> showLists; ///< shows all lists after the tree has changed
     };
 
     ImportExport(const EditorContext& context, Surroundings surroundings);
 
-    /// Lets the user choose the file of an item. Does nothing when there are five profiles.
+    /// Lets the user choose an item's file. Does nothing for profiles if there are five.
     void showImportPanel(ItemKind kind);
-    /// Lets the user choose where the current item goes, and a profile's macros with it. Does nothing without
-    /// a current macro.
+    /// Lets the user choose the file for the current item, and whether to include a profile's macros. Does
+    /// nothing for macros without a current one.
     void showExportPanel(ItemKind kind);
 
-    /// The end of such a panel, with QDialog::Accepted or not. An import waits until its panel has gone.
+    /// Handles the end of such a panel, with QDialog::Accepted or not. An import waits until its panel has
+    /// closed.
     void importChosen(ItemKind kind, const QFileDialog& panel, int returnCode);
     void exportChosen(ItemKind kind, const QFileDialog& panel, int returnCode);
 
-    /// Appends the item in the file, with a profile the macros that are in there too. Does nothing without
-    /// settings; a file that is no good, and one for which there is no room, is told of.
+    /// Appends the item in the file, with a profile's included macros. Does nothing without settings; shows a
+    /// message if the file is invalid or there is no room.
     void importFile(ItemKind kind, const QString& path);
 
   private:
     [[nodiscard]] QString proposedName(ItemKind kind) const;
     void exportItem(ItemKind kind, const QString& chosen, bool withMacros);
     void importProfileWithMacros(const QString& path);
-    /// False when the file is no good or there is no room, which the user is told.
+    /// Returns false, and tells the user, if the file is invalid or there is no room.
     [[nodiscard]] bool mayImport(ItemKind kind, ItemFault fault, const QString& path);
     void tellOfImport(ItemKind kind, const plist::Dictionary& item);
 

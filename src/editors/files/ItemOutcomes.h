@@ -1,4 +1,4 @@
-// What the window says of an export and of an import.
+// The window's messages about exports and imports.
 #pragma once
 
 #include <QString>
@@ -14,22 +14,22 @@ namespace quorvi {
 
 enum class ItemKind : std::uint8_t { profile, macro };
 
-/// What was exported, and where to, as shownPath() of window/ShownPath.h gives it.
+/// The exported item and its path, from shownPath() of window/ShownPath.h.
 [[nodiscard]] QString exportedText(
     ItemKind kind, const QString& name, const QString& path, const PanelText& text);
-/// Why it was not.
+/// Why the export failed.
 [[nodiscard]] QString notExportedText(
     const QString& name, const QString& path, std::error_code reason, const PanelText& text);
 
-/// What was imported, and which inputs of it, 1 to 9, run macros that are not there.
+/// The imported item, and its inputs, 1 to 9, whose macros are missing.
 [[nodiscard]] QString importedText(
     ItemKind kind, const QString& name, const std::vector<int>& withoutMacro, const PanelText& text);
-/// Why the file, as shownPath() gives it, was not imported.
+/// Why the import failed, with the path from shownPath().
 [[nodiscard]] QString notImportedText(
     ItemKind kind, const QString& path, ItemFault fault, const PanelText& text);
-/// Why a profile with its macros was not: a later version wrote the file.
+/// The import of a profile with its macros failed: a later version wrote the file.
 [[nodiscard]] QString notImportedNewerText(const QString& path, const PanelText& text);
-/// There are as many items as there can be.
+/// The import failed because the list is full.
 [[nodiscard]] QString listFullText(ItemKind kind, const QString& path, const PanelText& text);
 
 } // namespace quorvi

@@ -16,7 +16,7 @@ namespace quorvi {
 
 namespace {
 
-/// What binds a profile to an application, all of it texts.
+/// The keys that bind a profile to an application; their values are texts.
 constexpr std::array kApplicationKeys{keys::application, keys::identifier, keys::signature, keys::executable};
 
 } // namespace
@@ -37,7 +37,7 @@ void ProfileApplication::ask() {
     setInterfaceTextLookup(nullptr);
     const int returnCode = m_context.sheets.run(panel);
     if (!panel)
-        return; // The window went away underneath, and the panel with it.
+        return; // The window was destroyed, and the panel with it.
     assign(*panel, returnCode);
     delete panel;
 }

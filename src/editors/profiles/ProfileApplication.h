@@ -19,23 +19,23 @@ class ApplicationPanel;
 class ProfileApplication final : public QObject {
   public:
     struct Surroundings {
-        QWidget& mainView;                ///< the panel hangs on its window
-        std::filesystem::path homeFolder; ///< games are looked for in it
-        std::function<void()> showChange; ///< has the list show the application
+        QWidget& mainView;                ///< the parent window of the panel
+        std::filesystem::path homeFolder; ///< the folder to search for games
+        std::function<void()> showChange; ///< shows the application in the list
     };
 
     ProfileApplication(const EditorContext& context, Surroundings surroundings);
 
-    /// Lets the user choose one. As a sheet does, the panel comes when the command that asked for it is done.
+    /// Lets the user choose one. Like a sheet, the panel opens when its command has finished.
     void showPanel();
-    /// The end of that panel, with QDialog::Accepted or not.
+    /// Handles the end of that panel, with QDialog::Accepted or not.
     void assign(const ApplicationPanel& panel, int returnCode);
-    /// A bundle, a desktop entry or any other file. One without a name or a program changes nothing.
+    /// Assigns a bundle, a desktop entry or any other file. Does nothing for one without a name or a program.
     void assign(const QString& path);
 
     /// Whether there is a binding to remove.
     [[nodiscard]] bool isBound() const;
-    /// Removes the binding; the command that asked for it saves.
+    /// Removes the binding; the calling command saves.
     void remove();
 
   private:

@@ -73,7 +73,7 @@ bool EditedStages::remove() {
     return true;
 }
 
-// The selected stage and the copied settings hold the same numbers, so every change goes into both.
+// The selected stage and the copied settings hold the same numbers, so every change is stored in both.
 
 bool EditedStages::setX(int resolution) {
     if (index() < 0)

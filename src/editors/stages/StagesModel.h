@@ -10,7 +10,7 @@ class EditedStages;
 
 class StagesModel final : public TableModel {
   public:
-    /// All of it must outlive the rows. Without a mouse there are none.
+    /// The arguments must outlive the model. Without a mouse there are no rows.
     StagesModel(const Document& document, const EditedStages& stages, PanelText text);
 
     [[nodiscard]] int numberOfRows() const override;

@@ -1,4 +1,4 @@
-// What is shown of a change, in the user's language.
+// The displayed text of a change, in the user's language.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace quorvi {
 
-/// "Profile: Drawing", "800 DPI" or "X = 800, Y = 400 DPI", by the bundle's string table; UTF-8. A name is
-/// cut where it gets long, holds no control characters, and turns no text around it.
+/// "Profile: Drawing", "800 DPI" or "800 × 400 DPI", by the bundle's string table; UTF-8. Long names
+/// are cut, control characters removed, and direction marks isolated.
 [[nodiscard]] std::string textOf(
     ChangeShown change, const engine::Running& running, const plist::Array& profiles, const Bundle& bundle);
 

@@ -1,4 +1,4 @@
-// Which changes of what the mouse runs its user wants to see on the screen.
+// Selects the changes of profile and stage that the user wants to see on the screen.
 #pragma once
 
 #include <optional>
@@ -12,22 +12,22 @@ enum class ChangeShown { profile, sensitivity };
 
 class RunningChanges {
   public:
-    /// What runs now, with the profiles' "driver" options by slot. What is to be shown of the change, by the
-    /// options of the profile that runs now; nothing for the first one, for one that was expected, and as
-    /// long as profile and stage stay: sensitivity that the panel's sliders change is seen there.
+    /// Notes the running state, with the profiles' "driver" options by slot. Returns the change to show, by
+    /// the options of the running profile; std::nullopt for the first state, for an expected one, and if
+    /// profile and stage are unchanged: the panel itself shows sensitivity changed by its sliders.
     [[nodiscard]] std::optional<ChangeShown> note(
         const engine::Running& running, const plist::Array& profiles);
 
-    /// Another mouse is the one that is looked at: what it runs is no change.
+    /// Starts with another mouse; its state does not count as a change.
     void startWith(const engine::Running& running);
 
-    /// The user has chosen this profile and stage in the panel, which shows them. The next change is not
-    /// shown when it is the one to these.
+    /// The user has chosen this profile and stage in the panel, which shows them. If the next change leads to
+    /// these, it is not shown.
     void expect(std::uint8_t profile, std::uint8_t stage);
 
   private:
     engine::Running m_last{};
-    std::optional<engine::Running> m_expected; ///< its profile and stage alone
+    std::optional<engine::Running> m_expected; ///< only its profile and stage
 };
 
 } // namespace quorvi

@@ -15,13 +15,13 @@ constexpr char kNotifications[] = "org.freedesktop.Notifications";
 constexpr char kNotificationsPath[] = "/org/freedesktop/Notifications";
 constexpr char kIcon[] = "input-mouse";
 
-/// A desktop that is alive answers within milliseconds; starting a notification server takes longer.
+/// A running desktop answers within milliseconds; starting a notification server takes longer.
 constexpr std::chrono::milliseconds kDesktopPatience = 2s;
-/// What was changed longer ago than this is not news.
+/// Older changes are not shown.
 constexpr std::chrono::milliseconds kFresh = 1s;
 constexpr std::int32_t kShownFor = 1500; // milliseconds
 
-/// Nobody is there who could have shown it.
+/// Whether the error means that no such service exists.
 bool isAbsence(std::string_view error) {
     constexpr auto absences =
         std::to_array<std::string_view>({SD_BUS_ERROR_SERVICE_UNKNOWN, SD_BUS_ERROR_NAME_HAS_NO_OWNER,
@@ -47,8 +47,8 @@ void ScreenDisplay::show(const std::string& text) {
     askWhetherInhibited();
 }
 
-/// Servers without the property answer with one error or another; one that does not answer at all shows
-/// nothing either.
+/// Servers without the property answer with various errors; one that does not answer would not show the text
+/// either.
 void ScreenDisplay::askWhetherInhibited() {
     const auto call = m_calls.newCall(kNotifications, kNotificationsPath, "org.freedesktop.DBus.Properties",
         "Get", "ss", kNotifications, "Inhibited");
@@ -76,8 +76,8 @@ void ScreenDisplay::showByKde() {
         done();
 }
 
-/// The server that shows the notification already is called itself: another one may have given its number to
-/// another program's.
+/// Calls the server that shows the notification by its unique name: another server may have given the same
+/// number to another program's.
 void ScreenDisplay::notify() {
     const auto call = m_calls.newCall(m_server.empty() ? kNotifications : m_server.c_str(),
         kNotificationsPath, kNotifications, "Notify", "susssasa{sv}i", "Kyvar Quorvi", m_notification, kIcon,

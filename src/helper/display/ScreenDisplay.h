@@ -1,4 +1,5 @@
-// Short texts on the screen: by KDE's own display where it runs, else by a notification that replaces itself.
+// Shows short texts on the screen: with KDE's own display if it runs, else with a notification that replaces
+// the previous one.
 #pragma once
 
 #include <chrono>
@@ -9,15 +10,14 @@
 
 namespace quorvi {
 
-/// Waits for nobody. A text that comes while the desktop has not answered waits, the newest alone; when it
-/// has become old by then, it is not shown any more.
+/// Never blocks. While the desktop has not answered, only the newest text is kept, and it is dropped if it
+/// gets too old.
 class ScreenDisplay {
   public:
-    /// The session's bus, which must live longer.
+    /// The session bus, which must outlive the object.
     explicit ScreenDisplay(sd_bus* bus) : m_calls(bus) {}
 
-    /// UTF-8. Nothing is shown while the desktop says that notifications are inhibited, as during a game that
-    /// fills the screen.
+    /// Shows a UTF-8 text, unless the desktop inhibits notifications, as during a full-screen game.
     void show(const std::string& text);
 
   private:
@@ -29,12 +29,12 @@ class ScreenDisplay {
     void done();
 
     events::AsyncCalls m_calls;
-    std::string m_text;       ///< that is being shown
-    bool m_isShowing = false; ///< an answer is waited for
+    std::string m_text;       ///< the text being shown
+    bool m_isShowing = false; ///< an answer is pending
     std::optional<std::string> m_next;
     Clock::time_point m_nextCame;
     std::uint32_t m_notification = 0; ///< the one to replace; 0 for none
-    std::string m_server;             ///< whose number that is, by its unique name
+    std::string m_server;             ///< the unique name of the server that gave it
 };
 
 } // namespace quorvi

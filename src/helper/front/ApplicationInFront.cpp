@@ -18,7 +18,7 @@ ApplicationInFront::ApplicationInFront(EventBus& bus, EventLoop& loop, const Ses
 
 ApplicationInFront::~ApplicationInFront() = default;
 
-/// What a compositor's X server tells is not asked: it knows of X11's windows alone.
+/// Ignores a compositor's X server, which knows only X11 windows.
 void ApplicationInFront::addSources(const Session& session) {
     if (!session.isWayland) {
         if (!session.x11Display.empty())

@@ -1,4 +1,4 @@
-// The application in front, from whoever tells on this desktop.
+// The application in front, from this desktop's source.
 #pragma once
 
 #include <functional>
@@ -16,8 +16,8 @@
 
 namespace quorvi::front {
 
-/// On X11 the X server tells; on Wayland the compositor does, by what it has for that. Offers what it knows
-/// on the bus, com.kyvar.Front1.
+/// On X11 the X server reports it; on Wayland the compositor, each with its own interface. Offers the result
+/// on the bus as com.kyvar.Front1.
 class ApplicationInFront {
   public:
     ApplicationInFront(EventBus& bus, EventLoop& loop, const Session& session = Session::ofThisProcess());
@@ -25,13 +25,13 @@ class ApplicationInFront {
     ApplicationInFront(const ApplicationInFront&) = delete;
     ApplicationInFront& operator=(const ApplicationInFront&) = delete;
 
-    /// Called when another application is in front.
+    /// Called when another application comes to the front.
     void onApplication(std::function<void()> function) { m_function = std::move(function); }
-    /// Connects to the display. Desktop entries are read when the first window is told, from the loop, so
-    /// that a helper that is just starting answers at once.
+    /// Connects to the display. Reads the desktop entries only when the first window is reported, from the
+    /// loop, so that a starting helper answers at once.
     void start();
 
-    /// The last one that was said to be in front; nothing in it before.
+    /// The last reported application; empty before the first.
     [[nodiscard]] const FrontApplication& application() const { return m_application; }
 
   private:
@@ -47,7 +47,7 @@ class ApplicationInFront {
     DesktopEntries m_entries{desktopEntryFolders()};
     DesktopReports m_reports{m_bus};
     std::vector<std::unique_ptr<FrontSource>> m_sources;
-    const GnomeSource* m_gnome = nullptr; ///< of those; null when it is not among them
+    const GnomeSource* m_gnome = nullptr; ///< one of the sources; null if absent
     FrontApplication m_application;
     std::function<void()> m_function;
 };

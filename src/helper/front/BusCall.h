@@ -1,4 +1,4 @@
-// One question after another to a desktop, without waiting for its answers.
+// Sequential asynchronous calls to a desktop.
 #pragma once
 
 #include <string>
@@ -11,13 +11,13 @@ namespace quorvi::front {
 
 class BusCall {
   public:
-    /// Gets the answer, or null for an error and for none within half a minute: a desktop that is starting
-    /// may take its time.
+    /// Receives the answer; null for an error, or after half a minute without an answer: a starting desktop
+    /// may be slow.
     using Answer = std::function<void(sd_bus_message*)>;
 
     explicit BusCall(const EventBus& bus) : m_calls(bus.connection().bus.get()) {}
 
-    /// The signature and what follows are as for sd_bus_message_append.
+    /// The signature and the arguments are as for sd_bus_message_append.
     template <typename... Arguments>
     void make(const std::string& destination, const std::string& path, const char* interface,
         const char* member, Answer answer, const char* signature = "", Arguments... arguments) {
@@ -27,7 +27,7 @@ class BusCall {
             [answer = std::move(answer)](
                 sd_bus_message* reply, std::string_view error) { answer(error.empty() ? reply : nullptr); });
     }
-    /// What is under way is not answered any more.
+    /// Drops the answers of pending calls.
     void giveUp() { m_calls.dropAll(); }
 
   private:

@@ -36,7 +36,7 @@ bool equalInAnyCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-/// What follows the last "." of a name like "org.example.Drawing".
+/// The part after the last "." of a name like "org.example.Drawing".
 std::string_view lastPart(std::string_view id) {
     return id.substr(id.rfind('.') + 1);
 }
@@ -102,7 +102,7 @@ void DesktopEntries::read() {
 void DesktopEntries::readFolder(
     const fs::path& top, std::unordered_set<std::string>& ids, const std::vector<std::string>& locales) {
     std::error_code error;
-    // A folder that is not there is one whose time is the earliest, until it is made.
+    // A missing folder has the earliest time until it is created.
     m_read.push_back({top, fs::last_write_time(top, error)});
     const auto options = fs::directory_options::skip_permission_denied;
     for (fs::recursive_directory_iterator entry(top, options, error), end; !error && entry != end;
@@ -115,7 +115,7 @@ void DesktopEntries::readFolder(
             id.resize(id.size() - kExtension.size());
             std::ranges::replace(id, '/', '-');
             if (!ids.insert(id).second)
-                continue; // of an earlier folder, whatever that one says
+                continue; // hidden by one of an earlier folder
             if (auto made = entryOf(path, std::move(id), locales))
                 m_entries.push_back(std::move(*made));
         }

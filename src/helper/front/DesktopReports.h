@@ -1,4 +1,5 @@
-// Where a desktop's own script tells which window is in front: com.kyvar.FrontReport1 on /com/kyvar/Front.
+// The object on which a desktop's script reports the window in front: com.kyvar.FrontReport1 on
+// /com/kyvar/Front.
 #pragma once
 
 #include <functional>
@@ -10,8 +11,8 @@
 
 namespace quorvi::front {
 
-/// Believes the owners of the desktops' names alone. Another program of the session could switch the profile
-/// by writing the settings file, but it is not to do so by accident or unseen.
+/// Accepts reports only from the owners of the desktops' names. Any program of the session could switch
+/// profiles by writing the settings file, but it must not do so by accident or unseen.
 class DesktopReports {
   public:
     using Function = std::function<void(const FrontWindow&)>;
@@ -20,7 +21,7 @@ class DesktopReports {
     DesktopReports(const DesktopReports&) = delete;
     DesktopReports& operator=(const DesktopReports&) = delete;
 
-    /// Takes what the owner of the name tells, who must live as long.
+    /// Accepts reports from the owner of the name. `desktop` must outlive this object.
     void listenTo(const WatchedName& desktop, Function function);
 
   private:

@@ -11,8 +11,8 @@ namespace quorvi::front {
 
 namespace {
 
-/// One description of the application: what is empty is not asked for. Signatures are of another system's
-/// files; nothing on a screen has one.
+/// One description of the application; empty parts are not matched. Signatures belong to another system's
+/// files; no window has one.
 struct Description {
     std::string application;
     std::string identifier;
@@ -28,8 +28,8 @@ int match(const plist::Array& profiles, const Description& description) {
         profiles, true, given(application), given(identifier), nullptr, given(executable));
 }
 
-/// A profile that is bound to a file, not to an entry, has the file's name for both. The executable alone is
-/// no description of what has an entry: many entries start one program ("flatpak", "sh").
+/// A profile bound to a file instead of an entry has the file's name for both. The executable alone does not
+/// describe an entry: many entries start the same program ("flatpak", "sh").
 std::vector<Description> descriptionsOf(const FrontApplication& application) {
     std::vector<Description> all;
     if (!application.identifier.empty()) {

@@ -1,4 +1,4 @@
-// The application in front, by everything that a profile may be bound to.
+// The application in front, with every property that a profile may be bound to.
 #pragma once
 
 #include <string>
@@ -8,18 +8,18 @@
 
 namespace quorvi::front {
 
-/// What is not known is empty.
+/// Unknown parts are empty.
 struct FrontApplication {
-    std::string shownName;   ///< in the user's language; the window's class where no entry is known
-    std::string identifier;  ///< of its desktop entry, or of a game as the list of games gives it
-    std::string name;        ///< of its desktop entry, without regard to the user's language
+    std::string shownName;   ///< in the user's language; the window's class if there is no entry
+    std::string identifier;  ///< of its desktop entry, or of a game in the list of games
+    std::string name;        ///< of its desktop entry, not translated
     std::string executable;  ///< the program that its desktop entry starts
-    std::string windowClass; ///< as the window says it
+    std::string windowClass; ///< set by the window
     std::string windowName;
-    /// Identifiers of the game that it is, as the list of games gives them.
+    /// The game's identifiers in the list of games.
     std::vector<std::string> games;
-    /// File names of the program that runs, the most telling first: a script before its interpreter, a
-    /// Windows program before what runs it.
+    /// File names of the running program, the most specific first: a script before its interpreter, a Windows
+    /// program before its runner.
     std::vector<std::string> programs;
     pid_t pid = 0;
 

@@ -1,4 +1,4 @@
-// Who tells which window is in front: one for each kind of desktop.
+// A source of the window in front: one for each kind of desktop.
 #pragma once
 
 #include <functional>
@@ -8,10 +8,10 @@
 
 namespace quorvi::front {
 
-/// Wakes nobody while nothing changes, and comes back by itself when its display does.
+/// Causes no wake-ups while idle, and reconnects when its display returns.
 class FrontSource {
   public:
-    /// Called whenever another window is in front; with what was said before now and then.
+    /// Called whenever another window is in front; sometimes repeats the previous one.
     using WindowFunction = std::function<void(const FrontWindow&)>;
 
     FrontSource() = default;
@@ -20,14 +20,14 @@ class FrontSource {
     FrontSource& operator=(const FrontSource&) = delete;
 
     void onWindow(WindowFunction function) { m_window = std::move(function); }
-    /// tells() is another one.
+    /// Called when tells() changes.
     void onChange(std::function<void()> function) { m_change = std::move(function); }
 
-    /// Connects to its display; the functions may be called from here on.
+    /// Connects to its display; the functions may be called from now on.
     virtual void start() = 0;
-    /// Whether it has a display that tells.
+    /// Whether it has a display that reports windows.
     [[nodiscard]] virtual bool tells() const = 0;
-    /// As programs show it: "X11".
+    /// The displayed name: "X11".
     [[nodiscard]] virtual std::string_view name() const = 0;
 
   protected:

@@ -14,11 +14,11 @@ constexpr char kPropertiesInterface[] = "org.freedesktop.DBus.Properties";
 constexpr char kUserExtensions[] = "UserExtensionsEnabled";
 constexpr char kShellVersion[] = "ShellVersion";
 
-constexpr int kFirstOfModules = 45; ///< the Shell that took another way to load extensions
+constexpr int kFirstOfModules = 45; ///< the first Shell that loads extensions as modules
 constexpr char kUuid[] = "quorvi-front@kyvar.com";
 constexpr char kUuidBefore[] = "quorvi-front-43@kyvar.com";
 
-/// Walks over the members of a dictionary of variants; false when it is none.
+/// Visits the members of a dictionary of variants; returns false if it is not one.
 template <typename Take>
 bool eachMember(sd_bus_message* message, Take&& take) {
     if (sd_bus_message_enter_container(message, 'a', "{sv}") <= 0)
@@ -32,7 +32,7 @@ bool eachMember(sd_bus_message* message, Take&& take) {
     return sd_bus_message_exit_container(message) >= 0;
 }
 
-/// Of the Shell's ExtensionState; what is not here is on its way to something else.
+/// Names of the Shell's ExtensionState; missing values are transitions.
 std::string nameOfState(double state) {
     constexpr std::array<std::pair<int, const char*>, 5> names{
         {{1, "enabled"}, {2, "disabled"}, {3, "error"}, {4, "error"}, {6, "disabled"}}};
@@ -67,7 +67,7 @@ void GnomeSource::watchShell() {
     look();
 }
 
-/// What has changed is asked for, whoever's extension it is of: they change when a user is at them.
+/// Re-reads the state at any extension's change; they change only when a user changes them.
 int GnomeSource::receiveChange(sd_bus_message*, void* self, sd_bus_error*) {
     static_cast<GnomeSource*>(self)->look();
     return 0;
@@ -102,7 +102,7 @@ void GnomeSource::takeShell(sd_bus_message* answer) {
         [this](sd_bus_message* info) { takeExtension(info); }, "s", m_uuid.c_str());
 }
 
-/// The Shell says nothing of one that it does not have.
+/// The Shell returns an empty answer for an unknown extension.
 void GnomeSource::takeExtension(sd_bus_message* answer) {
     double state = 0;
     const bool read = answer && eachMember(answer, [&](std::string_view key) {

@@ -10,20 +10,20 @@
 
 namespace quorvi::front {
 
-/// GNOME Shell lets nobody but its extensions know. Ours is installed with the panel; the user has to switch
-/// it on, here or in the Shell's own list, and the Shell finds it when they log in.
+/// GNOME Shell tells only its extensions. Ours is installed with the panel; the user must turn it on, here or
+/// in the Shell's own list, and the Shell finds it at login.
 class GnomeSource : public FrontSource {
   public:
-    /// They must live longer.
+    /// Both must outlive the object.
     GnomeSource(const EventBus& bus, DesktopReports& reports);
 
     void start() override {}
     [[nodiscard]] bool tells() const override { return m_extension == "enabled"; }
     [[nodiscard]] std::string_view name() const override { return "GNOME"; }
 
-    /// The extension's state as FrontState says it. It is told by onChange().
+    /// The extension's state, as in FrontState. onChange() reports changes.
     [[nodiscard]] const std::string& extension() const { return m_extension; }
-    /// Asks the Shell to switch the extension on, and extensions with it when the user has switched them off.
+    /// Asks the Shell to turn the extension on, and extensions in general if the user has turned them off.
     void enableExtension();
 
   private:
@@ -35,9 +35,9 @@ class GnomeSource : public FrontSource {
     static int receiveChange(sd_bus_message* signal, void* self, sd_bus_error*);
 
     const EventBus& m_bus;
-    BusCall m_call;     ///< looks; a change that comes meanwhile looks anew
-    BusCall m_enabling; ///< goes on whatever changes meanwhile
-    std::string m_uuid; ///< of the extension that this Shell loads
+    BusCall m_call;     ///< reads the state; restarted by a change
+    BusCall m_enabling; ///< not interrupted by changes
+    std::string m_uuid; ///< of the extension for this Shell version
     bool m_extensionsAreOff = false;
     std::string m_extension;
     events::SlotPtr m_stateMatch;

@@ -38,8 +38,7 @@ KWinSource::~KWinSource() {
     sd_bus_flush(bus.bus.get());
 }
 
-/// A script of an earlier helper that was killed may be there still, and is not gone before KWin has
-/// answered.
+/// A killed helper's script may still be loaded, and is removed only when KWin has answered.
 void KWinSource::loadAnew() {
     m_call.giveUp();
     m_timer.set(std::nullopt);
@@ -64,7 +63,7 @@ void KWinSource::load() {
         "ss", m_script.c_str(), kScriptName);
 }
 
-/// KWin takes its name a moment before it takes scripts, and does not say when it does.
+/// KWin takes its name a moment before it accepts scripts, and does not signal when it does.
 void KWinSource::loadLater() {
     if (--m_triesLeft > 0)
         m_timer.set(Timer::Clock::now() + kBetweenTries);

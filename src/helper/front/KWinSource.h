@@ -11,11 +11,11 @@
 
 namespace quorvi::front {
 
-/// KWin runs scripts that are loaded into it over the bus; ours tells which window is in front. It is loaded
-/// again when KWin has been started anew, and taken away at the end. KWin 5 and 6 have it at other places.
+/// KWin runs scripts loaded over the bus; ours reports the window in front. It is reloaded when KWin
+/// restarts, and removed at the end. KWin 5 and 6 use different object paths for it.
 class KWinSource : public FrontSource {
   public:
-    /// They must live longer. The script's path has to be one that KWin can read.
+    /// The references must outlive the object. KWin must be able to read the script's path.
     KWinSource(const EventBus& bus, EventLoop& loop, DesktopReports& reports, std::string script);
     ~KWinSource() override;
 

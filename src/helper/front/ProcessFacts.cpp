@@ -20,7 +20,7 @@ using Texts = std::vector<std::string>;
 constexpr std::size_t kLongestFile = 256 * 1024;
 constexpr int kMostParents = 8;
 
-/// Its size cannot be asked for.
+/// Files in /proc report no size.
 std::string textOf(const fs::path& file) {
     std::string text;
     const int fd = open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -72,7 +72,7 @@ bool takeEnd(std::string_view& text, std::string_view end) {
     return true;
 }
 
-/// The last unit of an application on the way to the process; a unit may have groups of its own below it.
+/// The last application unit in the process's path; a unit may have its own subgroups.
 Texts unitIdsOf(const fs::path& folder) {
     const auto groups = partsOf(textOf(folder / "cgroup"), '/');
     for (auto unit = groups.rbegin(); unit != groups.rend(); ++unit) {
@@ -88,7 +88,7 @@ bool isOfWindows(std::string_view program) {
     return program.ends_with(".exe") || program.ends_with(".EXE");
 }
 
-/// Of "C:\Games\Drawing.exe" and "/games/Drawing.exe".
+/// Handles "C:\Games\Drawing.exe" and "/games/Drawing.exe".
 std::string fileName(std::string_view path) {
     if (const auto backslash = path.rfind('\\'); isOfWindows(path) && backslash != std::string_view::npos)
         path.remove_prefix(backslash + 1);
@@ -105,7 +105,8 @@ pid_t parentOf(const fs::path& folder) {
     return parent;
 }
 
-/// Steam starts each game by a program of its own that says the game's number and waits for its end.
+/// Steam starts each game through a program whose command line has the game's number, and which waits for its
+/// end.
 std::string steamGameOfParents(pid_t process, const fs::path& proc) {
     for (int i = 0; i < kMostParents && process > 1; ++i) {
         const fs::path folder = proc / std::to_string(process);
@@ -157,7 +158,7 @@ std::vector<std::string> desktopIdsOfUnit(std::string_view unit) {
 
 std::vector<std::string> programNames(const std::vector<std::string>& commandLine, std::string_view file) {
     Texts names;
-    constexpr std::string_view deleted = " (deleted)"; // what an update does to a program that runs
+    constexpr std::string_view deleted = " (deleted)"; // appended when an update replaces a running program
     takeEnd(file, deleted);
     const std::string running = fileName(file);
     const bool tells = !runsOthers(running);

@@ -1,4 +1,4 @@
-// What the kernel says of the process behind a window.
+// The kernel's information about the process behind a window.
 #pragma once
 
 #include <filesystem>
@@ -11,28 +11,28 @@
 namespace quorvi::front {
 
 struct ProcessFacts {
-    /// Names of desktop entries that the process may be of, by the systemd unit that it runs in.
+    /// Possible desktop entries of the process, from its systemd unit.
     std::vector<std::string> unitIds;
-    /// File names of the program, the most telling first: FrontApplication::programs.
+    /// File names of the program, the most specific first: FrontApplication::programs.
     std::vector<std::string> programs;
-    /// FrontApplication::games, by its environment and by the command lines of it and of what started it.
+    /// FrontApplication::games, from its environment, its command line and its ancestors' command lines.
     std::vector<std::string> games;
 };
 
-/// Empty for a process that is gone, of another user, or 0. Reads some kilobytes of /proc.
+/// Empty for a process that is gone, another user's, or 0. Reads some kilobytes of /proc.
 [[nodiscard]] ProcessFacts factsOf(pid_t process, const std::filesystem::path& proc = "/proc");
 
-/// The names of desktop entries that a systemd unit may be of, the likelier first; none for other units. A
-/// desktop names them "app-LAUNCHER-ID-NUMBER.scope", "app-ID@NUMBER.service" and the like, with what systemd
-/// escapes as "\x2d" (systemd, "Desktop environment integration").
+/// Possible desktop entries of a systemd unit, the likeliest first; empty for other units. Desktops name them
+/// "app-LAUNCHER-ID-NUMBER.scope", "app-ID@NUMBER.service" and the like, with systemd's escapes such as
+/// "\x2d" (systemd, "Desktop environment integration").
 [[nodiscard]] std::vector<std::string> desktopIdsOfUnit(std::string_view unit);
 
-/// The names of the program by its command line and by the file that runs; see ProcessFacts::programs.
+/// The program's names from its command line and its file; see ProcessFacts::programs.
 [[nodiscard]] std::vector<std::string> programNames(
     const std::vector<std::string>& commandLine, std::string_view file);
 
-/// Whether the program only runs what is in another file, so that its own name says nothing: "sh",
-/// "python3.11", "wine64-preloader".
+/// Whether the program only runs another file, so that its own name means nothing: "sh", "python3.11",
+/// "wine64-preloader".
 [[nodiscard]] bool runsOthers(std::string_view program);
 
 } // namespace quorvi::front

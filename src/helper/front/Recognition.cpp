@@ -16,7 +16,7 @@ const DesktopEntry* firstOf(const Texts& texts, Find&& find) {
     return nullptr;
 }
 
-/// By its window and by what it was started for, unless the class says the game already.
+/// From its window and its process, unless the class already names the game.
 std::vector<std::string> gamesOf(const FrontWindow& window, const ProcessFacts& process) {
     for (const auto& name : {window.windowClass, window.windowName, window.desktopId})
         if (const auto number = games::steamNumber(name); !number.empty())
@@ -40,7 +40,7 @@ const DesktopEntry* entryOf(const FrontWindow& window, const std::vector<std::st
             firstOf(std::vector{window.desktopId, window.windowClass, window.windowName}, withClass))
         return ofClass;
     if (!gamesOfWindow.empty())
-        return nullptr; // what its launcher or its program is of is another application
+        return nullptr; // its launcher's or interpreter's entry would be another application
     if (const auto* ofUnit = firstOf(process.unitIds, withId))
         return ofUnit;
     return firstOf(process.programs, withProgram);

@@ -1,4 +1,4 @@
-// From what a display says of a window to the application that it is of.
+// Recognises the application of a window.
 #pragma once
 
 #include "helper/front/DesktopEntries.h"
@@ -8,9 +8,8 @@
 
 namespace quorvi::front {
 
-/// The application by its desktop entry: by the name that the display says, by the window's class, by the
-/// game that the process is, by the unit that it runs in, by its program; the first that there is an entry
-/// for. What has none is known by its class and its program alone.
+/// Finds the desktop entry, in this order: by the display's name for it, the window's class, the process's
+/// game, its systemd unit, its program. Without an entry the application has only its class and its program.
 [[nodiscard]] FrontApplication recognise(
     const FrontWindow& window, const DesktopEntries& entries, const ProcessFacts& process);
 

@@ -16,7 +16,7 @@ std::string variable(const char* name) {
 Session Session::ofThisProcess() {
     Session session;
     session.x11Display = variable("DISPLAY");
-    // An absolute path leaves the folder aside, as the Wayland library has it.
+    // An absolute path replaces the folder, as in the Wayland library.
     if (const std::string socket = variable("WAYLAND_DISPLAY"); !socket.empty())
         session.waylandSocket = std::filesystem::path(variable("XDG_RUNTIME_DIR")) / socket;
     session.isWayland = !session.waylandSocket.empty() || variable("XDG_SESSION_TYPE") == "wayland";

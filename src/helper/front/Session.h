@@ -1,4 +1,4 @@
-// What the environment says of the session that the helper runs in.
+// The helper's session, from the environment.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,8 @@
 namespace quorvi::front {
 
 struct Session {
-    std::string x11Display;              ///< as in $DISPLAY; empty when there is none
-    std::filesystem::path waylandSocket; ///< empty when there is none
+    std::string x11Display;              ///< as in $DISPLAY; may be empty
+    std::filesystem::path waylandSocket; ///< may be empty
     bool isWayland = false;
     std::filesystem::path resources; ///< of the helper's application
     std::string desktop;             ///< the first name in $XDG_CURRENT_DESKTOP; may be empty

@@ -22,7 +22,7 @@ WatchedName::WatchedName(const EventBus& bus, std::string name, std::function<vo
                              m_name + "'";
     m_match = events::matchSignal(connection, rule.c_str(), receiveChange, this);
     sd_bus_slot* slot = nullptr;
-    // Behind the rule, so that no change is missed.
+    // After the rule, so that no change is missed.
     if (sd_bus_call_method_async(connection, &slot, kBusName, kBusPath, kBusName, "GetNameOwner",
             receiveOwner, this, "s", m_name.c_str()) >= 0)
         m_question.reset(slot);

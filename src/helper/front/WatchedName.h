@@ -1,4 +1,4 @@
-// Who owns a name on the bus, all the time.
+// Tracks the owner of a bus name.
 #pragma once
 
 #include <functional>
@@ -11,14 +11,14 @@ namespace quorvi::front {
 
 class WatchedName {
   public:
-    /// The function is called from EventBus::process() when the name has another owner, or none, and with the
-    /// first one. The bus must live longer.
+    /// The function is called from EventBus::process() for the first owner and whenever the owner changes or
+    /// is gone. The bus must outlive the object.
     WatchedName(const EventBus& bus, std::string name, std::function<void()> function);
     WatchedName(const WatchedName&) = delete;
     WatchedName& operator=(const WatchedName&) = delete;
 
     [[nodiscard]] const std::string& name() const { return m_name; }
-    /// The owner's unique name; empty when there is none, or it is not known yet.
+    /// The owner's unique name; empty if there is none or it is not known yet.
     [[nodiscard]] const std::string& owner() const { return m_owner; }
 
   private:

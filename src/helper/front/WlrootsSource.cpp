@@ -12,7 +12,7 @@ namespace quorvi::front {
 
 namespace {
 
-constexpr std::uint32_t kUsedVersion = 1; ///< what was added later is of no use here
+constexpr std::uint32_t kUsedVersion = 1; ///< later versions add nothing useful here
 
 std::span<const std::uint32_t> statesOf(const wl_array& states) {
     return {static_cast<const std::uint32_t*>(states.data), states.size / sizeof(std::uint32_t)};
@@ -25,7 +25,7 @@ void ignoreRemoval(void*, wl_registry*, std::uint32_t) {}
 
 } // namespace
 
-/// What the compositor says.
+/// The compositor's events.
 struct WlrootsSource::Events {
     static void appId(void* window, zwlr_foreign_toplevel_handle_v1*, const char* text) {
         static_cast<Window*>(window)->appId = text;

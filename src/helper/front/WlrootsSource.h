@@ -1,4 +1,4 @@
-// The window in front on sway, labwc and other compositors of their kind.
+// The window in front on sway, labwc and similar compositors.
 #pragma once
 
 #include <list>
@@ -16,11 +16,11 @@ struct zwlr_foreign_toplevel_manager_v1;
 
 namespace quorvi::front {
 
-/// By wlr-foreign-toplevel-management, the protocol of their panels. It names windows by app_id alone. A
-/// compositor without it is left at once.
+/// Uses wlr-foreign-toplevel-management, the protocol of their panels. It identifies windows only by app_id.
+/// Disconnects at once from a compositor without it.
 class WlrootsSource : public FrontSource {
   public:
-    /// The compositor's socket. The loop must live longer.
+    /// The compositor's socket. The loop must outlive the object.
     WlrootsSource(EventLoop& loop, const std::filesystem::path& socket);
     ~WlrootsSource() override;
 
@@ -35,7 +35,7 @@ class WlrootsSource : public FrontSource {
         zwlr_foreign_toplevel_handle_v1* handle;
         std::string appId;
         bool active = false;
-        bool wasActive = false; ///< when the compositor last said that all was said
+        bool wasActive = false; ///< at the compositor's last "done" event
         std::string toldAppId;
     };
 
@@ -51,7 +51,7 @@ class WlrootsSource : public FrontSource {
     wl_display* m_display = nullptr;
     wl_registry* m_registry = nullptr;
     zwlr_foreign_toplevel_manager_v1* m_manager = nullptr;
-    bool m_isListed = false; ///< the compositor has said all that it has
+    bool m_isListed = false; ///< the compositor has sent its complete list
     std::list<Window> m_windows;
 };
 

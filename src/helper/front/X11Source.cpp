@@ -29,7 +29,7 @@ std::uint32_t numberOf(const xcb_get_property_reply_t* property) {
     return number;
 }
 
-/// Up to the next zero, which is taken along.
+/// Removes and returns the part up to the next zero, which is removed too.
 std::string takePart(std::string_view& parts) {
     const auto end = std::min(parts.find('\0'), parts.size());
     std::string part(parts.substr(0, end));
@@ -37,7 +37,7 @@ std::string takePart(std::string_view& parts) {
     return part;
 }
 
-/// The socket of a display of this machine; empty for those of others.
+/// The socket of a display on this machine; empty for remote ones.
 std::filesystem::path socketOf(const std::string& display) {
     char* host = nullptr;
     int number = 0;
@@ -125,8 +125,8 @@ void X11Source::lose() {
         m_return->wait();
 }
 
-/// Whatever is read may bring events and answers of other questions along, after which the descriptor says
-/// nothing more.
+/// Any read may also fetch events and answers to other requests, after which the descriptor is not ready any
+/// more.
 void X11Source::serve() {
     do
         xcb_flush(m_connection.get());
@@ -191,7 +191,7 @@ X11Source::Question X11Source::ask(xcb_window_t window, xcb_atom_t property, xcb
     return xcb_get_property(m_connection.get(), 0, window, property, type, 0, kLongestProperty).sequence;
 }
 
-/// The answer to an older question would be an older window.
+/// Drop the older request: its answer would be an older window.
 void X11Source::askForWindow() {
     if (m_windowQuestion)
         xcb_discard_reply(m_connection.get(), *m_windowQuestion);
@@ -214,7 +214,7 @@ bool X11Source::answered(Question& question, Property& property) const {
     if (!question || xcb_poll_for_reply(m_connection.get(), *question, &reply, &error) == 0)
         return false;
     property.reset(static_cast<xcb_get_property_reply_t*>(reply));
-    // With an error the window is gone, and another one will be in front.
+    // An error means that the window is gone; another one will come to the front.
     const std::unique_ptr<xcb_generic_error_t, XcbFree> owned(error);
     question.reset();
     return true;
@@ -226,7 +226,7 @@ void X11Source::waitForClassOf(xcb_window_t window) {
             listenToProperties(m_connection.get(), before, false);
         if (window != XCB_NONE) {
             listenToProperties(m_connection.get(), window, true);
-            askAbout(window); // it may have come meanwhile
+            askAbout(window); // the class may have been set in the meantime
         }
     }
 }

@@ -1,4 +1,4 @@
-// The window in front on an X server, as its window manager says it.
+// The window in front on an X server, as its window manager reports it.
 #pragma once
 
 #include <memory>
@@ -13,16 +13,16 @@
 
 namespace quorvi::front {
 
-/// Frees what xcb gives away.
+/// Frees memory allocated by xcb.
 struct XcbFree {
     void operator()(void* memory) const;
 };
 
-/// Listens to _NET_ACTIVE_WINDOW of the root (freedesktop.org, Extended Window Manager Hints). The server is
-/// asked without waiting for its answers, since a client may hold it for itself for as long as it likes.
+/// Listens to _NET_ACTIVE_WINDOW of the root (freedesktop.org, Extended Window Manager Hints). Never waits
+/// for the server's answers, because any client may grab the server for as long as it likes.
 class X11Source : public FrontSource {
   public:
-    /// The display as in $DISPLAY. The loop must live longer.
+    /// The display as in $DISPLAY. The loop must outlive the object.
     X11Source(EventLoop& loop, std::string display);
     ~X11Source() override;
 
@@ -35,7 +35,7 @@ class X11Source : public FrontSource {
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
     using Property = std::unique_ptr<xcb_get_property_reply_t, XcbFree>;
-    /// A question that is on its way: its number; what came is taken once.
+    /// A pending request: its sequence number. Its answer is taken once.
     using Question = std::optional<unsigned>;
 
     bool connect();
@@ -50,9 +50,9 @@ class X11Source : public FrontSource {
     Question ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
     void askForWindow();
     void askAbout(xcb_window_t window);
-    /// Whether the answer is there; the property is null when the window is gone.
+    /// Whether the answer has arrived; the property is null if the window is gone.
     bool answered(Question& question, Property& property) const;
-    /// Listens for the class of a window that has none yet, and to no other window's properties.
+    /// Listens for the class of a window that has none yet; listens to no other window's properties.
     void waitForClassOf(xcb_window_t window);
 
     EventLoop& m_loop;

@@ -1,4 +1,4 @@
-// What stands behind the helper and obeys the settings: the simulated mouse, or mice in use.
+// The interface of everything that follows the settings: the simulated mouse, or mice in use.
 #pragma once
 
 #include <array>
@@ -19,17 +19,17 @@ class Backend {
   public:
     virtual ~Backend() = default;
 
-    /// The record of 13232 bytes and the acceleration of its profiles. A record that the engine refuses
-    /// changes nothing.
+    /// The record of 13232 bytes and the acceleration of its profiles. A record that the engine refuses is
+    /// ignored.
     virtual void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) = 0;
-    /// No macro starts while the panel records one.
+    /// Keeps macros from starting while the panel records one.
     virtual void setMacrosAreQuiet(bool quiet) = 0;
-    /// Which key types which letter under the layout of the session.
+    /// The keys that type letters in the session's layout.
     virtual void setLetterKeys(const engine::LetterKeys& keys) = 0;
 
-    /// For the device list: what is plugged in and obeys.
+    /// For the device list: the plugged-in mice that follow the settings.
     [[nodiscard]] virtual std::vector<DeviceEntry> devices() const = 0;
-    /// What runs now; nothing (0) without a record.
+    /// The running profile and stage; 0 without a record.
     [[nodiscard]] virtual engine::Running running() const = 0;
 };
 

@@ -27,7 +27,7 @@ constexpr char kInUseKey[] = "inuse";
 constexpr char kDpiKey[] = "dpi";
 constexpr char kCodesKey[] = "codes";
 
-/// A thousand times what the most mice take.
+/// A thousand times the size for the most mice.
 constexpr plist::Bounds kBounds{.nodes = 100'000, .bytes = 4U << 20U};
 
 std::uint16_t readDpi(const plist::Dictionary& entry) {

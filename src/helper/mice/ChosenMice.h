@@ -1,5 +1,4 @@
-// Which mice their user has chosen, and how they are set up: a file of the helper's own, by the mouse's
-// model.
+// The mice that the user has chosen, and their set-up, stored by model in the helper's own file.
 #pragma once
 
 #include <filesystem>
@@ -20,28 +19,27 @@ namespace quorvi {
 [[nodiscard]] std::filesystem::path chosenMicePath();
 
 struct ChosenMouse {
-    std::string name; ///< as the mouse says
+    std::string name; ///< the mouse's own
     bool inUse = false;
-    std::uint16_t dpi = 0; ///< of the sensor, as the user says; 0 when they have not
+    std::uint16_t dpi = 0; ///< of the sensor, set by the user; 0 if not set
     engine::ButtonCodes codes = engine::usualButtonCodes;
 };
 
 class ChosenMice {
   public:
-    /// More are not kept.
+    /// The most mice that are stored.
     static constexpr std::size_t most = 64;
 
-    /// Reads the file. What is missing in it, or out of bounds, has its default; a file that cannot be read
-    /// or is none of ours chooses nothing, and lies beside the new one as a copy once there is something to
-    /// write.
+    /// Reads the file. Missing values, and those out of bounds, get their defaults. An unreadable file, or
+    /// one of another kind, counts as empty, and is kept as a copy at the first write.
     explicit ChosenMice(std::filesystem::path file);
 
     [[nodiscard]] std::vector<std::string> models() const;
     [[nodiscard]] ChosenMouse find(const std::string& model) const;
     [[nodiscard]] bool anyInUse() const;
 
-    /// Writes the file at once, for its user alone. False, with nothing changed, when that fails or there are
-    /// too many.
+    /// Writes the file at once, readable only by its user. Returns false and changes nothing if that fails or
+    /// there are too many.
     [[nodiscard]] bool set(const std::string& model, const ChosenMouse& mouse);
 
   private:
@@ -50,7 +48,7 @@ class ChosenMice {
     [[nodiscard]] bool keepAside() const;
 
     std::filesystem::path m_file;
-    plist::Dictionary m_tree; ///< with what others may have put there
+    plist::Dictionary m_tree; ///< including unknown keys
     bool m_isUnreadable = false;
 };
 

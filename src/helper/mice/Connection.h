@@ -1,4 +1,4 @@
-// How a mouse is connected, by the kernel's list of input devices.
+// The type of a mouse's connection, from the kernel's list of input devices.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,11 @@
 
 namespace quorvi {
 
-/// "usb" (also behind a receiver), "bluetooth", "internal", or "" when the list does not tell: that of the
-/// first device with these numbers in the text of /proc/bus/input/devices.
+/// "usb" (also for a receiver), "bluetooth", "internal", or "" if unknown: taken from the first device with
+/// these numbers in the text of /proc/bus/input/devices.
 [[nodiscard]] std::string connectionIn(std::string_view devices, std::uint16_t vendor, std::uint16_t product);
 
-/// By the kernel's list as it is now.
+/// The same from the kernel's present list.
 [[nodiscard]] std::string connectionOf(std::uint16_t vendor, std::uint16_t product);
 
 } // namespace quorvi

@@ -79,12 +79,12 @@ void appendCodes(sd_bus_message* message, const char* option, const Codes& codes
     sd_bus_message_close_container(message);
 }
 
-/// The service refuses what is out of bounds, where the engine takes 1 for it.
+/// The service refuses values out of bounds, which the engine would treat as 1.
 std::array<double, limits::profiles> inBounds(const std::array<float, limits::profiles>& factors) {
     std::array<double, limits::profiles> bounded{};
     std::ranges::transform(factors, bounded.begin(),
         [](float factor) { return factor >= 0.1F && factor <= 2.0F ? double{factor} : 1.0; });
-    // The lowest factor is not exact as a float, and may lie below the bound as a double.
+    // The lowest factor is not exact as a float, and may be below the bound as a double.
     for (auto& factor : bounded)
         factor = std::clamp(factor, 0.1, 2.0);
     return bounded;
@@ -141,7 +141,7 @@ void InputdLink::setOwner(std::string owner) {
 
 int InputdLink::signalled(sd_bus_message* signal, void* self, sd_bus_error* /*error*/) {
     auto& link = *static_cast<InputdLink*>(self);
-    // The rule names the sender, and yet lets in what anybody sends to this connection alone.
+    // Despite the sender in the rule, signals that any program addresses to this connection pass.
     const char* sender = sd_bus_message_get_sender(signal);
     if (sender && !link.m_owner.empty() && link.m_owner == sender)
         link.receive(signal);

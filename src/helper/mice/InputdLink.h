@@ -1,4 +1,4 @@
-// The system's service for real mice, as the helper talks to it. Nothing here waits for an answer.
+// The helper's connection to the system's service for real mice. Never blocks.
 #pragma once
 
 #include <functional>
@@ -11,13 +11,13 @@
 
 namespace quorvi {
 
-/// A mouse that is plugged in, as the service lists it.
+/// A plugged-in mouse in the service's list.
 struct ListedMouse {
     std::string id;
     std::string name;
     std::uint16_t vendor = 0;
     std::uint16_t product = 0;
-    std::uint16_t dpi = 0; ///< of its sensor, as the hardware database knows it; 0 when it does not
+    std::uint16_t dpi = 0; ///< of its sensor, from the hardware database; 0 if unknown
     bool used = false;     ///< by this user
 };
 
@@ -32,17 +32,17 @@ struct MouseStatus {
 
 enum class InputdResult {
     done,
-    noService,   ///< it is not installed, or does not start
-    denied,      ///< somebody else sits at the machine, or no administrator has let this user
-    noSuchMouse, ///< it has been unplugged or forgotten
+    noService,   ///< not installed, or does not start
+    denied,      ///< another user is at the machine, or no administrator has allowed this one
+    noSuchMouse, ///< unplugged or forgotten
     failed
 };
 
-/// Is told from within the bus's processing; may make calls.
+/// Called from within the bus's processing; may make calls.
 class InputdListener {
   public:
     virtual ~InputdListener() = default;
-    virtual void serviceCame() = 0; ///< it has started; what it was told before it has forgotten
+    virtual void serviceCame() = 0; ///< it has started, without any earlier state
     virtual void serviceLeft() = 0;
     virtual void miceChanged() = 0;
     virtual void statusChanged(const std::string& id, const MouseStatus& status) = 0;
@@ -56,23 +56,23 @@ class InputdLink {
   public:
     using Answer = std::function<void(InputdResult)>;
 
-    /// Both must live longer.
+    /// Both must outlive the object.
     InputdLink(sd_bus* bus, InputdListener& listener);
     InputdLink(const InputdLink&) = delete;
     InputdLink& operator=(const InputdLink&) = delete;
 
-    /// The service starts for this one, and for no other call.
+    /// The only call that starts the service.
     void list(const std::function<void(InputdResult, std::vector<ListedMouse>)>& answer);
-    /// An administrator may be asked meanwhile, who takes time.
+    /// May take long: the service may ask an administrator.
     void use(const std::string& id, std::span<const std::uint8_t> record, const engine::Options& options,
         const Answer& answer);
     void setOptions(const std::string& id, const engine::Options& options, const Answer& answer);
     void setRecord(const std::string& id, std::span<const std::uint8_t> record, const Answer& answer);
     void forget(const std::string& id);
     void status(const std::string& id, std::function<void(const MouseStatus&)> answer);
-    /// Has statusChanged() called from now on, and inputChanged() if that is wanted.
+    /// Subscribes to statusChanged(), and to inputChanged() if `inputs` is true.
     void watch(bool inputs);
-    /// Has codeChanged() called for that mouse, or ends it.
+    /// Subscribes to codeChanged() for that mouse, or unsubscribes.
     void watchCodes(const std::string& id, bool wanted);
 
   private:
@@ -86,7 +86,7 @@ class InputdLink {
     sd_bus* m_bus;
     InputdListener& m_listener;
     events::AsyncCalls m_calls;
-    std::string m_owner; ///< the service's unique name; empty while it does not run
+    std::string m_owner; ///< the service's unique name; empty while it is not running
     events::SlotPtr m_ownerMatch;
     events::SlotPtr m_signalMatch;
 };

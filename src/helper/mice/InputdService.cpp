@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A service that ends sooner after its start than this is not started again at once.
+/// A service that ends sooner than this after its start is not restarted at once.
 constexpr auto kSoundLife = 10s;
 constexpr auto kPause = 5s;
 
@@ -30,7 +30,7 @@ void InputdService::connect() {
         m_link = std::make_unique<InputdLink>(m_bus.get(), m_listener);
 }
 
-/// With a bus that has gone goes all that the service has said on it.
+/// A lost bus invalidates the service's earlier state.
 void InputdService::followBus() {
     const bool hadLink = m_link != nullptr;
     m_link.reset();

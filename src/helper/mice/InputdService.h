@@ -1,4 +1,4 @@
-// The system's service as it comes and goes, with the bus that it is on.
+// Follows the system's service and its bus as they start and end.
 #pragma once
 
 #include <functional>
@@ -13,25 +13,26 @@ namespace quorvi {
 
 class InputdService {
   public:
-    /// Is given each answer to refresh(). A bus that goes answers too: there is no service.
+    /// Receives each answer to refresh(). If the bus goes away, the answer is noService.
     using Listed = std::function<void(InputdResult, const std::vector<ListedMouse>&)>;
 
-    /// The last function is called when a bus has come; not from here. Loop and listener must live longer.
+    /// `busCame` is called when a bus is connected, never from the constructor. Loop and listener must
+    /// outlive the object.
     InputdService(EventLoop& loop, InputdListener& listener, Listed listed, std::function<void()> busCame);
     InputdService(const InputdService&) = delete;
     InputdService& operator=(const InputdService&) = delete;
 
     /// Null without a bus.
     [[nodiscard]] InputdLink* link() const { return m_link.get(); }
-    /// It has listed its mice, and not been missed since.
+    /// Whether it has listed its mice, and has been running since.
     [[nodiscard]] bool isThere() const { return m_isThere; }
 
-    /// Asks for its mice, which starts it. While an answer is on its way, once more after that.
+    /// Requests its mice, which starts it. If an answer is pending, requests them once more after it.
     void refresh();
     [[nodiscard]] bool isListing() const { return m_isListing; }
 
     void noteStart();
-    /// Starts it again, at once or, when it has not lived long, a little later.
+    /// Restarts it, at once or, if it ended soon after its start, a little later.
     void restart();
 
   private:

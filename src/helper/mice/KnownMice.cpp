@@ -47,7 +47,7 @@ void KnownMice::takeOver(const std::vector<ListedMouse>& mice) {
         auto& mouse = m_mice[each.id];
         mouse.listed = each;
         mouse.isPluggedIn = true;
-        // The service forgets a mouse whose user is away from the machine.
+        // The service forgets a mouse whose user has left the machine.
         mouse.isOurs = mouse.isOurs && each.used;
     }
     dropAbsent();

@@ -17,51 +17,51 @@ struct KnownMouse {
     ListedMouse listed;
     MouseStatus status;
     bool isPluggedIn = false;
-    bool isOurs = false;     ///< the service has it from us
-    bool isRefused = false;  ///< nobody has let the user; not asked again by itself
-    bool isCalling = false;  ///< an answer is waited for, and nothing else is sent meanwhile
-    bool isOutdated = false; ///< something has changed that the service does not know
+    bool isOurs = false;     ///< the service drives it for us
+    bool isRefused = false;  ///< the user has no permission; not requested again automatically
+    bool isCalling = false;  ///< an answer is pending; no other call is sent
+    bool isOutdated = false; ///< the service does not have the latest changes
     [[nodiscard]] std::string model() const { return modelOf(listed.vendor, listed.product); }
 };
 
-/// Those that are plugged in or ours. A mouse is named by its id, or by its model when it is not plugged in.
+/// The mice that are plugged in or ours. A mouse is identified by its id, or by its model while unplugged.
 class KnownMice {
   public:
-    /// What is chosen is kept in that file.
+    /// Stores the chosen mice in that file.
     explicit KnownMice(std::filesystem::path chosen) : m_chosen(std::move(chosen)) {}
 
     /// By id.
     [[nodiscard]] std::map<std::string, KnownMouse>& all() { return m_mice; }
     /// Null for none.
     [[nodiscard]] KnownMouse* find(const std::string& id);
-    /// All of the model of this one.
+    /// All mice of the same model.
     [[nodiscard]] std::vector<KnownMouse*> alike(const std::string& mouse);
 
-    /// These are plugged in, and no others.
+    /// Replaces the list of plugged-in mice.
     void takeOver(const std::vector<ListedMouse>& mice);
-    /// The service has forgotten them all.
+    /// Notes that the service has forgotten all mice.
     void disown();
     void dropAbsent();
     void clear() { m_mice.clear(); }
 
     [[nodiscard]] ChosenMouse chosen(const KnownMouse& mouse) const { return m_chosen.find(mouse.model()); }
     [[nodiscard]] bool anyChosen() const { return m_chosen.anyInUse(); }
-    /// A mouse is chosen whose use nobody has refused, plugged in or not.
+    /// Whether a chosen mouse has not been refused, plugged in or not.
     [[nodiscard]] bool anyToUse() const;
-    /// Changes what is chosen for this mouse, and writes it down.
+    /// Changes this mouse's stored settings.
     [[nodiscard]] MouseResult choose(
         const std::string& mouse, const std::function<void(ChosenMouse&)>& change);
 
     [[nodiscard]] bool anyOurs() const;
-    /// Those that are plugged in or chosen, as they are listed to others.
+    /// The plugged-in or chosen mice, for clients.
     [[nodiscard]] std::vector<MouseEntry> entries() const;
-    /// Those that are plugged in and obey, for the device list.
+    /// The plugged-in mice that follow the settings, for the device list.
     [[nodiscard]] std::vector<DeviceEntry> devices() const;
     /// Bit 0 is input 1; of all of them.
     [[nodiscard]] std::uint16_t pressedInputs() const;
 
   private:
-    /// Empty for a mouse that is not known.
+    /// Empty for an unknown mouse.
     [[nodiscard]] std::string modelNamed(const std::string& mouse) const;
 
     ChosenMice m_chosen;

@@ -20,8 +20,8 @@ void MouseDriver::updateOthers() {
             update(mouse);
 }
 
-/// One call at a time for each mouse, so that a slider that is dragged does not fill the connection when the
-/// service is slow: what comes meanwhile is sent with the next.
+/// One call at a time for each mouse, so that dragging a slider does not fill the connection of a slow
+/// service: later changes go with the next call.
 void MouseDriver::update(KnownMouse& mouse) {
     const auto chosen = m_mice.chosen(mouse);
     if (!m_orders.hasRecord() || mouse.isRefused || !chosen.inUse)
@@ -47,7 +47,7 @@ void MouseDriver::updated(const std::string& id, InputdResult result) {
         return;
     mouse->isCalling = false;
     const bool wasOurs = mouse->isOurs;
-    // A call that came to nothing has changed nothing.
+    // A failed call changes nothing.
     mouse->isOurs = result == InputdResult::done || (result == InputdResult::failed && wasOurs);
     mouse->isRefused = result == InputdResult::denied;
     if (!m_mice.chosen(*mouse).inUse) // the user has changed their mind
@@ -61,7 +61,7 @@ void MouseDriver::updated(const std::string& id, InputdResult result) {
     m_changed();
 }
 
-/// A mouse that is ours from now on: it was away, or the service was.
+/// A mouse that becomes ours: it or the service was away before.
 void MouseDriver::greet(const std::string& id) {
     watch();
     if (id == m_orders.inSetUp().id)

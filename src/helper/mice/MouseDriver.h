@@ -1,4 +1,4 @@
-// Has the service drive the mice that are chosen, as they are ordered.
+// Makes the service drive the chosen mice according to MouseOrders.
 #pragma once
 
 #include <functional>
@@ -12,21 +12,21 @@ namespace quorvi {
 
 class MouseDriver {
   public:
-    /// The function is called when a mouse is ours, or is not any more, or has been refused. The listener is
-    /// given the status of each that is ours now. All must live longer.
+    /// `changed` is called when a mouse becomes ours, stops being ours, or is refused. The listener receives
+    /// the status of each mouse that becomes ours. All arguments must outlive the object.
     MouseDriver(KnownMice& mice, const MouseOrders& orders, const InputdService& service,
         InputdListener& listener, std::function<void()> changed);
     MouseDriver(const MouseDriver&) = delete;
     MouseDriver& operator=(const MouseDriver&) = delete;
 
-    /// Gives it its orders when it is chosen and not refused.
+    /// Sends the mouse its orders if it is chosen and not refused.
     void update(KnownMouse& mouse);
     void updateAll();
-    /// Those that are not ours yet.
+    /// Updates the mice that are not ours yet.
     void updateOthers();
-    /// Leaves it a plain mouse.
+    /// Makes it a plain mouse again.
     void release(KnownMouse& mouse);
-    /// Has the service tell what is wanted: the profile and stage as long as a mouse is in use.
+    /// Subscribes to the service's signals as needed: profile and stage while a mouse is in use.
     void watch();
 
   private:

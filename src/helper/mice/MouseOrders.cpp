@@ -11,7 +11,7 @@ namespace quorvi {
 
 namespace {
 
-/// Inputs that are buttons nowhere pass unchanged: a plain mouse.
+/// Without button codes all buttons pass unchanged, as on a plain mouse.
 constexpr engine::ButtonCodes kNoInputs{};
 
 std::vector<std::uint8_t> withoutFunctionOf(std::uint8_t input, const std::vector<std::uint8_t>& bytes) {

@@ -1,4 +1,4 @@
-// What the mice in use are told to do, and what is wanted of them.
+// The settings of the mice in use, and the signals needed from them.
 #pragma once
 
 #include <span>
@@ -11,22 +11,23 @@
 
 namespace quorvi {
 
-/// The mouse that is being set up. It is a plain one, all of whose buttons and keys are told.
+/// The mouse being set up: a plain one that reports all its buttons.
 struct MouseInSetUp {
     std::string id;               ///< empty for none
-    std::uint16_t watchedKey = 0; ///< told too, and does nothing else; 0 for none
+    std::uint16_t watchedKey = 0; ///< a key that is reported too, without any other effect; 0 for none
 };
 
 class MouseOrders {
   public:
-    /// The one that a watched key is, during a set-up: the service tells of inputs, and of no other key.
+    /// The input to which a watched key is assigned during set-up, because the service reports no keys but
+    /// inputs.
     static constexpr std::uint8_t watchInput = 7;
 
-    // True when it is another than before.
+    // Returns true if it has changed.
     [[nodiscard]] bool setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration);
     [[nodiscard]] bool setMacrosAreQuiet(bool quiet);
     [[nodiscard]] bool setLetterKeys(const engine::LetterKeys& keys);
-    /// Somebody looks at the presses.
+    /// Sets whether a panel shows the presses. Returns true if that has changed.
     [[nodiscard]] bool setShown(bool shown);
 
     void setInSetUp(MouseInSetUp inSetUp) { m_inSetUp = std::move(inSetUp); }
@@ -34,7 +35,7 @@ class MouseOrders {
 
     /// Without one the mice stay plain.
     [[nodiscard]] bool hasRecord() const { return !m_record.empty(); }
-    /// What is pressed is wanted as long as there is a panel to show it, or a key to wait for.
+    /// Whether presses are needed: for a panel that shows them, or for a watched key.
     [[nodiscard]] bool wantsInputs() const { return m_isShown || m_inSetUp.watchedKey != 0; }
 
     // For one mouse.
@@ -43,7 +44,7 @@ class MouseOrders {
 
   private:
     std::vector<std::uint8_t> m_record;
-    engine::Options m_options; ///< but for what each mouse has of its own
+    engine::Options m_options; ///< except the values that differ by mouse
     MouseInSetUp m_inSetUp;
     bool m_isShown = false;
 };

@@ -1,4 +1,4 @@
-// Setting up a mouse: which of its buttons and keys is which input.
+// Sets up a mouse: assigns its buttons and keys to inputs.
 #pragma once
 
 #include <string>
@@ -13,9 +13,9 @@ class MouseSetUp {
     MouseSetUp(KnownMice& mice, MouseOrders& orders, const InputdService& service, MouseDriver& driver)
         : m_mice(mice), m_orders(orders), m_service(service), m_driver(driver) {}
 
-    /// From now on the mouse is a plain one, whose buttons and keys are told.
+    /// Begins: the mouse is now a plain one that reports its buttons and keys.
     [[nodiscard]] MouseResult begin(const std::string& mouse);
-    /// Meanwhile: this key is told too when it is the mouse's, and does nothing else then; 0 for none.
+    /// During set-up, also reports this key if it is the mouse's, which then has no other effect; 0 for none.
     [[nodiscard]] MouseResult watchKey(std::uint16_t code);
     void end();
 

@@ -95,32 +95,32 @@ void RealMice::setShown(bool shown) {
     if (!m_orders.setShown(shown))
         return;
     if (shown && m_service.link() && m_mice.anyChosen() && !hasService())
-        m_service.refresh(); // it may have been installed since
+        m_service.refresh(); // the service may have been installed since
     m_driver.watch();
 }
 
 void RealMice::serviceCame() {
     m_service.noteStart();
     m_mice.disown();
-    // A list that was asked for has started it, and is on its way.
+    // A pending list request has already started it.
     if (m_mice.anyChosen() && !m_service.isListing())
         m_service.refresh();
 }
 
-/// The mice are plain ones meanwhile.
+/// Until it returns, the mice are plain ones.
 void RealMice::serviceLeft() {
     m_mice.disown();
     if (m_mice.anyChosen())
         m_service.restart();
 }
 
-/// A set-up goes on when the service is back.
+/// A set-up continues when the service is back.
 void RealMice::listed(InputdResult result, const std::vector<ListedMouse>& mice) {
     if (result == InputdResult::done) {
         m_mice.takeOver(mice);
         m_driver.updateOthers();
     } else if (result != InputdResult::failed) {
-        // None of them is this user's now; what was refused may be asked for again when they are.
+        // None of them is this user's now; a refused one may be requested again later.
         m_mice.clear();
     }
     tell();
@@ -165,7 +165,7 @@ void RealMice::codeChanged(const std::string& id, std::uint16_t code, bool press
         m_listener.codeChanged(id, code, pressed);
 }
 
-/// Whoever looks at the news asks for the list, which is news again unless it is compared.
+/// A client that is notified requests the list again, so notify only if it differs.
 void RealMice::tell() {
     Told now{m_mice.entries(), anyInUse(), hasService()};
     if (m_told == now)

@@ -1,4 +1,4 @@
-// The mice that their user has chosen, driven by the system's service.
+// The mice that the user has chosen, driven by the system's service.
 #pragma once
 
 #include <functional>
@@ -10,13 +10,13 @@
 
 namespace quorvi {
 
-/// Is told from within calls and the loop; may call the mice.
+/// Called from within calls and from the loop; may call the mice.
 class RealMiceListener {
   public:
     virtual ~RealMiceListener() = default;
-    /// The list of mice or of devices is another one, or whether any is in use.
+    /// The list of mice or devices has changed, or whether any is in use.
     virtual void miceChanged() = 0;
-    /// A mouse in use runs another profile or stage.
+    /// The profile or stage of a mouse in use has changed.
     virtual void runningChanged() = 0;
     virtual void inputChanged(const std::string& mouse, std::uint8_t input, bool pressed) = 0;
     virtual void codeChanged(const std::string& mouse, std::uint16_t code, bool pressed) = 0;
@@ -24,13 +24,13 @@ class RealMiceListener {
 
 class RealMice final : public Backend, InputdListener {
   public:
-    /// While there is no bus of the system there are no mice. Loop and listener must live longer.
+    /// Without a system bus there are no mice. Loop and listener must outlive the object.
     RealMice(EventLoop& loop, std::filesystem::path chosen, RealMiceListener& listener);
     ~RealMice() override;
     RealMice(const RealMice&) = delete;
     RealMice& operator=(const RealMice&) = delete;
 
-    /// Looks for the chosen mice. The service is started only when there are any.
+    /// Looks for the chosen mice. Starts the service only if there are any.
     void start();
 
     void setRecord(std::span<const std::uint8_t> record, const Acceleration& acceleration) override;
@@ -40,29 +40,29 @@ class RealMice final : public Backend, InputdListener {
     /// Of the mouse whose profile or stage changed last.
     [[nodiscard]] engine::Running running() const override { return m_running; }
 
-    /// A mouse that its user has chosen takes the simulated one's place, also while it is unplugged: the
-    /// service is there, and has not refused it.
+    /// Whether a chosen mouse replaces the simulated one, even while unplugged: the service is running and
+    /// has not refused it.
     [[nodiscard]] bool anyInUse() const;
-    /// The service has listed its mice.
+    /// Whether the service has listed its mice.
     [[nodiscard]] bool hasService() const { return m_service.isThere(); }
     /// Bit 0 is input 1; of all mice in use.
     [[nodiscard]] std::uint16_t pressedInputs() const { return m_mice.pressedInputs(); }
 
-    /// Gives the mice that are plugged in or chosen, once the service has listed them.
+    /// Calls `answer` with the plugged-in or chosen mice, once the service has listed them.
     void list(std::function<void(std::vector<MouseEntry>)> answer);
-    // A mouse is named by its id, or by its model when it is not plugged in.
+    // A mouse is identified by its id, or by its model while unplugged.
     [[nodiscard]] MouseResult use(const std::string& mouse, bool inUse);
-    /// 0 for not known.
+    /// 0 for unknown.
     [[nodiscard]] MouseResult setDpi(const std::string& mouse, std::uint16_t dpi);
     [[nodiscard]] MouseResult setCodes(const std::string& mouse, std::span<const std::uint16_t> codes);
-    /// What it tells of a mouse comes by codeChanged().
+    /// It reports through codeChanged().
     [[nodiscard]] MouseSetUp& setUp() { return m_setUp; }
 
-    /// Somebody looks at the presses.
+    /// Sets whether a panel shows the presses.
     void setShown(bool shown);
 
   private:
-    /// Who has been told of it need not look again until it is another.
+    /// The last reported state, so that only changes are reported.
     struct Told {
         std::vector<MouseEntry> entries;
         bool anyInUse = false;
@@ -86,7 +86,7 @@ class RealMice final : public Backend, InputdListener {
     RealMiceListener& m_listener;
     engine::Running m_running{};
     std::vector<std::function<void(std::vector<MouseEntry>)>> m_waiting;
-    Told m_told; ///< what there was to list when that was told last
+    Told m_told; ///< the last reported state
     KnownMice m_mice;
     MouseOrders m_orders;
     InputdService m_service;

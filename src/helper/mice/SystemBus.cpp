@@ -15,13 +15,13 @@ using std::chrono::steady_clock;
 
 namespace {
 
-/// A bus that goes sooner than this after it was there lets nobody in, or comes and goes.
+/// A bus that disconnects sooner than this refuses us or restarts repeatedly.
 constexpr std::chrono::seconds kSoundBusLife{10};
 constexpr std::chrono::seconds kBusPause{5};
 constexpr milliseconds kBusSoon{100};
 
-/// Of the first address, if it is one in the file system; as the library has it, a byte may be written as "%"
-/// and two digits.
+/// The first address's socket, if it is in the file system; as in the library, "%" and two digits may encode
+/// a byte.
 std::filesystem::path socketOfSystemBus() {
     constexpr std::string_view start = "unix:path=";
     const char* set = std::getenv("DBUS_SYSTEM_BUS_ADDRESS");

@@ -1,4 +1,4 @@
-// The helper's connection to the bus of the system, which it does without while there is none.
+// The helper's optional connection to the system bus.
 #pragma once
 
 #include <functional>
@@ -9,19 +9,18 @@
 
 namespace quorvi {
 
-/// A bus that goes away is connected to again when it is back, and one that is not there yet when it comes.
-/// Nothing wakes up for that where the bus has a socket in the file system, as the system's always has;
-/// another one is given up.
+/// Connects when the bus starts, and reconnects when it returns. This needs no wake-ups if the bus has a
+/// socket in the file system, as the system bus always has; otherwise gives up.
 class SystemBus final : EventSource {
   public:
-    /// Connects. Nothing is waited for: what is sent before the bus has answered waits in the connection. The
-    /// function is called later, from the loop, when get() is another one. The loop must live longer.
+    /// Connects without blocking: messages sent before the bus has answered are queued. `changed` is called
+    /// later, from the loop, when get() has changed. The loop must outlive the object.
     SystemBus(EventLoop& loop, std::function<void()> changed);
     ~SystemBus() override;
     SystemBus(const SystemBus&) = delete;
     SystemBus& operator=(const SystemBus&) = delete;
 
-    /// Null while there is no such bus. One that has gone lives until the function has returned.
+    /// Null without a bus. A lost one lives until `changed` has returned.
     [[nodiscard]] sd_bus* get() const { return m_bus.get(); }
 
   private:

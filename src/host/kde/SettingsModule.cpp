@@ -23,7 +23,7 @@ QWidget* widgetOf(KCModule& module) {
 #endif
 }
 
-/// The bundle as it is installed together with this module, wherever that is.
+/// The bundle installed with this module, in any place.
 QString installedBundle() {
     static const char ours = 0;
     Dl_info module;
@@ -45,8 +45,8 @@ QWidget* makePage() {
     return message;
 }
 
-/// Up to Frameworks 5 the host leaves a margin around its pages. Later they do so themselves; wider ones
-/// would make the page scroll in the window as System Settings opens.
+/// Up to Frameworks 5 the host adds a margin around its pages. Later, pages add it themselves; wider margins
+/// would make the page scroll in System Settings' default window.
 QMargins pageMargins() {
 #if KCOREADDONS_VERSION_MAJOR >= 6
     constexpr int margin = 8;

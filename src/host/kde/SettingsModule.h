@@ -10,7 +10,7 @@
 
 namespace quorvi {
 
-// A module is a widget up to Frameworks 5 and has one since Frameworks 6.
+// A module is a widget up to Frameworks 5, and owns one since Frameworks 6.
 #if KCOREADDONS_VERSION_MAJOR >= 6
 using ModuleParent = QObject;
 using ModuleArguments = KPluginMetaData;
@@ -19,8 +19,8 @@ using ModuleParent = QWidget;
 using ModuleArguments = QVariantList;
 #endif
 
-/// Shows the bundle that is installed with it. It has nothing to apply or to reset: the panel saves what is
-/// set at once, and brings its own help.
+/// Shows the bundle installed with it. It has no Apply, Reset or Help button: the panel saves every change at
+/// once, and has its own help.
 class SettingsModule : public KCModule {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ bool AllowedUsers::add(uid_t user) {
     m_users.insert(user);
     if (m_file.empty())
         return false;
-    // The old list or the new one: what is lost with the power is asked again.
+    // The file has the old list or the new one; after a power failure a lost user needs approval again.
     const auto fresh = m_file + ".new";
     std::ofstream file(fresh);
     for (const auto each : m_users)

@@ -1,4 +1,5 @@
-// The users whom an administrator has let use input devices, so that each is asked for once.
+// The users whom an administrator has allowed to use input devices, remembered so that each needs approval
+// only once.
 #pragma once
 
 #include <set>
@@ -10,12 +11,11 @@ namespace quorvi::inputd {
 
 class AllowedUsers {
   public:
-    /// Kept in the folder's file "users", a number on each line. Without a folder they are kept as long as
-    /// the object.
+    /// Stores them in the folder's file "users", one number a line; without a folder, only in memory.
     explicit AllowedUsers(const std::string& folder);
 
     [[nodiscard]] bool contains(uid_t user) const { return m_users.contains(user); }
-    /// False when it could not be written down; it counts until the service ends then.
+    /// Returns false if the user could not be stored; the permission then lasts until the service ends.
     bool add(uid_t user);
 
   private:

@@ -21,7 +21,7 @@ std::string readText(sd_bus_message* message) {
     return sd_bus_message_read_basic(message, 's', &text) > 0 ? text : "";
 }
 
-/// Empty when it is not of a record's size. The bytes are the message's.
+/// Empty if it does not have a record's size. The message owns the bytes.
 std::span<const std::uint8_t> readRecord(sd_bus_message* message) {
     const void* bytes = nullptr;
     std::size_t size = 0;
@@ -42,7 +42,7 @@ int BusObject::called(sd_bus_message* message, void* self, sd_bus_error* error) 
     const auto kept = events::adopt(sd_bus_message_ref(message));
     const bool asked = object.m_questions.userOf(
         sd_bus_message_get_sender(message), [&object, kept](std::optional<uid_t> user) {
-            if (user) // who has left wants no answer
+            if (user) // no answer to a caller that has left
                 (object.*Method)({kept, *user});
         });
     return asked ? 1 : sd_bus_error_set(error, kErrorLimitsExceeded, kTooMuch);
@@ -119,7 +119,7 @@ void BusObject::listMice(const Call& call) {
     if (sd_bus_message_new_method_return(call.message.get(), &raw) < 0)
         return;
     const auto answer = events::adopt(raw);
-    std::map<std::string, bool> maySeat; // looked up once each
+    std::map<std::string, bool> maySeat; // each looked up once
     bool anySeat = isAtTheSeat(call.user, "seat0");
     sd_bus_message_open_container(raw, 'a', kMouse);
     for (const auto& mouse : m_nodes.mice()) {
@@ -146,7 +146,7 @@ void BusObject::use(const Call& call) {
     const auto options = readOptions(message);
     const auto mice = m_nodes.mice();
     const auto* mouse = findPluggedIn(mice, id);
-    // Who may not, learns nothing, not even whether it is there.
+    // A caller without permission does not even learn whether the mouse exists.
     if (!isAtTheSeat(call.user, mouse ? mouse->seat : "seat0"))
         return refuseAccess(call);
     if (record.empty())
@@ -157,7 +157,7 @@ void BusObject::use(const Call& call) {
         return refuse(call, kErrorNoSuchMouse, "No such mouse is plugged in");
     if (m_allowed.contains(call.user))
         return useAllowed(call, id, record, *options);
-    // One question a user: an administrator may take minutes, and others have questions too.
+    // One request for each user: an administrator may take minutes, and other users have requests too.
     if (!m_asking.insert(call.user).second)
         return refuse(call, kErrorLimitsExceeded, "An administrator is being asked");
     const bool asked = m_questions.isAuthorized(sd_bus_message_get_sender(message), kPolkitAction,
@@ -175,7 +175,7 @@ void BusObject::use(const Call& call) {
     refuse(call, kErrorLimitsExceeded, kTooMuch);
 }
 
-/// Looks again: the mouse and the user may have gone while an administrator was asked.
+/// Checks again: the mouse and the user may have gone during the administrator's approval.
 void BusObject::useAllowed(const Call& call, const std::string& id, std::span<const std::uint8_t> record,
     const engine::Options& options) {
     const auto mice = m_nodes.mice();

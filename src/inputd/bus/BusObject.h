@@ -1,4 +1,4 @@
-// The service's object on the system bus: who calls is asked first, then what they want is done.
+// The service's object on the system bus: it checks the caller, then serves the call.
 #pragma once
 
 #include <set>
@@ -14,17 +14,17 @@ namespace quorvi::inputd {
 
 class BusObject {
   public:
-    /// All of them must live longer. `usedChanged` is called when a mouse has come into use or been
+    /// All arguments must outlive the object. `usedChanged` is called when a mouse comes into use or is
     /// forgotten.
     BusObject(sd_bus* bus, Questions& questions, const NodeList& nodes, UsedMice& mice, Watchers& watchers,
         AllowedUsers& allowed, std::function<void()> usedChanged);
 
-    /// Offers the object and takes the name. False when the bus does not let it.
+    /// Registers the object and requests the name. Returns false if the bus refuses.
     [[nodiscard]] bool start();
     void tellMiceChanged() const;
 
   private:
-    /// A call that is being answered, and whose it is.
+    /// A call being answered, and its user.
     struct Call {
         events::MessageRef message;
         uid_t user;
@@ -44,7 +44,7 @@ class BusObject {
 
     void useAllowed(const Call& call, const std::string& id, std::span<const std::uint8_t> record,
         const engine::Options& options);
-    /// The caller's mouse of the id that comes next in the call; null when the error has been answered.
+    /// Reads an id from the call and returns the caller's mouse; if null, the error has been sent.
     [[nodiscard]] UsedMouse* readUsedMouse(const Call& call);
     [[nodiscard]] const Mouse* findPluggedIn(const std::vector<Mouse>& mice, const std::string& id) const;
     static void reply(const Call& call);
@@ -57,7 +57,7 @@ class BusObject {
     UsedMice& m_mice;
     Watchers& m_watchers;
     AllowedUsers& m_allowed;
-    std::set<uid_t> m_asking; ///< of whom polkit is being asked
+    std::set<uid_t> m_asking; ///< users with a pending polkit request
     std::function<void()> m_usedChanged;
     events::SlotPtr m_slot;
 };

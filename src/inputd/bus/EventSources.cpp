@@ -4,7 +4,7 @@ namespace quorvi::inputd {
 
 namespace {
 
-/// Who floods us waits for the mouse after each.
+/// So a flood of messages cannot delay the mouse.
 constexpr int kServedAtOnce = 4;
 
 sd_event* newEvent() {
@@ -33,7 +33,7 @@ EventSources::Result EventSources::serve() {
         return Result::nothingWaits;
     auto* event = m_event.get();
     for (int served = 0; served < kServedAtOnce; ++served) {
-        // It stands armed since the last time, and has to look again.
+        // It is still armed from the last call, and must look again.
         const int pending =
             sd_event_get_state(event) == SD_EVENT_ARMED ? sd_event_wait(event, 0) : sd_event_prepare(event);
         if (pending < 0)

@@ -1,5 +1,5 @@
-// What libsystemd waits for (the bus, udev, log-ins), as one descriptor of our loop. Only when it has
-// something to do is it asked: a report of the mouse costs no look at any of it.
+// libsystemd's event sources (the bus, udev, logins) as one descriptor of our loop. They are served only when
+// ready: reports of the mouse do not touch them.
 #pragma once
 
 #include <memory>
@@ -17,11 +17,10 @@ class EventSources final : Watcher {
     EventSources(const EventSources&) = delete;
     EventSources& operator=(const EventSources&) = delete;
 
-    /// Null when the system has no descriptor left for it.
+    /// Null if the system has no descriptors left.
     [[nodiscard]] sd_event* get() const { return m_event.get(); }
 
-    /// To be called when a function of libsystemd was, outside of its own callbacks: it may have left
-    /// something to do.
+    /// Call this after calling libsystemd outside of its callbacks: the call may have left pending work.
     void touch() { m_touched = true; }
 
     enum class Result {
@@ -29,7 +28,7 @@ class EventSources final : Watcher {
         more, ///< there is more to do at once
         ended ///< the bus is gone
     };
-    /// Does what is to be done, some of it. To be called before each wait.
+    /// Serves some of the pending events. Call this before each wait.
     [[nodiscard]] Result serve();
 
   private:

@@ -14,7 +14,7 @@ namespace {
 constexpr double kLowestFactor = 0.1;
 constexpr double kHighestFactor = 2.0;
 
-/// The elements of an array in the message, as long as that lives.
+/// Reads an array's elements, which the message owns.
 template <typename Element>
 bool readArray(sd_bus_message* message, char type, std::span<const Element>& elements) {
     const void* first = nullptr;
@@ -87,7 +87,7 @@ bool setSensorDpi(engine::Options& options, std::uint16_t dpi) {
 }
 
 bool setAcceleration(engine::Options& options, std::span<const double> factors) {
-    // Not a number is neither.
+    // NaN fails both comparisons.
     const auto isFactor = [](double factor) { return factor >= kLowestFactor && factor <= kHighestFactor; };
     if (factors.size() != options.acceleration.size() || !std::ranges::all_of(factors, isFactor))
         return false;
@@ -105,7 +105,7 @@ bool setButtonCodes(engine::Options& options, std::span<const std::uint16_t> cod
 }
 
 bool setLetterKeys(engine::Options& options, std::span<const std::uint16_t> keys) {
-    // Codes from here on are buttons, which type nothing.
+    // Codes from here on are buttons, not keys.
     const auto isKey = [](std::uint16_t key) { return key < BTN_MISC; };
     if (keys.size() != options.letterKeys.size() || !std::ranges::all_of(keys, isKey))
         return false;

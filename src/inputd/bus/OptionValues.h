@@ -1,4 +1,4 @@
-// The options of a mouse as they come over the bus.
+// The options of a mouse as received over the bus.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +11,14 @@
 
 namespace quorvi::inputd {
 
-// Each takes a value over when it is within its bounds; false, and nothing taken over, when it is not.
+// Each sets a value within its bounds; returns false and changes nothing otherwise.
 [[nodiscard]] bool setSensorDpi(engine::Options& options, std::uint16_t dpi);
 [[nodiscard]] bool setAcceleration(engine::Options& options, std::span<const double> factors);
 [[nodiscard]] bool setButtonCodes(engine::Options& options, std::span<const std::uint16_t> codes);
 [[nodiscard]] bool setLetterKeys(engine::Options& options, std::span<const std::uint16_t> keys);
 
-/// Reads an a{sv} of InputdInterface.h. Nothing when it has a name that is none, a value of another type or
-/// out of its bounds.
+/// Reads an a{sv} of InputdInterface.h. Returns std::nullopt for an unknown name, or a value of the wrong
+/// type or out of its bounds.
 [[nodiscard]] std::optional<engine::Options> readOptions(sd_bus_message* message);
 
 } // namespace quorvi::inputd

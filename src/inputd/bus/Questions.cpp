@@ -9,7 +9,7 @@ namespace quorvi::inputd {
 namespace {
 
 constexpr std::uint64_t kUsualTimeout = 25'000'000; // microseconds
-/// An administrator looks for the password.
+/// Time for an administrator to type a password.
 constexpr std::uint64_t kPatientTimeout = 300'000'000;
 constexpr std::uint32_t kAllowUserInteraction = 1;
 
@@ -81,7 +81,7 @@ bool Questions::delaySleep(const char* why, std::function<void(int)> answer) {
     if (!call || sd_bus_message_append(call.get(), "ssss", "sleep", "Kyvar Quorvi", why, "delay") < 0)
         return false;
     return ask(call, kUsualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
-        int descriptor = -1; // the message's own
+        int descriptor = -1; // owned by the message
         if (reply && sd_bus_message_read_basic(reply, 'h', &descriptor) > 0)
             descriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
         answer(descriptor);

@@ -1,4 +1,4 @@
-// Questions to others on the bus, whose answers are not waited for: while they think, the mouse has to move.
+// Asynchronous calls to other bus services: the mouse must keep moving while they are pending.
 #pragma once
 
 #include <functional>
@@ -16,31 +16,31 @@ namespace quorvi::inputd {
 
 class Questions {
   public:
-    /// As many at once that others are the cause of. Whoever asks more is told so; the service's own find
-    /// room.
+    /// The most pending calls caused by clients. Further ones are refused; the service's own are not limited.
     static constexpr std::size_t most = 32;
 
     explicit Questions(sd_bus* bus) : m_bus(bus) {}
     Questions(const Questions&) = delete;
     Questions& operator=(const Questions&) = delete;
 
-    /// The user of the connection with that unique name; nothing when it has left. False when too much has
-    /// been asked.
+    /// Looks up the user of the connection with that unique name; the answer is std::nullopt if it has left.
+    /// Returns false if too many calls are pending.
     [[nodiscard]] bool userOf(const char* connection, std::function<void(std::optional<uid_t> user)> answer);
-    /// Whether polkit, and an administrator if it asks one, lets the connection's user do that.
+    /// Asks polkit, which may ask an administrator, whether the connection's user may do that.
     [[nodiscard]] bool isAuthorized(
         const char* connection, const char* action, std::function<void(bool yes)> answer);
-    /// A descriptor that keeps the computer from sleeping until it is closed, for some seconds at most; -1
-    /// when there is none. It is the answer's.
+    /// Requests a descriptor that delays the computer's sleep until it is closed, for a few seconds at most;
+    /// -1 on failure. The callback owns it.
     [[nodiscard]] bool delaySleep(const char* why, std::function<void(int descriptor)> answer);
-    /// Whether the computer is on its way to sleep, by the log-in manager; nothing when that does not answer.
+    /// Asks the login manager whether the computer is going to sleep; the answer is std::nullopt if it does
+    /// not reply.
     [[nodiscard]] bool isPreparingForSleep(std::function<void(std::optional<bool> yes)> answer);
 
   private:
     struct Question {
         Questions* owner;
         events::SlotPtr slot;
-        std::function<void(sd_bus_message* reply)> answer; ///< with null when the other side failed
+        std::function<void(sd_bus_message* reply)> answer; ///< called with null if the other side failed
     };
     [[nodiscard]] bool hasRoom() const { return m_questions.size() < most; }
     [[nodiscard]] bool ask(

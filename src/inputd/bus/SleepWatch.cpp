@@ -24,23 +24,22 @@ void SleepWatch::setNeeded(bool needed) {
 void SleepWatch::takeDelay() {
     if (m_delay)
         return;
-    // Without an answer keys are released all the same, perhaps after the sleep.
+    // Without an answer keys are still released, perhaps only after the sleep.
     (void)m_questions.delaySleep("Keys that the mouse holds are released", [this](int descriptor) {
         Descriptor delay(descriptor);
-        if (m_needed && !m_isAsleep) // a late one would hold the computer back
+        if (m_needed && !m_isAsleep) // a late one would delay the sleep needlessly
             m_delay = std::move(delay);
     });
 }
 
-/// Whoever is on the bus can send such a signal to this connection alone, in the log-in manager's words: the
-/// library cannot tell it from that one's own. So it is no more than a reason to ask the log-in manager,
-/// which a call reaches by its name.
+/// Any bus connection can send us a signal that looks like the login manager's, and the library cannot tell
+/// the difference. So the signal only triggers a query of the login manager, addressed by its name.
 int SleepWatch::received(sd_bus_message* /*message*/, void* self, sd_bus_error* /*error*/) {
     static_cast<SleepWatch*>(self)->look();
     return 0;
 }
 
-/// One question at a time, however many signals come.
+/// One query at a time, however many signals arrive.
 void SleepWatch::look() {
     m_looksAgain = m_isLooking;
     if (!m_isLooking)
@@ -58,7 +57,7 @@ void SleepWatch::looked(std::optional<bool> sleeps) {
     m_isAsleep = *sleeps;
     m_sleeps(*sleeps);
     if (*sleeps)
-        m_delay.reset(); // now it may
+        m_delay.reset(); // the computer may sleep now
     else if (m_needed)
         takeDelay();
 }

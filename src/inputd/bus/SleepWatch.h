@@ -1,4 +1,4 @@
-// The computer's sleep: what is held is released before it, and the computer waits for that.
+// Releases held keys before the computer sleeps, and delays the sleep until that is done.
 #pragma once
 
 #include <functional>
@@ -11,11 +11,11 @@ namespace quorvi::inputd {
 
 class SleepWatch {
   public:
-    /// `sleeps` is called with true before the computer goes to sleep and with false when it is awake again,
-    /// or has stayed so.
+    /// `sleeps` is called with true before the computer goes to sleep and with false when it has woken up or
+    /// did not sleep after all.
     SleepWatch(sd_bus* bus, Questions& questions, std::function<void(bool)> sleeps);
 
-    /// Whether there is something to release: only then is the computer made to wait.
+    /// Whether there are keys to release: only then is sleep delayed.
     void setNeeded(bool needed);
 
   private:
@@ -29,9 +29,9 @@ class SleepWatch {
     events::SlotPtr m_slot;
     Descriptor m_delay;
     bool m_needed = false;
-    bool m_isAsleep = false; ///< or on its way there
+    bool m_isAsleep = false; ///< or about to
     bool m_isLooking = false;
-    bool m_looksAgain = false; ///< something has changed since the question was asked
+    bool m_looksAgain = false; ///< a signal came after the query was sent
 };
 
 } // namespace quorvi::inputd

@@ -50,7 +50,8 @@ Watchers::Watcher* Watchers::findOrAdd(const char* connection, uid_t user) {
             events::receiveRuleAdded, watcher.get()) < 0)
         return nullptr;
     watcher->leaving.reset(slot);
-    // It may have left before the rule was there. The bus answers in order, so nothing falls in between.
+    // The connection may have left before the match rule existed. The bus answers in order, so this check
+    // leaves no gap.
     if (!m_questions.userOf(connection, [this, name = watcher->connection](std::optional<uid_t> there) {
             if (!there)
                 remove(name);

@@ -1,4 +1,4 @@
-// The connections that want to be told of their users' mice.
+// The connections subscribed to their users' mice.
 #pragma once
 
 #include <memory>
@@ -14,24 +14,25 @@ class Watchers {
   public:
     static constexpr std::size_t most = 16;
 
-    /// Both must live longer.
+    /// Both must outlive the object.
     Watchers(sd_bus* bus, Questions& questions) : m_bus(bus), m_questions(questions) {}
     Watchers(const Watchers&) = delete;
     Watchers& operator=(const Watchers&) = delete;
 
-    /// Until it leaves the bus. False when there are too many, or too much has been asked.
+    /// Subscribes the connection until it leaves the bus. Returns false if there are too many, or too many
+    /// calls are pending.
     [[nodiscard]] bool add(const char* connection, uid_t user, bool inputs);
 
-    /// From now on it is told of that mouse's buttons by their codes; of no mouse when the id is empty. False
-    /// when there are too many.
+    /// Subscribes the connection to that mouse's button codes; an empty id ends this. Returns false if there
+    /// are too many.
     [[nodiscard]] bool addForCodes(const char* connection, uid_t user, const std::string& mouse);
 
-    /// Tells those of its owner alone: nobody learns what another one presses.
+    /// Notifies only the owner's connections: users cannot see each other's presses.
     void tellStatus(const UsedMouse& mouse, const char* state) const;
     void tellInput(const UsedMouse& mouse, std::uint8_t input, bool pressed) const;
-    /// True when somebody was told.
+    /// Returns true if a connection was notified.
     [[nodiscard]] bool tellCode(const UsedMouse& mouse, std::uint16_t code, bool pressed) const;
-    /// Somebody wants to know of inputs.
+    /// Whether any connection is subscribed to inputs.
     [[nodiscard]] bool wantInputs() const;
 
   private:
@@ -40,11 +41,11 @@ class Watchers {
         std::string connection;
         uid_t user;
         bool inputs;
-        bool status;       ///< wants to know of states
-        std::string codes; ///< the mouse whose buttons it wants to know of; empty for none
+        bool status;       ///< subscribed to states
+        std::string codes; ///< the mouse whose button codes it is subscribed to; empty for none
         events::SlotPtr leaving;
     };
-    /// Null when there are too many.
+    /// Null if there are too many.
     [[nodiscard]] Watcher* findOrAdd(const char* connection, uid_t user);
     static int left(sd_bus_message* signal, void* watcher, sd_bus_error* error);
     void remove(const std::string& connection);
@@ -57,7 +58,7 @@ class Watchers {
 /// The name of a mouse's state in InputdInterface.h.
 [[nodiscard]] const char* nameOf(MouseState state);
 
-/// Appends state, profile, stage, DPI and pressed inputs. False when there is no memory.
+/// Appends state, profile, stage, DPI and pressed inputs. Returns false if out of memory.
 [[nodiscard]] bool appendStatus(sd_bus_message* message, const UsedMouse& mouse, const char* state);
 
 } // namespace quorvi::inputd

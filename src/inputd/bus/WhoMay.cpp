@@ -8,7 +8,7 @@ namespace quorvi::inputd {
 
 namespace {
 
-/// Takes the text of a function of sd-login over; empty when it failed.
+/// Takes ownership of a text returned by sd-login; empty if the call failed.
 std::string taken(int result, char* text) {
     std::string copy = result >= 0 && text ? text : "";
     std::free(text); // NOLINT(cppcoreguidelines-no-malloc): it is malloc's
@@ -30,7 +30,7 @@ std::optional<ActiveSession> activeSession(const std::string& seat) {
     text = nullptr;
     result = sd_session_get_state(session.c_str(), &text);
     active.state = taken(result, text);
-    // What cannot be told is not local.
+    // An error counts as remote.
     active.isRemote = sd_session_is_remote(session.c_str()) != 0;
     return active;
 }

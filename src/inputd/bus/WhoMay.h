@@ -8,7 +8,7 @@
 
 namespace quorvi::inputd {
 
-/// What the log-in manager says of the session that a seat shows now.
+/// The login manager's description of a seat's active session.
 struct ActiveSession {
     uid_t user = 0;
     std::string kind;  ///< "user", "greeter", "lock-screen" and so on
@@ -18,11 +18,10 @@ struct ActiveSession {
     bool operator==(const ActiveSession&) const = default;
 };
 
-/// Nothing when nobody is logged in there.
+/// std::nullopt if no user is logged in there.
 [[nodiscard]] std::optional<ActiveSession> activeSession(const std::string& seat);
 
-/// The user's own session, at the machine itself, and not on its way out. Neither a greeter's user nor root
-/// is somebody else here.
+/// Whether the session is the user's own, local and not closing. A greeter's user and root get no exception.
 [[nodiscard]] bool mayUse(uid_t user, const std::optional<ActiveSession>& session);
 
 } // namespace quorvi::inputd

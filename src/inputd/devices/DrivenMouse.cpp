@@ -6,8 +6,8 @@ namespace quorvi::inputd {
 
 namespace {
 
-/// How long desktops take to open a device that is new. The mouse is a plain one until then, so that no click
-/// is lost.
+/// The time that desktops need to open a new device. The mouse is not grabbed until then, so that no click is
+/// lost.
 constexpr std::chrono::milliseconds kSettlingTime{250};
 
 /// Codes below these and from KEY_OK on are keys.
@@ -57,7 +57,7 @@ bool DrivenMouse::attach(const std::vector<std::string>& nodes, std::string& rea
         }
         m_nodes.push_back(std::make_unique<NodeWatcher>(*this, std::move(node)));
         auto& watcher = *m_nodes.back();
-        // Told once of what comes: nodeReady() reads all of it.
+        // Edge-triggered: nodeReady() reads everything.
         if (!m_loop.watch(watcher.node->fd(), watcher, EPOLLIN | EPOLLET))
             reason = "it cannot be waited for";
     }
@@ -111,13 +111,13 @@ void DrivenMouse::nodeReady(NodeWatcher& watcher) {
         result = driven ? watcher.node->read(*this) : watcher.node->skip();
     if (result == InputNode::Result::gone)
         return detach(); // the watcher is gone with it
-    // Who let go of a button, or of the mouse, is heard by what comes next.
+    // The next event shows that a button, or the mouse, was released.
     if (!driven && !m_settled)
         tryToGrab();
 }
 
-/// A press that came between the look and the grab has reached the desktop, which would wait for its release
-/// for ever. So the look is repeated with the mouse in hand.
+/// A press between the check and the grab has reached the desktop, which would never see its release. So the
+/// check is repeated after the grab.
 void DrivenMouse::tryToGrab() {
     const auto all = [this](auto&& holds) {
         return std::ranges::all_of(m_nodes, [&](const auto& watcher) { return holds(*watcher->node); });
@@ -125,7 +125,7 @@ void DrivenMouse::tryToGrab() {
     const auto allUp = [&] { return all([](const InputNode& node) { return node.isAllUp(); }); };
     if (!allUp())
         return setState(MouseState::waiting);
-    // What came before is the desktop's.
+    // Earlier events went to the desktop.
     const auto take = [](InputNode& node) {
         auto left = InputNode::Result::more;
         while (left == InputNode::Result::more)

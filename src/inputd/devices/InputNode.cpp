@@ -82,8 +82,8 @@ void InputNode::ungrab() {
     m_down.reset();
 }
 
-/// One call. When it gives less than there was room for, nothing is left, and what comes then is news: a
-/// second call to learn that there is nothing would cost each report as much as the first.
+/// Reads once. A short read means that the queue is empty; a second call to confirm that would double the
+/// cost of each report.
 InputNode::Result InputNode::fill(std::span<input_event>& events) const {
     const ssize_t size = ::read(m_fd.get(), events.data(), events.size_bytes());
     if (size < 0) {
@@ -122,19 +122,19 @@ void InputNode::take(const input_event& event, FrameTaker& taker) {
         m_down[event.code] = event.value != 0;
     }
     if (m_frameSize + 1 == m_frame.size() && event.type != EV_SYN)
-        finishFrame(event.time, taker); // more than a frame can hold goes out in two
+        finishFrame(event.time, taker); // an oversized frame is sent as two
     if (event.type == EV_SYN && event.code == SYN_REPORT)
         finishFrame(event.time, taker);
     else
         m_frame[m_frameSize++] = event;
 }
 
-/// The kernel dropped its queue. Asking for the keys empties the queue of theirs, so that the answer is
-/// followed by what came later alone; only those that have been read already are to be left out.
+/// The kernel dropped its queue. Querying the keys removes their events from the queue, so only later ones
+/// follow the answer; just the ones already read must be left out.
 void InputNode::catchUp(FrameTaker& taker, const timeval& when) {
     Keys now;
     if (!keysDown(now))
-        return; // the node is gone, which the next read says
+        return; // the node is gone; the next read reports it
     m_frameSize = 0;
     const Keys changed = now ^ m_down;
     for (std::size_t code = 0; code < changed.size(); ++code) {

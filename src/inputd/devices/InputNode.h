@@ -18,17 +18,17 @@ struct libevdev;
 
 namespace quorvi::inputd {
 
-/// Takes the frames of a node.
+/// Receives the frames of a node.
 class FrameTaker {
   public:
     virtual ~FrameTaker() = default;
-    /// A whole frame with its SYN_REPORT, and when the kernel got it.
+    /// A whole frame with its SYN_REPORT, and the kernel's time stamp.
     virtual void frame(std::span<const input_event> events, engine::Time when) = 0;
 };
 
 class InputNode {
   public:
-    /// Opens it without grabbing. Nothing when it cannot be had, with the reason in a few words.
+    /// Opens the node without grabbing it. On failure returns null with a short reason.
     [[nodiscard]] static std::unique_ptr<InputNode> open(const std::string& path, std::string& reason);
     ~InputNode();
     InputNode(const InputNode&) = delete;
@@ -36,15 +36,15 @@ class InputNode {
 
     [[nodiscard]] int fd() const { return m_fd.get(); }
     [[nodiscard]] const std::string& path() const { return m_path; }
-    /// As the device says; any bytes.
+    /// The device's own name; any bytes.
     [[nodiscard]] std::string name() const;
-    /// It moves in X and Y and has a left button.
+    /// Whether it moves in X and Y and has a left button.
     [[nodiscard]] bool isMouse() const;
     [[nodiscard]] bool hasKey(std::uint16_t code) const;
 
-    /// No key and no button of it is down.
+    /// Whether all its keys and buttons are up.
     [[nodiscard]] bool isAllUp() const;
-    /// Takes it for this process alone. False when another one has it, or when it is gone.
+    /// Grabs it for this process. Returns false if another process has grabbed it, or it is gone.
     [[nodiscard]] bool grab();
     void ungrab();
     [[nodiscard]] bool isGrabbed() const { return m_grabbed; }
@@ -54,10 +54,10 @@ class InputNode {
         more, ///< something may be left
         gone
     };
-    /// Reads what has come and throws it away: who has not grabbed it is not concerned.
+    /// Reads and discards pending events: they belong to the desktop as long as the node is not grabbed.
     [[nodiscard]] Result skip();
-    /// Reads what has come and hands it over, frame by frame. What the kernel had to drop for want of room is
-    /// made up for as far as it is known: keys as they are now, and moves that had not been read.
+    /// Reads pending events and passes them on frame by frame. After the kernel has dropped events, restores
+    /// the known state: the present keys, and moves not yet read.
     [[nodiscard]] Result read(FrameTaker& taker);
 
   private:
@@ -70,8 +70,8 @@ class InputNode {
     using Keys = std::bitset<KEY_CNT>;
     [[nodiscard]] bool keysDown(Keys& keys) const;
 
-    /// What one call reads. The kernel keeps 128 events of a mouse for a reader that is late, and drops older
-    /// ones.
+    /// The events that one call reads. The kernel keeps 128 events of a mouse for a reader that is late, and
+    /// drops older ones.
     static constexpr std::size_t bufferedEvents = 64;
 
     std::string m_path;
@@ -80,8 +80,8 @@ class InputNode {
     bool m_grabbed = false;
     std::array<input_event, bufferedEvents> m_frame{};
     std::size_t m_frameSize = 0;
-    Keys m_down; ///< as they were handed over
-    /// What is left of this read has keys that the state after a drop knows already.
+    Keys m_down; ///< as passed on
+    /// The rest of this read has keys that the state after a drop already includes.
     bool m_keysAreKnown = false;
 };
 

@@ -1,4 +1,4 @@
-// Who holds which key of the one keyboard that several mice type on.
+// Tracks which mouse holds which key of the shared virtual keyboard.
 #pragma once
 
 #include <array>
@@ -10,9 +10,10 @@ namespace quorvi::inputd {
 
 class KeyHolders {
   public:
-    /// Takes an event of one mouse. Whether it is one for the keyboard: a key goes down with the first mouse
-    /// that holds it, and up with the last. With Alt and SysRq (Print) down no other key does: such are
-    /// commands to the kernel, which end programs or the computer, and no business of a mouse.
+    /// Handles an event of one mouse and returns whether to pass it to the keyboard: a key goes down with the
+    /// first mouse that holds it, and up with the last. While Alt and SysRq (Print) are down, no other key
+    /// passes: these are kernel commands, which can kill programs or stop the computer, and a mouse must not
+    /// send them.
     [[nodiscard]] bool passes(const input_event& event);
 
   private:

@@ -20,7 +20,7 @@ bool isPrintable(char c) {
     return c > ' ' && c <= '~';
 }
 
-/// For ids: what a device says of itself may be any bytes.
+/// For ids: a device's own texts may be any bytes.
 std::string plainText(const std::string& text) {
     std::string plain = text;
     std::ranges::replace_if(
@@ -28,7 +28,7 @@ std::string plainText(const std::string& text) {
     return plain;
 }
 
-/// For people. Names of input devices are ASCII nearly always.
+/// For display. Names of input devices are nearly always ASCII.
 std::string shownName(const std::string& text) {
     std::string shown = text;
     std::ranges::replace_if(
@@ -97,7 +97,7 @@ std::vector<Mouse> groupMice(std::span<const NodeFacts> nodes) {
         if (std::ranges::any_of(members, &NodeFacts::isMouse))
             mice.push_back(mouseOf(std::move(members)));
     std::ranges::stable_sort(mice, {}, &Mouse::id);
-    // Of several with one number, the place tells which is which.
+    // The place distinguishes several mice with the same number.
     std::string earlier;
     for (auto& mouse : mice)
         if (std::exchange(earlier, mouse.id) == mouse.id)

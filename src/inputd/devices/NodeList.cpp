@@ -22,20 +22,20 @@ std::string attribute(sd_device* device, const char* name) {
     return sd_device_get_sysattr_value(device, name, &value) >= 0 ? value : "";
 }
 
-/// 0 for what is no number.
+/// Returns 0 for any text that is not a number.
 std::uint16_t number(std::string_view text, int base) {
     std::uint16_t value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value, base);
     return value;
 }
 
-/// From udev's "400@125 *800@125 1600@125": the marked one is how the mouse comes, else the first.
+/// From udev's "400@125 *800@125 1600@125": the marked one is the mouse's default, else the first.
 std::uint16_t dpiOf(std::string_view text) {
     const auto mark = text.find('*');
     return number(mark == std::string_view::npos ? text : text.substr(mark + 1), 10);
 }
 
-/// A function of sd-device that gives a text of the device; empty when there is none.
+/// Calls an sd-device function that returns a text; empty if there is none.
 template <typename Function>
 std::string textOf(sd_device* device, Function function) {
     const char* value = nullptr;
@@ -44,7 +44,7 @@ std::string textOf(sd_device* device, Function function) {
 
 std::vector<Ancestor> ancestorsOf(sd_device* device) {
     std::vector<Ancestor> ancestors;
-    // A parent belongs to its child.
+    // The child owns its parent.
     for (sd_device* parent = nullptr; sd_device_get_parent(device, &parent) >= 0; device = parent)
         ancestors.push_back({textOf(parent, sd_device_get_syspath), textOf(parent, sd_device_get_subsystem),
             textOf(parent, sd_device_get_devtype)});
@@ -76,7 +76,7 @@ NodeFacts factsOf(sd_device* device) {
     facts.product = number(attribute(input, "id/product"), 16);
     facts.unique = attribute(input, "uniq");
     facts.keys = parseKeyBits(attribute(input, "capabilities/key"));
-    // A USB device is named for its port; others say where they are, or have nothing but their number.
+    // A USB device is named after its port; others report their place, or have only their number.
     const bool hasPort = std::ranges::any_of(ancestors, [&](const Ancestor& ancestor) {
         return ancestor.path == facts.group && ancestor.type == "usb_device";
     });
@@ -107,7 +107,7 @@ bool NodeList::start() {
     sd_device_enumerator_add_match_sysname(enumerator, "event*");
     for (auto* device = sd_device_enumerator_get_device_first(enumerator); device;
          device = sd_device_enumerator_get_device_next(enumerator))
-        // What udev is not done with will be told of.
+        // udev reports devices that it has not finished later.
         if (sd_device_get_is_initialized(device) > 0)
             add(device);
     return listens;

@@ -1,4 +1,4 @@
-// The input devices that are plugged in, as udev tells of them.
+// The input devices that are plugged in, as reported by udev.
 #pragma once
 
 #include <functional>
@@ -15,11 +15,11 @@ namespace quorvi::inputd {
 
 class NodeList {
   public:
-    /// Listens in that loop. `changed` is called when a node came or went, never from within start().
+    /// Listens in that loop. `changed` is called when a node is added or removed, never from within start().
     NodeList(sd_event* loop, std::function<void()> changed);
 
-    /// Reads what is there and listens from now on. False when udev's news cannot be had; then the list stays
-    /// as it was read.
+    /// Reads the present nodes and listens from now on. Returns false if udev cannot be monitored; the list
+    /// then stays as first read.
     [[nodiscard]] bool start();
     [[nodiscard]] std::vector<Mouse> mice() const;
 

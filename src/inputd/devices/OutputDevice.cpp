@@ -37,8 +37,7 @@ std::unique_ptr<OutputDevice> OutputDevice::make(const char* name, std::span<con
     setup.id.bustype = BUS_VIRTUAL;
     setup.id.version = 1;
     std::strncpy(setup.name, name, sizeof setup.name - 1);
-    // A keyboard has EV_REP: on a text console the kernel itself repeats a key that is held. Desktops do so
-    // themselves.
+    // A keyboard has EV_REP: on a text console the kernel repeats held keys. Desktops repeat them themselves.
     const bool made =
         fd && enable(fd.get(), UI_SET_EVBIT, EV_KEY) && enable(fd.get(), UI_SET_KEYBIT, keys) &&
         (axes.empty() || (enable(fd.get(), UI_SET_EVBIT, EV_REL) && enable(fd.get(), UI_SET_RELBIT, axes) &&
@@ -65,7 +64,7 @@ OutputDevice::~OutputDevice() {
 }
 
 void OutputDevice::write(std::span<const input_event> frame) const {
-    // uinput takes all of it or, when the device is on its way out, nothing: there is nobody to tell.
+    // uinput writes all of it or, if the device is being removed, nothing; there is no one to report that to.
     [[maybe_unused]] const auto written = ::write(m_fd.get(), frame.data(), frame.size_bytes());
 }
 

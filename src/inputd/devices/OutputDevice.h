@@ -1,5 +1,5 @@
-// A device that this process makes by uinput. It lasts as long as the object, or the process: when that ends,
-// however it does, the kernel releases what is down and takes the device away.
+// A virtual device created with uinput. It lasts as long as the object or the process: when the process ends,
+// in any way, the kernel releases its keys and removes it.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +15,8 @@ namespace quorvi::inputd {
 
 class OutputDevice {
   public:
-    /// "Quorvi virtual pointer": motion, wheels in both resolutions, the buttons of a mouse. Nothing when it
-    /// cannot be made, with the reason in a few words.
+    /// "Quorvi virtual pointer": motion, wheels in both resolutions, the buttons of a mouse. On failure
+    /// returns null with a short reason.
     [[nodiscard]] static std::unique_ptr<OutputDevice> makePointer(std::string& reason);
     /// "Quorvi virtual keyboard": the keys that a record can type, and no other.
     [[nodiscard]] static std::unique_ptr<OutputDevice> makeKeyboard(std::string& reason);
@@ -35,7 +35,8 @@ class OutputDevice {
     Descriptor m_fd;
 };
 
-/// A device of this service's, by its name: it is never taken for a mouse, this process's or another one's.
+/// Whether the name is that of a device made by this service, in this process or another: such a device never
+/// counts as a mouse.
 [[nodiscard]] bool isOwnDevice(const std::string& name);
 
 } // namespace quorvi::inputd

@@ -13,14 +13,14 @@
 
 namespace quorvi::inputd {
 
-/// Made once and kept: a new keyboard resets what users of X11 have set for theirs.
+/// Created once and kept: a new keyboard resets the keyboard settings of X11 users.
 class SharedKeyboard {
   public:
-    /// False when it cannot be made, with the reason in a few words. Does nothing when it is there.
+    /// Creates the device. Returns false with a short reason on failure. Does nothing if it exists.
     [[nodiscard]] bool make(std::string& reason);
 
-    /// One frame of one mouse, its SYN_REPORT at the end, at most 64 events. What of it passes is KeyHolders'
-    /// to say.
+    /// One frame of one mouse, its SYN_REPORT at the end, at most 64 events. KeyHolders decides which events
+    /// pass.
     void write(std::span<const input_event> frame);
 
   private:
@@ -28,7 +28,7 @@ class SharedKeyboard {
     KeyHolders m_holders;
 };
 
-/// The events of a frame that pass, as a frame, put into `out`; its size, 0 when none but SYN_REPORT does.
+/// Writes the events of a frame that pass into `out` and returns their number; 0 if only SYN_REPORT passes.
 template <typename Passes>
 std::size_t filteredFrame(std::span<const input_event> frame, std::span<input_event> out, Passes passes) {
     std::size_t size = 0;

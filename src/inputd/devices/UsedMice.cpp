@@ -9,7 +9,7 @@ UsedMice::UsedMice(Loop& loop, UsedMiceListener& listener) : m_loop(loop), m_lis
 
 UsedMice::Result UsedMice::use(
     const Mouse& mouse, uid_t owner, std::span<const std::uint8_t> record, const engine::Options& options) {
-    // What somebody else left here is no start.
+    // Do not start from another user's state.
     forgetIf([&](const UsedMouse& used) { return used.id == mouse.id && used.owner != owner; });
     if (auto* used = find(mouse.id)) {
         if (!used->driven.setRecord(record))
@@ -77,7 +77,7 @@ void UsedMice::wakeUp() {
         attach(*mouse);
 }
 
-/// Brings the nodes that it holds in line with those that are there.
+/// Updates the mouse's nodes to the present ones.
 void UsedMice::attach(UsedMouse& mouse) {
     const auto found = std::ranges::find(m_pluggedIn, mouse.id, &Mouse::id);
     if (m_sleeps || found == m_pluggedIn.end())
@@ -110,7 +110,7 @@ const UsedMouse* UsedMice::ownerOf(const DrivenMouse& mouse) const {
 }
 
 void UsedMice::mouseChanged(DrivenMouse& mouse) {
-    // One that is being made or forgotten is not among them.
+    // A mouse being added or forgotten is not in the list.
     if (const auto* used = ownerOf(mouse))
         m_listener.statusChanged(*used);
 }

@@ -1,4 +1,4 @@
-// The mice that their users have given us, plugged in or not.
+// The mice that users have handed to the service, plugged in or not.
 #pragma once
 
 #include <functional>
@@ -24,48 +24,48 @@ struct UsedMouse {
     DrivenMouse driven;
 };
 
-/// Is told from within the calls of UsedMice and of the loop; must not call either.
+/// Called from within UsedMice and the loop; must not call either.
 class UsedMiceListener {
   public:
     virtual ~UsedMiceListener() = default;
     virtual void statusChanged(const UsedMouse& mouse) = 0;
     virtual void inputChanged(const UsedMouse& mouse, std::uint8_t input, bool pressed) = 0;
     virtual void codeChanged(const UsedMouse& mouse, std::uint16_t code, bool pressed) = 0;
-    /// It is a plain mouse again, and will stay one.
+    /// The mouse is a plain one again, and stays one.
     virtual void forgotten(const UsedMouse& mouse) = 0;
 };
 
 class UsedMice final : MouseListener {
   public:
-    /// Nobody has more, and nobody can make us hold more.
+    /// More than any user has; limits the memory that clients can make us use.
     static constexpr std::size_t most = 16;
 
-    /// Both must live longer.
+    /// Both must outlive the object.
     UsedMice(Loop& loop, UsedMiceListener& listener);
 
     enum class Result {
         done,
-        notARecord, ///< nothing has changed
+        notARecord, ///< the bytes are not a record; no change
         tooMany,
-        noDevice ///< neither is there a keyboard, nor will be a pointer: /dev/uinput is closed to us
+        noDevice ///< /dev/uinput cannot be opened, so there are no virtual devices
     };
-    /// Drives the mouse from now on. One of theirs gets the record and the options; one of
-    /// somebody else's is forgotten first.
+    /// Drives the mouse from now on. If the owner already uses it, updates its record and options; if another
+    /// user does, forgets it first.
     [[nodiscard]] Result use(const Mouse& mouse, uid_t owner, std::span<const std::uint8_t> record,
         const engine::Options& options);
-    /// False when it is no record.
+    /// Returns false if the bytes are not a record.
     [[nodiscard]] bool setRecord(UsedMouse& mouse, std::span<const std::uint8_t> record);
     void setOptions(UsedMouse& mouse, const engine::Options& options);
-    /// Releases and lets go of those of which the condition holds.
+    /// Releases and forgets the mice that meet the condition.
     void forgetIf(const std::function<bool(const UsedMouse&)>& condition);
 
-    /// Null when it is not in use.
+    /// Null if it is not in use.
     [[nodiscard]] UsedMouse* find(const std::string& id) const;
     [[nodiscard]] bool isEmpty() const { return m_mice.empty(); }
 
-    /// What is plugged in now. Mice that came back are driven again.
+    /// Sets the mice plugged in now. Mice that are back are driven again.
     void pluggedIn(std::vector<Mouse> mice);
-    /// Releases and lets go of all, until wakeUp(): a key that is held over the computer's sleep stays down.
+    /// Releases all mice until wakeUp(): a key held over the computer's sleep would stay down.
     void goToSleep();
     void wakeUp();
 

@@ -10,7 +10,7 @@ namespace quorvi::inputd {
 class Descriptor {
   public:
     Descriptor() = default;
-    /// Takes it over; a negative number is none.
+    /// Takes ownership; negative for none.
     explicit Descriptor(int fd) : m_fd(fd) {}
     ~Descriptor() { reset(); }
     Descriptor(Descriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}

@@ -34,7 +34,7 @@ void add(int epoll, int fd, void* mark) {
 int milliseconds(std::optional<std::chrono::microseconds> time) {
     if (!time)
         return -1;
-    const auto longest = std::chrono::milliseconds(60'000); // a wake-up too many is no harm
+    const auto longest = std::chrono::milliseconds(60'000); // an extra wake-up does no harm
     return static_cast<int>(
         std::clamp(std::chrono::ceil<std::chrono::milliseconds>(*time), std::chrono::milliseconds(0), longest)
             .count());
@@ -79,7 +79,7 @@ void Loop::run(LoopOwner& owner) {
         const auto longest = owner.beforeWait();
         arm(owner.nextWake());
         epoll_event event{};
-        // One at a time: whoever is served may take another watcher away, and none is kept waiting.
+        // One at a time: a served watcher may remove another, and none has to wait long.
         const int count = epoll_wait(m_epoll.get(), &event, 1, milliseconds(longest));
         if (count <= 0)
             continue;
@@ -102,7 +102,7 @@ void Loop::arm(std::optional<engine::Time> when) {
         return;
     itimerspec time{};
     if (when) {
-        // Zero would turn it off.
+        // Zero would turn the timer off.
         const auto count = std::max<std::int64_t>(when->count(), 1);
         time.it_value.tv_sec = count / kMicrosecondsPerSecond;
         time.it_value.tv_nsec = count % kMicrosecondsPerSecond * 1000;

@@ -1,4 +1,4 @@
-// The one place where the service waits: an epoll of everything that can wake it, and one timer.
+// The service's only waiting point: an epoll of all descriptors, and one timer.
 #pragma once
 
 #include <chrono>
@@ -20,19 +20,20 @@ class Watcher {
     virtual void ready(std::uint32_t events) = 0;
 };
 
-/// What is to be done between two waits: beside the descriptors, or before sleeping.
+/// The work between two waits besides the descriptors.
 class LoopOwner {
   public:
     virtual ~LoopOwner() = default;
-    /// Called before every wait. Returns the longest time to wait for a descriptor; nothing is for ever.
+    /// Called before every wait. Returns the longest time to wait for a descriptor; std::nullopt for no
+    /// limit.
     virtual std::optional<std::chrono::microseconds> beforeWait() = 0;
-    /// When the timer has to ring, in the steady clock's time; nothing turns it off.
+    /// When the timer expires, in steady-clock time; std::nullopt turns it off.
     virtual std::optional<engine::Time> nextWake() = 0;
-    /// The timer has rung.
+    /// The timer has expired.
     virtual void wake() = 0;
 };
 
-/// The steady clock, in which the kernel's events are stamped too.
+/// The steady clock, also used for the kernel's event time stamps.
 [[nodiscard]] engine::Time steadyNow();
 
 class Loop {
@@ -41,16 +42,16 @@ class Loop {
     Loop(const Loop&) = delete;
     Loop& operator=(const Loop&) = delete;
 
-    /// False when the system has no descriptor left for it.
+    /// False if the system has no descriptors left.
     [[nodiscard]] bool isUsable() const { return m_epoll && m_timer && m_signals; }
 
-    /// The watcher has to stay until unwatch().
+    /// The watcher must live until unwatch().
     [[nodiscard]] bool watch(int fd, Watcher& watcher, std::uint32_t events = EPOLLIN);
     void change(int fd, Watcher& watcher, std::uint32_t events);
     void unwatch(int fd);
 
-    /// Serves one descriptor after the other until end() is called, or SIGTERM or SIGINT comes. From the
-    /// loop's construction on these do not end the process.
+    /// Serves one descriptor after the other until end() is called, or SIGTERM or SIGINT arrives. Once the
+    /// loop is constructed, these signals do not end the process.
     void run(LoopOwner& owner);
     void end() { m_ends = true; }
 

@@ -1,4 +1,4 @@
-// How games are told from each other.
+// The identifiers of games.
 #include "applications/games/GameIdentifiers.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Made-up games of Steam, in a home folder.
+// A made-up Steam library in a home folder.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// The texts that game launchers keep.
+// The text formats of game launchers.
 #include "applications/games/TextTree.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Two applications that profiles are bound to, and a third that has a desktop entry and no profile.
+// Two applications with bound profiles, and a third with a desktop entry but no profile.
 #pragma once
 
 #include <cstdint>

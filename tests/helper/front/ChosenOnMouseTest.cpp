@@ -1,4 +1,4 @@
-// Profiles that are chosen by a button of the mouse, while others follow the application in front.
+// Profiles chosen with a mouse button, while others follow the application in front.
 #include "events/HelperCalls.h"
 #include "helper/front/FollowingHelper.h"
 #include "helper/front/X11Display.h"

@@ -1,4 +1,4 @@
-// Applications by their desktop entries.
+// Finding applications by their desktop entries.
 #include "helper/front/DesktopEntries.h"
 
 #include <gtest/gtest.h>

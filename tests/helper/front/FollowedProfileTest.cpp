@@ -1,4 +1,4 @@
-// Which profile follows an application, by what the panel stored of it.
+// The profile for an application, by the data that the panel stored.
 #include "helper/front/FollowedProfile.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The real helper on a real display, with two applications that profiles are bound to.
+// The real helper on a real display, with two applications that have bound profiles.
 #pragma once
 
 #include <string>

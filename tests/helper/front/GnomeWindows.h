@@ -1,4 +1,4 @@
-// Bringing windows to the front on a GNOME Shell that evaluates scripts.
+// Brings windows to the front on a GNOME Shell that evaluates scripts.
 #pragma once
 
 #include <chrono>

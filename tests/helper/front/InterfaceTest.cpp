@@ -1,4 +1,4 @@
-// The object that says which application is in front.
+// The bus object for the application in front.
 #include "events/FrontInterface.h"
 #include "events/Introspection.h"
 #include "helper/front/FollowingHelper.h"

@@ -1,4 +1,4 @@
-// What the kernel says of the process behind a window.
+// The kernel's information about the process behind a window.
 #include "helper/front/ProcessFacts.h"
 
 #include <gtest/gtest.h>

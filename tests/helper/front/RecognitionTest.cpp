@@ -1,4 +1,4 @@
-// From a window to its application.
+// Recognising a window's application.
 #include "helper/front/Recognition.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Windows of a test's own on a Wayland compositor.
+// Test windows on a Wayland compositor.
 #pragma once
 
 #include <map>

@@ -1,4 +1,4 @@
-// An X display with a window manager and windows of the test's own.
+// An X display with a window manager and test windows.
 #pragma once
 
 #include <memory>

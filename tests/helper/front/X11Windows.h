@@ -1,4 +1,4 @@
-// Windows of a test's own on an X display.
+// Test windows on an X display.
 #pragma once
 
 #include <memory>

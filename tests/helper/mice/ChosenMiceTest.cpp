@@ -1,4 +1,4 @@
-// The file of the mice that their user has chosen.
+// The file of the chosen mice.
 #include "helper/mice/ChosenMice.h"
 
 #include <gtest/gtest.h>

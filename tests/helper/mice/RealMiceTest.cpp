@@ -1,4 +1,4 @@
-// The real helper with mice in use: what it tells the system's service, and what it makes of its news.
+// The real helper with mice in use: its calls to the system's service, and its reaction to signals.
 #include <algorithm>
 #include <csignal>
 #include <cstring>

@@ -1,4 +1,4 @@
-// A keyboard that KWin lets a client make.
+// A keyboard created by a client of KWin.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The programs of KDE that show settings modules, with the panel installed for them, as a user has them.
+// KDE's programs that show settings modules, with the panel installed for them.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// Settings to start from in KDE's hosts.
+// Initial settings for KDE's hosts.
 #pragma once
 
 #include "host/UserHome.h"

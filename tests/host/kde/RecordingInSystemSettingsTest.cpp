@@ -1,5 +1,5 @@
-// Whatever ends System Settings or takes its page away while a macro is recorded: what was recorded is in the
-// file, the helper knows, and the keyboard is everybody's again.
+// However System Settings or its page ends while a macro is recorded: the recorded steps are in the file, the
+// helper is notified, and the keyboard is released.
 
 #include <QTest>
 

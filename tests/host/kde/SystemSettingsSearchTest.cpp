@@ -1,4 +1,4 @@
-// What a user types into the search of System Settings finds the panel.
+// Searches in System Settings that must find the panel.
 
 #include <QTest>
 

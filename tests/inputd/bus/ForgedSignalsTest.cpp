@@ -1,5 +1,5 @@
-// Signals that another program sends to the service alone, in the words of the log-in manager or of the bus.
-// A rule that names the sender does not keep them out: the library lets what is sent to it alone through.
+// Signals that another program addresses to the service, imitating the login manager or the bus. A match rule
+// with the sender's name does not stop them: the library delivers signals addressed to its connection.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -1,4 +1,4 @@
-// The bounds of the options that come over the bus.
+// The bounds of options received over the bus.
 #include "inputd/bus/OptionValues.h"
 
 #include <gtest/gtest.h>

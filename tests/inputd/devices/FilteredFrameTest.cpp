@@ -1,4 +1,4 @@
-// What of a frame is left when some of its events do not pass.
+// The rest of a frame when some of its events do not pass.
 #include <gtest/gtest.h>
 
 #include "inputd/devices/SharedKeyboard.h"

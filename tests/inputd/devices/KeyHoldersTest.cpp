@@ -1,4 +1,4 @@
-// Who holds which key of the one keyboard.
+// The mice that hold keys of the shared keyboard.
 #include "inputd/devices/KeyHolders.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Which nodes are one mouse, which of them are grabbed, and what a mouse is called.
+// Grouping nodes into mice, the nodes to grab, and the names of mice.
 #include "inputd/devices/MouseGroups.h"
 
 #include <gtest/gtest.h>
