@@ -1,15 +1,13 @@
 #include "applications/ApplicationList.h"
 
-#include <QApplication>
 #include <QCollator>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPixmap>
-#include <QStyle>
 
 #include <algorithm>
-#include <array>
 
+#include "applications/ApplicationIcon.h"
 #include "widgets/FilledText.h"
 #include "widgets/ShownText.h"
 
@@ -17,17 +15,7 @@ namespace quorvi {
 
 namespace {
 
-/// Names with these at their end stand for theme icons too, in old entries.
-constexpr std::array kImageExtensions{".png", ".svg", ".xpm"};
-
-QString themeName(QString icon) {
-    for (const char* extension : kImageExtensions)
-        if (icon.endsWith(QLatin1String(extension)))
-            icon.chop(4);
-    return icon;
-}
-
-/// Launchers keep posters; read in their size, a screen full of them would be felt.
+/// Launchers keep large posters; reading a screenful at full size would be noticeable.
 QIcon iconOfPicture(const QString& file) {
     constexpr int largestSide = 128;
     QImageReader reader(file);
@@ -41,16 +29,11 @@ QIcon iconOfPicture(const QString& file) {
 QIcon iconOf(const InstalledApplication& application) {
     const QString& icon = application.icon;
     const bool isGame = !application.launcher.isEmpty();
-    QIcon found;
-    if (!icon.startsWith(QLatin1Char('/')))
-        found = QIcon::fromTheme(themeName(icon));
-    else if (QFileInfo(icon).isFile()) // reading a FIFO would never end
-        found = isGame ? iconOfPicture(icon) : QIcon(icon);
-    if (found.isNull() && isGame)
-        found = QIcon::fromTheme(QStringLiteral("applications-games"));
-    if (found.isNull())
-        found = QIcon::fromTheme(QStringLiteral("application-x-executable"));
-    return found.isNull() ? QApplication::style()->standardIcon(QStyle::SP_FileIcon) : found;
+    const bool isPicture = isGame && icon.startsWith(QLatin1Char('/')) && QFileInfo(icon).isFile();
+    const QIcon found = isPicture ? iconOfPicture(icon) : iconNamed(icon);
+    const QIcon usual =
+        isGame && found.isNull() ? QIcon::fromTheme(QStringLiteral("applications-games")) : found;
+    return usual.isNull() ? usualApplicationIcon() : usual;
 }
 
 /// The order of the rows.
@@ -104,7 +87,7 @@ void ApplicationList::removeEntriesOf(std::vector<InstalledApplication>& games) 
     }
 }
 
-/// Rows that come to stand together are told of together: each telling has the view look at all rows.
+/// Adjacent rows are announced together: at each announcement the view examines all rows.
 void ApplicationList::insert(std::vector<Row> rows) {
     const ByName isBefore;
     for (auto first = rows.begin(); first != rows.end();) {

@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<std::uint16_t, 5> kStepButtons{BTN_LEFT, BTN_RIGHT, BTN_MIDDLE, BTN_SIDE, BTN_EXTRA};
 static_assert(kStepButtons.size() == stepcodes::buttonsDown.size());
 
-/// The delay behind a step, of which the last one counts. Takes it off the bytes.
+/// Removes the delays after a step from the bytes and returns the last one.
 Time takeDelay(std::span<const std::uint8_t>& bytes) {
     std::uint32_t delay = 0;
     while (!bytes.empty() && opcodes::isDelay(bytes[0])) {
@@ -39,7 +39,7 @@ void MacroPlayer::start(std::uint8_t macroId, const Configuration::Macro& macro,
     std::ranges::copy(macro.steps, free->bytes.begin());
     free->size = macro.steps.size();
     auto bytes = free->all();
-    (void)takeDelay(bytes); // there is no step that it could belong to
+    (void)takeDelay(bytes); // a delay without a step
     free->position = free->size - bytes.size();
     free->due = now + std::chrono::milliseconds(macro.delay);
     free->pressed.size = 0;
@@ -75,7 +75,19 @@ void MacroPlayer::endAll() {
             end(macro);
 }
 
-/// What is left of the bytes gets shorter with each round.
+std::optional<std::size_t> MacroPlayer::stepsPlayed(std::uint8_t macroId) const {
+    const auto macro = std::ranges::find_if(
+        m_macros, [=](const Playing& other) { return other.isActive && other.macroId == macroId; });
+    if (macro == m_macros.end())
+        return std::nullopt;
+    auto bytes = macro->all().first(macro->position);
+    std::size_t steps = 0;
+    while (const auto coded = takeCodedStep(bytes))
+        steps += opcodes::isDelay(coded->opcode) ? 0 : 1;
+    return steps;
+}
+
+/// Each round shortens the remaining bytes.
 void MacroPlayer::play(Playing& macro, Time now) {
     while (macro.isActive && macro.due <= now) {
         auto bytes = macro.all().subspan(macro.position);

@@ -1,10 +1,9 @@
 // Plays macros.
 //
-// A macro runs to its end whatever becomes of the button that started it, and one press plays it once: a
-// press while it runs does nothing, so that what it types never mixes with itself. Different macros run
-// beside each other, up to four. A macro's own delay comes before its first step. A step's delay counts from
-// the moment that the step went out, and so is never shorter than it was recorded. At the end goes up what
-// the macro left down.
+// A macro runs to its end even if its button is released, and one press plays it once: a press while it runs
+// does nothing, so its keys never mix with themselves. Up to four different macros run at the same time. A
+// macro's own delay comes before its first step. A step's delay starts when the step is sent, so it is never
+// shorter than recorded. At its end a macro releases everything it still holds.
 #pragma once
 
 #include <array>
@@ -23,18 +22,20 @@ class MacroPlayer {
   public:
     MacroPlayer(HeldKeys& keys, FrameWriter& writer) : m_keys(keys), m_writer(writer) {}
 
-    /// Plays what is due at once. Nothing when the macro runs already, or when four others do.
+    /// Plays the steps due at once. Does nothing if the macro is already running, or four others are.
     void start(std::uint8_t macroId, const Configuration::Macro& macro, Time now);
     void wake(Time now);
     [[nodiscard]] std::optional<Time> nextWake() const;
 
-    /// Ends those that the configuration does not have as they are played.
+    /// Ends the macros that the configuration no longer has in the same form.
     void keepOnly(const Configuration& configuration);
     void endAll();
     [[nodiscard]] bool isPlaying() const { return m_playing > 0; }
+    /// How many steps of the macro have gone out; nothing when it does not run.
+    [[nodiscard]] std::optional<std::size_t> stepsPlayed(std::uint8_t macroId) const;
 
   private:
-    /// Codes that a macro has pressed. A step has two bytes at least, so that half as many do.
+    /// Codes that a macro has pressed. A step has at least two bytes, so half as many codes are enough.
     struct Pressed {
         std::array<std::uint16_t, limits::stepBytes / 2> codes{};
         std::size_t size = 0;
@@ -42,7 +43,7 @@ class MacroPlayer {
     struct Playing {
         bool isActive = false;
         std::uint8_t macroId = 0;
-        std::array<std::uint8_t, limits::stepBytes> bytes{}; ///< a copy: the record may change meanwhile
+        std::array<std::uint8_t, limits::stepBytes> bytes{}; ///< a copy: the record may change while it plays
         std::size_t size = 0;
         std::size_t position = 0; ///< of the next step in the bytes
         Time due{0};

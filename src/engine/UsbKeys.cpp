@@ -4,7 +4,7 @@ namespace quorvi::engine {
 
 namespace {
 
-// From usage 0 on. What stands for a key in the kernel's own table for USB keyboards stands here.
+// From usage 0 on, as in the kernel's own table for USB keyboards.
 constexpr auto kUsbKeys = std::to_array<std::uint16_t>({
     0, 0, 0, 0, KEY_A, KEY_B, KEY_C, KEY_D, KEY_E, KEY_F, KEY_G, KEY_H, KEY_I, KEY_J, KEY_K, KEY_L, // 0x00
     KEY_M, KEY_N, KEY_O, KEY_P, KEY_Q, KEY_R, KEY_S, KEY_T, KEY_U, KEY_V, KEY_W, KEY_X,             // 0x10
@@ -41,6 +41,14 @@ std::uint16_t keyOfUsage(std::uint32_t usage) {
         return kUsbKeys[usage];
     const auto modifier = usage - kFirstModifierUsage; // wraps round below
     return modifier < kModifierUsages.size() ? kModifierUsages[modifier] : std::uint16_t{KEY_RESERVED};
+}
+
+std::uint8_t usageOfKey(std::uint16_t key) {
+    constexpr std::uint8_t last = 0xFF;
+    for (std::uint8_t usage = 1; key != KEY_RESERVED && usage < last; ++usage)
+        if (keyOfUsage(usage) == key)
+            return usage;
+    return 0;
 }
 
 } // namespace quorvi::engine

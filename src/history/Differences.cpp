@@ -32,14 +32,14 @@ void addUnmatched(const ComparedTrees& trees, DifferenceList& list) {
     addEach(trees.macros.onlyNow(), trees.now.macros, u"Macro “^1” was not there", list);
 }
 
-/// The items behind those that are matched.
+/// Compares the items after the matched ones.
 void compareRest(const Array& earlier, const Array& now, DifferenceList& list) {
     for (std::size_t place = mostMatched; place < std::max(earlier.size(), now.size()); ++place)
         if (!(earlier.value(place) == now.value(place)))
             return list.addOther();
 }
 
-/// The comparison of two trees as whatCounts() makes them, which it takes apart.
+/// Compares two trees made by whatCounts(), removing the compared parts.
 class Comparison {
   public:
     Comparison(const Both& both, const ComparedTrees& trees) : m_both(both), m_trees(trees) {}
@@ -56,7 +56,7 @@ class Comparison {
     }
 
   private:
-    /// Whether the stages of the profile at the place are different.
+    /// Returns whether the stages of the profile at the place differ.
     bool compareAllProfiles(std::int32_t current) {
         bool toldOfStages = false;
         const auto [was, is] = m_both.take(keys::profiles);
@@ -78,9 +78,9 @@ class Comparison {
 
     void compareOrders() {
         if (m_trees.profiles.areReordered())
-            m_list.add(patternPhrase(u"The profiles were in another order"));
+            m_list.add(patternPhrase(u"The profiles were in a different order"));
         if (m_trees.macros.areReordered())
-            m_list.add(patternPhrase(u"The macros were in another order"));
+            m_list.add(patternPhrase(u"The macros were in a different order"));
     }
 
     const Both& m_both;

@@ -9,7 +9,7 @@ using plist::Array;
 using plist::Dictionary;
 using plist::Value;
 
-/// The steps as they are played without delays.
+/// The steps without delays.
 Value withoutDelays(const Array& steps) {
     const auto bare = Array::create();
     for (const Value& step : steps.items()) {
@@ -32,9 +32,9 @@ void compareSteps(const Both& macro, const Phrase& name, DifferenceList& list) {
     if (was.array().size() != is.array().size())
         list.addChange(patternPhrase(u"Steps of macro “^1”", {name}), countOf(was), countOf(is));
     else if (!(withoutDelays(was.array()) == withoutDelays(is.array())))
-        list.add(patternPhrase(u"Macro “^1” had other steps", {name}));
+        list.add(patternPhrase(u"Macro “^1” had different steps", {name}));
     else if (!(was == is) || !(wasDelay == isDelay))
-        list.add(patternPhrase(u"Macro “^1” had other delays", {name}));
+        list.add(patternPhrase(u"Macro “^1” had different delays", {name}));
 }
 
 } // namespace
@@ -45,7 +45,7 @@ void compareMacros(const Both& macro, DifferenceList& list) {
     if (!(was == is))
         list.add(patternPhrase(u"Macro “^1” was named “^2”", {name, namePhrase(*was.string())}));
     compareSteps(macro, name, list);
-    (void)macro.take(keys::macroId); // no one sees it
+    (void)macro.take(keys::macroId); // not visible to the user
     list.addOtherUnlessEqual(macro);
 }
 

@@ -6,7 +6,7 @@ namespace quorvi {
 
 namespace {
 
-/// The part that the mark at the place stands for; null when no mark is there, or none of the parts.
+/// The part for the mark at the place; null if there is no mark, or no such part.
 const Phrase* partAt(std::u16string_view pattern, std::size_t place, const Phrase& phrase) {
     if (pattern[place] != u'^' || place + 1 >= pattern.size())
         return nullptr;
@@ -31,6 +31,10 @@ Phrase plainPhrase(std::u16string text) {
     return {Phrase::Kind::plain, std::move(text), {}};
 }
 
+Phrase decimalPhrase(std::u16string number) {
+    return {Phrase::Kind::decimal, std::move(number), {}};
+}
+
 Phrase plainPhrase(std::int64_t number) {
     return plainPhrase(toUtf16(std::to_string(number)));
 }
@@ -43,7 +47,7 @@ Wording englishWording() {
 }
 
 std::u16string inWords(const Phrase& phrase, const Wording& wording) {
-    if (phrase.kind == Phrase::Kind::plain)
+    if (phrase.kind == Phrase::Kind::plain || phrase.kind == Phrase::Kind::decimal)
         return phrase.text;
     if (phrase.kind == Phrase::Kind::name)
         return wording.name({}, phrase.text);

@@ -1,4 +1,4 @@
-// Sentences as data: said in the user's language by the panel, and in English on the command line.
+// Sentences as data: the panel shows them in the user's language, the command line in English.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,13 @@
 
 namespace quorvi {
 
-/// A sentence, or a piece of one.
+/// A sentence, or a part of one.
 struct Phrase {
     enum class Kind : std::uint8_t {
-        pattern, ///< English, a key of the string tables, in which "^1" stands for the first part and so on
-        name,    ///< what somebody has named a thing: of any length and content, possibly empty
-        plain,   ///< shown as it is: a number, the name of a key
+        pattern, ///< English, a key of the string tables; "^1" stands for the first part and so on
+        name,    ///< a name given by a user: any length and content, possibly empty
+        plain,   ///< shown unchanged: a whole number, the name of a key
+        decimal, ///< a number with a point before its decimals, which the panel shows as the user writes it
     };
     Kind kind = Kind::pattern;
     std::u16string text;
@@ -27,20 +28,21 @@ struct Phrase {
 [[nodiscard]] Phrase namePhrase(std::u16string name);
 [[nodiscard]] Phrase plainPhrase(std::u16string text);
 [[nodiscard]] Phrase plainPhrase(std::int64_t number);
+[[nodiscard]] Phrase decimalPhrase(std::u16string number);
 
-/// How one says phrases.
+/// How to put phrases into words.
 struct Wording {
     /// The text to show for an English one.
     std::function<std::u16string(std::u16string_view english)> text;
-    /// The name as it is put into the pattern, which is in the language of the text already.
+    /// Prepares the name for the pattern, which is already translated.
     std::function<std::u16string(std::u16string_view pattern, std::u16string_view name)> name;
 };
 
-/// English, with names as they are; "?" for an empty one.
+/// English, with unchanged names; "?" for an empty one.
 [[nodiscard]] Wording englishWording();
 
-/// The phrase with all its parts. What a part holds stays as it is, marks like "^1" included; a mark without
-/// a part stays as well.
+/// The phrase with all its parts. Parts are inserted unchanged, even with marks like "^1"; a mark without a
+/// part stays.
 [[nodiscard]] std::u16string inWords(const Phrase& phrase, const Wording& wording);
 
 } // namespace quorvi

@@ -19,7 +19,7 @@ using plist::Value;
 constexpr int kWheelUp = 8;
 constexpr int kWheelDown = 9;
 
-/// The profile's own name stands in each subject.
+/// Each subject contains the profile's name.
 class ProfileComparison {
   public:
     ProfileComparison(const Both& profile, const ComparedTrees& trees, DifferenceList& list)
@@ -31,11 +31,11 @@ class ProfileComparison {
         compareInputs();
         const bool differsInStages = compareStages();
         const Both driver = m_profile.takeDictionaries(keys::driver);
-        compareSwitch(driver, keys::sensitivityDisplay, u"Sensitivity shown on the screen in “^1”");
+        compareSwitch(driver, keys::sensitivityDisplay, u"Sensitivity shown on screen in “^1”");
         compareAcceleration(driver);
         compareApplications(driver);
         compareSwitch(driver, keys::autoSwitch, u"Automatic switching to “^1”");
-        compareSwitch(driver, keys::profileDisplay, u"Name shown on the screen for “^1”");
+        compareSwitch(driver, keys::profileDisplay, u"Name shown on screen for “^1”");
         m_list.addOtherUnlessEqual(driver);
         compareLights();
         m_list.addOtherUnlessEqual(m_profile);
@@ -74,7 +74,7 @@ class ProfileComparison {
         m_list.addOtherUnlessEqual(buttons);
     }
 
-    /// "400, 800 × 1600", as the window's bar has them.
+    /// "400, 800 × 1600", as in the window's bar.
     static Phrase stagesPhrase(const Array& stages) {
         std::u16string text;
         for (std::size_t i = 0; i < stages.size(); ++i) {
@@ -125,7 +125,7 @@ class ProfileComparison {
             return onOrOff(false);
         std::array<char, 16> text{};
         const int length = std::snprintf(text.data(), text.size(), "%.2f", factor);
-        return plainPhrase(toUtf16({text.data(), static_cast<std::size_t>(length)}));
+        return decimalPhrase(toUtf16({text.data(), static_cast<std::size_t>(length)}));
     }
 
     void compareAcceleration(const Both& driver) {
@@ -162,8 +162,8 @@ class ProfileComparison {
                 m_list.add(
                     changePhrase(subject(pattern), onOrOff((was & light) != 0), onOrOff((is & light) != 0)));
         };
-        compareLight(lights::wheel, u"Light on the wheel in “^1”");
-        compareLight(lights::battery, u"Light on the battery indicator in “^1”");
+        compareLight(lights::wheel, u"Wheel light in “^1”");
+        compareLight(lights::battery, u"Battery indicator light in “^1”");
         if ((changed & ~(lights::wheel | lights::battery)) != 0)
             m_list.addOther();
     }
@@ -179,7 +179,7 @@ class ProfileComparison {
 Phrase resolutionPhrase(const Dictionary& stage) {
     const Phrase x = plainPhrase(stage.integer(keys::dpiX));
     return stage.boolean(keys::independentXY)
-               ? patternPhrase(u"X = ^1, Y = ^2 DPI", {x, plainPhrase(stage.integer(keys::dpiY))})
+               ? patternPhrase(u"^1 × ^2 DPI", {x, plainPhrase(stage.integer(keys::dpiY))})
                : patternPhrase(u"^1 DPI", {x});
 }
 

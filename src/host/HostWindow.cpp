@@ -4,6 +4,10 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QScreen>
+#include <QTabWidget>
+
+#include "host/WindowState.h"
 
 namespace quorvi {
 
@@ -40,10 +44,33 @@ HostWindow::HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes)
 }
 
 HostWindow::~HostWindow() {
+    keepState();
     showPane(-1);
     // A pane's view dies with its pane, not with this window.
     for (const auto& pane : m_panes)
         pane->mainView()->setParent(nullptr);
+}
+
+QTabWidget* HostWindow::tabs() const {
+    return m_panes.empty() ? nullptr : m_panes.front()->mainView()->findChild<QTabWidget*>();
+}
+
+void HostWindow::rememberIn(const std::filesystem::path& file) {
+    m_stateFile = file;
+    const auto state = keptWindowState(file);
+    if (!state)
+        return;
+    // One that was kept on a larger screen is to be reached whole.
+    resize(state->size.boundedTo(screen()->availableSize()));
+    m_tabToOpen = state->tab;
+}
+
+void HostWindow::keepState() {
+    const QTabWidget* widget = tabs();
+    // What a maximised window has is the screen's size, not the user's choice.
+    const QSize shown = isMaximized() || isFullScreen() ? normalGeometry().size() : size();
+    if (!m_stateFile.empty() && m_hasBeenDrawn)
+        keepWindowState(m_stateFile, {.size = shown, .tab = widget ? widget->currentIndex() : 0});
 }
 
 void HostWindow::showPane(int index) {
@@ -67,6 +94,10 @@ void HostWindow::showPane(int index) {
 void HostWindow::selectPane() {
     LoadedPane& pane = *m_panes[static_cast<std::size_t>(m_shown)];
     pane.select();
+    // Once: a pane opens on its first tab itself, and comes back as the user left it.
+    const int tab = std::exchange(m_tabToOpen, 0);
+    if (QTabWidget* widget = tabs(); widget && tab > 0 && tab < widget->count())
+        widget->setCurrentIndex(tab);
     // Some styles align the items of menus by the application's direction.
     QGuiApplication::setLayoutDirection(pane.mainView()->layoutDirection());
 }
@@ -90,8 +121,8 @@ void HostWindow::setVisible(bool visible) {
     if (visible && m_shown < 0)
         showPane(0);
     QMainWindow::setVisible(visible);
-    // Behind the window's call to come to the screen, which takes the display a while: the pane looks for its
-    // helper meanwhile. Nothing is drawn before this returns.
+    // After the request to show the window, which takes the display a while: the pane looks for its helper in
+    // the meantime. Nothing is drawn before this returns.
     if (visible && m_shown >= 0)
         selectPane();
 }

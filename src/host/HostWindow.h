@@ -5,10 +5,13 @@
 #include <QMainWindow>
 #include <QStackedWidget>
 
+#include <filesystem>
 #include <memory>
 #include <vector>
 
 #include "host/LoadedPane.h"
+
+class QTabWidget;
 
 namespace quorvi {
 
@@ -21,9 +24,13 @@ class HostWindow : public QMainWindow {
     explicit HostWindow(std::vector<std::unique_ptr<LoadedPane>> panes);
     ~HostWindow() override;
 
-    /// Hides the pane that is shown and shows this one; an index that does not exist shows none.
+    /// Opens as large as the last window that was remembered in the file, with the first pane on the same
+    /// tab, and keeps both there when this one goes. Without a file that can be read it stays as it is. Not
+    /// for a window that is shown already.
+    void rememberIn(const std::filesystem::path& file);
+    /// Hides the shown pane and shows this one; an invalid index shows none.
     void showPane(int index);
-    /// Hands the file to the pane that is shown; the window has to be visible.
+    /// Passes the file to the shown pane; the window must be visible.
     void openFile(const QString& path);
 
     void setVisible(bool visible) override;
@@ -34,7 +41,9 @@ class HostWindow : public QMainWindow {
 
   private:
     void selectPane();
-    /// Gives the window the shown pane's icon. The first time that is done when the window has been drawn,
+    [[nodiscard]] QTabWidget* tabs() const;
+    void keepState();
+    /// Sets the shown pane's icon as the window's. The first time it waits until the window has been drawn,
     /// which saves 1.3 ms of the start.
     void showIcon();
 
@@ -43,6 +52,8 @@ class HostWindow : public QMainWindow {
     QStackedWidget* m_stack;
     int m_shown = -1;
     bool m_hasBeenDrawn = false;
+    int m_tabToOpen = 0;               ///< when the first pane is selected; 0 for none
+    std::filesystem::path m_stateFile; ///< empty when nothing is remembered
 };
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// quorvi-settings: shows preference panes in a window of their own.
+// quorvi-settings: shows preference panes in its own window.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -12,10 +12,11 @@
 
 #include "host/HostWindow.h"
 #include "host/TerminationSignals.h"
+#include "host/WindowState.h"
 
 namespace {
 
-/// The panel's bundle as it lies beside this program, in the build folder or where it is installed.
+/// The panel's bundle next to this program, in the build folder or the installation.
 QStringList defaultBundles() {
     const QString programs = QCoreApplication::applicationDirPath();
     for (const char* place : {"/../KyvarQuorvi.prefPane", "/../lib/kyvar-quorvi/KyvarQuorvi.prefPane"})
@@ -24,9 +25,9 @@ QStringList defaultBundles() {
     return {};
 }
 
-/// What is given on the command line.
+/// The command line's arguments.
 struct Given {
-    QStringList bundles; ///< folders, and what does not exist
+    QStringList bundles; ///< folders, and paths that do not exist
     QStringList files;
 };
 
@@ -40,8 +41,8 @@ Given givenIn(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Reading the fonts' settings takes as long as connecting to the display, and nobody needs them before a
-    // text is measured: 9 ms off this thread. The wait is for two that read them at once, doing it twice.
+    // Reading the fonts' settings takes as long as connecting to the display, and they are first needed to
+    // measure a text: this saves 9 ms on this thread. Wait for it, because two threads would both read them.
     std::jthread fontSettings([] { FcInit(); });
     QApplication application(argc, argv);
     fontSettings.join();
@@ -57,7 +58,8 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);
-    // Likewise the list of fonts (8 ms), while the panel is made; Qt lets one thread make it, the other wait.
+    // Likewise the list of fonts (8 ms), while the panel is made; Qt lets one thread build it and the other
+    // wait.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     const std::jthread fonts([] { (void)QFontDatabase::families(); });
 #endif
@@ -90,6 +92,7 @@ int main(int argc, char** argv) {
     }
     quorvi::quitOnTerminationSignals();
     quorvi::HostWindow window(std::move(panes));
+    window.rememberIn(quorvi::windowStateFile());
     window.show();
     for (const QString& file : given.files)
         window.openFile(QFileInfo(file).absoluteFilePath());

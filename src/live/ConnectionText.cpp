@@ -9,7 +9,7 @@ namespace quorvi {
 
 namespace {
 
-/// One that is not plugged in is in no list of devices, so that nothing is connected by it.
+/// An unplugged mouse is not in the device list, so it does not count as connected.
 bool isConnected(const ListedHelperMouse& mouse) {
     return mouse.inUse && mouse.state != helperinterface::kStateAbsent &&
            mouse.state != helperinterface::kStateRefused && mouse.state != helperinterface::kStateAsking;
@@ -29,7 +29,7 @@ QString connectionTextOf(const HelperNews& helper, const PanelText& text) {
     for (const ListedHelperMouse& mouse : helper.mice)
         if (isConnected(mouse) && !mouse.name.empty())
             names << shownName(QString::fromStdString(mouse.name));
-    return names.isEmpty() ? text("Connected") : shownText(names.join(QStringLiteral(", ")));
+    return names.isEmpty() ? text("Connected") : shownText(joinedText(text("^1, ^2, ^3"), names));
 }
 
 } // namespace quorvi

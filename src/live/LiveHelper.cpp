@@ -18,7 +18,7 @@ LiveHelper::LiveHelper(Panel panel) : m_panel(std::move(panel)), m_view(&m_panel
             m_follower->enableGnomeExtension();
     });
     connect(m_panel.views.listMice, &MiceList::useChosen, this, &LiveHelper::useMouse);
-    // The list may change while the sheet is open, and the button that was clicked go.
+    // The list may change while the sheet is open, and the clicked button disappear.
     connect(
         m_panel.views.listMice, &MiceList::setUpChosen, this, &LiveHelper::setUpMouse, Qt::QueuedConnection);
     connect(
@@ -44,7 +44,7 @@ void LiveHelper::stop() {
     show();
 }
 
-// What is down is not known any more.
+// The pressed inputs are not known any more.
 void LiveHelper::forgetFollower() {
     if (m_setUp)
         m_setUp->setFollower(nullptr);
@@ -80,7 +80,7 @@ void LiveHelper::show() {
     m_panel.views.viewMouse->setReported(anyMouseIsThere(helper));
 }
 
-// The box has changed already; it goes back when the helper does not do it.
+// The check box has already changed; if the helper refuses, it is changed back.
 void LiveHelper::useMouse(const QString& id, bool inUse) {
     if (!m_follower)
         return;
@@ -105,7 +105,7 @@ void LiveHelper::setUpMouse(const QString& id) {
         m_setUp.reset();
 }
 
-// Several changes come at once; they are shown once, when the bus has been dealt with.
+// Several changes arrive together; show them once, after the bus has been processed.
 void LiveHelper::helperStateChanged() {
     if (std::exchange(m_showScheduled, true))
         return;
@@ -126,7 +126,7 @@ void LiveHelper::helperStateChanged() {
 
 void LiveHelper::tellThatUseFailed() {
     show();
-    emit failed(m_panel.text("What you chose for the mouse could not be saved."));
+    emit failed(m_panel.text("Your choice for the mouse could not be saved."));
 }
 
 void LiveHelper::helperInputChanged(const std::string& /*mouse*/, int input, bool pressed) {

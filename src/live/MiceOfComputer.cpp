@@ -24,13 +24,13 @@ MouseLine lineOf(const ListedHelperMouse& mouse, const PanelText& text) {
     const QString name = shownName(QString::fromStdString(mouse.name));
     return {.id = QString::fromStdString(mouse.id),
         .name = name.isEmpty() ? text("Mouse without a name") : name,
-        .detail = details.join(QStringLiteral(" · ")),
+        .detail = joinedText(text("^1 · ^2"), details),
         .inUse = mouse.inUse,
         .canSetUp = canBeSetUp(mouse)};
 }
 
 void showWhatIsFixed(const Ui::KyvarQuorviPane& views, const HelperNews& helper, const PanelText& text) {
-    // A chosen mouse that is not plugged in, or that no service drives, has the simulated one in its place.
+    // The simulated mouse replaces a chosen one that is not plugged in or not driven by a service.
     const auto anyInUse = [&](bool ListedHelperMouse::*isFixed) {
         return helper.hasService && std::ranges::any_of(helper.mice, [&](const ListedHelperMouse& mouse) {
             return canBeSetUp(mouse) && mouse.*isFixed;
@@ -39,19 +39,18 @@ void showWhatIsFixed(const Ui::KyvarQuorviPane& views, const HelperNews& helper,
     const bool fixedRate = anyInUse(&ListedHelperMouse::fixedPollingRate);
     const bool fixedLights = anyInUse(&ListedHelperMouse::fixedLights);
     const QString rateHint = text("No program can set the polling rate of the mouse in use.");
-    const QString lightsHint = text("No program can switch the lights of the mouse in use.");
+    const QString lightsHint = text("No program can control the lights of the mouse in use.");
     views.textPollingHint->setText(
-        fixedRate
-            ? rateHint
-            : text("A higher rate makes the pointer follow more closely, and takes more of the battery."));
-    views.textLightsHint->setText(fixedLights ? lightsHint : text("Each profile has lights of its own."));
-    // Screen readers say it of the controls.
+        fixedRate ? rateHint
+                  : text("A higher rate makes the pointer more responsive, but uses more battery."));
+    views.textLightsHint->setText(fixedLights ? lightsHint : text("Each profile has its own lights."));
+    // Screen readers read it for the controls.
     views.quorviMenuPollingRate->setAccessibleDescription(
-        fixedRate ? rateHint : text("How many times a second the mouse tells the computer where it is."));
+        fixedRate ? rateHint : text("How many times a second the mouse reports its movement."));
     views.quorviBoxLightOnWheel->setAccessibleDescription(
-        fixedLights ? lightsHint : text("Switches the light of the wheel on in this profile."));
+        fixedLights ? lightsHint : text("Turns the wheel light on or off in this profile."));
     views.quorviBoxLightOnBattery->setAccessibleDescription(
-        fixedLights ? lightsHint : text("Switches the light of the battery indicator on in this profile."));
+        fixedLights ? lightsHint : text("Turns the battery indicator light on or off in this profile."));
 }
 
 } // namespace
@@ -79,7 +78,7 @@ QString stateOfMouse(const ListedHelperMouse& mouse, const PanelText& text) {
     if (mouse.state == kStateAbsent)
         return text("Not plugged in");
     if (mouse.state == inputd::kStateWaiting)
-        return text("In use as soon as all its buttons are up");
+        return text("In use once all its buttons are released");
     if (mouse.state == inputd::kStateBusy)
         return text("Taken by another program");
     return mouse.state == inputd::kStateDriven ? text("In use") : QString();

@@ -23,7 +23,7 @@ namespace quorvi {
 
 namespace {
 
-/// Keys that work in the sheet as in every other one, whoever types them.
+/// Keys that work in every sheet, from any device.
 bool belongsToSheets(const QKeyEvent& key) {
     if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return true;
@@ -108,17 +108,17 @@ bool MouseSetUp::isThere() const {
     return mouse && canBeSetUp(*mouse);
 }
 
-/// Why there is nothing to press.
+/// Why no button can be pressed now.
 QString MouseSetUp::hindrance() const {
     const auto& text = m_sheet.text;
     if (!m_follower)
         return text("The background program is not running.");
     if (!m_follower->state().hasService)
-        return text("Somebody else is at the computer, or the service for mice has ended.");
+        return text("Someone else is using the computer, or the service for mice has stopped.");
     const auto* mouse = listed();
     if (!mouse)
         return text("Not plugged in");
-    return mouse->inUse ? stateOfMouse(*mouse, text) : text("It is not in use any more.");
+    return mouse->inUse ? stateOfMouse(*mouse, text) : text("It is no longer in use.");
 }
 
 HelperFollower::Answer MouseSetUp::later(std::function<void(const QString& error)> then) {
@@ -153,8 +153,8 @@ void MouseSetUp::begin() {
     }));
 }
 
-/// A press that the user makes for this sheet. What its left button presses there, or elsewhere on the
-/// screen, is not meant as an answer.
+/// Whether the press is meant for this sheet. A click of the left button on a control, or elsewhere on the
+/// screen, is not an answer.
 bool MouseSetUp::isAimed(std::uint16_t code) const {
     const QDialog& panel = m_sheet.panel;
     if (!panel.isActiveWindow() || !isPointing(code))
@@ -176,7 +176,7 @@ void MouseSetUp::codeChanged(const std::string& mouse, std::uint16_t code, bool 
         return drawing->reportInput(m_steps.inputOf(code), false);
     if (!isAimed(code)) {
         if (m_sheet.panel.isActiveWindow() && m_steps.asked() != 0)
-            show(m_sheet.text("Press with the pointer on this window, beside its buttons."));
+            show(m_sheet.text("Press with the pointer over this window, but not over its buttons."));
         return;
     }
     press(code);
@@ -189,7 +189,7 @@ void MouseSetUp::press(std::uint16_t code) {
     const int input = m_steps.inputOf(code);
     show(input == 0 || m_steps.asked() == 0
              ? QString()
-             : filledText(m_sheet.text("That button is number ^1 already."), {QString::number(input)}));
+             : filledText(m_sheet.text("That button is already number ^1."), {QString::number(input)}));
 }
 
 bool MouseSetUp::eventFilter(QObject* watched, QEvent* event) {
@@ -199,8 +199,8 @@ bool MouseSetUp::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Some mice type keys. Which device a key comes from is not known here, so the helper is asked to take the
-/// mouse's for itself: pressed again, it is told as a button is, and one of a keyboard only comes back here.
+/// Some mice type keys. A key's device is not known here, so the helper is told to capture the mouse's:
+/// pressed again, a mouse's key is reported like a button, while a keyboard's key just arrives here again.
 bool MouseSetUp::takesKey(const QKeyEvent& key) {
     const auto scanCode = key.nativeScanCode();
     if (!m_hasBegun || m_steps.asked() == 0 || belongsToSheets(key) || scanCode <= xkbKeycodeOffset ||
@@ -214,7 +214,7 @@ bool MouseSetUp::takesKey(const QKeyEvent& key) {
         return true;
     }
     m_follower->watchKey(code);
-    show(m_sheet.text("A key was typed. If it was by the mouse, press the same button of it once more."));
+    show(m_sheet.text("A key was pressed. If the mouse did that, press the same mouse button again."));
     return true;
 }
 
@@ -229,12 +229,12 @@ void MouseSetUp::back() {
     show();
 }
 
-/// Nothing when it is out of bounds, 0 when it is empty.
+/// std::nullopt if out of bounds, 0 if empty.
 std::optional<std::uint16_t> MouseSetUp::dpiInField() const {
     const QString text = m_sheet.views.quorviFieldSetUpDpi->text();
     int dpi = 0;
     for (const QChar digit : text)
-        dpi = dpi * 10 + digit.digitValue(); // those of any script; the field takes no more than five
+        dpi = dpi * 10 + digit.digitValue(); // digits of any script; the field accepts at most five
     if (!text.isEmpty() && (dpi < engine::lowestSensorDpi || dpi > engine::highestSensorDpi))
         return std::nullopt;
     return static_cast<std::uint16_t>(dpi);
@@ -269,7 +269,7 @@ void MouseSetUp::saved(const QString& error) {
     if (--m_unanswered > 0)
         return;
     if (m_hasFailed)
-        show(m_sheet.text("What you chose for the mouse could not be saved."));
+        show(m_sheet.text("Your choice for the mouse could not be saved."));
     else
         m_sheet.panel.accept();
 }
@@ -300,7 +300,7 @@ void MouseSetUp::showMarks() {
     marks.setOnly(!m_hasBegun ? 0 : m_steps.asked(), InputMarks::Asked);
 }
 
-/// A button that cannot be pressed any more leaves the keyboard to the next that can.
+/// A button that gets disabled passes the focus to the next enabled one.
 void MouseSetUp::showButtons(bool ready) {
     auto& views = m_sheet.views;
     const QWidget* focused = m_sheet.panel.focusWidget();
@@ -315,18 +315,21 @@ void MouseSetUp::showButtons(bool ready) {
             return button->setFocus();
 }
 
-/// Screen readers tell what changes of the control that has the focus.
+/// Screen readers announce changes of the focused control.
 void MouseSetUp::say(const QString& question, const QString& note) {
     auto& views = m_sheet.views;
     if (views.textSetUpQuestion->text() == question && views.textSetUpNote->text() == note)
         return;
     views.textSetUpQuestion->setText(question);
     views.textSetUpNote->setText(note);
-    const QString said = note.isEmpty() ? question : question + QLatin1Char('\n') + note;
+    const QStringList said = note.isEmpty() ? QStringList(question) : QStringList{question, note};
+    const auto linesWith = [&said](const QString& last) {
+        return (said + QStringList(last)).join(QLatin1Char('\n'));
+    };
     views.quorviSetUpButtonSkip->setAccessibleDescription(
-        said + QLatin1Char('\n') + m_sheet.text("Leaves this number as it was."));
+        linesWith(m_sheet.text("Leaves this number as it was.")));
     views.quorviSetUpButtonDone->setAccessibleDescription(
-        said + QLatin1Char('\n') + m_sheet.text("Keeps what was pressed."));
+        linesWith(m_sheet.text("Saves the numbers you chose.")));
     QAccessibleEvent alert(
         note.isEmpty() ? views.textSetUpQuestion : views.textSetUpNote, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

@@ -23,25 +23,26 @@ bool canSwitchExtensionOn(const HelperNews& helper) {
     return helper.gnomeExtension == "disabled" || helper.gnomeExtension == "off";
 }
 
-/// Why profiles do not switch by themselves here; empty where they do.
+/// Why profiles do not switch automatically here; empty if they do.
 QString hindranceText(const HelperNews& helper, const PanelText& text) {
     if (!helper.followsFront || !helper.frontSource.empty())
         return {};
     if (canSwitchExtensionOn(helper))
-        return text("GNOME tells which application is in front by an extension, which is switched off.");
+        return text(
+            "GNOME needs an extension to report which application is in front, and it is turned off.");
     if (helper.gnomeExtension == "missing")
-        return text("GNOME tells which application is in front by an extension of this panel's. If you have "
+        return text("GNOME needs this panel's extension to report which application is in front. If you have "
                     "just installed it, log out and in again.");
     if (helper.gnomeExtension == "error")
-        return text("GNOME reports an error of the extension that tells which application is in front, so "
-                    "profiles do not switch by themselves.");
+        return text("GNOME reports an error in the extension that tells which application is in front, so "
+                    "profiles do not switch automatically.");
     if (!helper.gnomeExtension.empty())
-        return {}; // it is on, and about to tell
+        return {}; // it is on, and about to report
     if (helper.desktop.empty())
-        return text("This desktop does not tell which application is in front, so profiles do not switch by "
-                    "themselves.");
+        return text("This desktop does not report which application is in front, so profiles do not switch "
+                    "automatically.");
     const QString named =
-        text("^1 does not tell which application is in front, so profiles do not switch by themselves.");
+        text("^1 does not report which application is in front, so profiles do not switch automatically.");
     return filledText(named, {nameFor(named, QString::fromStdString(helper.desktop))});
 }
 
@@ -50,7 +51,7 @@ void showText(QLabel& label, const QString& text) {
     label.setVisible(!text.isEmpty());
 }
 
-/// A button that goes leaves the keyboard to the list, not to whatever comes next.
+/// A button that is hidden passes the focus to the list, not to the next control.
 void showButton(QPushButton& button, bool shown, QWidget& list) {
     const bool hadFocus = button.window()->focusWidget() == &button;
     if (hadFocus && !shown)
@@ -66,6 +67,7 @@ void showRunningProfile(const Ui::KyvarQuorviPane& views, const HelperNews& help
     showText(*views.textFrontHindrance, hindranceText(helper, text));
     showButton(*views.quorviButtonGnomeExtension, helper.frontSource.empty() && canSwitchExtensionOn(helper),
         *views.quorviTableProfiles);
+    views.viewFrontHindrance->setVisible(!views.textFrontHindrance->text().isEmpty());
 }
 
 } // namespace quorvi

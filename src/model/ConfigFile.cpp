@@ -30,10 +30,10 @@ Dictionary contentOf(std::string_view bytes) {
         .dictionary();
 }
 
-/// What was read of a file.
+/// The result of reading a file.
 struct Reading {
-    Data bytes;           ///< none when nothing could be read, which an empty file is no better than
-    bool refused = false; ///< there is something that could not be read, perhaps only this time
+    Data bytes;           ///< empty if nothing could be read; an empty file counts the same
+    bool refused = false; ///< a file exists but could not be read, perhaps only this time
 };
 
 Reading readingOf(const fs::path& path) {
@@ -47,10 +47,10 @@ Reading readingOf(const fs::path& path) {
     return reading;
 }
 
-/// The tree that both the content's writer and this party want, and whether something of theirs is not in it.
+/// The content's tree merged with ours, and whether some of their changes are missing in it.
 struct Joined {
     Dictionary tree;
-    bool changed = false; ///< it is another than the one that was given
+    bool changed = false; ///< the tree differs from ours
     bool loses = false;
 };
 
@@ -60,7 +60,7 @@ Joined join(const Value& base, const Dictionary& ours, const Value& theirs) {
     return {changed ? merged.tree : ours, changed, merged.conflict};
 }
 
-/// The same, but where both have changed the same thing theirs, which are the later ones.
+/// The same, but in a conflict their change wins, being the later one.
 Joined joinLater(const Value& base, const Dictionary& ours, const Value& theirs) {
     auto merged = mergeSettings(base, theirs.dictionary(), ours);
     return {merged.tree, Value(merged.tree) != Value(ours), merged.conflict};
@@ -72,10 +72,11 @@ std::size_t hashOf(std::string_view bytes) {
 
 } // namespace
 
-/// The contents for one save, each made over what is there by then.
+/// The contents for one save, each based on the file's present content.
 class ConfigFile::Save final : public ContentSource {
   public:
-    Save(const ConfigFile& file, const Dictionary& tree) : m_file(file), m_ours(tree) {}
+    Save(const ConfigFile& file, const Dictionary& tree, std::string room)
+        : m_file(file), m_ours(tree), m_room(std::move(room)) {}
 
     std::optional<NewContent> contentOver(const Found& there) override {
         m_next = {m_ours};
@@ -83,7 +84,7 @@ class ConfigFile::Save final : public ContentSource {
         bool keeps = false;
         m_tells = false;
         if (there.kind == Found::Kind::unreadable) {
-            m_content = m_file.m_content; // the keys of others are as they were
+            m_content = m_file.m_content; // the other programs' keys are unchanged
             keeps = true;
             m_tells = m_file.m_knowledge == Knowledge::tree;
         } else if (isKnown(there.bytes)) {
@@ -97,7 +98,7 @@ class ConfigFile::Save final : public ContentSource {
         if (!m_content)
             m_content = Dictionary::create();
         m_content.set(m_file.m_key, m_next.tree);
-        auto xml = plist::writeXml(m_content);
+        auto xml = plist::writeXml(m_content, std::move(m_room));
         m_content.set(m_file.m_key, false); // the tree is its owner's alone
         if (!xml)
             return std::nullopt;
@@ -107,7 +108,7 @@ class ConfigFile::Save final : public ContentSource {
 
     bool takeIn(const Found& between) override {
         const auto theirs = contentOf(textOf(between.bytes)).value(m_file.m_key);
-        // Whoever wrote it knew what the content was made over.
+        // Its writer had seen the content that ours was based on.
         const Value base = m_overTree.isNothing() ? m_file.base() : m_overTree;
         const bool isLater = std::exchange(m_wasPlaced, true);
         m_placedTree = contentOf(m_written).value(m_file.m_key);
@@ -137,10 +138,10 @@ class ConfigFile::Save final : public ContentSource {
         return KyvarValidateConfig(tree.dictionary(), m_file.m_minimumVersion);
     }
 
-    /// Joins the tree with the content's. Whether the file is to be kept.
+    /// Merges the tree with the content's. Returns whether the file must be kept.
     bool joinWith(const Data& bytes) {
         if (bytes.empty() || (m_content && !m_content.has(m_file.m_key)))
-            return false; // nobody's settings
+            return false; // an empty file, or one without settings
         if (m_file.m_knowledge == Knowledge::nothing && !m_wasPlaced)
             return !m_content;
         const Value base = m_wasPlaced ? m_placedTree : m_file.base();
@@ -158,8 +159,8 @@ class ConfigFile::Save final : public ContentSource {
         return m_next.loses;
     }
 
-    /// What was written over a content of this save knows that one, but not what was taken in since: that
-    /// is the older of the two.
+    /// A program that replaced a content of this save has seen that content, but not the changes taken in
+    /// since: that content is the older of the two.
     bool joinWithLater(const Value& base, const Value& theirs) {
         m_next = joinLater(base, m_ours, theirs);
         m_losesTakenIn = m_losesTakenIn || m_next.loses;
@@ -171,10 +172,11 @@ class ConfigFile::Save final : public ContentSource {
     Dictionary m_ours;
     Joined m_next;
     Dictionary m_content;
+    std::string m_room;       ///< for the content that is to come
     std::string m_written;    ///< the content given last
-    bool m_wasPlaced = false; ///< that one, or one before, has been in the file in this save
+    bool m_wasPlaced = false; ///< this content, or an earlier one of this save, has been in the file
     Value m_placedTree;
-    Value m_overTree; ///< what the content given last has joined; nothing for the known tree
+    Value m_overTree; ///< the tree merged into the last content; isNothing() for the known tree
     bool m_losesTakenIn = false;
     bool m_tookOver = false;
     bool m_tells = false;
@@ -201,13 +203,12 @@ bool ConfigFile::save(const Dictionary& tree, Durability durability) {
     m_tookChangesOver = false;
     if (m_key.empty() || !tree || m_path.empty())
         return fail(EINVAL);
-    Save save(*this, tree);
+    Save save(*this, tree, std::exchange(m_room, {}));
     const auto replacement = replaceSharedFile(m_path, save, m_calls, durability);
     m_error = replacement.error == ECANCELED ? EINVAL : replacement.error;
     if (replacement.kept && save.tells())
         m_kept = replacement.kept;
-    // What could not be brought to the disk may be in the file all the same, and is no change of somebody
-    // else.
+    // Bytes that failed to sync may be in the file anyway; do not treat them as another program's change.
     if (m_error == 0 || (!save.written().empty() && holds(save.written()))) {
         m_tookChangesOver = save.tookOver();
         const auto& merged = save.tree();
@@ -230,7 +231,8 @@ bool ConfigFile::holdsAnotherTree(std::int32_t minimumVersion) {
         return false;
     if (Value(tree) != base())
         return true;
-    remember(std::string(textOf(bytes)), content, tree, Knowledge::tree); // only keys of others have changed
+    remember(std::string(textOf(bytes)), content, tree, Knowledge::tree); // only other programs' keys have
+                                                                          // changed
     return false;
 }
 
@@ -241,6 +243,7 @@ std::optional<fs::path> ConfigFile::takeKeptCopy() {
 void ConfigFile::forget() {
     m_knowledge = Knowledge::nothing;
     m_bytes = {};
+    m_room = {};
     m_largeSize = 0;
     m_content = {};
     m_base = {};
@@ -278,9 +281,9 @@ void ConfigFile::remember(
         rememberBase(tree);
         return;
     }
-    m_bytes = std::move(bytes);
+    m_room = std::exchange(m_bytes, std::move(bytes));
     m_content = content;
-    // In its place the key stays, so that it is written where it was.
+    // Keep the key at its place, so that it is written there.
     if (content.has(m_key))
         content.set(m_key, false);
 }
@@ -295,7 +298,7 @@ void ConfigFile::rememberBase(const Value& tree) {
 
 namespace {
 
-/// A change over what is there; what comes between is joined with it.
+/// A change to the present content; content written in between is merged with it.
 class Change final : public ContentSource {
   public:
     Change(std::string_view key, const std::function<bool(const Dictionary&)>& change)

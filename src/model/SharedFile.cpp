@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kOwnerOnly = 0600;
 
-/// A program that writes without a pause, and takes no lock, is not waited out for ever.
+/// Limits the attempts against a program that writes continuously without the lock.
 constexpr int kAttempts = 50;
 constexpr int kCopyNames = 100;
 
@@ -39,7 +39,7 @@ class Replacing {
         result.error = replace(source);
         m_lock.release();
         if (!m_takenIn.empty())
-            m_copy = m_takenIn.back(); // no content has all of it
+            m_copy = m_takenIn.back(); // no content includes all of it
         if (!m_copy.empty()) {
             makeCopyOneOwns();
             removeOldestCopies(m_target, m_copy, m_calls);
@@ -56,7 +56,7 @@ class Replacing {
 
     int replace(ContentSource& source) {
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            // Whoever was too late once writes under the lock, so that nobody who takes it can be first
+            // After one lost race write under the lock, so that no other writer that takes it can be first
             // again.
             if (attempt > 0)
                 m_lock.take();
@@ -88,7 +88,8 @@ class Replacing {
         if (!write(temporary, content.bytes) || (content.keepsOld && !syncOld()))
             return Step::failed;
         m_lock.take();
-        if (!m_there.isAt(m_folder.file(), m_name))
+        // What comes out by the exchange is looked at as well, and byte by byte.
+        if (!m_there.isProbablyAt(m_folder.file(), m_name))
             return Step::somethingElseWasThere;
         const Step step = m_there.found.kind == Found::Kind::nothing ? putWhereNothingIs(temporary)
                           : content.keepsOld                         ? putAndKeepOld(temporary)
@@ -106,21 +107,21 @@ class Replacing {
             if (!temporary.sync())
                 return false;
         } else {
-            // A file system that does so by itself for a file that replaces another does not for one that
-            // exchanges its name with another.
+            // File systems that do this on their own when a file is replaced do not do it when names are
+            // exchanged.
             temporary.beginSync();
         }
         return temporary.close();
     }
 
-    /// What is kept is to be on the disk before its name changes.
+    /// Syncs the kept file before its name changes.
     [[nodiscard]] bool syncOld() const {
         const int file = uninterrupted([&] {
             return ::openat(
                 m_folder.file(), m_name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
         });
         if (file < 0)
-            return true; // without the right to read it there is no way to sync it either
+            return true; // a file that cannot be read cannot be synced either
         const bool synced = syncToDisk(m_calls, file);
         const int error = errno;
         m_calls.close(file);
@@ -140,13 +141,18 @@ class Replacing {
 
     Step putOverOld(TemporaryFile& temporary) {
         if (!temporary.exchangeWith(m_name))
-            return isUnknownCall(errno) ? putInPlaceOf(temporary) : lost(errno);
+            return isUnknownCall(errno) ? putOverUnlooked(temporary) : lost(errno);
         if (m_there.isAt(m_folder.file(), temporary.name()))
             return Step::done; // the old file goes away with the temporary one's name
         return keepWhatCameOut(temporary);
     }
 
-    /// What came out is not to go away with the temporary file, whatever happens next.
+    /// Where names cannot be exchanged, so that no old file comes out.
+    Step putOverUnlooked(TemporaryFile& temporary) {
+        return m_there.isAt(m_folder.file(), m_name) ? putInPlaceOf(temporary) : Step::somethingElseWasThere;
+    }
+
+    /// The file that came out must not be removed with the temporary file, whatever happens next.
     Step keepWhatCameOut(TemporaryFile& temporary) {
         m_cameOut = Sighting::of(m_folder.file(), temporary.name());
         static_cast<void>(takeNameOfCopy(temporary));
@@ -155,8 +161,7 @@ class Replacing {
         return Step::somethingElseCameOut;
     }
 
-    // The new file gets the copy's name before the exchange: at no moment is the old one without a name that
-    // stays.
+    // The new file gets the copy's name before the exchange: so the old file always has a permanent name.
     Step putAndKeepOld(TemporaryFile& temporary) {
         if (!takeNameOfCopy(temporary))
             return Step::failed;
@@ -173,7 +178,8 @@ class Replacing {
         return Step::somethingElseCameOut;
     }
 
-    /// Where names cannot be exchanged. By a second name if it may have one, so that it is under one always.
+    /// For file systems that cannot exchange names. Uses a hard link if possible, so that the old file always
+    /// has a name.
     Step moveOldAndPut(TemporaryFile& temporary) {
         const auto copy = nameOfNextCopy(m_target);
         if (!copy)
@@ -198,8 +204,7 @@ class Replacing {
         return temporary.takePlaceOf(m_name) ? Step::done : Step::failed;
     }
 
-    /// What a failed change of names means: when one of the two is not there any more, somebody else was
-    /// quicker.
+    /// What a failed change of names means: if one of the two no longer exists, another program was faster.
     static Step lost(int error) { return error == ENOENT ? Step::somethingElseWasThere : Step::failed; }
 
     /// Another process may choose the same name for a copy.
@@ -226,14 +231,14 @@ class Replacing {
             m_copy = m_cameOutAs;
     }
 
-    /// What others had put there is in the file now.
+    /// Other programs' content is now in the file.
     void forgetTakenIn() {
         for (const std::string& name : m_takenIn)
             m_calls.unlinkat(m_folder.file(), name.c_str());
         m_takenIn.clear();
     }
 
-    /// Its content is nobody else's affair. Of another user's file that is up to them.
+    /// Makes the copy private, unless it belongs to another user.
     void makeCopyOneOwns() const {
         struct stat status {};
         if (::fstatat(m_folder.file(), m_copy.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -251,7 +256,7 @@ class Replacing {
     Sighting m_there;
     Sighting m_cameOut;
     std::string m_cameOutAs;
-    std::vector<std::string> m_takenIn; ///< copies of what is in the content that is to come
+    std::vector<std::string> m_takenIn; ///< copies of files that the next content will include
     std::string m_copy;                 ///< the copy that stays; empty for none
 };
 

@@ -17,7 +17,7 @@ namespace {
 
 class OpenFile {
   public:
-    // Not blocking: opening a FIFO waits for a writer, before there is anything to look at.
+    // Non-blocking: opening a FIFO waits for a writer.
     OpenFile(int folder, const std::string& name)
         : m_file(uninterrupted([&] {
               return ::openat(
@@ -40,14 +40,14 @@ class OpenFile {
     int m_file;
 };
 
-/// 0, or the error that something that is no regular file is.
+/// 0, or the error for a file that is not regular.
 int errorOf(const struct stat& status) {
     if (S_ISREG(status.st_mode))
         return 0;
     return S_ISDIR(status.st_mode) ? EISDIR : ENXIO;
 }
 
-/// False when it cannot be read to its end.
+/// Returns false if it cannot be read to its end.
 bool readWhole(const OpenFile& file, plist::Data& bytes, std::size_t size) {
     bytes.resize(size);
     std::size_t done = 0;
@@ -67,6 +67,12 @@ bool isSameTime(const timespec& a, const timespec& b) {
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
+/// Nothing is known of its bytes but how many there are, and when they were written.
+bool isSameFile(const struct stat& a, const struct stat& b) {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+           isSameTime(a.st_mtim, b.st_mtim);
+}
+
 } // namespace
 
 Sighting Sighting::of(int folder, const std::string& name) {
@@ -82,7 +88,7 @@ Sighting Sighting::of(int folder, const std::string& name) {
     if (sighting.error != 0)
         return sighting;
     if (!file.isOpen() && (openError == ENOENT || openError == EMFILE || openError == ENFILE)) {
-        sighting.error = openError == ENOENT ? 0 : openError; // gone, and there again: the next look tells
+        sighting.error = openError == ENOENT ? 0 : openError; // removed and recreated: the next look decides
         return sighting;
     }
     const auto size = static_cast<std::uint64_t>(sighting.status.st_size);
@@ -92,14 +98,21 @@ Sighting Sighting::of(int folder, const std::string& name) {
     return sighting;
 }
 
+bool Sighting::isProbablyAt(int folder, const std::string& name) const {
+    struct stat now {};
+    const bool isUntouched = found.kind == Found::Kind::readable &&
+                             ::fstatat(folder, name.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 &&
+                             isSameFile(now, status) && isSameTime(now.st_ctim, status.st_ctim);
+    return isUntouched || isAt(folder, name);
+}
+
 bool Sighting::isAt(int folder, const std::string& name) const {
     struct stat now {};
     if (found.kind != Found::Kind::readable) {
         const bool exists = ::fstatat(folder, name.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0;
         if (found.kind == Found::Kind::nothing)
             return !exists && errno == ENOENT;
-        return exists && now.st_dev == status.st_dev && now.st_ino == status.st_ino &&
-               now.st_size == status.st_size && isSameTime(now.st_mtim, status.st_mtim);
+        return exists && isSameFile(now, status);
     }
     const OpenFile file(folder, name);
     if (!file.isOpen() || !file.status(now) || !S_ISREG(now.st_mode) ||

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QTabWidget>
 
 namespace quorvi {
@@ -20,13 +21,13 @@ bool isOneOf(const QWidget* view) {
     return (... || (qobject_cast<const Kinds*>(view) != nullptr));
 }
 
-/// An inactive text has the colour that the theme gives to disabled ones. An active text has no colour of its
-/// own and follows the theme.
+/// An inactive text has the theme's colour for disabled ones; an active one follows the theme.
 void recolour(QLabel* label, bool active) {
     QPalette palette;
     if (!active)
-        palette.setBrush(QPalette::WindowText,
-            QApplication::palette(label).brush(QPalette::Disabled, QPalette::WindowText));
+        for (const auto role : {QPalette::WindowText, QPalette::PlaceholderText}) // the second is of hints
+            palette.setBrush(
+                role, QApplication::palette(label).brush(QPalette::Disabled, QPalette::WindowText));
     label->setPalette(palette);
 }
 
@@ -38,7 +39,8 @@ bool isControl(const QWidget* view) {
 } // namespace
 
 void makeViewActive(QWidget* view, bool active) {
-    if (!view)
+    // What cannot be changed can be looked at.
+    if (!view || qobject_cast<QScrollBar*>(view))
         return;
     if (auto* tabs = qobject_cast<QTabWidget*>(view)) {
         for (int index = 0; index < tabs->count(); ++index)

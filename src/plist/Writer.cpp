@@ -1,6 +1,7 @@
 #include "plist/Writer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Unicode.h"
 #include "plist/Carried.h"
@@ -12,7 +13,7 @@ namespace quorvi::plist {
 
 namespace {
 
-/// What libplist writes for one scalar, without what stands around it; empty when it cannot write it.
+/// libplist's text for one scalar, without the document around it; empty if libplist cannot write it.
 std::string libplistText(plist_t node) {
     char* text = nullptr;
     std::uint32_t length = 0;
@@ -26,10 +27,12 @@ std::string libplistText(plist_t node) {
     return std::string(content);
 }
 
-/// Writes a tree and counts what reading it back will cost, as isBoundedXml does of a text that is there.
-/// Each function is false when the value cannot be written or read.
+/// Writes a tree and counts the cost of reading it back, as isBoundedXml does for a finished text. Each
+/// function returns false if the value cannot be written or read back.
 class Writer {
   public:
+    explicit Writer(std::string room) : m_xml(std::move(room)) {}
+
     // NOLINTNEXTLINE(misc-no-recursion): the depth is bounded, by which a container within itself ends
     bool put(const Value& value) {
         ++m_cost.nodes;
@@ -87,8 +90,9 @@ class Writer {
         if (!m_cost.isBearable())
             return false;
         const auto hasPlainKey = [](const Entry& entry) { return isPlain(entry.key); };
-        const bool plain = std::all_of(v.entries().begin(), v.entries().end(), hasPlainKey);
-        return putDictionary(plain ? v : withWritableKeys(v));
+        if (std::all_of(v.entries().begin(), v.entries().end(), hasPlainKey))
+            return putDictionary(v);
+        return putDictionary(withWritableKeys(v));
     }
 
     bool putDictionary(const Dictionary& v) {
@@ -133,8 +137,8 @@ class Writer {
         return std::all_of(key.begin(), key.end(), [](char c) { return c >= ' ' && c <= '~'; });
     }
 
-    /// Keys are UTF-8 by contract, but whoever set one may have taken it from anywhere. Of those that come
-    /// out equal, the later one counts.
+    /// Keys are UTF-8 by contract, but they may come from anywhere. If two are equal after conversion, the
+    /// later one counts.
     static Dictionary withWritableKeys(const Dictionary& v) {
         auto result = Dictionary::create();
         result.reserve(v.size());
@@ -149,9 +153,9 @@ class Writer {
 
 } // namespace
 
-std::optional<std::string> writeXml(const Value& value) {
+std::optional<std::string> writeXml(const Value& value, std::string room) {
     const NumericScope scope;
-    Writer writer;
+    Writer writer(std::move(room));
     return writer.put(value) ? std::move(writer).finish() : std::nullopt;
 }
 

@@ -8,20 +8,15 @@ namespace quorvi::plist {
 
 namespace {
 
-std::string_view entityFor(char c) {
-    switch (c) {
-    case '<':
-        return "&lt;";
-    case '>':
-        return "&gt;";
-    case '&':
-        return "&amp;";
-    default:
-        return {};
-    }
+bool isEscaped(char c) {
+    return c == '<' || c == '>' || c == '&';
 }
 
-/// Four characters for each three bytes, the last of them filled up with '='.
+std::string_view entityFor(char c) {
+    return c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&amp;";
+}
+
+/// Four characters for each three bytes, the last ones padded with '='.
 void appendBase64(std::string& text, const std::uint8_t* bytes, std::size_t count) {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     for (std::size_t i = 0; i < count; i += 3) {
@@ -48,23 +43,23 @@ XmlText::Escaped XmlText::escaped(std::string_view startTag, std::string_view ut
     m_text += startTag;
     const std::size_t start = m_text.size();
     std::size_t entities = 0;
-    std::size_t written = 0;
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        const std::string_view entity = entityFor(utf8[i]);
-        if (entity.empty())
-            continue;
-        m_text.append(utf8.substr(written, i - written)).append(entity);
-        written = i + 1;
+    for (;;) { // most texts have nothing to escape
+        const auto plain =
+            static_cast<std::size_t>(std::find_if(utf8.begin(), utf8.end(), isEscaped) - utf8.begin());
+        m_text += utf8.substr(0, plain);
+        if (plain == utf8.size())
+            break;
+        m_text += entityFor(utf8[plain]);
+        utf8.remove_prefix(plain + 1);
         ++entities;
     }
-    m_text += utf8.substr(written);
     const std::size_t length = m_text.size() - start;
     m_text.append(endTag).push_back('\n');
     return {entities, length};
 }
 
 void XmlText::data(const Data& bytes) {
-    // Lines of 76 columns, a tab counted as eight; beyond the eighth level they move no further.
+    // Lines of 76 columns, a tab counted as eight; beyond the eighth level the indent stays the same.
     const std::size_t inset = std::min<std::size_t>(m_depth, 8);
     const std::size_t bytesPerLine = (76 - 8 * inset) / 4 * 3;
     line("<data>");

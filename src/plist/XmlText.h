@@ -1,16 +1,17 @@
-// The text of an XML property list while it is written. Private to this library.
+// The text of an XML property list being written. Private to this library.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "plist/Value.h"
 
 namespace quorvi::plist {
 
-/// Writes line after line exactly as libplist does, each as far in as the depth says.
+/// Writes lines exactly as libplist does, indented by depth.
 class XmlText {
   public:
     static constexpr std::string_view kProlog = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -19,14 +20,15 @@ class XmlText {
                                                 "<plist version=\"1.0\">\n";
     static constexpr std::string_view kEpilog = "</plist>\n";
 
-    XmlText() : m_text(kProlog) {}
+    /// Writes into the room, over what stands there.
+    explicit XmlText(std::string room) : m_text(std::move(room)) { m_text = kProlog; }
 
-    /// A line that stands as it is.
+    /// A line written unchanged.
     void line(std::string_view content) {
         indent(m_depth);
         m_text.append(content).push_back('\n');
     }
-    /// The start tag of a container; what follows is one deeper.
+    /// The start tag of a container; the next lines are one level deeper.
     void open(std::string_view startTag) {
         line(startTag);
         ++m_depth;
@@ -37,7 +39,7 @@ class XmlText {
     }
     void integer(std::int64_t number);
 
-    /// What stands between the tags.
+    /// The content between the tags.
     struct Escaped {
         std::size_t entities;
         std::size_t length;

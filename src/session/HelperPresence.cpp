@@ -1,4 +1,4 @@
-// Whether the helper application runs: it is started where it does not, and the user is told.
+// Tracks whether the helper application runs, starts it if not, and shows its state.
 
 #include <utility>
 
@@ -48,7 +48,7 @@ std::string HelperLink::application() const {
 void HelperLink::start() {
     if (findProcess(kHelperName, nullptr) != noErr)
         launch();
-    // Running or not, it is to start with every session from now on.
+    // Running or not, it must start with every session from now on.
     AddLoginItem(m_panel.loginItems, application(), std::nullopt, false, true, nullptr);
 }
 
@@ -88,9 +88,9 @@ void HelperLink::follow() {
     ProcessSerialNumber helper;
     const Status found = findProcess(kHelperName, &helper);
     if (found == errAETimeout)
-        return; // a bus that is busy says neither
+        return; // a busy bus answers neither
     if (std::exchange(m_helper, helper) != helper)
-        m_listHasCome = false; // what another one knows of the mouse is yet to be heard
+        m_listHasCome = false; // another helper's list has not arrived yet
     if (m_panel.bus)
         m_live->follow(*m_panel.bus, helper);
     m_isStarting = m_isStarting && found != noErr;
@@ -103,7 +103,7 @@ void HelperLink::tellWhetherGone() {
     if (m_isGone)
         m_panel.context.notices.tell(Notice::helperGone,
             m_panel.context.text("The background program is not running. Changes are saved and reach the "
-                                 "mouse when it is back."),
+                                 "mouse when it runs again."),
             NoticeSign::warning);
     else
         m_panel.context.notices.withdraw(Notice::helperGone);
@@ -111,8 +111,8 @@ void HelperLink::tellWhetherGone() {
 
 void HelperLink::bringBack() {
     follow();
-    // A program takes a while to start: in a drag, which saves all the time, that would be felt. Without a
-    // bus it would end at once.
+    // Starting a program takes a while, which would be noticeable in a drag with its constant saves. Without
+    // a bus it would end at once.
     if (m_isOpen && m_isGone && !m_isStarting && !m_panel.userIsDragging() && m_panel.bus &&
         m_panel.bus->isConnected())
         launch();
@@ -121,8 +121,8 @@ void HelperLink::bringBack() {
 void HelperLink::tellOfSave() {
     const std::int32_t profile = m_panel.context.document.profileIndex();
     Status told = sendMessage(kMessageSettingsSaved, profile);
-    // A bus that is too busy to say who the helper is still carries what the known one is sent. Where another
-    // has taken its place meanwhile, that one reads the file as it starts.
+    // A bus too busy to look up the helper still delivers messages to the known one. If another has replaced
+    // it, that one reads the file when it starts.
     if (told == errAETimeout)
         told = m_panel.bus->send(m_helper, makeCommand(kMessageSettingsSaved, profile));
     if (told != noErr)
@@ -137,7 +137,7 @@ QString HelperLink::connectionText() const {
         return text("Looking for the mouse…");
     return m_panel.context.document.hasDevice()
                ? m_live->connectionText()
-               : text("Switch the mouse on, and plug its cable or its receiver in.");
+               : text("Switch the mouse on and plug in its cable or receiver.");
 }
 
 } // namespace quorvi

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Pattern.h"
 #include "base/Unicode.h"
 #include "model/Keys.h"
 
@@ -46,9 +47,9 @@ std::string textOf(
         auto name = profiles.dictionary(running.profile - 1U).string(keys::name);
         if (name.empty())
             name = localized(u"Default Profile");
-        return toUtf8(localized(u"Profile:") + u' ' + shownName(std::move(name)));
+        return toUtf8(filledPattern(localized(u"Profile: ^1"), {shownName(std::move(name))}));
     }
-    auto text = localized(running.dpiX == running.dpiY ? u"%d DPI" : u"X = %d, Y = %d DPI");
+    auto text = localized(running.dpiX == running.dpiY ? u"%d DPI" : u"%d × %d DPI");
     putNumber(text, running.dpiX);
     if (running.dpiX != running.dpiY)
         putNumber(text, running.dpiY);
