@@ -2,6 +2,9 @@
 
 #include <QEvent>
 #include <QPointer>
+#include <QToolTip>
+
+#include <array>
 
 #include "widgets/InputLines.h"
 
@@ -9,16 +12,17 @@ namespace quorvi {
 
 namespace {
 
-// Tells the drawing which input the pop-up under the pointer or with the focus belongs to.
+// Marks the input on the drawing whose pop-up or name is under the pointer or whose pop-up has the focus.
 class InputMarker : public QObject {
   public:
-    InputMarker(QWidget& popUp, MouseView& mouse, int input)
+    InputMarker(QWidget& popUp, QWidget& name, MouseView& mouse, int input)
         : QObject(&popUp), m_mouse(&mouse), m_input(input) {
         popUp.installEventFilter(this);
+        name.installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!m_mouse) // the panel goes, and takes the focus from the pop-up after the drawing
+        if (!m_mouse) // the pop-up loses the focus after the drawing is destroyed with the panel
             return QObject::eventFilter(watched, event);
         switch (event->type()) {
         case QEvent::Enter:
@@ -40,22 +44,36 @@ class InputMarker : public QObject {
     int m_input;
 };
 
+/// Opens it, or says why it cannot be opened.
+void openPopUp(PopUpButton& popUp, const MouseView& mouse, int input) {
+    if (popUp.isEnabled()) {
+        popUp.setFocus(Qt::MouseFocusReason);
+        popUp.showPopup();
+    } else if (mouse.isEnabled()) {
+        QToolTip::showText(mouse.mapToGlobal(mouse.middleOfInput(input).toPoint()), popUp.toolTip(), &popUp);
+    }
+}
+
 } // namespace
 
 void connectInputs(const Ui::KyvarQuorviPane& ui) {
     const std::array popUps{ui.quorviMenuTop1, ui.quorviMenuTop2, ui.quorviMenuTop3, ui.quorviMenuTop4,
         ui.quorviMenuTop5, ui.quorviMenuTop6, ui.quorviMenuTop7, ui.quorviMenuTop8, ui.quorviMenuTop9};
+    const std::array names{ui.labelInput1, ui.labelInput2, ui.labelInput3, ui.labelInput4, ui.labelInput5,
+        ui.labelInput6, ui.labelInput7, ui.labelInput8, ui.labelInput9};
     InputLines::Controls controls{};
     for (int input = 1; input <= mouseInputs; ++input) {
         PopUpButton* popUp = popUps.at(std::size_t(input - 1));
         controls.at(std::size_t(input - 1)) = popUp;
-        new InputMarker(*popUp, *ui.viewMouse, input); // the pop-up's
+        new InputMarker(*popUp, *names.at(std::size_t(input - 1)), *ui.viewMouse, input); // the pop-up's
     }
     new InputLines(*ui.viewMouse, controls); // their page's
-    QObject::connect(ui.viewMouse, &MouseView::inputClicked, ui.viewMouse, [controls](int input) {
-        auto* popUp = qobject_cast<PopUpButton*>(controls.at(std::size_t(input - 1)));
-        popUp->setFocus(Qt::MouseFocusReason);
-        popUp->showPopup();
+    MouseView& mouse = *ui.viewMouse;
+    QObject::connect(&mouse, &MouseView::inputClicked, &mouse,
+        [popUps, &mouse](int input) { openPopUp(*popUps.at(std::size_t(input - 1)), mouse, input); });
+    QObject::connect(&mouse.marks(), &InputMarks::changed, &mouse, [names, &mouse] {
+        for (int input = 1; input <= mouseInputs; ++input)
+            names.at(std::size_t(input - 1))->setMarked(mouse.isEnabled() && mouse.marks().isMarked(input));
     });
 }
 

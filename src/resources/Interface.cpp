@@ -6,36 +6,20 @@
 #include <array>
 #include <memory>
 
+#include "resources/Gaps.h"
 #include "resources/Inputs.h"
+#include "resources/TextRoles.h"
 #include "widgets/InputLines.h"
+#include "widgets/ListButtonRow.h"
+#include "widgets/NumberField.h"
 #include "widgets/SymbolIcon.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr qreal kHeadingScale = 1.35;
-constexpr qreal kNoteScale = 0.9;
-
-// The fonts follow the desktop's font, which an interface file cannot say.
-void scaleFonts(const QWidget& view) {
-    for (QWidget* widget : view.findChildren<QWidget*>()) {
-        const bool heading = widget->property("heading").toBool();
-        if (!heading && !widget->property("note").toBool())
-            continue;
-        QFont font = widget->font();
-        const qreal scale = heading ? kHeadingScale : kNoteScale;
-        if (font.pointSizeF() > 0)
-            font.setPointSizeF(font.pointSizeF() * scale);
-        else // the desktop gives its font in pixels
-            font.setPixelSize(qRound(font.pixelSize() * scale));
-        font.setBold(heading);
-        widget->setFont(font);
-    }
-}
-
-// A layout asks a wrapped text for the height that it needs, but not for the least one of its window, and Qt
-// opens a window no higher than two thirds of the screen.
+// A layout queries a wrapped text's height, but not for the window's minimum size, and Qt opens a window no
+// higher than two thirds of the screen.
 class TextHeights : public QObject {
   public:
     using QObject::QObject;
@@ -48,21 +32,36 @@ class TextHeights : public QObject {
     }
 };
 
-void widenButtons(const QWidget& view) {
-    for (QPushButton* button : view.findChildren<QPushButton*>())
-        widenButton(*button);
+/// Texts that change have their room from the start, so that nothing around them moves.
+void reserveLines(QLabel& label) {
+    if (const int lines = label.property("lines").toInt(); lines > 0)
+        label.setMinimumHeight(lines * label.fontMetrics().lineSpacing());
 }
 
-/// Texts that change have their room from the start, so that nothing around them moves.
-void reserveLines(const QWidget& view) {
-    for (QLabel* label : view.findChildren<QLabel*>())
-        if (const int lines = label->property("lines").toInt(); lines > 0)
-            label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
+/// The row gives it its place.
+bool isInRow(const QWidget& button) {
+    return qobject_cast<const ListButtonRow*>(button.parentWidget()) != nullptr;
+}
+
+/// What an interface file cannot say: fonts and measures that follow the desktop, in one walk.
+void finish(const QWidget& view) {
+    for (QObject* part : view.findChildren<QObject*>()) {
+        if (auto* layout = qobject_cast<QLayout*>(part))
+            setGaps(*layout);
+        if (!part->isWidgetType())
+            continue;
+        setTextRole(*static_cast<QWidget*>(part));
+        if (auto* label = qobject_cast<QLabel*>(part))
+            reserveLines(*label);
+        else if (auto* button = qobject_cast<QPushButton*>(part); button && !isInRow(*button))
+            widenButton(*button);
+    }
 }
 
 template <typename PanelUi>
 QDialog* addPanel(QWidget& owner, PanelUi& ui) {
     auto panel = std::make_unique<QDialog>(&owner);
+    setMutedColours(*panel); // windows take no colours from what they belong to
     ui.setupUi(panel.get());
     return panel.release();
 }
@@ -75,16 +74,20 @@ void setSymbols(const QWidget& view) {
     static constexpr std::array symbols{
         ButtonSymbol{"quorviButtonUndo", Symbol::Undo},
         ButtonSymbol{"quorviButtonRedo", Symbol::Redo},
+        ButtonSymbol{"quorviButtonHelp", Symbol::Help},
         ButtonSymbol{"quorviButtonProfileAdd", Symbol::Add},
         ButtonSymbol{"quorviButtonProfileRemove", Symbol::Remove},
-        ButtonSymbol{"quorviButtonProfileGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonProfileApplication", Symbol::Open},
+        ButtonSymbol{"quorviButtonProfileGear", Symbol::More},
         ButtonSymbol{"quorviButtonMacroAdd", Symbol::Add},
         ButtonSymbol{"quorviButtonMacroRemove", Symbol::Remove},
-        ButtonSymbol{"quorviButtonMacroGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonMacroGear", Symbol::More},
         ButtonSymbol{"quorviButtonStepAdd", Symbol::Add},
         ButtonSymbol{"quorviButtonStepRemove", Symbol::Remove},
-        ButtonSymbol{"quorviButtonStepGear", Symbol::Gear},
+        ButtonSymbol{"quorviButtonStepGear", Symbol::More},
         ButtonSymbol{"quorviButtonStepRecord", Symbol::Record},
+        ButtonSymbol{"quorviButtonMacroRecord", Symbol::Record},
+        ButtonSymbol{"quorviButtonMacroPlay", Symbol::Play},
         ButtonSymbol{"quorviStageButtonAdd", Symbol::Add},
         ButtonSymbol{"quorviStageButtonRemove", Symbol::Remove},
     };
@@ -92,12 +95,36 @@ void setSymbols(const QWidget& view) {
         view.findChild<QAbstractButton*>(QLatin1String(button.name))->setIcon(symbolIcon(button.symbol));
 }
 
+void setTabSymbols(TabView& tabs) {
+    constexpr std::array symbols{
+        Symbol::Mouse, Symbol::Speed, Symbol::Profile, Symbol::Macro, Symbol::Device};
+    for (std::size_t tab = 0; tab < symbols.size(); ++tab)
+        tabs.setSymbol(int(tab), symbols[tab]);
+}
+
+void joinFields(const Ui::KyvarQuorviPane& main, const Ui::StagesPanel& stages) {
+    main.quorviFieldSensitivityX->join(*main.quorviSliderSensitivityX);
+    main.quorviFieldSensitivityY->join(*main.quorviSliderSensitivityY);
+    stages.quorviStageFieldX->join(*stages.quorviStageSliderX);
+    stages.quorviStageFieldY->join(*stages.quorviStageSliderY);
+}
+
+/// What stands side by side where there is room stands below each other on a narrow page.
+void stackWhereNarrow(const ScrollPage& page, std::initializer_list<QBoxLayout*> rows) {
+    for (QBoxLayout* row : rows)
+        QObject::connect(&page, &ScrollPage::narrowChanged, row, [row](bool narrow) {
+            row->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+        });
+}
+
 } // namespace
 
 Interface::Interface(QWidget& mainView) {
+    setMutedColours(mainView);
     main.setupUi(&mainView);
     menus = createMenus(mainView);
     main.quorviMenuPollingRate->setMenu(createPollingRateMenu().release());
+    main.quorviMenuProfile->setCommands(menus.quorviMenuProfiles);
     main.quorviButtonProfileGear->setCommands(menus.quorviMenuProfileGear);
     main.quorviButtonMacroGear->setCommands(menus.quorviMenuMacroGear);
     main.quorviButtonStepGear->setCommands(menus.quorviMenuStepGear);
@@ -112,18 +139,23 @@ Interface::Interface(QWidget& mainView) {
     quorviPanelSetUp = addPanel(mainView, setUp);
     quorviPanelRestore = addPanel(mainView, restore);
 
-    scaleFonts(mainView);
-    reserveLines(mainView);
-    setSymbols(mainView);
-    widenButtons(mainView);
+    confirm.viewQuestion->setSymbol(Symbol::Help);
+    setTabSymbols(*main.quorviTabsMain);
+    setSymbols(mainView); // before the walk, which measures buttons with their signs
+    finish(mainView);
     keepTextsWhole(mainView);
     connectInputs(main);
+    joinFields(main, stages);
+    stackWhereNarrow(
+        *main.tabSensitivity, {main.layoutResolutionHead, main.layoutStagesRow, main.layoutAccelerationRow});
+    // It repeats what the check boxes say.
+    QObject::connect(main.tabDevice, &ScrollPage::narrowChanged, main.viewLights, &QWidget::setHidden);
 }
 
 void keepTextsWhole(QWidget& view) {
     auto* heights = new TextHeights(&view);
     for (QLabel* label : view.findChildren<QLabel*>()) {
-        if (label->wordWrap() && (label->property("note").toBool() || label->property("whole").toBool()))
+        if (label->wordWrap() && (isHint(*label) || label->property("whole").toBool()))
             label->installEventFilter(heights);
     }
 }
@@ -135,15 +167,14 @@ void widenButton(QPushButton& button) {
 
 void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction) {
     mainView.setLayoutDirection(direction);
-    // A label goes by its own text, which here is a name that the user gave or a number.
+    // A label's direction follows its text, here a user-given name or a number.
     for (const char* name : {"quorviTextProfile", "quorviTextConnection", "quorviTextFirmwareVersion",
              "quorviTextDriverVersion", "textSetUpMouse"})
         mainView.findChild<QLabel*>(QLatin1String(name))
             ->setAlignment(
                 QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter) | Qt::AlignAbsolute);
     for (QWidget* widget : mainView.findChildren<QWidget*>()) {
-        // Windows do not take it from what they belong to, and the cells beside the drawing stand in a view
-        // that is never mirrored.
+        // Windows do not inherit it, and the cells next to the drawing are in a view that is never mirrored.
         const bool inCell = widget->parentWidget()->objectName() == QLatin1String("viewAssignments") &&
                             !qobject_cast<MouseView*>(widget) && !qobject_cast<InputLines*>(widget);
         if (widget->isWindow() || inCell)

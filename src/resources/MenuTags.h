@@ -1,4 +1,4 @@
-// The items of the tables' context and gear menus, as their tags tell them apart.
+// The items of the tables' context and gear menus, identified by tags.
 #pragma once
 
 namespace quorvi {
@@ -28,7 +28,16 @@ enum TableMenuItem : int {
     kCutStepItem = 303,
     kCopyStepItem = 304,
     kPasteStepsItem = 305,
-    kDuplicateStepItem = 306
+    kDuplicateStepItem = 306,
+    kMultiplyDelaysItem = 307,
+    kInsertTextItem = 308,
+    // Insertions before the selected steps, and in the same order those after them.
+    kInsertBeforeItems = 320,
+    kRecordBeforeItem = kInsertBeforeItems,
+    kKeyBeforeItem = 321,
+    kPauseBeforeItem = 322,
+    kButton1BeforeItem = 323, ///< followed by the other four
+    kInsertAfterItems = 330
 };
 
 } // namespace quorvi

@@ -16,7 +16,8 @@ namespace {
 struct Entry {
     const char* title; // nullptr for a kSeparator
     int tag;
-    int key = 0; // of the table whose menu it is, with its modifiers; 0 for none
+    int key = 0;                         // of the table whose menu it is, with its modifiers; 0 for none
+    std::span<const Entry> submenu = {}; // for an entry without a tag
 };
 
 constexpr int withKey(Qt::Modifier modifier, Qt::Key key) {
@@ -47,14 +48,33 @@ constexpr std::array kMacroEntries{
     Entry{"Export Macro…", kExportMacroItem},
 };
 
+constexpr std::array<Entry, 9> insertEntries(int firstTag) {
+    const int shift = firstTag - kInsertBeforeItems;
+    return {Entry{"Record Here", kRecordBeforeItem + shift}, Entry{"Key…", kKeyBeforeItem + shift},
+        Entry{"Pause…", kPauseBeforeItem + shift}, kSeparator,
+        Entry{"Button 1 (Left)", kButton1BeforeItem + shift},
+        Entry{"Button 2 (Right)", kButton1BeforeItem + shift + 1},
+        Entry{"Button 3 (Middle)", kButton1BeforeItem + shift + 2},
+        Entry{"Button 4 (Back)", kButton1BeforeItem + shift + 3},
+        Entry{"Button 5 (Forward)", kButton1BeforeItem + shift + 4}};
+}
+
+constexpr auto kInsertBeforeEntries = insertEntries(kInsertBeforeItems);
+constexpr auto kInsertAfterEntries = insertEntries(kInsertAfterItems);
+
 constexpr std::array kStepEntries{
     Entry{"Record", kRecordItem},
     Entry{"Record Step Again", kRecordStepItem},
     kSeparator,
+    Entry{.title = "Insert Before", .tag = 0, .submenu = kInsertBeforeEntries},
+    Entry{.title = "Insert After", .tag = 0, .submenu = kInsertAfterEntries},
+    Entry{"Insert Text…", kInsertTextItem},
+    kSeparator,
     Entry{"Remove Step", kRemoveStepItem},
     Entry{"Remove All Steps", kRemoveAllStepsItem},
     kSeparator,
-    Entry{"Use Delay of Step for All", kUseDelayForAllItem},
+    Entry{"Use This Delay for All Steps", kUseDelayForAllItem},
+    Entry{"Multiply Delays…", kMultiplyDelaysItem},
     Entry{"Remove All Delays", kRemoveAllDelaysItem},
     kSeparator,
     Entry{"Move Step Up", kMoveStepUpItem, withKey(Qt::ALT, Qt::Key_Up)},
@@ -108,7 +128,7 @@ void setAction(QObject& object, const char* action) {
     object.setProperty(kActionProperty, QByteArray(action));
 }
 
-/// Shows the key beside the item's title. It is for the table alone, which performs it itself.
+/// Shows the key next to the item's title. Only the table uses the key, and performs it itself.
 void showKey(QAction& item, int key) {
     item.setShortcut(QKeySequence(key));
     item.setShortcutContext(Qt::WidgetShortcut);
@@ -119,6 +139,10 @@ void addEntries(QMenu& menu, std::span<const Entry> entries, const char* action)
     for (const Entry& entry : entries) {
         if (!entry.title) {
             menu.addSeparator();
+            continue;
+        }
+        if (!entry.submenu.empty()) {
+            addEntries(addSubmenu(menu, entry.title), entry.submenu, action);
             continue;
         }
         QAction& item = addItem(menu, entry.title);
@@ -182,13 +206,14 @@ Menus createMenus(QWidget& owner) {
     addGroups(*menus.quorviMenuCommands, buttonMenuGroups(), false);
     menus.quorviMenuWheelCommands = addMenu(owner, "quorviMenuWheelCommands", "Functions");
     addGroups(*menus.quorviMenuWheelCommands, wheelMenuGroups(), true);
+    menus.quorviMenuProfiles = addMenu(owner, "quorviMenuProfiles", "Profiles");
     menus.quorviMenuProfileGear = addMenu(owner, "quorviMenuProfileGear", "Profile commands");
     addEntries(*menus.quorviMenuProfileGear, kProfileEntries, tableAction);
     menus.quorviMenuMacroGear = addMenu(owner, "quorviMenuMacroGear", "Macro commands");
     addEntries(*menus.quorviMenuMacroGear, kMacroEntries, tableAction);
     menus.quorviMenuStepGear = addMenu(owner, "quorviMenuStepGear", "Step commands");
     addEntries(*menus.quorviMenuStepGear, kStepEntries, tableAction);
-    menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay", "Delay Afterwards");
+    menus.quorviMenuStepDelay = addMenu(owner, "quorviMenuStepDelay", "Delay After");
     addEntries(*menus.quorviMenuStepDelay, kDelayEntries, nullptr);
     return menus;
 }

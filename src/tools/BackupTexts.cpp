@@ -38,7 +38,7 @@ std::string text(BackupFault fault) {
     case BackupFault::newerFormat:
         return "a newer version of this program has written it";
     case BackupFault::noSettings:
-        return "it holds no backup of settings";
+        return "it is not a backup of settings";
     case BackupFault::none:
         break;
     }

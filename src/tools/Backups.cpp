@@ -27,12 +27,12 @@ bool isMissing(const fs::path& file) {
     return fs::status(file, error).type() == fs::file_type::not_found;
 }
 
-/// On a machine that has no settings yet.
+/// For a machine without settings.
 Outcome makeSettings(const fs::path& settings, const Backup& backup, const fs::path& source) {
     const auto tree = Dictionary::create();
     const auto leftOut = restoreEverything(tree, backup);
     const bool isOwn = settings == userSettingsPath(homeFolder());
-    // The folders of one's own settings are made with them.
+    // Saving the user's own settings also creates their folders.
     if (isOwn ? !saveSettings(tree, settings) : !KyvarSaveConfigToFile(keys::storage, tree, settings))
         return refused(faultOf(settings, kCannotBeWritten));
     tellHelperOfSave(tree, settings);
@@ -40,7 +40,7 @@ Outcome makeSettings(const fs::path& settings, const Backup& backup, const fs::p
     return done();
 }
 
-/// The settings file that stands before the last argument, else the user's own.
+/// The settings file given before the last argument, else the user's own.
 fs::path settingsBefore(const Arguments& arguments) {
     return arguments.size() > 1 ? fs::path(arguments.front()) : userSettingsPath(homeFolder());
 }
@@ -106,9 +106,9 @@ Outcome backup(const Arguments& arguments) {
     if (!settings.isGood())
         return refused(settings.fault);
     const Backup made = backupOf(settings.value);
-    // What could not be read back is no backup.
+    // Refuse a backup that could not be read back.
     if (!canBeRestored(made))
-        return refused(faultOf(file, "it holds no valid settings with a profile"));
+        return refused(faultOf(file, "it has no valid settings with a profile"));
     return writeBackupTo(made, arguments.back());
 }
 

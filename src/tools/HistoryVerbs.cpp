@@ -24,17 +24,17 @@ using plist::Dictionary;
 
 constexpr auto kUsage = "history takes [show NUMBER | restore [SETTINGS.plist] NUMBER]";
 
-/// One of the copies, by the number that the list gives it.
+/// A copy, chosen by its number in the list.
 struct ChosenCopy {
     std::filesystem::path file;
     ReadBackup read;
-    Outcome outcome; ///< kDone when it was read
+    Outcome outcome; ///< kDone if it was read
 };
 
 ChosenCopy chosenCopy(const std::string& number) {
     const auto wanted = numberIn(number);
     if (!wanted)
-        return {{}, {}, misused(number + " is no number of 32 bits, decimal or 0x")};
+        return {{}, {}, misused(number + " is not a 32-bit number, decimal or 0x")};
     const History history = userHistory();
     const auto copies = history.list();
     if (*wanted < 1 || *wanted > copies.size())
@@ -47,7 +47,7 @@ ChosenCopy chosenCopy(const std::string& number) {
     return {file, std::move(read), std::move(outcome)};
 }
 
-/// As the user's clock has it: "2026-11-22 18:30:05"; for scripts in UTC, as RFC 3339 has it.
+/// In the user's time zone: "2026-11-22 18:30:05"; for scripts in UTC, in the form of RFC 3339.
 std::string dateAndTime(std::chrono::system_clock::time_point time, Format format) {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
     const bool isUtc = format == Format::json;
@@ -88,7 +88,7 @@ void printCopy(const ListedCopy& listed) {
         text(listed.copy.reason).c_str());
 }
 
-/// Null of a copy that cannot be read.
+/// Null for a copy that cannot be read.
 Json differencesIn(const ListedCopy& listed) {
     const ReadBackup read = userHistory().read(listed.copy);
     if (!read)

@@ -72,10 +72,10 @@ Input<plist::Dictionary> readSettings(const fs::path& path) {
         return {{}, faultOf(path, fault)};
     const auto top = contents.value.dictionary();
     if (!top)
-        return {{}, faultOf(path, "its property list is no dictionary")};
+        return {{}, faultOf(path, "its property list is not a dictionary")};
     const auto tree = top.dictionary(keys::storage);
     if (!tree)
-        return {{}, faultOf(path, "it holds no dictionary under the key \"quorvi\"")};
+        return {{}, faultOf(path, "it has no dictionary under the key \"quorvi\"")};
     return {tree, ""};
 }
 

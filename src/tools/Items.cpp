@@ -23,7 +23,7 @@ std::string text(const plist::Dictionary& item, std::string_view key) {
     return oneLine(toUtf8(item.string(key)));
 }
 
-/// What sets a profile apart from a macro here.
+/// The differences between profiles and macros here.
 struct Kind {
     const char* name;
     std::string_view list; ///< the key of the tree's array
@@ -39,12 +39,11 @@ const Kind kMacro{
     "macro", keys::macros, limits::macros, u"Untitled Macro", readMacroFile, "\"name\" and \"steps\""};
 
 struct FoundItem {
-    const Kind* kind = nullptr; ///< null when the file holds neither
+    const Kind* kind = nullptr; ///< null if the file holds neither
     ReadItem read{{}, ItemFault::otherItem};
 };
 
-/// A file says by its content what it is. Nothing is a profile and a macro at once unless someone made it so,
-/// and then it is a profile.
+/// The content decides the kind. A file crafted to be both counts as a profile.
 FoundItem itemIn(const std::filesystem::path& file) {
     for (const Kind* kind : {&kProfile, &kMacro})
         if (ReadItem read = kind->read(file); read.fault != ItemFault::otherItem)
@@ -72,18 +71,18 @@ std::string text(ItemFault fault) {
     return "";
 }
 
-/// What whoever imports a profile has to know of it; nothing when all is there.
+/// A warning about missing parts of an imported profile; empty if it is complete.
 std::string warningOf(const plist::Dictionary& profile, const plist::Dictionary& tree) {
     std::string inputs;
     for (const int input : inputsWithoutMacro(profile, tree.array(keys::macros)))
         inputs += (inputs.empty() ? "" : ", ") + std::to_string(input);
-    return inputs.empty() ? "" : "buttons that run a macro which is not there: " + inputs;
+    return inputs.empty() ? "" : "buttons whose macro is missing: " + inputs;
 }
 
-/// Why the list takes no more, or nothing.
+/// Why no item can be added to the list; empty if one can.
 std::string faultOfList(const plist::Array& list, const Kind& kind) {
     if (!list)
-        return "it holds no array \"" + std::string(kind.list) + "\"";
+        return "it has no \"" + std::string(kind.list) + "\" array";
     if (static_cast<int>(list.size()) < kind.most)
         return {};
     return "it holds " + std::to_string(list.size()) + " of at most " + std::to_string(kind.most) + " " +
@@ -94,14 +93,14 @@ Outcome add(const Kind& kind, const plist::Dictionary& item, const std::string& 
     std::string fault = "it cannot be written";
     plist::Dictionary added;
     plist::Dictionary changed;
-    // To what the file holds by the time it is replaced: others may add to it, the panel among them.
+    // Changes the content at the time of replacement: the panel and other programs may add to it.
     const int error = changeConfigFile(keys::storage, settings, [&](const plist::Dictionary& tree) {
         const plist::Array list = tree.array(kind.list);
         if (std::string reason = faultOfList(list, kind); !reason.empty()) {
             fault = std::move(reason);
             return false;
         }
-        added = plist::mutableDeepCopy(item); // its name depends on the others there
+        added = plist::mutableDeepCopy(item); // its name depends on the present ones
         appendItem(list, added, kind.defaultName);
         changed = tree;
         keepCopyBefore(settings, CopyReason::firstChangeOfDay);
@@ -115,7 +114,7 @@ Outcome add(const Kind& kind, const plist::Dictionary& item, const std::string& 
     return warning.empty() ? done() : done(faultOf(settings, warning));
 }
 
-/// The profile with the number, or the first macro with the identifier; nil when there is none.
+/// The profile with the number, or the first macro with the identifier; nil if there is none.
 plist::Dictionary itemOf(const Kind& kind, const plist::Dictionary& tree, std::uint32_t number) {
     const plist::Array list = tree.array(kind.list);
     if (&kind == &kProfile)
@@ -124,7 +123,7 @@ plist::Dictionary itemOf(const Kind& kind, const plist::Dictionary& tree, std::u
     return index >= 0 ? list.dictionary(static_cast<std::size_t>(index)) : plist::Dictionary();
 }
 
-/// The place of the option behind the arguments of export.
+/// The place of the option after the arguments of export.
 constexpr std::size_t kWithMacros = 4;
 
 struct ListedProfile {
@@ -214,13 +213,13 @@ Outcome exportItem(const Arguments& arguments) {
         return misused("export takes SETTINGS.plist profile|macro NUMBER FILE [--with-macros]");
     const auto number = numberIn(arguments[2]);
     if (!number)
-        return misused(arguments[2] + " is no number of 32 bits, decimal or 0x");
+        return misused(arguments[2] + " is not a 32-bit number, decimal or 0x");
     const auto settings = readSettings(arguments[0]);
     if (!settings.isGood())
         return refused(settings.fault);
     const plist::Dictionary item = itemOf(isProfile ? kProfile : kMacro, settings.value, *number);
     if (!item)
-        return refused(faultOf(arguments[0], "it holds no " + arguments[1] + " " + std::to_string(*number)));
+        return refused(faultOf(arguments[0], "it has no " + arguments[1] + " " + std::to_string(*number)));
     if (takesMacros)
         return writeBackupTo(backupOfProfile(settings.value, *number - 1), arguments[3]);
     if (const std::error_code error = writeItemFile(item, arguments[3]))

@@ -17,7 +17,7 @@ constexpr std::uint32_t kHighestKeyCode = 0xFF;
 constexpr std::uint32_t kHighestMask = 0xFFFF;
 
 Outcome noNumber(const std::string& argument) {
-    return misused(argument + " is no number of 32 bits, decimal or 0x");
+    return misused(argument + " is not a 32-bit number, decimal or 0x");
 }
 
 Outcome convert(const std::string& argument, std::uint8_t (*conversion)(std::uint32_t)) {
@@ -37,9 +37,9 @@ Outcome keyName(const Arguments& arguments) {
     if (!code || !mask)
         return noNumber(code ? maskArgument : arguments[0]);
     if (*code > kHighestKeyCode)
-        return refused(arguments[0] + " is no key code; the highest is 255");
+        return refused(arguments[0] + " is not a key code; the highest is 255");
     if (*mask > kHighestMask)
-        return refused(maskArgument + " is no modifier mask; the highest is 0xFFFF");
+        return refused(maskArgument + " is not a modifier mask; the highest is 0xFFFF");
     nameKeysOfEnvironment();
     std::printf("%s\n", toUtf8(GetKeyCombinationName(*code, *mask)).c_str());
     return done();

@@ -16,9 +16,9 @@ using InputCall = Status (*)(const EventBus&, const ProcessSerialNumber&, std::u
 Outcome callWithInput(InputCall call, const std::string& argument) {
     const auto input = numberIn(argument);
     if (!input)
-        return misused(argument + " is no number of 32 bits, decimal or 0x");
+        return misused(argument + " is not a 32-bit number, decimal or 0x");
     if (*input < 1 || *input > limits::buttons)
-        return refused(argument + " is no input; they are 1 to 9");
+        return refused(argument + " is not an input; inputs are 1 to 9");
     return callHelper([&](const EventBus& bus, const ProcessSerialNumber& helper) {
         return call(bus, helper, static_cast<std::uint8_t>(*input));
     });

@@ -18,25 +18,25 @@ namespace quorvi::tools {
 
 namespace {
 
-/// What keeps KyvarConfigDictToStruct from succeeding, in words.
+/// Why KyvarConfigDictToStruct fails, in words.
 std::string encodingFault(const plist::Dictionary& tree) {
     if (!tree.dictionary(keys::settings))
-        return "it holds no dictionary \"settings\"";
+        return "it has no \"settings\" dictionary";
     if (!tree.array(keys::profiles))
-        return "it holds no array \"profiles\"";
+        return "it has no \"profiles\" array";
     return "none of its profiles can be encoded; a profile needs \"name\", \"stages\" and \"buttons\"";
 }
 
-/// What keeps KyvarValidateConfig from succeeding, in words.
+/// Why KyvarValidateConfig fails, in words.
 std::string validityFault(const plist::Dictionary& tree) {
     std::string missing;
     for (const auto key : {keys::settings, keys::profiles, keys::macros})
         if (!tree.has(key))
-            missing.append(missing.empty() ? "it holds no \"" : ", no \"").append(key).append("\"");
+            missing.append(missing.empty() ? "it has no \"" : ", no \"").append(key).append("\"");
     if (!missing.empty())
         return missing;
     if (!tree.has(keys::version))
-        return "it holds no \"version\"";
+        return "it has no \"version\"";
     return "its version is " + std::to_string(tree.integer(keys::version)) + "; at least " +
            std::to_string(limits::minimumVersion) + " is needed";
 }

@@ -28,7 +28,7 @@ struct Verb {
     std::size_t fewest;
     std::size_t most;
     Run run = nullptr;
-    RunInFormat runInFormat = nullptr; ///< of a verb that can print JSON, in place of run
+    RunInFormat runInFormat = nullptr; ///< for a verb that can print JSON, instead of run
 };
 
 Outcome help(const Arguments&) {
@@ -98,12 +98,12 @@ Outcome run(const Arguments& commandLine) {
     if (isFirst)
         words.erase(words.begin());
     if (words.empty())
-        return misused("no verb given");
+        return misused("no command given");
     const std::string name = words.front();
     const auto verb =
         std::find_if(kVerbs.begin(), kVerbs.end(), [&](const Verb& entry) { return name == entry.name; });
     if (verb == kVerbs.end())
-        return misused("there is no verb " + name);
+        return misused("unknown command " + name);
     if (isFirst && !verb->runInFormat)
         return misused(name + " prints no JSON");
     words.erase(words.begin());
