@@ -17,7 +17,13 @@ bool isAboutToGo(const QEvent& event) {
            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed;
 }
 
-/// The window is the pane's or hangs on it, as a sheet does.
+/// Whether a menu has the focus. It has it for a moment even when it has closed, until the display tells that
+/// the focus is back where it was.
+bool isMenu(const QWindow& window) {
+    return window.type() == Qt::Popup;
+}
+
+/// Whether the window is the pane's or a child of it, such as a sheet.
 bool belongsTo(const QWindow* window, const QWindow* paneWindow) {
     while (window && window != paneWindow)
         window = window->parent(QWindow::IncludeTransients);
@@ -54,7 +60,7 @@ KeySink* KeyCapture::activeSink() const {
     return found == m_sinks.end() ? nullptr : *found;
 }
 
-// A key's way goes from here downwards, through each of the functions that follow, to the sink.
+// A key passes from here through each of the following functions to the sink.
 bool KeyCapture::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWindowType())
         return false;
@@ -64,8 +70,8 @@ bool KeyCapture::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease:
         return takes(watched, static_cast<QKeyEvent&>(*event));
     case QEvent::PlatformSurface:
-        // A release that was on its way when its window went reaches nobody. The window is still there; the
-        // next events are those that come when it has gone.
+        // A pending release is lost when its window goes away. The window still exists here, so act after the
+        // present event.
         if (isAboutToGo(*event) && m_keys.areHeld())
             QMetaObject::invokeMethod(
                 this, [this, watched] { m_keys.forgetReleasedIn(watched); }, Qt::QueuedConnection);
@@ -80,7 +86,7 @@ bool KeyCapture::takes(const QObject* window, QKeyEvent& event) {
         return false;
     const bool taken =
         event.type() == QEvent::ShortcutOverride ? takesShortcut(event) : takesKey(window, event);
-    // The host asks whether the event was accepted, and not whether it was delivered.
+    // The host checks whether the event was accepted, not whether it was delivered.
     if (taken)
         event.accept();
     return taken;
@@ -151,19 +157,22 @@ bool KeyCapture::isRepetition(const QKeyEvent& event) const {
     return event.isAutoRepeat() || (!isRelease && m_keys.isHeld(event.nativeScanCode()));
 }
 
-/// Whether this release, of a key whose press the capture has not had, is none of the capture's business.
-/// That of a modifier is: what was typed with it may be recorded, and then its release has to be. A capture
-/// that waits for its one key has no such key yet.
+/// Whether to ignore this release of a key whose press the capture has not seen. A modifier's release is not
+/// ignored: keys typed with it may have been recorded, and then its release must be too. A capture that
+/// awaits one key has recorded none yet.
 bool KeyCapture::isFromBefore(const KeyEvent& release) const {
     return release.type == KeyEventType::KeyUp || activeSink()->awaitsOneKey();
 }
 
 void KeyCapture::updateKeyboardGrab() {
     QWindow* const focused = QGuiApplication::focusWindow();
-    if (m_running && focused && m_view && isActive() && belongsTo(focused, m_view->window()->windowHandle()))
-        m_grab.start(focused);
-    else
+    if (!m_running || !focused || !m_view || !isActive() ||
+        !belongsTo(focused, m_view->window()->windowHandle()))
         m_grab.stop();
+    // A grab hides from Qt where a menu's own grab gives the focus to when it ends, and Qt would take the
+    // focus for lost. Once it is back, this is called again.
+    else if (!isMenu(*focused))
+        m_grab.start(focused);
 }
 
 void KeyCapture::forgetHeldKeys() {

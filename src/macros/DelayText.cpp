@@ -5,6 +5,7 @@
 #include <iterator>
 #include <optional>
 
+#include "base/Pattern.h"
 #include "macros/TypedText.h"
 #include "model/Limits.h"
 
@@ -15,10 +16,8 @@ namespace {
 constexpr std::int32_t kSecond = 1000;
 constexpr std::int32_t kMinute = 60 * kSecond;
 constexpr std::size_t kGroup = 3;
-/// What all signs become that only group digits.
+/// Replaces every sign that only groups digits.
 constexpr char16_t kGroupSign = u'\'';
-/// Where a pattern has its number.
-constexpr std::u16string_view kMark = u"^1";
 
 std::u16string inDigits(std::int32_t number) {
     std::u16string digits;
@@ -37,26 +36,21 @@ std::u16string inSeconds(std::int32_t milliseconds, char16_t decimalSign) {
     return text;
 }
 
-std::u16string filled(std::u16string pattern, const std::u16string& number) {
-    const std::size_t mark = pattern.find(kMark);
-    return mark == std::u16string::npos ? pattern : pattern.replace(mark, kMark.size(), number);
+/// The language's decimal sign, as point or comma.
+char16_t pointOrComma(char16_t decimalSign) {
+    return decimalSign == u',' ? u',' : u'.';
 }
 
-/// Point or comma, for a number of the language.
-char16_t decimalSignOf(const DelayLanguage& language) {
-    return language.decimalSign == u',' ? u',' : u'.';
-}
+// Typed texts, with fewer kinds of characters
 
-// What is typed, in fewer characters
-
-/// A mark that only says from which side the text is read.
+/// Whether the character is a mark that only sets the direction of the text.
 bool isDirectionMark(char16_t character) {
     return character == u'\u061C' || character == u'\u200E' || character == u'\u200F' ||
            (character >= u'\u202A' && character <= u'\u202E') ||
            (character >= u'\u2066' && character <= u'\u2069');
 }
 
-/// The digit in ASCII where it is one of the scripts that the panel's users are likely to type.
+/// The digit in ASCII, if it is of a script that the panel's users are likely to type.
 char16_t plainDigit(char16_t character) {
     // Arabic, Persian, Devanagari, Bengali, Thai
     constexpr std::array zeros{u'\u0660', u'\u06F0', u'\u0966', u'\u09E6', u'\u0E50'};
@@ -66,7 +60,7 @@ char16_t plainDigit(char16_t character) {
     return character;
 }
 
-/// The ASCII character in place of its form of full width, which Chinese and Japanese input methods type.
+/// The ASCII character for its full-width form, which Chinese and Japanese input methods type.
 char16_t ofUsualWidth(char16_t character) {
     constexpr char16_t shift = u'\uFF01' - u'!';
     const bool isWide = character >= u'\uFF01' && character <= u'\uFF5E';
@@ -87,7 +81,7 @@ char16_t plainSign(char16_t character, char16_t decimalSign) {
     }
 }
 
-/// Small letters of Latin and Cyrillic in place of capital ones.
+/// The small letter for a capital Latin or Cyrillic letter.
 char16_t small(char16_t letter) {
     constexpr char16_t toSmall = 0x20;
     const bool capital = (letter >= u'A' && letter <= u'Z') || (letter >= u'\u00C0' && letter <= u'\u00DE') ||
@@ -95,7 +89,7 @@ char16_t small(char16_t letter) {
     return capital ? static_cast<char16_t>(letter + toSmall) : letter;
 }
 
-/// The text in ASCII digits and signs, small letters and plain blanks, with none around it.
+/// The text with ASCII digits and signs, small letters and plain blanks, and without blanks at its ends.
 std::u16string plainText(std::u16string_view text, char16_t decimalSign) {
     std::u16string plain;
     for (const char16_t character : text)
@@ -107,7 +101,7 @@ std::u16string plainText(std::u16string_view text, char16_t decimalSign) {
 
 // Units
 
-/// The name of a unit without the blanks in it and the point behind it.
+/// The name of a unit without blanks and without a point at its end.
 std::u16string bareName(std::u16string_view name) {
     std::u16string bare;
     std::ranges::copy_if(plainText(name, u'.'), std::back_inserter(bare),
@@ -117,7 +111,7 @@ std::u16string bareName(std::u16string_view name) {
     return bare;
 }
 
-/// Whether the list, with commas between its names, has the unit.
+/// Whether the comma-separated list contains the unit.
 bool names(std::u16string_view list, std::u16string_view unit) {
     while (!list.empty()) {
         const std::size_t end = std::min(list.find(u','), list.size());
@@ -128,12 +122,12 @@ bool names(std::u16string_view list, std::u16string_view unit) {
     return false;
 }
 
-/// How many milliseconds the unit has; nothing for one that is none.
+/// The unit in milliseconds; std::nullopt for an unknown unit.
 std::optional<std::int32_t> unitNamed(std::u16string_view name, const TextLookup& lookup) {
     const std::u16string unit = bareName(name);
     const auto is = [&](std::u16string_view english, const std::u16string& pattern,
                         const std::u16string& listed) {
-        return names(english, unit) || bareName(filled(pattern, {})) == unit || names(listed, unit);
+        return names(english, unit) || bareName(filledPattern(pattern, {u""})) == unit || names(listed, unit);
     };
     if (unit.empty() || is(u"ms,msec,msecs,millisecond,milliseconds", lookup(u"^1 ms"),
                             lookup(u"ms, msec, millisecond, milliseconds")))
@@ -156,7 +150,7 @@ bool isOfDigits(std::u16string_view text) {
     return std::ranges::all_of(text, isDigit);
 }
 
-/// The digits without the sign between groups of three; nothing where the groups are others.
+/// The digits without the sign between groups of three; std::nullopt if the groups have other sizes.
 std::optional<std::u16string> ungrouped(std::u16string_view text, char16_t sign) {
     std::size_t end = text.find(sign);
     if (end == std::u16string_view::npos)
@@ -175,7 +169,7 @@ std::optional<std::u16string> ungrouped(std::u16string_view text, char16_t sign)
     return isOfDigits(digits) ? std::optional(digits) : std::nullopt;
 }
 
-/// The digits before the decimal sign, which may be grouped by any sign but that one.
+/// The digits before the decimal sign, which may be grouped by any other sign.
 std::optional<std::u16string> wholePart(std::u16string_view text, char16_t decimalSign) {
     const char16_t other = decimalSign == u'.' ? u',' : u'.';
     for (const char16_t sign : {other, kGroupSign, u' '})
@@ -235,7 +229,7 @@ std::variant<std::int32_t, DelayFault> delayInPlainText(
     std::u16string_view text, const DelayLanguage& language) {
     constexpr std::u16string_view inNumbers = u"0123456789.,' ";
     const std::size_t end = std::min(text.find_first_not_of(inNumbers), text.size());
-    const auto number = numberIn(trimmed(text.substr(0, end)), decimalSignOf(language));
+    const auto number = numberIn(trimmed(text.substr(0, end)), pointOrComma(language.decimalSign));
     const auto unit = unitNamed(text.substr(end), language.lookup);
     if (!number || !unit)
         return DelayFault::nonsense;
@@ -248,17 +242,29 @@ std::u16string delayText(std::int32_t milliseconds, const DelayLanguage& languag
     if (milliseconds <= 0)
         return u"0";
     if (milliseconds < kSecond)
-        return filled(language.lookup(u"^1 ms"), inDigits(milliseconds));
-    return filled(language.lookup(u"^1 s"), inSeconds(milliseconds, decimalSignOf(language)));
+        return filledPattern(language.lookup(u"^1 ms"), {inDigits(milliseconds)});
+    return filledPattern(
+        language.lookup(u"^1 s"), {inSeconds(milliseconds, pointOrComma(language.decimalSign))});
 }
 
 std::variant<std::int32_t, DelayFault> delayInText(std::u16string_view text, const DelayLanguage& language) {
-    const std::u16string plain = plainText(text, decimalSignOf(language));
+    const std::u16string plain = plainText(text, pointOrComma(language.decimalSign));
     if (!plain.starts_with(u'-'))
         return delayInPlainText(plain, language);
     const auto amount = delayInPlainText(trimmed(std::u16string_view(plain).substr(1)), language);
     return amount == std::variant<std::int32_t, DelayFault>(DelayFault::nonsense) ? DelayFault::nonsense
                                                                                   : DelayFault::negative;
+}
+
+std::optional<std::int32_t> factorInText(std::u16string_view text, char16_t decimalSign) {
+    const char16_t sign = pointOrComma(decimalSign);
+    const auto number = numberIn(plainText(text, sign), sign);
+    if (!number)
+        return std::nullopt;
+    // As many thousandths are in a whole as milliseconds in a second.
+    const auto thousandths = delayOf(*number, kSecond);
+    const auto* factor = std::get_if<std::int32_t>(&thousandths);
+    return factor && *factor > 0 ? std::optional(*factor) : std::nullopt;
 }
 
 } // namespace quorvi

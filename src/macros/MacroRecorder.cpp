@@ -1,5 +1,6 @@
 #include "macros/MacroRecorder.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "keyboard/KeyCodeConversion.h"
@@ -7,6 +8,7 @@
 #include "keyboard/VirtualKeys.h"
 #include "macros/DelayScale.h"
 #include "macros/StepCodes.h"
+#include "macros/StepMaking.h"
 #include "macros/StepReplacement.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
@@ -15,7 +17,7 @@ namespace quorvi {
 
 namespace {
 
-/// What counts as passed before the first step of a run.
+/// The delay assumed before a run's first step.
 constexpr double kFirstInterval = 0.05;
 
 } // namespace
@@ -24,8 +26,21 @@ void MacroRecorder::start(bool oneStep) {
     m_recording = true;
     m_oneStep = oneStep;
     m_lastModifiers = 0;
+    m_foundModifiers.reset();
+    m_hasReceivedKey = false;
+    m_foundCapsLock.reset();
     m_lastTime.reset();
     m_heldEscape.reset();
+    m_place.reset();
+}
+
+void MacroRecorder::startAt(std::size_t index) {
+    start(false);
+    m_place = index;
+}
+
+std::size_t MacroRecorder::nextPlace(std::size_t count) const {
+    return std::min(m_place.value_or(count), count);
 }
 
 void MacroRecorder::stop() {
@@ -43,6 +58,7 @@ bool MacroRecorder::receiveKey(
     if (!target.steps)
         return false;
     recordModifiers(target, modifiers, now);
+    m_hasReceivedKey = true;
     const bool alone = (modifiers & ~capsLockModifier) == 0;
     if (key == escapeKey && goingDown && alone && !m_oneStep)
         holdEscape(target, now);
@@ -53,19 +69,22 @@ bool MacroRecorder::receiveKey(
 
 void MacroRecorder::holdEscape(const RecordingTarget& target, double now) {
     const std::size_t count = target.steps.size();
-    m_heldEscape =
-        HeldEscape{count, count > 0 ? target.steps.dictionary(count - 1).value(keys::delay) : plist::Value()};
+    const std::size_t place = nextPlace(count);
+    m_heldEscape = HeldEscape{
+        count, place, place > 0 ? target.steps.dictionary(place - 1).value(keys::delay) : plist::Value()};
     recordKey(target, true, escapeKey, now);
 }
 
 void MacroRecorder::takeBackEscape(const plist::Array& steps) {
     const auto held = std::exchange(m_heldEscape, std::nullopt);
-    // A macro that was full has not taken the press.
+    // A full macro did not record the press.
     if (!held || steps.size() != held->stepsBefore + 1)
         return;
-    steps.remove(held->stepsBefore);
-    if (held->stepsBefore > 0)
-        steps.dictionary(held->stepsBefore - 1).set(keys::delay, held->delayBefore);
+    steps.remove(held->place);
+    if (held->place > 0)
+        steps.dictionary(held->place - 1).set(keys::delay, held->delayBefore);
+    if (m_place)
+        m_place = held->place;
 }
 
 void MacroRecorder::recordModifiers(const RecordingTarget& target, std::uint16_t modifiers, double now) {
@@ -73,15 +92,28 @@ void MacroRecorder::recordModifiers(const RecordingTarget& target, std::uint16_t
     for (const ModifierKey& modifier : modifierKeys) {
         if ((changed & modifier.bit) == 0)
             continue;
-        if (modifier.bit == capsLockModifier) {
-            // The key comes up by itself; what turned is the lock.
-            recordKey(target, true, modifier.virtualKey, now);
-            recordKey(target, false, modifier.virtualKey, now);
-        } else {
+        if (modifier.bit == capsLockModifier)
+            recordCapsLock(target, now);
+        else
             recordKey(target, (modifiers & modifier.bit) != 0, modifier.virtualKey, now);
-        }
     }
     m_lastModifiers = modifiers;
+}
+
+// The lock changed; the key is released again right away.
+void MacroRecorder::recordCapsLock(const RecordingTarget& target, double now) {
+    const std::size_t count = target.steps.size();
+    const std::size_t place = nextPlace(count);
+    recordKey(target, true, capsLockKey, now);
+    recordKey(target, false, capsLockKey, now);
+    const bool wasOn = !m_hasReceivedKey && (m_foundModifiers.value_or(0) & capsLockModifier) != 0;
+    if (wasOn && !m_oneStep && target.steps.size() == count + 2)
+        m_foundCapsLock = place;
+}
+
+void MacroRecorder::findModifiers(std::uint16_t modifiers) {
+    if (m_recording && !m_foundModifiers)
+        m_foundModifiers = modifiers;
 }
 
 void MacroRecorder::recordKey(const RecordingTarget& target, bool down, std::uint8_t virtualKey, double now) {
@@ -104,21 +136,17 @@ void MacroRecorder::setStep(
 
 void MacroRecorder::appendStep(
     const plist::Array& steps, std::uint32_t code, std::uint8_t argument, double now) {
-    const double interval = m_lastTime ? now - *m_lastTime : kFirstInterval;
+    const std::size_t place = nextPlace(steps.size());
+    const bool isAtEnd = place == steps.size();
+    const bool isFirst = !m_lastTime;
+    const std::int32_t delay = delayOfInterval(isFirst ? kFirstInterval : now - *m_lastTime);
     m_lastTime = now;
-    if (steps.size() > 0)
-        steps.dictionary(steps.size() - 1).set(keys::delay, delayOfInterval(interval));
-    const auto step = plist::Dictionary::create();
-    step.set(keys::command, static_cast<std::int32_t>(code));
-    step.set(keys::argument, std::int32_t{argument});
-    step.set(keys::delay, 0);
-    steps.append(step);
-}
-
-void setDelayForAllSteps(const plist::Array& steps, std::int32_t milliseconds) {
-    const std::size_t count = steps.size();
-    for (std::size_t index = 0; index < count; ++index)
-        steps.dictionary(index).set(keys::delay, index + 1 < count ? milliseconds : 0);
+    // The step before an insertion already has its delay.
+    if (place > 0 && (isAtEnd || !isFirst))
+        steps.dictionary(place - 1).set(keys::delay, delay);
+    steps.insert(place, makeStep(code, argument, isAtEnd ? 0 : delayOfInterval(kFirstInterval)));
+    if (m_place)
+        m_place = place + 1;
 }
 
 } // namespace quorvi

@@ -7,7 +7,7 @@ namespace quorvi {
 
 namespace {
 
-/// Whether a step behind the press lets go what it presses.
+/// Whether a step after the press releases what it presses.
 bool isReleasedLater(const plist::Array& steps, std::size_t press, const StepMovement& pressed) {
     for (std::size_t index = press + 1; index < steps.size(); ++index) {
         const auto movement = movementOfStep(steps.dictionary(index));
@@ -17,11 +17,11 @@ bool isReleasedLater(const plist::Array& steps, std::size_t press, const StepMov
     return false;
 }
 
-/// Whether something before the release can be what it lets go. Each release of a mouse button is for one
-/// press, although the first one lets go of them all.
+/// Whether a step before the release can be its press. Each release of a mouse button belongs to one press,
+/// although the first one releases all buttons.
 bool isPressedBefore(const plist::Array& steps, std::size_t release, const StepMovement& released) {
     if (!released.isButton)
-        return false; // or the two would be a pair
+        return false; // otherwise the two would be a pair
     std::ptrdiff_t held = 0;
     for (std::size_t index = 0; index < release; ++index) {
         const auto movement = movementOfStep(steps.dictionary(index));
@@ -49,6 +49,12 @@ std::vector<StepCheck> checkSteps(const plist::Array& steps) {
     if (count > 0 && steps.dictionary(count - 1).integer(keys::delay) != 0)
         found.push_back({count - 1, StepFault::delayAfterEnd});
     return found;
+}
+
+std::vector<ProfileInput> inputsThatRunNothing(const plist::Dictionary& tree, std::size_t macro) {
+    const plist::Array macros = tree.array(keys::macros);
+    const bool isEmpty = macro < macros.size() && macros.dictionary(macro).array(keys::steps).size() == 0;
+    return isEmpty ? inputsThatRun(tree, macro) : std::vector<ProfileInput>();
 }
 
 } // namespace quorvi

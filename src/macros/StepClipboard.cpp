@@ -8,6 +8,7 @@
 
 #include "macros/KeyPlaces.h"
 #include "macros/StepCodes.h"
+#include "macros/StepMaking.h"
 #include "macros/TypedText.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
@@ -54,7 +55,7 @@ void appendPart(std::string& text, std::string_view part) {
 
 // --- Text to steps
 
-/// What one part of the text says, in lower case and without blanks; the first word is by itself.
+/// One part of the text, in lower case and without blanks, with its first word apart.
 struct Part {
     std::string first;
     std::string rest;
@@ -86,7 +87,7 @@ std::vector<std::u16string_view> partsOf(std::u16string_view text) {
     return parts;
 }
 
-/// Nothing for a part with other characters than those of ASCII that can be seen.
+/// std::nullopt for a part with characters other than visible ASCII.
 std::optional<Part> plainPart(std::u16string_view text) {
     Part part;
     bool inFirst = true;
@@ -103,7 +104,7 @@ std::optional<Part> plainPart(std::u16string_view text) {
     return part;
 }
 
-/// Takes the digits that the text begins with; nothing for none or too many.
+/// Takes the digits at the text's beginning; std::nullopt for none or too many.
 std::optional<std::int64_t> takeNumber(std::string_view& text) {
     constexpr std::size_t kMostDigits = 9;
     const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
@@ -116,7 +117,7 @@ std::optional<std::int64_t> takeNumber(std::string_view& text) {
     return number;
 }
 
-/// Takes what is behind a decimal sign, as thousandths; nothing when it is more exact than that.
+/// Takes the decimals after a decimal sign, as thousandths; std::nullopt for more than three.
 std::optional<std::int64_t> takeThousandths(std::string_view& text) {
     if (text.empty() || (text.front() != '.' && text.front() != ','))
         return 0;
@@ -134,7 +135,7 @@ bool isOneOf(std::string_view text, std::initializer_list<std::string_view> word
     return std::ranges::find(words, text) != words.end();
 }
 
-/// Milliseconds of a text like "50ms" or "1.5s"; nothing for any other.
+/// The milliseconds of a text like "50ms" or "1.5s"; std::nullopt for any other.
 std::optional<std::int32_t> delayOfText(std::string_view text) {
     const auto whole = takeNumber(text);
     const auto thousandths = whole ? takeThousandths(text) : std::nullopt;
@@ -168,15 +169,7 @@ std::optional<std::uint32_t> buttonOf(std::string name) {
     return std::nullopt;
 }
 
-plist::Dictionary makeStep(std::uint32_t code, std::uint8_t argument) {
-    auto step = plist::Dictionary::create();
-    step.set(keys::command, static_cast<std::int32_t>(code));
-    step.set(keys::argument, std::int32_t{argument});
-    step.set(keys::delay, 0);
-    return step;
-}
-
-/// The step that the part says; nil for none.
+/// The step of the part; nil if it is not a step.
 plist::Dictionary stepOf(const Part& part) {
     const bool presses = isOneOf(part.first, {"press", "hold"});
     if (!presses && part.first != "release")
@@ -189,7 +182,7 @@ plist::Dictionary stepOf(const Part& part) {
     return usage ? makeStep(presses ? stepcodes::keyDown : stepcodes::keyUp, *usage) : plist::Dictionary();
 }
 
-/// Has the last step wait longer; false when there is none, or when that becomes too long.
+/// Adds to the last step's delay; false if there is no step, or if the delay becomes too long.
 bool addDelay(const plist::Array& steps, std::int32_t delay) {
     if (steps.size() == 0)
         return false;

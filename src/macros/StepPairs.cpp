@@ -51,13 +51,23 @@ StepPairs pairsOf(const plist::Array& steps) {
     return pairsOf(steps.items());
 }
 
-std::vector<std::size_t> stepWithPartner(const plist::Array& steps, std::size_t index) {
-    if (index >= steps.size())
-        return {};
-    const auto partner = pairsOf(steps)[index];
-    if (!partner)
-        return {index};
-    return {std::min(index, *partner), std::max(index, *partner)};
+std::vector<std::size_t> withPartners(const StepPairs& pairs, const std::vector<std::size_t>& indices) {
+    std::vector<std::size_t> both;
+    for (const std::size_t index : indices) {
+        if (index >= pairs.size())
+            continue;
+        both.push_back(index);
+        if (pairs[index])
+            both.push_back(*pairs[index]);
+    }
+    std::ranges::sort(both);
+    both.erase(std::unique(both.begin(), both.end()), both.end());
+    return both;
+}
+
+std::vector<std::size_t> stepsWithPartners(
+    const plist::Array& steps, const std::vector<std::size_t>& indices) {
+    return withPartners(pairsOf(steps), indices);
 }
 
 } // namespace quorvi

@@ -1,5 +1,7 @@
 #include "editors/macros/MacrosEditor.h"
 
+#include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -20,6 +22,7 @@
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/Metrics.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
 #include "window/Notices.h"
@@ -51,6 +54,22 @@ MacrosEditor::MacrosEditor(
       m_list(views.table,
           std::make_unique<MacrosModel>(context.document, context.text, m_others.listHasChanged)) {
     m_list.onSelectionChange([this] { switchToSelected(); });
+    m_views.table.setTwoLines();
+    m_views.table.setRowsNumbered();
+    m_views.table.horizontalHeader()->hide();
+    m_views.table.setMinimumWidth(metrics::leastListWidth);
+}
+
+MacrosModel& MacrosEditor::model() const {
+    return static_cast<MacrosModel&>(m_list.model());
+}
+
+void MacrosEditor::showTyped() {
+    model().showTyped(m_context.document.macroIndex());
+}
+
+void MacrosEditor::showKeyNames() {
+    model().showTypedAgain();
 }
 
 void MacrosEditor::show() {
@@ -61,6 +80,11 @@ void MacrosEditor::show() {
     enableButtonOf(m_views.table, m_views.removeButton, editable && isSelected());
     m_views.gearButton.setEnabled(editable);
     m_views.steps.setCurrentIndex(hasDevice && isSelected() ? 0 : 1);
+    m_views.count.setText(hasDevice ? filledText(m_context.text("^1 of ^2"),
+                                          {QString::number(m_context.document.macros().size()),
+                                              QString::number(limits::macros)})
+                                    : QString());
+    showEmpty(hasDevice && m_context.document.macros().size() == 0);
     showHints();
 }
 
@@ -69,8 +93,29 @@ void MacrosEditor::showHints() {
     // Before it is known which mice there are, what stands below says why there are no macros.
     const QString noMouse = m_others.knowsMice() ? m_context.text("No mouse is connected") : QString();
     m_views.table.setEmptyText(hasDevice ? m_usualHint : noMouse);
-    m_views.noMacroTitle.setText(hasDevice ? m_usualTitle : noMouse);
+    const QString title = m_showsEmpty ? m_usualHint : m_usualTitle;
+    m_views.noMacroTitle.setText(hasDevice ? title : noMouse);
     makeViewActive(&m_views.pageNoMacro, true);
+}
+
+void MacrosEditor::showEmpty(bool empty) {
+    if (std::exchange(m_showsEmpty, empty) == empty)
+        return;
+    const bool hadFocus = m_views.table.window()->focusWidget() == &m_views.table;
+    for (QWidget* shown : {static_cast<QWidget*>(&m_views.heading), static_cast<QWidget*>(&m_views.count),
+             static_cast<QWidget*>(&m_views.table), static_cast<QWidget*>(&m_views.noMacro)})
+        shown->setVisible(!empty);
+    for (QWidget* shown : {&m_views.drawing, static_cast<QWidget*>(&m_views.recordText),
+             static_cast<QWidget*>(&m_views.recordButton)})
+        shown->setVisible(empty);
+    // Above the buttons of the list, which has commands without a macro too.
+    m_views.columns.removeWidget(&m_views.steps);
+    if (empty)
+        m_views.columns.addWidget(&m_views.steps, 0, 0, 2, 2);
+    else
+        m_views.columns.addWidget(&m_views.steps, 0, 1, 3, 1);
+    if (empty && hadFocus)
+        m_views.recordButton.setFocus();
 }
 
 void MacrosEditor::selectCurrent() {
@@ -99,13 +144,18 @@ void MacrosEditor::append(const plist::Dictionary& macro, const std::u16string& 
     document.commit({.action = action});
 }
 
-void MacrosEditor::create() {
+bool MacrosEditor::add() {
     const int macroId = KyvarFindUnusedMacroID(m_context.document.macros());
     if (!m_context.document.macros() || macroId < 0)
-        return;
+        return false;
     append(newMacro(macroId, m_context.text("Untitled Macro").toStdU16String()),
         actionName(m_context.text("New Macro")));
-    m_views.table.editCell(m_list.model().columnOf(kMacroNameColumn), m_context.document.macroIndex());
+    return true;
+}
+
+void MacrosEditor::create() {
+    if (add())
+        m_views.table.editCell(m_list.model().columnOf(kMacroNameColumn), m_context.document.macroIndex());
 }
 
 void MacrosEditor::remove() {

@@ -10,12 +10,14 @@
 #include "window/MenuCommands.h"
 #include "window/TableList.h"
 
+class QGridLayout;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
 
 namespace quorvi {
 
+class MacrosModel;
 class StepsEditor;
 
 class MacrosEditor final {
@@ -27,7 +29,14 @@ class MacrosEditor final {
         QPushButton& gearButton;
         QStackedWidget& steps; ///< the steps of the current macro, or in their place pageNoMacro
         QWidget& pageNoMacro;
-        QLabel& noMacroTitle; ///< on that page
+        QLabel& noMacroTitle; ///< on that page, as all of these
+        QLabel& noMacro;      ///< how to begin where there are macros
+        QWidget& drawing;     ///< the drawing, the text and the button where there is none
+        QLabel& recordText;
+        QPushButton& recordButton;
+        QGridLayout& columns; ///< the list, and the steps beside it
+        QLabel& heading;      ///< above the list, with the number of macros
+        QLabel& count;
     };
 
     /// What it has others do.
@@ -48,6 +57,10 @@ class MacrosEditor final {
     /// Derives everything but the rows from the document, from which row is selected, and from whether a
     /// recording runs.
     void show();
+    /// Shows again what the current macro types: its steps may have changed.
+    void showTyped();
+    /// Shows what all of them type, by another keyboard layout.
+    void showKeyNames();
     /// Shows the rows of the document and selects the current macro.
     void selectCurrent();
 
@@ -55,6 +68,8 @@ class MacrosEditor final {
     void append(const plist::Dictionary& macro, const std::u16string& action);
     /// Appends a new one and lets its name be edited. Does nothing when there are twelve.
     void create();
+    /// Appends a new one. False when there are twelve.
+    bool add();
     /// Removes the current macro when the user agrees. The window may not outlive the question.
     void remove();
 
@@ -63,7 +78,10 @@ class MacrosEditor final {
     [[nodiscard]] TableList& list() { return m_list; }
 
   private:
+    [[nodiscard]] MacrosModel& model() const;
     void showHints();
+    /// Where there is no macro, what says so takes the place of the list too.
+    void showEmpty(bool empty);
     [[nodiscard]] bool hasRoom() const;
     [[nodiscard]] bool isSelected() const;
     void switchToSelected();
@@ -74,6 +92,7 @@ class MacrosEditor final {
     StepsEditor& m_steps;
     QString m_usualHint;  ///< what an empty list says
     QString m_usualTitle; ///< what stands in place of the steps
+    bool m_showsEmpty = false;
     TableList m_list;
 };
 

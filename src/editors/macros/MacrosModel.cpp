@@ -2,11 +2,16 @@
 
 #include <utility>
 
+#include "macros/TypedKeys.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
+#include "plist/DeepCopy.h"
 #include "resources/TableTags.h"
+#include "widgets/ShownText.h"
+#include "widgets/TwoLineCells.h"
 #include "window/ActionNames.h"
+#include "window/ShownStep.h"
 
 namespace quorvi {
 
@@ -42,6 +47,50 @@ void MacrosModel::rename(const QVariant& value, int row) {
     if (row != m_document.macroIndex())
         m_document.editMacroIndex(row);
     m_document.macro().set(keys::name, name);
+}
+
+QString MacrosModel::typedLineOf(int row) const {
+    const plist::Array steps =
+        m_document.macros().dictionary(static_cast<std::size_t>(row)).array(keys::steps);
+    Typed& typed = m_typed[row];
+    if (typed.line.isNull() || typed.steps != plist::Value(steps)) {
+        const TextLookup lookup = lookupIn(panelText());
+        const auto line = typedLine(typedBySteps(steps, layoutInUse(), lookup), lookup);
+        typed = {
+            .steps = plist::deepCopy(steps), .line = QLatin1String("") + QString::fromStdU16String(line)};
+    }
+    return typed.line;
+}
+
+QString MacrosModel::secondLine(int row) const {
+    const QString line = typedLineOf(row);
+    return line.isEmpty() ? text("Nothing yet") : nameWithin(text("Types: ^1"), line);
+}
+
+QString MacrosModel::explanationOf(int row) const {
+    const QString line = typedLineOf(row);
+    const QString pattern = text("Types: ^1");
+    return line.isEmpty() ? text("It types nothing yet.")
+                          : withoutMarkup(filledText(pattern, {nameWithin(pattern, line)}));
+}
+
+QVariant MacrosModel::ownData(int /*columnIdentifier*/, int row, int role) const {
+    if (row >= numberOfRows())
+        return {};
+    if (role == TwoLineCells::secondLineRole)
+        return secondLine(row);
+    return role == Qt::ToolTipRole ? QVariant(explanationOf(row)) : QVariant();
+}
+
+void MacrosModel::showTyped(int row) {
+    if (row >= 0 && row < rowCount())
+        emit dataChanged(index(row, 0), index(row, 0), {TwoLineCells::secondLineRole, Qt::ToolTipRole});
+}
+
+void MacrosModel::showTypedAgain() {
+    m_typed.clear();
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, 0));
 }
 
 CellKind MacrosModel::cellKind(int /*columnIdentifier*/, int /*row*/) const {

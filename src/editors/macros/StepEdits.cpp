@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "document/Document.h"
+#include "editors/macros/SelectedSteps.h"
+#include "macros/StepPairs.h"
 #include "resources/MenuTags.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "window/ActionNames.h"
@@ -27,33 +29,60 @@ bool clipboardHasText() {
 } // namespace
 
 StepEdits::StepEdits(const EditorContext& context, TableList& list, std::function<bool()> isRecording)
-    : m_context(context), m_list(list), m_isRecording(std::move(isRecording)) {}
-
-std::size_t StepEdits::selected() const {
-    const int row = m_list.table().selectedRow();
-    const std::size_t count = m_context.document.macroSteps().size();
-    return row >= 0 ? static_cast<std::size_t>(row) : count;
+    : m_context(context), m_list(list), m_isRecording(std::move(isRecording)) {
+    const auto movedStep = [](bool alone) { return alone ? MovedStep::alone : MovedStep::keepingPairs; };
+    m_list.table().setRowMoves({.carried =
+                                    [=, this](const std::vector<int>& rows, int before, bool alone) {
+                                        return rowsOf(carried(stepsOfRows(rows),
+                                            static_cast<std::size_t>(before), movedStep(alone)));
+                                    },
+        .drop =
+            [=, this](const std::vector<int>& rows, int before, bool alone) {
+                drop(stepsOfRows(rows), static_cast<std::size_t>(before), movedStep(alone));
+            }});
 }
 
-void StepEdits::finish(int row, const char* action) {
+const char* StepEdits::named(const char* one, const char* several) const {
+    return selectedSteps(m_list.table(), m_context.document).size() > 1 ? several : one;
+}
+
+void StepEdits::finish(const StepPlaces& steps, const char* action) {
     m_list.reload();
-    m_list.table().selectRowAlone(row);
+    m_list.table().selectRows(rowsOf(steps));
     m_context.document.commit({.action = actionName(m_context.text(action))});
 }
 
 bool StepEdits::canMove(MoveDirection direction) const {
+    const StepPlaces steps = selectedSteps(m_list.table(), m_context.document);
     return !m_isRecording() &&
-           placeOfMovedStep(m_context.document.macroSteps(), selected(), direction).has_value();
+           placesOfMovedSteps(m_context.document.macroSteps(), steps, direction).has_value();
 }
 
 void StepEdits::move(MoveDirection direction) {
-    if (const auto place = moveStep(m_context.document.macroSteps(), selected(), direction))
-        finish(static_cast<int>(*place), "Move Step");
+    const char* action = named("Move Step", "Move Steps");
+    const StepPlaces steps = selectedSteps(m_list.table(), m_context.document);
+    if (const auto places = moveSteps(m_context.document.macroSteps(), steps, direction))
+        finish(*places, action);
+}
+
+StepPlaces StepEdits::carried(const StepPlaces& steps, std::size_t before, MovedStep moved) const {
+    if (m_isRecording())
+        return {};
+    return stepsMovedByDrop(m_context.document.macroSteps(), steps, before, moved).value_or(StepPlaces());
+}
+
+void StepEdits::drop(const StepPlaces& steps, std::size_t before, MovedStep moved) {
+    const bool one = carried(steps, before, moved).size() == 1;
+    if (m_isRecording())
+        return;
+    if (const auto places = dropSteps(m_context.document.macroSteps(), steps, before, moved))
+        finish(*places, one ? "Move Step" : "Move Steps");
 }
 
 std::string StepEdits::textOfSelected() const {
     const plist::Array& steps = m_context.document.macroSteps();
-    return textOfSteps(copyOfSteps(steps, stepWithPartner(steps, selected())));
+    const StepPlaces selected = selectedSteps(m_list.table(), m_context.document);
+    return textOfSteps(copyOfSteps(steps, stepsWithPartners(steps, selected)));
 }
 
 bool StepEdits::canCopy() const {
@@ -66,10 +95,13 @@ void StepEdits::copy() {
 
 void StepEdits::cut() {
     copy();
+    const char* action = named("Cut Step", "Cut Steps");
     const plist::Array& steps = m_context.document.macroSteps();
     const int row = m_list.table().selectedRow();
-    takeSteps(steps, stepWithPartner(steps, selected()));
-    finish(std::min(row, static_cast<int>(steps.size()) - 1), "Cut Step");
+    takeSteps(steps, stepsWithPartners(steps, selectedSteps(m_list.table(), m_context.document)));
+    m_list.reload();
+    m_list.table().selectRowAlone(std::min(row, static_cast<int>(steps.size()) - 1));
+    m_context.document.commit({.action = actionName(m_context.text(action))});
 }
 
 bool StepEdits::canPaste() const {
@@ -80,9 +112,10 @@ void StepEdits::paste() {
     const StepsOfText read = stepsOfText(QGuiApplication::clipboard()->text().toStdU16String());
     if (read.error != StepsTextError::none)
         return tellWhatIsNoStep(read);
-    const InsertedSteps inserted = insertSteps(m_context.document.macroSteps(), selected() + 1, read.steps);
+    const InsertedSteps inserted = insertSteps(m_context.document.macroSteps(),
+        placeBehindSelection(m_list.table(), m_context.document), read.steps);
     if (inserted.count > 0)
-        finish(static_cast<int>(inserted.first + inserted.count) - 1, "Paste Steps");
+        finish({inserted.first + inserted.count - 1}, "Paste Steps");
     if (inserted.leftOut > 0)
         tellLeftOut(inserted);
 }
@@ -90,14 +123,14 @@ void StepEdits::paste() {
 void StepEdits::tellWhatIsNoStep(const StepsOfText& read) const {
     const QString text =
         read.error == StepsTextError::notAStep
-            ? textWithName(m_context.text("“^1” on the clipboard is not a step of a macro."), read.part)
-            : m_context.text("There are no steps of a macro on the clipboard.");
+            ? textWithName(m_context.text("“^1” on the clipboard is not a macro step."), read.part)
+            : m_context.text("There are no macro steps on the clipboard.");
     m_context.notices.tell(Notice::outcome, text, NoticeSign::warning);
 }
 
 void StepEdits::tellLeftOut(const InsertedSteps& inserted) const {
     const QString text =
-        filledText(m_context.text("Steps that had no room: ^1. A macro has at most 16 steps."),
+        filledText(m_context.text("Steps that did not fit: ^1. A macro has at most 16 steps."),
             {QString::number(inserted.leftOut)});
     if (inserted.count > 0)
         m_context.notices.tellUndoable(text, NoticeSign::warning);
@@ -106,41 +139,52 @@ void StepEdits::tellLeftOut(const InsertedSteps& inserted) const {
 }
 
 bool StepEdits::canDuplicate() const {
-    return !m_isRecording() && canDuplicateStep(m_context.document.macroSteps(), selected());
+    return !m_isRecording() && canDuplicateSteps(m_context.document.macroSteps(),
+                                   selectedSteps(m_list.table(), m_context.document));
 }
 
 void StepEdits::duplicate() {
-    const InsertedSteps inserted = duplicateStep(m_context.document.macroSteps(), selected());
-    if (inserted.count > 0)
-        finish(static_cast<int>(inserted.first), "Duplicate Step");
+    const char* action = named("Duplicate Step", "Duplicate Steps");
+    const StepPlaces selected = selectedSteps(m_list.table(), m_context.document);
+    const InsertedSteps inserted = duplicateSteps(m_context.document.macroSteps(), selected);
+    if (inserted.count == 0)
+        return;
+    StepPlaces copies{inserted.first};
+    while (selected.size() > 1 && copies.size() < inserted.count)
+        copies.push_back(copies.back() + 1);
+    finish(copies, action);
 }
 
 std::vector<MenuCommand> StepEdits::commands() {
     // An assistive program may choose an item that has become impossible since the menu was open.
-    const auto command = [](int tag, const std::function<void()>& perform,
-                             const std::function<bool()>& isPossible) {
+    const auto command = [this](int tag, const char* one, const char* several,
+                             const std::function<void()>& perform, const std::function<bool()>& isPossible) {
         const auto performIfPossible = [perform, isPossible] {
             if (isPossible())
                 perform();
         };
-        return MenuCommand{tag, performIfPossible, isPossible, {}, true};
+        const auto title = [this, one, several] { return m_context.text(named(one, several)); };
+        return MenuCommand{tag, performIfPossible, isPossible, title, true};
     };
-    const auto commandToMove = [&](int tag, MoveDirection direction) {
+    const auto commandToMove = [&](int tag, const char* one, const char* several, MoveDirection direction) {
         return command(
-            tag, [this, direction] { move(direction); }, [this, direction] { return canMove(direction); });
+            tag, one, several, [this, direction] { move(direction); },
+            [this, direction] { return canMove(direction); });
     };
     const auto canCopyIt = [this] { return canCopy(); };
     return {
-        commandToMove(kMoveStepUpItem, MoveDirection::up),
-        commandToMove(kMoveStepDownItem, MoveDirection::down),
+        commandToMove(kMoveStepUpItem, "Move Step Up", "Move Steps Up", MoveDirection::up),
+        commandToMove(kMoveStepDownItem, "Move Step Down", "Move Steps Down", MoveDirection::down),
         command(
-            kCutStepItem, [this] { cut(); }, canCopyIt),
+            kCutStepItem, "Cut Step", "Cut Steps", [this] { cut(); }, canCopyIt),
         command(
-            kCopyStepItem, [this] { copy(); }, canCopyIt),
+            kCopyStepItem, "Copy Step", "Copy Steps", [this] { copy(); }, canCopyIt),
         command(
-            kPasteStepsItem, [this] { paste(); }, [this] { return canPaste(); }),
+            kPasteStepsItem, "Paste Steps", "Paste Steps", [this] { paste(); },
+            [this] { return canPaste(); }),
         command(
-            kDuplicateStepItem, [this] { duplicate(); }, [this] { return canDuplicate(); }),
+            kDuplicateStepItem, "Duplicate Step", "Duplicate Steps", [this] { duplicate(); },
+            [this] { return canDuplicate(); }),
     };
 }
 

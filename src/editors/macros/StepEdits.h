@@ -1,5 +1,5 @@
-// The commands of the list of steps that move, cut, copy, paste and duplicate steps. A press and its release
-// go together.
+// The commands of the list of steps that move, cut, copy, paste and duplicate the selected steps. A press and
+// its release go together.
 #pragma once
 
 #include <functional>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "macros/StepClipboard.h"
+#include "macros/StepInsertions.h"
 #include "macros/StepMoves.h"
 #include "window/EditorContext.h"
 #include "window/MenuCommands.h"
@@ -27,9 +28,11 @@ class StepEdits {
   private:
     [[nodiscard]] bool canMove(MoveDirection direction) const;
     void move(MoveDirection direction);
-    [[nodiscard]] bool canCopy() const;
-    /// The text of the selected step and its other half; empty without one.
+    [[nodiscard]] StepPlaces carried(const StepPlaces& steps, std::size_t before, MovedStep moved) const;
+    void drop(const StepPlaces& steps, std::size_t before, MovedStep moved);
+    /// The text of the selected steps and their other halves; empty without one.
     [[nodiscard]] std::string textOfSelected() const;
+    [[nodiscard]] bool canCopy() const;
     void copy();
     void cut();
     [[nodiscard]] bool canPaste() const;
@@ -37,10 +40,10 @@ class StepEdits {
     [[nodiscard]] bool canDuplicate() const;
     void duplicate();
 
-    /// The index of the selected step; past the end for none.
-    [[nodiscard]] std::size_t selected() const;
-    /// Shows the list with the row selected, none for -1, and ends the action that the text names.
-    void finish(int row, const char* action);
+    /// The name of a command or an action for how many are selected.
+    [[nodiscard]] const char* named(const char* one, const char* several) const;
+    /// Shows the list with the steps selected, and ends the action that the text names.
+    void finish(const StepPlaces& steps, const char* action);
     void tellWhatIsNoStep(const StepsOfText& read) const;
     void tellLeftOut(const InsertedSteps& inserted) const;
 

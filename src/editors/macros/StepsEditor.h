@@ -4,24 +4,35 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 #include "editors/macros/StepEdits.h"
+#include "editors/macros/StepFaults.h"
+#include "editors/macros/StepInserts.h"
 #include "editors/macros/StepsModel.h"
 #include "window/EditorContext.h"
 #include "window/MenuCommands.h"
 #include "window/TableList.h"
 
+class QLabel;
 class QPushButton;
 
 namespace quorvi {
 
-/// The recording of a macro, as the commands of the lists see it.
+/// The recording of a macro, and of a single key, as the commands of the lists see it.
 struct RecordingCommands {
     std::function<bool()> isRunning;
     /// Starts or stops one. One of a single step replaces the selected step.
+    /// What the recording has left is offered to be put right, elsewhere than at the steps.
+    std::function<bool(const StepCheck& fault)> offersToMend;
     std::function<void(bool start, bool oneStep)> startOrStop;
     /// What the command that starts and stops is called now.
     std::function<QString()> title;
+    /// Starts one that inserts its steps before the one at the index.
+    std::function<void(std::size_t index)> startAt;
+    /// Asks for a key to insert and gives its USB usage; nothing when the user has called it off, or the
+    /// panel has gone meanwhile.
+    std::function<std::optional<std::uint8_t>()> askForKey;
 };
 
 class StepsEditor final {
@@ -33,6 +44,9 @@ class StepsEditor final {
         QPushButton& removeButton;
         QPushButton& gearButton;
         QMenu& delays; ///< the items of the cells with delays
+        FaultLine& faults;
+        QLabel& heading; ///< the macro's name
+        QLabel& count;   ///< of its steps, and how long they take
     };
 
     StepsEditor(const EditorContext& context, const Views& views, RecordingCommands recording);
@@ -45,11 +59,14 @@ class StepsEditor final {
     /// Shows the steps of another macro, with none selected.
     void showOtherMacro();
 
+    /// Marks the step that is played just now and brings it into view; nothing for none.
+    void showPlayed(std::optional<std::size_t> step);
+
     /// Names the keys of the steps again, by another layout, and leaves the rest as it is: what the user is
     /// typing meanwhile stays. A second keyboard counts as another layout too.
     void showKeyNames();
 
-    /// Removes the selected step. The next save brings that along.
+    /// Removes the selected step, or several ones with their other halves. The next save brings that along.
     void remove();
     /// Every step of the current macro waits that long, in milliseconds, except the last, which has nothing
     /// to wait for. Whoever asks for it saves.
@@ -64,9 +81,18 @@ class StepsEditor final {
   private:
     [[nodiscard]] StepsModel& model() const;
     void commit(const QString& action);
+    /// After a double click on the cell of what the step does.
+    void recordAgain(const QModelIndex& cell);
     void removeAll();
     void useDelayOfSelectedForAll();
+    /// Asks for a factor. Several selected steps get other delays, or else all steps.
+    void multiplyDelays();
+    void multiplyDelays(std::int32_t thousandths, bool ofSelected);
+    void showHeading();
+    /// How long the macro takes; empty for no time.
+    [[nodiscard]] QString shownLength() const;
     [[nodiscard]] bool isSelected() const;
+    [[nodiscard]] bool areSeveralSelected() const;
     [[nodiscard]] bool hasSteps() const;
 
     EditorContext m_context;
@@ -74,6 +100,8 @@ class StepsEditor final {
     RecordingCommands m_recording;
     TableList m_list;
     StepEdits m_edits;
+    StepInserts m_inserts;
+    StepFaults m_faults;
 };
 
 } // namespace quorvi

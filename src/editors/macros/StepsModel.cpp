@@ -1,10 +1,17 @@
 #include "editors/macros/StepsModel.h"
 
+#include <QFont>
 #include <QMenu>
 
+#include <algorithm>
+#include <utility>
+
+#include "macros/StepCodes.h"
 #include "model/Keys.h"
 #include "resources/TableTags.h"
+#include "widgets/MarkedCells.h"
 #include "widgets/MenuItems.h"
+#include "widgets/SymbolIcon.h"
 #include "window/ActionNames.h"
 #include "window/ShownStep.h"
 
@@ -34,9 +41,10 @@ QAction* itemAt(const QMenu& menu, const QVariant& value) {
 
 } // namespace
 
-StepsModel::StepsModel(const EditorContext& context, const QMenu& delays)
+StepsModel::StepsModel(
+    const EditorContext& context, const QMenu& delays, std::function<std::vector<int>()> selectedRows)
     : TableModel(stepColumns, context.text), m_document(context.document),
-      m_typed(context.text, context.notices), m_delays(delays) {}
+      m_selectedRows(std::move(selectedRows)), m_typed(context.text, context.notices), m_delays(delays) {}
 
 int StepsModel::numberOfRows() const {
     return m_document.hasDevice() ? static_cast<int>(m_document.macroSteps().size()) : 0;
@@ -63,15 +71,54 @@ std::int32_t StepsModel::delayOf(int row) const {
     return m_document.macroSteps().dictionary(static_cast<std::size_t>(row)).integer(keys::delay);
 }
 
+std::vector<int> StepsModel::rowsWith(int row) const {
+    std::vector<int> rows = m_selectedRows();
+    return std::ranges::binary_search(rows, row) ? rows : std::vector{row};
+}
+
 void StepsModel::setDelay(std::int32_t milliseconds, int row) {
-    m_document.macroSteps().dictionary(static_cast<std::size_t>(row)).set(keys::delay, milliseconds);
+    const std::vector<int> rows = rowsWith(row);
+    for (const int each : rows)
+        m_document.macroSteps().dictionary(static_cast<std::size_t>(each)).set(keys::delay, milliseconds);
+    const bool several = rows.size() > 1;
+    if (several)
+        showColumn(kStepDelayColumn);
     m_document.commit({.shown = Shown::nothing,
         .saving = Saving::withNextAction,
-        .action = actionName(text("Change Delay"))});
+        .action = actionName(text(several ? "Change Delays" : "Change Delay"))});
+}
+
+void StepsModel::showPlayed(int row) {
+    const int before = std::exchange(m_played, row);
+    for (const int changed : {before, row})
+        if (changed >= 0 && changed < rowCount())
+            emit dataChanged(index(changed, 0), index(changed, columnCount() - 1), {Qt::FontRole});
+}
+
+int StepsModel::symbolOf(int row) const {
+    const auto code = static_cast<std::uint32_t>(
+        m_document.macroSteps().dictionary(static_cast<std::size_t>(row)).integer(keys::command));
+    if (stepcodes::isButton(code))
+        return static_cast<int>(Symbol::Mouse);
+    return static_cast<int>(code == stepcodes::keyUp ? Symbol::KeyUp : Symbol::KeyDown);
+}
+
+QVariant StepsModel::ownData(int columnIdentifier, int row, int role) const {
+    if (role == MarkedCells::symbolRole && columnIdentifier == kStepActionColumn && row < numberOfRows())
+        return symbolOf(row);
+    if (role != Qt::FontRole || row != m_played)
+        return {};
+    QFont font; // of which only the weight is set, and counts
+    font.setBold(true);
+    return font;
 }
 
 void StepsModel::showActions() {
-    const int column = columnOf(kStepActionColumn);
+    showColumn(kStepActionColumn);
+}
+
+void StepsModel::showColumn(int columnIdentifier) {
+    const int column = columnOf(columnIdentifier);
     if (rowCount() > 0)
         emit dataChanged(index(0, column), index(rowCount() - 1, column));
 }
@@ -88,7 +135,8 @@ void StepsModel::takeTypedText(const QString& typed, int columnIdentifier, int r
     if (columnIdentifier != kStepDelayColumn)
         return;
     const auto delay = m_typed.read(typed);
-    if (delay && *delay != delayOf(row))
+    const std::vector<int> rows = rowsWith(row);
+    if (delay && std::ranges::any_of(rows, [&](int each) { return *delay != delayOf(each); }))
         setDelay(*delay, row);
 }
 

@@ -1,12 +1,12 @@
 #include "editors/macros/TypedDelays.h"
 
-#include <QLocale>
-
 #include <utility>
 
 #include "model/Limits.h"
 #include "widgets/ShownText.h"
 #include "window/Notices.h"
+#include "window/ShownNumber.h"
+#include "window/ShownStep.h"
 
 namespace quorvi {
 
@@ -20,14 +20,8 @@ constexpr std::int32_t kLongExample = 1500;
 
 TypedDelays::TypedDelays(const PanelText& text, Notices& notices) : m_text(text), m_notices(notices) {}
 
-// Asked every time: the user may change the locale while the panel is open.
 DelayLanguage TypedDelays::language() const {
-    const QString sign(QLocale().decimalPoint());
-    return {static_cast<char16_t>(sign.isEmpty() ? u'.' : sign.at(0).unicode()),
-        [this](std::u16string_view english) {
-            const QByteArray key = QString::fromUtf16(english.data(), int(english.size())).toUtf8();
-            return m_text(key.constData()).toStdU16String();
-        }};
+    return {decimalSign(), lookupIn(m_text)};
 }
 
 QString TypedDelays::text(std::int32_t milliseconds) const {
@@ -52,13 +46,13 @@ QString TypedDelays::refusal(DelayFault fault, const QString& typed) const {
     };
     switch (fault) {
     case DelayFault::negative:
-        return with(m_text("“^1” is no delay: it is below zero."));
+        return with(m_text("“^1” is not a delay: it is below zero."));
     case DelayFault::tooFine:
-        return with(m_text("“^1” is no whole number of milliseconds."));
+        return with(m_text("“^1” is not a whole number of milliseconds."));
     case DelayFault::tooLong:
         return with(m_text("“^1” is too long. The longest delay is ^2."), {text(limits::longestDelay)});
     default:
-        return with(m_text("“^1” is no delay. Type one such as ^2 or ^3."),
+        return with(m_text("“^1” is not a delay. Type one such as ^2 or ^3."),
             {text(kShortExample), text(kLongExample)});
     }
 }

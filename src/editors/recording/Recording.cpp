@@ -15,7 +15,7 @@ namespace quorvi {
 
 namespace {
 
-/// How long Escape is held to end a recording.
+/// How long Escape must be held to end a recording.
 constexpr double kSecondsToEnd = 1.5;
 
 /// From 0: left, right, middle, back, forward and further ones, as the bits of Qt's buttons.
@@ -27,15 +27,26 @@ std::int32_t buttonNumber(Qt::MouseButton button) {
 
 Recording::Recording(const EditorContext& context, const RecordingView::Views& views,
     std::vector<QWidget*> tables, Surroundings surroundings)
-    : m_context(context), m_view(views, context.text), m_tables(std::move(tables)),
-      m_surroundings(std::move(surroundings)) {}
+    : m_context(context), m_view(views, context.text),
+      m_offers(context, {surroundings.reloadSteps, surroundings.offerHasChanged}),
+      m_tables(std::move(tables)), m_surroundings(std::move(surroundings)) {}
 
 void Recording::start(bool oneStep) {
+    run([&] { m_recorder.start(oneStep); });
+}
+
+void Recording::startAt(std::size_t index) {
+    run([&] { m_recorder.startAt(index); });
+}
+
+void Recording::run(const std::function<void()>& startRecorder) {
     if (isRunning())
         return;
     takeFocusFromCells();
+    m_offers.withdraw();
     m_stepsBefore = plist::deepCopy(m_context.document.macroSteps());
-    m_recorder.start(oneStep);
+    startRecorder();
+    m_firstStep = m_recorder.nextPlace(m_context.document.macroSteps().size());
     didStartOrStop({.saving = Saving::never});
 }
 
@@ -45,7 +56,14 @@ void Recording::stop() {
     m_recorder.stop();
     m_heldEscape.reset();
     setTablesTakeFocus(true);
-    didStartOrStop({.action = action()});
+    const std::u16string name = action();
+    didStartOrStop({.action = name});
+    if (!name.empty() && !m_recorder.isForOneStep())
+        tellOffers();
+}
+
+void Recording::tellOffers() {
+    m_offers.tell({.stepsBefore = m_firstStep, .foundCapsLock = m_recorder.placeOfFoundCapsLock()});
 }
 
 std::u16string Recording::action() const {
@@ -64,14 +82,14 @@ void Recording::didStartOrStop(const Change& change) {
     m_surroundings.keyCaptureBeganOrEnded();
 }
 
-// Where text can be typed, the input method composes it, and takes dead keys before anybody sees them. So the
-// focus goes to where the recording is stopped, which finishes an edit.
+// In a text field, the input method composes text and consumes dead keys before the recording sees them. So
+// the focus moves to the button that stops the recording, which also ends an edit.
 void Recording::takeFocusFromCells() {
     m_view.takeFocus();
     setTablesTakeFocus(false);
 }
 
-// A click that is recorded is to leave the focus where it is.
+// A recorded click must not move the focus.
 void Recording::setTablesTakeFocus(bool take) {
     for (QWidget* table : m_tables)
         table->setFocusPolicy(take ? Qt::StrongFocus : Qt::NoFocus);
@@ -102,10 +120,10 @@ void Recording::showRecordedStep() {
     if (m_recorder.isForOneStep())
         stop();
     else
-        m_view.selectStep(static_cast<int>(m_context.document.macroSteps().size()) - 1);
+        m_view.selectStep(static_cast<int>(m_recorder.nextPlace(m_context.document.macroSteps().size())) - 1);
 }
 
-// Every key is recorded, so none of them can press the button that stops it.
+// Every key is recorded, so no key can press the button that stops it.
 void Recording::followHeldEscape() {
     m_heldEscape.reset();
     if (!m_recorder.isEscapeHeld())
@@ -135,6 +153,7 @@ void Recording::show() {
             .oneStep = m_recorder.isForOneStep()});
     else
         m_view.showNoProgress();
+    m_offers.show();
 }
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// What the window says of a recording: that it runs, and how far it is.
+// Shows in the window that a recording runs, and its progress.
 #pragma once
 
 #include <QString>
@@ -7,41 +7,40 @@
 
 #include "widgets/FilledText.h"
 
-class QLabel;
-
 namespace quorvi {
 
 class KyvarQuorviTableView;
+class StateLabel;
 class ToggleButton;
 
-/// How far a recording is.
+/// A recording's progress.
 struct RecordingProgress {
-    std::size_t steps; ///< that the macro has
+    std::size_t steps; ///< in the macro
     int row;           ///< the selected step, -1 for none
-    bool oneStep;      ///< the selected step is replaced, and the recording ends with it
+    bool oneStep;      ///< the recording replaces the selected step and ends
 };
 
 class RecordingView {
   public:
-    /// They must outlive this object's use.
+    /// All must outlive the RecordingView.
     struct Views {
         KyvarQuorviTableView* steps;
         ToggleButton* button; ///< starts and stops a recording
-        QLabel* text;         ///< says how far it is
+        StateLabel* text;     ///< shows the progress
     };
 
-    /// The views' texts are those without a recording.
+    /// The views must have their texts without a recording.
     RecordingView(const Views& views, PanelText text);
 
-    /// What the command that starts and stops a recording does, in the user's language.
+    /// The title of the command that starts and stops a recording, in the user's language.
     [[nodiscard]] QString commandTitle(bool runs) const { return runs ? m_stopTitle : m_recordTitle; }
-    /// Shows by the button that a recording runs, or that none does.
+    /// Makes the button show whether a recording runs.
     void showCommand(bool runs);
     void showProgress(const RecordingProgress& progress);
-    /// No recording runs.
+    /// Shows that no recording runs.
     void showNoProgress();
 
-    /// Gives the focus to the button, if it is there to be seen.
+    /// Moves the focus to the button, if it is visible.
     void takeFocus();
     /// The row of the selected step, -1 for none.
     [[nodiscard]] int selectedStep() const;
@@ -50,14 +49,17 @@ class RecordingView {
 
   private:
     [[nodiscard]] QString stateText(const RecordingProgress& progress) const;
-    void showTexts(const QString& shown, const QString& emptyList, const QString& ofButton);
+    void showTexts(const QString& shown, const QString& emptyList);
+    /// Makes screen readers announce the text. They announce changes of the control with the focus, and
+    /// during a recording that is the button.
+    void say(const QString& text);
 
     Views m_views;
     PanelText m_text;
     QString m_recordTitle;
     QString m_stopTitle;
-    QString m_description; ///< what screen readers say of the button
-    QString m_noSteps;     ///< what an empty list of steps says
+    QString m_description; ///< the button's, for screen readers
+    QString m_noSteps;     ///< the text of an empty list of steps
 };
 
 } // namespace quorvi
