@@ -1,5 +1,5 @@
-// Acceleration at one glance: the speed of the pointer against the speed of the hand, with the line beside it
-// that no acceleration gives. It only shows.
+// Shows the acceleration: the pointer's speed against the hand's, next to the line without acceleration, and
+// where the factor holds. Read-only.
 #pragma once
 
 #include <QWidget>
@@ -10,14 +10,16 @@ namespace quorvi {
 
 class AccelerationCurve : public QWidget {
     Q_OBJECT
-    /// What stands along the two axes.
+    /// The labels of the two axes.
     Q_PROPERTY(QString handLabel READ handLabel WRITE setHandLabel)
     Q_PROPERTY(QString pointerLabel READ pointerLabel WRITE setPointerLabel)
+    /// What stands at the curve's end, with "^1" for the factor in percent.
+    Q_PROPERTY(QString nowLabel READ nowLabel WRITE setNowLabel)
 
   public:
     explicit AccelerationCurve(QWidget* parent = nullptr);
 
-    /// 0.1 to 2.0; anything else, and what is no number, shows as the neutral 1.
+    /// 0.1 to 2.0; anything else, including NaN, shows as the neutral 1.
     void setFactor(float factor);
     [[nodiscard]] float factor() const { return m_factor; }
 
@@ -26,11 +28,16 @@ class AccelerationCurve : public QWidget {
     [[nodiscard]] const QString& pointerLabel() const { return m_pointerLabel; }
     void setPointerLabel(const QString& label);
 
-    /// Where the curve is drawn, in the widget's coordinates: from standing still at the lower left to the
-    /// fastest hand at the right and twice its speed at the top.
+    [[nodiscard]] const QString& nowLabel() const { return m_nowLabel; }
+    void setNowLabel(const QString& label);
+    /// The same for the factor that is shown.
+    [[nodiscard]] QString nowText() const;
+
+    /// The area of the curve, in widget coordinates: the lower left is standing still, the right edge the
+    /// fastest hand, the top twice its speed.
     [[nodiscard]] QRectF plot() const;
 
-    /// Where the curve of the factor is at that speed of the hand, 0 to 1, in the view's coordinates.
+    /// The point of the factor's curve for that hand speed, 0 to 1, in view coordinates.
     [[nodiscard]] QPointF pointAt(double handSpeed, double factor) const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -40,9 +47,15 @@ class AccelerationCurve : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void paintGrid(QPainter& painter, const QRectF& area) const;
+    void paintCurve(QPainter& painter) const;
+    void paintNow(QPainter& painter, const QRectF& area) const;
+    void paintAxes(QPainter& painter, const QRectF& area) const;
+
     float m_factor = 1.0F;
     QString m_handLabel;
     QString m_pointerLabel;
+    QString m_nowLabel;
 };
 
 } // namespace quorvi

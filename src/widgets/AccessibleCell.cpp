@@ -2,6 +2,8 @@
 
 #include <QHeaderView>
 
+#include <algorithm>
+
 #include "widgets/KyvarQuorviTableView.h"
 
 namespace quorvi {
@@ -14,20 +16,13 @@ QRect onScreen(const QWidget& widget, const QRect& rectangle) {
 
 } // namespace
 
-AccessiblePart::AccessiblePart(KyvarQuorviTableView& table) : m_table(&table) {}
-
-QAccessibleInterface* AccessiblePart::parent() const {
-    return QAccessible::queryAccessibleInterface(m_table);
-}
-
-QWindow* AccessiblePart::window() const {
-    return m_table->window()->windowHandle();
-}
+AccessibleTablePart::AccessibleTablePart(KyvarQuorviTableView& table)
+    : AccessiblePart(table), m_table(&table) {}
 
 // A column's title
 
 AccessibleColumnTitle::AccessibleColumnTitle(KyvarQuorviTableView& table, int column)
-    : AccessiblePart(table), m_column(column) {}
+    : AccessibleTablePart(table), m_column(column) {}
 
 bool AccessibleColumnTitle::isValid() const {
     return m_table && m_table->model() && m_column < m_table->model()->columnCount();
@@ -55,7 +50,7 @@ QAccessible::State AccessibleColumnTitle::state() const {
 // A cell
 
 AccessibleCell::AccessibleCell(KyvarQuorviTableView& table, const QModelIndex& cell)
-    : AccessiblePart(table), m_cell(cell) {}
+    : AccessibleTablePart(table), m_cell(cell) {}
 
 bool AccessibleCell::isValid() const {
     return m_table && m_cell.isValid();
@@ -99,7 +94,7 @@ QRect AccessibleCell::rect() const {
 }
 
 bool AccessibleCell::isSelected() const {
-    return isValid() && m_table->selectedRow() == m_cell.row();
+    return isValid() && std::ranges::binary_search(m_table->selectedRows(), m_cell.row());
 }
 
 QAccessible::State AccessibleCell::state() const {
@@ -137,7 +132,7 @@ QStringList AccessibleCell::actionNames() const {
     return names;
 }
 
-// Each may read the list afresh, and this is gone with its cell.
+// Each may reload the list, which destroys this object with its cell.
 void AccessibleCell::doAction(const QString& action) {
     if (!isValid() || state().disabled)
         return;

@@ -1,33 +1,24 @@
-// What assistive programs are told of the cells and the columns' titles of a table of the panel.
+// Cells and column titles of the panel's tables, for assistive programs.
 #pragma once
 
-#include <QAccessible>
 #include <QPersistentModelIndex>
-#include <QPointer>
+
+#include "widgets/AccessibleParts.h"
 
 namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// What cells and titles have in common: a place in a table, and no object of their own.
-class AccessiblePart : public QAccessibleInterface {
+/// The common part of cells and titles: a place in a table.
+class AccessibleTablePart : public AccessiblePart {
   public:
-    explicit AccessiblePart(KyvarQuorviTableView& table);
-
-    [[nodiscard]] QObject* object() const override { return nullptr; }
-    [[nodiscard]] QWindow* window() const override;
-    [[nodiscard]] QAccessibleInterface* parent() const override;
-    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    [[nodiscard]] int childCount() const override { return 0; }
-    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    explicit AccessibleTablePart(KyvarQuorviTableView& table);
 
   protected:
     QPointer<KyvarQuorviTableView> m_table;
 };
 
-class AccessibleColumnTitle : public AccessiblePart {
+class AccessibleColumnTitle : public AccessibleTablePart {
   public:
     AccessibleColumnTitle(KyvarQuorviTableView& table, int column);
 
@@ -41,9 +32,9 @@ class AccessibleColumnTitle : public AccessiblePart {
     int m_column;
 };
 
-/// Of its actions "Toggle" clicks a check box and selects the row of any other cell, "Press" edits a name,
-/// and "ShowMenu" opens the menu of a pop-up. The field in which a name is being edited is its child.
-class AccessibleCell : public AccessiblePart,
+/// Its actions: "Toggle" clicks a check box and selects the row of any other cell, "Press" edits a name, and
+/// "ShowMenu" opens a pop-up's menu. The field in which a name is being edited is its child.
+class AccessibleCell : public AccessibleTablePart,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {
   public:

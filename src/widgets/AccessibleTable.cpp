@@ -1,6 +1,9 @@
 #include "widgets/AccessibleTable.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "widgets/AccessibleCell.h"
 #include "widgets/KyvarQuorviTableView.h"
@@ -22,7 +25,7 @@ void AccessibleTable::forgetChildren() {
 
 KyvarQuorviTableView& AccessibleTable::table() const {
     auto& table = static_cast<KyvarQuorviTableView&>(*widget());
-    table.completeModel(); // a screen reader also looks at what nobody has opened yet
+    table.completeModel(); // screen readers also read pages that are not open yet
     return table;
 }
 
@@ -50,7 +53,7 @@ QAccessibleInterface* AccessibleTable::child(int index) const {
         return QAccessible::accessibleInterface(known);
     const int row = index / columnCount() - 1;
     const int column = index % columnCount();
-    // They belong to the toolkit's list of all of them from here on.
+    // From here on the toolkit owns them.
     QAccessibleInterface* child = nullptr;
     if (row < 0)
         child = std::make_unique<AccessibleColumnTitle>(table(), column).release();
@@ -84,9 +87,16 @@ QString AccessibleTable::columnDescription(int column) const {
     return table().model() ? table().model()->headerData(column, Qt::Horizontal).toString() : QString();
 }
 
+QString AccessibleTable::rowDescription(int row) const {
+    return table().areRowsNumbered() && row >= 0 && row < rowCount() ? QString::number(row + 1) : QString();
+}
+
 QList<int> AccessibleTable::selectedRows() const {
-    const int row = table().selectedRow();
-    return row < 0 || row >= rowCount() ? QList<int>() : QList<int>{row};
+    QList<int> rows;
+    for (const int row : table().selectedRows())
+        if (row < rowCount())
+            rows.append(row);
+    return rows;
 }
 
 int AccessibleTable::selectedRowCount() const {
@@ -112,11 +122,29 @@ QList<QAccessibleInterface*> AccessibleTable::selectedCells() const {
 bool AccessibleTable::selectRow(int row) {
     if (!table().isEnabled() || row < 0 || row >= rowCount())
         return false;
-    table().selectRowAlone(row);
+    std::vector<int> rows{row};
+    if (table().isSeveralSelectable())
+        std::ranges::copy(table().selectedRows(), std::back_inserter(rows));
+    table().selectRows(rows, row);
     return true;
 }
 
-// The lists are read afresh as a whole.
+bool AccessibleTable::unselectRow(int row) {
+    if (!table().isEnabled() || !table().isSeveralSelectable() || !isRowSelected(row))
+        return false;
+    std::vector<int> rows = table().selectedRows();
+    rows.erase(std::ranges::find(rows, row));
+    table().selectRows(rows, table().selectedRow());
+    return true;
+}
+
+QAccessible::State AccessibleTable::state() const {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.multiSelectable = table().isSeveralSelectable();
+    return state;
+}
+
+// Lists are always reloaded as a whole.
 void AccessibleTable::modelChange(QAccessibleTableModelChangeEvent* event) {
     if (event->modelChangeType() != QAccessibleTableModelChangeEvent::DataChanged)
         forgetChildren();

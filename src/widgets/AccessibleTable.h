@@ -1,4 +1,4 @@
-// What assistive programs are told of a table of the panel, and what they can do with it.
+// A table of the panel, for assistive programs.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -8,8 +8,8 @@ namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// Its children are the titles of the columns and then the cells, row by row. (That of QTableView lists row
-/// headers that nobody sees, and knows no check boxes, pop-ups and edits in cells.)
+/// Its children are the column titles and then the cells, row by row. (QTableView's interface lists invisible
+/// row headers, and does not support check boxes, pop-ups and editing in cells.)
 class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterface {
   public:
     explicit AccessibleTable(KyvarQuorviTableView* table);
@@ -21,6 +21,7 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override;
     [[nodiscard]] QAccessibleInterface* focusChild() const override;
+    [[nodiscard]] QAccessible::State state() const override;
 
     [[nodiscard]] QAccessibleInterface* caption() const override { return nullptr; }
     [[nodiscard]] QAccessibleInterface* summary() const override { return nullptr; }
@@ -28,7 +29,8 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
     [[nodiscard]] int selectedCellCount() const override;
     [[nodiscard]] QList<QAccessibleInterface*> selectedCells() const override;
     [[nodiscard]] QString columnDescription(int column) const override;
-    [[nodiscard]] QString rowDescription(int /*row*/) const override { return {}; }
+    /// The row's number, if the rows are numbered.
+    [[nodiscard]] QString rowDescription(int row) const override;
     [[nodiscard]] int selectedColumnCount() const override { return 0; }
     [[nodiscard]] int selectedRowCount() const override;
     [[nodiscard]] int columnCount() const override;
@@ -37,10 +39,11 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
     [[nodiscard]] QList<int> selectedRows() const override;
     [[nodiscard]] bool isColumnSelected(int /*column*/) const override { return false; }
     [[nodiscard]] bool isRowSelected(int row) const override;
+    /// Adds the row to the selection if several rows can be selected; otherwise selects it alone.
     bool selectRow(int row) override;
     bool selectColumn(int /*column*/) override { return false; }
-    /// A selected row stays selected until another is.
-    bool unselectRow(int /*row*/) override { return false; }
+    /// Does nothing if only one row can be selected: it stays selected until another one is.
+    bool unselectRow(int row) override;
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
@@ -51,7 +54,7 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
     mutable QHash<int, QAccessible::Id> m_children;
 };
 
-/// Tells assistive programs, if there are any, what has become of the cell.
+/// Notifies assistive programs, if any run, of the cell's change.
 void tellOfCell(KyvarQuorviTableView& table, const QModelIndex& cell, QAccessible::Event what);
 
 } // namespace quorvi

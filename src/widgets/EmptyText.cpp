@@ -9,6 +9,7 @@ namespace quorvi {
 namespace {
 
 constexpr int kEmptyTextMargin = 24;
+constexpr int kLeastMargin = 4; // in a list that is too low for the text and the usual one
 
 } // namespace
 
@@ -23,10 +24,13 @@ EmptyText::EmptyText(QAbstractItemView& list) : QLabel(list.viewport()), m_list(
 
 void EmptyText::fit() {
     setGeometry(m_list.viewport()->rect());
+    setMargin(kEmptyTextMargin);
+    if (heightForWidth(width()) > height())
+        setMargin(kLeastMargin);
     setVisible(!m_list.model() || m_list.model()->rowCount() == 0);
 }
 
-// Themes give placeholders too little contrast to be read with ease, and this one says what to do next.
+// Themes' placeholder colours have too little contrast for a text with instructions.
 void EmptyText::takeColour() {
     QPalette colours = m_list.palette();
     colours.setCurrentColorGroup(QPalette::Active);

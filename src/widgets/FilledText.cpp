@@ -19,6 +19,11 @@ QString filledText(const QString& text, const QStringList& parts) {
     return filled;
 }
 
+QString joinedText(const QString& pattern, const QStringList& parts) {
+    const auto from = pattern.indexOf(QLatin1String("^1")) + 2;
+    return parts.join(pattern.mid(from, pattern.indexOf(QLatin1String("^2")) - from));
+}
+
 QString nameFor(const QString& text, const QString& name) {
     return name.isEmpty() ? QStringLiteral("?") : nameWithin(text, shownText(name));
 }

@@ -1,4 +1,4 @@
-// Texts of the string tables with something put into them.
+// Inserts values into texts of the string tables.
 #pragma once
 
 #include <QString>
@@ -8,15 +8,18 @@
 
 namespace quorvi {
 
-/// The text of the string table for the key, in the user's language.
+/// Returns the string table's text for the key, in the user's language.
 using PanelText = std::function<QString(const char*)>;
 
-/// The text with the first part in place of "^1", the second in place of "^2" and so on. What a part holds
-/// stays as it is, marks like these included; a mark without a part stays as well. Nine parts at most.
+/// The text with the first part in place of "^1", the second in place of "^2" and so on. Parts are inserted
+/// unchanged, even with such marks; a mark without a part stays. At most nine parts.
 [[nodiscard]] QString filledText(const QString& text, const QStringList& parts);
 
-/// The name as it is put into the text: not too long (shownText), not turned (nameWithin), and "?" when it is
-/// empty.
+/// The parts as one text, with what the pattern has between "^1" and "^2" between each two.
+[[nodiscard]] QString joinedText(const QString& pattern, const QStringList& parts);
+
+/// The name for insertion into the text: shortened (shownText), with its direction isolated (nameWithin), and
+/// "?" if empty.
 [[nodiscard]] QString nameFor(const QString& text, const QString& name);
 
 } // namespace quorvi

@@ -1,8 +1,11 @@
 #include "widgets/InputLines.h"
 
 #include <QEvent>
+#include <QLineF>
 #include <QPainter>
 
+#include "widgets/Metrics.h"
+#include "widgets/MouseBody.h"
 #include "widgets/MouseView.h"
 #include "widgets/ThemeColours.h"
 
@@ -13,6 +16,13 @@ namespace {
 constexpr qreal kPlainWidth = 1.0;
 constexpr qreal kMarkedWidth = 2.2;
 constexpr qreal kLineShareOfText = 0.4;
+
+/// Around a control, most of it hidden behind it.
+void frame(QPainter& painter, const QRectF& control, const QColor& colour) {
+    constexpr qreal out = metrics::markFrame / 2.0;
+    painter.setPen(QPen(colour, metrics::markFrame));
+    painter.drawRoundedRect(control.adjusted(-out, -out, out, out), metrics::corner, metrics::corner);
+}
 
 } // namespace
 
@@ -28,14 +38,20 @@ InputLines::InputLines(MouseView& view, const Controls& controls)
     connect(&view.marks(), &InputMarks::changed, this, QOverload<>::of(&QWidget::update));
 }
 
-QLineF InputLines::lineOf(int input) const {
+QRectF InputLines::edgesOf(int input) const {
     const QWidget* control = m_controls.at(std::size_t(input - 1));
-    const QRectF edges(control->mapTo(parentWidget(), QPoint()), QSizeF(control->size()));
+    return {control->mapTo(parentWidget(), QPoint()), QSizeF(control->size())};
+}
+
+QPolygonF InputLines::lineOf(int input) const {
+    const QRectF edges = edgesOf(input);
     const QPointF middle = m_view.mapTo(parentWidget(), QPoint()) + m_view.middleOfInput(input);
     const bool before = edges.center().x() < middle.x();
-    QLineF line(QPointF(before ? edges.right() : edges.left(), edges.center().y()), middle);
-    line.setLength(line.length() - m_view.radiusOfInput());
-    return line;
+    const QPointF begin(before ? edges.right() : edges.left(), edges.center().y());
+    const QPointF knee = begin + QPointF(before ? metrics::knee : -metrics::knee, 0);
+    QLineF slope(knee, middle);
+    slope.setLength(slope.length() - m_view.radiusOfInput());
+    return QPolygonF({begin, knee, slope.p2()});
 }
 
 bool InputLines::eventFilter(QObject* watched, QEvent* event) {
@@ -59,11 +75,17 @@ void InputLines::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     QPalette colours = palette();
     colours.setCurrentColorGroup(m_view.isEnabled() ? QPalette::Active : QPalette::Disabled);
-    const QColor plain = lineOnWindow(colours, kLineShareOfText);
+    const MouseTones tones = mouseTones(colours);
+    const QColor window = colours.color(QPalette::Window);
+    const QColor plain = lineOn(colours, kLineShareOfText, {window, tones.lightest, tones.darkest});
+    const QColor mark = markOn(colours, {window, tones.lightest, tones.darkest});
     for (int input = 1; input <= mouseInputs; ++input) {
         const bool marked = m_view.isEnabled() && m_view.marks().isMarked(input);
-        painter.setPen(QPen(marked ? markColour(colours) : plain, marked ? kMarkedWidth : kPlainWidth));
-        painter.drawLine(lineOf(input));
+        painter.setPen(QPen(marked ? mark : plain, marked ? kMarkedWidth : kPlainWidth, Qt::SolidLine,
+            Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(lineOf(input));
+        if (marked)
+            frame(painter, edgesOf(input), markColour(colours));
     }
 }
 

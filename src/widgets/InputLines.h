@@ -1,7 +1,7 @@
-// The lines that tie the numbers on the drawing of the mouse to the controls beside it.
+// The lines between the numbers on the drawing of the mouse and the controls next to it.
 #pragma once
 
-#include <QLineF>
+#include <QPolygonF>
 #include <QWidget>
 
 #include <array>
@@ -19,18 +19,21 @@ class InputLines : public QWidget {
     /// Controls of the inputs from 1.
     using Controls = std::array<QWidget*, mouseInputs>;
 
-    /// Covers the view's parent, which the controls lie in too, between the drawing and them. It takes no
-    /// click and no focus.
+    /// Covers the parent of the view and the controls, and draws between them. Accepts no clicks and no
+    /// focus.
     InputLines(MouseView& view, const Controls& controls);
 
-    /// From the edge of the control to the circle of the input, 1 to 9, in this widget's coordinates.
-    [[nodiscard]] QLineF lineOf(int input) const;
+    /// From the edge of the control, level as far as its knee, and straight on to the circle of the input, 1
+    /// to 9, in this widget's coordinates.
+    [[nodiscard]] QPolygonF lineOf(int input) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    [[nodiscard]] QRectF edgesOf(int input) const;
+
     const MouseView& m_view;
     Controls m_controls;
 };

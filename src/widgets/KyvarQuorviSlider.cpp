@@ -8,12 +8,15 @@
 #include <cmath>
 #include <utility>
 
+#include "widgets/ThemeColours.h"
+
 namespace quorvi {
 
 KyvarQuorviSlider::KyvarQuorviSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
     // Every way in which the user moves a slider passes through this signal before the value changes.
     connect(this, &QAbstractSlider::actionTriggered, this, &KyvarQuorviSlider::snapToStep);
     connect(this, &QAbstractSlider::valueChanged, this, &KyvarQuorviSlider::announceChoice);
+    takeMarkColour();
 }
 
 KyvarQuorviSlider::~KyvarQuorviSlider() {
@@ -24,8 +27,8 @@ void KyvarQuorviSlider::setValuesPerUnit(int values) {
     m_valuesPerUnit = qMax(1, values);
 }
 
-// Some styles ask for less than their own handle takes beside tick marks, and cut it off. They draw it in the
-// middle, so that two more pixels move it by one.
+// Some styles request too little room for their handle next to tick marks, and cut it off. They draw it in
+// the middle, so two more pixels move it by one.
 QSize KyvarQuorviSlider::withWholeHandle(QSize size) const {
     QStyleOptionSlider option;
     initStyleOption(&option);
@@ -56,6 +59,10 @@ int KyvarQuorviSlider::nearestStep(int value) const {
     const int lastStep = (maximum() - minimum()) / step;
     const int nearest = (value - minimum() + step / 2) / step;
     return minimum() + step * qBound(0, nearest, lastStep);
+}
+
+void KyvarQuorviSlider::moveBySteps(int steps) {
+    setSliderPosition(nearestStep(value()) + steps * qMax(1, singleStep()));
 }
 
 // A step up from between two steps ends on the next one, not on the one after it.
@@ -108,6 +115,19 @@ void KyvarQuorviSlider::changeEvent(QEvent* event) {
     QSlider::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         endMouseDown();
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        takeMarkColour();
+}
+
+void KyvarQuorviSlider::takeMarkColour() {
+    const QPalette theme = QApplication::palette();
+    QPalette own = palette();
+    const QColor mark = markColour(theme);
+    if (own.color(QPalette::Active, QPalette::Highlight) == mark)
+        return;
+    own.setColor(QPalette::Active, QPalette::Highlight, mark);
+    own.setColor(QPalette::Inactive, QPalette::Highlight, mark);
+    setPalette(own);
 }
 
 bool KyvarQuorviSlider::event(QEvent* event) {
@@ -118,7 +138,7 @@ bool KyvarQuorviSlider::event(QEvent* event) {
 
 void KyvarQuorviSlider::wheelEvent(QWheelEvent* event) {
     event->accept();
-    // Turning away from oneself and to the left both mean more, as everywhere in this toolkit.
+    // Turning away from the user and to the left both increase the value, as usual in Qt.
     const QPoint angle = event->angleDelta();
     int turn = angle.y() != 0 ? angle.y() : -angle.x();
     if (event->inverted())
@@ -129,8 +149,9 @@ void KyvarQuorviSlider::wheelEvent(QWheelEvent* event) {
     m_turned += turn * (byPages ? 1 : qMax(1, QApplication::wheelScrollLines()));
     const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
     m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    const int stepsOfPage = qMax(1, pageStep() / qMax(1, singleStep()));
     if (steps != 0)
-        setSliderPosition(nearestStep(value()) + steps * (byPages ? pageStep() : qMax(1, singleStep())));
+        moveBySteps(steps * (byPages ? stepsOfPage : 1));
 }
 
 } // namespace quorvi

@@ -1,5 +1,5 @@
 // The panel's slider. The user moves it by whole steps only, because the mouse stores a sensitivity as a
-// number of steps; a value that the program sets is shown as it is.
+// number of steps; a value set by the program is shown unchanged.
 #pragma once
 
 #include <QSlider>
@@ -10,7 +10,7 @@ namespace quorvi {
 
 class KyvarQuorviSlider : public QSlider {
     Q_OBJECT
-    /// How many whole values make 1.0 of floatValue(); 1 unless set.
+    /// The number of whole values for 1.0 of floatValue(); 1 by default.
     Q_PROPERTY(int valuesPerUnit READ valuesPerUnit WRITE setValuesPerUnit)
 
   public:
@@ -23,7 +23,7 @@ class KyvarQuorviSlider : public QSlider {
 
     /// value() / valuesPerUnit().
     [[nodiscard]] float floatValue() const;
-    /// Sets the nearest whole value, within the range. A value that is no number sets the minimum.
+    /// Sets the nearest whole value, within the range. NaN sets the minimum.
     void setFloatValue(float value);
 
     /// High enough for the whole handle.
@@ -31,6 +31,9 @@ class KyvarQuorviSlider : public QSlider {
     [[nodiscard]] QSize minimumSizeHint() const override {
         return withWholeHandle(QSlider::minimumSizeHint());
     }
+
+    /// As the user does: from the nearest whole step, up or down.
+    void moveBySteps(int steps);
 
     /// The nearest whole step from the minimum, within the range.
     [[nodiscard]] int nearestStep(int value) const;
@@ -41,15 +44,15 @@ class KyvarQuorviSlider : public QSlider {
     void valueChosen(int value);
     /// The left button was pressed on the slider. No value is chosen yet.
     void mouseDownBegan();
-    /// What began ended, moved or not: the button was released, or the slider was hidden or disabled, or its
-    /// window lost the focus, or the slider goes away. Once for each beginning.
+    /// The press has ended, moved or not: the button was released, the slider was hidden, disabled or
+    /// destroyed, or its window lost the focus. Emitted once for each mouseDownBegan().
     void mouseDownEnded();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    /// By the steps of the desktop a notch, also when the wheel or the touchpad turns less than a notch at a
-    /// time: what is too little for a whole step waits for the rest.
+    /// Moves by the desktop's steps for each notch, even if the wheel or touchpad turns less than a notch at
+    /// a time: fractions of a step are accumulated.
     void wheelEvent(QWheelEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -59,13 +62,16 @@ class KyvarQuorviSlider : public QSlider {
     void snapToStep(int action);
     void announceChoice(int newValue);
     void endMouseDown();
+    /// Styles fill the part up to the handle with the theme's highlight, which can be too close to the
+    /// window.
+    void takeMarkColour();
     [[nodiscard]] QSize withWholeHandle(QSize size) const;
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     int m_valuesPerUnit = 1;
     bool m_userMoves = false;
     bool m_mouseIsDown = false;
-    int m_turned = 0; ///< of the wheel, what did not make a whole step yet
+    int m_turned = 0; ///< the wheel's turn that is not yet a whole step
 };
 
 } // namespace quorvi

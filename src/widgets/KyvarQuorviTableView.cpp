@@ -4,18 +4,28 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 #include "widgets/AccessibleTable.h"
 #include "widgets/ColumnLayout.h"
+#include "widgets/FocusRing.h"
+#include "widgets/Metrics.h"
 #include "widgets/PopUpCells.h"
+#include "widgets/RowNumbers.h"
+#include "widgets/ThemeColours.h"
+#include "widgets/TwoLineCells.h"
 
 namespace quorvi {
 
 namespace {
 
-constexpr int kRowPadding = 9; // sixteen rows fit into the window as it opens
+void setRowHeights(QTableView& table) {
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + metrics::rowAir);
+}
 
 } // namespace
 
@@ -23,7 +33,6 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     : QTableView(parent), m_emptyText(new EmptyText(*this)) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
@@ -31,8 +40,7 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    setRowHeights(*this);
     horizontalHeader()->setHighlightSections(false);
     alignTitles(*this);
 }
@@ -41,21 +49,48 @@ int KyvarQuorviTableView::tag() const {
     return property("tag").toInt();
 }
 
+void KyvarQuorviTableView::setSeveralSelectable() {
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
 int KyvarQuorviTableView::selectedRow() const {
+    const std::vector<int> rows = selectedRows();
+    if (rows.empty())
+        return -1;
+    const int current = currentIndex().row();
+    return std::ranges::binary_search(rows, current) ? current : rows.front();
+}
+
+std::vector<int> KyvarQuorviTableView::selectedRows() const {
     // The selection itself, not what of it the model still has: a row is selected until a reload says
     // otherwise.
     const QItemSelection selection = selectionModel() ? selectionModel()->selection() : QItemSelection();
-    return selection.isEmpty() ? -1 : selection.first().top();
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    std::ranges::sort(rows);
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
 }
 
-void KyvarQuorviTableView::selectRowAlone(int row) {
-    if (row < 0 || !model() || row >= model()->rowCount())
+void KyvarQuorviTableView::selectRows(const std::vector<int>& rows, int current) {
+    QItemSelection selection;
+    int chosen = -1;
+    for (const int row : rows) {
+        if (row < 0 || !model() || row >= model()->rowCount())
+            continue;
+        const QModelIndex first = model()->index(row, 0);
+        selection.select(first, first);
+        if (chosen < 0 || chosen != current)
+            chosen = row;
+    }
+    if (chosen < 0)
         return deselectAll();
-    // Not selectRow(): in a mirrored table that looks for the first column one pixel beside it, and selects
-    // nothing.
-    const QModelIndex first = model()->index(row, 0);
-    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    selectionModel()->select(first, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const QScopedValueRollback keeps(m_keepsSelection, true);
+    // This is also where a range begins that is selected next.
+    setCurrentIndex(model()->index(chosen, 0));
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void KyvarQuorviTableView::deselectAll() {
@@ -115,12 +150,14 @@ void KyvarQuorviTableView::selectionChanged(
     for (const QModelIndex& cell : selected.indexes())
         tellOfCell(*this, cell, QAccessible::SelectionAdd);
     QAbstractItemView::selectionChanged(selected, deselected);
+    verticalHeader()->viewport()->update();
     emit selectedRowChanged();
 }
 // NOLINTEND(bugprone-parent-virtual-call)
 
 void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
+    showFocus(true);
     // The table tells of itself when this is done.
     QMetaObject::invokeMethod(
         this,
@@ -129,6 +166,21 @@ void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
                 tellOfCell(*this, currentIndex(), QAccessible::Focus);
         },
         Qt::QueuedConnection);
+}
+
+void KyvarQuorviTableView::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    showFocus(false);
+}
+
+void KyvarQuorviTableView::showFocus(bool focused) {
+    if (focused && !m_focusRing)
+        m_focusRing = new FocusRing(*this);
+    if (!m_focusRing)
+        return;
+    m_focusRing->fit();
+    m_focusRing->raise();
+    m_focusRing->setVisible(focused);
 }
 
 void KyvarQuorviTableView::abortEditing() {
@@ -146,6 +198,65 @@ void KyvarQuorviTableView::setPopUpColumn(int column, QMenu* menu) {
     setItemDelegateForColumn(column, m_popUpCells);
 }
 
+void KyvarQuorviTableView::setTwoLines() {
+    m_hasTwoLines = true;
+    setItemDelegate(new TwoLineCells(this));
+    verticalHeader()->setDefaultSectionSize(TwoLineCells::heightOfLines(font()) + metrics::twoLineAir);
+}
+
+void KyvarQuorviTableView::setTallRows() {
+    setIconSize({metrics::listIconSize, metrics::listIconSize});
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + metrics::tallRowAir);
+}
+
+void KyvarQuorviTableView::setRowsShown(int rows, int least) {
+    m_rowsShown = rows;
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    setLeastRows(least);
+}
+
+void KyvarQuorviTableView::setLeastRows(int rows) {
+    m_leastRows = rows;
+    updateGeometry();
+}
+
+// The titles are not measured before they are shown.
+int KyvarQuorviTableView::heightOfRows(int rows) const {
+    const int titles = horizontalHeader()->isHidden() ? 0
+                       : m_hasBeenShown               ? horizontalHeader()->sizeHint().height()
+                                                      : fontMetrics().height() + metrics::rowAir;
+    return 2 * frameWidth() + titles + rows * verticalHeader()->defaultSectionSize();
+}
+
+QSize KyvarQuorviTableView::sizeHint() const {
+    const QSize usual = QTableView::sizeHint();
+    return m_rowsShown > 0 ? QSize(usual.width(), heightOfRows(m_rowsShown)) : usual;
+}
+
+QSize KyvarQuorviTableView::minimumSizeHint() const {
+    const QSize usual = QTableView::minimumSizeHint();
+    return m_leastRows > 0 ? QSize(usual.width(), heightOfRows(m_leastRows)) : usual;
+}
+
+void KyvarQuorviTableView::setRowsNumbered() {
+    m_areRowsNumbered = true;
+    if (m_hasBeenShown)
+        makeNumbers();
+}
+
+void KyvarQuorviTableView::makeNumbers() {
+    const int height = verticalHeader()->defaultSectionSize();
+    setVerticalHeader(new RowNumbers(*this));
+    setRowHeights(*this);
+    verticalHeader()->setDefaultSectionSize(height);
+    verticalHeader()->show();
+}
+
+void KyvarQuorviTableView::setRowMoves(RowMoves moves) {
+    delete m_rowDrag;
+    m_rowDrag = new RowDrag(*this, std::move(moves));
+}
+
 bool KyvarQuorviTableView::isPopUp(const QModelIndex& cell) const {
     return m_popUpCells && cell.isValid() && cell.column() == m_popUpCells->column();
 }
@@ -158,8 +269,15 @@ void KyvarQuorviTableView::openMenuOf(const QModelIndex& cell) {
 }
 
 void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
+    const QRect row = visualRect(currentIndex());
     QTableView::resizeEvent(event);
     m_emptyText->fit();
+    if (m_focusRing)
+        m_focusRing->fit();
+    // What comes below the table is often about the row.
+    const bool wasInView = row.top() >= 0 && row.bottom() < event->oldSize().height();
+    if (wasInView && row.bottom() >= viewport()->height())
+        scrollTo(currentIndex());
 }
 
 void KyvarQuorviTableView::changeEvent(QEvent* event) {
@@ -177,19 +295,32 @@ void KyvarQuorviTableView::setMenu(QMenu* menu) {
 QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
     if (!isEnabled())
         return nullptr;
-    if (event.reason() == QContextMenuEvent::Mouse)
-        selectRowAlone(rowAt(event.pos().y()));
+    const int row = rowAt(event.pos().y());
+    if (event.reason() == QContextMenuEvent::Mouse && !std::ranges::binary_search(selectedRows(), row))
+        selectRowAlone(row);
     return m_menu;
 }
 
 // Here and not in the handlers of single events, because a disabled table has to ask too.
 bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
-    if (m_delegated.takes(*event))
+    if (m_delegated.takes(*event) || (m_rowDrag && m_rowDrag->takes(*event)))
         return true;
     const bool handled = QTableView::viewportEvent(event);
     if (m_popUpCells && event->type() == QEvent::MouseButtonPress)
         m_popUpCells->mousePressed(*static_cast<QMouseEvent*>(event));
+    if (event->type() == QEvent::MouseButtonDblClick || event->type() == QEvent::MouseButtonRelease)
+        followDoubleClick(*static_cast<QMouseEvent*>(event));
     return handled;
+}
+
+void KyvarQuorviTableView::followDoubleClick(const QMouseEvent& event) {
+    const QModelIndex doubleClicked = std::exchange(m_doubleClickedCell, QPersistentModelIndex());
+    if (event.button() != Qt::LeftButton || !isEnabled())
+        return;
+    if (event.type() == QEvent::MouseButtonDblClick)
+        m_doubleClickedCell = indexAt(event.pos());
+    else if (doubleClicked.isValid())
+        emit doubleClickEnded(doubleClicked);
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
@@ -208,6 +339,19 @@ void KyvarQuorviTableView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+void KyvarQuorviTableView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTableView::initViewItemOption(option);
+    keepColours(*option);
+}
+#else
+QStyleOptionViewItem KyvarQuorviTableView::viewOptions() const {
+    QStyleOptionViewItem option = QTableView::viewOptions();
+    keepColours(option);
+    return option;
+}
+#endif
+
 bool KyvarQuorviTableView::isOnCheckBox(const QModelIndex& cell, const QPoint& point) const {
     if (!(cell.flags() & Qt::ItemIsUserCheckable))
         return false;
@@ -225,6 +369,8 @@ bool KyvarQuorviTableView::isOnCheckBox(const QModelIndex& cell, const QPoint& p
 // A check box is about its own row, whichever is selected.
 QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
     const QModelIndex& index, const QEvent* event) const {
+    if (m_keepsSelection)
+        return QItemSelectionModel::NoUpdate;
     const bool byMouse =
         event && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease ||
                      event->type() == QEvent::MouseMove);
@@ -262,8 +408,11 @@ void KyvarQuorviTableView::updateGeometries() {
 void KyvarQuorviTableView::showEvent(QShowEvent* event) {
     completeModel();
     if (!std::exchange(m_hasBeenShown, true)) {
+        if (m_areRowsNumbered)
+            makeNumbers();
         layOutColumns(*this, tag());
         updateGeometries();
+        updateGeometry(); // the titles are measured now
     }
     QTableView::showEvent(event);
 }

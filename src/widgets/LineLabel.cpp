@@ -1,13 +1,16 @@
 #include "widgets/LineLabel.h"
 
+#include <QPainter>
+#include <QStyle>
+
 namespace quorvi {
 
 namespace {
 
-/// More than any text of one line is wide.
+/// Wider than any text of one line.
 constexpr QRect kRoom(0, 0, 2000, 2000);
 
-/// As large as the inherited label says it is.
+/// The same size as QLabel's.
 QSize sizeOf(const QString& text, int mnemonic, const QFontMetrics& font) {
     if (text.isEmpty())
         return {font.averageCharWidth(), font.lineSpacing()};
@@ -18,13 +21,24 @@ QSize sizeOf(const QString& text, int mnemonic, const QFontMetrics& font) {
 
 QSize LineLabel::sizeHint() const {
     ensurePolished();
-    // As the inherited label draws it: "&" marks a key where there is something that the key leads to.
+    // Like QLabel: "&" marks a key if there is a buddy for it.
     const int mnemonic = buddy() && text().contains(QLatin1Char('&')) ? Qt::TextShowMnemonic : 0;
     const QFontMetrics font = fontMetrics();
     if (!m_measured || m_measured->text != text() || m_measured->mnemonic != mnemonic ||
         m_measured->font != font)
         m_measured = Measured{text(), mnemonic, font, sizeOf(text(), mnemonic, font)};
     return m_measured->size.expandedTo(minimumSize());
+}
+
+void LineLabel::paintEvent(QPaintEvent* event) {
+    if (width() >= sizeHint().width()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
+    style()->drawItemText(&painter, rect(), int(side), palette(), isEnabled(),
+        fontMetrics().elidedText(text(), Qt::ElideMiddle, width()), foregroundRole());
 }
 
 } // namespace quorvi

@@ -8,8 +8,8 @@
 
 namespace quorvi {
 
-/// A label whose text is never wrapped, without frame, margin and markup. It is measured once: the inherited
-/// label measures three times whether the width makes a difference. That saves 0.7 ms of the start.
+/// A label whose text is never wrapped, without frame, margin and markup. It is measured once; QLabel
+/// measures three times whether the width makes a difference. That saves 0.7 ms of the start.
 class LineLabel : public QLabel {
     Q_OBJECT
 
@@ -18,6 +18,10 @@ class LineLabel : public QLabel {
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    /// Where the label is narrower than its text, dots stand for the middle of it.
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     struct Measured {

@@ -2,40 +2,57 @@
 
 #include <QPainter>
 
-#include <array>
-
+#include "widgets/Metrics.h"
+#include "widgets/NewEditor.h"
+#include "widgets/SymbolIcon.h"
 #include "widgets/ThemeColours.h"
+#include "widgets/WarningSign.h"
 
 namespace quorvi {
 
 namespace {
 
-/// As high as a small letter.
-QRectF markIn(const QStyleOptionViewItem& option) {
-    const int side = option.fontMetrics.height() / 2;
+/// As high as a line of text.
+QRectF warningIn(const QStyleOptionViewItem& option) {
+    const int side = option.fontMetrics.height();
     const QRect cell = option.rect.adjusted(side / 2, 0, -side / 2, 0);
     return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(side, side), cell);
 }
 
+/// In place of a style's frame, which can be a veil over the text.
+void drawFocus(QPainter& painter, const QStyleOptionViewItem& option) {
+    painter.setPen(QPen(cellTextColour(option), 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(1, 1, -2, -2));
+}
+
 } // namespace
+
+void MarkedCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const QVariant symbol = index.data(symbolRole); symbol.isValid()) {
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->icon = symbolIcon(Symbol(symbol.toInt()));
+        option->decorationSize = QSize(metrics::iconSize, metrics::iconSize);
+    }
+    if (index.data(mutedRole).toBool() && !(option->state & QStyle::State_Selected))
+        option->palette.setColor(QPalette::Text, secondLineColour(*option));
+}
 
 void MarkedCells::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QStyledItemDelegate::paint(painter, option, index);
-    if (!index.data(markRole).toBool())
-        return;
-    const QRectF mark = markIn(option);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(cellTextColour(option));
-    const bool mirrored = option.direction == Qt::RightToLeft;
-    const qreal base = mirrored ? mark.right() : mark.left();
-    const qreal point = mirrored ? mark.left() : mark.right();
-    const std::array corners{
-        QPointF(base, mark.top()), QPointF(point, mark.center().y()), QPointF(base, mark.bottom())};
-    painter->drawPolygon(corners.data(), int(corners.size()));
-    painter->restore();
+    QStyleOptionViewItem cell = option;
+    cell.state &= ~QStyle::State_HasFocus;
+    QStyledItemDelegate::paint(painter, cell, index);
+    if (index.data(markRole).toBool())
+        drawWarningSign(*painter, warningIn(option), cellTextColour(option));
+    if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange))
+        drawFocus(*painter, option);
+}
+
+void MarkedCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    if (isNewEditor(*editor))
+        QStyledItemDelegate::setEditorData(editor, index);
 }
 
 } // namespace quorvi

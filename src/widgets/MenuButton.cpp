@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+#include "widgets/FlatButton.h"
 #include "widgets/MenuItems.h"
 
 namespace quorvi {
@@ -25,6 +26,7 @@ void MenuButton::setCommands(QMenu* menu) {
 void MenuButton::openMenu() {
     if (!m_menu)
         return;
+    emit menuIsAboutToOpen();
     m_menu->popup(positionOfMenu(*m_menu, *this, rect()));
     if (!QGuiApplication::mouseButtons()) // by a key or by an assistive program
         activateFirstItem(*m_menu);
@@ -53,6 +55,12 @@ void MenuButton::focusInEvent(QFocusEvent* event) {
         return;
     QAccessibleEvent focus(this, QAccessible::Focus);
     QAccessible::updateAccessibility(&focus);
+}
+
+void MenuButton::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (isFlat())
+        paintFocusFrame(*this, rect());
 }
 
 } // namespace quorvi

@@ -7,8 +7,8 @@
 
 namespace quorvi {
 
-/// The menu opens when the button goes down, not when it comes up again, and by the keys that open a pop-up
-/// (see MenuItems.h) and Return. The button stays down while the menu is open. Opening waits for nothing: an
+/// The menu opens when the button is pressed, not when it is released, and with the keys that open a pop-up
+/// (see MenuItems.h) and Return. The button stays down while the menu is open. Opening does not block: an
 /// assistive program that presses the button gets its answer at once.
 class MenuButton : public QPushButton {
     Q_OBJECT
@@ -16,15 +16,22 @@ class MenuButton : public QPushButton {
   public:
     explicit MenuButton(QWidget* parent = nullptr);
 
-    /// The menu is somebody else's. nullptr leaves none. (That of QPushButton waits for the menu's end.)
+    /// Does not take ownership of the menu; nullptr for none. (QPushButton's own menu function blocks until
+    /// the menu closes.)
     void setCommands(QMenu* menu);
-    /// Opens the menu, with its first item marked, for whoever does not use the mouse.
+    /// Opens the menu with its first item marked, for keys and assistive programs.
     void pressByOthers();
+
+  signals:
+    /// The menu comes, and can still be filled.
+    void menuIsAboutToOpen();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    /// Tells assistive programs that the focus is back when the menu has gone, which Qt does not always do.
+    /// Notifies assistive programs that the focus is back after the menu closes, which Qt does not always do.
     void focusInEvent(QFocusEvent* event) override;
+    /// Where it is flat, it frames itself as a FlatButton does.
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void openMenu();

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "widgets/CheckBox.h"
+#include "widgets/Metrics.h"
 #include "widgets/MouseRow.h"
 #include "widgets/WrappedLabel.h"
 
@@ -13,11 +14,12 @@ namespace quorvi {
 
 namespace {
 
-constexpr int kMargin = 6;
-constexpr int kRowSpacing = 6;
-constexpr int kFewestLines = 4; // two mice, with what is said of them
-constexpr int kUsualLines = 6;
-constexpr int kLettersOfName = 22; // in average letters
+constexpr std::size_t kMostRows = 3; // to be seen at a time
+constexpr int kLettersOfName = 22;   // in average letters
+
+int heightOf(const QWidget& part, int width) {
+    return part.hasHeightForWidth() ? part.heightForWidth(width) : part.sizeHint().height();
+}
 
 bool areOf(const QList<MouseRow*>& rows, const QList<MouseLine>& lines) {
     return std::equal(rows.begin(), rows.end(), lines.begin(), lines.end(),
@@ -31,15 +33,14 @@ MiceList::MiceList(QWidget* parent)
       m_empty(new WrappedLabel) {
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus); // its boxes have it
-    m_layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    m_layout->setSpacing(kRowSpacing);
+    setFocusPolicy(Qt::NoFocus); // its check boxes take it
+    setFrameShape(QFrame::NoFrame);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(metrics::rowGap);
     m_empty->setTextFormat(Qt::PlainText);
     m_empty->setWordWrap(true);
     m_layout->addWidget(m_empty);
     m_layout->addStretch(1);
-    m_contents->setBackgroundRole(QPalette::Base);
-    m_contents->setAutoFillBackground(true);
     setWidget(m_contents);
 }
 
@@ -59,10 +60,16 @@ void MiceList::setLines(const QList<MouseLine>& lines) {
     for (int i = 0; i < lines.size(); ++i)
         m_rows[i]->setLine(lines[i]);
     m_empty->setVisible(lines.isEmpty());
+    updateGeometry();
+}
+
+void MiceList::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    updateGeometry(); // in another width the details have other heights
 }
 
 void MiceList::makeRows(const QList<MouseLine>& lines) {
-    // Of this window, also while a sheet is in front of it.
+    // This window's focus widget, even while a sheet is in front of it.
     const QWidget* focus = window()->focusWidget();
     QString focused;
     for (const MouseRow* row : m_rows)
@@ -92,18 +99,16 @@ QList<QWidget*> MiceList::stops() const {
     return stops;
 }
 
-QSize MiceList::sizeOfLines(int lines) const {
-    const QFontMetrics font = fontMetrics();
-    return {kLettersOfName * font.averageCharWidth(),
-        lines * font.lineSpacing() + 2 * (kMargin + frameWidth()) + (lines / 2 - 1) * kRowSpacing};
-}
-
 QSize MiceList::sizeHint() const {
-    return sizeOfLines(kUsualLines);
-}
-
-QSize MiceList::minimumSizeHint() const {
-    return sizeOfLines(kFewestLines);
+    const QSize least(kLettersOfName * fontMetrics().averageCharWidth(), 0);
+    const int width = std::max(viewport()->width(), least.width());
+    if (m_rows.isEmpty())
+        return {least.width(), heightOf(*m_empty, width)};
+    const auto seen = std::min(std::size_t(m_rows.size()), kMostRows);
+    int height = (int(seen) - 1) * m_layout->spacing();
+    for (std::size_t row = 0; row < seen; ++row)
+        height += heightOf(*m_rows[int(row)], width);
+    return {least.width(), height};
 }
 
 } // namespace quorvi

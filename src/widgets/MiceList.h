@@ -1,4 +1,4 @@
-// The mice of this computer, one below the other: a box to use each, and what there is to say of it.
+// The list of this computer's mice: for each a check box to use it, and its details.
 #pragma once
 
 #include <QList>
@@ -13,8 +13,8 @@ namespace quorvi {
 class MouseRow;
 
 struct MouseLine {
-    QString id;     ///< tells the mice apart; never shown
-    QString name;   ///< shortened where there is no room
+    QString id;     ///< identifies the mouse; never shown
+    QString name;   ///< shortened if there is no room
     QString detail; ///< below the name
     bool inUse = false;
     bool canSetUp = false;
@@ -24,12 +24,12 @@ struct MouseLine {
 
 class MiceList : public QScrollArea {
     Q_OBJECT
-    /// What stands in the list while it has no mice.
+    /// The text of an empty list.
     Q_PROPERTY(QString emptyText READ emptyText WRITE setEmptyText)
-    /// What each mouse's box does.
+    /// The description of each mouse's check box.
     Q_PROPERTY(QString boxDescription READ boxDescription WRITE setBoxDescription)
-    /// The title of each mouse's button, what a screen reader calls it, with "^1" for the mouse's name, what
-    /// it does, and why it cannot do it now.
+    /// The title of each mouse's button, its accessible name, with "^1" for the mouse's name, its
+    /// description, and the reason why it is disabled.
     Q_PROPERTY(QString setUpText MEMBER m_setUpText)
     Q_PROPERTY(QString setUpName MEMBER m_setUpName)
     Q_PROPERTY(QString setUpDescription MEMBER m_setUpDescription)
@@ -39,9 +39,9 @@ class MiceList : public QScrollArea {
     explicit MiceList(QWidget* parent = nullptr);
     ~MiceList() override;
 
-    /// Replaces what is listed. A mouse that stays keeps the keyboard's focus.
+    /// Replaces the list. A mouse that stays keeps the focus.
     void setLines(const QList<MouseLine>& lines);
-    /// What takes the focus, from above.
+    /// The focusable controls, from the top.
     [[nodiscard]] QList<QWidget*> stops() const;
 
     [[nodiscard]] QString emptyText() const;
@@ -49,20 +49,23 @@ class MiceList : public QScrollArea {
     [[nodiscard]] QString boxDescription() const { return m_boxDescription; }
     void setBoxDescription(const QString& text) { m_boxDescription = text; }
 
+    /// As high as its mice, and three of them at most: then it scrolls.
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   signals:
     /// The user has checked or unchecked the mouse's box.
     void useChosen(const QString& id, bool inUse);
     /// The user has clicked the mouse's button.
     void setUpChosen(const QString& id);
-    /// There are other stops than before.
+    /// stops() has changed.
     void stopsChanged();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void makeRows(const QList<MouseLine>& lines);
-    [[nodiscard]] QSize sizeOfLines(int lines) const;
 
     QWidget* m_contents;
     QVBoxLayout* m_layout;

@@ -2,8 +2,12 @@
 
 #include <QPainterPath>
 
+#include <algorithm>
 #include <array>
 
+#include "widgets/Metrics.h"
+#include "widgets/MouseBody.h"
+#include "widgets/NumberBadge.h"
 #include "widgets/ThemeColours.h"
 
 namespace quorvi {
@@ -11,7 +15,7 @@ namespace quorvi {
 namespace {
 
 // From input 1: left, right and wheel button, side buttons rear and front, the two behind the wheel, wheel up
-// and down. The first two stand high enough for the lines to the wheel to pass below them.
+// and down. The first two are high enough for the lines to the wheel to pass below them.
 constexpr std::array kPlaces{
     QPointF(64.0, 54.0),
     QPointF(156.0, 54.0),
@@ -24,97 +28,63 @@ constexpr std::array kPlaces{
     QPointF(110.0, 126.0),
 };
 
-constexpr QRectF wheel(94, 42, 32, 104);
-constexpr QRectF battery(92, 258, 36, 16);
-constexpr int kBatteryBars = 3;
+constexpr QRectF kBattery(92, 258, 36, 16);
+constexpr qreal kBatteryCorner = 4;
+constexpr QRectF kNub(129.5, 263, 2.5, 6); // at the battery's end
 constexpr qreal kPressedRing = 4.5;
+constexpr qreal kLightPen = 2.6;
+constexpr qreal kFlatLightPen = 3.0; // without a glow around it
+constexpr int kGlowSteps = 7;
+constexpr qreal kGlowStep = 2.6; // of the width, from one outline to the next wider one
 
-QPainterPath bodyPath() {
-    QPainterPath path(QPointF(110, 14));
-    path.cubicTo(165, 14, 196, 46, 198, 110);
-    path.cubicTo(200, 160, 190, 180, 196, 230);
-    path.cubicTo(198, 290, 160, 318, 110, 318);
-    path.cubicTo(60, 318, 22, 290, 24, 230);
-    path.cubicTo(30, 180, 20, 160, 22, 110);
-    path.cubicTo(24, 46, 55, 14, 110, 14);
-    return path;
-}
-
-QColor onWindow(const QPalette& palette, qreal share) {
-    return mixed(share, palette.color(QPalette::WindowText), palette.color(QPalette::Window));
-}
-
-/// The mouse itself, and its buttons and wheel.
-QColor bodyColour(const QPalette& palette) {
-    return onWindow(palette, 0.06);
-}
-QColor partColour(const QPalette& palette) {
-    return onWindow(palette, 0.14);
-}
-
-/// The lines around and on them.
-QColor edgeColour(const QPalette& palette) {
-    return lineOnWindow(palette, 0.45, partColour(palette));
-}
-
-void drawBody(QPainter& painter, const QPalette& palette) {
-    painter.setPen(QPen(edgeColour(palette), 1.6));
-    painter.setBrush(bodyColour(palette));
-    painter.drawPath(bodyPath());
-    QPainterPath seams(QPointF(110, 14));
-    seams.lineTo(110, wheel.top());
-    seams.moveTo(24, 128);
-    seams.cubicTo(60, 140, 80, 142, 94, 140);
-    seams.moveTo(196, 128);
-    seams.cubicTo(160, 140, 140, 142, 126, 140);
+/// Outlines, each wider and fainter than the one before.
+void drawGlow(QPainter& painter, const QPainterPath& outline, QColor colour) {
+    colour.setAlphaF(0.09F);
     painter.setBrush(Qt::NoBrush);
-    painter.drawPath(seams);
-}
-
-void drawParts(QPainter& painter, const QPalette& palette) {
-    painter.setPen(QPen(edgeColour(palette), 1.4));
-    painter.setBrush(partColour(palette));
-    painter.drawRoundedRect(wheel, 16, 16);
-    painter.drawRoundedRect(QRectF(96, 148, 28, 24), 8, 8);
-    painter.drawRoundedRect(QRectF(96, 182, 28, 24), 8, 8);
-    painter.drawRoundedRect(QRectF(14, 124, 22, 46), 9, 9);
-    painter.drawRoundedRect(QRectF(14, 176, 22, 46), 9, 9);
-}
-
-void drawWheelLight(QPainter& painter, const QPalette& palette) {
-    QColor glow = markColour(palette);
-    painter.setBrush(Qt::NoBrush);
-    for (const auto& [width, alpha] : {std::pair(9.0, 0.2), std::pair(6.0, 0.35), std::pair(2.6, 1.0)}) {
-        glow.setAlphaF(float(alpha));
-        painter.setPen(QPen(glow, width));
-        painter.drawRoundedRect(wheel, 16, 16);
+    for (int step = 1; step <= kGlowSteps; ++step) {
+        painter.setPen(QPen(colour, kLightPen + step * kGlowStep));
+        painter.drawPath(outline);
     }
 }
 
-void drawBattery(QPainter& painter, const QPalette& palette, bool lit) {
-    const QColor line = lit ? markColour(palette) : edgeColour(palette);
-    painter.setPen(QPen(line, 1.6));
+void drawLight(QPainter& painter, const QPainterPath& outline, const QPalette& palette) {
+    const bool flat = isHighContrast(palette);
+    const QColor colour = markColour(palette);
+    if (!flat)
+        drawGlow(painter, outline, colour);
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(battery, 3, 3);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(line);
-    painter.drawRect(QRectF(battery.right() + 1.5, battery.center().y() - 3, 2.5, 6));
-    if (!lit)
-        return;
-    const QRectF inner = battery.adjusted(3, 3, -3, -3);
-    const qreal step = (inner.width() + 2) / kBatteryBars;
-    for (int bar = 0; bar < kBatteryBars; ++bar)
-        painter.drawRect(QRectF(inner.left() + bar * step, inner.top(), step - 2, inner.height()));
+    painter.setPen(QPen(colour, flat ? kFlatLightPen : kLightPen));
+    painter.drawPath(outline);
+}
+
+/// The glow is around the outline alone: within it would look like a level.
+void drawBattery(QPainter& painter, const QPalette& palette, bool lit) {
+    const QPainterPath outline = roundedPath(kBattery, kBatteryCorner);
+    painter.save();
+    QPainterPath around;
+    around.addRect(mouseSheet);
+    around.addPath(roundedPath(kBattery.adjusted(0.8, 0.8, -0.8, -0.8), kBatteryCorner - 0.8));
+    painter.setClipPath(around, Qt::IntersectClip);
+    if (lit) {
+        drawLight(painter, outline, palette);
+    } else {
+        painter.setPen(QPen(mouseEdgeColour(palette), 1.6));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(outline);
+    }
+    painter.restore();
+    painter.fillPath(roundedPath(kNub, 1), lit ? markColour(palette) : mouseEdgeColour(palette));
 }
 
 } // namespace
 
 QTransform sheetOn(const QSizeF& area) {
-    const qreal scale = qMin(area.width() / mouseSheet.width(), area.height() / mouseSheet.height());
+    const qreal scale = std::min(
+        {area.width() / mouseSheet.width(), area.height() / mouseSheet.height(), metrics::mostMouse});
     QTransform transform;
     transform.translate(area.width() / 2.0, area.height() / 2.0);
     transform.scale(scale, scale);
-    transform.translate(-mouseSheet.width() / 2.0, -mouseSheet.height() / 2.0);
+    transform.translate(-mouseSheet.center().x(), -mouseSheet.center().y());
     return transform;
 }
 
@@ -123,18 +93,17 @@ QPointF placeOfInput(int input) {
 }
 
 QRectF wheelLight() {
-    return wheel;
+    return mouseWheel;
 }
 
 QRectF batteryLight() {
-    return battery;
+    return kBattery;
 }
 
 void drawMouse(QPainter& painter, const QPalette& palette, bool wheelIsLit, bool batteryIsLit) {
-    drawBody(painter, palette);
-    drawParts(painter, palette);
+    drawMouseBody(painter, palette);
     if (wheelIsLit)
-        drawWheelLight(painter, palette);
+        drawLight(painter, roundedPath(mouseWheel, mouseWheelCorner), palette);
     drawBattery(painter, palette, batteryIsLit);
 }
 
@@ -156,23 +125,18 @@ void drawTick(QPainter& painter, const QPalette& palette, const QPointF& middleO
 
 } // namespace
 
-void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state) {
+void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state, qreal pressed) {
     const QPointF middle = placeOfInput(input);
-    if (state == BadgeState::Pressed) {
+    const qreal ringed = state == BadgeState::Pressed ? 1.0 : pressed;
+    if (ringed > 0) {
         QColor ring = markColour(palette);
-        ring.setAlphaF(0.45F);
+        ring.setAlphaF(float(0.45 * ringed));
         painter.setPen(QPen(ring, kPressedRing));
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(middle, badgeRadius + kPressedRing / 2, badgeRadius + kPressedRing / 2);
     }
     const bool marked = state == BadgeState::Marked || state == BadgeState::Pressed;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(marked ? markGroundColour(palette) : lineOnWindow(palette, 0.75));
-    painter.drawEllipse(middle, badgeRadius, badgeRadius);
-    painter.setPen(palette.color(marked ? QPalette::HighlightedText : QPalette::Window));
-    painter.drawText(
-        QRectF(middle.x() - badgeRadius, middle.y() - badgeRadius, 2 * badgeRadius, 2 * badgeRadius),
-        Qt::AlignCenter, QString::number(input));
+    paintBadge(painter, palette, middle, badgeRadius, input, marked ? 1.0 : pressed);
     if (state == BadgeState::Known)
         drawTick(painter, palette, middle);
 }

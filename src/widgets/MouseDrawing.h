@@ -1,4 +1,4 @@
-// The picture of the mouse itself: its shape, where its inputs are, and how they look.
+// Draws the mouse: its shape, and the place and look of its inputs.
 #pragma once
 
 #include <QPainter>
@@ -7,17 +7,19 @@
 
 namespace quorvi {
 
-/// The size that the picture is made in; it is scaled from there.
-inline constexpr QSizeF mouseSheet(220.0, 330.0);
-/// Of the circle that holds an input's number, on the sheet.
+/// The sheet on which the picture is designed before scaling. It ends at the side buttons and the shadow.
+inline constexpr QRectF mouseSheet(9.0, 8.0, 194.0, 318.0);
+/// The radius of the circle around an input's number, on the sheet.
 inline constexpr qreal badgeRadius = 11.0;
 
-/// From the sheet to an area of that size, in whose middle the picture stands as large as it fits.
+/// Maps the sheet to an area of that size, with the picture centred and as large as it fits, up to
+/// metrics::mostMouse.
 [[nodiscard]] QTransform sheetOn(const QSizeF& area);
 
 /// The middle of the number of the input, 1 to 9, on the sheet.
 [[nodiscard]] QPointF placeOfInput(int input);
-/// The outline of the light around the wheel and of the battery's indicator, on the sheet.
+/// The outline of the light around the wheel and of the battery's indicator, on the sheet. Nobody tells how
+/// full the battery is, so the indicator is an outline, and nothing is drawn in it.
 [[nodiscard]] QRectF wheelLight();
 [[nodiscard]] QRectF batteryLight();
 
@@ -26,12 +28,13 @@ void drawMouse(QPainter& painter, const QPalette& palette, bool wheelIsLit, bool
 
 enum class BadgeState {
     Plain,
-    Known, ///< with a tick beside it
+    Known, ///< with a tick next to it
     Marked,
     Pressed
 };
 
-/// Draws the number of the input, 1 to 9, in the painter's font.
-void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state);
+/// Draws the number of the input, 1 to 9, in the painter's font. Of 0 to 1, "pressed" says how much is left
+/// of a press that is over and fades.
+void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state, qreal pressed = 0.0);
 
 } // namespace quorvi

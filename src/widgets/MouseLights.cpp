@@ -17,7 +17,7 @@ void MouseLights::setLights(bool wheel, bool battery) {
 }
 
 QSize MouseLights::sizeHint() const {
-    return mouseSheet.toSize();
+    return mouseSheet.size().toSize();
 }
 
 QSize MouseLights::minimumSizeHint() const {
@@ -26,9 +26,7 @@ QSize MouseLights::minimumSizeHint() const {
 
 void MouseLights::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setTransform(sheetOn(size()), true);
-    drawMouse(painter, palette(), isEnabled() && m_wheelIsLit, isEnabled() && m_batteryIsLit);
+    m_picture.paint(painter, *this, isEnabled() && m_wheelIsLit, isEnabled() && m_batteryIsLit);
 }
 
 } // namespace quorvi

@@ -1,8 +1,10 @@
-// The drawing of the mouse on the device tab: how its lights are set. It follows the palette and is never
-// mirrored: it is the picture of a thing.
+// The drawing of the mouse on the device tab: the state of its lights. It follows the palette and is never
+// mirrored, because it shows a real object.
 #pragma once
 
 #include <QWidget>
+
+#include "widgets/MousePicture.h"
 
 namespace quorvi {
 
@@ -12,7 +14,7 @@ class MouseLights : public QWidget {
   public:
     explicit MouseLights(QWidget* parent = nullptr);
 
-    /// Which of the mouse's lights are drawn as lit. None is while the view is disabled.
+    /// Sets which lights are drawn as lit. While the view is disabled, none is.
     void setLights(bool wheel, bool battery);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -22,6 +24,7 @@ class MouseLights : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    MousePicture m_picture;
     bool m_wheelIsLit = false;
     bool m_batteryIsLit = false;
 };

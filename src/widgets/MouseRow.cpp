@@ -1,15 +1,16 @@
 #include "widgets/MouseRow.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QPushButton>
 #include <QStyle>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
 
 #include "widgets/CheckBox.h"
 #include "widgets/FilledText.h"
+#include "widgets/Metrics.h"
 #include "widgets/ShownText.h"
 #include "widgets/WrappedLabel.h"
 
@@ -18,9 +19,9 @@ namespace quorvi {
 namespace {
 
 constexpr int kLineSpacing = 1;
-constexpr qreal kNoteScale = 0.9; // as the other notes of the panel
+constexpr qreal kNoteScale = 0.9; // like the panel's other notes
 
-/// Where the box's text begins, so that what stands below begins there as well.
+/// The start of the box's text, with which the text below is aligned.
 int indentOf(const QCheckBox& box) {
     return box.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &box) +
            box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box);
@@ -42,16 +43,16 @@ MouseRow::MouseRow(const QString& id, int number, Texts texts)
     note.pointSizeF() > 0 ? note.setPointSizeF(note.pointSizeF() * kNoteScale)
                           : note.setPixelSize(qRound(note.pixelSize() * kNoteScale));
     m_detail->setFont(note);
-    auto* layout = new QVBoxLayout(this);
+    m_detail->setForegroundRole(QPalette::PlaceholderText); // the colour of hints
+    m_detail->setIndent(indentOf(*m_box));                  // below the name
+    auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(kLineSpacing);
-    layout->addWidget(m_box);
-    auto* below = new QVBoxLayout;
-    below->setSpacing(3);
-    below->setContentsMargins(indentOf(*m_box), 0, 0, 0);
-    below->addWidget(m_detail);
-    below->addWidget(m_button, 0, Qt::AlignLeading);
-    layout->addLayout(below);
+    layout->setHorizontalSpacing(metrics::groupGap);
+    layout->setVerticalSpacing(kLineSpacing);
+    layout->setColumnStretch(0, 1);
+    layout->addWidget(m_box, 0, 0);
+    layout->addWidget(m_detail, 1, 0);
+    layout->addWidget(m_button, 0, 1, 2, 1, Qt::AlignVCenter);
     m_box->installEventFilter(this);
     connect(m_box, &QCheckBox::clicked, this, &MouseRow::useChosen);
     connect(m_button, &QPushButton::clicked, this, &MouseRow::setUpChosen);

@@ -9,6 +9,7 @@
 
 #include <utility>
 
+#include "widgets/Metrics.h"
 #include "widgets/MouseDrawing.h"
 
 namespace quorvi {
@@ -18,8 +19,7 @@ namespace {
 constexpr int kWheelUp = 8;
 constexpr int kWheelDown = 9;
 constexpr int kWheelMarkMs = 300;
-constexpr int kNumberSize = 13; // of the letters, on the sheet
-constexpr qreal kReach = 1.35;  // around a number, of its radius: small circles are hard to hit
+constexpr qreal kReach = 1.35; // times its radius around a number: small circles are hard to hit
 
 } // namespace
 
@@ -27,6 +27,7 @@ MouseView::MouseView(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMouseTracking(true);
     connect(&m_marks, &InputMarks::changed, this, QOverload<>::of(&QWidget::update));
+    connect(&m_fade, &PressFade::changed, this, QOverload<>::of(&QWidget::update));
     m_wheelRest.setSingleShot(true);
     m_wheelRest.setInterval(kWheelMarkMs);
     connect(&m_wheelRest, &QTimer::timeout, this, [this] {
@@ -77,11 +78,11 @@ int MouseView::inputAt(const QPointF& point) const {
 }
 
 QSize MouseView::sizeHint() const {
-    return mouseSheet.toSize();
+    return mouseSheet.size().toSize();
 }
 
 QSize MouseView::minimumSizeHint() const {
-    return {160, 240};
+    return {metrics::leastMouse, metrics::leastMouseHigh};
 }
 
 void MouseView::pointAt(int input) {
@@ -105,7 +106,7 @@ void MouseView::explain(const QHelpEvent& event) {
     const QString text = input != 0 && m_explanation ? m_explanation(input) : QString();
     if (text.isEmpty())
         return QToolTip::hideText();
-    QString lines = text.toHtmlEscaped(); // names are shown as they are
+    QString lines = text.toHtmlEscaped(); // names are shown literally
     lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
     const qreal reached = radiusOfInput() * kReach;
     const QRectF around(middleOfInput(input) - QPointF(reached, reached), QSizeF(2 * reached, 2 * reached));
@@ -130,7 +131,7 @@ void MouseView::mouseReleaseEvent(QMouseEvent* event) {
         emit inputClicked(pressed);
 }
 
-// The event stays the host's: it may scroll what the view stands in.
+// The event is left to the host, which may scroll the surrounding area.
 void MouseView::wheelEvent(QWheelEvent* event) {
     event->ignore();
     const int turn = event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
@@ -152,16 +153,10 @@ BadgeState MouseView::stateOf(int input) const {
 void MouseView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    m_picture.paint(painter, *this, m_wheelIsLit, m_batteryIsLit);
     painter.setTransform(fromSheet(), true);
-    drawMouse(painter, palette(), m_wheelIsLit, m_batteryIsLit);
-
-    QFont numbers = font();
-    numbers.setPixelSize(kNumberSize);
-    numbers.setBold(true);
-    painter.setFont(numbers);
-    for (int input = 1; input <= mouseInputs; ++input) {
-        drawBadge(painter, palette(), input, stateOf(input));
-    }
+    for (int input = 1; input <= mouseInputs; ++input)
+        drawBadge(painter, palette(), input, stateOf(input), m_fade.left(input));
 }
 
 } // namespace quorvi

@@ -1,5 +1,5 @@
-// The drawing of the mouse on the buttons tab, with the number of each input on it. It follows the palette,
-// and is never mirrored: it is the picture of a thing.
+// The drawing of the mouse on the buttons tab, with the number of each input on it. It follows the palette
+// and is never mirrored, because it shows a real object.
 #pragma once
 
 #include <QTimer>
@@ -10,6 +10,8 @@
 #include <utility>
 
 #include "widgets/InputMarks.h"
+#include "widgets/MousePicture.h"
+#include "widgets/PressFade.h"
 #include "widgets/PressedInputs.h"
 
 class QHelpEvent;
@@ -24,31 +26,32 @@ class MouseView : public QWidget {
   public:
     explicit MouseView(QWidget* parent = nullptr);
 
-    /// What is marked on the drawing. The view itself marks what the pointer is over, and what is pressed on
-    /// the real mouse in its window.
+    /// The marks on the drawing. The view itself marks the pointed input, and inputs pressed on the real
+    /// mouse in its window.
     [[nodiscard]] InputMarks& marks() { return m_marks; }
     [[nodiscard]] const InputMarks& marks() const { return m_marks; }
 
-    /// Whether the helper reports what is pressed on the mouse that is drawn. Then what is pressed in the
-    /// window marks nothing: which of the mouse's buttons that was, is not known there.
+    /// Sets whether the helper reports presses on the drawn mouse. If it does, presses in the window are not
+    /// marked, because their input is not known there.
     void setReported(bool reported);
-    /// The helper says that the input, 1 to 9, went down or up. A turn of the wheel, 8 and 9, only goes down.
+    /// Shows a press or release of the input, 1 to 9, reported by the helper. Turns of the wheel, 8 and 9,
+    /// have no release.
     void reportInput(int input, bool pressed);
 
-    /// Gives what is said of the input that the pointer rests on, in lines; empty for nothing.
+    /// Returns the explanation of the input under the pointer, in lines; may be empty.
     using Explanation = std::function<QString(int input)>;
     void setExplanation(Explanation explanation) { m_explanation = std::move(explanation); }
 
-    /// Which of the mouse's lights are drawn as lit.
+    /// Sets which lights are drawn as lit.
     void setLights(bool wheel, bool battery);
 
     /// The middle of the number of the input, 1 to 9, and the radius of its circle, in the view's
     /// coordinates.
     [[nodiscard]] QPointF middleOfInput(int input) const;
     [[nodiscard]] qreal radiusOfInput() const;
-    /// The input whose number is at that point of the view; 0 when there is none.
+    /// The input whose number is at that point of the view; 0 if there is none.
     [[nodiscard]] int inputAt(const QPointF& point) const;
-    /// From the sheet of MouseDrawing.h to the view's coordinates.
+    /// Maps the sheet of MouseDrawing.h to view coordinates.
     [[nodiscard]] QTransform fromSheet() const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -75,8 +78,10 @@ class MouseView : public QWidget {
     InputMarks m_marks;
     Explanation m_explanation;
     PressedInputs m_pressed{*this, m_marks};
+    PressFade m_fade{*this, m_marks};
+    MousePicture m_picture;
     QTimer m_wheelRest;      ///< runs while a turn of the wheel is shown
-    int m_clicked = 0;       ///< the input that the left button went down on
+    int m_clicked = 0;       ///< the input on which the left button was pressed
     bool m_reported = false; ///< see setReported()
     bool m_wheelIsLit = false;
     bool m_batteryIsLit = false;

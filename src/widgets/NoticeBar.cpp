@@ -3,42 +3,29 @@
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyle>
+#include <QStackedWidget>
+
+#include "widgets/ContentColumn.h"
+#include "widgets/FlatButton.h"
+#include "widgets/MessageFrame.h"
+#include "widgets/Metrics.h"
+#include "widgets/SignView.h"
+#include "widgets/ThemeColours.h"
 
 namespace quorvi {
-
-/// Beside a text that says all there is to say. A label with a picture would be one thing more that screen
-/// readers come upon, and one without a name.
-class NoticeIcon : public QWidget {
-  public:
-    void set(const QIcon& icon, int size) {
-        m_icon = icon;
-        setFixedSize(size, size);
-        update();
-    }
-
-  protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        m_icon.paint(&painter, rect());
-    }
-
-  private:
-    QIcon m_icon;
-};
 
 namespace {
 
 bool isSameNotice(const TextOfNotice& a, const TextOfNotice& b) {
-    return a.text == b.text && a.sign == b.sign && bool(a.offer) == bool(b.offer);
+    return a.text == b.text && a.sign == b.sign && bool(a.offer) == bool(b.offer) &&
+           a.offerTitle == b.offerTitle;
 }
 
-QPushButton* plainButton(const QString& title, const char* name) {
-    auto* button = new QPushButton(title);
+QPushButton* flatButton(const char* name) {
+    auto* button = new FlatButton;
     button->setObjectName(QLatin1String(name));
     button->setAutoDefault(false);
     return button;
@@ -46,21 +33,21 @@ QPushButton* plainButton(const QString& title, const char* name) {
 
 } // namespace
 
-NoticeBar::NoticeBar(const Titles& titles, QWidget& window)
-    : QFrame(&window), m_icon(new NoticeIcon), m_text(new QLabel),
-      m_offer(plainButton(titles.offer, "buttonNoticeOffer")),
-      m_button(plainButton(titles.dismiss, "buttonNotice")) {
-    setFrameShape(QFrame::StyledPanel);
-    setBackgroundRole(QPalette::Base);
-    setForegroundRole(QPalette::Text);
-    setAutoFillBackground(true);
+NoticeBar::NoticeBar(const Titles& titles, QWidget& window, QWidget& page)
+    : QWidget(&window), m_usualOffer(titles.offer), m_page(page), m_sign(new SignView), m_text(new QLabel),
+      m_offer(flatButton("buttonNoticeOffer")), m_button(flatButton("buttonNotice")) {
     m_text->setObjectName(QStringLiteral("textNotice"));
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_text->setForegroundRole(QPalette::Text);
+    m_offer->setText(titles.offer);
+    m_button->setIcon(symbolIcon(Symbol::Close));
+    m_button->setAccessibleName(titles.dismiss);
+    m_button->setToolTip(titles.dismissTip);
     auto* row = new QHBoxLayout(this);
-    row->addWidget(m_icon);
+    row->setContentsMargins(metrics::groupGap, metrics::fieldGap, metrics::fieldGap, metrics::fieldGap);
+    row->setSpacing(metrics::rowGap);
+    row->addWidget(m_sign);
     row->addWidget(m_text, 1);
     row->addWidget(m_offer);
     row->addWidget(m_button);
@@ -69,23 +56,44 @@ NoticeBar::NoticeBar(const Titles& titles, QWidget& window)
         if (!m_notices.empty())
             withdraw(m_notices.begin()->first);
     });
-    window.installEventFilter(this);
+    page.installEventFilter(this);
+    if (auto* pages = qobject_cast<QStackedWidget*>(&page))
+        connect(pages, &QStackedWidget::currentChanged, this, &NoticeBar::place);
     hide();
+}
+
+void NoticeBar::followInTabOrder(QWidget& widget) {
+    setTabOrder(&widget, m_offer);
+    setTabOrder(m_offer, m_button);
 }
 
 void NoticeBar::tell(int number, const TextOfNotice& notice) {
     m_notices[number] = notice;
-    update();
+    showFirst();
 }
 
 void NoticeBar::withdraw(int number) {
-    if (m_notices.erase(number) != 0)
-        update();
+    endThose([number](const auto& notice) { return notice.first == number; });
 }
 
 void NoticeBar::withdrawOffers() {
-    if (std::erase_if(m_notices, [](const auto& notice) { return bool(notice.second.offer); }) != 0)
-        update();
+    endThose([](const auto& notice) { return bool(notice.second.offer); });
+}
+
+void NoticeBar::endThose(const std::function<bool(const Notices::value_type&)>& chosen) {
+    Notices ended;
+    for (auto notice = m_notices.begin(); notice != m_notices.end();) {
+        const auto next = std::next(notice);
+        if (chosen(*notice))
+            ended.insert(m_notices.extract(notice));
+        notice = next;
+    }
+    if (ended.empty())
+        return;
+    showFirst();
+    for (const auto& [number, notice] : ended)
+        if (notice.ended)
+            notice.ended();
 }
 
 void NoticeBar::takeOffer() {
@@ -97,7 +105,7 @@ void NoticeBar::takeOffer() {
         offer();
 }
 
-void NoticeBar::update() {
+void NoticeBar::showFirst() {
     const TextOfNotice first = m_notices.empty() ? TextOfNotice{} : m_notices.begin()->second;
     if (isSameNotice(first, m_shown))
         return;
@@ -107,11 +115,9 @@ void NoticeBar::update() {
         makeRoom(0);
         return;
     }
-    const auto icon =
-        first.sign == NoticeSign::warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
-    const int size = style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, this);
-    m_icon->set(style()->standardIcon(icon, nullptr, this), size);
+    m_sign->setSymbol(first.sign == NoticeSign::warning ? Symbol::Warning : Symbol::Information);
     m_text->setText(first.text);
+    m_offer->setText(first.offerTitle.isEmpty() ? m_usualOffer : first.offerTitle);
     m_offer->setVisible(bool(first.offer));
     place();
     show();
@@ -123,36 +129,38 @@ void NoticeBar::update() {
 }
 
 bool NoticeBar::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
         place();
-    return QFrame::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void NoticeBar::place() {
-    const QRect window = parentWidget()->rect();
-    const int height = heightForWidth(window.width());
-    setGeometry(0, window.height() - height, window.width(), height);
+    const ContentSpan span = contentSpan(m_page.width());
+    const int height = heightForWidth(span.width);
+    const QPoint corner = m_page.mapTo(parentWidget(), QPoint(span.margin, metrics::rowGap));
+    setGeometry(QRect(corner, QSize(span.width, height)));
     if (!m_notices.empty())
-        makeRoom(height);
+        makeRoom(metrics::rowGap + height);
 }
 
-/// The room is below what the window's layout holds, as far as that can be made smaller. It must not make the
-/// window larger.
+QWidget& NoticeBar::shownPage() const {
+    const auto* pages = qobject_cast<QStackedWidget*>(&m_page);
+    return pages && pages->currentWidget() ? *pages->currentWidget() : m_page;
+}
+
+/// As far as the page's content can shrink or scroll. It must not enlarge the window.
 void NoticeBar::makeRoom(int height) {
-    QLayout* layout = parentWidget()->layout();
-    if (!layout)
-        return;
-    QMargins margins = layout->contentsMargins();
-    if (m_usualMargin < 0)
-        m_usualMargin = margins.bottom();
-    const int needed = layout->hasHeightForWidth() ? layout->minimumHeightForWidth(parentWidget()->width())
-                                                   : layout->totalMinimumSize().height();
-    const int least = needed - margins.bottom() + m_usualMargin;
-    const bool hasRoom = height > 0 && least + height <= parentWidget()->height();
-    margins.setBottom(m_usualMargin + (hasRoom ? height : 0));
-    layout->setContentsMargins(margins);
-    if (height == 0)
-        m_usualMargin = -1;
+    QWidget& page = shownPage();
+    if (m_roomy && m_roomy != &page)
+        m_roomy->setContentsMargins(0, 0, 0, 0);
+    const int given = m_roomy == &page ? page.contentsMargins().top() : 0;
+    m_roomy = &page;
+    const int least = page.minimumSizeHint().height() - given;
+    page.setContentsMargins(0, least + height <= page.height() ? height : 0, 0, 0);
+}
+
+void NoticeBar::paintEvent(QPaintEvent* /*event*/) {
+    paintMessageGround(*this);
 }
 
 } // namespace quorvi

@@ -1,5 +1,5 @@
-// A button that shows the selected item of a menu and opens the menu to choose another. It is a combo box to
-// the style, to layouts and to screen readers, and opens a real menu, which can hold submenus.
+// A button that shows the selected item of a menu and opens the menu to choose another. Styles, layouts and
+// screen readers treat it as a combo box, but it opens a real menu, which can hold submenus.
 #pragma once
 
 #include <QAction>
@@ -7,12 +7,15 @@
 #include <QMenu>
 #include <QPointer>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
 class QStyleOptionComboBox;
 
 namespace quorvi {
+
+enum class Symbol : std::uint8_t;
 
 class PopUpButton : public QComboBox {
     Q_OBJECT
@@ -21,18 +24,18 @@ class PopUpButton : public QComboBox {
     explicit PopUpButton(QWidget* parent = nullptr);
     ~PopUpButton() override;
 
-    /// Takes ownership of the menu, deletes the one before and selects nothing. nullptr leaves no menu.
+    /// Takes ownership of the menu, deletes the previous one and clears the selection. nullptr for no menu.
     void setMenu(QMenu* menu);
-    /// As setMenu() with a copy of that menu. The copy is made when somebody first asks for the menu or an
-    /// item, which saves 3.6 ms of the start. Until then the button shows what is selected by its tag with
-    /// the original's title, or with the one that it was given. The original must not change before; when it
-    /// dies before, there is no menu.
+    /// Like setMenu() with a copy of that menu. The copy is made when the menu or an item is first needed,
+    /// which saves 3.6 ms of the start. Until then the button shows the item selected by tag with the
+    /// original's title, or with a given one. The original must not change before that; if it is destroyed
+    /// before, there is no menu.
     void setMenuLike(const QMenu& original);
     [[nodiscard]] QMenu* menu();
-    /// The items are still those of the original, because nobody has asked for one.
+    /// Whether the copy has not been made yet.
     [[nodiscard]] bool awaitsMenu() const { return m_original != nullptr; }
 
-    /// What can be selected, in the order of the menu: see selectableItems() in MenuItems.h.
+    /// The selectable items, in the order of the menu: see selectableItems() in MenuItems.h.
     [[nodiscard]] QList<QAction*> items();
     /// The item with the tag: the menu's own items come first, then those of its groups; never an item of a
     /// list under a tagged item. nullptr when there is none.
@@ -40,20 +43,25 @@ class PopUpButton : public QComboBox {
     /// The position of that item in items(); -1 when there is none.
     [[nodiscard]] int indexOfItemWithTag(int tag);
 
-    /// nullptr when nothing is selected, also after the selected item was deleted.
+    /// nullptr without a selection, or after the selected item was deleted.
     [[nodiscard]] QAction* selectedItem();
-    /// The selected item's tag; -1 when nothing is selected or the item has none.
+    /// The selected item's tag; -1 without a selection or a tag.
     [[nodiscard]] int selectedTag();
-    /// Selects and shows the item, and follows its title from then on. nullptr, and an item that is not one
-    /// of items(), select none and show nothing. Emits nothing.
+    /// Selects and shows the item, and follows its title from then on. nullptr, or an item that is not one of
+    /// items(), clears the selection and the text. Emits no signal.
     void selectItem(QAction* item);
-    /// Selects the item with the tag, or none when no item has it; false then. A title is the item's own from
-    /// then on.
+    /// Selects the item with the tag; returns false and selects none if there is none. A given title becomes
+    /// the item's.
     bool selectItemWithTag(int tag, const std::optional<QString>& title = std::nullopt);
-    /// Selects none and shows the text where the title would be, until something is selected.
+    /// Clears the selection and shows the text in place of the title, until the next selection.
     void selectNone(const QString& text);
 
-    /// Of a fixed number of characters, whatever is selected.
+    /// Draws the sign before the title; std::nullopt for none. The items have no signs, so that no menu need
+    /// be made for one.
+    void setSymbol(std::optional<Symbol> symbol);
+    [[nodiscard]] std::optional<Symbol> symbol() const { return m_symbol; }
+
+    /// A fixed number of characters wide, whatever is selected.
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -61,12 +69,12 @@ class PopUpButton : public QComboBox {
     void hidePopup() override;
 
   signals:
-    /// The awaited copy is there, with its selection, and is still what the original is: who lists further
-    /// items in it does so now.
+    /// The copy of the menu has been made, with its selection, and is still unchanged. Receivers add further
+    /// items now.
     void menuMade();
-    /// The user chose an item of items(), which is selected now; also when it was selected before.
+    /// The user chose an item of items(), which is now selected, perhaps again.
     void itemChosen(QAction* item);
-    /// The user chose an item of the list under a tagged item, which changes nothing by itself.
+    /// The user chose an item of the list under a tagged item, which does not change the selection by itself.
     void listItemChosen(QAction* item);
 
   protected:
@@ -85,14 +93,16 @@ class PopUpButton : public QComboBox {
     void showTitle(const QAction* item);
     void showText(const QString& title);
     void adopt(QMenu& menu);
+    [[nodiscard]] QString tip(bool titleFits) const;
     [[nodiscard]] QString titleThatFits(const QStyleOptionComboBox& option) const;
 
-    QPointer<const QMenu> m_original; ///< of the menu that has yet to be made
+    QPointer<const QMenu> m_original; ///< of the menu still to be copied
     struct AwaitedItem {
         int tag;
         std::optional<QString> title;
     };
-    std::optional<AwaitedItem> m_awaited; ///< what is to be selected in it
+    std::optional<AwaitedItem> m_awaited; ///< the selection to make in it
+    std::optional<Symbol> m_symbol;
     QPointer<QMenu> m_menu;
     QPointer<QAction> m_selected;
 };

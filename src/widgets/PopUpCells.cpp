@@ -7,9 +7,11 @@
 #include <QPainter>
 #include <QTableView>
 
+#include <algorithm>
 #include <utility>
 
 #include "widgets/MenuItems.h"
+#include "widgets/NewEditor.h"
 #include "widgets/ThemeColours.h"
 
 namespace quorvi {
@@ -18,13 +20,14 @@ namespace {
 
 constexpr float kGreyedOpacity = 0.6F;
 
-/// F2 does so only where it has no text to edit.
+/// F2 does so only if there is no text to edit.
 bool opensMenu(const QKeyEvent& event, bool editable) {
     switch (event.key()) {
     case Qt::Key_F2:
         return !editable;
+    case Qt::Key_Space: // with Control it selects
+        return !(event.modifiers() & Qt::ControlModifier);
     case Qt::Key_F4:
-    case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return true;
@@ -41,7 +44,7 @@ bool typesDigit(const QKeyEvent& event) {
     return plain && event.text().size() == 1 && event.text().front().isDigit();
 }
 
-/// Where the sign stands that says that there is a menu: at the end of the cell.
+/// The place of the menu's sign, at the end of the cell.
 QRect signIn(const QStyleOptionViewItem& option) {
     const int side = option.fontMetrics.height() * 2 / 3;
     const QRect cell = option.rect.adjusted(side / 2, 0, -side / 2, 0);
@@ -58,20 +61,29 @@ PopUpCells::PopUpCells(QTableView* table, int column, QMenu* menu)
 
 void PopUpCells::mousePressed(const QMouseEvent& event) {
     const QModelIndex cell = m_table->indexAt(event.pos());
-    if (event.button() != Qt::LeftButton || !open(cell))
+    const bool selects = event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+    if (event.button() != Qt::LeftButton || selects || !open(cell))
         return;
     m_pressedCell = isBesideSign(cell, event.pos()) ? cell : QModelIndex();
     m_sincePress.start();
 }
 
+QModelIndex PopUpCells::cellForKeys() const {
+    const QModelIndexList cells = m_table->selectionModel()->selectedRows(m_column);
+    const QModelIndex current = m_table->currentIndex();
+    const auto found = std::find_if(cells.begin(), cells.end(),
+        [&current](const QModelIndex& cell) { return cell.row() == current.row(); });
+    return found == cells.end() ? cells.value(0) : *found;
+}
+
 bool PopUpCells::keyPressed(const QKeyEvent& event) {
-    const QModelIndexList rows = m_table->selectionModel()->selectedRows(m_column);
-    if (rows.isEmpty())
+    const QModelIndex cell = cellForKeys();
+    if (!cell.isValid())
         return false;
-    const bool editable = rows.first().flags() & Qt::ItemIsEditable;
+    const bool editable = cell.flags() & Qt::ItemIsEditable;
     if (opensMenu(event, editable))
-        return open(rows.first());
-    return editable && typesDigit(event) && beginText(rows.first(), event);
+        return open(cell);
+    return editable && typesDigit(event) && beginText(cell, event);
 }
 
 bool PopUpCells::canBeUsed(const QModelIndex& cell) const {
@@ -87,7 +99,7 @@ bool PopUpCells::open(const QModelIndex& cell) {
     QAction* shown = items.value(cell.data(Qt::EditRole).toInt());
     for (QAction* item : items)
         markItem(*item, item == shown);
-    // The list may be read afresh while the menu is open: then there is no such cell any more.
+    // The list may be reloaded while the menu is open, and the cell with it.
     disconnect(m_choice);
     m_choice =
         connect(m_menu, &QMenu::triggered, this, [this, chosen = QPersistentModelIndex(cell)](QAction* item) {
@@ -129,7 +141,7 @@ bool PopUpCells::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PopUpCells::closeMenuAndEdit() {
-    // The rest of the click must not find the field: a double click there selects a word.
+    // The rest of the click must not reach the field, where a double click selects a word.
     QMetaObject::invokeMethod(
         m_table,
         [this, cell = std::exchange(m_pressedCell, {})] {
@@ -137,7 +149,7 @@ void PopUpCells::closeMenuAndEdit() {
                 m_table->edit(cell);
         },
         Qt::QueuedConnection);
-    // Nor must the press open the menu again.
+    // Nor may the press open the menu again.
     m_menu->setAttribute(Qt::WA_NoMouseReplay);
     m_menu->close();
     m_menu->setAttribute(Qt::WA_NoMouseReplay, false);
@@ -166,7 +178,8 @@ QWidget* PopUpCells::createEditor(
 }
 
 void PopUpCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    static_cast<QLineEdit*>(editor)->setText(index.data(typedRole).toString());
+    if (isNewEditor(*editor))
+        static_cast<QLineEdit*>(editor)->setText(index.data(typedRole).toString());
 }
 
 void PopUpCells::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
@@ -184,7 +197,7 @@ void PopUpCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex
     QStyledItemDelegate::initStyleOption(option, index);
     if (option->state & QStyle::State_Enabled || !m_table->selectionModel()->isRowSelected(index.row(), {}))
         return;
-    // A cell that is not enabled is not selected with its row. It is to look so all the same, and greyed.
+    // A disabled cell is not selected with its row, but must look selected, and greyed.
     option->state |= QStyle::State_Selected | QStyle::State_Enabled;
     QColor text = option->palette.color(QPalette::Active, QPalette::HighlightedText);
     text.setAlphaF(kGreyedOpacity);

@@ -1,5 +1,5 @@
 // The cells of a table's column that are pop-ups: they show an item of a menu and open the menu to choose
-// another. What the menu does not have can be typed into those that are editable.
+// another. In editable ones, other values can be typed.
 #pragma once
 
 #include <QElapsedTimer>
@@ -14,30 +14,30 @@ class QTableView;
 
 namespace quorvi {
 
-/// The value of such a cell is the index of the item that it shows, or -1. A cell that is not enabled opens
-/// nothing.
+/// The cell's value is the index of the shown item, or -1. A disabled cell does not open the menu.
 class PopUpCells : public QStyledItemDelegate {
     Q_OBJECT
 
   public:
-    /// What an editable cell has for a text field, and takes from it; it refuses what it cannot take.
+    /// An editable cell's text for the text field; setting an invalid text is refused.
     static constexpr int typedRole = Qt::UserRole + 1;
 
-    /// Belongs to the table. The menu is another's, and shared by the cells.
+    /// The table owns it. It does not own the menu, which all cells share.
     PopUpCells(QTableView* table, int column, QMenu* menu);
 
     [[nodiscard]] int column() const { return m_column; }
-    /// Opens the menu for the cell; false when it is none of these, or not enabled.
+    /// Opens the menu for the cell; returns false if it is not one of these or disabled.
     bool open(const QModelIndex& cell);
-    /// After the table has dealt with the press: opens the menu when it was the left button on a cell.
+    /// Call this after the table has handled the press: opens the menu for the left button on a cell, unless
+    /// a key that selects is held.
     void mousePressed(const QMouseEvent& event);
-    /// True when the key opens the menu, or begins a text, and did so for the selected row.
+    /// Opens the menu or begins a text for the selected row, of several for the current one, and returns
+    /// true, if the key does that.
     [[nodiscard]] bool keyPressed(const QKeyEvent& event);
-    /// Whether a double click at the point, of the viewport, is one to type into the cell: one on the sign of
-    /// the menu is not.
+    /// Whether a double click at that point of the viewport edits the cell's text: not on the menu's sign.
     [[nodiscard]] bool isBesideSign(const QModelIndex& cell, const QPoint& point) const;
 
-    /// The first press of a double click opens the menu, and the menu gets the second one.
+    /// The first press of a double click opens the menu, which receives the second one.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     QWidget* createEditor(
@@ -55,6 +55,7 @@ class PopUpCells : public QStyledItemDelegate {
 
   private:
     [[nodiscard]] bool canBeUsed(const QModelIndex& cell) const;
+    [[nodiscard]] QModelIndex cellForKeys() const;
     [[nodiscard]] bool isSecondPress(const QMouseEvent& event) const;
     void closeMenuAndEdit();
     bool beginText(const QModelIndex& cell, const QKeyEvent& event);

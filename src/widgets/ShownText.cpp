@@ -12,7 +12,7 @@ constexpr QChar endOfEmbedding(u'\u202C');
 constexpr QChar firstStrongIsolate(u'\u2068');
 constexpr QChar endOfIsolate(u'\u2069');
 
-/// The marks that begin a stretch of a direction of their own, or end it: embeddings, overrides and isolates.
+/// Marks that begin or end a range with its own direction: embeddings, overrides and isolates.
 bool setsDirection(QChar character) {
     const char16_t unit = character.unicode();
     return (unit >= u'\u202A' && unit <= u'\u202E') || unit == u'\u2066' || unit == u'\u2067';
@@ -68,6 +68,12 @@ QString nameWithin(const QString& text, const QString& name) {
 
 bool isolatesName(QChar character) {
     return character == firstStrongIsolate || character == endOfIsolate;
+}
+
+QString withoutMarkup(QString text) {
+    const QChar joiner(0x2060); // has no width, and no tag or entity begins with it
+    return text.replace(QLatin1Char('<'), QLatin1Char('<') + QString(joiner))
+        .replace(QLatin1Char('&'), QLatin1Char('&') + QString(joiner));
 }
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// How texts are shown: how much of them, and from which side. A file may hold names of any length, and a
+// Limits the length and controls the direction of shown texts. A file may hold names of any length, and a
 // megabyte takes seconds to lay out.
 #pragma once
 
@@ -6,29 +6,30 @@
 
 namespace quorvi {
 
-/// The longest text that is shown whole, in UTF-16 units: four times a name that the panel would write.
+/// The longest text shown in full, in UTF-16 units: four times the panel's longest name.
 inline constexpr int longestShownText = 80;
 
-/// The text, or its beginning with an ellipsis behind it when it is too long. What is stored stays whole.
+/// The text, or its beginning and an ellipsis if it is too long. Stored texts are not affected.
 [[nodiscard]] QString shownText(const QString& text);
 
-/// A name as it is shown by itself: cut likewise, and without marks that would have it read from another side
-/// than it begins.
+/// A name shown on its own: cut in the same way, and without marks that change its direction.
 [[nodiscard]] QString shownName(const QString& name);
 
-/// The name as a part of the text, in which it neither turns what stands around it nor is turned: a name may
-/// be written from the right in a text from the left, or hold marks that change the direction. It is
-/// isolated where it could; a plain one is given back as it is.
+/// The name for insertion into the text, isolated so that neither affects the other's direction: a name may
+/// be right-to-left in a left-to-right text, or hold direction marks. A name without such effects is returned
+/// unchanged.
 [[nodiscard]] QString nameWithin(const QString& text, const QString& name);
 /// The character begins or ends the isolation of a name.
 [[nodiscard]] bool isolatesName(QChar character);
 
-/// The text with the marks around it that have it read from the right, when that is how it begins. Styles
-/// draw the texts of controls and menus in the application's direction, not in the widget's: a full stop or a
-/// Latin letter would end up on the wrong side of what is written from the right.
+/// The text with right-to-left marks around it if it begins right-to-left. Styles draw the texts of controls
+/// and menus in the application's direction, not the widget's: a full stop or a Latin letter would end up on
+/// the wrong side of right-to-left text.
 [[nodiscard]] QString inItsDirection(const QString& text);
-/// The text without such marks and all others that set a direction, wherever they are. Names that stand
-/// isolated in it stay so.
+/// The text for a tool tip, which shows it as it is even where it looks like markup.
+[[nodiscard]] QString withoutMarkup(QString text);
+
+/// The text without these and all other direction marks. Isolated names in it stay isolated.
 [[nodiscard]] QString withoutDirection(const QString& text);
 
 } // namespace quorvi

@@ -1,18 +1,22 @@
-// The sensitivity stages of a profile at one glance: a bar of as many fields as there are stages, with the
-// current one marked and a level in each that compares it with the others. It only shows; stages are edited
-// in their own panel.
+// A profile's sensitivity stages: a bar with a cell for each stage, the current one marked, and a level in
+// each for comparison. A cell is chosen by a click, or by the arrow keys and Return.
 #pragma once
 
 #include <QList>
 #include <QWidget>
 
+#include "widgets/AccessibleWidgets.h"
+
+class QVariantAnimation;
+
 namespace quorvi {
 
-/// One stage: its text, and its two resolutions. What is below 0 counts as 0.
+/// One stage: its text, and its two resolutions. Negative ones count as 0.
 struct StageField {
     QString text;
     int x = 0;
     int y = 0;
+    QString spoken = {}; ///< its name for assistive programs
 };
 
 class StageBar : public QWidget {
@@ -30,18 +34,58 @@ class StageBar : public QWidget {
     /// How far the level of a resolution reaches across its field: 0 to 1, and 1 for the highest of all.
     [[nodiscard]] qreal levelOf(int resolution) const;
 
+    /// Lets the current stage's ground come from that stage's cell, unless the desktop asks for no motion. An
+    /// index outside the list moves nothing.
+    void moveGroundFrom(int stage);
+    /// Where the ground is: the index of a cell, or between two of them. -1 without a current stage.
+    [[nodiscard]] qreal groundPlace() const { return m_ground; }
+
+    [[nodiscard]] QRect cellOf(int stage) const;
+    /// The stage of the cell there; -1 beside the cells.
+    [[nodiscard]] int stageAt(const QPoint& point) const;
+    /// The cell of the arrow keys, while the bar has the focus.
+    [[nodiscard]] int focusedStage() const { return m_focused; }
+
+    /// As a click on its cell does. Nothing for an index outside the list.
+    void chooseStage(int stage);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+  signals:
+    void stageChosen(int stage);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void paintStage(QPainter& painter, const QRectF& field, int index) const;
+    [[nodiscard]] QRectF placeOf(qreal stage) const;
+    void paintGround(QPainter& painter) const;
+    void paintDividers(QPainter& painter) const;
+    void paintStage(QPainter& painter, int index) const;
+    void paintFocus(QPainter& painter) const;
+    void focusStage(int stage);
+    void pointAt(int stage);
+    void showGroundAt(qreal place);
+    [[nodiscard]] bool isKnown(int stage) const { return stage >= 0 && stage < m_stages.size(); }
+    [[nodiscard]] QFont currentFont() const;
     [[nodiscard]] bool mirrored() const;
 
+    std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QList<StageField> m_stages;
+    QVariantAnimation* m_motion = nullptr; ///< made when something moves
+    qreal m_ground = -1;
     int m_current = -1;
+    int m_focused = 0;
+    int m_pressed = -1;
+    int m_pointed = -1; ///< the cell under the pointer
 };
 
 } // namespace quorvi

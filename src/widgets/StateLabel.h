@@ -1,5 +1,5 @@
-// A label that says what goes on, on a ground of the theme's highlight: nothing else around it has that
-// colour. Without a text neither the eye nor the pointer finds it, so that it can stand on another label.
+// A label for a state, on the theme's highlight colour, which nothing around it has, or on amber for a
+// warning. Without a text it is invisible to the eye and the pointer, so it can cover another label.
 #pragma once
 
 #include <QLabel>
@@ -12,8 +12,17 @@ class StateLabel : public QLabel {
   public:
     explicit StateLabel(QWidget* parent = nullptr);
 
+    /// Whether what it says needs attention.
+    [[nodiscard]] bool isWarning() const { return m_warns; }
+    void setWarning(bool warns);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void paintWarning();
+
+    bool m_warns = false;
 };
 
 } // namespace quorvi

@@ -7,31 +7,30 @@
 namespace quorvi {
 
 struct TableColumn {
-    int identifier;     ///< tells the columns of all tables apart: 11 to 42
+    int identifier;     ///< unique over all tables: 11 to 42
     const char* title;  ///< English, a key of the string table; empty for a table without a header
-    int widthInLetters; ///< at least, in average letters; 0 takes the room that is left
-    /// English, explains the title's terms; empty where it speaks for itself.
+    int widthInLetters; ///< minimum, in average letters; 0 takes the remaining room
+    /// English, explains the title's terms; empty if it needs no explanation.
     const char* explanation = "";
 };
 
 inline constexpr std::array profileColumns{
-    TableColumn{11, "No.", 6}, // beside which a mark may stand
+    TableColumn{11, "No.", 6}, // may have a mark next to it
     TableColumn{12, "Profile", 0},
     TableColumn{13, "Application", 0},
     TableColumn{14, "Switch Automatically", 12,
-        "A profile that switches automatically comes into use when its application comes to the front."},
+        "A profile that switches automatically is in use while its application is in front."},
 };
 inline constexpr std::array macroColumns{TableColumn{21, "Macro", 0}};
 inline constexpr std::array stepColumns{
     TableColumn{31, "Action", 0},
-    TableColumn{
-        32, "Delay Afterwards", 16, "How long the mouse waits after this step before it plays the next one."},
+    TableColumn{32, "Delay After", 16, "How long the mouse waits before the next step."},
 };
 inline constexpr std::array stageColumns{
     TableColumn{41, "No.", 4},
     TableColumn{42, "Sensitivity", 0,
-        "Dots per inch: how many steps the mouse counts when it moves one inch. More steps move the pointer "
-        "further."},
+        "Dots per inch: how many steps the mouse counts over one inch. The more steps, the further the "
+        "pointer moves."},
 };
 
 /// The columns of the table with the tag (1 profiles, 2 macros, 3 steps, 4 stages); none for another tag.

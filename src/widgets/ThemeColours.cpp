@@ -11,7 +11,7 @@ namespace quorvi {
 namespace {
 
 constexpr qreal kHighContrast = 19.0; // black on white has 21, the darkest of the usual light themes 18.3
-constexpr qreal kStep = 0.05;         // of a mixture, finer than the eye tells apart
+constexpr qreal kStep = 0.05;         // of a mixture, finer than the eye can distinguish
 
 qreal linear(qreal channel) {
     constexpr qreal knee = 0.04045; // of the sRGB transfer function
@@ -23,7 +23,7 @@ qreal luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
-/// The colour, or as much of the stronger one as it takes to stand out from all of the grounds.
+/// The colour, mixed with the stronger one until its contrast with all grounds suffices.
 QColor standingOut(
     const QColor& colour, const QColor& stronger, std::initializer_list<QColor> grounds, qreal wanted) {
     QColor mixture = colour;
@@ -36,7 +36,13 @@ QColor standingOut(
     return stronger;
 }
 
-/// The share of the text's colour in the field's.
+QPalette::ColorGroup groupOf(const QStyleOptionViewItem& cell) {
+    if (!(cell.state & QStyle::State_Enabled))
+        return QPalette::Disabled;
+    return cell.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
+}
+
+/// That share of the text colour in the field's.
 QColor textOnField(const QPalette& palette, qreal share, qreal wanted) {
     const QColor text = palette.color(QPalette::Text);
     const QColor base = palette.color(QPalette::Base);
@@ -46,7 +52,7 @@ QColor textOnField(const QPalette& palette, qreal share, qreal wanted) {
 } // namespace
 
 qreal contrastOf(const QColor& first, const QColor& second) {
-    constexpr qreal flare = 0.05; // of the room, on any screen
+    constexpr qreal flare = 0.05; // reflected room light, on any screen
     const auto [darker, lighter] = std::minmax({luminance(first), luminance(second)});
     return (lighter + flare) / (darker + flare);
 }
@@ -74,10 +80,14 @@ QColor mixed(qreal share, const QColor& first, const QColor& second) {
         mix(first.red(), second.red()), mix(first.green(), second.green()), mix(first.blue(), second.blue())};
 }
 
-QColor lineOnWindow(const QPalette& palette, qreal share, const QColor& ground) {
+QColor lineOn(const QPalette& palette, qreal share, std::initializer_list<QColor> grounds) {
     const QColor text = palette.color(QPalette::WindowText);
-    const QColor window = palette.color(QPalette::Window);
-    return standingOut(mixed(share, text, window), text, {window, ground}, wantedContrast(palette));
+    return standingOut(
+        mixed(share, text, palette.color(QPalette::Window)), text, grounds, wantedContrast(palette));
+}
+
+QColor lineOnWindow(const QPalette& palette, qreal share, const QColor& ground) {
+    return lineOn(palette, share, {palette.color(QPalette::Window), ground});
 }
 
 QColor lineOnWindow(const QPalette& palette, qreal share) {
@@ -86,6 +96,11 @@ QColor lineOnWindow(const QPalette& palette, qreal share) {
 
 QColor signOnButton(const QPalette& palette, const QColor& colour) {
     return standingOut(colour, palette.color(QPalette::ButtonText), {palette.color(QPalette::Button)},
+        wantedContrast(palette));
+}
+
+QColor signOnWindow(const QPalette& palette, const QColor& colour) {
+    return standingOut(colour, palette.color(QPalette::WindowText), {palette.color(QPalette::Window)},
         wantedContrast(palette));
 }
 
@@ -101,12 +116,42 @@ QColor mutedTextColour(const QPalette& palette) {
     return textOnField(palette, 0.6, wantedTextContrast(palette));
 }
 
+QColor lightLineColour(const QPalette& palette) {
+    constexpr qreal share = 0.2;
+    return mixed(share, palette.color(QPalette::WindowText), palette.color(QPalette::Window));
+}
+
+QColor mutedTextOnWindow(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::WindowText);
+    if (isHighContrast(palette))
+        return text;
+    const QColor window = palette.color(QPalette::Window);
+    return standingOut(mixed(0.7, text, window), text, {window}, wantedTextContrast(palette));
+}
+
 QColor cellTextColour(const QStyleOptionViewItem& cell) {
     const bool selected = cell.state & QStyle::State_Selected;
-    QPalette::ColorGroup group = QPalette::Disabled;
-    if (cell.state & QStyle::State_Enabled)
-        group = cell.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
-    return cell.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+    return cell.palette.color(groupOf(cell), selected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+QColor secondLineColour(const QStyleOptionViewItem& cell) {
+    const QPalette::ColorGroup group = groupOf(cell);
+    if (group == QPalette::Disabled || (cell.state & QStyle::State_Selected))
+        return cellTextColour(cell);
+    const QColor text = cell.palette.color(group, QPalette::Text);
+    const QColor base = cell.palette.color(group, QPalette::Base);
+    return standingOut(mixed(0.6, text, base), text,
+        {base, cell.palette.color(group, QPalette::AlternateBase)}, wantedTextContrast(cell.palette));
+}
+
+void keepColours(QStyleOptionViewItem& cell) {
+    QPalette colours = cell.palette;
+    colours.setCurrentColorGroup(QPalette::Active);
+    for (const auto role : {QPalette::Text, QPalette::HighlightedText, QPalette::Base})
+        cell.palette.setColor(QPalette::Inactive, role, colours.color(role));
+    const QColor ground = markGroundColour(colours);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        cell.palette.setColor(group, QPalette::Highlight, ground);
 }
 
 QColor markColour(const QPalette& palette) {
@@ -116,11 +161,32 @@ QColor markColour(const QPalette& palette) {
         {palette.color(QPalette::Base), palette.color(QPalette::Window)}, wantedContrast(palette));
 }
 
+QColor markOn(const QPalette& palette, std::initializer_list<QColor> grounds) {
+    return standingOut(
+        markColour(palette), palette.color(QPalette::WindowText), grounds, wantedContrast(palette));
+}
+
+QColor tintColour(const QPalette& palette) {
+    constexpr qreal most = 0.35;
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    const QColor tint = mixed(most, palette.color(QPalette::Highlight), base);
+    return standingOut(tint, base, {text}, wantedTextContrast(palette));
+}
+
 QColor markGroundColour(const QPalette& palette) {
     const QColor text = palette.color(QPalette::HighlightedText);
     const QColor deepest =
         contrastOf(text, Qt::black) > contrastOf(text, Qt::white) ? QColor(Qt::black) : QColor(Qt::white);
     return standingOut(palette.color(QPalette::Highlight), deepest, {text}, wantedTextContrast(palette));
+}
+
+QColor warningGroundColour() {
+    return {0xf0, 0xa8, 0x1c};
+}
+
+QColor warningTextColour() {
+    return Qt::black;
 }
 
 } // namespace quorvi

@@ -1,55 +1,87 @@
-// Colours of the theme for what is drawn beside controls, so that it is seen in a light, in a dark and in a
-// high-contrast one: each is moved towards the theme's text until it stands out enough from what is behind.
+// Theme colours for drawings next to controls, visible in light, dark and high-contrast themes: each is moved
+// towards the theme's text colour until its contrast with the background suffices.
 #pragma once
 
 #include <QColor>
 #include <QPalette>
 
+#include <initializer_list>
+
 class QStyleOptionViewItem;
 
 namespace quorvi {
 
-/// The contrast of two opaque colours, 1 to 21: the ratio of their relative luminances as the Web Content
-/// Accessibility Guidelines 2.1 define it.
+/// The contrast of two opaque colours, 1 to 21: the ratio of their relative luminances as defined by the Web
+/// Content Accessibility Guidelines 2.1.
 [[nodiscard]] qreal contrastOf(const QColor& first, const QColor& second);
 
-/// A theme whose text is, as good as, black on white or white on black: who chooses it needs the contrast.
+/// Whether the theme's text is practically black on white or white on black: users who choose it need the
+/// contrast.
 [[nodiscard]] bool isHighContrast(const QPalette& palette);
 
-/// What lines, signs and areas have to stand out by from what they are on, and what texts have to: 3 and 4.5
-/// as the guidelines' level AA asks for, and 7, level AAA, in a theme of high contrast. A disabled palette is
-/// asked for nothing, since greyed things are meant to recede.
+/// The required contrast of lines, signs and areas, and of texts: 3 and 4.5 for the guidelines' level AA, and
+/// 7, level AAA, in a high-contrast theme. A disabled palette has no requirement, because greyed items should
+/// recede.
 [[nodiscard]] qreal wantedContrast(const QPalette& palette);
 [[nodiscard]] qreal wantedTextContrast(const QPalette& palette);
 
-/// So much of the first colour and the rest of the second.
+/// Mixes that share of the first colour with the second.
 [[nodiscard]] QColor mixed(qreal share, const QColor& first, const QColor& second);
 
-/// The share of the text's colour in the window's, or more of it until it stands out from the colour it is
-/// drawn on as lines have to.
+/// That share of the text colour in the window's, or more, until its contrast with the ground suffices for a
+/// line.
 [[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share, const QColor& ground);
 [[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share);
 
-/// The colour, or one nearer to the text's until it stands out from a button as signs have to.
+/// A line that only decorates: under the tabs, between what stands below each other.
+[[nodiscard]] QColor lightLineColour(const QPalette& palette);
+
+/// The same on all these grounds at once.
+[[nodiscard]] QColor lineOn(const QPalette& palette, qreal share, std::initializer_list<QColor> grounds);
+
+/// The colour, moved towards the text colour until its contrast with a button suffices for a sign.
 [[nodiscard]] QColor signOnButton(const QPalette& palette, const QColor& colour);
 
-/// The background of what is marked while it is disabled; some themes do not grey theirs.
+/// The same from the window.
+[[nodiscard]] QColor signOnWindow(const QPalette& palette, const QColor& colour);
+
+/// The background of disabled marked items; some themes do not grey theirs.
 [[nodiscard]] QColor disabledMarkColour(const QPalette& palette);
 
 /// Frames and axes on a field. Some themes give lines the colour of the field itself.
 [[nodiscard]] QColor outlineColour(const QPalette& palette);
 
-/// A text on a field that stands behind the main thing and is still to be read.
+/// A secondary but readable text on a field.
 [[nodiscard]] QColor mutedTextColour(const QPalette& palette);
 
-/// What styles draw the text of a cell of a list in.
+/// The same on the window itself, as hints are. A theme of high contrast mutes nothing.
+[[nodiscard]] QColor mutedTextOnWindow(const QPalette& palette);
+
+/// The styles' text colour of a list's cell.
 [[nodiscard]] QColor cellTextColour(const QStyleOptionViewItem& cell);
 
-/// A line that the eye is to find first, on a window or a field; grey while the widget is disabled. A theme's
-/// highlight is made to stand behind text, and often too near to the field to be a line by itself.
+/// The colour of a secondary but readable text in a list's cell.
+[[nodiscard]] QColor secondLineColour(const QStyleOptionViewItem& cell);
+/// Gives a list's cells the colours that they have in the active window and with the focus, whatever has it
+/// now, and the selected ones a ground on which small letters in the theme's colour can be read. Styles fade
+/// a selection without the focus, some until it can hardly be read.
+void keepColours(QStyleOptionViewItem& cell);
+
+/// A prominent line, on a window or a field; grey while the widget is disabled. A theme's highlight is meant
+/// as a background for text, and often too close to the field's colour for a line.
 [[nodiscard]] QColor markColour(const QPalette& palette);
 
-/// The highlight behind a text in the theme's colour for highlighted text, deepened until that can be read.
+/// The same on all these grounds at once.
+[[nodiscard]] QColor markOn(const QPalette& palette, std::initializer_list<QColor> grounds);
+
+/// A tint of the highlight for an area on a field, as strong as keeps the text on it readable.
+[[nodiscard]] QColor tintColour(const QPalette& palette);
+
+/// The highlight behind highlighted text, darkened until the text is readable.
 [[nodiscard]] QColor markGroundColour(const QPalette& palette);
+
+/// Amber, and what is written on it: the two stand out from each other by more than 7 in every theme.
+[[nodiscard]] QColor warningGroundColour();
+[[nodiscard]] QColor warningTextColour();
 
 } // namespace quorvi

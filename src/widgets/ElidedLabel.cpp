@@ -1,0 +1,15 @@
+#include "widgets/ElidedLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace quorvi {
+
+void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    style()->drawItemText(&painter, rect(),
+        int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)), palette(),
+        isEnabled(), fontMetrics().elidedText(text(), Qt::ElideLeft, width()), foregroundRole());
+}
+
+} // namespace quorvi

@@ -1,0 +1,50 @@
+// The buttons below a list, in a row.
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+class QPushButton;
+
+namespace quorvi {
+
+/// Its children are flat push buttons with a sign and a word each. They stand from the beginning of the line
+/// on, in the order in which they were made. Where the row is too narrow for all the words none is shown, and
+/// the tool tips say what the signs mean.
+class ListButtonRow : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ListButtonRow(QWidget* parent = nullptr);
+
+    [[nodiscard]] bool showsWords() const { return m_showsWords; }
+    /// With all the words.
+    [[nodiscard]] QSize sizeHint() const override;
+    /// With the signs alone.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  protected:
+    bool event(QEvent* event) override;
+
+  private:
+    /// What the buttons need, by their order.
+    struct Sizes {
+        QStringList words;
+        std::vector<int> widths; ///< with the words
+        int sign = 0;            ///< the width of one with its sign alone
+        int height = 0;
+    };
+    [[nodiscard]] QList<QPushButton*> buttons() const;
+    [[nodiscard]] QStringList shownWords() const;
+    [[nodiscard]] const Sizes& sizes() const;
+    void showWords(bool shown);
+    void place();
+
+    mutable Sizes m_sizes; ///< as they were when the words were shown last
+    QSize m_told;          ///< the size that the layout knows
+    bool m_showsWords = true;
+};
+
+} // namespace quorvi
