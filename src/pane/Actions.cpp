@@ -16,6 +16,7 @@
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/MenuItems.h"
 #include "widgets/PopUpButton.h"
+#include "widgets/StageBar.h"
 
 namespace quorvi {
 
@@ -64,11 +65,14 @@ constexpr std::array kActions{
     Action{"actionMenuTableContext:", perform<&KyvarQuorviPane::actionMenuTableContext>},
     Action{"actionButtonProfileAdd:", perform<&KyvarQuorviPane::actionButtonProfileAdd>},
     Action{"actionButtonProfileRemove:", perform<&KyvarQuorviPane::actionButtonProfileRemove>},
+    Action{"actionButtonProfileApplication:", perform<&KyvarQuorviPane::actionButtonProfileApplication>},
     Action{"actionBoxProfileOSD:", perform<&KyvarQuorviPane::actionBoxProfileOSD>},
     Action{"actionButtonMacroAdd:", perform<&KyvarQuorviPane::actionButtonMacroAdd>},
+    Action{"actionButtonMacroRecord:", perform<&KyvarQuorviPane::actionButtonMacroRecord>},
     Action{"actionButtonMacroRemove:", perform<&KyvarQuorviPane::actionButtonMacroRemove>},
     Action{"actionButtonStepAdd:", perform<&KyvarQuorviPane::actionButtonStepAdd>},
     Action{"actionButtonStepRecord:", perform<&KyvarQuorviPane::actionButtonStepRecord>},
+    Action{"actionButtonMacroPlay:", perform<&KyvarQuorviPane::actionButtonMacroPlay>},
     Action{"actionButtonStepRemove:", perform<&KyvarQuorviPane::actionButtonStepRemove>},
     Action{"actionButtonBackUp:", perform<&KyvarQuorviPane::actionButtonBackUp>},
     Action{"actionButtonRestoreBackup:", perform<&KyvarQuorviPane::actionButtonRestoreBackup>},
@@ -82,7 +86,7 @@ constexpr std::array kActions{
     Action{"actionButtonModalCancel:", perform<&KyvarQuorviPane::actionButtonModalCancel>},
 };
 
-/// The action that the control or menu item names; null when it names none that is performed.
+/// The action that the control or menu item names; null if there is no such action.
 const Action* actionOf(const QObject& sender) {
     const QByteArray wanted = sender.property(kActionProperty).toByteArray();
     const auto* found = std::find_if(
@@ -95,9 +99,21 @@ void performActionOf(QObject& sender, KyvarQuorviPane& pane) {
         action->perform(pane, sender);
 }
 
+/// Enables the items that can be chosen now, and the submenus that have one.
+bool enableItems(KyvarQuorviPane& pane, const QMenu& menu) {
+    bool any = false;
+    for (QAction* item : menu.actions()) {
+        const bool enabled =
+            item->menu() ? enableItems(pane, *item->menu()) : pane.validateMenuItem(item) && actionOf(*item);
+        item->setEnabled(enabled);
+        any = any || enabled;
+    }
+    return any;
+}
+
 void connectMenu(KyvarQuorviPane& pane, QMenu& menu) {
-    // Once the menu is done: a command may ask a question, and whoever chose the item is not to wait for
-    // that. A panel that was hidden meanwhile has nothing that a command could be for.
+    // After the menu has closed: a command may ask a question, for which the trigger must not wait. A panel
+    // hidden in the meantime ignores the command.
     QObject::connect(
         &menu, &QMenu::triggered, &pane,
         [&pane](QAction* item) {
@@ -105,10 +121,7 @@ void connectMenu(KyvarQuorviPane& pane, QMenu& menu) {
                 performActionOf(*item, pane);
         },
         Qt::QueuedConnection);
-    QObject::connect(&menu, &QMenu::aboutToShow, &pane, [&pane, &menu] {
-        for (QAction* item : menu.actions())
-            item->setEnabled(pane.validateMenuItem(item) && actionOf(*item));
-    });
+    QObject::connect(&menu, &QMenu::aboutToShow, &pane, [&pane, &menu] { enableItems(pane, menu); });
 }
 
 } // namespace
@@ -129,21 +142,25 @@ void connectActions(KyvarQuorviPane& pane, QWidget& mainView, const Interface& v
                 [&pane](QAction* item) { performActionOf(*item, pane); });
         }
     }
-    // An item that nothing would happen on is not offered.
+    // Items without an effect are disabled.
     for (QAction* item : mainView.findChildren<QAction*>())
         if (item->property(kActionProperty).isValid() && !actionOf(*item))
             item->setEnabled(false);
+    QObject::connect(views.main.quorviViewStages, &StageBar::stageChosen, &pane,
+        &KyvarQuorviPane::editSensitivityStagesAt);
     connectMenu(pane, *views.menus.quorviMenuProfileGear);
     connectMenu(pane, *views.menus.quorviMenuMacroGear);
     connectMenu(pane, *views.menus.quorviMenuStepGear);
     QObject::connect(views.main.quorviTabsMain, &QTabWidget::currentChanged, &pane,
         &KyvarQuorviPane::tabViewDidSelectTabViewItem);
-    // The table and the view own them, and go with the pane.
+    // The table and the view own them, and are destroyed with the pane.
     new MenuKeys(*views.main.quorviTableSteps, *views.menus.quorviMenuStepGear,
         [&pane](QAction* item) { return pane.validateMenuItem(item); });
     new PanelKeys(mainView, {{QKeySequence::HelpContents, [&pane] { pane.actionButtonHelp(); }},
                                 {QKeySequence::Undo, [&pane] { pane.actionButtonUndo(); }, true},
-                                {QKeySequence::Redo, [&pane] { pane.actionButtonRedo(); }, true}});
+                                {QKeySequence::Redo, [&pane] { pane.actionButtonRedo(); }, true},
+                                {QKeySequence::Cancel, [&pane] { pane.stopTrial(); }, false,
+                                    [&pane] { return pane.isTryingMacro(); }}});
 }
 
 } // namespace quorvi

@@ -16,10 +16,14 @@ std::vector<QWidget*> tablesThatTakeFocus(const Interface& views) {
 
 WindowHead::Views headViews(const Interface& views) {
     const Ui::KyvarQuorviPane& main = views.main;
-    return {.profile = *main.quorviTextProfile,
+    return {.button = *main.quorviMenuProfile,
+        .menu = *views.menus.quorviMenuProfiles,
+        .profile = *main.quorviTextProfile,
+        .sign = *main.viewConnection,
         .connection = *main.quorviTextConnection,
         .noMacro = *main.textNoMacro,
         .tabs = *main.quorviTabsMain,
+        .profiles = *main.quorviTableProfiles,
         .checkForUpdates = *main.quorviButtonCheckForUpdates};
 }
 
@@ -34,6 +38,12 @@ RecordingView::Views recordingViews(const Interface& views) {
     return {.steps = views.main.quorviTableSteps,
         .button = views.main.quorviButtonStepRecord,
         .text = views.main.textRecording};
+}
+
+TrialView::Views trialViews(const Interface& views) {
+    return {.button = views.main.quorviButtonMacroPlay,
+        .field = views.main.quorviFieldTrial,
+        .keys = views.main.textTrialKeys};
 }
 
 AssignmentEditor::Views assignmentViews(const Interface& views) {
@@ -60,6 +70,7 @@ SensitivityEditor::Views sensitivityViews(const Interface& views) {
         .display = *main.quorviBoxSensitivityOSD,
         .acceleration = *main.quorviBoxAcceleration,
         .accelerationSlider = *main.quorviSliderAcceleration,
+        .accelerationField = *main.quorviFieldAcceleration,
         .accelerationCurve = *main.quorviViewAcceleration};
 }
 
@@ -91,7 +102,9 @@ ProfilesEditor::Views profilesViews(QWidget& mainView, const Interface& views) {
         .table = *main.quorviTableProfiles,
         .addButton = *main.quorviButtonProfileAdd,
         .removeButton = *main.quorviButtonProfileRemove,
+        .applicationButton = *main.quorviButtonProfileApplication,
         .displayBox = *main.quorviBoxProfileOSD,
+        .count = *main.textProfileCount,
         .hint = *main.textProfilesHint};
 }
 
@@ -103,7 +116,14 @@ MacrosEditor::Views macrosViews(const Interface& views) {
         .gearButton = *main.quorviButtonMacroGear,
         .steps = *main.quorviTabsShowHideSteps,
         .pageNoMacro = *main.pageNoMacro,
-        .noMacroTitle = *main.textNoMacroTitle};
+        .noMacroTitle = *main.textNoMacroTitle,
+        .noMacro = *main.textNoMacro,
+        .drawing = *main.viewNoMacro,
+        .recordText = *main.textRecordMacro,
+        .recordButton = *main.quorviButtonMacroRecord,
+        .columns = *main.layoutMacros,
+        .heading = *main.labelMacros,
+        .count = *main.textMacroCount};
 }
 
 StepsEditor::Views stepsViews(const Interface& views) {
@@ -113,6 +133,15 @@ StepsEditor::Views stepsViews(const Interface& views) {
         .addButton = *main.quorviButtonStepAdd,
         .removeButton = *main.quorviButtonStepRemove,
         .gearButton = *main.quorviButtonStepGear,
+        .delays = *views.menus.quorviMenuStepDelay,
+        .faults = *main.viewStepFault,
+        .heading = *main.labelSteps,
+        .count = *main.textStepCount};
+}
+
+TimelineEditor::Views timelineViews(const Interface& views) {
+    return {.timeline = *views.main.quorviTimelineSteps,
+        .commands = *views.menus.quorviMenuStepGear,
         .delays = *views.menus.quorviMenuStepDelay};
 }
 

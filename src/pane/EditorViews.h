@@ -1,4 +1,4 @@
-// Which widgets of the window are whose.
+// Assigns the window's widgets to the editors.
 #pragma once
 
 #include <array>
@@ -8,6 +8,8 @@
 #include "editors/device/DeviceEditor.h"
 #include "editors/macros/MacrosEditor.h"
 #include "editors/macros/StepsEditor.h"
+#include "editors/macros/TimelineEditor.h"
+#include "editors/playing/TrialView.h"
 #include "editors/profiles/ProfilesEditor.h"
 #include "editors/recording/RecordingView.h"
 #include "editors/sensitivity/SensitivityEditor.h"
@@ -27,6 +29,7 @@ class Interface;
 [[nodiscard]] WindowHead::Views headViews(const Interface& views);
 [[nodiscard]] UndoControls::Views undoViews(const Interface& views);
 [[nodiscard]] RecordingView::Views recordingViews(const Interface& views);
+[[nodiscard]] TrialView::Views trialViews(const Interface& views);
 [[nodiscard]] AssignmentEditor::Views assignmentViews(const Interface& views);
 [[nodiscard]] SensitivityEditor::Views sensitivityViews(const Interface& views);
 [[nodiscard]] StagesEditor::Views stagesViews(const Interface& views);
@@ -34,5 +37,6 @@ class Interface;
 [[nodiscard]] ProfilesEditor::Views profilesViews(QWidget& mainView, const Interface& views);
 [[nodiscard]] MacrosEditor::Views macrosViews(const Interface& views);
 [[nodiscard]] StepsEditor::Views stepsViews(const Interface& views);
+[[nodiscard]] TimelineEditor::Views timelineViews(const Interface& views);
 
 } // namespace quorvi

@@ -2,6 +2,7 @@
 
 #include <QTabWidget>
 
+#include "keyboard/KeyCodeConversion.h"
 #include "live/LiveHelper.h"
 #include "pane/EditorViews.h"
 #include "pane/EventPatch.h"
@@ -20,16 +21,16 @@ namespace {
 
 constexpr int kProfilesTab = 2;
 constexpr int kMacrosTab = 3;
-/// The identifier of a column begins with the tag of its table.
+/// A column's identifier begins with its table's tag.
 constexpr int kColumnsOfTag = 10;
 
-/// The profile that the panel shows, with the reason when it is the one that runs.
-QString profileInUse(const Editors& editors, const EditorContext& context) {
-    const LiveHelper& live = editors.helper.live();
-    if (live.state().runningProfile == static_cast<std::uint32_t>(context.document.profileIndex() + 1))
-        return live.runningText();
-    const QString title = context.text("Profile:");
-    return title + QLatin1Char(' ') + nameWithin(title, editors.head.title());
+/// The USB usage of the key that the user presses.
+std::optional<std::uint8_t> keyToInsert(SingleKeyPanel& sheet, const PanelText& text) {
+    const auto chosen =
+        sheet.askWith({.request = text("Press the key to insert. A modifier key on its own works too."),
+            .confirming = text("Inserts the key."),
+            .cancelling = text("Inserts nothing.")});
+    return chosen ? std::optional(AdbToUsbKeycode(chosen->key)) : std::nullopt;
 }
 
 RunningRow runningRow(const LiveHelper& live) {
@@ -46,9 +47,13 @@ Editors::Editors(const Panel& panel)
               .callLater = panel.services.callLater,
               .reloadSteps = [this] { steps.list().reload(); },
               .tellHelper = [this](bool runs) { helper.sendMessage(kMessageRecording, runs ? 1 : 0); },
-              .keyCaptureBeganOrEnded = [this] { capture.updateKeyboardGrab(); }}),
-      singleKey(
-          {.panel = panel.views.quorviPanelSingleKey, .field = panel.views.singleKey.quorviFieldSingleKey},
+              .keyCaptureBeganOrEnded = [this] { capture.updateKeyboardGrab(); },
+              .offerHasChanged = [this] { steps.show(); }}),
+      singleKey({.panel = panel.views.quorviPanelSingleKey,
+                    .field = panel.views.singleKey.quorviFieldSingleKey,
+                    .request = panel.views.singleKey.textSingleKey,
+                    .confirm = panel.views.singleKey.quorviSingleKeyButtonOK,
+                    .cancel = panel.views.singleKey.quorviSingleKeyButtonCancel},
           panel.context.sheets, [this] { capture.updateKeyboardGrab(); }),
       capture(panel.mainView, modifiersOfProcess(), {&recording, &singleKey}),
       assignment(panel.context, assignmentViews(panel.views),
@@ -58,7 +63,7 @@ Editors::Editors(const Panel& panel)
                   [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kProfilesTab); },
               .showMacrosTab =
                   [tabs = panel.views.main.quorviTabsMain] { tabs->setCurrentIndex(kMacrosTab); },
-              .profileInUse = [this, context = panel.context] { return profileInUse(*this, context); },
+              .profileInUse = [this] { return head.profileInUse(); },
               .defaultSettings = [this] { return session.defaults(); }}),
       sensitivity(panel.context, sensitivityViews(panel.views)),
       stages(panel.context, stagesViews(panel.views)),
@@ -90,8 +95,13 @@ Editors::Editors(const Panel& panel)
               .restoreDefaults = [this] { device.restoreDefaults(); }}),
       steps(panel.context, stepsViews(panel.views),
           {.isRunning = [this] { return recording.isRunning(); },
+              .offersToMend = [this](const StepCheck& fault) { return recording.offersToMend(fault); },
               .startOrStop = [this](bool start, bool oneStep) { recording.startOrStop(start, oneStep); },
-              .title = [this] { return recording.commandTitle(); }}),
+              .title = [this] { return recording.commandTitle(); },
+              .startAt = [this](std::size_t index) { recording.startAt(index); },
+              .askForKey = [this, text = panel.context.text] { return keyToInsert(singleKey, text); }}),
+      timeline(
+          panel.context, timelineViews(panel.views), steps.list(), [this] { return recording.isRunning(); }),
       macros(panel.context, macrosViews(panel.views),
           {.isRecording = [this] { return recording.isRunning(); },
               .knowsMice = [this] { return helper.listHasCome(); },
@@ -99,6 +109,16 @@ Editors::Editors(const Panel& panel)
               .importMacro = [this] { files.showImportPanel(ItemKind::macro); },
               .exportMacro = [this] { files.showExportPanel(ItemKind::macro); }},
           steps),
+      texts(panel.context, {.mainView = panel.mainView,
+                               .list = [this]() -> TableList& { return steps.list(); },
+                               .isRecording = [this] { return recording.isRunning(); }}),
+      trial(panel.context, trialViews(panel.views),
+          {.time = {.clock = panel.services.clock, .callLater = panel.services.callLater},
+              .isRecording = [this] { return recording.isRunning(); },
+              .markStep = [this](std::optional<std::size_t> step) { steps.showPlayed(step); },
+              .showTime =
+                  [timeline = panel.views.main.quorviTimelineSteps](
+                      std::optional<std::chrono::milliseconds> time) { timeline->setPlayedTime(time); }}),
       undo(panel.context, undoViews(panel.views),
           {.isCapturing = [this] { return capture.isActive(); }, .showLists = [this] { showLists(); }}),
       commands(panel.context.document) {
@@ -106,6 +126,7 @@ Editors::Editors(const Panel& panel)
     commands.add(profiles.commands());
     commands.add(macros.commands());
     commands.add(steps.commands());
+    commands.add(texts.commands());
 }
 
 void Editors::show(Shown shown) {
@@ -118,6 +139,7 @@ void Editors::show(Shown shown) {
         profiles.show();
         macros.show();
         steps.show();
+        timeline.show();
         recording.show();
         helper.live().show();
         showRunningRow();
@@ -132,6 +154,9 @@ void Editors::show(Shown shown) {
     case Shown::nothing:
         break;
     }
+    // Steps may have changed that the list shows already.
+    macros.showTyped();
+    trial.show();
 }
 
 void Editors::showLists() {
@@ -144,6 +169,7 @@ void Editors::showLists() {
 
 void Editors::showRunningRow() {
     profiles.showRunningRow();
+    head.showRunning();
 }
 
 void Editors::followRunningStage() {

@@ -1,4 +1,4 @@
-// All editors of the panel, with what each is given of the window and has the others do.
+// All editors of the panel, with their widgets and their calls to each other.
 #pragma once
 
 #include <functional>
@@ -11,10 +11,13 @@
 #include "editors/keys/SingleKeyPanel.h"
 #include "editors/macros/MacrosEditor.h"
 #include "editors/macros/StepsEditor.h"
+#include "editors/macros/TimelineEditor.h"
+#include "editors/playing/MacroTrial.h"
 #include "editors/profiles/ProfilesEditor.h"
 #include "editors/recording/Recording.h"
 #include "editors/sensitivity/SensitivityEditor.h"
 #include "editors/stages/StagesEditor.h"
+#include "editors/texts/TextInsertion.h"
 #include "pane/UndoControls.h"
 #include "pane/WindowHead.h"
 
@@ -26,7 +29,7 @@ class SettingsSession;
 struct PaneServices;
 
 struct Editors {
-    /// What they are given of the panel, which must outlive them; the view itself may go before.
+    /// The parts of the panel that they use, which must outlive them, except the view.
     struct Panel {
         EditorContext context;
         QWidget& mainView;
@@ -41,20 +44,20 @@ struct Editors {
     Editors(const Editors&) = delete;
     Editors& operator=(const Editors&) = delete;
 
-    /// Derives every control's value and enabled state, or the part of them, from the document.
+    /// Updates the values and states of all controls, or of a part of them, from the document.
     void show(Shown shown);
     /// Fills lists and menus of names from the document, with its current profile and macro selected.
     void showLists();
     /// Marks the row of the profile that the mouse runs.
     void showRunningRow();
-    /// Makes the stage that the mouse runs the current one. Not while the user drags a slider.
+    /// Makes the mouse's running stage the current one, unless the user is dragging a slider.
     void followRunningStage();
 
     /// By the tag of the table; null for any other number.
     [[nodiscard]] TableList* listWithTag(int tableTag);
     /// By the identifier of one of its columns.
     [[nodiscard]] TableList* listWithColumn(int columnIdentifier);
-    /// Removes what is selected in the table with the tag.
+    /// Removes the selected row of the table with the tag.
     void removeSelected(int tableTag);
 
     HelperLink& helper;
@@ -62,7 +65,7 @@ struct Editors {
     WindowHead head;
     Recording recording;
     SingleKeyPanel singleKey;
-    KeyCapture capture; ///< a recording wants keys before the sheet does
+    KeyCapture capture; ///< a recording receives keys before the sheet
     AssignmentEditor assignment;
     SensitivityEditor sensitivity;
     StagesEditor stages;
@@ -71,7 +74,10 @@ struct Editors {
     BackupsEditor backups;
     ProfilesEditor profiles;
     StepsEditor steps;
+    TimelineEditor timeline;
     MacrosEditor macros;
+    TextInsertion texts;
+    MacroTrial trial;
     UndoControls undo;
     MenuCommands commands; ///< of the lists' context and gear menus
 };

@@ -26,7 +26,7 @@ KyvarQuorviPane* gKyvarQuorviPane = nullptr;
 
 namespace {
 
-/// The views with the texts that the lookup gives.
+/// Creates the views with the lookup's texts.
 std::unique_ptr<Interface> makeInterface(QWidget& mainView, const InterfaceTextLookup& lookup) {
     setInterfaceTextLookup([&lookup](const QString& english) { return inItsDirection(lookup(english)); });
     auto views = std::make_unique<Interface>(mainView);
@@ -55,8 +55,8 @@ KyvarQuorviPane::KyvarQuorviPane(PaneServices services)
 }
 
 KyvarQuorviPane::~KyvarQuorviPane() {
-    // A host that drops a shown pane must not be left asking it for keys, nor the user without what was
-    // recorded or is in no file yet.
+    // If a host destroys a shown pane, it must not query it for keys any more, and recorded steps and unsaved
+    // changes must not be lost.
     if (isRecordingMacro()) {
         sendMessageToHelper(kMessageRecording, 0);
         fSession.noteUnsavedEdits();
@@ -129,7 +129,7 @@ void KyvarQuorviPane::openFile(const QString& path) {
 
 void KyvarQuorviPane::connectParts() {
     connect(&fSession, &SettingsSession::saved, &fHelperLink, &HelperLink::tellOfSave);
-    // Also while a sheet is up.
+    // Even while a sheet is open.
     connect(
         &fHelperLink, &HelperLink::listCame, this,
         [this] {
@@ -166,8 +166,8 @@ void KyvarQuorviPane::mainViewDidLoad() {
     fHelperLink.start();
     followLanguage();
     showVersion();
-    // Nobody has to wait for this: it is done while the window is on its way to the screen. A mouse's list,
-    // with which keys are shown, is dealt with behind it.
+    // Done while the window is being shown, so no one waits for it. A device list, with which keys are shown,
+    // is handled after it.
     QMetaObject::invokeMethod(
         this,
         [this] {
@@ -179,6 +179,7 @@ void KyvarQuorviPane::mainViewDidLoad() {
 
 void KyvarQuorviPane::showKeyNames() {
     fEditors->steps.showKeyNames();
+    fEditors->macros.showKeyNames();
     fEditors->singleKey.show();
     updateUI();
 }
@@ -191,7 +192,7 @@ void KyvarQuorviPane::showVersion() {
         fViews->main.quorviTextDriverVersion->setText(QString::fromStdU16String(*version));
 }
 
-// The language of the texts decides, not the host's: a host may well speak one that the panel does not.
+// The language of the texts decides, not the host's: a host may use one that the panel does not have.
 void KyvarQuorviPane::followLanguage() {
     const std::string language = fServices.bundle.languageOfTable("Localizable");
     setLayoutDirection(*fMainView, QLocale(QString::fromStdString(language)).textDirection());
@@ -203,13 +204,14 @@ void KyvarQuorviPane::didSelect() {
     fHelperLink.open();
     fSession.open();
     KyvarQuorviSwapNSAppMethods(this);
-    // Nothing is known of the mouse before its list arrives, so that is what the panel has to show.
+    // Before its list arrives, the mouse is unknown, and the panel must show that.
     updateUI();
 }
 
 void KyvarQuorviPane::willUnselect() {
     fFileToOpen.forget();
     startStopRecording(false, false);
+    stopTrial();
     closeMenus();
     dragDidEnd();
     KyvarQuorviSwapNSAppMethods(this);
@@ -218,7 +220,8 @@ void KyvarQuorviPane::willUnselect() {
     fSession.close();
 }
 
-// A menu is a window of its own, and would stay. The view may have gone before, with the host's window.
+// A menu is a separate window, and would stay open. The view may already have been destroyed with the host's
+// window.
 void KyvarQuorviPane::closeMenus() {
     if (!fMainView)
         return;
@@ -241,13 +244,14 @@ void KyvarQuorviPane::sysPrefWindowDidBecomeKey() {
 
 void KyvarQuorviPane::sysPrefWindowDidResignKey() {
     startStopRecording(false, false);
-    // An edit that the user left standing is called off, not committed.
+    // An unfinished edit is cancelled, not committed.
     for (KyvarQuorviTableView* table : tablesOf(*fViews))
         table->abortEditing();
 }
 
 void KyvarQuorviPane::tabViewDidSelectTabViewItem() {
     startStopRecording(false, false);
+    stopTrial();
 }
 
 void KyvarQuorviPane::syncUIWithDeviceConfig() {

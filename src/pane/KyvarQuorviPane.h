@@ -1,7 +1,8 @@
-// The controller of the panel, as the host, the outlets and the actions know it. It makes the parts and hands
-// each call to the part that it is for, whose header says what the call does.
+// The controller of the panel, used by the host, the outlets and the actions. It creates the parts and
+// forwards each call to one of them; the part's header describes the call.
 //
-// An action that is not possible does nothing; what would cost the user work is told at the window's foot.
+// An impossible action does nothing; a possible loss of the user's work is reported at the bottom of the
+// window.
 #pragma once
 
 #include <QObject>
@@ -57,7 +58,7 @@ class KyvarQuorviPane final : public QObject,
     void willUnselect() override;
     /// A backup, a profile or a macro, by its name.
     [[nodiscard]] bool opens(const QString& path) const override;
-    /// Asks about a backup, profile or macro as soon as there are settings and no sheet is up.
+    /// Asks about a backup, profile or macro as soon as there are settings and no sheet is open.
     void openFile(const QString& path) override;
     void sysPrefDidResignActive();
     void sysPrefWindowDidBecomeKey();
@@ -76,7 +77,7 @@ class KyvarQuorviPane final : public QObject,
     bool saveSettings(const plist::Dictionary& tree);
     void dragDidBegin();
     void dragDidEnd();
-    /// The hook that a slider calls when a drag has ended; the device follows through the saved file.
+    /// Called by a slider at the end of a drag; the device follows through the saved file.
     void updateDpiOnMouse() {}
     void editProfileIndex(std::int32_t index) { fDocument.editProfileIndex(index); }
     void editMacroIndex(std::int32_t index) { fDocument.editMacroIndex(index); }
@@ -86,16 +87,16 @@ class KyvarQuorviPane final : public QObject,
     [[nodiscard]] bool hasDevice() const { return fDocument.hasDevice(); }
 
     // The window (pane/Editors.h, window/Sheets.h)
-    /// Reads the settings afresh and shows them. The first time without a mouse says how to connect one.
+    /// Re-reads the settings and shows them. The first time without a mouse, explains how to connect one.
     void syncUIWithDeviceConfig();
     void updateUI();
     [[nodiscard]] bool panelIsFront() const { return fPanelIsFront; }
-    /// The text for the key in the user's language; the key itself when the string table has none.
+    /// The text for the key in the user's language; the key itself if the string table has none.
     [[nodiscard]] QString locString(const QString& key) const;
     int modalDialog(QDialog* panel);
     void actionButtonModalOK();
     void actionButtonModalCancel();
-    /// Asks the question of the message key, with the item (nothing: none) in place of its first "^1".
+    /// Asks the question of the message key, with the item, if any, in place of its first "^1".
     bool confirmAction(const QString& messageKey, const std::optional<QString>& item);
 
     // Button assignment (editors/assignment)
@@ -121,6 +122,8 @@ class KyvarQuorviPane final : public QObject,
 
     // Stages (editors/stages)
     void editSensitivityStages();
+    /// The same with that stage selected, from 0.
+    void editSensitivityStagesAt(std::int32_t stage);
     void editStageIndex(std::int32_t index);
     void actionButtonStageAdd();
     void actionButtonStageRemove();
@@ -150,21 +153,21 @@ class KyvarQuorviPane final : public QObject,
     /// The code of the step that ends, or began, what the code does (macros/StepCodes.h).
     static std::uint32_t matchingCommand(std::uint32_t code, bool* isDown);
     [[nodiscard]] bool isRecordingMacro() const;
-    /// A recording runs that ends with its first step.
+    /// Whether a recording that ends with its first step is running.
     [[nodiscard]] bool awaitsOneStep() const;
-    /// A capture is active: every key belongs to the panel.
+    /// Whether a capture is active, which receives every key.
     [[nodiscard]] bool overrideSingleKeys() const;
-    /// A recording runs: clicks in the tables belong to it and are not carried out.
+    /// Whether a recording is running, which receives clicks in the tables.
     [[nodiscard]] bool overrideMouseEvents() const;
     /// A key event while a capture is active. The key is a virtual key code, 255 for none; the modifiers are
-    /// the modifier word after the event. True when the event is used up.
+    /// the modifier word after the event. Returns true if the event is used up.
     bool receiveSingleKey(
         std::uint8_t key, char16_t character, std::uint16_t modifiers, bool goingDown, const KeyEvent& event);
     void followModifiers(std::uint16_t modifiers);
     void updateKeyboardGrab();
-    /// The key that the single-key panel shows, as a virtual key code; 255 while there is none.
+    /// The key shown in the single-key panel, as a virtual key code; 255 for none.
     [[nodiscard]] std::uint8_t singleKeyCode() const;
-    /// What the names of pane/EventPatch.h stand for.
+    /// The implementation of the functions in pane/EventPatch.h.
     [[nodiscard]] KeyCapture& keyCapture();
 
     // Lists with their menus (editors/profiles, editors/macros, window/TableList.h, window/MenuCommands.h)
@@ -181,14 +184,20 @@ class KyvarQuorviPane final : public QObject,
     void createNewProfile(bool duplicate);
     void actionButtonProfileAdd();
     void actionButtonProfileRemove();
+    void actionButtonProfileApplication();
     void actionBoxProfileOSD();
     void assignApplication(const QString& path);
     void assignApplication(const ApplicationPanel* panel, int returnCode);
     void actionButtonMacroAdd();
+    void actionButtonMacroRecord();
     void actionButtonMacroRemove();
     void actionButtonStepAdd();
     void actionButtonStepRecord();
     void actionButtonStepRemove();
+    void actionButtonMacroPlay();
+    /// Ends the macro being tried, if there is one.
+    void stopTrial();
+    [[nodiscard]] bool isTryingMacro() const;
     void setDelayForAllSteps(std::int32_t milliseconds);
 
     // Undo (document/UndoStack.h, pane/UndoControls.h)
@@ -223,7 +232,7 @@ class KyvarQuorviPane final : public QObject,
     void closeMenus();
 
     PaneServices fServices;
-    QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window was quicker
+    QPointer<QWidget> fMainView; ///< deleted with this object, unless a host's window has deleted it before
     std::unique_ptr<Interface> fViews;
     Sheets fSheets;
     Notices fNotices;

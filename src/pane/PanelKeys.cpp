@@ -18,8 +18,9 @@ bool PanelKeys::eventFilter(QObject* watched, QEvent* event) {
     if (!asks && event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     auto& key = static_cast<QKeyEvent&>(*event);
-    const auto command = std::ranges::find_if(
-        m_commands, [&](const Command& candidate) { return key.matches(candidate.key); });
+    const auto command = std::ranges::find_if(m_commands, [&](const Command& candidate) {
+        return key.matches(candidate.key) && (!candidate.isPossible || candidate.isPossible());
+    });
     if (command == m_commands.end())
         return false;
     key.accept();

@@ -1,4 +1,4 @@
-// The desktop's own keys for help, undo and redo.
+// The desktop's standard keys for help, undo, redo and stop.
 #pragma once
 
 #include <QKeySequence>
@@ -11,18 +11,20 @@ class QWidget;
 
 namespace quorvi {
 
-/// Performs the commands while the focus is in the view, and whatever has the focus has no use for the key: a
-/// text field undoes its own typing. Before the host's own shortcuts: two shortcuts of one key would cancel
-/// each other out.
+/// Performs the commands while the focus is in the view, unless the focused control uses the key itself: a
+/// text field undoes its own typing. Acts before the host's shortcuts: two shortcuts with the same key would
+/// cancel each other out.
 class PanelKeys : public QObject {
   public:
     struct Command {
         QKeySequence::StandardKey key;
         std::function<void()> perform;
-        bool repeats = false; ///< again and again while the key is held
+        bool repeats = false;                       ///< again and again while the key is held
+        std::function<bool()> isPossible = nullptr; ///< if false, the host receives the key; empty for always
+                                                    ///< possible
     };
 
-    /// For the life of both; the view owns it.
+    /// The view owns it.
     PanelKeys(QWidget& view, std::vector<Command> commands);
 
   protected:

@@ -1,4 +1,4 @@
-// The controller's selectors, each handed to the part that it is for.
+// The controller's selectors, each forwarded to its part.
 
 #include <QAbstractButton>
 #include <QTabWidget>
@@ -164,6 +164,10 @@ void KyvarQuorviPane::editSensitivityStages() {
     fEditors->stages.edit();
 }
 
+void KyvarQuorviPane::editSensitivityStagesAt(std::int32_t stage) {
+    fEditors->stages.editAt(stage);
+}
+
 void KyvarQuorviPane::editStageIndex(std::int32_t index) {
     fEditors->stages.select(index);
 }
@@ -319,7 +323,7 @@ void KyvarQuorviPane::handleKeyPressed(char16_t key, KyvarQuorviTableView* table
 void KyvarQuorviPane::actionMenuTableContext(QAction* item) {
     const QPointer<KyvarQuorviPane> guard(this);
     const bool saves = fEditors->commands.perform(tagOfItem(*item).value_or(0));
-    if (guard && saves) // a question may outlive the pane
+    if (guard && saves) // the pane may be destroyed during a question
         fDocument.commit({.shown = Shown::nothing});
 }
 
@@ -339,6 +343,10 @@ void KyvarQuorviPane::actionButtonProfileRemove() {
     fEditors->profiles.remove();
 }
 
+void KyvarQuorviPane::actionButtonProfileApplication() {
+    fEditors->profiles.application().showPanel();
+}
+
 void KyvarQuorviPane::actionBoxProfileOSD() {
     fEditors->profiles.storeDisplay();
 }
@@ -355,6 +363,11 @@ void KyvarQuorviPane::actionButtonMacroAdd() {
     fEditors->macros.create();
 }
 
+void KyvarQuorviPane::actionButtonMacroRecord() {
+    if (fEditors->macros.add())
+        fEditors->recording.start(false);
+}
+
 void KyvarQuorviPane::actionButtonMacroRemove() {
     fEditors->macros.remove();
 }
@@ -365,6 +378,18 @@ void KyvarQuorviPane::actionButtonStepAdd() {
 
 void KyvarQuorviPane::actionButtonStepRecord() {
     fEditors->recording.startOrStop(!isRecordingMacro(), false);
+}
+
+void KyvarQuorviPane::actionButtonMacroPlay() {
+    fEditors->trial.startOrStop();
+}
+
+void KyvarQuorviPane::stopTrial() {
+    fEditors->trial.stop();
+}
+
+bool KyvarQuorviPane::isTryingMacro() const {
+    return fEditors->trial.isRunning();
 }
 
 void KyvarQuorviPane::actionButtonStepRemove() {

@@ -27,9 +27,9 @@ struct UndoControls::Way {
 
 namespace {
 
-QString withKey(const QString& text, QKeySequence::StandardKey key) {
+QString withKey(const QString& command, QKeySequence::StandardKey key, const PanelText& text) {
     const QString shown = QKeySequence(key).toString(QKeySequence::NativeText);
-    return shown.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, shown);
+    return shown.isEmpty() ? command : filledText(text("^1 (^2)"), {command, shown});
 }
 
 } // namespace
@@ -59,7 +59,7 @@ QString UndoControls::filled(const char* pattern, const UndoOffer& offer) const 
 QString UndoControls::tipOf(const Way& way, const UndoOffer& offer) const {
     switch (offer.able) {
     case Undoable::yes:
-        return withKey(filled(way.command, offer), way.key);
+        return withKey(filled(way.command, offer), way.key, m_context.text);
     case Undoable::othersChanged:
         return filled(way.refused, offer);
     case Undoable::nothing:
@@ -80,7 +80,7 @@ void UndoControls::showButton(QPushButton* button, UndoOffer& shown, const Way& 
     button->setEnabled(
         m_context.document.hasDevice() && offer.able == Undoable::yes && !m_others.isCapturing());
     if (std::exchange(shown, offer) == offer)
-        return; // every click comes here
+        return; // reached by every click
     const QString tip = tipOf(way, offer);
     button->setToolTip(tip);
     button->setAccessibleDescription(tip);

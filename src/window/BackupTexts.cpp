@@ -3,12 +3,13 @@
 #include "history/Differences.h"
 #include "widgets/ShownText.h"
 #include "window/InputName.h"
+#include "window/ShownNumber.h"
 
 namespace quorvi {
 
 namespace {
 
-/// The bar at the window's foot lies over what is there.
+/// The bar at the bottom of the window covers other content.
 constexpr qsizetype kMostLines = 3;
 
 const char* patternOf(LeftOut::What what) {
@@ -16,17 +17,17 @@ const char* patternOf(LeftOut::What what) {
     case LeftOut::What::damagedProfile:
         return "The profile “^1” is left out: it is damaged.";
     case LeftOut::What::profileBeyond:
-        return "The profile “^1” is left out: there is room for 5.";
+        return "The profile “^1” is left out: there is only room for 5.";
     case LeftOut::What::damagedMacro:
         return "The macro “^1” is left out: it is damaged.";
     case LeftOut::What::macroOfManySteps:
         return "The macro “^1” is left out: it has more than 16 steps.";
     case LeftOut::What::macroBeyond:
-        return "The macro “^1” is left out: there is room for 12.";
+        return "The macro “^1” is left out: there is only room for 12.";
     case LeftOut::What::inputsMacro:
-        return "^1 does nothing any more: its macro is not there.";
+        return "^1 no longer does anything: its macro is missing.";
     case LeftOut::What::inputsProfile:
-        return "^1 does nothing any more: its profile is not there.";
+        return "^1 no longer does anything: its profile is missing.";
     }
     return "";
 }
@@ -36,14 +37,16 @@ QString leftOutText(const LeftOut& leftOut, const PanelText& text) {
     const QString name = QString::fromStdU16String(leftOut.name);
     if (leftOut.input != 0)
         return filledText(pattern, {inputName(leftOut.input, name, text)});
-    // One without a name is known by its place in the list.
+    // An unnamed one is identified by its place in the list.
     return filledText(pattern, {nameFor(pattern, name.isEmpty() ? QString::number(leftOut.number) : name)});
 }
 
-/// The phrase in the user's language. Each part is read from its own side: "500 DPI ← 1000 DPI" within Arabic
-/// would be read as one text from the left.
+/// The phrase in the user's language. Isolates each part's direction: otherwise "500 DPI ← 1000 DPI" within
+/// Arabic would read as one text from the left.
 QString inUsersWords(const Phrase& phrase, const PanelText& text) {
     QString said = QString::fromStdU16String(phrase.text);
+    if (phrase.kind == Phrase::Kind::decimal)
+        return withDecimalSign(said);
     if (phrase.kind != Phrase::Kind::pattern)
         return said;
     const QString pattern = text(said.toUtf8().constData());
@@ -78,8 +81,7 @@ QString withLeftOut(const QString& sentence, const QStringList& leftOut, const P
     const qsizetype shown = leftOut.size() <= kMostLines ? leftOut.size() : kMostLines - 1;
     QStringList lines = QStringList(sentence) + leftOut.mid(0, shown);
     if (shown < leftOut.size())
-        lines << filledText(
-            text("Number of others that are left out: ^1"), {QString::number(leftOut.size() - shown)});
+        lines << filledText(text("Number of others left out: ^1"), {QString::number(leftOut.size() - shown)});
     return lines.join(QLatin1Char('\n'));
 }
 

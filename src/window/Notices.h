@@ -1,5 +1,5 @@
-// What the bar at the window's foot tells: what would cost the user work, and what came of commands whose
-// outcome is not on the screen.
+// The notices in the bar above the page: problems that could cost the user work, and results of commands that
+// are not visible on the screen.
 #pragma once
 
 #include <QPointer>
@@ -14,31 +14,40 @@ class QWidget;
 
 namespace quorvi {
 
-/// Each kind is told in one text at a time; a new one takes the place of the old one. An earlier kind stands
-/// before a later one.
+/// Each kind has one text at a time; a new one replaces it. Earlier kinds are shown before later ones.
 enum class Notice {
-    saveFailed, ///< changes that no file has; until a save succeeds
+    saveFailed, ///< changes are not in the file; until a save succeeds
     helperGone, ///< the background program does not run; until it does
-    keptCopy,   ///< where another program's settings, or ones that could not be read, were kept
+    keptCopy,   ///< the file with another program's settings, or with unreadable ones
     copyFailed, ///< no dated copy of the settings could be kept; until one is
-    outcome,    ///< what came of an import, an export or the like; until the next one
+    keysDown,   ///< the recording left keys down; until another action or macro
+    capsLock,   ///< the recording contains Caps Lock, which was on; likewise
+    outcome,    ///< the result of an import, an export or the like; until the next one
 };
 
 class Notices {
   public:
-    /// The view may go before; then nothing is told any more.
+    /// The view has a TabView. If it is destroyed first, notices are ignored from then on.
     Notices(QWidget& mainView, PanelText text);
 
-    /// Tells the text, which is in the user's language already, in place of the kind's last one.
+    /// Shows the text, which is in the user's language, in place of the kind's last one.
     void tell(Notice kind, const QString& text, NoticeSign sign);
-    /// The kind's text is no longer so. Does nothing when there is none.
+    /// Removes the kind's text, because it no longer applies. Does nothing if there is none.
     void withdraw(Notice kind);
 
-    /// Tells the outcome of an action that is done already, and offers to undo it until the next action.
+    /// Shows the result of a finished action, and offers to undo it until the next action.
     void tellUndoable(const QString& text, NoticeSign sign = NoticeSign::information);
-    /// There was another action: the offer, if there is one, is over, with its text.
+    /// An offer that comes with a text.
+    struct Offer {
+        QString title;                    ///< of the button that takes it, in the user's language
+        std::function<void()> take;       ///< not empty
+        std::function<void()> ended = {}; ///< called when it is offered no more
+    };
+    /// Shows the text with the offer, until the next action.
+    void tellOffer(Notice kind, const QString& text, const Offer& offer);
+    /// Call after another action: removes the offer, if any, with its text.
     void withdrawOffer();
-    /// What the offer does when the user takes it.
+    /// Sets the action of tellUndoable()'s offer.
     void setUndo(std::function<void()> undo) { m_undo = std::move(undo); }
 
   private:
@@ -47,7 +56,7 @@ class Notices {
     QPointer<QWidget> m_mainView;
     PanelText m_text;
     std::function<void()> m_undo;
-    QPointer<NoticeBar> m_bar; ///< null until there is something to tell
+    QPointer<NoticeBar> m_bar; ///< null until the first notice
 };
 
 } // namespace quorvi

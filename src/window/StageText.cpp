@@ -12,18 +12,28 @@ QString resolutionText(QString format, int x, int y) {
     return format;
 }
 
-QString stageText(const plist::Dictionary& stage, const PanelText& text) {
-    if (!stage)
-        return {};
-    return resolutionText(text(stage.boolean(keys::independentXY) ? "X = %d, Y = %d DPI" : "%d DPI"),
-        stage.integer(keys::dpiX), stage.integer(keys::dpiY));
+namespace {
+
+QString textOf(const plist::Dictionary& stage, const QString& oneAxis, const QString& twoAxes) {
+    return resolutionText(stage.boolean(keys::independentXY) ? twoAxes : oneAxis, stage.integer(keys::dpiX),
+        stage.integer(keys::dpiY));
 }
 
-QString stageShortText(const plist::Dictionary& stage) {
+} // namespace
+
+QString stageText(const plist::Dictionary& stage, const PanelText& text) {
+    return stage ? textOf(stage, text("%d DPI"), text("X = %d, Y = %d DPI")) : QString();
+}
+
+QString stageShortText(const plist::Dictionary& stage, const PanelText& text) {
     const QString x = QString::number(stage.integer(keys::dpiX));
     return stage.boolean(keys::independentXY)
-               ? QStringLiteral("%1 × %2").arg(x, QString::number(stage.integer(keys::dpiY)))
+               ? filledText(text("^1 × ^2"), {x, QString::number(stage.integer(keys::dpiY))})
                : x;
+}
+
+QString stageSpokenText(const plist::Dictionary& stage, const PanelText& text) {
+    return textOf(stage, text("%d DPI"), text("%d × %d DPI"));
 }
 
 } // namespace quorvi

@@ -24,13 +24,16 @@ void TableList::selectionDidChange() const {
 
 void TableList::reload() {
     m_table.completeModel();
-    const int row = m_table.selectedRow();
+    const std::vector<int> rows = m_table.selectedRows();
+    const int current = m_table.selectedRow();
     m_model->reload();
-    if (row < 0)
+    if (rows.empty())
         return;
-    if (row < m_model->rowCount())
-        selectQuietly(row);
-    else
+    {
+        const QScopedValueRollback quiet(m_quiet, true);
+        m_table.selectRows(rows, current);
+    }
+    if (rows.back() >= m_model->rowCount())
         selectionDidChange();
 }
 

@@ -45,6 +45,10 @@ QString TableModel::explanation(int /*columnIdentifier*/, const QVariant& /*valu
     return {};
 }
 
+QVariant TableModel::ownData(int /*columnIdentifier*/, int /*row*/, int /*role*/) const {
+    return {};
+}
+
 void TableModel::reload() {
     beginResetModel();
     endResetModel();
@@ -57,17 +61,24 @@ void TableModel::setColumnEnabled(int columnIdentifier, bool enabled) {
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
-void TableModel::setMark(int row, const QString& why) {
-    const int before = std::exchange(m_markedRow, row);
-    if (std::exchange(m_markText, why) == why && before == row)
+void TableModel::setMarks(int columnIdentifier, const RowMarks& marks) {
+    m_markedColumn = columnOf(columnIdentifier);
+    const RowMarks before = std::exchange(m_marks, marks);
+    if (before == marks)
         return;
-    for (const int changed : {before, row})
-        if (changed >= 0 && changed < rowCount())
-            emit dataChanged(index(changed, 0), index(changed, 0));
+    const auto textIn = [](const RowMarks& rows, int row) {
+        const auto found = rows.find(row);
+        return found == rows.end() ? QString() : found->second;
+    };
+    const int count = rowCount();
+    for (int row = 0; row < count; ++row)
+        if (textIn(before, row) != textIn(marks, row))
+            emit dataChanged(index(row, m_markedColumn), index(row, m_markedColumn));
 }
 
-bool TableModel::isMarked(const QModelIndex& index) const {
-    return index.row() == m_markedRow && index.column() == 0;
+QString TableModel::markText(const QModelIndex& index) const {
+    const auto found = m_marks.find(index.row());
+    return index.column() == m_markedColumn && found != m_marks.end() ? found->second : QString();
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {
@@ -91,6 +102,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     const int identifier = identifierOf(index);
+    if (QVariant own = ownData(identifier, index.row(), role); own.isValid())
+        return own;
     const auto value = [&] { return cellValue(identifier, index.row()); };
     const bool isCheckBox = cellKind(identifier, index.row()) == CellKind::checkBox;
     switch (role) {
@@ -99,7 +112,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case PopUpCells::typedRole:
         return textIfAny(typedText(identifier, index.row()));
     case Qt::ToolTipRole:
-        return isMarked(index) ? m_markText : textIfAny(explanation(identifier, value()));
+        return isMarked(index) ? markText(index) : textIfAny(explanation(identifier, value()));
     case Qt::AccessibleTextRole:
         return textIfAny(spokenText(identifier, value()));
     case Qt::CheckStateRole:

@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <span>
 
@@ -20,6 +21,9 @@ enum class CellKind : std::uint8_t {
     checkBox,
     typedPopUp, ///< a pop-up cell that takes what is typed too
 };
+
+/// Rows that bear a mark, and why each does.
+using RowMarks = std::map<int, QString>;
 
 class TableModel : public QAbstractTableModel {
     Q_OBJECT
@@ -45,9 +49,9 @@ class TableModel : public QAbstractTableModel {
     /// Takes what the user has typed there, which may be anything.
     virtual void takeTypedText(const QString& typed, int columnIdentifier, int row);
 
-    /// Marks the row, -1 for none, by a sign beside its number. The text says why, to the pointer that rests
-    /// there and to screen readers.
-    void setMark(int row, const QString& why);
+    /// Marks these rows and no others, by a sign in their cells of the column (MarkedCells.h): a warning
+    /// unless the list has another. The texts say why, to the pointer that rests there and to screen readers.
+    void setMarks(int columnIdentifier, const RowMarks& marks);
 
     /// The position of the column; -1 when the table has none like that.
     [[nodiscard]] int columnOf(int columnIdentifier) const;
@@ -66,20 +70,29 @@ class TableModel : public QAbstractTableModel {
     [[nodiscard]] virtual QString spokenText(int columnIdentifier, const QVariant& value) const;
     /// What the cell says to the pointer that rests there; empty for nothing.
     [[nodiscard]] virtual QString explanation(int columnIdentifier, const QVariant& value) const;
+    /// What this model alone has for the cell in the role, which goes before all others; nothing for what all
+    /// models have.
+    [[nodiscard]] virtual QVariant ownData(int columnIdentifier, int row, int role) const;
 
     /// The text of the string table for the key, in the user's language.
     [[nodiscard]] QString text(const char* key) const { return m_text(key); }
     [[nodiscard]] const PanelText& panelText() const { return m_text; }
+    /// Whether the row is one of setMarks(), and the column that of the marks.
+    [[nodiscard]] bool isMarked(int columnIdentifier, int row) const {
+        return isMarked(index(row, columnOf(columnIdentifier)));
+    }
 
   private:
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;
-    [[nodiscard]] bool isMarked(const QModelIndex& index) const;
+    /// Why the cell is marked; empty for one that is not.
+    [[nodiscard]] QString markText(const QModelIndex& index) const;
+    [[nodiscard]] bool isMarked(const QModelIndex& index) const { return !markText(index).isEmpty(); }
 
     std::span<const TableColumn> m_columns;
     PanelText m_text;
     std::set<int> m_disabledColumns;
-    int m_markedRow = -1;
-    QString m_markText;
+    int m_markedColumn = -1;
+    RowMarks m_marks;
 };
 
 } // namespace quorvi

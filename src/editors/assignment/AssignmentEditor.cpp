@@ -1,12 +1,12 @@
 #include "editors/assignment/AssignmentEditor.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <QPointer>
 
 #include <algorithm>
 
 #include "editors/assignment/AssignmentTexts.h"
+#include "editors/assignment/FunctionSymbols.h"
 #include "editors/assignment/InputActions.h"
 #include "editors/assignment/InputCopies.h"
 #include "editors/assignment/InputNumbers.h"
@@ -14,6 +14,7 @@
 #include "model/CommandCodes.h"
 #include "model/Keys.h"
 #include "model/Lookups.h"
+#include "widgets/InputLabel.h"
 #include "widgets/MenuItems.h"
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
@@ -31,8 +32,7 @@ bool isDecorated(int command) {
     return std::ranges::find(kDecorated, command) != kDecorated.end();
 }
 
-/// Some items show a decorated title while they are the selected assignment, and get this one back
-/// afterwards.
+/// Some items show a decorated title while they are the selected assignment; this one is restored afterwards.
 void rememberItemTitles(const QMenu& menu) {
     for (QAction* item : menu.actions()) {
         item->setProperty(kRepresentedObject, titleOfItem(*item));
@@ -50,18 +50,18 @@ int inputOf(const QObject& popUp) {
     return popUp.property("tag").toInt();
 }
 
-/// The number of the input that a list's item is for; nothing for the fixed item, which is for none.
+/// The number of the input that a list's item is for; std::nullopt for the fixed item.
 std::optional<int> inputOfListItem(const QAction& listItem) {
     const auto* popUp = listItem.property(kRepresentedObject).value<QObject*>();
     return popUp ? std::optional(inputOf(*popUp)) : std::nullopt;
 }
 
 /// "4  Rear side button" without the mark of the key that leads to it.
-QString titleOfLabel(const QLabel& label) {
+QString titleOfLabel(const InputLabel& label) {
     return withoutDirection(label.text()).remove(QLatin1Char('&')).simplified();
 }
 
-/// The key that is assigned; none when something else is.
+/// The assigned key; none if something else is assigned.
 KeyChoice keyOf(const plist::Dictionary& assignment) {
     if (assignment.integer(keys::command) != commands::singleKey)
         return {};
@@ -72,7 +72,8 @@ KeyChoice keyOf(const plist::Dictionary& assignment) {
 } // namespace
 
 AssignmentEditor::AssignmentEditor(const EditorContext& context, const Views& views, Others others)
-    : m_document(context.document), m_text(context.text), m_views(views), m_others(std::move(others)),
+    : m_document(context.document), m_text(context.text), m_views(views),
+      m_description(views.popUps.front()->accessibleDescription()), m_others(std::move(others)),
       m_lists(views.popUps),
       m_menu(context, views.popUps,
           {.titleOf = [this](int input, const plist::Dictionary& given) { return titleOf(input, given); },
@@ -117,7 +118,7 @@ void AssignmentEditor::listMacros() {
     m_lists.listMacros(m_document.tree().array(keys::macros));
 }
 
-// A mouse without a primary click could not undo that: button 1 takes it when no other button has it.
+// Without a primary click the user could not undo the change: button 1 gets it if no other button has it.
 std::int32_t AssignmentEditor::commandOf(int input) {
     const plist::Dictionary assignment = assignmentOf(input);
     const std::int32_t command = assignment.integer(keys::command);
@@ -132,10 +133,30 @@ bool AssignmentEditor::isOnlyClick(int input, std::int32_t command) const {
     return command == commands::click && KyvarFindClickInProfile(m_document.profile(), buttonsBut(input)) < 0;
 }
 
+bool AssignmentEditor::isLocked(int input, std::int32_t command) const {
+    return input <= lastButton && m_document.hasDevice() && isOnlyClick(input, command);
+}
+
+QString AssignmentEditor::lockReason() const {
+    return m_text(
+        "This is the only primary click of the profile. Give another button the primary click first; "
+        "then this one can change.");
+}
+
+void AssignmentEditor::showSign(PopUpButton& popUp, int input, std::int32_t command) {
+    const bool locked = isLocked(input, command);
+    popUp.setSymbol(locked ? Symbol::Locked : m_document.tree() ? symbolOfFunction(command) : std::nullopt);
+    popUp.setToolTip(locked ? lockReason() : QString());
+    popUp.setAccessibleDescription(locked ? lockReason() : m_description);
+    m_views.labels.at(static_cast<std::size_t>(input - 1))
+        ->setNote(locked ? m_text("only primary click") : QString());
+}
+
 void AssignmentEditor::showInput(PopUpButton& popUp, int input) {
     const std::int32_t command = commandOf(input);
     if (input <= lastButton)
         popUp.setEnabled(m_document.hasDevice() && !isOnlyClick(input, command));
+    showSign(popUp, input, command);
     if (!m_document.tree()) {
         popUp.selectNone(unreadText());
         return;
@@ -144,8 +165,7 @@ void AssignmentEditor::showInput(PopUpButton& popUp, int input) {
     if (const QAction* item =
             isDecorated(command) ? selectableItemWithTag(commandsOf(input), command) : nullptr)
         title = assignmentTitle(m_document, assignmentOf(input), plainTitleOf(*item), m_text);
-    // The titles of a menu that nobody has asked for are the plain ones, and asking for an item would make
-    // it.
+    // Until the menu is built its titles are the plain ones; asking for an item would build it.
     if (!popUp.awaitsMenu())
         for (const int other : kDecorated)
             if (QAction* item = popUp.itemWithTag(other); item && other != command)
@@ -161,11 +181,13 @@ QString AssignmentEditor::explanationOfInput(int input) const {
     QStringList lines{titleOfLabel(*m_views.labels[index]),
         withoutDirection(m_views.popUps[index]->currentText()),
         stepsOfMacro(m_document, assignmentOf(input), m_text), m_others.profileInUse()};
+    if (isLocked(input, assignmentOf(input).integer(keys::command)))
+        lines << lockReason();
     lines.removeAll(QString());
     return lines.join(QLatin1Char('\n'));
 }
 
-/// Nothing of an earlier choice stays behind: what a function does not use reads as 0.
+/// Values of an earlier choice are removed: unused ones read as 0.
 void AssignmentEditor::assign(const plist::Dictionary& assignment, Values values) {
     assignment.removeAll();
     for (const auto& [key, value] : values)
@@ -175,9 +197,10 @@ void AssignmentEditor::assign(const plist::Dictionary& assignment, Values values
 void AssignmentEditor::chooseFunction(PopUpButton& popUp) {
     const int input = inputOf(popUp);
     const int command = popUp.selectedTag();
+    showSign(popUp, input, command); // of the title that is shown by now
     if (command == commands::singleKey) {
-        // The menu has to be done with the choice before the sheet's event loop runs, because the sheet may
-        // outlive the pop-up with its menu.
+        // The menu must finish the choice before the sheet's event loop runs, because the pop-up and its menu
+        // may be destroyed during the sheet.
         QMetaObject::invokeMethod(
             this, [this, input] { askForSingleKey(input); }, Qt::QueuedConnection);
         return;
@@ -188,7 +211,7 @@ void AssignmentEditor::chooseFunction(PopUpButton& popUp) {
 
 void AssignmentEditor::askForSingleKey(int input) {
     if (!m_others.isPanelShown())
-        return; // hidden meanwhile
+        return; // hidden in the meantime
     const std::int32_t profile = m_document.profileIndex();
     const QPointer<AssignmentEditor> guard(this);
     const std::optional<KeyChoice> chosen = m_others.askForKey(keyOf(assignmentOf(input)));
@@ -198,8 +221,8 @@ void AssignmentEditor::askForSingleKey(int input) {
         m_document.commit();
         return;
     }
-    // A device list may have replaced the whole tree while the sheet was up: the key goes into the same place
-    // of the tree that is there now.
+    // A device list may have replaced the whole tree during the sheet: store the key at the same place of the
+    // present tree.
     assign(m_document.profiles()
                .dictionary(static_cast<std::size_t>(profile))
                .dictionary(keys::buttons)

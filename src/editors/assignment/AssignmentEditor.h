@@ -1,4 +1,4 @@
-// What the nine inputs of the mouse do: their pop-ups on the buttons tab, and what a choice in one stores.
+// The functions of the nine inputs: shows them in the pop-ups of the buttons tab, and stores choices.
 #pragma once
 
 #include <QObject>
@@ -17,56 +17,56 @@
 #include "window/KeyChoice.h"
 
 class QAction;
-class QLabel;
 class QMenu;
 
 namespace quorvi {
 
+class InputLabel;
 class MouseView;
 
-/// Every choice is saved, and shown as it was stored.
+/// Saves every choice, and shows it as stored.
 class AssignmentEditor final : public QObject {
   public:
     struct Views {
         AssignmentPopUps popUps;
-        std::array<const QLabel*, limits::buttons> labels; ///< beside the pop-ups
+        std::array<InputLabel*, limits::buttons> labels; ///< next to the pop-ups
         MouseView& mouse;
-        const QMenu& commands;      ///< what the buttons can do
-        const QMenu& wheelCommands; ///< what the wheel's two directions can do
+        const QMenu& commands;      ///< the buttons' functions
+        const QMenu& wheelCommands; ///< the functions of the wheel's two directions
     };
 
-    /// What it needs of others.
+    /// Functions of other parts that it needs.
     struct Others {
-        /// Whether the panel is seen: while it is not, no key would reach a sheet.
+        /// Whether the panel is visible: otherwise no key would reach a sheet.
         std::function<bool()> isPanelShown;
-        /// Asks for a key by a sheet that shows the given one at first; nothing when the user has called it
-        /// off or chosen none. The editor may not outlive it.
+        /// Asks for a key in a sheet that first shows the given one; returns std::nullopt if the user cancels
+        /// or chooses none. The editor may be destroyed meanwhile.
         std::function<std::optional<KeyChoice>(const KeyChoice& shown)> askForKey;
         std::function<void()> showProfilesTab;
         std::function<void()> showMacrosTab;
-        /// The profile that the panel shows, with the reason when it is the one that runs.
+        /// The shown profile, with the reason if it is the running one.
         std::function<QString()> profileInUse;
-        std::function<plist::Dictionary()> defaultSettings; ///< nil when they cannot be read
+        std::function<plist::Dictionary()> defaultSettings; ///< nil if they cannot be read
     };
 
     AssignmentEditor(const EditorContext& context, const Views& views, Others others);
 
-    /// Shows what every input does. The lists in the menus stay as they are.
+    /// Shows the function of every input. The lists in the menus stay unchanged.
     void show();
-    /// Shows in the pop-up what the input, 1 to 9, does.
+    /// Shows the function of the input, 1 to 9, in the pop-up.
     void showInput(PopUpButton& popUp, int input);
-    /// Lists the profiles in the menus: whoever adds, removes or renames one asks for it.
+    /// Lists the profiles in the menus. Call this after adding, removing or renaming one.
     void listProfiles();
-    /// Lists the macros in the menus: whoever adds, removes or renames one asks for it.
+    /// Lists the macros in the menus. Call this after adding, removing or renaming one.
     void listMacros();
-    /// What the input, 1 to 9, does and why, a line each; nothing before that is known.
+    /// The function of the input, 1 to 9, and the reason, a line each; empty while unknown.
     [[nodiscard]] QString explanationOfInput(int input) const;
 
-    /// Stores the function that the pop-up shows. The function of a single key asks for the key first.
+    /// Stores the function shown in the pop-up. For a single key, asks for the key first.
     void chooseFunction(PopUpButton& popUp);
-    /// Assigns the macro that the item stands for, or opens the macros tab when it stands for none.
+    /// Assigns the item's macro, or opens the macros tab if it has none.
     void chooseMacro(const QAction& item);
-    /// Assigns the profile that the item stands for, or opens the profiles tab when it stands for none.
+    /// Assigns the item's profile, or opens the profiles tab if it has none.
     void chooseProfile(const QAction& item);
 
   private:
@@ -76,18 +76,23 @@ class AssignmentEditor final : public QObject {
     static void assign(const plist::Dictionary& assignment, Values values);
     [[nodiscard]] const QMenu& commandsOf(int input) const;
     [[nodiscard]] plist::Dictionary assignmentOf(int input) const;
-    /// What the pop-up of the input, 1 to 9, shows of the assignment; "No Function" for one without an item.
+    /// The pop-up's title for the assignment of the input, 1 to 9; "No Function" for one without an item.
     [[nodiscard]] QString titleOf(int input, const plist::Dictionary& assignment) const;
     /// The command of the input, which the rule about the primary click may have changed.
     [[nodiscard]] std::int32_t commandOf(int input);
-    /// Whether the mouse would be without a primary click without this one.
+    /// Whether the profile has no other primary click.
     [[nodiscard]] bool isOnlyClick(int input, std::int32_t command) const;
+    /// Shows the function's sign or, where the input must keep its function, a lock and the reason.
+    void showSign(PopUpButton& popUp, int input, std::int32_t command);
+    [[nodiscard]] bool isLocked(int input, std::int32_t command) const;
+    [[nodiscard]] QString lockReason() const;
     void askForSingleKey(int input);
     void assignFromList(const QAction& item, int input, Values values);
 
     Document& m_document;
     PanelText m_text;
     Views m_views;
+    QString m_description; ///< of a pop-up that can be changed
     Others m_others;
     AssignmentLists m_lists;
     InputMenu m_menu;

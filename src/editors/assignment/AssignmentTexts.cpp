@@ -17,13 +17,13 @@ namespace quorvi {
 
 namespace {
 
-/// What the title says of an assigned profile or macro; without a name when it is not there.
-QString titleWithName(const QString& title, const plist::Dictionary& item) {
+/// The pattern with the assigned profile's or macro's name; without a name if it is missing.
+QString titleWithName(const QString& pattern, const plist::Dictionary& item) {
     const QString name = QString::fromStdU16String(item.string(keys::name));
-    return title + QLatin1Char(' ') + nameWithin(title, shownName(name));
+    return filledText(pattern, {nameWithin(pattern, shownName(name))});
 }
 
-/// The macro that is assigned; nil when there is none like that.
+/// The assigned macro; nil if it is missing.
 plist::Dictionary macroOf(const Document& document, const plist::Dictionary& assignment) {
     const int index = KyvarFindMacroInArray(assignment.integer(keys::param1), nullptr, document.macros());
     return index >= 0 ? document.macros().dictionary(static_cast<std::size_t>(index)) : plist::Dictionary();
@@ -36,17 +36,17 @@ QString assignmentTitle(const Document& document, const plist::Dictionary& assig
     const std::int32_t param = assignment.integer(keys::param1);
     switch (assignment.integer(keys::command)) {
     case commands::switchToProfile:
-        return titleWithName(
-            text("Profile:"), document.profiles().dictionary(static_cast<std::size_t>(indexOfNumber(param))));
+        return titleWithName(text("Profile: ^1"),
+            document.profiles().dictionary(static_cast<std::size_t>(indexOfNumber(param))));
     case commands::runMacro: {
         const plist::Dictionary macro = macroOf(document, assignment);
-        return macro ? titleWithName(text("Macro:"), macro)
-                     : text("Macro:") + QLatin1Char(' ') + text("(missing)");
+        const QString pattern = text("Macro: ^1");
+        return macro ? titleWithName(pattern, macro) : filledText(pattern, {text("(missing)")});
     }
     case commands::singleKey:
-        return plainTitle + QLatin1Char(' ') +
-               QString::fromStdU16String(shownKeyCombination(UsbToAdbKeycode(param & 0xFF),
-                   UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)));
+        return filledText(text("Press Key ^1"),
+            {QString::fromStdU16String(shownKeyCombination(
+                UsbToAdbKeycode(param & 0xFF), UsbToAdbModifiers(assignment.integer(keys::param2) & 0xFF)))});
     default:
         return plainTitle;
     }
@@ -59,7 +59,7 @@ QString stepsOfMacro(const Document& document, const plist::Dictionary& assignme
     QStringList texts;
     for (std::size_t i = 0; i < std::min<std::size_t>(steps.size(), limits::macroSteps); ++i)
         texts << shownStep(steps.dictionary(i), text);
-    return texts.join(QStringLiteral(" · "));
+    return joinedText(text("^1 · ^2"), texts);
 }
 
 } // namespace quorvi

@@ -44,9 +44,9 @@ const char* patternOf(BackupFault fault) {
     case BackupFault::damaged:
         return "^1 was not restored: it is damaged or of another kind.";
     case BackupFault::newerFormat:
-        return "^1 was not restored: a newer version has written it.";
+        return "^1 was not restored: it was written by a newer version.";
     case BackupFault::noSettings:
-        return "^1 was not restored: it holds no settings.";
+        return "^1 was not restored: it contains no settings.";
     case BackupFault::notReadable:
     case BackupFault::none:
         break;
@@ -72,7 +72,7 @@ void BackupsEditor::tell(const QString& text, bool isGood) {
     m_context.notices.tell(Notice::outcome, text, isGood ? NoticeSign::information : NoticeSign::warning);
 }
 
-// Once the panel has gone: a sheet may follow.
+// Runs `use` once the panel has closed, because a sheet may follow.
 void BackupsEditor::whenChosen(QFileDialog* panel, std::function<void(const QString& path)> use) {
     connect(panel, &QDialog::finished, this, [this, panel, use = std::move(use)](int code) {
         if (code == QDialog::Accepted)
@@ -97,7 +97,7 @@ void BackupsEditor::backUpTo(const QString& chosen) {
     const QString path = shownPath(written.path, m_others.homeFolder);
     const QString text = m_context.text(!written.error ? "All settings were written to ^1."
                                         : written.error == std::errc::file_exists
-                                            ? "Nothing was backed up: there is a file ^1 already."
+                                            ? "Nothing was backed up: there is already a file ^1."
                                             : "Nothing was backed up to ^1: ^2");
     const QString why = QString::fromLocal8Bit(written.error.message().c_str());
     tell(filledText(text, {nameWithin(text, path), nameWithin(text, why)}), !written.error);
@@ -121,10 +121,10 @@ void BackupsEditor::openFile(const QString& path) {
     if (hasExtension(path, kBackupExtension)) {
         openBackup(path);
     } else if (hasExtension(path, kProfileExtension)) {
-        if (agreesToImport("Import the profile of this file?\r\r^1", path))
+        if (agreesToImport("Import the profile in this file?\r\r^1", path))
             m_others.importProfile(path);
     } else if (hasExtension(path, kMacroExtension)) {
-        if (agreesToImport("Import the macro of this file?\r\r^1", path))
+        if (agreesToImport("Import the macro in this file?\r\r^1", path))
             m_others.importMacro(path);
     } else {
         tell(withPath("^1 was not opened: it is neither a backup nor a profile or macro.", path), false);
@@ -140,7 +140,7 @@ void BackupsEditor::openBackup(const QString& path) {
     if (!read) {
         tell(withPath(patternOf(read.fault), path), false);
     } else if (read.backup.contents == BackupContents::oneProfile) {
-        if (agreesToImport("Import the profile of this file with its macros?\r\r^1", path))
+        if (agreesToImport("Import the profile in this file with its macros?\r\r^1", path))
             m_others.importProfile(path);
     } else if (agreesToRestore(read.backup, path)) {
         take(read.backup, m_context.text("Restore Backup"), withPath("The backup ^1 was restored.", path));
@@ -157,7 +157,7 @@ bool BackupsEditor::agreesToRestore(const Backup& backup, const QString& path) {
     setInterfaceTextLookup(
         [this](const QString& english) { return m_context.text(english.toUtf8().constData()); });
     auto* sheet = new BackupPanel(
-        &m_others.mainView, {.question = withPath("Restore the settings of this backup?\r\r^1", path)
+        &m_others.mainView, {.question = withPath("Restore the settings in this backup?\r\r^1", path)
                                              .replace(QLatin1Char('\r'), QLatin1Char('\n')),
                                 .differences = differences,
                                 .leftOut = withLeftOut({}, leftOut, m_context.text).trimmed()});
@@ -168,7 +168,7 @@ bool BackupsEditor::agreesToRestore(const Backup& backup, const QString& path) {
 int BackupsEditor::runSheet(QDialog* sheet) {
     const QPointer<QDialog> guard(sheet);
     const int code = m_context.sheets.run(sheet);
-    delete guard; // unless the window went away underneath
+    delete guard; // unless the window was destroyed
     return code;
 }
 
@@ -191,15 +191,15 @@ void BackupsEditor::showEarlier() {
         return filledText(text, {nameWithin(text, when)});
     };
     if (const ReadBackup read = m_others.history.read(*chosen))
-        take(read.backup, filled("Restore Settings of ^1"), filled("The settings are those of ^1 again."));
+        take(read.backup, filled("Restore Settings from ^1"), filled("The settings from ^1 were restored."));
     else
-        tell(filled("The settings of ^1 cannot be read any more."), false);
+        tell(filled("The settings from ^1 can no longer be read."), false);
 }
 
 void BackupsEditor::take(const Backup& backup, const QString& action, const QString& sentence) {
     Document& document = m_context.document;
     if (!document.tree())
-        return; // they have gone while the sheet was up
+        return; // the settings were released during the sheet
     m_others.keepCopy();
     const std::vector<LeftOut> leftOut = restoreEverything(document.tree(), backup);
     document.editSameItems();

@@ -5,12 +5,13 @@
 
 #include <memory>
 
+#include "widgets/ThemeColours.h"
+
 namespace quorvi {
 
 namespace {
 
-/// Rows as high as their texts are in the width that there is: a list asks as if its scroll bar had no width.
-/// They are drawn as those of a list with the focus, because some styles grey the others.
+/// Rows as high as their wrapped texts: QListView's hint ignores the scroll bar's width.
 class WrappedRows : public QStyledItemDelegate {
   public:
     explicit WrappedRows(QListView* list) : QStyledItemDelegate(list), m_list(*list) {}
@@ -25,8 +26,9 @@ class WrappedRows : public QStyledItemDelegate {
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
-        for (const auto role : {QPalette::Text, QPalette::HighlightedText, QPalette::Highlight})
-            option->palette.setBrush(QPalette::Inactive, role, option->palette.brush(QPalette::Active, role));
+        keepColours(*option);
+        if (option->state & QStyle::State_Selected)
+            option->state &= ~QStyle::State_HasFocus; // some styles draw it as a veil over the text
     }
 
   private:
@@ -51,7 +53,7 @@ void SentenceList::setSentences(const QStringList& sentences) {
     if (!model) {
         model = new QStringListModel(this);
         setModel(model);
-        setSelectionMode(NoSelection); // they are read, and nothing is chosen among them
+        setSelectionMode(NoSelection); // they are for reading, not for selecting
     }
     model->setStringList(sentences);
     setCurrentIndex(model->index(0, 0));

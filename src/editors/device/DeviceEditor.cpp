@@ -24,7 +24,7 @@ QString firmwareText(std::int32_t firmware) {
     return QStringLiteral("%1.%2").arg((firmware >> 8) & 0xFF).arg(firmware & 0xFF, 2, 10, QLatin1Char('0'));
 }
 
-/// A key that the source lacks leaves the target's value as it is.
+/// A key missing in the source leaves the target's value unchanged.
 void copyValues(const plist::Dictionary& source, const plist::Dictionary& target,
     std::initializer_list<std::string_view> names) {
     for (const std::string_view name : names)
@@ -78,13 +78,13 @@ void DeviceEditor::setLight(std::int32_t bit, bool on, const QString& action) {
 
 void DeviceEditor::storeLightOnWheel() {
     const bool on = m_views.lightOnWheel.isChecked();
-    setLight(lights::wheel, on, m_text(on ? "Switch Light of Wheel On" : "Switch Light of Wheel Off"));
+    setLight(lights::wheel, on, m_text(on ? "Turn On Wheel Light" : "Turn Off Wheel Light"));
 }
 
 void DeviceEditor::storeLightOnBattery() {
     const bool on = m_views.lightOnBattery.isChecked();
     setLight(lights::battery, on,
-        m_text(on ? "Switch Light of Battery Indicator On" : "Switch Light of Battery Indicator Off"));
+        m_text(on ? "Turn On Battery Indicator Light" : "Turn Off Battery Indicator Light"));
 }
 
 void DeviceEditor::restoreFrom(const plist::Dictionary& defaults) {

@@ -13,8 +13,8 @@ QString faultText(ItemKind kind, ItemFault fault, const PanelText& text) {
     case ItemFault::damaged:
         return text("^1 was not imported: it is damaged or of another kind.");
     case ItemFault::otherItem:
-        return kind == ItemKind::profile ? text("^1 was not imported: it holds no profile.")
-                                         : text("^1 was not imported: it holds no macro.");
+        return kind == ItemKind::profile ? text("^1 was not imported: it contains no profile.")
+                                         : text("^1 was not imported: it contains no macro.");
     case ItemFault::tooManySteps:
         return text("^1 was not imported: its macro has more than 16 steps.");
     case ItemFault::notReadable:
@@ -35,7 +35,7 @@ QString exportedText(ItemKind kind, const QString& name, const QString& path, co
 QString notExportedText(
     const QString& name, const QString& path, std::error_code reason, const PanelText& text) {
     if (reason == std::errc::file_exists) {
-        const QString exists = text("“^1” was not exported: there is a file ^2 already.");
+        const QString exists = text("“^1” was not exported: there is already a file ^2.");
         return filledText(exists, {nameFor(exists, name), nameWithin(exists, path)});
     }
     const QString failed = text("“^1” was not exported to ^2: ^3");
@@ -53,9 +53,8 @@ QString importedText(
     QStringList inputs;
     for (const int input : withoutMacro)
         inputs << QString::number(input);
-    const QString missing =
-        text("The profile “^1” was imported. Buttons that run a macro which is not there: ^2");
-    return filledText(missing, {nameFor(missing, name), inputs.join(QStringLiteral(", "))});
+    const QString missing = text("The profile “^1” was imported. Buttons whose macro is missing: ^2");
+    return filledText(missing, {nameFor(missing, name), joinedText(text("^1, ^2, ^3"), inputs)});
 }
 
 QString notImportedText(ItemKind kind, const QString& path, ItemFault fault, const PanelText& text) {
@@ -64,14 +63,14 @@ QString notImportedText(ItemKind kind, const QString& path, ItemFault fault, con
 }
 
 QString notImportedNewerText(const QString& path, const PanelText& text) {
-    const QString failed = text("^1 was not imported: a newer version has written it.");
+    const QString failed = text("^1 was not imported: it was written by a newer version.");
     return filledText(failed, {nameWithin(failed, path)});
 }
 
 QString listFullText(ItemKind kind, const QString& path, const PanelText& text) {
     const QString full = kind == ItemKind::profile
-                             ? text("^1 was not imported: there are 5 profiles already, which is the most.")
-                             : text("^1 was not imported: there are 12 macros already, which is the most.");
+                             ? text("^1 was not imported: there are already 5 profiles, the maximum.")
+                             : text("^1 was not imported: there are already 12 macros, the maximum.");
     return filledText(full, {nameWithin(full, path)});
 }
 

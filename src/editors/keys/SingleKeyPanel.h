@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QObject>
 #include <QPointer>
+#include <QString>
 
 #include <cstdint>
 #include <functional>
@@ -12,30 +13,44 @@
 #include "capture/KeySink.h"
 #include "window/KeyChoice.h"
 
+class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace quorvi {
 
 class Sheets;
 
-/// One key is captured, without the modifiers that are held with it. Every key belongs to the sheet while it
-/// is seen, so that none of them presses its buttons.
+/// Captures one key, without held modifiers. While the sheet is visible it receives every key, so no key
+/// presses its buttons.
 class SingleKeyPanel : public QObject, public KeySink {
   public:
-    /// They may go before this object.
+    /// They may be destroyed before this object.
     struct Views {
         QDialog* panel;
         QLineEdit* field;
+        QLabel* request;
+        QPushButton* confirm;
+        QPushButton* cancel;
     };
 
-    /// Calls keyCaptureEnded when the sheet has gone. When it comes it gets the focus a little later, and
-    /// only then the keyboard.
+    /// What the sheet says of what it asks for, in the user's language.
+    struct Texts {
+        QString request;
+        QString confirming; ///< what OK does
+        QString cancelling; ///< what Cancel does
+    };
+
+    /// Calls keyCaptureEnded when the sheet has closed. A new sheet gets the focus a little later, and only
+    /// then the keyboard.
     SingleKeyPanel(const Views& views, Sheets& sheets, std::function<void()> keyCaptureEnded);
 
-    /// Runs the sheet, which shows the key at first. Gives the key that was captured last or else that one;
-    /// nothing when the user has called it off, or when the panel did not outlive the sheet.
+    /// Runs the sheet, which first shows the given key. Returns the last captured key, or else the given one;
+    /// std::nullopt if the user cancels, or the panel is destroyed during the sheet.
     [[nodiscard]] std::optional<KeyChoice> ask(const KeyChoice& shown);
-    /// The key that the sheet shows, or has shown last, as a virtual key code; 255 while there is none.
+    /// The same with other texts than those for the key of an assignment.
+    [[nodiscard]] std::optional<KeyChoice> askWith(const Texts& texts);
+    /// The key shown now or last, as a virtual key code; 255 for none.
     [[nodiscard]] std::uint8_t keyCode() const { return m_choice.key; }
     /// Shows the captured key.
     void show();
@@ -48,8 +63,11 @@ class SingleKeyPanel : public QObject, public KeySink {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    [[nodiscard]] Texts texts() const;
+    void setTexts(const Texts& texts);
+
     QPointer<QDialog> m_panel;
-    QLineEdit* m_field;
+    Views m_views;
     Sheets& m_sheets;
     std::function<void()> m_keyCaptureEnded;
     KeyChoice m_choice;

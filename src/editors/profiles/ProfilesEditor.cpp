@@ -27,6 +27,12 @@
 
 namespace quorvi {
 
+namespace {
+
+constexpr int kLeastRowsShown = 3; // in a low window; then the list scrolls
+
+} // namespace
+
 ProfilesEditor::ProfilesEditor(const EditorContext& context, const Views& views, Others others)
     : m_context(context), m_views(views), m_others(std::move(others)), m_usualHint(views.hint.text()),
       m_list(views.table,
@@ -37,8 +43,11 @@ ProfilesEditor::ProfilesEditor(const EditorContext& context, const Views& views,
                         m_others.listHasChanged();
                     }}) {
     m_list.onSelectionChange([this] { switchToSelected(); });
-    m_views.table.setItemDelegateForColumn(m_list.model().columnOf(kProfileNumberColumn),
-        std::make_unique<MarkedCells>(&m_views.table).release());
+    m_views.table.setItemDelegate(std::make_unique<MarkedCells>(&m_views.table).release());
+    m_views.table.setTallRows();
+    m_views.table.setRowsShown(limits::profiles, kLeastRowsShown);
+    QObject::connect(&m_views.table, &KyvarQuorviTableView::doubleClickEnded, &m_list.model(),
+        [this](const QModelIndex& cell) { chooseApplicationOf(cell); });
 }
 
 void ProfilesEditor::show() {
@@ -46,17 +55,23 @@ void ProfilesEditor::show() {
     enableButtonOf(m_views.table, m_views.addButton, document.hasDevice() && hasRoom());
     enableButtonOf(
         m_views.table, m_views.removeButton, document.hasDevice() && m_views.table.selectedRow() > 0);
+    m_views.applicationButton.setEnabled(document.hasDevice() && isCurrent());
+    m_views.count.setText(document.hasDevice() ? filledText(m_context.text("^1 of ^2"),
+                                                     {QString::number(document.profiles().size()),
+                                                         QString::number(limits::profiles)})
+                                               : QString());
     m_views.displayBox.setChecked(document.driverData().boolean(keys::profileDisplay));
     m_views.hint.setText(
         document.profiles().size() == 1
-            ? m_context.text("Add a profile with the + button for each other way of using the mouse. The "
-                             "gear button assigns it an application.")
+            ? m_context.text("Add a profile for each way you use the mouse. The “Application…” button "
+                             "assigns it an application.")
             : m_usualHint);
 }
 
 void ProfilesEditor::showRunningRow() {
     const RunningRow running = m_others.running();
-    m_list.model().setMark(running.row, running.why);
+    m_list.model().setMarks(
+        kProfileNameColumn, running.row < 0 ? RowMarks() : RowMarks{{running.row, running.why}});
 }
 
 void ProfilesEditor::selectCurrentQuietly() {
@@ -78,6 +93,12 @@ void ProfilesEditor::switchToSelected() {
 void ProfilesEditor::selectWithin(const std::u16string& action, int row) {
     const QScopedValueRollback within(m_action, action);
     m_views.table.selectRowAlone(row);
+}
+
+void ProfilesEditor::chooseApplicationOf(const QModelIndex& cell) {
+    const bool isApplication = cell.column() == m_list.model().columnOf(kProfileApplicationColumn);
+    if (isApplication && isCurrent() && cell.row() == m_context.document.profileIndex())
+        m_application.showPanel();
 }
 
 void ProfilesEditor::append(const plist::Dictionary& profile, const std::u16string& action) {
@@ -132,7 +153,7 @@ void ProfilesEditor::remove() {
             effectOfRemovingProfile(
                 document.tree(), static_cast<std::size_t>(document.profileIndex()), m_context.text),
             "Delete"});
-    // The mouse may have been plugged in while the question stood, and the settings read afresh.
+    // The mouse may have been plugged in during the question, and the settings re-read.
     if (!confirmed || !canRemove() || document.profile().string(keys::name) != name)
         return;
     m_others.keepCopyBeforeRemoval();
@@ -152,8 +173,8 @@ void ProfilesEditor::remove() {
 void ProfilesEditor::storeDisplay() {
     m_context.document.driverData().set(keys::profileDisplay, m_views.displayBox.isChecked());
     const QString action = m_views.displayBox.isChecked()
-                               ? m_context.text("Show Name of Profile on Screen")
-                               : m_context.text("Do Not Show Name of Profile on Screen");
+                               ? m_context.text("Show Profile Name on Screen")
+                               : m_context.text("Do Not Show Profile Name on Screen");
     m_context.document.commit(
         {.shown = Shown::nothing, .action = actionName(action), .touched = Touched::currentProfile});
 }
@@ -165,7 +186,7 @@ std::vector<MenuCommand> ProfilesEditor::commands() {
         {kNewProfileItem, [this] { create(false); }, hasPlace},
         {kImportProfileItem, m_others.importProfile, hasPlace},
         {kExportProfileItem, m_others.exportProfile, hasCurrent},
-        // The first one always stays.
+        // The first one cannot be removed.
         {kRemoveProfileItem, [this] { remove(); }, [this] { return m_context.document.profileIndex() > 0; }},
         {kDuplicateProfileItem, [this] { create(true); }, [this] { return isCurrent() && hasRoom(); }},
         {kAssignApplicationItem, [this] { m_application.showPanel(); }, hasCurrent},

@@ -1,5 +1,5 @@
-// The list of profiles: new, duplicated and removed ones, which is the current one, and whether a switch to
-// it is displayed.
+// The list of profiles: creates, duplicates and removes profiles, selects the current one, and sets whether a
+// switch to it is displayed.
 #pragma once
 
 #include <QString>
@@ -20,7 +20,7 @@ namespace quorvi {
 
 class CheckBox;
 
-/// The row that bears a mark, because the mouse runs its profile.
+/// The marked row, whose profile is running.
 struct RunningRow {
     int row = -1; ///< -1 for none
     QString why;  ///< in the user's language
@@ -33,18 +33,20 @@ class ProfilesEditor final {
         KyvarQuorviTableView& table;
         QPushButton& addButton;
         QPushButton& removeButton;
+        QPushButton& applicationButton;
         CheckBox& displayBox;
-        QLabel& hint; ///< below the list
+        QLabel& count; ///< of the profiles, beside the heading
+        QLabel& hint;  ///< below the list
     };
 
-    /// What it has others do.
+    /// Functions of other parts that it uses.
     struct Others {
         std::filesystem::path homeFolder;
-        std::function<plist::Dictionary()> defaultSettings; ///< a tree of its own with every call
+        std::function<plist::Dictionary()> defaultSettings; ///< a new tree at every call
         std::function<RunningRow()> running;
-        std::function<void()> listHasChanged; ///< there are others than before, or by other names
+        std::function<void()> listHasChanged; ///< called when profiles were added, removed or renamed
         std::function<void()> keepCopyBeforeRemoval;
-        std::function<void()> importProfile; ///< each of the three is a command of the list's menu
+        std::function<void()> importProfile; ///< these three are commands of the list's menu
         std::function<void()> exportProfile;
         std::function<void()> restoreDefaults;
     };
@@ -53,23 +55,22 @@ class ProfilesEditor final {
     ProfilesEditor(const ProfilesEditor&) = delete;
     ProfilesEditor& operator=(const ProfilesEditor&) = delete;
 
-    /// Derives everything but the rows from the document, and from which row is selected.
+    /// Updates everything but the rows from the document and the selected row.
     void show();
     void showRunningRow();
-    /// Shows the rows of the document and selects the current profile. That is not a choice of the user's,
-    /// who would get the profile's default stage with it.
+    /// Shows the document's rows and selects the current profile. This does not count as a user's choice,
+    /// which would also select the default stage.
     void selectCurrentQuietly();
 
-    /// Appends the profile under a name of its own, makes it current and saves, under that name of the
-    /// action.
+    /// Appends the profile with a unique name, makes it current and saves, with that action name.
     void append(const plist::Dictionary& profile, const std::u16string& action);
     /// Appends a new profile, or a copy of the current one, and lets its name be edited. Does nothing when
     /// there are five.
     void create(bool duplicate);
-    /// Removes the current profile, which is not the first one, when the user agrees. The window may not
-    /// outlive the question.
+    /// Removes the current profile, unless it is the first one, if the user agrees. The window may be
+    /// destroyed during the question.
     void remove();
-    /// Stores the box.
+    /// Stores the check box's state.
     void storeDisplay();
 
     /// The commands of the list's menu.
@@ -82,14 +83,17 @@ class ProfilesEditor final {
     [[nodiscard]] bool isCurrent() const;
     [[nodiscard]] bool canRemove() const;
     void switchToSelected();
-    /// Selects the row: the switch to its profile belongs to that action, which is noted before it is saved.
+    /// After a double click on the cell, whose first click has made the profile the current one.
+    void chooseApplicationOf(const QModelIndex& cell);
+    /// Selects the row. The switch to its profile belongs to that action, which is recorded before it is
+    /// saved.
     void selectWithin(const std::u16string& action, int row);
 
     EditorContext m_context;
     Views m_views;
     Others m_others;
     QString m_usualHint;
-    std::u16string m_action; ///< that a switch belongs to; empty for one of its own
+    std::u16string m_action; ///< the action that a switch belongs to; empty for a separate one
     TableList m_list;
     ProfileApplication m_application;
 };

@@ -2,10 +2,13 @@
 
 #include <utility>
 
+#include "applications/ApplicationIcon.h"
 #include "model/Keys.h"
 #include "model/NamingRule.h"
 #include "model/SettingsDocument.h"
 #include "resources/TableTags.h"
+#include "widgets/MarkedCells.h"
+#include "widgets/SymbolIcon.h"
 #include "window/ActionNames.h"
 
 namespace quorvi {
@@ -84,19 +87,64 @@ CellKind ProfilesModel::cellKind(int columnIdentifier, int row) const {
     return columnIdentifier == kProfileNameColumn && row > 0 ? CellKind::name : CellKind::text;
 }
 
-// What stands in a cell without a text; the text itself is read out without that.
+// The text read for a cell without one; any other cell's text is read unchanged.
 QString ProfilesModel::spokenText(int columnIdentifier, const QVariant& value) const {
     if (columnIdentifier == kProfileAutoswitchColumn)
         return value.toBool() ? text("Switches automatically") : text("Does not switch automatically");
-    if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
-        return text("No application");
     return {};
 }
 
-// What to do where there is nothing. Plain text, whatever an application is called.
+QString ProfilesModel::shownCell(int columnIdentifier, int row) const {
+    const QString shown = TableModel::shownCell(columnIdentifier, row);
+    return columnIdentifier == kProfileApplicationColumn && shown.isEmpty() ? text("Every application")
+                                                                            : shown;
+}
+
+QVariant ProfilesModel::ownData(int columnIdentifier, int row, int role) const {
+    if (row >= numberOfRows())
+        return {};
+    switch (columnIdentifier) {
+    case kProfileNameColumn:
+        return nameData(row, role);
+    case kProfileApplicationColumn:
+        return applicationData(row, role);
+    default:
+        return {};
+    }
+}
+
+QVariant ProfilesModel::nameData(int row, int role) const {
+    const bool runs = isMarked(kProfileNameColumn, row);
+    if (role == MarkedCells::markRole)
+        return false; // it runs, which is no fault
+    if (runs && role == MarkedCells::symbolRole)
+        return static_cast<int>(Symbol::Play);
+    if (!runs || role != Qt::FontRole)
+        return {};
+    QFont font; // of which only the weight is set, and counts
+    font.setBold(true);
+    return font;
+}
+
+QVariant ProfilesModel::applicationData(int row, int role) const {
+    if (role != MarkedCells::mutedRole && role != Qt::DecorationRole)
+        return {};
+    const plist::Dictionary driver =
+        m_document.profiles().dictionary(static_cast<std::size_t>(row)).dictionary(keys::driver);
+    const bool isBound = !driver.string(keys::application).empty();
+    if (role == MarkedCells::mutedRole)
+        return !isBound;
+    if (!isBound)
+        return {};
+    const QString identifier = textIn(driver, keys::identifier);
+    const auto known = m_icons.find(identifier);
+    return known != m_icons.end() ? known->second : m_icons[identifier] = iconOfStoredApplication(identifier);
+}
+
+// Hints for empty cells. Plain text, because an application's name may contain markup.
 QString ProfilesModel::explanation(int columnIdentifier, const QVariant& value) const {
     if (columnIdentifier == kProfileApplicationColumn && value.toString().isEmpty())
-        return text("No application: assign one with the gear button.");
+        return text("Every application: double-click to choose one, or use the button below the list.");
     return {};
 }
 

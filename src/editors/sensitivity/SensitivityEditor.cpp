@@ -1,18 +1,50 @@
 #include "editors/sensitivity/SensitivityEditor.h"
 
+#include <cmath>
+#include <cstdlib>
+
 #include "document/StageResolution.h"
 #include "editors/sensitivity/AccelerationScale.h"
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviSlider.h"
+#include "widgets/NumberField.h"
+#include "widgets/StageBar.h"
 #include "window/ActionNames.h"
 #include "window/Sheets.h"
 
 namespace quorvi {
 
-SensitivityEditor::SensitivityEditor(const EditorContext& context, const Views& views)
-    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views) {}
+namespace {
 
-// The current stage and the settings in force hold the same numbers, so every change goes into both.
+/// 10 to 200.
+int percentOfValue(const KyvarQuorviSlider& slider, int value) {
+    constexpr float percent = 100.0F;
+    return int(
+        std::lround(sliderValueToAcceleration(float(value) / float(slider.valuesPerUnit())) * percent));
+}
+
+/// The slider's scale has a gap below 100 percent, and not every percent in it. What it does not have becomes
+/// the nearest that it has.
+int valueOfPercent(const KyvarQuorviSlider& slider, int percent) {
+    int nearest = slider.minimum();
+    const auto distance = [&](int value) { return std::abs(percentOfValue(slider, value) - percent); };
+    for (int value = slider.minimum(); value <= slider.maximum(); value += slider.singleStep())
+        if (distance(value) < distance(nearest))
+            nearest = value;
+    return nearest;
+}
+
+} // namespace
+
+SensitivityEditor::SensitivityEditor(const EditorContext& context, const Views& views)
+    : m_document(context.document), m_text(context.text), m_sheets(context.sheets), m_views(views) {
+    const KyvarQuorviSlider& slider = m_views.accelerationSlider;
+    m_views.accelerationField.join(m_views.accelerationSlider,
+        {.numberOfValue = [&slider](int value) { return percentOfValue(slider, value); },
+            .valueOfNumber = [&slider](int percent) { return valueOfPercent(slider, percent); }});
+}
+
+// The current stage and the settings in force hold the same numbers, so every change is stored in both.
 
 void SensitivityEditor::setX(int resolution) {
     const bool bothAxes = !m_document.stage().boolean(keys::independentXY);
@@ -56,9 +88,8 @@ void SensitivityEditor::storeAcceleration() {
 void SensitivityEditor::storeAccelerated() {
     const bool on = m_views.acceleration.isChecked();
     m_document.driverData().set(keys::enableAcceleration, on);
-    m_document.commit(
-        {.action = actionName(m_text(on ? "Switch Acceleration On" : "Switch Acceleration Off")),
-            .touched = Touched::currentProfile});
+    m_document.commit({.action = actionName(m_text(on ? "Turn On Acceleration" : "Turn Off Acceleration")),
+        .touched = Touched::currentProfile});
 }
 
 void SensitivityEditor::storeDisplay() {
@@ -84,7 +115,9 @@ void SensitivityEditor::followRunningStage(std::uint32_t profile, std::uint32_t 
         copyResolution(m_document.stages().dictionary(index), m_document.settings());
         m_document.editProfileIndex(m_document.profileIndex());
     });
+    const int before = m_views.stages.currentStage();
     show();
+    m_views.stages.moveGroundFrom(before);
 }
 
 } // namespace quorvi

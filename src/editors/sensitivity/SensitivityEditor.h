@@ -2,6 +2,8 @@
 // of the sensitivity are displayed.
 #pragma once
 
+#include <QList>
+
 #include <cstdint>
 
 #include "document/Document.h"
@@ -14,9 +16,11 @@ namespace quorvi {
 class AccelerationCurve;
 class CheckBox;
 class KyvarQuorviSlider;
+class NumberField;
 class StageBar;
+struct StageField;
 
-/// What a control sets goes into the tree, is shown and saved at once.
+/// Every change is stored in the tree, shown and saved at once.
 class SensitivityEditor {
   public:
     struct Views {
@@ -30,39 +34,41 @@ class SensitivityEditor {
         CheckBox& display;
         CheckBox& acceleration;
         KyvarQuorviSlider& accelerationSlider;
+        NumberField& accelerationField;
         AccelerationCurve& accelerationCurve;
     };
 
     SensitivityEditor(const EditorContext& context, const Views& views);
 
     void show();
-    /// Says which resolution is in use.
+    /// Shows the resolution in use.
     void showResolution();
     /// Draws the current profile's stages with the current one marked.
     void showStages();
-    /// Draws the acceleration that the box and the slider show.
+    /// Draws the acceleration set by the check box and the slider.
     void showAcceleration();
 
-    /// Stores the resolution, in DPI, for X; for Y as well while the stage has no axes of their own.
+    /// Stores the resolution, in DPI, for X; for Y too unless the stage has separate axes.
     void setX(int resolution);
     void setY(int resolution);
     void setIndependentAxes(bool independent);
-    /// The acceleration as its slider shows it.
+    /// Stores the slider's acceleration.
     void storeAcceleration();
-    /// Whether the pointer is accelerated at all, as the box shows it.
+    /// Stores the check box for acceleration.
     void storeAccelerated();
-    /// Whether changes of the sensitivity are displayed, as the box shows it.
+    /// Stores the check box for displaying changes of sensitivity.
     void storeDisplay();
 
-    /// Makes the stage that the mouse runs the current one, when it runs the current profile; both are
-    /// counted from 1, 0 when it is not known. Does nothing while a sheet is up. Nothing is saved: the mouse
-    /// has it, and the next save brings it along.
+    /// Makes the mouse's running stage the current one if it runs the current profile; both count from 1, 0
+    /// for unknown. Does nothing while a sheet is open. Does not save: the mouse has the stage, and the next
+    /// save includes it.
     void followRunningStage(std::uint32_t profile, std::uint32_t stage);
 
   private:
     void commitResolution();
     [[nodiscard]] bool isCurrentProfile(std::uint32_t number) const;
     [[nodiscard]] QString accelerationText(float factor) const;
+    [[nodiscard]] QList<StageField> stageFields() const;
 
     Document& m_document;
     PanelText m_text;

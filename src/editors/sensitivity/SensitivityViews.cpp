@@ -1,5 +1,5 @@
-// What the sensitivity tab shows: its controls, the sensitivity as text, the stages as a bar, the
-// acceleration as a curve.
+// Shows the sensitivity tab: its controls, the sensitivity as text, the stages as a bar, the acceleration as
+// a curve.
 
 #include <QLabel>
 
@@ -13,24 +13,13 @@
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/StageBar.h"
+#include "window/ShownNumber.h"
 #include "window/StageText.h"
 #include "window/Unread.h"
 
 namespace quorvi {
 
 namespace {
-
-/// The device carries five stages; a longer list is not worth drawing.
-QList<StageField> stageFields(const plist::Array& stages) {
-    QList<StageField> fields;
-    for (std::size_t index = 0; index < std::min<std::size_t>(stages.size(), limits::stages); ++index) {
-        const plist::Dictionary stage = stages.dictionary(index);
-        fields << StageField{.text = stageShortText(stage),
-            .x = stage.integer(keys::dpiX),
-            .y = stage.boolean(keys::independentXY) ? stage.integer(keys::dpiY) : stage.integer(keys::dpiX)};
-    }
-    return fields;
-}
 
 constexpr float kNeutralFactor = 1.0F;
 
@@ -70,14 +59,30 @@ void SensitivityEditor::showResolution() {
         resolutionText(format, settings.integer(keys::dpiX), settings.integer(keys::dpiY)));
 }
 
+/// The device has five stages; do not draw more.
+QList<StageField> SensitivityEditor::stageFields() const {
+    const plist::Array& stages = m_document.stages();
+    QList<StageField> fields;
+    for (std::size_t index = 0; index < std::min<std::size_t>(stages.size(), limits::stages); ++index) {
+        const plist::Dictionary stage = stages.dictionary(index);
+        const int x = stage.integer(keys::dpiX);
+        fields << StageField{.text = stageShortText(stage, m_text),
+            .x = x,
+            .y = stage.boolean(keys::independentXY) ? stage.integer(keys::dpiY) : x,
+            .spoken = filledText(
+                m_text("Stage ^1: ^2"), {QString::number(index + 1), stageSpokenText(stage, m_text)})};
+    }
+    return fields;
+}
+
 void SensitivityEditor::showStages() {
     StageBar& bar = m_views.stages;
-    bar.setStages(stageFields(m_document.stages()), m_document.stageIndex());
+    bar.setStages(stageFields(), m_document.stageIndex());
     bar.setEnabled(m_document.hasDevice());
-    const QString all = bar.texts().join(QStringLiteral(", "));
+    const QString all = joinedText(m_text("^1, ^2, ^3"), bar.texts());
     bar.setAccessibleDescription(bar.currentStage() < 0
                                      ? all
-                                     : m_text("Stage %1 of %2 is the current one. All stages in DPI: %3")
+                                     : m_text("Stage %1 of %2 is current. All stages, in DPI: %3")
                                            .arg(bar.currentStage() + 1)
                                            .arg(bar.stages().size())
                                            .arg(all));
@@ -87,10 +92,10 @@ QString SensitivityEditor::accelerationText(float factor) const {
     if (!m_document.tree())
         return unreadText();
     if (factor != kNeutralFactor)
-        return m_text("At full speed of the hand the pointer goes %1 times as fast.")
-            .arg(double(factor), 0, 'f', 2);
-    return m_text(m_views.acceleration.isChecked() ? "The pointer follows the hand as it is, at every speed."
-                                                   : "Off: the pointer follows the hand as it is.");
+        return m_text("At the hand's full speed, the pointer moves %1 times as fast.")
+            .arg(withDecimalSign(QString::number(double(factor), 'f', 2)));
+    return m_text(m_views.acceleration.isChecked() ? "The pointer follows the hand unchanged at every speed."
+                                                   : "Off: the pointer follows the hand unchanged.");
 }
 
 void SensitivityEditor::showAcceleration() {

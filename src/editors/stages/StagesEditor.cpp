@@ -20,7 +20,7 @@ namespace quorvi {
 
 namespace {
 
-/// What the sliders show while no stage is selected, in DPI.
+/// The sliders' value while no stage is selected, in DPI.
 constexpr int kResolutionWithoutStage = 1500;
 
 } // namespace
@@ -31,19 +31,21 @@ StagesEditor::StagesEditor(const EditorContext& context, const Views& views)
     m_list.onSelectionChange([this] { followSelection(); });
 }
 
-void StagesEditor::edit() {
+void StagesEditor::editAt(std::int32_t stage) {
     if (m_stages.areOpen())
-        return; // the sheet is up
+        return; // the sheet is open
     const QPointer<StagesEditor> guard(this);
     const std::int32_t profile = m_document.profileIndex();
     m_stages.copyFrom(m_document);
+    if (stage != m_document.stageIndex())
+        m_stages.select(stage);
     show();
     const bool confirmed = m_sheets.run(&m_views.sheet) == QDialog::Accepted;
     if (!guard)
         return;
-    // The settings may have been read afresh while the sheet was up. The stages go into the tree that is
-    // there now, unless another profile has become the current one. A profile is its place in the list: its
-    // name may have been changed by another program.
+    // The settings may have been re-read during the sheet. Store the stages in the present tree, unless
+    // another profile has become current. A profile is identified by its place in the list, because another
+    // program may have renamed it.
     if (confirmed && m_document.profileIndex() == profile && m_stages.storeIn(m_document))
         m_document.commit({.action = actionName(m_text("Change Stages"))});
     close();
@@ -91,7 +93,8 @@ void StagesEditor::show() {
     const auto count = static_cast<std::int64_t>(m_stages.stages().size());
     const plist::Dictionary stage = m_stages.stage();
     const bool independent = stage.boolean(keys::independentXY);
-    // Quietly: a list that is empty because the mouse is away must not make the first stage the current one.
+    // Quietly: a list that is empty because the mouse is unplugged must not make the first stage the current
+    // one.
     m_list.reloadQuietly();
     if (m_stages.index() >= 0)
         m_views.table.selectRowAlone(m_stages.index());

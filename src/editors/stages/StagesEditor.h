@@ -16,7 +16,7 @@ namespace quorvi {
 class CheckBox;
 class KyvarQuorviSlider;
 
-/// All but edit() does nothing while the sheet is closed.
+/// All functions except edit() do nothing while the sheet is closed.
 class StagesEditor final : public QObject {
   public:
     struct Views {
@@ -32,17 +32,19 @@ class StagesEditor final : public QObject {
 
     StagesEditor(const EditorContext& context, const Views& views);
 
-    /// Lets the user edit copies of the stages; OK stores them and saves, anything else forgets them. Returns
-    /// when the sheet is closed, which the editor itself may not outlive.
-    void edit();
+    /// Lets the user edit copies of the stages; OK stores and saves them, anything else discards them.
+    /// Returns when the sheet is closed; the editor may be destroyed before.
+    void edit() { editAt(m_document.stageIndex()); }
+    /// The same with that stage selected, from 0; one that does not exist leaves the current one selected.
+    void editAt(std::int32_t stage);
     /// Shows the copies.
     void show();
 
-    /// Makes the stage the current one, and the one that the profile starts in; nothing for another index.
+    /// Makes the stage the current one and the profile's default. Does nothing if the index is out of range.
     void select(std::int32_t index) { m_stages.select(index); }
     void add();
     void remove();
-    /// The resolution of the current stage, in DPI, for X; for Y as well while it has no axes of their own.
+    /// The resolution of the current stage, in DPI, for X; for Y too unless it has separate axes.
     void setX(int resolution);
     void setY(int resolution);
     void setIndependentAxes(bool independent);
