@@ -1,58 +1,26 @@
-// What the panel draws itself stands out from what is behind it, in a light, a dark and high-contrast
-// palettes: signs by 3 to 1, texts by 4.5 to 1, and both by 7 to 1 where the palette is of high contrast.
+// The contrast of the panel's own drawings with their backgrounds, in a light, a dark and high-contrast
+// palettes: at least 3:1 for signs and 4.5:1 for texts, and 7:1 for both in high-contrast palettes.
 
 #include <QPainter>
+#include <QStandardItemModel>
 
-#include "design/Languages.h"
+#include "design/Themes.h"
 #include "widgets/AccelerationCurve.h"
+#include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MouseDrawing.h"
 #include "widgets/MouseLights.h"
 #include "widgets/StageBar.h"
 #include "widgets/StateLabel.h"
+#include "widgets/StepsTimeline.h"
 #include "widgets/SymbolIcon.h"
 #include "widgets/ThemeColours.h"
+#include "widgets/WarningSign.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
+using namespace quorvi::test;
 
 namespace {
-
-struct Theme {
-    const char* name;
-    const char* window;
-    const char* base;
-    const char* button;
-    const char* text;
-    const char* highlight;
-    const char* highlightedText;
-    bool highContrast;
-};
-
-// The first four as these styles and desktops have them.
-constexpr Theme kThemes[] = {
-    {"Fusion", "#efefef", "#ffffff", "#efefef", "#000000", "#308cc6", "#ffffff", false},
-    {"Adwaita dark", "#353535", "#2d2d2d", "#373737", "#eeeeec", "#15539e", "#ffffff", false},
-    {"Breeze light", "#eff0f1", "#fcfcfc", "#fcfcfc", "#232629", "#3daee9", "#ffffff", false},
-    {"Breeze dark", "#2a2e32", "#1b1e20", "#31363b", "#fcfcfc", "#3daee9", "#fcfcfc", false},
-    {"yellow marks", "#f0f0f0", "#ffffff", "#e0e0e0", "#202020", "#ffe680", "#000000", false},
-    {"black on white", "#ffffff", "#ffffff", "#ffffff", "#000000", "#0000ff", "#ffffff", true},
-    {"white on black", "#000000", "#000000", "#000000", "#ffffff", "#00007f", "#ffffff", true},
-    {"marks like the text", "#000000", "#000000", "#000000", "#ffffff", "#ffffff", "#000000", true},
-};
-
-QPalette paletteOf(const Theme& theme) {
-    QPalette palette(QColor(theme.button), QColor(theme.window));
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        palette.setColor(group, QPalette::Window, theme.window);
-        palette.setColor(group, QPalette::Base, theme.base);
-        palette.setColor(group, QPalette::Button, theme.button);
-        palette.setColor(group, QPalette::Highlight, theme.highlight);
-        palette.setColor(group, QPalette::HighlightedText, theme.highlightedText);
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-            palette.setColor(group, role, theme.text);
-    }
-    return palette;
-}
 
 /// The widget as it stands in a window of these colours.
 QImage pictureOf(QWidget& widget, const QPalette& palette) {
@@ -107,6 +75,8 @@ class ContrastTest : public QObject {
         QVERIFY(contrastOf(lineOnWindow(palette(), 0.1), window) >= sign);
         QVERIFY(contrastOf(lineOnWindow(palette(), 0.1), base) >= sign);
         QVERIFY(contrastOf(mutedTextColour(palette()), base) >= texts());
+        QVERIFY(contrastOf(mutedTextOnWindow(palette()), window) >= texts());
+        QCOMPARE(mutedTextOnWindow(palette()) == palette().color(QPalette::WindowText), theme().highContrast);
         QVERIFY(
             contrastOf(markGroundColour(palette()), palette().color(QPalette::HighlightedText)) >= texts());
         for (const char* colour : {"#d02f2f", "#808080", "#ffffff", "#000000"})
@@ -135,7 +105,7 @@ class ContrastTest : public QObject {
         const QColor window = palette().color(QPalette::Window);
         for (const bool lit : {false, true}) {
             MouseLights mouse;
-            mouse.resize(2 * mouseSheet.toSize());
+            mouse.resize(2 * mouseSheet.size().toSize());
             mouse.setLights(lit, lit);
             const QImage picture = pictureOf(mouse, palette());
             const auto at = [&](qreal x, qreal y) { return sheetOn(mouse.size()).map(QPointF(x, y)); };
@@ -150,7 +120,7 @@ class ContrastTest : public QObject {
     void theNumbersOnTheMouseAreRead_data() { eachTheme(); }
     void theNumbersOnTheMouseAreRead() {
         for (const BadgeState state : {BadgeState::Plain, BadgeState::Marked, BadgeState::Pressed}) {
-            QImage picture(mouseSheet.toSize() * 3, QImage::Format_RGB32);
+            QImage picture(QSize(220, 330) * 3, QImage::Format_RGB32);
             picture.fill(palette().color(QPalette::Window));
             QPainter painter(&picture);
             painter.scale(3, 3);
@@ -166,6 +136,33 @@ class ContrastTest : public QObject {
                     (state == BadgeState::Plain ? signs() : 1.0));
             QVERIFY(contrastNear(picture, middle, ground, 14) >= texts());
         }
+    }
+
+    void whatWarnsIsRead_data() { eachTheme(); }
+    void whatWarnsIsRead() {
+        QVERIFY(contrastOf(warningGroundColour(), warningTextColour()) >= texts());
+        StateLabel label;
+        label.setText("■■■■■■■■");
+        label.setAlignment(Qt::AlignCenter);
+        label.resize(200, 30);
+        label.setWarning(true);
+        const QImage picture = pictureOf(label, palette());
+        const QColor ground = picture.pixelColor(2, 2);
+        QCOMPARE(ground, warningGroundColour());
+        QVERIFY(contrastNear(picture, {100, 15}, ground, 20) >= texts());
+    }
+
+    void theSignOfAFaultIsSeen_data() { eachTheme(); }
+    void theSignOfAFaultIsSeen() {
+        const QColor window = palette().color(QPalette::Window);
+        QImage picture(64, 64, QImage::Format_RGB32);
+        picture.fill(window);
+        QPainter painter(&picture);
+        drawWarningSign(painter, picture.rect(), palette().color(QPalette::WindowText));
+        painter.end();
+        QVERIFY(contrastNear(picture, {32, 56}, window) >= signs());                   // its outline
+        QVERIFY(contrastNear(picture, {32, 40}, warningGroundColour(), 6) >= signs()); // what is in it
+        QVERIFY(contrastNear(picture, {4, 4}, window) < 1.01);
     }
 
     void theStagesAreRead_data() { eachTheme(); }
@@ -199,21 +196,88 @@ class ContrastTest : public QObject {
         QVERIFY(contrastNear(picture, curve.pointAt(0.7, 1.0), base, 12) >= signs());
     }
 
+    void theTimelineIsRead_data() { eachTheme(); }
+    void theTimelineIsRead() {
+        StepsTimeline timeline;
+        timeline.resize(400, timeline.sizeHint().height());
+        TimelineContent content;
+        content.timeline = {.delays = {60, 60, 60, 2000},
+            .laneOfStep = {0, 0, 0, 0},
+            .lanes = {{LaneKind::buttons, 0}},
+            .bars = {{0, 0, 1, BarKind::held, 1}, {0, 2, std::nullopt, BarKind::staysDown, 0}}};
+        content.laneNames = QStringList("Mouse");
+        timeline.setContent(content);
+        timeline.ensurePolished();
+        const QColor base = palette().color(QPalette::Base);
+        const auto inView = [&](const QPoint& point) { return timeline.viewport()->mapTo(&timeline, point); };
+        const auto middle = [&](int step) { return QPointF(inView(timeline.barOf(step).center())); };
+        const QPoint ground = inView(timeline.barOf(0).topLeft() + QPoint(6, 4)) * 2;
+        const QImage plain = pictureOf(timeline, palette());
+        const QColor tint = tintColour(palette());
+        QCOMPARE(plain.pixelColor(ground), tint);
+        QVERIFY(contrastNear(plain, middle(0), tint, 12) >= texts());
+        QVERIFY(contrastNear(plain, QPointF(inView(timeline.edgeOf(1))), base) >= signs()); // the outline
+        QVERIFY(contrastNear(plain, middle(2), base, 12) >= signs());                       // the hatching
+        const QPointF delay(
+            (timeline.edgeOf(0).x() + timeline.edgeOf(1).x()) / 2.0, timeline.edgeOf(4).y() + 3);
+        QVERIFY(contrastNear(plain, delay, base, 12) >= texts());
+        timeline.setSelectedSteps({0, 1}, 0);
+        const QImage selected = pictureOf(timeline, palette());
+        const QColor mark = markGroundColour(palette());
+        QCOMPARE(selected.pixelColor(ground), mark);
+        QVERIFY(contrastNear(selected, middle(0), mark, 12) >= texts());
+    }
+
     void theSignsOnButtonsAreSeen_data() { eachTheme(); }
     void theSignsOnButtonsAreSeen() {
         const QPalette before = QApplication::palette();
         QApplication::setPalette(palette());
-        for (const Symbol symbol :
-            {Symbol::Add, Symbol::Remove, Symbol::Gear, Symbol::Record, Symbol::Undo, Symbol::Redo}) {
+        for (int symbol = 0; symbol <= int(Symbol::Close); ++symbol) {
             QImage picture(48, 48, QImage::Format_RGB32);
             const QColor button = palette().color(QPalette::Button);
             picture.fill(button);
             QPainter painter(&picture);
-            symbolIcon(symbol).paint(&painter, picture.rect());
+            symbolIcon(Symbol(symbol)).paint(&painter, picture.rect());
             painter.end();
             QVERIFY(contrastNear(picture, {24, 24}, button, 20) >= signs());
         }
         QApplication::setPalette(before);
+    }
+
+    void aSelectedRowIsReadWithoutTheFocusToo_data() { eachTheme(); }
+    void aSelectedRowIsReadWithoutTheFocusToo() {
+        KyvarQuorviTableView table;
+        QStandardItemModel rows(2, 1);
+        for (int row = 0; row < 2; ++row)
+            rows.setItem(row, 0, new QStandardItem("■■■■■■■■"));
+        table.setModel(&rows);
+        table.resize(200, 120);
+        QPalette faded = palette(); // as styles fade what has no focus
+        faded.setColor(QPalette::Inactive, QPalette::Highlight,
+            mixed(0.5, faded.color(QPalette::Highlight), faded.color(QPalette::Base)));
+        faded.setColor(QPalette::Inactive, QPalette::HighlightedText, faded.color(QPalette::Text));
+        table.setPalette(faded);
+        table.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&table));
+        table.selectRowAlone(0);
+        table.clearFocus();
+        const QRect row = table.visualRect(rows.index(0, 0));
+        const QRect place(table.viewport()->mapTo(&table, row.topLeft()), row.size());
+        QImage picture(table.size() * 2, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(2);
+        for (const bool active : {true, false}) {
+            QWidget other;
+            if (!active) {
+                other.show();
+                other.activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&other));
+            }
+            table.render(&picture);
+            const QColor ground = picture.pixelColor((QPoint(place.right() - 4, place.center().y()) * 2));
+            QCOMPARE(ground, markGroundColour(palette()));
+            QVERIFY(
+                contrastNear(picture, QPointF(place.left() + 24, place.center().y()), ground, 20) >= texts());
+        }
     }
 
     void theStateOfARecordingIsRead_data() { eachTheme(); }
@@ -228,10 +292,7 @@ class ContrastTest : public QObject {
     }
 
   private:
-    static const Theme& theme() {
-        return *std::find_if(std::begin(kThemes), std::end(kThemes),
-            [](const Theme& one) { return QString(one.name) == QTest::currentDataTag(); });
-    }
+    static const Theme& theme() { return themeNamed(QTest::currentDataTag()); }
     static QPalette palette() { return paletteOf(theme()); }
     static qreal signs() { return theme().highContrast ? 7.0 : 3.0; }
     static qreal texts() { return theme().highContrast ? 7.0 : 4.5; }

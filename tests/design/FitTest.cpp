@@ -2,7 +2,6 @@
 // 600 and no text is cut.
 
 #include <QAbstractButton>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QStackedWidget>
@@ -14,13 +13,17 @@
 #include "editors/backups/BackupPanel.h"
 #include "editors/backups/EarlierPanel.h"
 #include "editors/backups/SentenceList.h"
+#include "editors/macros/FactorPanel.h"
 #include "support/TemporaryFolder.h"
 #include "widgets/AccelerationCurve.h"
+#include "widgets/FaultLine.h"
 #include "widgets/FilledText.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MiceList.h"
 #include "widgets/NoticeBar.h"
+#include "widgets/Section.h"
 #include "widgets/StageBar.h"
+#include "widgets/StateLabel.h"
 #include "widgets/TableColumns.h"
 #include "widgets/WidgetTestMain.h"
 
@@ -57,8 +60,8 @@ QString cutOf(const QWidget& widget) {
         wanted = widget.sizeHint();
     } else if (qobject_cast<const StageBar*>(&widget) || qobject_cast<const AccelerationCurve*>(&widget)) {
         wanted = widget.minimumSizeHint();
-    } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
-        wanted = QSize(group->fontMetrics().horizontalAdvance(group->title()), 0);
+    } else if (const auto* group = qobject_cast<const Section*>(&widget)) {
+        wanted = group->minimumSizeHint();
     } else if (const auto* header = qobject_cast<const QHeaderView*>(&widget)) {
         for (int section = 0; section < header->count(); ++section)
             if (header->orientation() == Qt::Horizontal &&
@@ -157,11 +160,11 @@ class FitTest : public QObject {
             {"All numbers have been asked for.", "Press the button that should be number ^1, or skip."})
             show(views.textSetUpQuestion, question);
         for (const char* note :
-            {"A key was typed. If it was by the mouse, press the same button of it once more.",
-                "Press with the pointer on this window, beside its buttons.",
-                "Somebody else is at the computer, or the service for mice has ended.",
+            {"A key was pressed. If the mouse did that, press the same mouse button again.",
+                "Press with the pointer over this window, but not over its buttons.",
+                "Someone else is using the computer, or the service for mice has stopped.",
                 "Another program is setting up a mouse. Try again when it has finished.",
-                "What you chose for the mouse could not be saved."})
+                "Your choice for the mouse could not be saved."})
             show(views.textSetUpNote, note);
         QVERIFY(sheet->width() <= kScreen.width() - kDecoration.width());
         QVERIFY(sheet->height() <= kScreen.height() - kDecoration.height());
@@ -194,16 +197,21 @@ class FitTest : public QObject {
         setInterfaceTextLookup([&](const QString& english) { return spoken.text(english); });
         const QStringList differences(
             40, filledText(text("The macro “^1” is left out: it has more than 16 steps."), {name}));
-        BackupPanel backup(nullptr, {.question = text("Restore the settings of this backup?\r\r^1") + name,
+        BackupPanel backup(nullptr, {.question = text("Restore the settings in this backup?\r\r^1") + name,
                                         .differences = differences,
                                         .leftOut = differences.mid(0, 3).join('\n')});
         EarlierPanel empty(nullptr, {.history = none, .now = tree, .text = text});
         EarlierPanel earlier(nullptr, {.history = none, .now = tree, .text = text});
+        FactorPanel factor(nullptr,
+            {.request = text("Multiply the delays of the selected steps by:"),
+                .hint = filledText(text("A number such as ^1 for half as long, or ^2 for twice as long."),
+                    {QStringLiteral("0.5"), QStringLiteral("2")})},
+            u'.');
         setInterfaceTextLookup(nullptr);
         auto* copies = earlier.findChild<QStackedWidget*>("stackEarlier");
         copies->setCurrentIndex(0);
         for (QDialog* sheet : {static_cast<QDialog*>(&backup), static_cast<QDialog*>(&empty),
-                 static_cast<QDialog*>(&earlier)}) {
+                 static_cast<QDialog*>(&earlier), static_cast<QDialog*>(&factor)}) {
             sheet->setLayoutDirection(spoken.view->layoutDirection());
             sheet->show();
             QVERIFY(QTest::qWaitForWindowExposed(sheet));
@@ -270,12 +278,15 @@ class FitTest : public QObject {
     void whatCameOfAnImportOrExportIsUncut() {
         const Panel panel;
         panel.open(kOpens);
-        NoticeBar bar({.dismiss = panel.spoken.text("OK"), .offer = panel.spoken.text("Undo")}, panel.view());
+        NoticeBar bar({.dismiss = panel.spoken.text("Close message"),
+                          .dismissTip = panel.spoken.text("Closes this message."),
+                          .offer = panel.spoken.text("Undo")},
+            panel.view(), panel.spoken.views->main.quorviTabsMain->pages());
         const QString name(20, 'W');
         const QString path = "~/" + QString(30, 'W') + "/" + name + ".quorviProfile";
         for (const char* english : {"The profile “^1” was exported to ^2.", "“^1” was not exported to ^2: ^3",
-                 "“^1” was not exported: there is a file ^2 already.",
-                 "The profile “^1” was imported. Buttons that run a macro which is not there: ^2"}) {
+                 "“^1” was not exported: there is already a file ^2.",
+                 "The profile “^1” was imported. Buttons whose macro is missing: ^2"}) {
             bar.tell(
                 0, {.text = filledText(panel.spoken.text(english), {name, path, "No space left on device"}),
                        .sign = NoticeSign::warning,
@@ -285,11 +296,70 @@ class FitTest : public QObject {
         }
         for (const char* english : {"^1 was not imported: it is damaged or of another kind.",
                  "^1 was not imported: its macro has more than 16 steps.",
-                 "^1 was not imported: there are 12 macros already, which is the most."}) {
+                 "^1 was not imported: there are already 12 macros, the maximum."}) {
             bar.tell(
                 0, {.text = filledText(panel.spoken.text(english), {path}), .sign = NoticeSign::warning});
             QTRY_COMPARE(cutIn(bar).join("; "), QString());
         }
+    }
+
+    void whatARecordingOffersIsUncut_data() { eachLanguageIn(fonts(1)); }
+    void whatARecordingOffersIsUncut() {
+        const Panel panel;
+        panel.open(kOpens);
+        NoticeBar bar({.dismiss = panel.spoken.text("Close message"),
+                          .dismissTip = panel.spoken.text("Closes this message."),
+                          .offer = panel.spoken.text("Undo")},
+            panel.view(), panel.spoken.views->main.quorviTabsMain->pages());
+        const QString keys =
+            filledText(panel.spoken.text("The recording ended before all keys were released: ^1."),
+                {"Shift, Num Lock, Page Down, Caps Lock"});
+        for (const char* offer : {"Add the Missing Releases", "Repair the Macro", "Remove the Press",
+                 "Add the Missing Release", "Remove Caps Lock"})
+            for (const QString& text : {keys + ' ' + panel.spoken.text("There is no room for every release."),
+                     panel.spoken.text("Caps Lock was on, so the new steps press it too.")}) {
+                bar.tell(0, {.text = text,
+                                .sign = NoticeSign::warning,
+                                .offer = [] {},
+                                .offerTitle = panel.spoken.text(offer)});
+                QTRY_COMPARE(cutIn(bar).join("; "), QString());
+                QVERIFY(bar.height() < panel.view().height() / 4);
+            }
+    }
+
+    void theFaultsOfAMacroFitASmallScreenUncut_data() { eachLanguageIn(fonts(1)); }
+    void theFaultsOfAMacroFitASmallScreenUncut() {
+        const Panel panel;
+        auto& main = panel.spoken.views->main;
+        main.quorviTabsMain->setCurrentIndex(3);
+        panel.open(kOpens);
+        const auto text = [&](const char* english, const QStringList& parts = {}) {
+            return filledText(panel.spoken.text(english), parts);
+        };
+        const QString more = ' ' + text("And ^1 more.", {"15"});
+        const std::array lines{
+            std::pair(
+                text("Step ^1 presses ^2, but nothing releases it.", {"16", text("mouse button ^1", {"5"})}) +
+                    more,
+                "Add the Missing Release"),
+            std::pair(text("Step ^1 presses ^2, but nothing releases it.", {"16", "Num Lock"}) + ' ' +
+                          text("There is no room for the release.") + more,
+                "Remove the Press"),
+            std::pair(text("Step ^1 releases ^2, but nothing has pressed it.", {"16", "Num Lock"}) + more,
+                "Remove the Release"),
+            std::pair(text("Step ^1 is the last one, so nothing waits for its delay.", {"16"}) + more,
+                "Remove the Delay"),
+        };
+        for (const auto& [line, title] : lines) {
+            main.viewStepFault->say(line, panel.spoken.text(title));
+            QTRY_COMPARE(cutIn(panel.view()).join("; "), QString());
+            QVERIFY2(panel.view().height() <= kScreen.height() - kDecoration.height(),
+                qPrintable(panel.heights()));
+            QVERIFY(panel.view().width() <= kScreen.width() - kDecoration.width());
+        }
+        const QString input = text("Turning the wheel down in “^1”", {QString(20, 'W')});
+        main.viewStepFault->say(text("^1 runs this macro, which has no steps yet.", {input}) + more, {});
+        QTRY_COMPARE(cutIn(panel.view()).join("; "), QString());
     }
 
     void theStateOfARecordingIsUncut_data() { eachLanguageIn(fonts(1)); }
@@ -299,9 +369,9 @@ class FitTest : public QObject {
         panel.spoken.views->main.quorviTabsMain->setCurrentIndex(3);
         QLabel* state = panel.spoken.views->main.textRecording;
         for (const char* english : {"Recording: 1 step left", "Recording: ^1 steps left",
-                 "Recording: no steps left", "Recording over step ^1"}) {
+                 "Recording: the macro is full", "Recording step ^1 again"}) {
             state->setText(panel.spoken.text(english).replace("^1", "16") + QStringLiteral(" \u00B7 ") +
-                           panel.spoken.text("hold Esc to stop"));
+                           panel.spoken.text("■ or hold Esc to stop"));
             QCoreApplication::processEvents();
             QTRY_COMPARE(cutOf(*state), QString());
         }
@@ -321,7 +391,7 @@ class FitTest : public QObject {
             }
             auto& main = spoken.views->main;
             main.quorviTextConnection->setText(
-                spoken.text("Switch the mouse on, and plug its cable or its receiver in."));
+                spoken.text("Switch the mouse on and plug in its cable or receiver."));
             // Five of the longest.
             const StageField widest{"6475 × 6450", 6475, 6450};
             main.quorviViewStages->setStages({widest, widest, widest, widest, widest}, 0);
@@ -347,8 +417,8 @@ class FitTest : public QObject {
                     cuts << cutIn(view());
                 }
                 main.textProfilesHint->setText(
-                    spoken.text("Add a profile with the + button for each other way of using the mouse. "
-                                "The gear button assigns it an application."));
+                    spoken.text("Add a profile for each way you use the mouse. The “Application…” button "
+                                "assigns it an application."));
                 showWhatTheHelperTells();
             }
             cuts.removeDuplicates();
@@ -364,12 +434,13 @@ class FitTest : public QObject {
             };
             show(main.textRunningProfile, "Running now: ^1 – because ^2 is in front");
             show(main.textFrontHindrance,
-                "GNOME tells which application is in front by an extension, which is switched off.");
+                "GNOME needs an extension to report which application is in front, and it is turned off.");
             main.quorviButtonGnomeExtension->show();
+            main.viewFrontHindrance->show();
             show(main.textPollingHint, "No program can set the polling rate of the mouse in use.");
-            show(main.textLightsHint, "No program can switch the lights of the mouse in use.");
+            show(main.textLightsHint, "No program can control the lights of the mouse in use.");
             const QString detail = spoken.text("Bluetooth") + QStringLiteral(" \u00B7 ") +
-                                   spoken.text("In use as soon as all its buttons are up");
+                                   spoken.text("In use once all its buttons are released");
             QList<MouseLine> mice;
             for (const char* id : {"1", "2", "3", "4"})
                 mice << MouseLine{id, name + name, detail, true, true};

@@ -1,4 +1,4 @@
-// The English table against the sources: what they look up is in it, and nothing else is.
+// Compares the English table with the sources: it has exactly the texts that they look up.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,6 +21,10 @@ const std::set<std::string, std::less<>> kTakersOfTexts{"locString", "interfaceT
 
 // Every UTF-16 text in it is a name of a key.
 constexpr std::string_view kNamesOfKeys = "KeyNames.cpp";
+
+// Texts that are asked for by locString() from outside, to be followed by a blank and a name. The panel
+// itself uses the patterns, such as "Press ^1".
+const std::set<std::string, std::less<>> kForOthers{"Press", "Release", "Press button", "Profile:", "Macro:"};
 
 struct Source {
     std::string name;
@@ -75,7 +79,7 @@ TEST(EnglishTexts, areUsed) {
         for (const Literal& literal : literalsIn(source.content))
             used.insert(literal.text);
     for (const auto& [key, text] : readStringTable("en"))
-        EXPECT_TRUE(used.contains(key)) << key << " is not used";
+        EXPECT_TRUE(used.contains(key) || kForOthers.contains(key)) << key << " is not used";
 }
 
 TEST(SourceTexts, areReadAsTheCompilerReadsThem) {

@@ -1,5 +1,5 @@
-// What holds for the help pages of every language: that they are whole, lead somewhere, and call things what
-// the panel calls them.
+// Rules for the help pages of every language: they are complete, their links work, and they use the panel's
+// names.
 #include "resources/HelpPages.h"
 
 #include <QLocale>
@@ -199,7 +199,7 @@ TEST_P(HelpPages, describeTheirPicturesAndGiveThemRoom) {
 
 TEST_P(HelpPages, nameControlsAndKeysAsThePanelDoes) {
     auto shown = shownTexts();
-    for (const char* key : {"F1", "F2", "C", "D", "V", "X"}) // as they stand on every keyboard
+    for (const char* key : {"F1", "F2", "C", "D", "V", "X", "+"}) // as they stand on every keyboard
         shown.insert(key);
     for (const auto& [name, page] : m_pages)
         for (const auto& elements : {page.all("b", "ui"), page.all("kbd")})

@@ -4,7 +4,9 @@
 #include <QWindow>
 
 #include "resources/Interface.h"
+#include "widgets/InputLabel.h"
 #include "widgets/InputLines.h"
+#include "widgets/Metrics.h"
 #include "widgets/MouseDrawing.h"
 #include "widgets/MouseView.h"
 #include "widgets/WidgetTestMain.h"
@@ -14,11 +16,6 @@ using namespace quorvi;
 namespace {
 
 constexpr QPoint emptyPlace(110, 235); // on the drawing's sheet: no input is near
-
-bool cross(const QLineF& a, const QLineF& b) {
-    QPointF where;
-    return a.intersects(b, &where) == QLineF::BoundedIntersection;
-}
 
 QImage shown(QWidget* widget) {
     return widget->grab().toImage();
@@ -56,39 +53,19 @@ class InputsTest : public QObject {
         QFETCH(QSize, size);
         resizeTo(size);
         for (int input = 1; input <= mouseInputs; ++input) {
-            const QLineF line = lines()->lineOf(input);
+            const QPolygonF line = lines()->lineOf(input);
             const QRectF control(
                 popUp(input)->mapTo(lines()->parentWidget(), QPoint()), popUp(input)->size());
             const QPointF middle =
                 drawing()->mapTo(lines()->parentWidget(), QPoint()) + drawing()->middleOfInput(input);
             const bool onTheLeft = control.center().x() < middle.x();
-            QCOMPARE(line.x1(), onTheLeft ? control.right() : control.left());
-            QCOMPARE(line.y1(), control.center().y());
-            QVERIFY(qAbs(QLineF(line.p2(), middle).length() - drawing()->radiusOfInput()) < 0.01);
-            QVERIFY(line.length() > drawing()->radiusOfInput());
+            QCOMPARE(line.size(), 3);
+            QCOMPARE(
+                line.first(), QPointF(onTheLeft ? control.right() : control.left(), control.center().y()));
+            QCOMPARE(line.at(1) - line.first(), QPointF(onTheLeft ? metrics::knee : -metrics::knee, 0));
+            QVERIFY(qAbs(QLineF(line.last(), middle).length() - drawing()->radiusOfInput()) < 0.01);
         }
         QCOMPARE(lines()->geometry(), lines()->parentWidget()->rect());
-    }
-
-    void linesCrossNeitherEachOtherNorOtherInputsNorControls_data() { addSizes(); }
-
-    void linesCrossNeitherEachOtherNorOtherInputsNorControls() {
-        QFETCH(QSize, size);
-        resizeTo(size);
-        for (int input = 1; input <= mouseInputs; ++input) {
-            const QLineF line = lines()->lineOf(input);
-            const QRectF bounds = QRectF(line.p1(), line.p2()).normalized();
-            for (int other = 1; other <= mouseInputs; ++other) {
-                if (other == input)
-                    continue;
-                const QByteArray pair = QByteArray::number(input) + " and " + QByteArray::number(other);
-                QVERIFY2(!cross(line, lines()->lineOf(other)), pair);
-                QVERIFY2(distanceToInput(line, other) > drawing()->radiusOfInput() + 2, pair);
-                const auto* label = m_view->findChild<QLabel*>(QString("labelInput%1").arg(other));
-                QVERIFY2(!bounds.intersects(QRectF(label->geometry())), pair);
-                QVERIFY2(!bounds.intersects(QRectF(popUp(other)->geometry())), pair);
-            }
-        }
     }
 
     void theDrawingFitsBetweenItsColumns_data() { addSizes(); }
@@ -96,8 +73,7 @@ class InputsTest : public QObject {
     void theDrawingFitsBetweenItsColumns() {
         QFETCH(QSize, size);
         resizeTo(size);
-        QVERIFY(drawing()->rect().contains(
-            drawing()->fromSheet().mapRect(QRectF(QPointF(), mouseSheet)).toRect()));
+        QVERIFY(drawing()->rect().contains(drawing()->fromSheet().mapRect(mouseSheet).toRect()));
         for (const int left : {1, 3, 4, 5})
             QVERIFY(popUp(left)->geometry().right() < drawing()->geometry().left());
         for (const int right : {2, 6, 7, 8, 9})
@@ -115,6 +91,28 @@ class InputsTest : public QObject {
         QTRY_VERIFY(marked().isEmpty());
         QCOMPARE(shown(drawing()), plain);
         QCOMPARE(shown(lines()), plainLines);
+    }
+
+    void pointingAnywhereMarksTheNumberTheNameTheLineAndThePopUp() {
+        for (const int input : {4, 9}) {
+            auto* name = m_view->findChild<InputLabel*>(QString("labelInput%1").arg(input));
+            const QPoint places[] = {inWindow(name, name->rect().center()),
+                inWindow(popUp(input), popUp(input)->rect().center()), placeInWindow(input)};
+            const QRect around = popUp(input)->geometry().adjusted(-3, -3, 3, 3);
+            QTest::mouseMove(m_view->windowHandle(), QPoint(3, 3));
+            QTRY_VERIFY(marked().isEmpty());
+            const QImage plainName = shown(name);
+            const QImage plainFrame = shown(lines()).copy(around);
+            for (const QPoint& place : places) {
+                QTest::mouseMove(m_view->windowHandle(), place);
+                QTRY_VERIFY(marked() == QList<int>{input});
+                QVERIFY(name->isMarked());
+                QVERIFY(shown(name) != plainName);
+                QVERIFY(shown(lines()).copy(around) != plainFrame);
+                QTest::mouseMove(m_view->windowHandle(), QPoint(3, 3));
+                QTRY_VERIFY(!name->isMarked());
+            }
+        }
     }
 
     void theFocusMarksUntilSomethingElseIsPointedAt() {
@@ -266,15 +264,6 @@ class InputsTest : public QObject {
     QPoint inWindow(QWidget* widget, const QPoint& point) { return widget->mapTo(m_view.get(), point); }
     QPoint placeInWindow(int input) { return inWindow(drawing(), drawing()->middleOfInput(input).toPoint()); }
     QPoint emptyPlaceInWindow() { return inWindow(drawing(), drawing()->fromSheet().map(emptyPlace)); }
-
-    qreal distanceToInput(const QLineF& line, int input) {
-        const QPointF middle =
-            drawing()->mapTo(lines()->parentWidget(), QPoint()) + drawing()->middleOfInput(input);
-        qreal nearest = line.length();
-        for (int step = 0; step <= 200; ++step)
-            nearest = qMin(nearest, QLineF(line.pointAt(step / 200.0), middle).length());
-        return nearest;
-    }
 
     std::unique_ptr<QWidget> m_view;
     std::unique_ptr<Interface> m_interface;

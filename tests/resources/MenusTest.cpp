@@ -53,7 +53,8 @@ class MenusTest : public QObject {
         QCOMPARE(tagsOf(*m_menus.quorviMenuProfileGear), QList<int>({11, 15, 14, 16, 17, 12, 13, 18}));
         QCOMPARE(tagsOf(*m_menus.quorviMenuMacroGear), QList<int>({21, 24, 22, 23}));
         QCOMPARE(tagsOf(*m_menus.quorviMenuStepGear),
-            QList<int>({31, 32, 33, 34, 35, 36, 301, 302, 303, 304, 305, 306}));
+            QList<int>({31, 32, 320, 321, 322, 323, 324, 325, 326, 327, 330, 331, 332, 333, 334, 335, 336,
+                337, 308, 33, 34, 35, 307, 36, 301, 302, 303, 304, 305, 306}));
         const QString action = "actionMenuTableContext:";
         QVERIFY(everyItemSends(*m_menus.quorviMenuProfileGear, action));
         QVERIFY(everyItemSends(*m_menus.quorviMenuMacroGear, action));

@@ -12,6 +12,7 @@ struct Outlet {
 
 inline constexpr const char* popUp = "quorvi::PopUpButton";
 inline constexpr const char* slider = "quorvi::KyvarQuorviSlider";
+inline constexpr const char* number = "quorvi::NumberField";
 inline constexpr const char* table = "quorvi::KyvarQuorviTableView";
 inline constexpr const char* assignment = "actionMenuButtonAssignment:";
 inline constexpr const char* ok = "actionButtonModalOK:";
@@ -19,11 +20,12 @@ inline constexpr const char* cancel = "actionButtonModalCancel:";
 
 inline constexpr Outlet outlets[] = {
     {"quorviTabsMain", "quorvi::TabView"},
+    {"quorviMenuProfile", "quorvi::ProfileButton"},
     {"quorviTextProfile", "quorvi::LineLabel"},
     {"quorviTextConnection", "quorvi::WrappedLabel"},
-    {"quorviButtonUndo", "QPushButton", "actionButtonUndo:"},
-    {"quorviButtonRedo", "QPushButton", "actionButtonRedo:"},
-    {"quorviButtonHelp", "QPushButton", "actionButtonHelp:"},
+    {"quorviButtonUndo", "quorvi::FlatButton", "actionButtonUndo:"},
+    {"quorviButtonRedo", "quorvi::FlatButton", "actionButtonRedo:"},
+    {"quorviButtonHelp", "quorvi::FlatButton", "actionButtonHelp:"},
     {"quorviButtonCheckForUpdates", "QPushButton", "actionButtonCheckUpdates:"},
 
     {"quorviMenuTop1", popUp, assignment},
@@ -41,31 +43,40 @@ inline constexpr Outlet outlets[] = {
     {"quorviTextYLabel", "quorvi::LineLabel"},
     {"quorviSliderSensitivityX", slider, "actionSliderSensitivityX:"},
     {"quorviSliderSensitivityY", slider, "actionSliderSensitivityY:"},
+    {"quorviFieldSensitivityX", number},
+    {"quorviFieldSensitivityY", number},
     {"quorviBoxIndependentXY", "quorvi::CheckBox", "actionBoxIndependentXY:"},
     {"quorviViewStages", "quorvi::StageBar"},
     {"quorviButtonEditStages", "QPushButton", "actionButtonEditStages:"},
     {"quorviViewAcceleration", "quorvi::AccelerationCurve"},
     {"quorviBoxAcceleration", "quorvi::CheckBox", "actionBoxAcceleration:"},
     {"quorviSliderAcceleration", slider, "actionSliderAcceleration:"},
+    {"quorviFieldAcceleration", number},
     {"quorviBoxSensitivityOSD", "quorvi::CheckBox", "actionBoxSensitivityOSD:"},
 
     {"quorviButtonGnomeExtension", "QPushButton"},
     {"quorviTableProfiles", table, nullptr, 1},
-    {"quorviButtonProfileAdd", "QPushButton", "actionButtonProfileAdd:"},
-    {"quorviButtonProfileRemove", "QPushButton", "actionButtonProfileRemove:"},
+    {"quorviButtonProfileAdd", "quorvi::FlatButton", "actionButtonProfileAdd:"},
+    {"quorviButtonProfileRemove", "quorvi::FlatButton", "actionButtonProfileRemove:"},
+    {"quorviButtonProfileApplication", "quorvi::FlatButton", "actionButtonProfileApplication:"},
     {"quorviButtonProfileGear", "quorvi::MenuButton", "actionButtonProfileGear:"},
     {"quorviBoxProfileOSD", "quorvi::CheckBox", "actionBoxProfileOSD:"},
 
     {"quorviTableMacros", table, nullptr, 2},
-    {"quorviButtonMacroAdd", "QPushButton", "actionButtonMacroAdd:"},
-    {"quorviButtonMacroRemove", "QPushButton", "actionButtonMacroRemove:"},
+    {"quorviButtonMacroAdd", "quorvi::FlatButton", "actionButtonMacroAdd:"},
+    {"quorviButtonMacroRemove", "quorvi::FlatButton", "actionButtonMacroRemove:"},
+    {"quorviButtonMacroRecord", "QPushButton", "actionButtonMacroRecord:"},
     {"quorviButtonMacroGear", "quorvi::MenuButton", "actionButtonMacroGear:"},
     {"quorviTabsShowHideSteps", "QStackedWidget"},
+    {"quorviTimelineSteps", "quorvi::StepsTimeline"},
     {"quorviTableSteps", table, nullptr, 3},
-    {"quorviButtonStepAdd", "QPushButton", "actionButtonStepAdd:"},
-    {"quorviButtonStepRemove", "QPushButton", "actionButtonStepRemove:"},
+    {"quorviButtonMend", "QPushButton"},
+    {"quorviButtonStepAdd", "quorvi::FlatButton", "actionButtonStepAdd:"},
+    {"quorviButtonStepRemove", "quorvi::FlatButton", "actionButtonStepRemove:"},
     {"quorviButtonStepGear", "quorvi::MenuButton", "actionButtonStepGear:"},
     {"quorviButtonStepRecord", "quorvi::ToggleButton", "actionButtonStepRecord:"},
+    {"quorviButtonMacroPlay", "quorvi::ToggleButton", "actionButtonMacroPlay:"},
+    {"quorviFieldTrial", "quorvi::TrialField"},
 
     {"quorviMenuPollingRate", popUp, "actionMenuPollingRate:"},
     {"quorviBoxLightOnWheel", "quorvi::CheckBox", "actionBoxLightOnWheel:"},
@@ -78,7 +89,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviButtonRestoreDefaults", "QPushButton", "actionButtonRestoreDefaults:"},
 
     {"quorviPanelConfirm", "QDialog"},
-    {"quorviTextConfirm", "QLabel"},
+    {"quorviTextConfirm", "quorvi::QuestionText"},
     {"quorviConfirmButtonOK", "QPushButton", ok},
     {"quorviConfirmButtonCancel", "QPushButton", cancel},
     {"quorviPanelNoDevice", "QDialog"},
@@ -104,6 +115,8 @@ inline constexpr Outlet outlets[] = {
     {"quorviStageGroupSettings", "QGroupBox"},
     {"quorviStageSliderX", slider, "actionSliderStagesSensitivityX:"},
     {"quorviStageSliderY", slider, "actionSliderStagesSensitivityY:"},
+    {"quorviStageFieldX", number},
+    {"quorviStageFieldY", number},
     {"quorviStageBoxIndepXY", "quorvi::CheckBox", "actionBoxStagesIndependentXY:"},
     {"quorviStagesButtonOK", "QPushButton", ok},
     {"quorviStagesButtonCancel", "QPushButton", cancel},

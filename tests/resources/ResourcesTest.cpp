@@ -55,14 +55,14 @@ class ResourcesTest : public QObject {
         const QVariantMap strings = stringTable();
         for (const char* text : {"No device connected", "Connected", "Looking for the mouse…",
                  "The background program is not running.",
-                 "The background program is not running. Changes are saved and reach the mouse when it is "
-                 "back.",
+                 "The background program is not running. Changes are saved and reach the mouse when it runs "
+                 "again.",
                  "Default Profile", "Untitled Profile", "Untitled Macro", "Profile:", "Macro:", "Press",
                  "Release", "Press button", "Release button", "%d DPI", "X = %d, Y = %d DPI",
-                 "X = %d,  Y = %d DPI", "Stage %1 of %2 is the current one. All stages in DPI: %3",
-                 "The pointer follows the hand as it is, at every speed.",
-                 "Off: the pointer follows the hand as it is.",
-                 "At full speed of the hand the pointer goes %1 times as fast.",
+                 "X = %d,  Y = %d DPI", "Stage %1 of %2 is current. All stages, in DPI: %3",
+                 "The pointer follows the hand unchanged at every speed.",
+                 "Off: the pointer follows the hand unchanged.",
+                 "At the hand's full speed, the pointer moves %1 times as fast.",
                  "Are you sure you want to restore all settings to default?",
                  "Delete profile: ^1\r\rAre you sure you want to delete this profile?",
                  "Delete macro: ^1\r\rAre you sure you want to delete this macro?", "(none)", "???", "F",

@@ -7,14 +7,6 @@ namespace quorvi::test {
 
 namespace {
 
-enum class Kind { Name, Literal, Other };
-
-struct Token {
-    Kind kind;
-    std::string text;
-    bool isUtf16 = false;
-};
-
 bool belongsToName(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
 }
@@ -52,13 +44,13 @@ class Tokens {
         else if (first == '"')
             addLiteral(quoted());
         else if (first == '\'')
-            m_tokens.push_back({Kind::Other, quoted()});
+            m_tokens.push_back({Token::Kind::Other, quoted()});
         else if (std::isdigit(static_cast<unsigned char>(first)) != 0)
-            m_tokens.push_back({Kind::Other, number()});
+            m_tokens.push_back({Token::Kind::Other, number()});
         else if (belongsToName(first))
-            m_tokens.push_back({Kind::Name, name()});
+            m_tokens.push_back({Token::Kind::Name, name()});
         else {
-            m_tokens.push_back({Kind::Other, std::string(1, first)});
+            m_tokens.push_back({Token::Kind::Other, std::string(1, first)});
             m_rest.remove_prefix(1);
         }
     }
@@ -103,10 +95,10 @@ class Tokens {
         const bool isUtf16 = hasPrefix && m_tokens.back().text == "u";
         if (hasPrefix)
             m_tokens.pop_back();
-        if (!m_tokens.empty() && m_tokens.back().kind == Kind::Literal)
+        if (!m_tokens.empty() && m_tokens.back().kind == Token::Kind::Literal)
             m_tokens.back().text += text;
         else
-            m_tokens.push_back({Kind::Literal, std::move(text), isUtf16});
+            m_tokens.push_back({Token::Kind::Literal, std::move(text), isUtf16});
     }
 
     std::string_view m_rest;
@@ -114,16 +106,20 @@ class Tokens {
 };
 
 bool isOneOf(const Token& token, std::string_view characters) {
-    return token.kind == Kind::Other && token.text.size() == 1 &&
+    return token.kind == Token::Kind::Other && token.text.size() == 1 &&
            characters.find(token.text.front()) != std::string_view::npos;
 }
 
 } // namespace
 
+std::vector<Token> tokensOf(std::string_view source) {
+    return Tokens(source).take();
+}
+
 std::vector<Literal> literalsIn(std::string_view source) {
     std::vector<Literal> literals;
     for (Token& token : Tokens(source).take())
-        if (token.kind == Kind::Literal)
+        if (token.kind == Token::Kind::Literal)
             literals.push_back({token.isUtf16, std::move(token.text)});
     return literals;
 }
@@ -138,9 +134,9 @@ std::vector<Literal> literalsGivenTo(
             depth += depth > 0 || isNamed ? 1 : 0;
         else if (isOneOf(token, ")}"))
             depth -= depth > 0 ? 1 : 0;
-        else if (token.kind == Kind::Literal && depth > 0)
+        else if (token.kind == Token::Kind::Literal && depth > 0)
             literals.push_back({token.isUtf16, std::move(token.text)});
-        isNamed = token.kind == Kind::Name && names.contains(token.text);
+        isNamed = token.kind == Token::Kind::Name && names.contains(token.text);
     }
     return literals;
 }

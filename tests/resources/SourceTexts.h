@@ -1,4 +1,4 @@
-// String literals of C++ sources: enough of a reader to tell which texts a program looks up.
+// String literals of C++ sources: reads enough to find the texts that a program looks up.
 #pragma once
 
 #include <set>
@@ -7,6 +7,16 @@
 #include <vector>
 
 namespace quorvi::test {
+
+struct Token {
+    enum class Kind { Name, Literal, Other };
+    Kind kind;
+    std::string text; ///< of a literal without its quotes
+    bool isUtf16 = false;
+};
+
+/// The source's tokens without comments. Signs are single characters: "+=" is two tokens.
+[[nodiscard]] std::vector<Token> tokensOf(std::string_view source);
 
 struct Literal {
     bool isUtf16; ///< written as u"…"

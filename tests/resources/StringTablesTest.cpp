@@ -1,4 +1,5 @@
-// What holds for the string table of every language, English included. A new folder is tested as it is.
+// Rules for the string table of every language, including English. A new language folder is tested
+// automatically.
 #include "resources/StringTables.h"
 
 #include <gtest/gtest.h>
@@ -120,11 +121,27 @@ TEST_P(StringTables, shareNoAccessKeyAmongTextsShownTogether) {
     }
 }
 
+// "1200 × 2400" would be turned round within a text from the right.
+TEST_P(StringTables, readAResolutionFromTheLeft) {
+    if (GetParam() == "ar") {
+        EXPECT_EQ(m_table.at("^1 × ^2"), "\u2066^1 × ^2\u2069");
+    } else {
+        EXPECT_EQ(m_table.at("^1 × ^2"), "^1 × ^2");
+    }
+}
+
+// Programs that put the parts together get what the panel shows.
+TEST(EnglishPatterns, sayWhatTheTextsSayThatANameFollows) {
+    const StringTable english = readStringTable("en");
+    for (const char* text : {"Press", "Release", "Press button", "Profile:", "Macro:", "Press Key"})
+        EXPECT_EQ(english.at(std::string(text) + " ^1"), english.at(text) + " ^1");
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, StringTables, testing::ValuesIn(languages()),
     [](const auto& tested) { return testNameOf(tested.param); });
 
 TEST(ShownTexts, haveNoAccessKeys) {
-    EXPECT_EQ(shownText("Ma&cros, at most 12:"), "Macros, at most 12:");
+    EXPECT_EQ(shownText("Ma&cros (up to 12):"), "Macros (up to 12):");
     EXPECT_EQ(shownText("ヘルプ(&H)"), "ヘルプ");
     EXPECT_EQ(shownText("الأز&رار"), "الأزرار");
     EXPECT_EQ(shownText("this && that"), "this & that");

@@ -2,15 +2,18 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "widgets/FilledText.h"
+#include "widgets/Metrics.h"
+#include "widgets/ScrollPage.h"
 #include "widgets/ShownText.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;
 
-/// What is told at the foot of a window, one thing at a time.
+/// What is told above a page, one thing at a time.
 class NoticeBarTest : public QObject {
     Q_OBJECT
 
@@ -18,7 +21,12 @@ class NoticeBarTest : public QObject {
     void init() {
         m_window = std::make_unique<QWidget>();
         m_window->resize(600, 400);
-        m_bar = new NoticeBar({.dismiss = QStringLiteral("OK"), .offer = QStringLiteral("Undo")}, *m_window);
+        m_page = new QWidget(m_window.get());
+        m_page->setGeometry(0, 50, 600, 350);
+        m_bar = new NoticeBar({.dismiss = QStringLiteral("Close message"),
+                                  .dismissTip = QStringLiteral("Closes this message."),
+                                  .offer = QStringLiteral("Undo")},
+            *m_window, *m_page);
         m_window->show();
     }
     void cleanup() { m_window.reset(); }
@@ -74,6 +82,17 @@ class NoticeBarTest : public QObject {
         QVERIFY(!m_bar->isVisible());
     }
 
+    void anOfferHasATitleOfItsOwn() {
+        m_bar->tell(
+            2, {.text = QStringLiteral("Recorded."), .offer = [] {}, .offerTitle = QStringLiteral("Mend")});
+        QCOMPARE(offer()->text(), QStringLiteral("Mend"));
+        m_bar->tell(
+            2, {.text = QStringLiteral("Recorded."), .offer = [] {}, .offerTitle = QStringLiteral("Remove")});
+        QCOMPARE(offer()->text(), QStringLiteral("Remove"));
+        m_bar->tell(2, {.text = QStringLiteral("Recorded."), .offer = [] {}});
+        QCOMPARE(offer()->text(), QStringLiteral("Undo"));
+    }
+
     void whatIsOfferedIsDoneOnce() {
         int done = 0;
         m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
@@ -96,31 +115,50 @@ class NoticeBarTest : public QObject {
         QCOMPARE(text(), QStringLiteral("Exported."));
     }
 
-    void whatIsAboveMakesRoomWhereItCan() {
-        auto* above = new QLabel;
-        auto* layout = new QVBoxLayout(m_window.get());
-        layout->addWidget(above);
-        above->show();
-        const QMargins usual = layout->contentsMargins();
+    void thePageMakesRoomAtItsTopWhereItCan() {
+        auto* below = new QLabel;
+        (new QVBoxLayout(m_page))->addWidget(below);
+        below->show();
         m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
-        QTRY_VERIFY(above->geometry().bottom() < m_bar->y());
+        QVERIFY(m_bar->y() >= m_page->y());
+        QTRY_VERIFY(below->mapTo(m_window.get(), QPoint()).y() > m_bar->geometry().bottom());
         button()->click();
-        QCOMPARE(layout->contentsMargins(), usual);
+        QCOMPARE(m_page->contentsMargins(), QMargins());
     }
 
     void whereThereIsNoRoomTheWindowStaysAsItIs() {
-        auto* above = new QLabel;
-        auto* layout = new QVBoxLayout(m_window.get());
-        layout->addWidget(above);
-        above->show();
-        const QMargins usual = layout->contentsMargins();
-        above->setMinimumHeight(m_window->height() - usual.top() - usual.bottom() - 5);
+        auto* below = new QLabel;
+        (new QVBoxLayout(m_page))->addWidget(below);
+        below->show();
+        const QMargins usual = m_page->layout()->contentsMargins();
+        below->setMinimumHeight(m_page->height() - usual.top() - usual.bottom() - 5);
         m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
         QCoreApplication::processEvents();
-        QCOMPARE(layout->contentsMargins(), usual);
+        QCOMPARE(m_page->contentsMargins(), QMargins());
         QCOMPARE(m_window->height(), 400);
-        m_window->resize(600, 600);
-        QTRY_VERIFY(above->geometry().bottom() < m_bar->y());
+        QVERIFY(m_bar->y() >= m_page->y()); // what is above the page stays free
+        m_page->resize(600, 550);
+        QTRY_VERIFY(below->mapTo(m_window.get(), QPoint()).y() > m_bar->geometry().bottom());
+    }
+
+    void theBarIsAsWideAsWhatIsOnThePage() {
+        m_bar->tell(2, {QStringLiteral("Exported."), NoticeSign::information});
+        QCOMPARE(m_bar->x(), metrics::narrowPageMargin);
+        QCOMPARE(m_bar->width(), 600 - 2 * metrics::narrowPageMargin);
+        m_page->resize(2000, 350);
+        QCOMPARE(m_bar->x(), (2000 - metrics::maxContentWidth) / 2);
+        QCOMPARE(m_bar->width(), metrics::maxContentWidth);
+    }
+
+    void theTabKeyComesToItsButtonsFirst() {
+        QPushButton before(m_window.get());
+        auto* after = new QPushButton(m_page);
+        m_bar->followInTabOrder(before);
+        before.show();
+        after->show();
+        m_bar->tell(1, {QStringLiteral("Deleted."), NoticeSign::information, [] {}});
+        QCOMPARE(before.nextInFocusChain(), offer());
+        QCOMPARE(offer()->nextInFocusChain(), button());
     }
 
     void aNameThatCannotTurnATextStaysAsItIs() {
@@ -155,6 +193,32 @@ class NoticeBarTest : public QObject {
         QCOMPARE(nameFor(text, QString()), QStringLiteral("?"));
     }
 
+    /// Only the page that is seen makes room, as far as it can: one that scrolls always can.
+    void ofSeveralPagesTheOneThatIsSeenMakesRoom() {
+        auto* pages = new QStackedWidget(m_window.get());
+        pages->setGeometry(0, 50, 600, 350);
+        auto* high = new QWidget;
+        high->setMinimumHeight(340);
+        (new QVBoxLayout(high))->addWidget(new QLabel(QStringLiteral("x")));
+        high->layout()->itemAt(0)->widget()->setMinimumHeight(330);
+        auto* scrolls = new ScrollPage;
+        auto* content = new QWidget(scrolls);
+        (new QVBoxLayout(content))->addWidget(new QLabel(QStringLiteral("x")));
+        content->layout()->itemAt(0)->widget()->setMinimumHeight(2000);
+        pages->addWidget(high);
+        pages->addWidget(scrolls);
+        pages->show();
+        NoticeBar bar({}, *m_window, *pages);
+        bar.tell(0, {QStringLiteral("Not saved."), NoticeSign::warning});
+        QCOMPARE(high->contentsMargins().top(), 0); // the bar lies over it
+        pages->setCurrentIndex(1);
+        QTRY_COMPARE(scrolls->contentsMargins().top(), metrics::rowGap + bar.height());
+        QTRY_VERIFY(content->mapTo(m_window.get(), QPoint()).y() >= bar.geometry().bottom());
+        pages->setCurrentIndex(0);
+        QCOMPARE(scrolls->contentsMargins().top(), 0);
+        QVERIFY(m_window->height() == 400);
+    }
+
   private:
     [[nodiscard]] QPushButton* button(const char* name = "buttonNotice") const {
         return m_bar->findChild<QPushButton*>(QLatin1String(name));
@@ -165,6 +229,7 @@ class NoticeBarTest : public QObject {
     }
 
     std::unique_ptr<QWidget> m_window;
+    QWidget* m_page = nullptr;
     NoticeBar* m_bar = nullptr;
 };
 

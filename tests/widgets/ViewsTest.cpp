@@ -9,6 +9,7 @@
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/StageBar.h"
 #include "widgets/SymbolIcon.h"
+#include "widgets/SymbolOutlines.h"
 #include "widgets/TableColumns.h"
 #include "widgets/ThemeColours.h"
 #include "widgets/WidgetTestMain.h"
@@ -320,10 +321,11 @@ class ViewsTest : public QObject {
     void symbolsDifferAndFollowThePalette() {
         const QPalette before = QApplication::palette();
         std::set<QByteArray> seen;
-        for (Symbol symbol :
-            {Symbol::Add, Symbol::Remove, Symbol::Gear, Symbol::Record, Symbol::Undo, Symbol::Redo})
-            seen.insert(pixels(symbol, QIcon::Normal));
-        QCOMPARE(seen.size(), std::size_t(6));
+        int count = 0;
+        for (; count <= int(Symbol::Close); ++count)
+            seen.insert(pixels(Symbol(count), QIcon::Normal));
+        QCOMPARE(count, 50);
+        QCOMPARE(seen.size(), std::size_t(count));
 
         QPalette bright = before;
         bright.setColor(QPalette::Active, QPalette::ButtonText, Qt::magenta);
@@ -333,6 +335,34 @@ class ViewsTest : public QObject {
         QApplication::setPalette(before);
         QVERIFY(add != brightAdd);
         QVERIFY(pixels(Symbol::Record, QIcon::Normal) != pixels(Symbol::Record, QIcon::Disabled));
+    }
+
+    void symbolsStayWithinTheirGrid() {
+        const QRectF grid(0, 0, kSymbolGrid, kSymbolGrid);
+        for (int symbol = 0; symbol <= int(Symbol::Close); ++symbol) {
+            const SymbolOutline outline = outlineOf(Symbol(symbol));
+            QPainterPathStroker pen;
+            pen.setWidth(kSymbolPen);
+            const QRectF drawn =
+                outline.areas.boundingRect().united(pen.createStroke(outline.lines).boundingRect());
+            QVERIFY2(!drawn.isEmpty() && grid.contains(drawn), qPrintable(QString::number(symbol)));
+        }
+    }
+
+    void arcsOfAPathGoAroundTheirCircle() {
+        const auto nearTo = [](QPointF a, QPointF b) { return (a - b).manhattanLength() < 0.01; };
+        const auto covers = [&](const char* notation, const QRectF& wanted) {
+            const QRectF found = pathFrom(notation).boundingRect();
+            return nearTo(found.topLeft(), wanted.topLeft()) &&
+                   nearTo(found.bottomRight(), wanted.bottomRight());
+        };
+        // The four ways between two points that are a quarter of a circle apart.
+        QVERIFY(covers("M0 4 A4 4 0 0 1 4 0", {0, 0, 4, 4}));
+        QVERIFY(covers("M0 4 A4 4 0 0 0 4 0", {0, 0, 4, 4}));
+        QVERIFY(covers("M0 4 A4 4 0 1 1 4 0", {-4, -4, 8, 8}));
+        QVERIFY(covers("M0 4 A4 4 0 1 0 4 0", {0, 0, 8, 8}));
+        QVERIFY(nearTo(pathFrom("M0 4 A4 4 0 0 1 4 0").pointAtPercent(0.5), {1.1716, 1.1716}));
+        QVERIFY(nearTo(pathFrom("M0 4 A4 4 0 0 0 4 0").pointAtPercent(0.5), {2.8284, 2.8284}));
     }
 
   private:
