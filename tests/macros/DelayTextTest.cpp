@@ -166,5 +166,19 @@ TEST(DelayText, BeyondWhatIsStoredIsRefused) {
     EXPECT_EQ(read(u"00000000000000000000000000000075"), 75);
 }
 
+TEST(FactorText, IsReadInThousandths) {
+    EXPECT_EQ(factorInText(u"0.5", u'.'), 500);
+    EXPECT_EQ(factorInText(u" 2 ", u'.'), 2000);
+    EXPECT_EQ(factorInText(u"1,25", u','), 1250);
+    EXPECT_EQ(factorInText(u".001", u'.'), 1);
+    EXPECT_EQ(factorInText(u"\u0662\u066B\u0665", u'.'), 2500); // Arabic
+}
+
+TEST(FactorText, ThatIsNoneIsRefused) {
+    for (const char16_t* text :
+        {u"", u"0", u"-1", u"two", u"0.0005", u"2 s", u"1.2.3", u"20000", u"99999999999999999999"})
+        EXPECT_EQ(factorInText(text, u'.'), std::nullopt) << toUtf8(text);
+}
+
 } // namespace
 } // namespace quorvi

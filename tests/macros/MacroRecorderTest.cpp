@@ -9,6 +9,7 @@
 
 #include "keyboard/VirtualKeys.h"
 #include "macros/StepCodes.h"
+#include "macros/StepDelays.h"
 #include "macros/Steps.h"
 
 namespace quorvi {
@@ -345,6 +346,58 @@ TEST_F(Recording, AHeldEscapeThatIsTheFirstStepLeavesTheMacroAsItWas) {
     EXPECT_EQ(macroOf(steps), TestMacro{});
 }
 
+TEST_F(Recording, AnInsertionLeavesWhatStandsBeforeItAndWaitsForWhatFollows) {
+    fill(3);
+    steps.dictionary(0).set("delay", 70);
+    recorder.startAt(1);
+    key(kA, true);
+    wait(120);
+    key(kA, false);
+    EXPECT_EQ(
+        macroOf(steps), (TestMacro{{1, 4, 70}, {1, kUsageA, 150}, {0, kUsageA, 100}, {1, 5, 0}, {1, 6, 0}}));
+    EXPECT_EQ(recorder.nextPlace(steps.size()), 3U);
+}
+
+TEST_F(Recording, AnInsertionAtTheEndIsAsAnyOtherRecording) {
+    fill(1);
+    recorder.startAt(1);
+    key(kA, true);
+    key(kA, false);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, 4, 100}, {1, kUsageA, 10}, {0, kUsageA, 0}}));
+    recorder.stop();
+    start();
+    key(kB, true);
+    EXPECT_EQ(macroOf(steps).back(), (test::TestStep{1, kUsageB, 0}));
+}
+
+TEST_F(Recording, AnInsertionEndsAtSixteenSteps) {
+    fill(15);
+    recorder.startAt(0);
+    key(kA, true);
+    key(kA, false);
+    EXPECT_EQ(steps.size(), 16U);
+    EXPECT_EQ(macroOf(steps).front(), (test::TestStep{1, kUsageA, 100}));
+    EXPECT_EQ(macroOf(steps)[1], (test::TestStep{1, 4, 0}));
+}
+
+TEST_F(Recording, AHeldEscapeIsTakenBackFromAnInsertion) {
+    fill(2);
+    recorder.startAt(1);
+    key(kA, true);
+    wait(500);
+    const TestMacro before = macroOf(steps);
+    key(escapeKey, true);
+    EXPECT_EQ(steps.size(), 4U);
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(macroOf(steps), before);
+    key(kA, false);
+    EXPECT_EQ(macroOf(steps)[2].command, 0);
+    recorder.startAt(0);
+    key(escapeKey, true);
+    recorder.takeBackEscape(steps);
+    EXPECT_EQ(macroOf(steps).front(), (test::TestStep{1, 4, 0}));
+}
+
 TEST_F(Recording, AMacroThatIsFullLosesNoStepToAHeldEscape) {
     fill(16);
     start();
@@ -385,6 +438,61 @@ TEST_F(Recording, EscapeIsHeldOnlyByItselfAndNotInARunOfOneStep) {
     start(true, 0);
     key(escapeKey, true);
     EXPECT_FALSE(recorder.isEscapeHeld());
+}
+
+TEST_F(Recording, TellsWhereCapsLockIsThatWasOnBefore) {
+    fill(2);
+    start();
+    recorder.findModifiers(capsLockModifier);
+    key(kA, true, capsLockModifier);
+    EXPECT_EQ(recorder.placeOfFoundCapsLock(), 2U);
+    EXPECT_EQ(steps.dictionary(2).integer("argument"), kUsageCapsLock);
+    EXPECT_EQ(steps.dictionary(3).integer("argument"), kUsageCapsLock);
+    start();
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+}
+
+TEST_F(Recording, TellsWhereCapsLockIsInTheMiddle) {
+    fill(2);
+    recorder.startAt(1);
+    recorder.findModifiers(capsLockModifier);
+    key(kA, true, capsLockModifier);
+    EXPECT_EQ(recorder.placeOfFoundCapsLock(), 1U);
+    EXPECT_EQ(steps.dictionary(1).integer("argument"), kUsageCapsLock);
+}
+
+TEST_F(Recording, TellsNothingOfCapsLockThatIsTyped) {
+    start();
+    recorder.findModifiers(0);
+    modifiers(capsLockModifier);
+    EXPECT_EQ(steps.size(), 2U);
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+    recorder.findModifiers(capsLockModifier); // before the second event
+    key(kA, true, capsLockModifier);
+    modifiers(0);
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+}
+
+TEST_F(Recording, TellsNothingOfCapsLockThatIsSwitchedOffFirst) {
+    start();
+    recorder.findModifiers(capsLockModifier);
+    modifiers(0);
+    modifiers(capsLockModifier);
+    EXPECT_EQ(steps.size(), 2U);
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+}
+
+TEST_F(Recording, TellsNothingOfCapsLockThatAFullMacroOrAStepTakes) {
+    fill(15);
+    start();
+    recorder.findModifiers(capsLockModifier);
+    key(kA, true, capsLockModifier);
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+    start(true, 3);
+    recorder.findModifiers(capsLockModifier);
+    key(kA, true, capsLockModifier);
+    EXPECT_FALSE(recorder.placeOfFoundCapsLock());
+    EXPECT_EQ(steps.dictionary(3).integer("argument"), kUsageA);
 }
 
 } // namespace

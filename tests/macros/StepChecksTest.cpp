@@ -59,5 +59,31 @@ TEST(StepChecks, LeaveWhatIsNoStepAlone) {
     EXPECT_EQ(checkSteps(steps), Checks{});
 }
 
+/// Two profiles, whose button 4 and wheel run the macro 7, which is the second of two and has these steps.
+plist::Dictionary treeWithMacro(const plist::Array& steps) {
+    using test::assignment;
+    using test::dict;
+    using test::list;
+    const auto profile = [](const char* input, int macro) {
+        return dict({{"name", u"P"}, {"buttons", dict({{input, assignment(65, macro, 1)}})}});
+    };
+    const auto macro = [](int id, const plist::Array& its) {
+        return dict({{"macroid", id}, {"steps", its}});
+    };
+    return dict({{"profiles", list({profile("04", 7), profile("08", 7), profile("05", 3)})},
+        {"macros", list({macro(3, list()), macro(7, steps)})}});
+}
+
+TEST(StepChecks, FindTheButtonsThatRunAnEmptyMacro) {
+    const auto tree = treeWithMacro(stepsOf({}));
+    EXPECT_EQ(inputsThatRunNothing(tree, 1), (std::vector<ProfileInput>{{0, 4}, {1, 8}}));
+    EXPECT_EQ(inputsThatRunNothing(tree, 0), (std::vector<ProfileInput>{{2, 5}}));
+}
+
+TEST(StepChecks, FindNoButtonsOfAMacroWithStepsOrOfNone) {
+    EXPECT_TRUE(inputsThatRunNothing(treeWithMacro(stepsOf({{1, kHUsage}})), 1).empty());
+    EXPECT_TRUE(inputsThatRunNothing(treeWithMacro(stepsOf({})), 2).empty());
+}
+
 } // namespace
 } // namespace quorvi

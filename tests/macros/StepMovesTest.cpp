@@ -6,6 +6,9 @@
 #include <random>
 
 #include "macros/NaiveMoves.h"
+#include "macros/StepDelays.h"
+#include "macros/StepInsertions.h"
+#include "macros/StepPairs.h"
 
 namespace quorvi {
 namespace {
@@ -93,10 +96,10 @@ class StepMoves : public testing::TestWithParam<Move> {};
 TEST_P(StepMoves, MoveAStepAndKeepItsPair) {
     const Move& move = GetParam();
     const auto steps = stepsOf(move.before);
-    const auto wanted = move.after.empty() ? std::nullopt : std::optional(move.newRow);
-    EXPECT_EQ(placeOfMovedStep(steps, move.row, move.direction, move.moved), wanted);
+    const auto wanted = move.after.empty() ? std::nullopt : std::optional(StepPlaces{move.newRow});
+    EXPECT_EQ(placesOfMovedSteps(steps, {move.row}, move.direction, move.moved), wanted);
     EXPECT_EQ(macroOf(steps), move.before);
-    EXPECT_EQ(moveStep(steps, move.row, move.direction, move.moved), wanted);
+    EXPECT_EQ(moveSteps(steps, {move.row}, move.direction, move.moved), wanted);
     EXPECT_EQ(macroOf(steps), move.after.empty() ? move.before : move.after);
 }
 
@@ -105,11 +108,11 @@ INSTANTIATE_TEST_SUITE_P(Table, StepMoves, testing::ValuesIn(kMoves),
 
 TEST(TakenSteps, GoWithTheirOtherHalf) {
     const auto steps = stepsOf(kCtrlC);
-    const auto indices = stepWithPartner(steps, 3);
+    const auto indices = stepsWithPartners(steps, {3});
     EXPECT_EQ(macroOf(copyOfSteps(steps, indices)), (TestMacro{{1, kKeyCtrl, 50}, {0, kKeyCtrl}}));
     takeSteps(steps, indices);
     EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyC, 60}, {0, kKeyC, 70}}));
-    EXPECT_TRUE(stepWithPartner(steps, 2).empty());
+    EXPECT_TRUE(stepsWithPartners(steps, {2}).empty());
 }
 
 TEST(TakenSteps, AreCopiedAndNotShared) {
@@ -145,7 +148,7 @@ TEST(InsertedSteps, AreAsManyAsHaveRoomAndNoPressWithoutItsRelease) {
 
 TEST(DuplicatedSteps, StandBehindTheirOtherHalf) {
     const auto steps = stepsOf(kCtrlC);
-    const auto inserted = duplicateStep(steps, 1);
+    const auto inserted = duplicateSteps(steps, {1});
     EXPECT_EQ(inserted.first, 3U);
     EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyCtrl, 50}, {1, kKeyC, 60}, {0, kKeyC, 70}, {1, kKeyC, 60},
                                   {0, kKeyC, 70}, {0, kKeyCtrl}}));
@@ -155,89 +158,128 @@ TEST(DuplicatedSteps, NeedRoomForBothHalves) {
     TestMacro macro(13, TestStep{1, kKeyI});
     macro.insert(macro.end(), {{1, kKeyH}, {0, kKeyH}});
     const auto steps = stepsOf(macro);
-    EXPECT_FALSE(canDuplicateStep(steps, 13));
-    EXPECT_EQ(duplicateStep(steps, 13).count, 0U);
+    EXPECT_FALSE(canDuplicateSteps(steps, {13}));
+    EXPECT_EQ(duplicateSteps(steps, {13}).count, 0U);
     EXPECT_EQ(macroOf(steps), macro);
-    EXPECT_TRUE(canDuplicateStep(steps, 0));
-    EXPECT_FALSE(canDuplicateStep(steps, 15));
+    EXPECT_TRUE(canDuplicateSteps(steps, {0}));
+    EXPECT_FALSE(canDuplicateSteps(steps, {15}));
 }
 
-/// A few keys, so that they repeat, mostly down and up again.
-TestMacro randomSteps(std::mt19937& random, std::size_t most) {
-    TestMacro macro;
-    while (macro.size() < most) {
-        const bool isButton = random() % 4 == 0;
-        const int key = isButton ? 0 : 4 + static_cast<int>(random() % 3);
-        const int delay = static_cast<int>(random() % 4) * 10;
-        if (random() % 4 != 0)
-            macro.insert(macro.begin() + static_cast<std::ptrdiff_t>(random() % (macro.size() + 1)),
-                {isButton ? 129 : 1, key, delay});
-        macro.push_back({isButton ? 128 : 0, key, delay});
-        if (random() % 8 == 0)
-            break;
-    }
-    return macro;
+TEST(SeveralSteps, MoveTogether) {
+    const auto steps = stepsOf({{1, kKeyH, 1}, {0, kKeyH, 2}, {1, kKeyI, 3}, {0, kKeyI, 4}, {1, kKeyC, 5}});
+    EXPECT_EQ(moveSteps(steps, {2, 3}, MoveDirection::down), (StepPlaces{3, 4}));
+    EXPECT_EQ(macroOf(steps),
+        (TestMacro{{1, kKeyH, 1}, {0, kKeyH, 2}, {1, kKeyC, 5}, {1, kKeyI, 3}, {0, kKeyI, 4}}));
+    EXPECT_EQ(moveSteps(steps, {2, 4}, MoveDirection::down), std::nullopt);
+    EXPECT_EQ(moveSteps(steps, {}, MoveDirection::up), std::nullopt);
+    EXPECT_EQ(moveSteps(steps, {1, 5}, MoveDirection::up), std::nullopt);
 }
 
-/// Does the same to both, and says what it was.
-std::string editBoth(std::mt19937& random, const plist::Array& steps, TestMacro& plain) {
-    const std::size_t row = random() % plain.size();
-    switch (random() % 4) {
-    case 0:
-    case 1: {
-        const bool up = random() % 2 == 0;
-        const auto expected = test::naivelyMoved(plain, row, up);
-        const auto place = moveStep(steps, row, up ? MoveDirection::up : MoveDirection::down);
-        EXPECT_EQ(place.has_value(), expected.has_value());
-        if (expected) {
-            EXPECT_EQ(place, expected->row);
-            plain = expected->macro;
-        }
-        return "move";
-    }
-    case 2:
-        takeSteps(steps, stepWithPartner(steps, row));
-        plain = test::naivelyTaken(plain, row);
-        return "take";
-    default:
-        duplicateStep(steps, row);
-        plain = test::naivelyDuplicated(plain, row);
-        return "duplicate";
-    }
+TEST(SeveralSteps, TakeTheirOtherHalvesAlongAndKeepTheGaps) {
+    const TestMacro macro{{1, kKeyH, 1}, {0, kKeyH, 2}, {1, kKeyI, 3}, {0, kKeyI, 4}, {1, kKeyC, 5},
+        {0, kKeyC, 6}, {1, kKeyCtrl, 7}, {0, kKeyCtrl, 8}};
+    const auto steps = stepsOf(macro);
+    EXPECT_EQ(moveSteps(steps, {0, 4}, MoveDirection::down), (StepPlaces{1, 5}));
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyI, 3}, {1, kKeyH, 1}, {0, kKeyH, 2}, {0, kKeyI, 4},
+                                  {1, kKeyCtrl, 7}, {1, kKeyC, 5}, {0, kKeyC, 6}, {0, kKeyCtrl, 8}}));
 }
 
-std::size_t countOfPairs(const TestMacro& macro) {
-    std::size_t halves = 0;
-    for (std::size_t row = 0; row < macro.size(); ++row)
-        halves += test::naivePartner(macro, row) ? 1 : 0;
-    return halves / 2;
+TEST(SeveralSteps, AreDuplicatedBehindTheLast) {
+    const auto steps = stepsOf(kHi);
+    const auto inserted = duplicateSteps(steps, {0, 2});
+    EXPECT_EQ(inserted.first, 4U);
+    EXPECT_EQ(inserted.count, 4U);
+    TestMacro twice = kHi;
+    twice.insert(twice.end(), kHi.begin(), kHi.end());
+    EXPECT_EQ(macroOf(steps), twice);
+    EXPECT_FALSE(canDuplicateSteps(steps, {}));
 }
 
-TEST(RandomEditsOfSteps, AgreeWithAPlainList) {
-    const auto seed = std::random_device{}();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    TestMacro plain;
-    auto steps = stepsOf(plain);
-    for (int number = 0; number < 10000; ++number) {
-        const TestMacro before = plain;
-        std::string edit = "insert";
-        if (plain.empty() || random() % 5 == 0) {
-            const TestMacro added = randomSteps(random, 6);
-            const auto inserted = insertSteps(steps, random() % (plain.size() + 1), stepsOf(added));
-            ASSERT_EQ(inserted.count + inserted.leftOut, added.size());
-            ASSERT_EQ(steps.size(), before.size() + inserted.count);
-            plain = macroOf(steps);
-            ASSERT_GE(countOfPairs(plain), countOfPairs(before));
-        } else {
-            edit = editBoth(random, steps, plain);
-            if (edit == "move") {
-                ASSERT_GE(countOfPairs(plain), countOfPairs(before));
-            }
-        }
-        ASSERT_EQ(macroOf(steps), plain) << edit << " in " << testing::PrintToString(before);
-        ASSERT_LE(steps.size(), 16U);
-    }
+TEST(DroppedSteps, GoWhereTheyAreDropped) {
+    const auto steps = stepsOf(kCtrlC);
+    EXPECT_EQ(stepsMovedByDrop(steps, {0}, 3), (StepPlaces{0}));
+    EXPECT_EQ(dropSteps(steps, {0}, 3), (StepPlaces{2}));
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyC, 60}, {0, kKeyC, 70}, {1, kKeyCtrl, 50}, {0, kKeyCtrl}}));
+}
+
+TEST(DroppedSteps, TakeTheirOtherHalfAlong) {
+    const auto steps = stepsOf(kHi);
+    EXPECT_EQ(stepsMovedByDrop(steps, {0}, 4), (StepPlaces{0, 1}));
+    EXPECT_EQ(dropSteps(steps, {0}, 4), (StepPlaces{2, 3}));
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyI, 30}, {0, kKeyI, 20}, {1, kKeyH, 10}, {0, kKeyH}}));
+}
+
+TEST(DroppedSteps, TakeAHalfBesideThemAlongWhereThePairWouldStayOneToo) {
+    const auto steps = stepsOf(kHi);
+    EXPECT_EQ(stepsMovedByDrop(steps, {2}, 0), (StepPlaces{2, 3}));
+    EXPECT_EQ(dropSteps(steps, {2}, 0), (StepPlaces{0, 1}));
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyI, 30}, {0, kKeyI, 20}, {1, kKeyH, 10}, {0, kKeyH}}));
+}
+
+TEST(DroppedSteps, AloneLeaveTheirOtherHalf) {
+    const auto steps = stepsOf(kHi);
+    EXPECT_EQ(stepsMovedByDrop(steps, {0}, 4, MovedStep::alone), (StepPlaces{0}));
+    EXPECT_EQ(dropSteps(steps, {0}, 4, MovedStep::alone), (StepPlaces{3}));
+    EXPECT_EQ(macroOf(steps), (TestMacro{{0, kKeyH, 20}, {1, kKeyI, 30}, {0, kKeyI, 10}, {1, kKeyH}}));
+}
+
+TEST(DroppedSteps, StayWhereNothingWouldChangeOrAPairWouldBreak) {
+    const auto steps = stepsOf({{1, kKeyH}, {0, kKeyH}, {1, kKeyH}, {0, kKeyH}});
+    for (const std::size_t place : {0U, 1U, 2U})
+        EXPECT_EQ(dropSteps(steps, {0, 1}, place), std::nullopt) << place;
+    EXPECT_EQ(dropSteps(steps, {0, 1}, 3), std::nullopt);
+    EXPECT_EQ(dropSteps(steps, {0}, 5), std::nullopt);
+    EXPECT_EQ(dropSteps(steps, {}, 1), std::nullopt);
+    EXPECT_EQ(dropSteps({}, {0}, 0), std::nullopt);
+}
+
+TEST(Taps, StandWhereTheyAreInsertedAndWait) {
+    const auto steps = stepsOf(kHi);
+    const auto inserted = insertTap(steps, 2, 1, kKeyC);
+    EXPECT_EQ(inserted.first, 2U);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyH, 10}, {0, kKeyH, 20}, {1, kKeyC, 50}, {0, kKeyC, 50},
+                                  {1, kKeyI, 30}, {0, kKeyI}}));
+}
+
+TEST(Taps, AtTheEndHaveTheLastStepWait) {
+    const auto steps = stepsOf(kHi);
+    insertTap(steps, 4, 132, 0);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyH, 10}, {0, kKeyH, 20}, {1, kKeyI, 30}, {0, kKeyI, 50},
+                                  {132, 0, 50}, {128, 0, 0}}));
+    const auto waiting = stepsOf({{1, kKeyH, 10}});
+    insertTap(waiting, 1, 1, kKeyC);
+    EXPECT_EQ(macroOf(waiting), (TestMacro{{1, kKeyH, 10}, {1, kKeyC, 50}, {0, kKeyC, 0}}));
+    const auto none = stepsOf({});
+    insertTap(none, 0, 1, kKeyC);
+    EXPECT_EQ(macroOf(none), (TestMacro{{1, kKeyC, 50}, {0, kKeyC, 0}}));
+}
+
+TEST(Taps, NeedRoomForBothHalves) {
+    const TestMacro macro(15, TestStep{1, kKeyI});
+    const auto steps = stepsOf(macro);
+    EXPECT_EQ(insertTap(steps, 3, 1, kKeyC).leftOut, 2U);
+    EXPECT_EQ(macroOf(steps), macro);
+}
+
+TEST(MultipliedDelays, AreRoundedToWholeMilliseconds) {
+    const auto steps = stepsOf({{1, kKeyH, 25}, {0, kKeyH, 1}, {1, kKeyI, 0}, {0, kKeyI, 50}});
+    EXPECT_EQ(multiplyDelays(steps, {}, 500).changed, 2U);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyH, 13}, {0, kKeyH, 1}, {1, kKeyI, 0}, {0, kKeyI, 25}}));
+    EXPECT_EQ(multiplyDelays(steps, {0, 3}, 2000).changed, 2U);
+    EXPECT_EQ(macroOf(steps), (TestMacro{{1, kKeyH, 26}, {0, kKeyH, 1}, {1, kKeyI, 0}, {0, kKeyI, 50}}));
+    EXPECT_EQ(multiplyDelays(steps, {}, 1000).changed, 0U);
+}
+
+TEST(MultipliedDelays, EndAtTheLongest) {
+    const auto steps =
+        stepsOf({{1, kKeyH, 16777215}, {0, kKeyH, 8388608}, {1, kKeyI, -5}, {0, kKeyI, 20000000}});
+    const auto result = multiplyDelays(steps, {}, 2000);
+    EXPECT_EQ(result.changed, 1U);
+    EXPECT_EQ(result.tooLong, 2U);
+    EXPECT_EQ(macroOf(steps),
+        (TestMacro{{1, kKeyH, 16777215}, {0, kKeyH, 16777215}, {1, kKeyI, -5}, {0, kKeyI, 20000000}}));
+    multiplyDelays({}, {}, 2000);
+    multiplyDelays(steps, {99}, 2000);
 }
 
 } // namespace

@@ -64,16 +64,17 @@ TEST_F(StepText, AnyOtherCodeHasNone) {
     EXPECT_EQ(stepText({}, [](std::u16string_view english) { return std::u16string(english); }), u"");
 }
 
-TEST_F(StepText, TheWordsAreLookedUp) {
-    std::map<std::u16string, std::u16string, std::less<>> table{{u"Press", u"Taste"}, {u"Release", u"Los"},
-        {u"Press button", u"Knopf"}, {u"Release button", u"Knopf los"}};
+TEST_F(StepText, TheKeyStandsWhereTheLanguageHasIt) {
+    std::map<std::u16string, std::u16string, std::less<>> table{{u"Press ^1", u"^1 drücken"},
+        {u"Release ^1", u"^1 los"}, {u"Press button ^1", u"Knopf ^1 drücken"},
+        {u"Release button", u"Knopf los"}};
     const auto german = [&](int command) {
         return stepText(test::dict({{"command", command}, {"argument", 0x28}}),
             [&](std::u16string_view english) { return table.at(std::u16string(english)); });
     };
-    EXPECT_EQ(german(1), u"Taste return");
-    EXPECT_EQ(german(0), u"Los return");
-    EXPECT_EQ(german(132), u"Knopf 3");
+    EXPECT_EQ(german(1), u"return drücken");
+    EXPECT_EQ(german(0), u"return los");
+    EXPECT_EQ(german(132), u"Knopf 3 drücken");
     EXPECT_EQ(german(128), u"Knopf los");
 }
 

@@ -11,11 +11,12 @@ namespace quorvi::test {
 namespace {
 
 const QStringList kControls{"push button", "check box", "combo box", "slider", "table", "list", "text",
-    "page tab", "page tab list", "menu item", "list item", "spin button", "radio button"};
+    "page tab", "page tab list", "menu item", "list item", "spin box", "radio button"};
 const QStringList kOthers{"filler", "panel", "layered pane", "label", "frame", "dialog", "column header",
     "row header", "cell", "separator", "popup menu"};
 /// Of these kinds each says what it does beside its name.
-const QStringList kDescribed{"push button", "check box", "combo box", "slider", "table", "list", "text"};
+const QStringList kDescribed{
+    "push button", "check box", "combo box", "slider", "spin box", "table", "list", "text"};
 /// Their names say it all.
 const QStringList kSelfExplaining{"push button 'Clear search'", "text 'Profile'", "text 'Macro'"};
 /// The toolkit's own panels, of which only this is looked at.
@@ -60,6 +61,11 @@ QStringList inputPopUps() {
         "combo box '4  Rear side button'", "combo box '5  Front side button'",
         "combo box '6  Front top button'", "combo box '7  Rear top button'", "combo box '8  Wheel up'",
         "combo box '9  Wheel down'"};
+}
+
+bool isProfileMenu(const QString& control) {
+    return control.startsWith(QLatin1String("push button 'Profile: ")) ||
+           control.startsWith(QLatin1String("push button 'Running now: "));
 }
 
 QString nameOf(const Accessible& control) {
@@ -265,7 +271,7 @@ bool Controls::goes(const QString& control) {
 QStringList Controls::forgotten(const QStringList& leftOut) const {
     QStringList result;
     for (const QString& control : m_met)
-        if (!m_operated.contains(control) && !leftOut.contains(control))
+        if (!m_operated.contains(control) && !leftOut.contains(control) && !isProfileMenu(control))
             result << control;
     for (const QString& control : leftOut)
         if (!m_met.contains(control) || m_operated.contains(control))
@@ -276,9 +282,9 @@ QStringList Controls::forgotten(const QStringList& leftOut) const {
 }
 
 QStringList Controls::around() {
-    return {"push button 'Undo'", "push button 'Redo'", "push button 'Check for updates'",
-        "push button 'Help'", "page tab list", "page tab 'Buttons'", "page tab 'Sensitivity'",
-        "page tab 'Profiles'", "page tab 'Macros'", "page tab 'Device'"};
+    return {"push button 'Undo'", "push button 'Redo'", "push button 'Help'", "page tab list",
+        "page tab 'Buttons'", "page tab 'Sensitivity'", "page tab 'Profiles'", "page tab 'Macros'",
+        "page tab 'Device'"};
 }
 
 } // namespace quorvi::test

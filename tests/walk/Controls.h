@@ -1,5 +1,5 @@
-// What a screen reader meets on the screen, and what of it was operated from there with an effect that was
-// seen: so that nothing that can be operated is forgotten.
+// The controls that a screen reader finds, and those that it operated with a visible effect, so that no
+// control is forgotten.
 #pragma once
 
 #include <QMap>
@@ -14,6 +14,9 @@ namespace quorvi::test {
 
 /// The pop-ups of the nine inputs on the buttons tab, in their order.
 [[nodiscard]] QStringList inputPopUps();
+
+/// The button of the window's head, which is named by the profile that the window shows.
+[[nodiscard]] bool isProfileMenu(const QString& control);
 
 /// What a reader says to tell the control from its neighbours: a pop-up's own name is what it is set to.
 [[nodiscard]] QString nameOf(const Accessible& control);

@@ -80,7 +80,7 @@ struct Play {
     }
     /// What a screen reader reads beside the number of the profile's row.
     [[nodiscard]] std::string mark(int row) const {
-        return walk.thing("table 'Profiles'").cell(row, 0).description();
+        return walk.thing("table 'Profiles'").cell(row, 1).description();
     }
 
     Walk walk{automaticProfiles()};

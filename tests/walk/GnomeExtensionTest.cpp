@@ -1,4 +1,4 @@
-// The Profiles tab where GNOME does not tell which application is in front: by keys and by screen reader.
+// The Profiles tab on GNOME without the extension: by keys and by screen reader.
 
 #include <QTest>
 
@@ -12,9 +12,9 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kButton = QStringLiteral("push button 'Switch the GNOME extension on'");
+const QString kButton = QStringLiteral("push button 'Turn on the GNOME extension'");
 const QString kItIsOff = QStringLiteral(
-    "label 'GNOME tells which application is in front by an extension, which is switched off.'");
+    "label 'GNOME needs an extension to report which application is in front, and it is turned off.'");
 
 /// The program with a helper that says what one says on that desktop.
 struct OnDesktop {
@@ -64,7 +64,7 @@ class GnomeExtensionTest : public QObject {
         QCOMPARE(walk.focusBecomes("cell '1'"), QStringLiteral("cell '1'"));
         QVERIFY(walk.moveTo("push button 'More profile commands'"));
         QCOMPARE(walk.focusMovedBy("Tab"),
-            QStringLiteral("check box 'Show the name of this profile on the screen when it comes into use'"));
+            QStringLiteral("check box 'Show this profile's name on screen when the mouse switches to it'"));
     }
 
     void isSwitchedOnByAScreenReader() {
@@ -74,8 +74,8 @@ class GnomeExtensionTest : public QObject {
         QVERIFY(!gnome.walk->thing(kItIsOff).isNull());
         QCOMPARE(controls.meet(), QString());
         QCOMPARE(controls.find(kButton).description(),
-            std::string("Lets GNOME tell which application is in front. If all extensions are switched off, "
-                        "they are switched on too."));
+            std::string("Lets GNOME report which application is in front. If all extensions are turned off, "
+                        "they are turned on too."));
         QVERIFY(controls.press(kButton, [&] { return gnome.helper->asked() == QStringList{"enable"}; }));
         gnome.extensionComesOn();
         QVERIFY(controls.goes(kButton));
@@ -87,8 +87,8 @@ class GnomeExtensionTest : public QObject {
         Controls controls(*gnome.walk);
         QVERIFY(gnome.walk->openTab("Profiles"));
         QVERIFY(!gnome.walk
-                     ->thing("label 'GNOME tells which application is in front by an extension of this "
-                             "panel's. If you have just installed it, log out and in again.'")
+                     ->thing("label 'GNOME needs this panel's extension to report which application is in "
+                             "front. If you have just installed it, log out and in again.'")
                      .isNull());
         QCOMPARE(controls.meet(), QString());
         QVERIFY(!controls.isThere(kButton));
@@ -99,8 +99,8 @@ class GnomeExtensionTest : public QObject {
         Controls controls(*other.walk);
         QVERIFY(other.walk->openTab("Profiles"));
         QVERIFY(!other.walk
-                     ->thing("label 'weston does not tell which application is in front, so profiles do "
-                             "not switch by themselves.'")
+                     ->thing("label 'weston does not report which application is in front, so profiles do "
+                             "not switch automatically.'")
                      .isNull());
         QCOMPARE(controls.meet(), QString());
         QVERIFY(!controls.isThere(kButton));

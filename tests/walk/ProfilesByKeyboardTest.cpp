@@ -1,4 +1,4 @@
-// The list of profiles by the keyboard alone, in the real program, with keys that come from the display.
+// The list of profiles with the keyboard alone, in the real program, with keys from the display.
 
 #include <QFile>
 #include <QTest>
@@ -47,8 +47,7 @@ class ProfilesByKeyboardTest : public QObject {
         const QString on = QStringLiteral("cell 'Switches automatically'");
         QCOMPARE(walk.focusAfter("space", on), on);
         // The check box below the list saves, and with it all of that.
-        QVERIFY(
-            walk.moveTo("check box 'Show the name of this profile on the screen when it comes into use'"));
+        QVERIFY(walk.moveTo("check box 'Show this profile's name on screen when the mouse switches to it'"));
         walk.press({"space"});
         QCOMPARE(walk.savedNames("profiles", {"Default Profile", "Desk Top"}).value(1),
             QStringLiteral("Desk Top"));

@@ -1,4 +1,4 @@
-// What becomes of a set-up whose mouse, helper or panel goes in the middle.
+// A set-up whose mouse, helper or panel goes away in the middle.
 
 #include <QTest>
 
@@ -37,9 +37,10 @@ class SetUpBrokenOffTest : public QObject {
         // Somebody else comes to the machine.
         mice.service->deniesLists = true;
         mice.service->setMice({{kSetUpMouse}});
-        QVERIFY(mice.isThere("label 'Somebody else is at the computer, or the service for mice has ended.'"));
+        QVERIFY(
+            mice.isThere("label 'Someone else is using the computer, or the service for mice has stopped.'"));
         // The list of mice has gone with the service.
-        const QString next = QStringLiteral("push button 'Check for updates'");
+        const QString next = QStringLiteral("push button 'Help'");
         QCOMPARE(walk.focusAfter("Escape", next), next);
     }
 

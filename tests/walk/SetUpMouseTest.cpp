@@ -30,7 +30,7 @@ class SetUpMouseTest : public QObject {
         mice.press(BTN_TASK);
         QVERIFY(mice.isThere(asksFor(4)));
         mice.press(BTN_TASK);
-        QVERIFY(mice.isThere("label 'That button is number 3 already.'"));
+        QVERIFY(mice.isThere("label 'That button is already number 3.'"));
         QVERIFY(walk.moveTo("push button 'Go Back'"));
         walk.press({"space"});
         QVERIFY(mice.isThere(asksFor(3)));
@@ -66,7 +66,7 @@ class SetUpMouseTest : public QObject {
         Walk& walk = mice.walk;
         QVERIFY(mice.openSheet());
         const QString question =
-            "label 'A key was typed. If it was by the mouse, press the same button of it once more.'";
+            "label 'A key was pressed. If the mouse did that, press the same mouse button again.'";
         walk.press({kF13});
         QVERIFY(mice.isThere(question));
         QVERIFY(mice.isDriven({0, 0, 0, 0, 0, 0, KEY_F13}));
@@ -118,10 +118,10 @@ class SetUpMouseTest : public QObject {
         QVERIFY(controls.press(kDone, [&] { return mice.kept().integer("dpi") == 2400; }));
         QCOMPARE(
             controls.forgotten(Controls::around() +
-                               QStringList({"combo box 'Polling rate:'", "check box 'Light on the wheel'",
-                                   "check box 'Light on the battery indicator'", "push button 'Back up'",
+                               QStringList({"combo box 'Polling rate:'", "check box 'Wheel light'",
+                                   "check box 'Battery indicator light'", "push button 'Back up'",
                                    "push button 'Restore backup'", "push button 'Earlier settings'",
-                                   "push button 'Restore defaults'"})),
+                                   "push button 'Restore defaults'", "push button 'Check for updates'"})),
             QStringList());
     }
 };

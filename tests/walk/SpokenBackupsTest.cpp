@@ -1,4 +1,4 @@
-// All settings carried through a file and taken back, by a screen reader.
+// Backing up and restoring all settings with a screen reader.
 
 #include <QTest>
 
@@ -11,9 +11,9 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kLight = QStringLiteral("check box 'Light on the wheel'");
+const QString kLight = QStringLiteral("check box 'Wheel light'");
 const QString kFileName = QStringLiteral("text 'File name:'");
-const QString kTold = QStringLiteral("push button 'OK'");
+const QString kTold = QStringLiteral("push button 'Close message'"); // of the bar above the page
 
 } // namespace
 

@@ -15,8 +15,8 @@ namespace {
 /// How the menus of the inputs are heard, in their order.
 constexpr std::array kMenus{"Function of the left button", "Function of the right button",
     "Function of the wheel button", "Function of the rear side button", "Function of the front side button",
-    "Function of the front top button", "Function of the rear top button", "Function of the wheel turned up",
-    "Function of the wheel turned down"};
+    "Function of the front top button", "Function of the rear top button", "Function of turning the wheel up",
+    "Function of turning the wheel down"};
 constexpr int kWheelUp = 8;
 
 int codeOf(const QString& title) {

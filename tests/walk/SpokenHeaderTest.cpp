@@ -1,5 +1,5 @@
-// What stands around the tabs, operated by a screen reader; and all of the window without a mouse, and in a
-// language that is read from the right.
+// The controls around the tabs, operated by a screen reader; and the whole window without a mouse, and in a
+// right-to-left language.
 
 #include <QTest>
 
@@ -51,19 +51,42 @@ class SpokenHeaderTest : public QObject {
             QVERIFY(controls.press(
                 "push button 'Help'", opened(QStringLiteral("/Help/%1.html\n").arg(QString(tab).toLower()))));
         }
-        QVERIFY(controls.press(
-            "push button 'Check for updates'", opened("https://www.kyvar.com/quorvi/support\n")));
         QStringList leftOut = inputPopUps(); // SpokenButtonsTest
         leftOut << "page tab list";          // its tabs were pressed
+        leftOut << "combo box 'Polling rate:'"
+                << "check box 'Wheel light'" // SpokenDeviceTest
+                << "check box 'Battery indicator light'"
+                << "push button 'Back up'"
+                << "push button 'Restore backup'"
+                << "push button 'Earlier settings'"
+                << "push button 'Restore defaults'";
         const auto lit = [&walk](int lights) {
             return [&walk, lights] { return walk.savedItem("profiles", 0).integer("ledstate") == lights; };
         };
         QVERIFY(controls.press("page tab 'Device'", [&] { return tabs.name() == "Device"; }));
-        QVERIFY(walk.perform("check box 'Light on the wheel'", "Toggle"));
+        QVERIFY(controls.press(
+            "push button 'Check for updates'", opened("https://www.kyvar.com/quorvi/support\n")));
+        QVERIFY(walk.perform("check box 'Wheel light'", "Toggle"));
         QTRY_VERIFY(lit(2)());
         QVERIFY(controls.press("push button 'Undo'", lit(3)));
         QVERIFY(controls.press("push button 'Redo'", lit(2)));
         QCOMPARE(controls.forgotten(leftOut), QStringList());
+    }
+
+    void theProfileIsChosenAboveTheTabs() {
+        Walk walk(settingsToWalkIn());
+        Controls controls(walk);
+        QCOMPARE(controls.meet(), QString());
+        QString button;
+        for (const QString& control : controls.onScreen())
+            if (isProfileMenu(control))
+                button = control;
+        QVERIFY(!button.isEmpty());
+        const auto game = itemOf({"Profiles", "2 Game"});
+        QVERIFY(controls.press(button, controls.shows(game)));
+        QVERIFY(controls.choose({"Profiles", "2 Game"}, [&walk] {
+            return walk.session().home.savedSettings().dictionary("settings").integer("profileid") == 2;
+        }));
     }
 
     void withoutAMouseWhatIsDisabledSaysSo() {
@@ -78,7 +101,8 @@ class SpokenHeaderTest : public QObject {
         QCOMPARE(defaultButtonOf(sheet), ok);
         QVERIFY(controls.press(ok, controls.closes(kNoMouse)));
         QStringList usable = Controls::around();
-        for (const char* button : {"Undo", "Redo"}) // there is nothing to be undone
+        usable << "push button 'Check for updates'"; // on the device tab
+        for (const char* button : {"Undo", "Redo"})  // there is nothing to be undone
             usable.removeAll(QStringLiteral("push button '%1'").arg(button));
         const Accessible tabs = controls.find("page tab list");
         for (const char* tab : {"Buttons", "Sensitivity", "Profiles", "Macros", "Device"}) {

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <array>
+
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "walk/Controls.h"
@@ -13,7 +15,7 @@ using namespace quorvi::test;
 namespace {
 
 const QString kDelete = QStringLiteral("push button 'Delete'");
-const QString kTold = QStringLiteral("push button 'OK'"); // of the bar at the window's foot
+const QString kTold = QStringLiteral("push button 'Close message'"); // of the bar above the page
 const QString kCancel = QStringLiteral("push button 'Cancel'");
 const QString kFileName = QStringLiteral("text 'File name:'");
 constexpr char kQuestion[] = "Please Confirm";
@@ -21,7 +23,10 @@ constexpr char kMacros[] = "Macro commands";
 constexpr char kSteps[] = "Step commands";
 constexpr char kStepTable[] = "Steps of the macro";
 const QString kRecord = QStringLiteral("check box 'Record'");
+const QString kTrial = QStringLiteral("text 'Try the macro'");
 const QString kStop = QStringLiteral("check box 'Stop'");
+const QString kTimeline = QStringLiteral("list 'Timeline of the macro'");
+const QString kTimelineStep = QStringLiteral("list item 'Timeline of the macro'"); // the last one
 
 struct MacrosTab {
     MacrosTab() {
@@ -40,6 +45,12 @@ struct MacrosTab {
             macros ? "push button 'More macro commands'" : "push button 'More step commands'";
         return controls.press(gear, controls.shows(first)) && controls.choose({menu, title}, effect) &&
                controls.goes(first);
+    }
+    /// The same in a submenu of the menu of steps.
+    [[nodiscard]] bool insert(const char* submenu, const char* title, const Controls::Effect& effect) {
+        const QString first = itemOf({kSteps, submenu});
+        return controls.press("push button 'More step commands'", controls.shows(first)) &&
+               controls.choose({kSteps, submenu, title}, effect) && controls.goes(first);
     }
     [[nodiscard]] Controls::Effect named(const QStringList& expected) const {
         return [this, expected] {
@@ -105,9 +116,9 @@ class SpokenMacrosTest : public QObject {
             "50 ms"};
         const Accessible table = tab.stepTable();
         for (const QString& title : titles) {
-            const QStringList way{"Delay Afterwards", title};
+            const QStringList way{"Delay After", title};
             QVERIFY(tab.controls.performCell(
-                kStepTable, 1, "Delay Afterwards", "ShowMenu", tab.controls.shows(itemOf(way))));
+                kStepTable, 1, "Delay After", "ShowMenu", tab.controls.shows(itemOf(way))));
             QVERIFY(tab.controls.choose(way, [&] { return table.cell(1, 1).name() == title.toStdString(); }));
             QVERIFY2(tab.controls.goes(itemOf(way)), qPrintable(title));
         }
@@ -116,8 +127,22 @@ class SpokenMacrosTest : public QObject {
     static void setDelaysOfAllSteps(MacrosTab& tab) {
         QCOMPARE(tab.stepTable().selectedRows(), std::vector{1});
         // Nothing follows the last step.
-        QVERIFY(tab.choose(kSteps, "Use Delay of Step for All", tab.savedDelays({50, 50, 0})));
+        QVERIFY(tab.choose(kSteps, "Use This Delay for All Steps", tab.savedDelays({50, 50, 0})));
         QVERIFY(tab.choose(kSteps, "Remove All Delays", tab.savedDelays({0, 0, 0})));
+    }
+
+    /// Of three steps without delays.
+    static void useTheTimeline(MacrosTab& tab) {
+        Controls& controls = tab.controls;
+        const auto focused = [&] { return controls.find(kTimeline).is(AccessibleState::focused); };
+        QVERIFY(controls.perform(kTimeline, "SetFocus", focused));
+        const Accessible last = controls.find(kTimelineStep);
+        QCOMPARE(last.name(), std::string("Step 3 of 3: ") + tab.shownSteps().at(2).toStdString());
+        QVERIFY(controls.press(kTimelineStep, tab.stepSelected(2)));
+        QVERIFY(last.is(AccessibleState::selected));
+        QVERIFY(controls.perform(kTimelineStep, "Increase", tab.savedDelays({0, 0, 10})));
+        QVERIFY(QString::fromStdString(last.name()).endsWith(", then 10 ms"));
+        QVERIFY(controls.perform(kTimelineStep, "Decrease", tab.savedDelays({0, 0, 0})));
     }
 
     static void recordByTheButtons(MacrosTab& tab) {
@@ -157,6 +182,17 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(!controls.find(kRecord).isNull());
     }
 
+    /// The first step is a press alone.
+    static void mendStep(MacrosTab& tab) {
+        QStringList steps = tab.shownSteps();
+        QVERIFY(tab.controls.selectRow(kStepTable, 0, tab.stepSelected(0)));
+        const QString press = steps.first();
+        QVERIFY(press.startsWith(QLatin1String("Press ")));
+        steps << "Release " + press.mid(6);
+        QVERIFY(tab.controls.press("push button 'Add the Missing Release'", tab.showsSteps(steps)));
+        QCOMPARE(tab.stepTable().selectedRows(), std::vector{int(steps.size()) - 1});
+    }
+
     static void removeSteps(MacrosTab& tab) {
         QStringList steps = tab.shownSteps();
         QVERIFY(tab.controls.selectRow(kStepTable, 0, tab.stepSelected(0)));
@@ -189,6 +225,64 @@ class SpokenMacrosTest : public QObject {
         QVERIFY(tab.choose(kSteps, "Paste Steps", tab.showsSteps(doubled)));
         QCOMPARE(tab.stepTable().selectedRows(), std::vector{6});
         QVERIFY(tab.choose(kSteps, "Cut Step", tab.showsSteps(steps)));
+    }
+
+    /// At the fourth step; each insertion is cut out again.
+    static void insertSteps(MacrosTab& tab) {
+        Controls& controls = tab.controls;
+        const QStringList steps = tab.shownSteps();
+        const std::array buttons{"Button 1 (Left)", "Button 2 (Right)", "Button 3 (Middle)",
+            "Button 4 (Back)", "Button 5 (Forward)"};
+        const auto holds = [&](const char* field, const char* text) {
+            return [&controls, field, text] { return controls.find(field).text() == text; };
+        };
+        int place = 3;
+        for (const char* submenu : {"Insert Before", "Insert After"}) {
+            const auto with = [&](const QString& press, const QString& release) {
+                QStringList inserted = steps;
+                inserted.insert(place, press);
+                inserted.insert(place + 1, release);
+                return tab.showsSteps(inserted);
+            };
+            const auto select = [&] { return controls.selectRow(kStepTable, 3, tab.stepSelected(3)); };
+            for (std::size_t number = 0; number < buttons.size(); ++number) {
+                QVERIFY(select());
+                const QString press = QStringLiteral("Press button %1").arg(number + 1);
+                QVERIFY(tab.insert(submenu, buttons[number], with(press, "Release button")));
+                QCOMPARE(tab.stepTable().selectedRows(), std::vector({place, place + 1}));
+                QVERIFY(tab.choose(kSteps, "Cut Steps", tab.showsSteps(steps)));
+            }
+            QVERIFY(select());
+            QVERIFY(tab.insert(submenu, "Record Here", controls.shows(kStop)));
+            QVERIFY(xdotool({"key", "q"}));
+            QTRY_VERIFY(with("Press q", "Release q")());
+            QVERIFY(controls.perform(kStop, "Toggle", controls.shows(kRecord)));
+            QVERIFY(tab.choose(kSteps, "Cut Step", tab.showsSteps(steps)));
+            QVERIFY(select());
+            QVERIFY(tab.insert(submenu, "Key…", controls.opens("Press Key")));
+            QVERIFY(controls.press(kCancel, controls.closes("Press Key")));
+            QVERIFY(tab.insert(submenu, "Pause…", controls.shows("text 'Delay After'")));
+            QVERIFY(controls.type("text 'Delay After'", "75 ms", holds("text 'Delay After'", "75 ms")));
+            tab.walk.press({"Escape"});
+            QVERIFY(controls.goes("text 'Delay After'"));
+            ++place;
+        }
+        QVERIFY(tab.choose(kSteps, "Multiply Delays…", controls.opens("Multiply Delays")));
+        QVERIFY(controls.type("text 'Factor'", "2", holds("text 'Factor'", "2")));
+        QVERIFY(controls.press("push button 'OK'", controls.closes("Multiply Delays")));
+    }
+
+    /// Of a macro without steps.
+    static void insertAndTryText(MacrosTab& tab) {
+        Controls& controls = tab.controls;
+        const QString field = QStringLiteral("text 'Text for the macro to type'");
+        QVERIFY(tab.choose(kSteps, "Insert Text…", controls.opens("Insert Text")));
+        QVERIFY(controls.type(field, "hi", [&] { return controls.find(field).text() == "hi"; }));
+        QVERIFY(controls.press(
+            "push button 'Insert'", tab.showsSteps({"Press h", "Release h", "Press i", "Release i"})));
+        QVERIFY(controls.perform(
+            "check box 'Play'", "Toggle", [&] { return controls.find(kTrial).text() == "hi"; }));
+        QVERIFY(controls.type(kTrial, "ho", [&] { return controls.find(kTrial).text() == "ho"; }));
     }
 
   private slots:
@@ -241,9 +335,11 @@ class SpokenMacrosTest : public QObject {
 
         QStringList leftOut = Controls::around(); // of the steps
         for (const char* control : {"table 'Steps of the macro'", "cell 'Steps of the macro › Action'",
-                 "cell 'Steps of the macro › Delay Afterwards'", "push button 'Add steps'",
-                 "push button 'Remove step'", "push button 'More step commands'", "check box 'Record'"})
+                 "cell 'Steps of the macro › Delay After'", "push button 'Add the Missing Release'",
+                 "push button 'Add steps'", "push button 'Remove step'", "push button 'More step commands'",
+                 "check box 'Record'", "check box 'Play'"})
             leftOut << control;
+        leftOut << kTrial << kTimeline << kTimelineStep;
         QCOMPARE(controls.forgotten(leftOut), QStringList());
     }
 
@@ -251,8 +347,8 @@ class SpokenMacrosTest : public QObject {
         MacrosTab tab;
         QVERIFY(tab.selectMacro(0));
         QCOMPARE(tab.controls.meet(), QString());
-        for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, recordByTheButtons,
-                 recordByTheMenu, editSteps, removeSteps}) {
+        for (auto* part : {selectSteps, chooseDelays, setDelaysOfAllSteps, useTheTimeline, recordByTheButtons,
+                 recordByTheMenu, editSteps, insertSteps, mendStep, removeSteps}) {
             part(tab);
             if (QTest::currentTestFailed())
                 return;
@@ -260,8 +356,15 @@ class SpokenMacrosTest : public QObject {
         QCOMPARE(tab.controls.meet(), QString());
         // That all steps were removed is told, and can be undone there.
         QVERIFY(tab.controls.press(kTold, [&] { return !tab.controls.isThere(kTold); }));
+        insertAndTryText(tab);
+        if (QTest::currentTestFailed())
+            return;
         QStringList leftOut = Controls::around();
         leftOut << itemOf({"Step commands", "Copy Step"}); // changes nothing that can be heard; as "Cut Step"
+        for (const char* title : {"Remove Steps", "Move Steps Up", "Move Steps Down", "Copy Steps",
+                 "Duplicate Steps"}) // as for one step
+            leftOut << itemOf({kSteps, title});
+        leftOut << "text 'Key'"; // of the sheet for a key, which is operated with the buttons
         for (const char* control : {"table 'Macros'", "cell 'Macros › Macro'", "push button 'Add macro'",
                  "push button 'Delete macro'", "push button 'More macro commands'"})
             leftOut << control; // everyControlOfTheListIsOperated

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "walk/Controls.h"
@@ -20,7 +22,17 @@ int codeOf(int dpi) {
 }
 
 constexpr char kSheet[] = "Sensitivity Stages";
+const QString kStages = QStringLiteral("list 'Stages of this profile'");
 const QString kEditStages = QStringLiteral("push button 'Edit stages'");
+
+/// The cells of the bar are named for their sensitivities, which the test changes.
+QStringList withoutStages(QStringList controls) {
+    controls.removeOne(kStages);
+    controls.erase(std::remove_if(controls.begin(), controls.end(),
+                       [](const QString& control) { return control.startsWith("push button 'Stage "); }),
+        controls.end());
+    return controls;
+}
 
 struct SensitivityTab {
     SensitivityTab() {
@@ -82,6 +94,7 @@ class SpokenSensitivityTest : public QObject {
         const Accessible y = controls.find("slider 'Sensitivity Y'");
         QVERIFY(!y.is(AccessibleState::enabled));
         // The mouse counts in steps of 25: what is between two of them goes to the nearer one.
+        QVERIFY(controls.set("spin box 'Sensitivity X'", 2412, tab.inForce(2400, 2400)));
         QVERIFY(controls.set("slider 'Sensitivity X'", 1607, tab.inForce(1600, 1600)));
         QCOMPARE(x.value(), 1600.0);
         y.setValue(3000);
@@ -89,6 +102,7 @@ class SpokenSensitivityTest : public QObject {
         const QString separate = QStringLiteral("check box 'Separate X and Y'");
         QVERIFY(controls.perform(separate, "Toggle", [&] { return y.is(AccessibleState::enabled); }));
         QVERIFY(controls.set("slider 'Sensitivity Y'", 100, tab.inForce(1600, 100)));
+        QVERIFY(controls.set("spin box 'Sensitivity Y'", 200, tab.inForce(1600, 200)));
         QVERIFY(controls.perform(separate, "Toggle", tab.inForce(1600, 1600)));
 
         const bool accelerated = tab.driver().boolean("enableaccel");
@@ -100,15 +114,23 @@ class SpokenSensitivityTest : public QObject {
         const Accessible acceleration = controls.find("slider 'Acceleration'");
         QVERIFY(controls.set("slider 'Acceleration'", acceleration.highestValue(),
             [&] { return tab.driver().real("acceleration") == 2.0; }));
+        // A percent that the slider does not have goes to the nearer one that it has.
+        QVERIFY(controls.set(
+            "spin box 'Acceleration'", 98, [&] { return tab.driver().real("acceleration") == 1.0; }));
 
         const bool shown = tab.driver().boolean("sensitivityosd");
-        QVERIFY(controls.perform("check box 'Show the sensitivity on the screen when it changes'", "Toggle",
+        QVERIFY(controls.perform("check box 'Show the sensitivity on screen when it changes'", "Toggle",
             [&] { return tab.driver().boolean("sensitivityosd") != shown; }));
         QVERIFY(controls.press(kEditStages, controls.opens(kSheet)));
         QVERIFY(tab.walk.focusBecomes("cell '2'") == "cell '2'"); // before that, keys go to the window
         tab.walk.press({"Escape"});
         QTRY_VERIFY(controls.closes(kSheet)());
-        QCOMPARE(controls.forgotten(Controls::around()), QStringList());
+        const Accessible third = controls.find(kStages).children().at(2);
+        QVERIFY(controls.press(heard(third), controls.opens(kSheet)));
+        QCOMPARE(tab.walk.focusBecomes("cell '3'"), QStringLiteral("cell '3'"));
+        tab.walk.press({"Escape"});
+        QTRY_VERIFY(controls.closes(kSheet)());
+        QCOMPARE(withoutStages(controls.forgotten(Controls::around())), QStringList());
     }
 
     void everyControlOfTheStagesIsOperated() {
@@ -140,9 +162,15 @@ class SpokenSensitivityTest : public QObject {
         QVERIFY(controls.press("push button 'Add stage'", tab.rows(int(before.size()))));
         QVERIFY(controls.set("slider 'Sensitivity X of the stage'", 300,
             tab.stands("slider 'Sensitivity Y of the stage'", 300)));
+        QVERIFY(controls.set("spin box 'Sensitivity X of the stage'", 1200,
+            tab.stands("slider 'Sensitivity X of the stage'", 1200)));
+        QVERIFY(controls.set("slider 'Sensitivity X of the stage'", 300,
+            tab.stands("spin box 'Sensitivity X of the stage'", 300)));
         QVERIFY(controls.perform(separate, "Toggle", [&] {
             return controls.find("slider 'Sensitivity Y of the stage'").is(AccessibleState::enabled);
         }));
+        QVERIFY(controls.set("spin box 'Sensitivity Y of the stage'", 800,
+            tab.stands("slider 'Sensitivity Y of the stage'", 800)));
         QVERIFY(controls.set("slider 'Sensitivity Y of the stage'", 6475,
             [&] { return QString::fromStdString(table.cell(1, 1).name()).contains("6475"); }));
         QVERIFY(controls.press(ok, tab.inForce(300, 6475)));
@@ -153,9 +181,10 @@ class SpokenSensitivityTest : public QObject {
         QStringList leftOut = Controls::around();
         for (const char* control : {"check box 'Separate X and Y'", "slider 'Sensitivity X'",
                  "slider 'Sensitivity Y'", "check box 'Use acceleration'", "slider 'Acceleration'",
-                 "check box 'Show the sensitivity on the screen when it changes'"})
+                 "spin box 'Sensitivity X'", "spin box 'Sensitivity Y'", "spin box 'Acceleration'",
+                 "check box 'Show the sensitivity on screen when it changes'"})
             leftOut << control;
-        QCOMPARE(controls.forgotten(leftOut), QStringList());
+        QCOMPARE(withoutStages(controls.forgotten(leftOut)), QStringList());
     }
 };
 
