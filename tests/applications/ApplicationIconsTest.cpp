@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "applications/ApplicationIcon.h"
 #include "applications/ApplicationPanel.h"
 #include "support/EnvironmentVariable.h"
 #include "support/SessionTestMain.h"
@@ -112,6 +113,24 @@ class ApplicationIconsTest : public QObject {
             const auto icon = list.data(list.index(row), Qt::DecorationRole).value<QIcon>();
             QCOMPARE(icon.pixmap(24, 24).toImage().pixelColor(12, 12), QColor(Qt::red));
         }
+    }
+
+    void anApplicationOfAProfileHasTheIconOfItsEntry() {
+        QImage red(24, 24, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        red.save(iconPath("red"));
+        install("org.example.Red", iconPath("red"));
+        std::filesystem::create_directories(m_folder.path("system/applications/vendor"));
+        install("vendor/red-one", iconPath("red"));
+        const auto middle = [](const char* identifier) {
+            return iconOfStoredApplication(identifier).pixmap(24, 24).toImage().pixelColor(12, 12);
+        };
+        QCOMPARE(middle("org.example.Red"), QColor(Qt::red));
+        QCOMPARE(middle("vendor-red-one"), QColor(Qt::red));
+        const QImage usual = usualApplicationIcon().pixmap(24, 24).toImage();
+        for (const char* none :
+            {"", "org.example.Gone", "../system/applications/org.example.Red", "x-..-org.example.Red", "-"})
+            QVERIFY2(iconOfStoredApplication(none).pixmap(24, 24).toImage() == usual, none);
     }
 
   private:

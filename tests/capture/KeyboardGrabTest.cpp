@@ -1,4 +1,4 @@
-// Who has the keyboard of the display while the pane captures keys, as another program finds it.
+// The owner of the display's keyboard during a capture, as seen by another program.
 
 #include <QLineEdit>
 #include <QMenu>
@@ -147,6 +147,22 @@ class KeyboardGrabTest : public QObject {
         keyboard.tap(keycodes::a);
         QVERIFY(!m_other->canTakeKeyboard());
         panel()->hide();
+    }
+
+    void aRecordingThatAMenuBeginsGoesOnWhenTheMenuHasClosed() {
+        QMenu menu(m_fixture->window.get());
+        menu.addAction(QStringLiteral("Record Here"));
+        menu.popup(m_fixture->window->geometry().center());
+        QTRY_COMPARE(QGuiApplication::focusWindow(), menu.windowHandle());
+        menu.hide();
+        // The display has not yet told that the focus is back in the window.
+        QCOMPARE(QGuiApplication::focusWindow(), menu.windowHandle());
+        m_fixture->pane->startStopRecording(true, false);
+        QTRY_COMPARE(QGuiApplication::focusWindow(), m_fixture->window->windowHandle());
+        QTRY_VERIFY(!m_other->canTakeKeyboard());
+        QVERIFY(m_fixture->pane->isRecordingMacro());
+        m_fixture->pane->startStopRecording(false, false);
+        QTRY_VERIFY(m_other->canTakeKeyboard());
     }
 
     void aWindowThatIsNotThePanesHasItsKeys() {

@@ -1,4 +1,4 @@
-// What is different between two trees, in the words of the command line.
+// The differences between two trees, in the command line's words.
 #include "history/Differences.h"
 
 #include <gtest/gtest.h>
@@ -183,15 +183,15 @@ TEST_F(Differences, TellAnotherOrder) {
     const auto firstMacro = now.array(keys::macros).value(0);
     now.array(keys::macros).remove(0);
     now.array(keys::macros).append(firstMacro);
-    expectLines({"The profiles were in another order", "The macros were in another order"});
+    expectLines({"The profiles were in a different order", "The macros were in a different order"});
 }
 
 TEST_F(Differences, OfStagesNameTheirResolutions) {
     profileNow(0).array(keys::stages).replace(0, stage(500, 500));
     profileNow(0).array(keys::stages).dictionary(1).set(keys::independentXY, true);
     profileNow(0).set(keys::defaultStage, 1);
-    expectLines({"Stage 1 of “Drawing”: 400 DPI → 500 DPI",
-        "Stage 2 of “Drawing”: 800 DPI → X = 800, Y = 1600 DPI", "Selected stage of “Drawing”: 2 → 1"});
+    expectLines({"Stage 1 of “Drawing”: 400 DPI → 500 DPI", "Stage 2 of “Drawing”: 800 DPI → 800 × 1600 DPI",
+        "Selected stage of “Drawing”: 2 → 1"});
 }
 
 TEST_F(Differences, OfTheNumberOfStagesListThem) {
@@ -212,20 +212,19 @@ TEST_F(Differences, OfAProfilesOptionsAreNamed) {
     driver.set(keys::acceleration, 1.5);
     driver.set(keys::application, u"Krita");
     profileNow(0).set(keys::ledState, 0);
-    expectLines(
-        {"Sensitivity shown on the screen in “Drawing”: Off → On", "Acceleration of “Drawing”: Off → 1.50",
-            "Application of “Drawing”: No application → Krita", "Automatic switching to “Drawing”: Off → On",
-            "Name shown on the screen for “Drawing”: Off → On", "Light on the wheel in “Drawing”: On → Off",
-            "Light on the battery indicator in “Drawing”: On → Off"});
+    expectLines({"Sensitivity shown on screen in “Drawing”: Off → On",
+        "Acceleration of “Drawing”: Off → 1.50", "Application of “Drawing”: No application → Krita",
+        "Automatic switching to “Drawing”: Off → On", "Name shown on screen for “Drawing”: Off → On",
+        "Wheel light in “Drawing”: On → Off", "Battery indicator light in “Drawing”: On → Off"});
 }
 
 TEST_F(Differences, OfStepsAreToldByWhatTheyAre) {
     macroNow(0).array(keys::steps).remove(1);
     macroNow(1).array(keys::steps).dictionary(0).set(keys::argument, 5);
-    expectLines({"Steps of macro “Build”: 2 → 1", "Macro “Sign” had other steps"});
+    expectLines({"Steps of macro “Build”: 2 → 1", "Macro “Sign” had different steps"});
     now = treeOfTwo();
     macroNow(1).array(keys::steps).dictionary(0).set(keys::delay, 500);
-    expectLines({"Macro “Sign” had other delays"});
+    expectLines({"Macro “Sign” had different delays"});
 }
 
 TEST_F(Differences, OfTheMouseStandLast) {

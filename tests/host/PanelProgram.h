@@ -1,9 +1,12 @@
-// The panel as a program of its own, showing the mouse, as the tests of storms and of lost helpers need it.
+// The panel as a separate program showing the mouse, for the tests of storms and lost helpers.
 #pragma once
 
 #include <QTest>
 
+#include <tuple>
+
 #include "host/OpenProgram.h"
+#include "support/Keyboard.h"
 #include "support/WindowPing.h"
 #include "support/WindowTools.h"
 
@@ -42,8 +45,16 @@ class PanelProgram {
     }
     /// Clicks the light and waits until it is in the file; whether there is a helper does not matter.
     [[nodiscard]] bool clickIsSaved() const {
+        return isSavedBy([&] { program->clickAt(m_light.control); });
+    }
+    /// The same by the key, on the box that was clicked last: a message may have moved the page since.
+    [[nodiscard]] bool keyIsSaved() const {
+        return isSavedBy([] { std::ignore = xdotool({"key", "space"}); });
+    }
+    template <typename Do>
+    [[nodiscard]] bool isSavedBy(Do change) const {
         const int expected = session.home.savedLights() ^ 1;
-        program->clickAt(m_light.control);
+        change();
         return QTest::qWaitFor([&] { return session.home.savedLights() == expected; }, kWindowPatienceMs);
     }
     /// The mouse comes to hold what the file says, all of it.

@@ -1,4 +1,4 @@
-// The mouse is unplugged and plugged in while the panel is there.
+// The mouse is unplugged and plugged in while the panel is open.
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -101,9 +101,8 @@ class PlugAndUnplugTest : public QObject {
             clickButton(outlet<QAbstractButton>(sheet, "quorviNoDeviceButtonOK"));
         });
         QTRY_VERIFY(!said.isEmpty() && !window.find<QDialog>("quorviPanelNoDevice")->isVisible());
-        QCOMPARE(said,
-            QStringLiteral("Switch the mouse on, and plug its cable or its receiver in. The panel shows "
-                           "the settings as soon as the mouse is found."));
+        QCOMPARE(said, QStringLiteral("Switch the mouse on and plug in its cable or receiver. Its settings "
+                                      "appear as soon as it is found."));
         QVERIFY(noMouseBehind);
         const SheetCounter sheets(window);
         session.attach();

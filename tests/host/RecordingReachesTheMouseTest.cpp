@@ -234,7 +234,7 @@ class RecordingReachesTheMouseTest : public QObject {
                 "Press button 3", "Release button", "Press button 2", "Release button", "Press button 4",
                 "Release button", "Press button 5", "Release button"}));
         QCOMPARE(m_window->text("textRecording"),
-            QStringLiteral("Recording: 2 steps left \u00B7 hold Esc to stop"));
+            QStringLiteral("Recording: 2 steps left \u00B7 \u25A0 or hold Esc to stop"));
         QVERIFY(saved().isEmpty());
         const QList<double> times = m_times->times;
         m_window->click("quorviButtonStepRecord");

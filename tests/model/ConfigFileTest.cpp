@@ -1,9 +1,12 @@
-// What one party knows of a file between its saves, and what becomes of what others write there meanwhile.
+// What a process remembers of a file between its saves, and the handling of other programs' changes.
 #include "model/ConfigFile.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -41,10 +44,10 @@ TEST_F(ConfigFileTest, seesKeysThatOthersChangeBetweenTwoSaves) {
     put(dict({{"other", 2}, {"new", true}, {"quorvi", settings(2)}}));
     ASSERT_TRUE(file.save(settings(3)));
     EXPECT_EQ(Value(content()), Value(dict({{"other", 2}, {"new", true}, {"quorvi", settings(3)}})));
-    EXPECT_EQ(folder.names(), Names{"file.plist"}); // nobody's settings were in the way
+    EXPECT_EQ(folder.names(), Names{"file.plist"}); // no settings were overwritten
 }
 
-// The size and the times may be those of the file that was known, and the bytes others all the same.
+// The bytes may differ even if size and times are those of the known file.
 TEST_F(ConfigFileTest, looksAtTheBytesAndNotAtTheTimes) {
     put(dict({{"other", 1}, {"quorvi", settings(1)}}));
     ASSERT_TRUE(load());
@@ -56,6 +59,25 @@ TEST_F(ConfigFileTest, looksAtTheBytesAndNotAtTheTimes) {
     ASSERT_EQ(::utimensat(AT_FDCWD, path().c_str(), times.data(), 0), 0);
     ASSERT_TRUE(file.save(settings(3)));
     EXPECT_EQ(content().integer("other"), 7);
+}
+
+TEST_F(ConfigFileTest, seesWhatAnotherWritesAmidASaveBeforeItReplacesTheFile) {
+    class CallsAmidSave : public ScriptedCalls {
+      public:
+        std::function<void()> amidSave;
+        int fsync(int synced) override {
+            if (const auto act = std::exchange(amidSave, nullptr))
+                act();
+            return ScriptedCalls::fsync(synced);
+        }
+    } amid;
+    ConfigFile ours("quorvi", path(), amid);
+    put(dict({{"quorvi", settings(1)}}));
+    ASSERT_TRUE(ours.load(kVersion, {}));
+    amid.amidSave = [&] { put(dict({{"quorvi", settings(1)}, {"other", 1}})); };
+    ASSERT_TRUE(ours.save(settings(2)));
+    EXPECT_EQ(Value(content()), Value(dict({{"quorvi", settings(2)}, {"other", 1}})));
+    EXPECT_EQ(std::ranges::count(amid.log, "rename"), 1) << "theirs was never out of its place";
 }
 
 TEST_F(ConfigFileTest, startsAnewWhereTheFileWasRemoved) {
@@ -141,7 +163,7 @@ TEST_F(ConfigFileTest, keepsWhatOthersHaveSpoiled) {
     EXPECT_EQ(file.takeKeptCopy(), copy(1));
 }
 
-// There the panel has started from its defaults, and nobody needs to hear of it.
+// The panel has then started from its defaults, so no notice is needed.
 TEST_F(ConfigFileTest, keepsQuietlyWhatItCouldNotLoad) {
     for (const auto& refused : {Value(dict({{"quorvi", dict({{"version", 5}})}})), Value(list({1}))}) {
         put(refused);
@@ -151,7 +173,7 @@ TEST_F(ConfigFileTest, keepsQuietlyWhatItCouldNotLoad) {
         EXPECT_EQ(file.takeKeptCopy(), std::nullopt);
         EXPECT_EQ(readFile(copy(static_cast<int>(folder.names().size()) - 1)), old);
     }
-    put(dict({{"other", 1}})); // nobody's settings
+    put(dict({{"other", 1}})); // no settings
     EXPECT_FALSE(load());
     ASSERT_TRUE(file.save(settings(1)));
     EXPECT_EQ(folder.names().size(), 3U);
@@ -193,7 +215,7 @@ TEST_F(ConfigFileTest, keepsOneCopyHoweverOftenTheSaveFails) {
     EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
 }
 
-// Else the next save would take it for somebody else's.
+// Otherwise the next save would treat it as another program's.
 TEST_F(ConfigFileTest, knowsItsOwnFileWhoseFolderCouldNotBeSynced) {
     put(dict({{"quorvi", settings(1)}}));
     ASSERT_TRUE(load());
@@ -241,7 +263,7 @@ TEST_F(ConfigFileTest, keepsWhatIsTooLargeToBeRead) {
     EXPECT_EQ(folder.names(), (Names{"file.kept-1.plist", "file.plist"}));
 }
 
-// What a hard link would need the right to read for, a change of names does not.
+// Unlike a hard link, a rename does not need permission to read.
 TEST_F(ConfigFileTest, keepsWhatItMayNotRead) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "needs a file of another user";
@@ -303,7 +325,7 @@ TEST_F(ConfigFileTest, savesNothingOfATreeThatNoPropertyListHoldsAndGoesOn) {
 
 class KeptCopies : public ConfigFileTest {
   protected:
-    /// Has a save keep the bytes; the copy's path.
+    /// Makes a save keep the bytes; returns the copy's path.
     std::optional<fs::path> keep(const std::string& bytes) {
         if (!file.save(settings(0)))
             return {};

@@ -1,5 +1,5 @@
-// Saves on a file system that cannot exchange two names, nor say whether a name is free: they go another way
-// there, and lose as little.
+// Saves on a file system that cannot exchange names or check whether one is free: they use another way, and
+// lose no more.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -28,11 +28,15 @@ class CallsWithoutExchange : public FileCalls {
   public:
     explicit CallsWithoutExchange(int error) : m_error(error) {}
 
-    /// Called once, when a save brings its file to the disk.
+    /// Called once, when a save syncs its file.
     std::function<void()> amidSave;
     std::function<void()> beforeRename = [] {};
+    /// Called once, when a save finds that names cannot be exchanged.
+    std::function<void()> amidExchange;
 
     int renameat2(int /*folder*/, const char* /*from*/, const char* /*to*/, unsigned /*flags*/) override {
+        if (const auto act = std::exchange(amidExchange, nullptr))
+            act();
         errno = m_error;
         return -1;
     }
@@ -56,7 +60,7 @@ class CallsWithoutExchange : public FileCalls {
     int m_error;
 };
 
-/// A tree in which each of two parties has a key of its own.
+/// A copy of the tree with that setting.
 Dictionary with(const Dictionary& tree, const char* key, int value) {
     const auto changed = plist::mutableDeepCopy(tree);
     changed.dictionary("settings").set(key, value);
@@ -68,7 +72,8 @@ class NoExchange : public ConfigFileTest, public testing::WithParamInterface<Fil
     [[nodiscard]] Dictionary savedSettings() const {
         return content().dictionary("quorvi").dictionary("settings");
     }
-    /// A copy was kept; its bytes. Its number is not the next one: the new file has that for a moment.
+    /// Expects a kept copy and returns its bytes. Its number is not the next one: the new file has that for a
+    /// moment.
     [[nodiscard]] std::string kept() {
         const auto copy = ours.takeKeptCopy();
         return copy ? readFile(*copy) : std::string();
@@ -113,6 +118,15 @@ TEST_P(NoExchange, joinsWhatAnotherWritesAmidTheSave) {
     EXPECT_EQ(folder.names(), FileNames{"file.plist"});
 }
 
+// The look before trusts the system's clock, which an exchange would make good for.
+TEST_P(NoExchange, joinsWhatAnotherWritesAfterTheLook) {
+    put(dict({{"quorvi", settings(1)}}));
+    const auto tree = ours.load(kVersion, {});
+    plain.amidExchange = [&] { put(dict({{"quorvi", with(tree, "theirs", 2)}})); };
+    ASSERT_TRUE(ours.save(with(tree, "ours", 3)));
+    EXPECT_EQ(Value(savedSettings()), Value(dict({{"light", 1}, {"ours", 3}, {"theirs", 2}})));
+}
+
 TEST_P(NoExchange, joinsWithAFileThatComesAmidTheFirstSave) {
     ASSERT_FALSE(ours.load(kVersion, {}));
     plain.amidSave = [&] { put(dict({{"other", 1}})); };
@@ -149,7 +163,7 @@ TEST_P(NoExchange, keepsWhatIsDamagedOrTooLarge) {
     EXPECT_EQ(savedSettings().integer("light"), 3);
 }
 
-// Nobody may give a second name to a file of somebody else's: it is moved out of the way then.
+// Another user's file cannot be hard-linked; it is renamed instead.
 TEST_P(NoExchange, keepsWhatItMayNotRead) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "needs a file of another user";
@@ -181,7 +195,7 @@ TEST_P(NoExchange, leavesTheOldFileAndNoCopyWhenItCannotBeReplaced) {
     EXPECT_EQ(kept(), old);
 }
 
-// Nothing else keeps another writer out between the last look and the change of names.
+// Only the lock keeps other writers out between the last look and the rename.
 TEST_P(NoExchange, holdsTheLockWhenTheNamesChange) {
     int locked = 0;
     plain.beforeRename = [&] {

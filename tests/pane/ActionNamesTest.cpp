@@ -1,4 +1,4 @@
-// What the button to undo calls the actions of the user: every change has a name, and is one action.
+// The undo button's names of user actions: every change has a name, and is one action.
 
 #include <QCheckBox>
 #include <QDir>
@@ -128,7 +128,7 @@ class ActionNamesTest : public QObject {
         for (const char* slider : {"quorviSliderSensitivityX", "quorviSliderAcceleration"}) {
             if (slider == QLatin1String("quorviSliderAcceleration")) {
                 fixture->click("quorviBoxAcceleration");
-                QCOMPARE(last(*fixture), QStringLiteral("Switch Acceleration On"));
+                QCOMPARE(last(*fixture), QStringLiteral("Turn On Acceleration"));
             }
             QTest::keyClick(fixture->find<KyvarQuorviSlider>(slider), Qt::Key_Right);
             QCOMPARE(last(*fixture), slider == QLatin1String("quorviSliderAcceleration")
@@ -136,7 +136,7 @@ class ActionNamesTest : public QObject {
                                          : QStringLiteral("Change Sensitivity"));
         }
         fixture->click("quorviBoxAcceleration");
-        QCOMPARE(last(*fixture), QStringLiteral("Switch Acceleration Off"));
+        QCOMPARE(last(*fixture), QStringLiteral("Turn Off Acceleration"));
         fixture->click("quorviBoxIndependentXY");
         QCOMPARE(last(*fixture), QStringLiteral("Set X and Y Separately"));
         QTest::keyClick(fixture->find<KyvarQuorviSlider>("quorviSliderSensitivityY"), Qt::Key_Right);
@@ -157,8 +157,8 @@ class ActionNamesTest : public QObject {
         const bool named = fixture->find<QAbstractButton>("quorviBoxProfileOSD")->isChecked();
         for (const bool shows : {!named, named}) {
             fixture->click("quorviBoxProfileOSD");
-            QCOMPARE(last(*fixture), shows ? QStringLiteral("Show Name of Profile on Screen")
-                                           : QStringLiteral("Do Not Show Name of Profile on Screen"));
+            QCOMPARE(last(*fixture), shows ? QStringLiteral("Show Profile Name on Screen")
+                                           : QStringLiteral("Do Not Show Profile Name on Screen"));
         }
     }
 
@@ -176,13 +176,13 @@ class ActionNamesTest : public QObject {
         const auto fixture = panelAt(kDeviceTab);
         choose(fixture->find<PopUpButton>("quorviMenuPollingRate"), {"1000 Hz"});
         QCOMPARE(last(*fixture), QStringLiteral("Change Polling Rate"));
-        const std::array lights{std::pair("quorviBoxLightOnWheel", QStringLiteral("Switch Light of Wheel ")),
-            std::pair("quorviBoxLightOnBattery", QStringLiteral("Switch Light of Battery Indicator "))};
+        const std::array lights{std::pair("quorviBoxLightOnWheel", QStringLiteral("Wheel Light")),
+            std::pair("quorviBoxLightOnBattery", QStringLiteral("Battery Indicator Light"))};
         for (const auto& [box, name] : lights) {
             const bool lit = fixture->find<QAbstractButton>(box)->isChecked();
             for (const bool on : {!lit, lit}) {
                 fixture->click(box);
-                QCOMPARE(last(*fixture), name + (on ? "On" : "Off"));
+                QCOMPARE(last(*fixture), (on ? "Turn On " : "Turn Off ") + name);
             }
         }
         confirmAndClick(*fixture, "quorviButtonRestoreDefaults");
@@ -259,7 +259,7 @@ class ActionNamesTest : public QObject {
         fixture.pane->setObjectValue(3, kStepDelayColumn, 0);
         QCOMPARE(last(fixture), QStringLiteral("Change Delay"));
         fixture.chooseForSteps(kUseDelayForAllItem);
-        QCOMPARE(last(fixture), QStringLiteral("Use Delay of Step for All"));
+        QCOMPARE(last(fixture), QStringLiteral("Use This Delay for All Steps"));
         fixture.chooseForSteps(kRemoveAllDelaysItem);
         QCOMPARE(last(fixture), QStringLiteral("Remove All Delays"));
         fixture.selectStep(3);

@@ -166,7 +166,9 @@ class DeviceCommandsTest : public QObject {
     void updatesAndHelpOpenOutsideAndChangeNothing() {
         PaneFixture fixture;
         fixture.openWith(PaneFixture::sampleTree());
+        fixture.selectTab(4);
         fixture.click("quorviButtonCheckForUpdates");
+        fixture.selectTab(0);
         fixture.click("quorviButtonHelp");
         QCOMPARE(fixture.opened.size(), 2);
         QVERIFY(fixture.opened[0].startsWith(QStringLiteral("url https://")));
@@ -178,6 +180,7 @@ class DeviceCommandsTest : public QObject {
     void updatesWorkWithoutADevice() {
         PaneFixture fixture;
         fixture.select();
+        fixture.selectTab(4);
         fixture.click("quorviButtonCheckForUpdates");
         QCOMPARE(fixture.opened.size(), 1);
     }

@@ -1,5 +1,5 @@
-// The helper comes and goes while the panel is shown: the window says so by itself, and starts it again when
-// the user comes back or changes something.
+// The helper starts and ends while the panel is shown: the window shows it at once, and restarts the helper
+// when the user returns or makes a change.
 
 #include <QLabel>
 
@@ -19,7 +19,7 @@ constexpr int kDeviceTab = 4;
 const QString kConnected = QStringLiteral("Connected");
 const QString kLooking = QStringLiteral("Looking for the mouse…");
 const QString kGone = QStringLiteral("The background program is not running.");
-const QString kNotice = kGone + QStringLiteral(" Changes are saved and reach the mouse when it is back.");
+const QString kNotice = kGone + QStringLiteral(" Changes are saved and reach the mouse when it runs again.");
 
 class Panel : public PaneFixture {
   public:

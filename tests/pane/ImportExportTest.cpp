@@ -157,7 +157,7 @@ class ImportExportTest : public QObject {
         fixture.chooseFile(QStringLiteral("\"v1.2\""));
         QCOMPARE(readAll(file), QByteArray("mine"));
         QCOMPARE(fixture.told(),
-            QStringLiteral("“Desk” was not exported: there is a file ~/v1.2.quorviProfile already."));
+            QStringLiteral("“Desk” was not exported: there is already a file ~/v1.2.quorviProfile."));
     }
 
     void aProposedNameCanBeTyped() {
@@ -253,9 +253,9 @@ class ImportExportTest : public QObject {
         const QByteArray step = "<dict/>";
         QTest::newRow("empty") << QByteArray() << damaged << damaged;
         QTest::newRow("cut short") << QByteArray("<plist><dict><key>ledstate</key>") << damaged << damaged;
-        QTest::newRow("something else") << QByteArray("<plist><dict/></plist>") << "it holds no profile."
-                                        << "it holds no macro.";
-        QTest::newRow("17 steps") << macro + step.repeated(17) + end << "it holds no profile."
+        QTest::newRow("something else") << QByteArray("<plist><dict/></plist>") << "it contains no profile."
+                                        << "it contains no macro.";
+        QTest::newRow("17 steps") << macro + step.repeated(17) + end << "it contains no profile."
                                   << "its macro has more than 16 steps.";
         QTest::newRow("20,000 steps") << macro + step.repeated(20000) + end << large << large;
         QTest::newRow("a million steps") << macro + step.repeated(1000000) + end << large << large;
@@ -287,10 +287,10 @@ class ImportExportTest : public QObject {
         FilesFixture fixture(2, tree);
         fixture.pane->importProfileCompletion(fixture.write("p", profile));
         QCOMPARE(fixture.told(),
-            QStringLiteral("~/p was not imported: there are 5 profiles already, which is the most."));
+            QStringLiteral("~/p was not imported: there are already 5 profiles, the maximum."));
         fixture.pane->importMacroCompletion(fixture.write("m", macro));
         QCOMPARE(fixture.told(),
-            QStringLiteral("~/m was not imported: there are 12 macros already, which is the most."));
+            QStringLiteral("~/m was not imported: there are already 12 macros, the maximum."));
         QCOMPARE(fixture.pane->deviceConfig().array("macros").size(), 12U);
         QVERIFY(fixture.commandsBecome({}));
     }
@@ -310,8 +310,7 @@ class ImportExportTest : public QObject {
         profile.dictionary("buttons").set("09", run(45));
         fixture.pane->importProfileCompletion(fixture.write("in", plist::Value(profile)));
         QCOMPARE(fixture.told(),
-            QStringLiteral(
-                "The profile “Desk 2” was imported. Buttons that run a macro which is not there: 4, 9"));
+            QStringLiteral("The profile “Desk 2” was imported. Buttons whose macro is missing: 4, 9"));
         fixture.forgetWhatWasTold();
         fixture.selectTab(0);
         QCOMPARE(

@@ -1,8 +1,7 @@
-// What the helper tells of mice, profiles and presses, as the window shows it.
+// The window's display of the helper's reports about mice, profiles and presses.
 
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QGroupBox>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QTextDocumentFragment>
@@ -14,6 +13,7 @@
 #include "pane/TellingHelper.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/MarkedCells.h"
 #include "widgets/MiceList.h"
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
@@ -83,21 +83,17 @@ class Panel : public PaneFixture {
             QAccessible::queryAccessibleInterface(find<KyvarQuorviTableView>("quorviTableProfiles"));
         QStringList marks;
         for (int row = 0; row < list->tableInterface()->rowCount(); ++row)
-            marks << list->tableInterface()->cellAt(row, 0)->text(QAccessible::Description);
+            marks << list->tableInterface()->cellAt(row, kNameColumn)->text(QAccessible::Description);
         return marks;
     }
-    /// Something stands behind the number.
+    /// The name is bold, behind a sign.
     [[nodiscard]] bool cellIsDrawnWithAMark(int row) const {
-        auto* table = find<KyvarQuorviTableView>("quorviTableProfiles");
-        const QRect cell = table->visualRect(table->model()->index(row, 0));
-        const QRect end = cell.adjusted(cell.width() / 2, 2, -2, -2);
-        const QImage drawn = table->viewport()->grab(end).toImage();
-        for (int x = 0; x < drawn.width(); ++x)
-            if (drawn.pixel(x, drawn.height() / 2) != drawn.pixel(drawn.width() - 1, 0))
-                return true;
-        return false;
+        const QModelIndex name =
+            find<KyvarQuorviTableView>("quorviTableProfiles")->model()->index(row, kNameColumn);
+        return name.data(Qt::FontRole).value<QFont>().bold() && name.data(MarkedCells::symbolRole).isValid();
     }
 
+    static constexpr int kNameColumn = 1;
     TellingHelper* telling = nullptr;
 };
 
@@ -109,7 +105,7 @@ class LiveHelperTest : public QObject {
   private slots:
     void theDemonstrationMouseIsCalledSoWhereAnotherCanBeChosen() {
         Panel panel({.service = false});
-        QTRY_COMPARE(panel.find<QGroupBox>("groupMice")->isHidden(), true);
+        QTRY_COMPARE(panel.find<QWidget>("groupMice")->isHidden(), true);
         QCOMPARE(panel.state(), QStringLiteral("Connected"));
         panel.telling->change([](auto& told) { told.service = true; });
         QTRY_COMPARE(panel.state(), QStringLiteral("Demonstration mouse – choose yours on the Device tab"));
@@ -121,8 +117,7 @@ class LiveHelperTest : public QObject {
                 mouse("2", "Gaming & Mouse", true, "driven"), mouse("3", "Left at Home", true, "absent")}});
         QTRY_COMPARE(panel.state(), QStringLiteral("Gaming & Mouse"));
         panel.connectDevices(0); // it has been unplugged
-        QTRY_COMPARE(
-            panel.state(), QStringLiteral("Switch the mouse on, and plug its cable or its receiver in."));
+        QTRY_COMPARE(panel.state(), QStringLiteral("Switch the mouse on and plug in its cable or receiver."));
     }
 
     void aHelperThatTellsNothingHasNothingShown() {
@@ -179,16 +174,16 @@ class LiveHelperTest : public QObject {
         QTest::addColumn<QString>("said");
         QTest::addColumn<bool>("button");
         const QString itIsOff =
-            "GNOME tells which application is in front by an extension, which is switched off.";
+            "GNOME needs an extension to report which application is in front, and it is turned off.";
         QTest::newRow("a desktop") << "weston"
                                    << ""
-                                   << "weston does not tell which application is in front, so profiles do "
-                                      "not switch by themselves."
+                                   << "weston does not report which application is in front, so profiles do "
+                                      "not switch automatically."
                                    << false;
         QTest::newRow("an unknown desktop") << ""
                                             << ""
-                                            << "This desktop does not tell which application is in front, so "
-                                               "profiles do not switch by themselves."
+                                            << "This desktop does not report which application is in front, "
+                                               "so profiles do not switch automatically."
                                             << false;
         QTest::newRow("disabled") << "GNOME"
                                   << "disabled" << itIsOff << true;
@@ -196,13 +191,13 @@ class LiveHelperTest : public QObject {
                                      << "off" << itIsOff << true;
         QTest::newRow("missing") << "GNOME"
                                  << "missing"
-                                 << "GNOME tells which application is in front by an extension of this "
-                                    "panel's. If you have just installed it, log out and in again."
+                                 << "GNOME needs this panel's extension to report which application is in "
+                                    "front. If you have just installed it, log out and in again."
                                  << false;
         QTest::newRow("broken") << "GNOME"
                                 << "error"
-                                << "GNOME reports an error of the extension that tells which application is "
-                                   "in front, so profiles do not switch by themselves."
+                                << "GNOME reports an error in the extension that tells which application is "
+                                   "in front, so profiles do not switch automatically."
                                 << false;
         QTest::newRow("about to tell") << "GNOME"
                                        << "enabled"
@@ -276,7 +271,7 @@ class LiveHelperTest : public QObject {
         panel.selectTab(kDeviceTab);
         QTRY_VERIFY(panel.box(1));
         panel.click("quorviBoxMouse1");
-        QTRY_COMPARE(panel.notice(), QStringLiteral("What you chose for the mouse could not be saved."));
+        QTRY_COMPARE(panel.notice(), QStringLiteral("Your choice for the mouse could not be saved."));
         QVERIFY(!panel.box(1)->isChecked());
     }
 
@@ -306,7 +301,7 @@ class LiveHelperTest : public QObject {
             stops << panel.window->focusWidget()->objectName();
         }
         QCOMPARE(stops.join(' '), QStringLiteral("quorviBoxMouse1 quorviButtonSetUpMouse1 quorviBoxMouse2 "
-                                                 "quorviButtonBackUp"));
+                                                 "quorviButtonCheckForUpdates"));
         panel.box(2)->setFocus();
         QTest::keyClick(panel.box(2), Qt::Key_Space);
         QTRY_COMPARE(panel.telling->asked(), QStringList{"use 2 1"});
@@ -316,13 +311,13 @@ class LiveHelperTest : public QObject {
         Panel panel({.mice = {mouse("1", "First", false, "unused")}});
         panel.selectTab(kDeviceTab);
         QTRY_VERIFY(panel.box(1));
-        QCOMPARE(panel.text("textLightsHint"), QStringLiteral("Each profile has lights of its own."));
+        QCOMPARE(panel.text("textLightsHint"), QStringLiteral("Each profile has its own lights."));
         panel.telling->change([](auto& told) {
             told.demonstration = false;
             told.mice = {mouse("1", "First", true, "driven")};
         });
         const auto rate = QStringLiteral("No program can set the polling rate of the mouse in use.");
-        const auto lights = QStringLiteral("No program can switch the lights of the mouse in use.");
+        const auto lights = QStringLiteral("No program can control the lights of the mouse in use.");
         QTRY_COMPARE(panel.seen("textPollingHint"), rate);
         QCOMPARE(panel.seen("textLightsHint"), lights);
         QCOMPARE(panel.find<PopUpButton>("quorviMenuPollingRate")->accessibleDescription(), rate);
@@ -330,11 +325,11 @@ class LiveHelperTest : public QObject {
         QVERIFY(panel.isEnabled("quorviMenuPollingRate")); // for the next mouse
 
         panel.telling->change([](auto& told) { told.mice = {mouse("1", "First", true, "absent")}; });
-        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has lights of its own."));
+        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has its own lights."));
         panel.telling->change([](auto& told) { told.mice = {mouse("1", "First", true, "driven")}; });
         QTRY_COMPARE(panel.seen("textLightsHint"), lights);
         panel.telling->change([](auto& told) { told.service = false; });
-        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has lights of its own."));
+        QTRY_COMPARE(panel.seen("textLightsHint"), QStringLiteral("Each profile has its own lights."));
     }
 
     void whatIsPressedOnTheMouseLightsItsSpot() {

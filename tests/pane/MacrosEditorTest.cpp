@@ -5,7 +5,10 @@
 
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
+#include "resources/MenuTags.h"
+#include "widgets/MarkedCells.h"
 #include "widgets/PopUpButton.h"
+#include "widgets/SymbolIcon.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -99,6 +102,63 @@ class MacrosEditorTest : public QObject {
         QCOMPARE(cellEditor(fixture, kTable)->selectedText(), QStringLiteral("Untitled Macro"));
     }
 
+    void withoutAMacroThePageSaysHowToBegin() {
+        MacrosFixture fixture(treeWithMacros(1));
+        const auto isShown = [&](const char* name) { return fixture.find<QWidget>(name)->isVisible(); };
+        for (const char* shown : {"quorviTableMacros", "labelMacros", "textNoMacro"})
+            QVERIFY2(!fixture.find<QWidget>(shown)->isHidden(), shown);
+        QVERIFY(!isShown("quorviButtonMacroRecord"));
+        QVERIFY(!isShown("viewNoMacro"));
+        fixture.select(0);
+        clickInSheet(fixture.window.get(), "quorviPanelConfirm", "quorviConfirmButtonOK");
+        QTest::keyClick(fixture.find<QWidget>(kTable), Qt::Key_Delete);
+        QVERIFY(isShown("quorviButtonMacroRecord"));
+        QVERIFY(isShown("viewNoMacro"));
+        QVERIFY(isShown("quorviButtonMacroGear")); // which imports
+        QVERIFY(!isShown("quorviTableMacros"));
+        QCOMPARE(fixture.text("textNoMacroTitle"), QStringLiteral("No macros yet"));
+        QCOMPARE(fixture.window->focusWidget()->objectName(), QStringLiteral("quorviButtonMacroRecord"));
+    }
+
+    void theFirstMacroIsAddedAndRecordedByOneButton() {
+        MacrosFixture fixture(treeWithMacros(0));
+        fixture.click("quorviButtonMacroRecord");
+        QVERIFY(fixture.pane->isRecordingMacro());
+        QCOMPARE(namesIn(fixture.savedSettings(), "macros"), QStringList("Untitled Macro"));
+        QVERIFY(fixture.find<QWidget>("quorviTableMacros")->isVisible());
+        QVERIFY(!fixture.find<QWidget>("quorviButtonMacroRecord")->isVisible());
+        QCOMPARE(fixture.selectedRow(kTable), 0);
+        QVERIFY(!cellEditor(fixture, kTable));
+        QVERIFY(fixture.find<QWidget>("quorviButtonStepRecord")->hasFocus());
+        fixture.click("quorviButtonStepRecord");
+        QVERIFY(!fixture.pane->isRecordingMacro());
+    }
+
+    void theHeadingsSayHowMuchThereIs() {
+        MacrosFixture fixture(treeWithDelays({1000, 750, 30, 5000}));
+        QCOMPARE(fixture.text("textMacroCount"), QStringLiteral("1 of 12"));
+        fixture.select(0);
+        QCOMPARE(fixture.text("labelSteps"), QStringLiteral("M0"));
+        QCOMPARE(fixture.text("textStepCount"), QStringLiteral("4 of 16 s&teps \u00B7 1.8 s"));
+        chooseInGearMenu(fixture, "quorviButtonStepGear", kRemoveAllDelaysItem);
+        QCOMPARE(fixture.text("textStepCount"), QStringLiteral("4 of 16 s&teps"));
+        fixture.pane->setObjectValue(QStringLiteral("Greet"), 21, 0);
+        QCOMPARE(fixture.text("labelSteps"), QStringLiteral("Greet"));
+    }
+
+    void theStepsHaveSignsOfWhatTheyDo() {
+        const auto tree = treeWithDelays({0, 0, 0});
+        macroOf(tree, 0).array("steps").dictionary(1).set("command", 0);
+        macroOf(tree, 0).array("steps").dictionary(2).set("command", 129);
+        MacrosFixture fixture(tree);
+        fixture.select(0);
+        const auto* model = fixture.find<KyvarQuorviTableView>(kSteps)->model();
+        QList<int> signs;
+        for (int row = 0; row < 3; ++row)
+            signs << model->index(row, 0).data(MarkedCells::symbolRole).toInt();
+        QCOMPARE(signs, QList<int>({int(Symbol::KeyDown), int(Symbol::KeyUp), int(Symbol::Mouse)}));
+    }
+
     void furtherOnesAreCounted() {
         MacrosFixture fixture(treeWithMacros(0));
         for (int i = 0; i < 3; ++i)
@@ -139,6 +199,19 @@ class MacrosEditorTest : public QObject {
         QTRY_COMPARE(shownIn(fixture, kTable, 0), QStringList({"Hello", "Hello 2"}));
         QVERIFY(fixture.commandsBecome({}));
         QCOMPARE(namesIn(fixture.savedSettings(), "macros"), QStringList({"Hello", "World"}));
+    }
+
+    void aNameThatIsBeingTypedStaysWhenTheCellChanges() {
+        MacrosFixture fixture;
+        fixture.select(1);
+        auto* table = fixture.find<KyvarQuorviTableView>(kTable);
+        table->editCell(0, 1);
+        QVERIFY(waitForCellEditor(fixture, kTable));
+        QTest::keyClicks(cellEditor(fixture, kTable), QStringLiteral("Bye"));
+        const QModelIndex cell = table->model()->index(1, 0);
+        emit table->model()->dataChanged(cell, cell); // as when the line under the name changes
+        QTest::keyClick(cellEditor(fixture, kTable), Qt::Key_Return);
+        QTRY_COMPARE(shownIn(fixture, kTable, 0), QStringList({"Hello", "Bye"}));
     }
 
     void renamingAnotherRowMakesThatMacroCurrent() {

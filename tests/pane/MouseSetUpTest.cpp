@@ -1,4 +1,4 @@
-// The sheet that sets a mouse up: what it asks, what it takes for an answer, and what comes of it.
+// The sheet that sets up a mouse: its questions, accepted answers and result.
 
 #include <QAbstractButton>
 #include <QCursor>
@@ -175,7 +175,7 @@ class MouseSetUpTest : public QObject {
             panel.press(BTN_SIDE);
             QTRY_COMPARE(panel.question(), asksFor(2));
             panel.press(BTN_SIDE);
-            QTRY_COMPARE(panel.note(), QStringLiteral("That button is number 1 already."));
+            QTRY_COMPARE(panel.note(), QStringLiteral("That button is already number 1."));
             QCOMPARE(panel.question(), asksFor(2));
             panel.click("quorviSetUpButtonBack");
             QCOMPARE(panel.question(), asksFor(1));
@@ -274,10 +274,10 @@ class MouseSetUpTest : public QObject {
         QTest::newRow("unplugged") << ""
                                    << "Not plugged in";
         QTest::newRow("no longer in use") << "unused"
-                                          << "It is not in use any more.";
-        QTest::newRow("another user") << "no service"
-                                      << "Somebody else is at the computer, or the service for mice has "
-                                         "ended.";
+                                          << "It is no longer in use.";
+        QTest::newRow("another user")
+            << "no service"
+            << "Someone else is using the computer, or the service for mice has stopped.";
     }
     void aMouseThatGoesAwayIsWaitedFor() {
         QFETCH(QString, state);
@@ -369,7 +369,7 @@ class MouseSetUpTest : public QObject {
             panel.press(BTN_BACK);
             QTRY_COMPARE(panel.question(), asksFor(2));
             panel.click("quorviSetUpButtonDone");
-            QTRY_COMPARE(panel.note(), QStringLiteral("What you chose for the mouse could not be saved."));
+            QTRY_COMPARE(panel.note(), QStringLiteral("Your choice for the mouse could not be saved."));
             panel.telling->change([](auto& told) { told.answer = MouseResult::done; });
             QTRY_VERIFY(panel.isEnabled("quorviSetUpButtonDone"));
             panel.click("quorviSetUpButtonDone");
@@ -382,7 +382,7 @@ class MouseSetUpTest : public QObject {
         Panel panel;
         panel.inSheet([&] {
             const auto isItTheMouse = QStringLiteral(
-                "A key was typed. If it was by the mouse, press the same button of it once more.");
+                "A key was pressed. If the mouse did that, press the same mouse button again.");
             panel.typeKey(Qt::Key_F13, KEY_F13);
             QTRY_COMPARE(panel.telling->asked().last(), QStringLiteral("watch 183"));
             QCOMPARE(panel.note(), isItTheMouse);
@@ -394,7 +394,7 @@ class MouseSetUpTest : public QObject {
             QTRY_COMPARE(panel.question(), asksFor(2));
             QCOMPARE(panel.note(), QString());
             panel.typeKey(Qt::Key_A, KEY_A);
-            QCOMPARE(panel.note(), QStringLiteral("That button is number 1 already."));
+            QCOMPARE(panel.note(), QStringLiteral("That button is already number 1."));
             panel.click("quorviSetUpButtonDone");
             QTRY_VERIFY(!panel.sheet->isVisible());
         });
@@ -424,8 +424,8 @@ class MouseSetUpTest : public QObject {
             panel.pointAt("quorviSetUpButtonSkip");
             QTRY_VERIFY(panel.find<QWidget>("quorviSetUpButtonSkip")->underMouse());
             panel.press(BTN_LEFT);
-            QTRY_COMPARE(
-                panel.note(), QStringLiteral("Press with the pointer on this window, beside its buttons."));
+            QTRY_COMPARE(panel.note(),
+                QStringLiteral("Press with the pointer over this window, but not over its buttons."));
             QCOMPARE(panel.question(), asksFor(1));
             panel.press(BTN_SIDE); // no click, wherever the pointer is
             QTRY_COMPARE(panel.question(), asksFor(2));

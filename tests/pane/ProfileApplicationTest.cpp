@@ -100,7 +100,7 @@ class ProfileApplicationTest : public QObject {
         QVERIFY(fixture.commandsBecome({"KyPR 1", "KyPR 1", "KyPR 1"})); // the menu's, and the choice's
         QVERIFY(shown);
         QCOMPARE(binding(fixture.savedDriver(1)), QList<QString>({"Bild", "org.bild.Bild", "", "bild"}));
-        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"", "Bild"}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Every application", "Bild"}));
         QTRY_VERIFY(!fixture.chooser());
     }
 
@@ -115,12 +115,12 @@ class ProfileApplicationTest : public QObject {
         chooseInGearMenu(fixture, kGear, 16);
         QTRY_COMPARE(
             binding(fixture.savedDriver(0)), QList<QString>({"Hats & Caps", "steam_app_440", "", "steam"}));
-        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", ""}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", "Every application"}));
         QTRY_VERIFY(!fixture.chooser());
         // It keeps its profile when it is not installed any more.
         std::filesystem::remove_all(libraryOf(fixture));
         fixture.connectDevices(1);
-        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", ""}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Hats & Caps", "Every application"}));
         fixture.selectRow(kProfiles, 1);
         QTRY_COMPARE(fixture.savedSettings().dictionary("settings").integer("profileid"), 2);
         QCOMPARE(
@@ -231,7 +231,7 @@ class ProfileApplicationTest : public QObject {
         QVERIFY(fixture.commandsBecome({"KyPR 0"}));
         QCOMPARE(binding(fixture.savedDriver(0)), QList<QString>({"", "", "", ""}));
         QVERIFY(fixture.savedDriver(0).has("executable"));
-        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"", ""}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Every application", "Every application"}));
         chooseInGearMenu(fixture, kGear, 17); // greyed now
         QVERIFY(fixture.commandsBecome({"KyPR 0"}));
     }

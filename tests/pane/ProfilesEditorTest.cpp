@@ -7,6 +7,7 @@
 #include "history/History.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
+#include "widgets/MarkedCells.h"
 #include "widgets/PopUpButton.h"
 
 using namespace quorvi;
@@ -181,6 +182,27 @@ class ProfilesEditorTest : public QObject {
         QVERIFY(fixture.commandsBecome({"KyPR 2", "KyPR 2", "KyPR 2", "KyPR 2"}));
         QCOMPARE(profileOf(fixture.savedSettings(), 0).integer("ledstate"), 3);
         QCOMPARE(profileOf(fixture.savedSettings(), 2).integer("ledstate"), 2);
+    }
+
+    void theHeadingSaysHowManyThereAre() {
+        ProfilesFixture fixture(treeWithProfiles(4));
+        QCOMPARE(fixture.text("textProfileCount"), QStringLiteral("4 of 5"));
+        fixture.click("quorviButtonProfileAdd");
+        QCOMPARE(fixture.text("textProfileCount"), QStringLiteral("5 of 5"));
+    }
+
+    void aProfileWithoutAnApplicationSaysThatItIsForEvery() {
+        ProfilesFixture fixture;
+        fixture.selectProfile(1);
+        const QModelIndex cell = fixture.find<KyvarQuorviTableView>(kTable)->model()->index(1, 2);
+        profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").set("application", u"Editor");
+        QCOMPARE(cell.data().toString(), QStringLiteral("Editor"));
+        QVERIFY(!cell.data(MarkedCells::mutedRole).toBool());
+        QVERIFY(!cell.data(Qt::DecorationRole).value<QIcon>().isNull());
+        profileOf(fixture.pane->deviceConfig(), 1).dictionary("driver").set("application", u"");
+        QCOMPARE(cell.data().toString(), QStringLiteral("Every application"));
+        QVERIFY(cell.data(MarkedCells::mutedRole).toBool());
+        QVERIFY(!cell.data(Qt::DecorationRole).isValid());
     }
 
     void withFiveProfilesNeitherAddNorDuplicateNorImportIsOffered() {

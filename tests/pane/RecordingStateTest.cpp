@@ -1,4 +1,4 @@
-// What the window says of a recording, on the screen and to a screen reader.
+// The state of a recording, on the screen and for a screen reader.
 
 #include <QAccessible>
 #include <QLabel>
@@ -23,7 +23,8 @@ bool standsOnItsGround(QLabel& label) {
 
 constexpr const char* kState = "textRecording";
 constexpr const char* kRecord = "quorviButtonStepRecord";
-const QString kHowToEnd = QStringLiteral(" \u00B7 hold Esc to stop");
+const QString kHowToEnd = QStringLiteral(" \u00B7 \u25A0 or hold Esc to stop");
+const QString kSpokenHowToEnd = QStringLiteral(" \u00B7 Stop or hold Esc to stop");
 
 /// What a screen reader would be told of the objects: "name: event".
 QStringList told;
@@ -57,9 +58,9 @@ class RecordingStateTest : public QObject {
         fixture.tap(scancodes::a);
         QCOMPARE(fixture.text(kState), QStringLiteral("Recording: 1 step left") + kHowToEnd);
         fixture.press(scancodes::b);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: the macro is full") + kHowToEnd);
         fixture.release(scancodes::b);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: the macro is full") + kHowToEnd);
         fixture.record();
         QCOMPARE(fixture.text(kState), QString());
     }
@@ -67,14 +68,14 @@ class RecordingStateTest : public QObject {
     void aMacroThatIsTooLongHasNoStepsLeft() {
         MacroFixture fixture(stepsToFill(20));
         fixture.record();
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: no steps left") + kHowToEnd);
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording: the macro is full") + kHowToEnd);
     }
 
     void forOneStepTheStateSaysWhichIsReplaced() {
         MacroFixture fixture(stepsToFill(4));
         fixture.selectStep(2);
         fixture.chooseForSteps(32);
-        QCOMPARE(fixture.text(kState), QStringLiteral("Recording over step 3"));
+        QCOMPARE(fixture.text(kState), QStringLiteral("Recording step 3 again"));
         fixture.press(scancodes::a);
         QCOMPARE(fixture.text(kState), QString());
     }
@@ -111,8 +112,8 @@ class RecordingStateTest : public QObject {
         QCOMPARE(places(), before);
     }
 
-    void aScreenReaderIsToldOfEveryChange() {
-        MacroFixture fixture;
+    void aScreenReaderIsToldOfTheStartOfTheLastStepsAndOfTheEnd() {
+        MacroFixture fixture(stepsToFill(12));
         auto* button = fixture.find<QWidget>(kRecord);
         const QString description = button->accessibleDescription();
         QVERIFY(!description.isEmpty());
@@ -122,21 +123,61 @@ class RecordingStateTest : public QObject {
         const auto contains = [&](const char* object, QAccessible::Event event) {
             return told.contains(QLatin1String(object) + QLatin1Char(' ') + QString::number(event));
         };
+        const auto isTold = [&] {
+            const bool isIt =
+                contains(kRecord, QAccessible::DescriptionChanged) && contains(kState, QAccessible::Alert);
+            told.clear();
+            return isIt;
+        };
         told.clear();
         fixture.record();
         QVERIFY(contains(kRecord, QAccessible::NameChanged));
-        QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));
-        QVERIFY(contains(kState, QAccessible::Alert));
+        QVERIFY(isTold());
         QVERIFY(button->hasFocus());
-        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 16 steps left") + kHowToEnd);
-        told.clear();
-        fixture.press(scancodes::a);
-        QVERIFY(contains(kRecord, QAccessible::DescriptionChanged));
-        QVERIFY(contains(kState, QAccessible::Alert));
-        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 15 steps left"));
+        QCOMPARE(
+            button->accessibleDescription(), QStringLiteral("Recording: 4 steps left") + kSpokenHowToEnd);
+        for (const quint32 key : {scancodes::a, scancodes::b}) {
+            fixture.press(key);
+            QVERIFY(!contains(kRecord, QAccessible::DescriptionChanged));
+            QVERIFY(!contains(kState, QAccessible::Alert));
+        }
+        fixture.release(scancodes::a);
+        QVERIFY(isTold());
+        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: 1 step left"));
+        fixture.release(scancodes::b);
+        QVERIFY(isTold());
+        QCOMPARE(button->accessibleDescription(), QStringLiteral("Recording: the macro is full"));
+        fixture.tap(scancodes::a); // has no room
+        QVERIFY(!isTold());
         fixture.record();
+        QVERIFY(isTold());
         QCOMPARE(button->accessibleDescription(), description);
         QAccessible::installUpdateHandler(previous);
+    }
+
+    void aMacroThatIsFullTurnsTheStateAmber() {
+        MacroFixture fixture(stepsToFill(15));
+        auto* label = fixture.find<QLabel>(kState);
+        fixture.record();
+        QVERIFY(standsOnItsGround(*label));
+        fixture.press(scancodes::b);
+        QCOMPARE(label->grab().toImage().pixelColor(1, 1), warningGroundColour());
+        fixture.record();
+        QVERIFY(!standsOnItsGround(*label));
+        fixture.selectStep(0);
+        fixture.chooseForSteps(32);
+        QVERIFY(standsOnItsGround(*label)); // one step is always replaced
+    }
+
+    void theButtonShowsAStopSignWhileItRuns() {
+        MacroFixture fixture;
+        const auto* button = fixture.find<QAbstractButton>(kRecord);
+        const auto corner = [&] { return button->icon().pixmap(64, 64).toImage().pixelColor(15, 15); };
+        QCOMPARE(corner().alpha(), 0); // a disc
+        fixture.record();
+        QCOMPARE(corner().alpha(), 255); // a square
+        fixture.record();
+        QCOMPARE(corner().alpha(), 0);
     }
 
     void anEmptyListSaysWhatToDo() {
@@ -144,18 +185,18 @@ class RecordingStateTest : public QObject {
         auto* table = fixture.find<KyvarQuorviTableView>(kStepsTable);
         auto* hint = table->viewport()->findChild<QLabel*>();
         QVERIFY(hint && hint->isVisible());
-        QCOMPARE(
-            hint->text(), QStringLiteral("No steps yet. Press Record, then type, and click in this list."));
+        QCOMPARE(hint->text(),
+            QStringLiteral("No steps yet. Press Record, then press keys or click in this list."));
         fixture.record();
         QVERIFY(hint->isVisible());
-        QCOMPARE(hint->text(), QStringLiteral("Type, and click in this list."));
+        QCOMPARE(hint->text(), QStringLiteral("Press keys, or click in this list."));
         fixture.press(scancodes::a);
         QVERIFY(!hint->isVisible());
         fixture.record();
         fixture.chooseForSteps(34);
         QVERIFY(hint->isVisible());
-        QCOMPARE(
-            hint->text(), QStringLiteral("No steps yet. Press Record, then type, and click in this list."));
+        QCOMPARE(hint->text(),
+            QStringLiteral("No steps yet. Press Record, then press keys or click in this list."));
     }
 };
 

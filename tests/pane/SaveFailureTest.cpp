@@ -1,5 +1,5 @@
-// A save of the panel of which one call fails: the old file stands, the helper is not told, the user is, and
-// the next save succeeds.
+// A save in which one call fails: the old file stays, the user is notified but not the helper, and the next
+// save succeeds.
 
 #include <QCheckBox>
 #include <QLabel>
@@ -113,7 +113,7 @@ class SaveFailureTest : public QObject {
         QTest::addColumn<int>("error");
         QTest::addColumn<QString>("reason");
         QTest::newRow("full, or no inodes") << ENOSPC << "No space left on the disk";
-        QTest::newRow("quota") << EDQUOT << "Your share of the disk is used up";
+        QTest::newRow("quota") << EDQUOT << "Your disk quota is used up";
         QTest::newRow("read-only") << EROFS << "The disk is read-only";
         QTest::newRow("no right") << EACCES << "Permission denied";
         QTest::newRow("immutable") << EPERM << "Operation not permitted";
@@ -132,11 +132,10 @@ class SaveFailureTest : public QObject {
         panel.selectTab(4);
         for (int i = 0; i < 3; ++i) {
             panel.click("quorviBoxLightOnWheel");
-            QCOMPARE(notice(panel),
-                QStringLiteral("Your changes could not be saved in ~/Library/Preferences/"
-                               "com.kyvar.quorvi.settings.plist: %1. They stay in this panel, which tries "
-                               "again with your next change.")
-                    .arg(reason));
+            QCOMPARE(notice(panel), QStringLiteral("Your changes could not be saved in ~/Library/Preferences/"
+                                                   "com.kyvar.quorvi.settings.plist: %1. This panel keeps "
+                                                   "them and tries again with your next change.")
+                                        .arg(reason));
         }
         calls.failing.clear();
         panel.click("quorviBoxLightOnWheel");
@@ -148,9 +147,9 @@ class SaveFailureTest : public QObject {
         QTest::addColumn<QString>("what");
         QTest::addColumn<QString>("reason");
         QTest::newRow("folder") << "folder"
-                                << "A folder is in its place";
+                                << "There is a folder in its place";
         QTest::newRow("loop") << "loop"
-                              << "Its links lead in a circle";
+                              << "Its links form a loop";
         QTest::newRow("/dev/null") << "/dev/null"
                                    << "It is not an ordinary file";
         QTest::newRow("somebody else's link") << "link"

@@ -1,10 +1,11 @@
-// Another program at the settings file while the panel is open: its settings are taken over when that breaks
-// nothing off, and kept beside the file when it would. The other program is the model in this test.
+// Another program changes the settings file while the panel is open: its settings are adopted unless that
+// would interrupt the user, and otherwise kept next to the file. The other program is the model in this test.
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStackedWidget>
 #include <QTabWidget>
 
 #include <fstream>
@@ -20,6 +21,8 @@
 #include "support/SliderTools.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/Metrics.h"
+#include "widgets/TabView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -414,7 +417,7 @@ class SettingsFollowingTest : public QObject {
         QVERIFY(panel.notice()->text().contains(QStringLiteral("kept-2.plist")));
     }
 
-    void whatTheUserIsToldLiesOverTheFootOfTheWindowWhole() {
+    void whatTheUserIsToldStandsAboveThePageWhole() {
         Open panel;
         QWidget& view = *panel.pane->mainView();
         panel.selectTab(4);
@@ -426,10 +429,14 @@ class SettingsFollowingTest : public QObject {
         panel.click("quorviBoxLightOnBattery");
         QVERIFY(panel.notice());
         const QWidget& bar = *panel.notice()->parentWidget();
+        const QWidget& page = panel.find<TabView>("quorviTabsMain")->pages();
         for (const int width : {view.width(), view.width() + 300}) {
             panel.window->resize(panel.window->width() + width - view.width(), panel.window->height());
-            const int height = bar.heightForWidth(width);
-            QTRY_COMPARE(bar.geometry(), QRect(0, view.height() - height, width, height));
+            const int side =
+                view.width() < metrics::narrowWidth ? metrics::narrowPageMargin : metrics::pageMargin;
+            const int top = page.mapTo(&view, QPoint()).y() + metrics::rowGap;
+            const int across = view.width() - 2 * side;
+            QTRY_COMPARE(bar.geometry(), QRect(side, top, across, bar.heightForWidth(across)));
             QVERIFY(panel.notice()->height() >= panel.notice()->heightForWidth(panel.notice()->width()));
         }
         QCOMPARE(view.minimumSizeHint(), smallest);

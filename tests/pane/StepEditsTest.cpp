@@ -54,6 +54,18 @@ class EditedMacro : public MacroFixture {
     void undo() const { press(Qt::Key_Z, Qt::ControlModifier); }
 
     [[nodiscard]] int selectedStep() const { return selectedRow(kStepsTable); }
+    [[nodiscard]] std::vector<int> selectedSteps() const {
+        return find<KyvarQuorviTableView>(kStepsTable)->selectedRows();
+    }
+    void selectSteps(const std::vector<int>& rows) const {
+        find<KyvarQuorviTableView>(kStepsTable)->selectRows(rows);
+    }
+    void remove() const { press(Qt::Key_Delete, Qt::NoModifier); }
+    [[nodiscard]] QString titleOf(int tag) const {
+        QAction* item = itemWithTag(*find<QMenu>("quorviMenuStepGear"), tag);
+        static_cast<void>(pane->validateMenuItem(item));
+        return titleOfItem(*item);
+    }
     [[nodiscard]] std::string savedBytes() const { return plist::writeXml(savedSettings()).value(); }
     /// What Undo would take back.
     [[nodiscard]] QString lastAction() const {
@@ -197,7 +209,7 @@ class StepEditsTest : public QObject {
         steps << "1 27 0"
               << "0 27 0";
         QCOMPARE(macro.savedSteps(), steps);
-        QCOMPARE(macro.notice(), QStringLiteral("Steps that had no room: 4. A macro has at most 16 steps."));
+        QCOMPARE(macro.notice(), QStringLiteral("Steps that did not fit: 4. A macro has at most 16 steps."));
         macro.click("quorviButtonUndo");
         QCOMPARE(macro.savedSteps(), steps.mid(0, 14));
         QCOMPARE(macro.notice(), QString());
@@ -208,7 +220,7 @@ class StepEditsTest : public QObject {
         const std::string before = macro.savedBytes();
         clipboard().setText("press X, release X");
         macro.paste();
-        QCOMPARE(macro.notice(), QStringLiteral("Steps that had no room: 2. A macro has at most 16 steps."));
+        QCOMPARE(macro.notice(), QStringLiteral("Steps that did not fit: 2. A macro has at most 16 steps."));
         macro.duplicate();
         QCOMPARE(macro.savedBytes(), before);
         QCOMPARE(macro.lastAction(), QString());
@@ -217,9 +229,9 @@ class StepEditsTest : public QObject {
     void aTextThatIsNoStepsIsRefusedAndSaysWhy_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("notice");
-        const QString none = QStringLiteral("There are no steps of a macro on the clipboard.");
+        const QString none = QStringLiteral("There are no macro steps on the clipboard.");
         QTest::newRow("words") << QStringLiteral("press A, dance,")
-                               << QStringLiteral("“dance” on the clipboard is not a step of a macro.");
+                               << QStringLiteral("“dance” on the clipboard is not a macro step.");
         QTest::newRow("blanks") << QStringLiteral(" \n ") << none;
         QTest::newRow("megabytes") << QString(20'000'000, QLatin1Char('9')) << none;
     }
@@ -284,6 +296,86 @@ class StepEditsTest : public QObject {
                      keyOf(kCopyStepItem), keyOf(kPasteStepsItem), keyOf(kDuplicateStepItem)}),
             QStringList({"Alt+Up", "Alt+Down", "Ctrl+X", "Ctrl+C", "Ctrl+V", "Ctrl+D"}));
         QVERIFY(keyOf(kRemoveStepItem).isEmpty());
+    }
+
+    void severalStepsMoveTogether() {
+        EditedMacro macro({"1 11 10", "0 11 20", "1 12 30", "0 12 40", "1 13 50", "0 13 0"}, 2);
+        macro.press(Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(macro.selectedSteps(), std::vector({2, 3}));
+        macro.moveUp();
+        QCOMPARE(macro.savedSteps(),
+            QStringList({"1 11 10", "1 12 30", "0 12 40", "0 11 20", "1 13 50", "0 13 0"}));
+        QCOMPARE(macro.selectedSteps(), std::vector({1, 2}));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Move Steps"));
+        macro.moveUp();
+        QCOMPARE(macro.selectedSteps(), std::vector({0, 1}));
+        macro.moveUp();
+        QCOMPARE(macro.selectedSteps(), std::vector({0, 1}));
+        macro.undo();
+        macro.undo();
+        QCOMPARE(macro.lastAction(), QString());
+        QCOMPARE(macro.savedSteps().at(2), QStringLiteral("1 12 30"));
+    }
+
+    void severalStepsAreCutPastedDuplicatedAndRemovedWithTheirOtherHalves() {
+        EditedMacro macro({"1 11 10", "0 11 20", "1 12 30", "0 12 40", "1 13 50", "0 13 0"});
+        macro.selectSteps({0, 4});
+        macro.cut();
+        QCOMPARE(clipboard().text(),
+            QStringLiteral("press H, 10 ms, release H, 20 ms, press J, 50 ms, release J"));
+        QCOMPARE(macro.savedSteps(), QStringList({"1 12 30", "0 12 40"}));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Cut Steps"));
+        macro.selectSteps({0, 1});
+        macro.paste();
+        const QStringList after{"1 12 30", "0 12 40", "1 11 10", "0 11 20", "1 13 50", "0 13 0"};
+        QCOMPARE(macro.savedSteps(), after);
+        macro.selectSteps({0, 1, 2});
+        macro.duplicate();
+        QCOMPARE(macro.savedSteps(), after.mid(0, 4) + after.mid(0, 4) + after.mid(4));
+        QCOMPARE(macro.selectedSteps(), std::vector({4, 5, 6, 7}));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Duplicate Steps"));
+        macro.selectSteps({0, 3});
+        macro.remove();
+        QCOMPARE(macro.steps(), after.mid(0, 4) + after.mid(4));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Remove Steps"));
+        QCOMPARE(macro.selectedSteps(), std::vector({0}));
+        macro.undo();
+        QCOMPARE(macro.steps().size(), 10);
+    }
+
+    void oneStepIsRemovedAlone() {
+        EditedMacro macro(kHi, 0);
+        macro.remove();
+        QCOMPARE(macro.steps(), kHi.mid(1));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Remove Step"));
+    }
+
+    void aDelayIsGivenToAllSelectedSteps() {
+        EditedMacro macro({"1 11 10", "0 11 20", "1 12 30", "0 12 0"});
+        auto* table = macro.find<KyvarQuorviTableView>(kStepsTable);
+        table->selectRows({0, 2}, 0);
+        macro.press(Qt::Key_7, Qt::NoModifier);
+        QLineEdit* field = cellEditor(macro, kStepsTable);
+        QVERIFY(field);
+        QTest::keyClicks(field, "5");
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(!table->isEditing());
+        QCOMPARE(macro.steps(), QStringList({"1 11 75", "0 11 20", "1 12 75", "0 12 0"}));
+        QCOMPARE(macro.shownDelays(), QStringList({"75 ms", "20 ms", "75 ms", "None"}));
+        QCOMPARE(macro.lastAction(), QStringLiteral("Change Delays"));
+        QCOMPARE(macro.selectedSteps(), std::vector({0, 2}));
+        table->model()->setData(table->model()->index(1, 1), 6, Qt::EditRole);
+        QCOMPARE(macro.steps(), QStringList({"1 11 75", "0 11 100", "1 12 75", "0 12 0"}));
+    }
+
+    void theMenuSaysWhetherThereAreSeveral() {
+        EditedMacro macro(kHi, 0);
+        QCOMPARE(macro.titleOf(kCutStepItem), QStringLiteral("Cut Step"));
+        QCOMPARE(macro.titleOf(kRemoveStepItem), QStringLiteral("Remove Step"));
+        macro.selectSteps({0, 1});
+        QCOMPARE(macro.titleOf(kCutStepItem), QStringLiteral("Cut Steps"));
+        QCOMPARE(macro.titleOf(kMoveStepDownItem), QStringLiteral("Move Steps Down"));
+        QCOMPARE(macro.titleOf(kRemoveStepItem), QStringLiteral("Remove Steps"));
     }
 
     void theKeysAreTheListsAlone() {

@@ -1,7 +1,8 @@
-// The list of steps: what it shows, and the delays that are chosen in it.
+// The list of steps: its texts, and choosing delays in it.
 
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
+#include "support/EnvironmentVariable.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -41,6 +42,14 @@ class StepsTableTest : public QObject {
             QStringList(
                 {"Press a", "Release a", "Press Return", "Release Shift", "Release button", "Press button 1",
                     "Press button 2", "Press button 3", "Press button 4", "Press button 5", "", "", ""}));
+    }
+
+    void theKeyStandsWhereTheLanguageHasIt() {
+        const EnvironmentVariable locale("LC_ALL", "ja_JP.UTF-8");
+        const EnvironmentVariable list("LANGUAGE", std::nullopt);
+        const MacroFixture fixture({"1 4 0", "0 4 0", "136 0 0"});
+        QCOMPARE(fixture.shownSteps(), QStringList({QStringLiteral("a を押す"), QStringLiteral("a を離す"),
+                                           QStringLiteral("マウスボタン 4 を押す")}));
     }
 
     void cellsPastTheEndAndOfOddStepsAreEmpty() {

@@ -1,5 +1,5 @@
-// Names that hold marks of direction, or are written from the other side than the window's language: nothing
-// that stands beside them is turned, and they themselves read as they begin. What is stored stays whole.
+// Names with direction marks, or in the opposite direction of the window's language: they do not change the
+// direction of neighbouring text, and are shown in their own. They are stored unchanged.
 
 #include <QAccessible>
 #include <QLabel>
@@ -61,7 +61,7 @@ class TurnedNamesTest : public QObject {
     void theTablesDoOnTheScreenAndSpoken() {
         TurnedNames fixture;
         QCOMPARE(shownIn(fixture, kProfiles, 1), QStringList({"Desk", kPlain}));
-        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({QString(), kPlain}));
+        QCOMPARE(shownIn(fixture, kProfiles, 2), QStringList({"Every application", kPlain}));
         QCOMPARE(shownIn(fixture, "quorviTableMacros", 0), QStringList({"Hello", kPlain}));
         auto* table = QAccessible::queryAccessibleInterface(fixture.find<QWidget>(kProfiles));
         QVERIFY(table && table->tableInterface());

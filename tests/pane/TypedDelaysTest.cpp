@@ -181,10 +181,11 @@ class TypedDelaysTest : public QObject {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("why");
         QTest::newRow("nonsense") << "soon"
-                                  << QStringLiteral("“soon” is no delay. Type one such as 75 ms or 1.5 s.");
-        QTest::newRow("negative") << "-5" << QStringLiteral("“-5” is no delay: it is below zero.");
+                                  << QStringLiteral(
+                                         "“soon” is not a delay. Type one such as 75 ms or 1.5 s.");
+        QTest::newRow("negative") << "-5" << QStringLiteral("“-5” is not a delay: it is below zero.");
         QTest::newRow("too fine") << "0.5 ms"
-                                  << QStringLiteral("“0.5 ms” is no whole number of milliseconds.");
+                                  << QStringLiteral("“0.5 ms” is not a whole number of milliseconds.");
         QTest::newRow("too long") << "5000 min"
                                   << QStringLiteral(
                                          "“5000 min” is too long. The longest delay is 16777.215 s.");
@@ -213,7 +214,7 @@ class TypedDelaysTest : public QObject {
     void theFieldTellsScreenReadersWhatItIsFor() {
         const DelayFixture fixture;
         QTest::keyClick(fixture.table, Qt::Key_F2);
-        QCOMPARE(fixture.field()->accessibleName(), QStringLiteral("Delay Afterwards"));
+        QCOMPARE(fixture.field()->accessibleName(), QStringLiteral("Delay After"));
         QCOMPARE(fixture.field()->accessibleDescription(),
             QStringLiteral(
                 "Choose a delay, or double-click or press F2 to type one, such as 75 ms or 1.5 s."));

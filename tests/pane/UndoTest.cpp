@@ -1,4 +1,4 @@
-// Undo and redo in the real panel: by key, by button and by the bar at the foot, with the file that follows.
+// Undo and redo in the real panel: by key, by button and by the bar at the bottom, including the file.
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -100,11 +100,11 @@ class UndoTest : public QObject {
         QVERIFY(panel.isEnabled(kUndo));
         const QString action = panel.tip(kUndo);
         QVERIFY2(
-            action.startsWith("Undo Switch Light of Wheel") && action.contains("Ctrl+Z"), qPrintable(action));
+            action.startsWith("Undo Turn Off Wheel Light") && action.contains("Ctrl+Z"), qPrintable(action));
         QCOMPARE(panel.find<QWidget>(kUndo)->accessibleDescription(), action);
         panel.click(kUndo);
         QVERIFY(!panel.isEnabled(kUndo));
-        QVERIFY2(panel.tip(kRedo).startsWith("Redo Switch Light of Wheel"), qPrintable(panel.tip(kRedo)));
+        QVERIFY2(panel.tip(kRedo).startsWith("Redo Turn Off Wheel Light"), qPrintable(panel.tip(kRedo)));
     }
 
     void theFileFollowsEachUndoAndRedo() {

@@ -19,7 +19,7 @@ std::string written(const Value& value) {
     return writeXml(value).value_or("nothing");
 }
 
-/// What stands between the plist tags.
+/// The text between the plist tags.
 std::string body(const Value& value) {
     const std::string xml = written(value);
     const std::string open = "<plist version=\"1.0\">\n";
@@ -50,6 +50,14 @@ TEST(Writer, WritesAnXmlPropertyList) {
                        "\t\t<integer>1</integer>\n"
                        "\t</array>\n"
                        "</dict>");
+}
+
+TEST(Writer, WritesTheSameIntoRoomThatHoldsAnotherText) {
+    const auto d = Dictionary::create();
+    d.set("k", std::u16string(u"<a & b>"));
+    EXPECT_EQ(writeXml(d, std::string(4096, 'x')), writeXml(d));
+    EXPECT_EQ(writeXml(d, "x"), writeXml(d));
+    EXPECT_EQ(writeXml(Value(), std::string(4096, 'x')), std::nullopt);
 }
 
 TEST(Writer, WritesEachScalar) {

@@ -6,6 +6,7 @@
 #include "model/Limits.h"
 #include "pane/ListTools.h"
 #include "widgets/PopUpButton.h"
+#include "widgets/StepsTimeline.h"
 
 namespace quorvi::test {
 
@@ -125,6 +126,22 @@ void changeDelay(Panel& panel) {
     model->setData(model->index(0, column), before, Qt::EditRole);
 }
 
+/// A longer delay and one that is none, of the first step of the drawing.
+void dragDelay(Panel& panel) {
+    selectRows(panel, kMacros, {0});
+    auto* timeline = panel.find<StepsTimeline>("quorviTimelineSteps");
+    if (!timeline->isVisible() || timeline->stepCount() < 2)
+        return;
+    for (const int moved : {60, -2000}) {
+        const QPoint edge = timeline->edgeOf(1);
+        QTest::mousePress(timeline->viewport(), Qt::LeftButton, {}, edge);
+        QMouseEvent move(QEvent::MouseMove, edge + QPoint(moved, 0),
+            timeline->viewport()->mapToGlobal(edge + QPoint(moved, 0)), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(timeline->viewport(), &move);
+        QTest::mouseRelease(timeline->viewport(), Qt::LeftButton, {}, edge);
+    }
+}
+
 void recordClick(Panel& panel) {
     selectRows(panel, kMacros, {0});
     if (!canUse(panel, "quorviButtonStepRecord"))
@@ -170,6 +187,7 @@ std::vector<ControlMove> allMoves() {
         [](Panel& p) { addAndRemove(p, kProfiles, "quorviButtonProfileAdd", "quorviButtonProfileRemove"); }});
     moves.push_back({kMacros, 3, {}, [](Panel& p) { selectRows(p, kMacros, {0, 1}); }});
     moves.push_back({"delay of a step", 3, {"macros/0/steps/0/delay"}, changeDelay});
+    moves.push_back({"quorviTimelineSteps", 3, {"macros/0/steps/0/delay"}, dragDelay});
     moves.push_back({"quorviButtonStepRecord", 3, {"macros/0/steps"}, recordClick});
     moves.push_back({"quorviButtonStepRemove", 3, {"macros/0/steps"}, removeStep});
     moves.push_back({"name of a macro", 3, lists + QStringList{"macros/0/name"},

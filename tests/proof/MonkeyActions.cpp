@@ -16,6 +16,7 @@
 #include "widgets/MenuItems.h"
 #include "widgets/MouseView.h"
 #include "widgets/PopUpButton.h"
+#include "widgets/StepsTimeline.h"
 
 namespace quorvi::test {
 
@@ -43,7 +44,8 @@ bool isWorthTouching(QWidget* widget) {
     const auto* bar = qobject_cast<QTabBar*>(widget);
     return qobject_cast<QAbstractButton*>(widget) || qobject_cast<PopUpButton*>(widget) ||
            qobject_cast<KyvarQuorviSlider*>(widget) || qobject_cast<QLineEdit*>(widget) ||
-           qobject_cast<MouseView*>(widget) || qobject_cast<QAbstractItemView*>(widget) || bar;
+           qobject_cast<MouseView*>(widget) || qobject_cast<QAbstractItemView*>(widget) ||
+           qobject_cast<StepsTimeline*>(widget) || bar;
 }
 
 QList<QWidget*> thingsIn(const QWidget& window) {
@@ -74,6 +76,8 @@ QPoint Monkey::somePlaceIn(QWidget& widget) {
         return bar->tabRect(below(bar->count())).center();
     if (const auto* slider = qobject_cast<QSlider*>(&widget); slider && oneIn(2))
         return handleOf(*slider);
+    if (const auto* timeline = qobject_cast<StepsTimeline*>(&widget); timeline && !oneIn(4))
+        return timeline->viewport()->mapTo(timeline, timeline->edgeOf(below(timeline->stepCount() + 1)));
     if (qobject_cast<QAbstractButton*>(&widget) && !oneIn(5))
         return {8, widget.height() / 2};
     return {below(std::max(1, widget.width())), below(std::max(1, widget.height()))};
@@ -236,9 +240,8 @@ QString Monkey::actInWindow(QWidget& window) {
 }
 
 QString Monkey::actOn(QWidget& widget) {
-    QWidget* const target = qobject_cast<QAbstractItemView*>(&widget)
-                                ? static_cast<QAbstractItemView&>(widget).viewport()
-                                : &widget;
+    auto* const area = qobject_cast<QAbstractScrollArea*>(&widget);
+    QWidget* const target = area ? area->viewport() : &widget;
     const auto placeIn = [&] { return widget.mapTo(target->window(), somePlaceIn(widget)); };
     const QWidget& window = *target->window();
     const QPoint place = placeIn();

@@ -1,4 +1,4 @@
-// The settings from reading to saving, with a document and a file, and nothing of the panel's controls.
+// The settings from reading to saving, with a document and a file, without the panel's controls.
 
 #include "session/SettingsSession.h"
 
@@ -152,7 +152,7 @@ class SettingsSessionTest : public QObject {
         panel.rename(u"Second");
         QCOMPARE(said.count(), 1);
         QVERIFY2(panel.notice().contains(QStringLiteral("~/Library/Preferences/")) &&
-                     panel.notice().contains(QStringLiteral("A folder is in its place")),
+                     panel.notice().contains(QStringLiteral("There is a folder in its place")),
             qPrintable(panel.notice()));
         fs::remove(panel.file());
         panel.session.retryFailedSave();
@@ -250,7 +250,7 @@ class SettingsSessionTest : public QObject {
         panel.rename(u"Second");
         QCOMPARE(panel.notice(),
             QStringLiteral("No copy of your earlier settings could be kept in ~/history: No space left on "
-                           "the disk. Saving your changes does not depend on it."));
+                           "the disk. This does not stop your changes from being saved."));
         QCOMPARE(panel.nameIn(panel.saved()), std::u16string(u"Second"));
         panel.notices.withdraw(Notice::copyFailed); // as the user does
         panel.rename(u"Third");

@@ -213,6 +213,9 @@ std::string Accessible::columnTitle(int column) const {
 }
 
 bool Accessible::selectRow(int row) const {
+    for (const int other : selectedRows())
+        if (other != row)
+            static_cast<void>(call(kTable, "RemoveRowSelection", "i", other));
     return readFlag(call(kTable, "AddRowSelection", "i", row).get());
 }
 

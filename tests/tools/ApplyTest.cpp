@@ -89,7 +89,7 @@ TEST_F(Apply, TakesNoDifferenceOfWhatMenusSaidForOne) {
     same.set(keys::firmware, 0x0300);
     const plist::Array all = same.array(keys::profiles);
     for (const Value& profile : all.items())
-        profile.dictionary().dictionary(keys::buttons).dictionary("01").set(keys::string, u"Primärklick");
+        profile.dictionary().dictionary(keys::buttons).dictionary("01").set(keys::string, u"Linksklick");
     writeWanted(same);
     expectDone({"apply", wanted}, "unchanged\n");
 }

@@ -115,7 +115,7 @@ TEST_F(BackupVerbs, WhatIsNoBackupIsRefusedAndNothingChanges) {
     writeFile(file, "<plist version=\"1.0\"><dict><key>format</key><integer>2</integer></dict></plist>");
     expectRefused({"restore", own, file}, file + ": a newer version of this program has written it");
     expectRefused({"import", own, file}, file + ": a newer version of this program has written it");
-    expectRefused({"restore", own, own}, own.string() + ": it holds no backup of settings");
+    expectRefused({"restore", own, own}, own.string() + ": it is not a backup of settings");
     expectRefused({"restore", own, home / "none"}, home.path("none") + ": there is no such file");
     expectRefused({"restore", own, home.path()}, home.path().string() + ": it is a directory");
     expectRefused({"backup", home / "none", file}, home.path("none") + ": there is no such file");
@@ -125,7 +125,7 @@ TEST_F(BackupVerbs, WhatIsNoBackupIsRefusedAndNothingChanges) {
 
 TEST_F(BackupVerbs, WhatCouldNotBeReadBackIsNotBackedUp) {
     write(other, tree(list(), list()));
-    expectRefused({"backup", other, file}, other + ": it holds no valid settings with a profile");
+    expectRefused({"backup", other, file}, other + ": it has no valid settings with a profile");
     EXPECT_FALSE(fs::exists(file));
 }
 
@@ -147,7 +147,7 @@ TEST_F(BackupVerbs, WithoutTheOptionAnExportIsWhatItWas) {
     expectMisused({"export", own, "profile", "2", file, "--all"},
         "export takes SETTINGS.plist profile|macro NUMBER FILE [--with-macros]");
     expectRefused(
-        {"export", own, "profile", "3", file, "--with-macros"}, own.string() + ": it holds no profile 3");
+        {"export", own, "profile", "3", file, "--with-macros"}, own.string() + ": it has no profile 3");
 }
 
 TEST_F(BackupVerbs, ASingleProfileIsImportedAndEverythingRestored) {
@@ -242,7 +242,7 @@ TEST_F(BackupVerbs, ACopyThatIsNotThereOrDamagedIsRefused) {
     for (const std::vector<std::string>& wrong :
         {std::vector<std::string>{"history", "show"}, {"history", "restore"}, {"history", "list"}})
         expectMisused(wrong, "history takes [show NUMBER | restore [SETTINGS.plist] NUMBER]");
-    expectMisused({"history", "show", "first"}, "first is no number of 32 bits, decimal or 0x");
+    expectMisused({"history", "show", "first"}, "first is not a 32-bit number, decimal or 0x");
     expectMisused({"history", "show", "1", "--json"}, "history prints only its list as JSON");
 }
 

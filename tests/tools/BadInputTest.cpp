@@ -74,11 +74,11 @@ TEST_F(BadInput, IsAFifoThatNobodyWritesTo) {
 
 TEST_F(BadInput, HoldsNoTreeUnderTheKey) {
     expectRefusedByAll(
-        fileWith("<plist version=\"1.0\"><array/></plist>"), "its property list is no dictionary");
+        fileWith("<plist version=\"1.0\"><array/></plist>"), "its property list is not a dictionary");
     expectRefusedByAll(fileWith("<plist version=\"1.0\"><dict><key>Quorvi</key><dict/></dict></plist>"),
-        "it holds no dictionary under the key \"quorvi\"");
+        "it has no dictionary under the key \"quorvi\"");
     expectRefusedByAll(fileWith("<plist version=\"1.0\"><dict><key>quorvi</key><array/></dict></plist>"),
-        "it holds no dictionary under the key \"quorvi\"");
+        "it has no dictionary under the key \"quorvi\"");
 }
 
 TEST_F(BadInput, IsReportedOnOneLineWhateverItsName) {

@@ -36,11 +36,11 @@ TEST_F(Check, AcceptsWhatThePanelAndTheDeviceTake) {
 }
 
 TEST_F(Check, NamesWhatIsMissing) {
-    expectFault(kVersion + kProfiles + kMacros, "it holds no \"settings\"");
-    expectFault(kVersion + kSettings + kMacros, "it holds no \"profiles\"");
-    expectFault(kVersion + kSettings + kProfiles, "it holds no \"macros\"");
-    expectFault("", "it holds no \"settings\", no \"profiles\", no \"macros\"");
-    expectFault(kSettings + kProfiles + kMacros, "it holds no \"version\"");
+    expectFault(kVersion + kProfiles + kMacros, "it has no \"settings\"");
+    expectFault(kVersion + kSettings + kMacros, "it has no \"profiles\"");
+    expectFault(kVersion + kSettings + kProfiles, "it has no \"macros\"");
+    expectFault("", "it has no \"settings\", no \"profiles\", no \"macros\"");
+    expectFault(kSettings + kProfiles + kMacros, "it has no \"version\"");
 }
 
 TEST_F(Check, RefusesAnOldVersion) {
@@ -54,9 +54,9 @@ TEST_F(Check, RefusesWhatGivesNoRecord) {
     expectFault(kVersion + kSettings + kMacros + "<key>profiles</key><array/>", useless);
     expectFault(kVersion + kSettings + kMacros + "<key>profiles</key><array><dict/></array>", useless);
     expectFault(kVersion + kSettings + kMacros + "<key>profiles</key><string>none</string>",
-        "it holds no array \"profiles\"");
+        "it has no \"profiles\" array");
     expectFault(kVersion + kProfiles + kMacros + "<key>settings</key><string>none</string>",
-        "it holds no dictionary \"settings\"");
+        "it has no \"settings\" dictionary");
 }
 
 } // namespace

@@ -4,10 +4,10 @@ namespace quorvi::test {
 namespace {
 
 TEST(CommandLine, WithoutAVerbOrWithAnUnknownOneIsMisused) {
-    expectMisused({}, "no verb given");
-    expectMisused({"explode"}, "there is no verb explode");
-    expectMisused({"Encode", "a", "b"}, "there is no verb Encode");
-    expectMisused({"-h"}, "there is no verb -h");
+    expectMisused({}, "no command given");
+    expectMisused({"explode"}, "unknown command explode");
+    expectMisused({"Encode", "a", "b"}, "unknown command Encode");
+    expectMisused({"-h"}, "unknown command -h");
 }
 
 TEST(CommandLine, WithTooFewOrTooManyArgumentsIsMisused) {

@@ -130,8 +130,7 @@ TEST_F(Items, AnImportedProfileWhoseMacrosAreNotThereIsWarnedOf) {
     const auto result = quorvictl({"import", settings, fileWith(profile)});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.output, "Draw\n");
-    EXPECT_EQ(
-        result.error, "quorvictl: " + settings + ": buttons that run a macro which is not there: 4, 9\n");
+    EXPECT_EQ(result.error, "quorvictl: " + settings + ": buttons whose macro is missing: 4, 9\n");
 }
 
 TEST_F(Items, AnExportDoesNotFollowALinkThatSomebodyElseHasPutIntoASharedFolder) {
@@ -150,11 +149,11 @@ TEST_F(Items, AnExportDoesNotFollowALinkThatSomebodyElseHasPutIntoASharedFolder)
 }
 
 TEST_F(Items, AnItemThatIsNotThereIsNotExported) {
-    expectRefused({"export", settings, "profile", "0", file}, settings + ": it holds no profile 0");
-    expectRefused({"export", settings, "profile", "3", file}, settings + ": it holds no profile 3");
-    expectRefused({"export", settings, "macro", "8", file}, settings + ": it holds no macro 8");
+    expectRefused({"export", settings, "profile", "0", file}, settings + ": it has no profile 0");
+    expectRefused({"export", settings, "profile", "3", file}, settings + ": it has no profile 3");
+    expectRefused({"export", settings, "macro", "8", file}, settings + ": it has no macro 8");
     expectRefused(
-        {"export", settings, "macro", "0xFFFFFFFF", file}, settings + ": it holds no macro 4294967295");
+        {"export", settings, "macro", "0xFFFFFFFF", file}, settings + ": it has no macro 4294967295");
     expectRefused({"export", settings, "macro", "7", folder / "none" / "x"},
         (folder / "none" / "x").string() + ": it cannot be written: No such file or directory");
     EXPECT_EQ(folder.names(), std::set<std::string>{"settings.plist"});
@@ -166,7 +165,7 @@ TEST_F(Items, AWrongCommandLineIsMisused) {
     expectMisused({"import", settings}, "import takes SETTINGS.plist FILE");
     expectMisused({"export", settings, "stage", "1", file},
         "export takes SETTINGS.plist profile|macro NUMBER FILE [--with-macros]");
-    expectMisused({"export", settings, "profile", "one", file}, "one is no number of 32 bits, decimal or 0x");
+    expectMisused({"export", settings, "profile", "one", file}, "one is not a 32-bit number, decimal or 0x");
 }
 
 } // namespace

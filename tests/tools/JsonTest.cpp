@@ -1,4 +1,4 @@
-// What quorvictl prints for scripts.
+// quorvictl's output for scripts.
 #include "tools/Json.h"
 
 #include <algorithm>
@@ -97,7 +97,7 @@ TEST_F(ForScripts, AFileNameThatIsNoTextIsShownAsWellAsCanBe) {
 }
 
 TEST_F(ForScripts, AWrongCommandLinePrintsNothingOnStandardOutput) {
-    expectMisused({"--json"}, "no verb given");
+    expectMisused({"--json"}, "no command given");
     expectMisused({"--json", "check"}, "check takes SETTINGS.plist");
     expectMisused({"commands", "--json", "all"}, "commands takes no arguments");
     expectMisused({"--json", "press", "1"}, "press prints no JSON");

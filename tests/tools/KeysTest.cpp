@@ -64,16 +64,17 @@ TEST(Keys, AreNamedByTheLayoutInUse) {
 }
 
 TEST(Keys, ThatNoKeyboardHasAreRefused) {
-    expectRefused({"key-name", "256"}, "256 is no key code; the highest is 255");
-    expectRefused({"key-name", "0x100", "0x100"}, "0x100 is no key code; the highest is 255");
-    expectRefused({"key-name", "12", "65536"}, "65536 is no modifier mask; the highest is 0xFFFF");
-    expectRefused({"key-name", "12", "0xFFFFFFFF"}, "0xFFFFFFFF is no modifier mask; the highest is 0xFFFF");
+    expectRefused({"key-name", "256"}, "256 is not a key code; the highest is 255");
+    expectRefused({"key-name", "0x100", "0x100"}, "0x100 is not a key code; the highest is 255");
+    expectRefused({"key-name", "12", "65536"}, "65536 is not a modifier mask; the highest is 0xFFFF");
+    expectRefused(
+        {"key-name", "12", "0xFFFFFFFF"}, "0xFFFFFFFF is not a modifier mask; the highest is 0xFFFF");
     expectDone({"key-name", "255", "0xFFFF"}, "Control+Command+Option+Shift+Caps Lock\n");
 }
 
 TEST(Keys, ThatAreNoNumbersAreMisused) {
     for (const char* text : {"", "x", "12x", "0x", "0xG", "-1", "4294967296", " 1", "1.5"}) {
-        const std::string reason = text + std::string(" is no number of 32 bits, decimal or 0x");
+        const std::string reason = text + std::string(" is not a 32-bit number, decimal or 0x");
         expectMisused({"usb-to-adb", text}, reason);
         expectMisused({"adb-to-usb", text}, reason);
         expectMisused({"key-name", text}, reason);

@@ -50,9 +50,9 @@ TEST_F(MouseByHand, HasNineInputs) {
     startHelper();
     for (const char* verb : {"press", "release"}) {
         for (const char* input : {"0", "10", "255", "256", "0xFFFFFFFF"})
-            expectRefused({verb, input}, std::string(input) + " is no input; they are 1 to 9");
+            expectRefused({verb, input}, std::string(input) + " is not an input; inputs are 1 to 9");
         for (const char* input : {"", "-1", "one", "1 ", "4294967296"})
-            expectMisused({verb, input}, std::string(input) + " is no number of 32 bits, decimal or 0x");
+            expectMisused({verb, input}, std::string(input) + " is not a 32-bit number, decimal or 0x");
         for (const char* input : {"1", "7", "8", "9"})
             expectDone({verb, input}, "");
         expectMisused({verb}, std::string(verb) + " takes INPUT");

@@ -47,7 +47,7 @@ TEST_F(Records, ThatTheFilesCannotGiveAreRefused) {
     expectRefused({"encode", noProfile, record},
         noProfile +
             ": none of its profiles can be encoded; a profile needs \"name\", \"stages\" and \"buttons\"");
-    expectRefused({"encode", noSettings, record}, noSettings + ": it holds no dictionary \"settings\"");
+    expectRefused({"encode", noSettings, record}, noSettings + ": it has no \"settings\" dictionary");
     EXPECT_EQ(folder.names(), std::set<std::string>{});
 }
 

@@ -1,4 +1,4 @@
-// What the real helper shows on the screen when the mouse's sensitivity or profile changes.
+// The real helper's display of changes of sensitivity and profile.
 #include "events/HelperCalls.h"
 #include "helper/HelperFixture.h"
 #include "helper/support/StandInDesktop.h"
@@ -73,7 +73,7 @@ TEST_F(OnScreen, ANotificationReplacesItself) {
     const StandInDesktop desktop({});
     startWith(twoProfiles(true, true));
     click(kStageInput);
-    EXPECT_EQ(shownBy(desktop, 1), Texts{"notified 0 X = 1600, Y = 400 DPI"});
+    EXPECT_EQ(shownBy(desktop, 1), Texts{"notified 0 1600 × 400 DPI"});
     click(kProfileInput);
     click(kStageInput);
     const auto texts = shownBy(desktop, 2);
@@ -89,7 +89,7 @@ TEST_F(OnScreen, KdesOwnDisplayIsUsedWhereItRunsAndNothingElse) {
     ASSERT_EQ(shownBy(desktop, 2).size(), 2u);
     click(kProfileInput);
     EXPECT_EQ(shownBy(desktop, 3),
-        (Texts{"KDE X = 1600, Y = 400 DPI", "KDE 800 DPI", "KDE Profile: " + isolated("Drawing")}));
+        (Texts{"KDE 1600 × 400 DPI", "KDE 800 DPI", "KDE Profile: " + isolated("Drawing")}));
 }
 
 TEST_F(OnScreen, AProfileThatComesWithAnotherSensitivityIsOneText) {
@@ -128,7 +128,7 @@ TEST_F(OnScreen, NothingIsShownOfWhatThePanelItselfChanges) {
     EXPECT_EQ(ask(kMessageSettingsSaved, 1), 1);
     EXPECT_EQ(ask(kMessageSettingsSaved, 1), 1) << "nor of a save that changes nothing";
     showLast();
-    EXPECT_EQ(shownBy(desktop, 1), Texts{"notified 0 X = 1600, Y = 400 DPI"});
+    EXPECT_EQ(shownBy(desktop, 1), Texts{"notified 0 1600 × 400 DPI"});
 }
 
 TEST_F(OnScreen, NothingIsShownWhileTheDesktopInhibitsIt) {
@@ -187,7 +187,7 @@ TEST_F(OnScreen, OfAServerThatIsStartedAnewNoOtherNotificationIsReplaced) {
     click(kStageInput);
     EXPECT_EQ(shownBy(*desktop, 1), Texts{"notified 0 800 DPI"});
     click(kStageInput);
-    EXPECT_EQ(shownBy(*desktop, 2).back(), "notified 42 X = 1600, Y = 400 DPI");
+    EXPECT_EQ(shownBy(*desktop, 2).back(), "notified 42 1600 × 400 DPI");
 }
 
 TEST_F(OnScreen, ARealServerShowsOneAfterManyChangesAndNoneAWhileLater) {
@@ -214,7 +214,7 @@ TEST_F(OnScreen, ARealServerShowsOneAfterManyChangesAndNoneAWhileLater) {
             (void)runProgram({"import", "-display", display.name(), "-window", "root", picture});
         return shown == "0\n" && count("history") == "1\n";
     }));
-    EXPECT_NE(runProgram({"dunstctl", "history"}).output.find("X = 1600, Y = 400 DPI"), std::string::npos);
+    EXPECT_NE(runProgram({"dunstctl", "history"}).output.find("1600 × 400 DPI"), std::string::npos);
 }
 
 TEST_F(OnScreen, TextsAreInTheUsersLanguage) {

@@ -1,4 +1,4 @@
-// The module by itself, in the small program that KDE shows single modules with.
+// The module alone, in KDE's program for single modules.
 
 #include <QDir>
 #include <QJsonObject>
@@ -38,7 +38,7 @@ class KcmshellTest : public QObject {
         const KdeHost kde;
         QCOMPARE(listed(kde, "C.UTF-8"),
             QStringLiteral(
-                "kcm_kyvar_quorvi - Set the buttons, macros, sensitivity and lights of the mouse"));
+                "kcm_kyvar_quorvi - Configure the buttons, macros, sensitivity and lights of your mouse"));
         QCOMPARE(listed(kde, "de_DE.UTF-8"),
             QStringLiteral(
                 "kcm_kyvar_quorvi - Tasten, Makros, Empfindlichkeit und Beleuchtung der Maus einstellen"));
@@ -84,7 +84,7 @@ class KcmshellTest : public QObject {
         QCOMPARE(kde.panel.told("10"), std::string("10"));
         kde.click(QStringLiteral("list item 'Kyvar Quorvi'"));
         QCOMPARE(kde.panel.told("101"), std::string("101"));
-        QVERIFY(!kde.thing(QStringLiteral("check box 'Light on the wheel'")).isNull());
+        QVERIFY(!kde.thing(QStringLiteral("check box 'Wheel light'")).isNull());
         QVERIFY(kde.close());
         QCOMPARE(kde.panel.toldAtLast(), std::string("1010"));
     }

@@ -1,4 +1,4 @@
-// The module in System Settings under KWin, with the keys of a keyboard.
+// The module in System Settings under KWin, with a keyboard's keys.
 
 #include <QTest>
 
@@ -66,7 +66,7 @@ class SystemSettingsOnWaylandTest : public QObject {
         QCOMPARE(kde.commands("KyRO 1"), std::string("KyRO 1"));
         QVERIFY(!kde.session.home.savedSettings());
         desktop.keyboard.press({KEY_LEFTALT, KEY_D}); // the focus is in the list still
-        const auto wheel = QStringLiteral("check box 'Light on the wheel'");
+        const auto wheel = QStringLiteral("check box 'Wheel light'");
         QVERIFY(kde.thing(wheel).is(AccessibleState::checked));
         desktop.keyboard.press({KEY_LEFTALT, KEY_W});
         QTRY_COMPARE_WITH_TIMEOUT(kde.session.home.savedLights(), 2, kWindowPatienceMs);

@@ -1,6 +1,6 @@
 // A user's whole way through System Settings: found by a search, opened, edited, left, opened again. With a
-// folder in QUORVI_DIARY each stop leaves a picture there and a paragraph in README.md: what the file and the
-// mouse hold, and what the helper has been told.
+// folder in QUORVI_DIARY each stop leaves a picture there and a paragraph in README.md: the content of the
+// file and the mouse, and the messages to the helper.
 
 #include <QTest>
 
@@ -15,7 +15,7 @@ using namespace quorvi::test;
 
 namespace {
 
-const QString kWheelLight = QStringLiteral("check box 'Light on the wheel'");
+const QString kWheelLight = QStringLiteral("check box 'Wheel light'");
 const QString kDeviceTab = QStringLiteral("page tab 'Device'");
 const QString kKeyword = QStringLiteral("polling rate");
 
