@@ -34,18 +34,18 @@ set(CPACK_DEBIAN_PANEL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PANEL_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "default-dbus-session-bus | dbus-session-bus, shared-mime-info")
 set(CPACK_DEBIAN_PANEL_DESCRIPTION "\
-Says what each button and the wheel of the mouse do, records macros, sets
-sensitivity in stages, acceleration, polling rate and lights, and keeps all of
-it in up to five profiles.
+Configures a nine-button mouse: button functions, macros, sensitivity stages,
+acceleration, polling rate, lights, and up to five profiles, which can follow
+the application in front.
 
-With the panel come the helper that owns the mouse, a small settings
-application that shows the panel, and the command-line tool quorvictl.")
+Also included: the helper that drives the mouse, a small settings application
+that shows the panel, and the command-line tool quorvictl.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME kyvar-quorvi-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS libplist-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "\
-Reads and writes the settings files of Kyvar Quorvi and converts them to the
-record of the mouse and back, for helpers and drivers of the device.
+Library to read and write Kyvar Quorvi settings files and convert them to and
+from the mouse's record, for writing helpers and drivers.
 
 This package holds static libraries, headers, a CMake package and a
 pkg-config file.")
@@ -59,18 +59,18 @@ set(CPACK_DEBIAN_SERVICE_PACKAGE_CONTROL_EXTRA
     "${PROJECT_SOURCE_DIR}/packaging/inputd/postinst;${PROJECT_SOURCE_DIR}/packaging/inputd/prerm;${PROJECT_SOURCE_DIR}/packaging/inputd/postrm")
 set(CPACK_DEBIAN_SERVICE_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_SERVICE_DESCRIPTION "\
-Lets any mouse with buttons do what the panel of Kyvar Quorvi says.
+Makes any mouse with buttons follow the settings of the Kyvar Quorvi panel.
 
-This package holds a small system service, which grabs a mouse that the user
-at the machine gave it, and types and moves in its place.")
+This package contains a small system service, which takes control of the mice
+that the user at the machine chooses, and types and moves in their place.")
 set(CPACK_DEBIAN_KDE_PACKAGE_NAME kyvar-quorvi-kde)
 set(CPACK_DEBIAN_KDE_PACKAGE_SECTION kde)
 set(CPACK_DEBIAN_KDE_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_KDE_PACKAGE_DEPENDS "kyvar-quorvi (= ${PROJECT_VERSION}-1), systemsettings")
 set(CPACK_DEBIAN_KDE_DESCRIPTION "\
-Shows the panel of Kyvar Quorvi in System Settings, among the input devices.
+Adds the Kyvar Quorvi panel to System Settings, under Input Devices.
 
-The panel is that of the package kyvar-quorvi, and so are its settings.")
+It uses the same settings as the package kyvar-quorvi.")
 
 # What a Debian package says of itself beside its control file.
 function(quorvi_package_documents package component)

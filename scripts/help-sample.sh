@@ -1,12 +1,12 @@
 # Settings worth a picture: three profiles and three macros. Sourced by scripts/help-pictures. All names are texts of the
-# language's string table, so that there is nothing to translate twice.
+# language's string table, so that no text is translated twice.
 
 text() { # LANGUAGE KEY
     xmllint --nonet --xpath "string(//key[.='$2']/following-sibling::string[1])" \
         "src/resources/$1.lproj/Localizable.strings"
 }
 
-# A step as the settings hold it: 1 presses and 0 releases the key with that USB usage, then the delay in ms.
+# A step in the settings: 1 presses and 0 releases the key with that USB usage, then the delay in ms.
 step() {
     printf '<dict><key>command</key><integer>%d</integer><key>argument</key><integer>%d</integer>' "$1" "$2"
     printf '<key>delay</key><integer>%d</integer></dict>' "$3"

@@ -8,7 +8,7 @@ packages_build=(
     dbus dbus-daemon
 )
 packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts-dejavu-core)
-# The fonts in which the window has to fit its screen; tests know no others (tests/support/fonts.conf).
+# The fonts in which the window must fit its screen; tests use no others (tests/support/fonts.conf).
 packages_fonts=(fonts-cantarell fonts-dejavu-core fonts-noto-cjk fonts-noto-core)
 packages_test=(
     libgtest-dev libbenchmark-dev

@@ -1,6 +1,6 @@
 # For scripts that leave pictures of the panel: source it from the project's folder.
 
-# What stands on the display, or with QUORVI_PICTURE_OF=window in the panel's window without its frame, once it has
+# Saves a picture of the display, or with QUORVI_PICTURE_OF=window of the panel's window without its frame, once it has
 # stopped changing: picture FILE.
 picture() {
     local before='' now shown=root
