@@ -1,5 +1,6 @@
 #include "history/Phrase.h"
 
+#include "base/Pattern.h"
 #include "base/Unicode.h"
 
 namespace quorvi {
@@ -17,10 +18,25 @@ const Phrase* partAt(std::u16string_view pattern, std::size_t place, const Phras
     return index < phrase.parts.size() ? &phrase.parts[index] : nullptr;
 }
 
+std::u16string listInWords(const Phrase& list, const Wording& wording) {
+    const std::u16string pattern = wording.text(list.text);
+    std::u16string words;
+    for (const Phrase& part : list.parts) {
+        if (&part != &list.parts.front())
+            words += separatorIn(pattern);
+        words += inWords(part, wording);
+    }
+    return words;
+}
+
 } // namespace
 
 Phrase patternPhrase(std::u16string text, std::vector<Phrase> parts) {
     return {Phrase::Kind::pattern, std::move(text), std::move(parts)};
+}
+
+Phrase listPhrase(std::vector<Phrase> parts) {
+    return {Phrase::Kind::list, u"^1, ^2, ^3", std::move(parts)};
 }
 
 Phrase namePhrase(std::u16string name) {
@@ -51,6 +67,8 @@ std::u16string inWords(const Phrase& phrase, const Wording& wording) {
         return phrase.text;
     if (phrase.kind == Phrase::Kind::name)
         return wording.name({}, phrase.text);
+    if (phrase.kind == Phrase::Kind::list)
+        return listInWords(phrase, wording);
     const std::u16string pattern = wording.text(phrase.text);
     std::u16string words;
     for (std::size_t place = 0; place < pattern.size(); ++place) {

@@ -76,17 +76,19 @@ class ProfileComparison {
 
     /// "400, 800 × 1600", as in the window's bar.
     static Phrase stagesPhrase(const Array& stages) {
-        std::u16string text;
+        std::vector<Phrase> listed;
         for (std::size_t i = 0; i < stages.size(); ++i) {
-            text += i > 0 ? u", " : u"";
-            if (i == limits::stages)
-                return plainPhrase(text + u'…');
+            if (i == limits::stages) {
+                listed.push_back(plainPhrase(u"…"));
+                break;
+            }
             const Dictionary stage = stages.dictionary(i);
-            text += toUtf16(std::to_string(stage.integer(keys::dpiX)));
+            std::u16string text = toUtf16(std::to_string(stage.integer(keys::dpiX)));
             if (stage.boolean(keys::independentXY))
                 text.append(u" × ").append(toUtf16(std::to_string(stage.integer(keys::dpiY))));
+            listed.push_back(plainPhrase(std::move(text)));
         }
-        return text.empty() ? plainPhrase(0) : plainPhrase(text);
+        return listed.empty() ? plainPhrase(0) : listPhrase(std::move(listed));
     }
 
     void compareStagesOneByOne(const Array& was, const Array& is) {

@@ -47,7 +47,7 @@ QString inUsersWords(const Phrase& phrase, const PanelText& text) {
     QString said = QString::fromStdU16String(phrase.text);
     if (phrase.kind == Phrase::Kind::decimal)
         return withDecimalSign(said);
-    if (phrase.kind != Phrase::Kind::pattern)
+    if (phrase.kind != Phrase::Kind::pattern && phrase.kind != Phrase::Kind::list)
         return said;
     const QString pattern = text(said.toUtf8().constData());
     QStringList parts;
@@ -55,7 +55,7 @@ QString inUsersWords(const Phrase& phrase, const PanelText& text) {
         const QString words = inUsersWords(part, text);
         parts << (part.kind == Phrase::Kind::name ? nameFor(pattern, words) : nameWithin(pattern, words));
     }
-    return filledText(pattern, parts);
+    return phrase.kind == Phrase::Kind::list ? joinedText(pattern, parts) : filledText(pattern, parts);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Differences between settings, in the words and numbers of the user.
+// Differences between settings, in the words, numbers and lists of the user.
 #include "window/BackupTexts.h"
 
 #include <QLocale>
@@ -15,6 +15,13 @@ namespace {
 plist::Dictionary treeWithAcceleration(float factor) {
     const auto driver = dict({{"enableaccel", true}, {"acceleration", factor}});
     return dict({{"profiles", list({dict({{"name", u"Drawing"}, {"driver", driver}})})}});
+}
+
+plist::Dictionary treeWithStages(std::initializer_list<int> resolutions) {
+    const auto stages = plist::Array::create();
+    for (const int dpi : resolutions)
+        stages.append(dict({{"dpix", dpi}, {"dpiy", 0}}));
+    return dict({{"profiles", list({dict({{"name", u"Drawing"}, {"stages", stages}})})}});
 }
 
 } // namespace
@@ -39,6 +46,16 @@ class BackupTextsTest : public QObject {
         const auto english = [](const char* text) { return QString::fromUtf8(text); };
         QCOMPARE(differenceTexts(treeWithAcceleration(0.5F), treeWithAcceleration(1.5F), english),
             QStringList(shown));
+    }
+
+    void stagesAreListedAsTheLanguageListsThem() {
+        const auto japanese = [](const char* text) {
+            return std::string_view(text) == "^1, ^2, ^3" ? QStringLiteral("^1、^2、^3")
+                                                          : QString::fromUtf8(text);
+        };
+        const QStringList texts =
+            differenceTexts(treeWithStages({400}), treeWithStages({400, 800}), japanese);
+        QCOMPARE(texts, QStringList(QStringLiteral("Stages of “Drawing”: 400 → 400、800")));
     }
 };
 
