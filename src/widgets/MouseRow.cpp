@@ -63,7 +63,7 @@ void MouseRow::setLine(const MouseLine& line) {
     m_box->setAccessibleName(line.name);
     m_box->setAccessibleDescription(line.detail.isEmpty()
                                         ? m_texts.boxDescription
-                                        : line.detail + QStringLiteral(". ") + m_texts.boxDescription);
+                                        : line.detail + QLatin1Char('\n') + m_texts.boxDescription);
     m_box->setChecked(line.inUse);
     m_button->setVisible(line.inUse);
     m_button->setEnabled(line.canSetUp);
