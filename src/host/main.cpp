@@ -8,6 +8,10 @@
 #include <cstdio>
 #include <thread>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <fontconfig/fontconfig.h>
 
 #include "host/HostWindow.h"
@@ -41,6 +45,11 @@ Given givenIn(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+#ifdef M_ARENA_MAX
+    // The threads that start with the program allocate little at the same time. Memory of their own for each
+    // of them, which stays when they end, is 0.6 MiB more.
+    mallopt(M_ARENA_MAX, 1);
+#endif
     // Reading the fonts' settings takes as long as connecting to the display, and they are first needed to
     // measure a text: this saves 9 ms on this thread. Wait for it, because two threads would both read them.
     std::jthread fontSettings([] { FcInit(); });
