@@ -1,6 +1,7 @@
 #include "widgets/LineLabel.h"
 
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
 
 namespace quorvi {
@@ -17,6 +18,13 @@ QSize sizeOf(const QString& text, int mnemonic, const QFontMetrics& font) {
     return font.boundingRect(kRoom, Qt::TextExpandTabs | mnemonic, text).size();
 }
 
+/// The text without what marks its key: "&Steps", or "(&S)" behind a text of other letters.
+QString withoutKey(QString text) {
+    static const QRegularExpression behind(QStringLiteral("\\s*\\(&[^&]\\)"));
+    static const QRegularExpression within(QStringLiteral("&(.)"));
+    return text.remove(behind).replace(within, QStringLiteral("\\1"));
+}
+
 } // namespace
 
 QSize LineLabel::sizeHint() const {
@@ -30,6 +38,15 @@ QSize LineLabel::sizeHint() const {
     return m_measured->size.expandedTo(minimumSize());
 }
 
+QString LineLabel::shownText() const {
+    const QFontMetrics font = fontMetrics();
+    QString shown = buddy() ? withoutKey(text()) : text();
+    const QString between = QStringLiteral(" · ");
+    while (font.horizontalAdvance(shown) > width() && shown.contains(between))
+        shown.truncate(shown.lastIndexOf(between));
+    return font.elidedText(shown, Qt::ElideRight, width());
+}
+
 void LineLabel::paintEvent(QPaintEvent* event) {
     if (width() >= sizeHint().width()) {
         QLabel::paintEvent(event);
@@ -37,8 +54,7 @@ void LineLabel::paintEvent(QPaintEvent* event) {
     }
     QPainter painter(this);
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
-    style()->drawItemText(&painter, rect(), int(side), palette(), isEnabled(),
-        fontMetrics().elidedText(text(), Qt::ElideMiddle, width()), foregroundRole());
+    style()->drawItemText(&painter, rect(), int(side), palette(), isEnabled(), shownText(), foregroundRole());
 }
 
 } // namespace quorvi

@@ -18,9 +18,12 @@ class LineLabel : public QLabel {
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    /// What is drawn where the label is narrower than its text: the text without the mark of its key; if that
+    /// is too long as well, without its last parts (as in "12 steps · 1.8 s"), and with dots for its end.
+    [[nodiscard]] QString shownText() const;
 
   protected:
-    /// Where the label is narrower than its text, dots stand for the middle of it.
+    /// See shownText().
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -57,6 +57,38 @@ class LineLabelTest : public QObject {
         QVERIFY(m_line.sizeHint().width() > before);
     }
 
+    void aNarrowLabelGivesUpTheMarkOfItsKeyFirst_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("in the word") << "12 of 16 s&teps"
+                                     << "12 of 16 steps";
+        QTest::newRow("of a sign") << "12 of 16 && more"
+                                   << "12 of 16 & more";
+        QTest::newRow("behind the word") << "12 of 16 X (&T) · 1.8 s"
+                                         << "12 of 16 X · 1.8 s";
+    }
+
+    void aNarrowLabelGivesUpTheMarkOfItsKeyFirst() {
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QLineEdit buddy;
+        m_line.setBuddy(&buddy);
+        m_line.setText(text);
+        m_line.resize(m_line.fontMetrics().horizontalAdvance(shown) + 1, 20);
+        QCOMPARE(m_line.shownText(), shown);
+        m_line.setBuddy(nullptr);
+    }
+
+    void aNarrowLabelGivesUpItsLastPartBeforeItCutsOne() {
+        const QString part = QStringLiteral("12 of 16 steps");
+        m_line.setText(part + QStringLiteral(" · 1.8 s"));
+        m_line.resize(m_line.fontMetrics().horizontalAdvance(part) + 1, 20);
+        QCOMPARE(m_line.shownText(), part);
+        m_line.resize(m_line.width() - 20, 20);
+        QVERIFY(part.startsWith(m_line.shownText().chopped(1)));
+        QVERIFY(m_line.shownText().endsWith(QChar(0x2026)));
+    }
+
   private:
     std::array<QLabel*, 2> labels() { return {&m_plain, &m_line}; }
 
