@@ -11,7 +11,7 @@ packages_display=(xvfb openbox xdotool imagemagick x11-utils x11-xkb-utils fonts
 # The fonts in which the window must fit its screen; tests use no others (tests/support/fonts.conf).
 packages_fonts=(fonts-cantarell fonts-dejavu-core fonts-noto-cjk fonts-noto-core)
 packages_test=(
-    libgtest-dev libbenchmark-dev
+    libgtest-dev libbenchmark-dev mold
     "${packages_display[@]}"
     "${packages_fonts[@]}"
     desktop-file-utils libglib2.0-bin libglib2.0-dev libxml2-utils locales procps python3-minimal
