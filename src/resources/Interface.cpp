@@ -32,6 +32,15 @@ class TextHeights : public QObject {
     }
 };
 
+/// A page that scrolls asks for the heights itself. There, a least height from an earlier width would make
+/// the page scroll before the text could have its present width.
+bool isOnScrollPage(const QWidget& part) {
+    const QWidget* above = part.parentWidget();
+    while (above && !qobject_cast<const ScrollPage*>(above))
+        above = above->parentWidget();
+    return above != nullptr;
+}
+
 /// Texts that change have their room from the start, so that nothing around them moves.
 void reserveLines(QLabel& label) {
     if (const int lines = label.property("lines").toInt(); lines > 0)
@@ -155,7 +164,8 @@ Interface::Interface(QWidget& mainView) {
 void keepTextsWhole(QWidget& view) {
     auto* heights = new TextHeights(&view);
     for (QLabel* label : view.findChildren<QLabel*>()) {
-        if (label->wordWrap() && (isHint(*label) || label->property("whole").toBool()))
+        if (label->wordWrap() && (isHint(*label) || label->property("whole").toBool()) &&
+            !isOnScrollPage(*label))
             label->installEventFilter(heights);
     }
 }

@@ -73,6 +73,22 @@ class InterfaceTest : public QObject {
         m_interface.reset();
     }
 
+    void aTextOnAPageThatScrollsKeepsNoHeightOfAnEarlierWidth() {
+        int hints = 0;
+        for (const auto* page : m_view->findChildren<ScrollPage*>()) {
+            for (QLabel* label : page->findChildren<QLabel*>()) {
+                if (!label->wordWrap() || label->text().isEmpty())
+                    continue;
+                const int before = label->minimumHeight();
+                label->show();
+                label->resize(30, 10);
+                QCOMPARE(label->minimumHeight(), before);
+                ++hints;
+            }
+        }
+        QVERIFY(hints > 2);
+    }
+
     void everyOutletIsThereOnce_data() {
         QTest::addColumn<int>("index");
         for (int i = 0; i < int(std::size(outlets)); ++i)
