@@ -5,7 +5,7 @@
 #include "RoundTrip.h"
 #include "Scratch.h"
 #include "Trees.h"
-#include "macros/MacroRecorder.h"
+#include "macros/StepDelays.h"
 #include "macros/StepReplacement.h"
 #include "macros/StepText.h"
 #include "model/ItemFile.h"

@@ -80,8 +80,9 @@ class InterfaceTest : public QObject {
                 if (!label->wordWrap() || label->text().isEmpty())
                     continue;
                 const int before = label->minimumHeight();
-                label->show();
                 label->resize(30, 10);
+                QResizeEvent resized(label->size(), label->size());
+                QApplication::sendEvent(label, &resized);
                 QCOMPARE(label->minimumHeight(), before);
                 ++hints;
             }
