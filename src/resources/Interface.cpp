@@ -179,7 +179,7 @@ void setLayoutDirection(QWidget& mainView, Qt::LayoutDirection direction) {
     mainView.setLayoutDirection(direction);
     // A label's direction follows its text, here a user-given name or a number.
     for (const char* name : {"quorviTextProfile", "quorviTextConnection", "quorviTextFirmwareVersion",
-             "quorviTextDriverVersion", "textSetUpMouse"})
+             "quorviTextDriverVersion", "textSetUpMouse", "labelSteps"})
         mainView.findChild<QLabel*>(QLatin1String(name))
             ->setAlignment(
                 QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter) | Qt::AlignAbsolute);

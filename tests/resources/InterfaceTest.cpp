@@ -90,6 +90,16 @@ class InterfaceTest : public QObject {
         QVERIFY(hints > 2);
     }
 
+    void textsOfAnyDirectionStandWhereTheLanguageBegins() {
+        for (const char* name : {"quorviTextProfile", "labelSteps"}) {
+            auto* label = m_view->findChild<QLabel*>(QLatin1String(name));
+            setLayoutDirection(*m_view, Qt::RightToLeft);
+            QCOMPARE(int(label->alignment()), int(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute));
+            setLayoutDirection(*m_view, Qt::LeftToRight);
+            QCOMPARE(int(label->alignment()), int(Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute));
+        }
+    }
+
     void everyOutletIsThereOnce_data() {
         QTest::addColumn<int>("index");
         for (int i = 0; i < int(std::size(outlets)); ++i)
