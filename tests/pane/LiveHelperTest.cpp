@@ -247,7 +247,7 @@ class LiveHelperTest : public QObject {
         QCOMPARE(panel.box(2)->accessibleName(), QStringLiteral("Mouse without a name"));
         QVERIFY(panel.box(2)->isChecked());
         QVERIFY(panel.box(2)->accessibleDescription().startsWith(
-            QStringLiteral("USB · Waiting for permission. Uses this mouse")));
+            QStringLiteral("USB · Waiting for permission\nUses this mouse")));
         QVERIFY(panel.box(3)->accessibleDescription().contains(QStringLiteral("Taken by another program")));
         panel.telling->change([](auto& told) { told.mice.clear(); });
         QTRY_VERIFY(!panel.box(1));
