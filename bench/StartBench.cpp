@@ -98,7 +98,7 @@ void run(bool quick, bool peers) {
         comparePeers(quick ? 1 : 15, time);
     const auto memory = [&](const std::string& program) { return Start(watcher, program).memory(); };
     printRow(
-        "memory (PSS) of the open panel / of an empty Qt window", ratio(quick ? 1 : 5, memory), "x", 2.0);
+        "memory (PSS) of the open panel / of an empty Qt window", ratio(quick ? 1 : 5, memory), "x", 1.7);
 
     waitUntilIdle(helper.pid());
     printRow("memory (PSS) of the helper", figureOf({proportionalMemory(helper.pid())}), "MiB", 8.0);
