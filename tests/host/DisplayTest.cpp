@@ -8,14 +8,9 @@
 #include "host/Session.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi::test;
-
-namespace {
-
-constexpr int kDeviceTab = 4;
-
-} // namespace
 
 class DisplayTest : public QObject {
     Q_OBJECT

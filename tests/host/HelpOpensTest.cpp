@@ -7,12 +7,11 @@
 #include "host/RecordedOpener.h"
 #include "host/Session.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kMacrosTab = 3;
 
 /// The desktop's opener is ours, for this process and what it starts.
 class OurOpener {

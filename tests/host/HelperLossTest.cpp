@@ -13,15 +13,13 @@
 #include "support/EventMonitor.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr int kSensitivityTab = 1;
-constexpr int kMacrosTab = 3;
 
 plist::Dictionary settingsWithAnEmptyMacro() {
     auto tree = UserHome::defaults();

@@ -7,6 +7,7 @@
 
 #include "host/OpenProgram.h"
 #include "support/Keyboard.h"
+#include "support/Tabs.h"
 #include "support/WindowPing.h"
 #include "support/WindowTools.h"
 
@@ -22,8 +23,6 @@ constexpr bool kSanitized = false;
 /// to 30 on a quiet machine and above 100 where compilers run beside it. The sanitizers make everything
 /// slower.
 constexpr int kLongestDelayMs = kSanitized ? 2000 : 1000;
-
-constexpr int kDeviceTab = 4;
 
 /// The panel with its device tab in front. The box in it turns the light of the wheel on and off.
 class PanelProgram {

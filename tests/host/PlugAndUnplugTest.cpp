@@ -10,12 +10,11 @@
 #include "host/OpenWindow.h"
 #include "host/Session.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kDeviceTab = 4;
 
 /// What changes with every save, because the file is replaced as a whole.
 ino_t fileNumber(const std::filesystem::path& path) {

@@ -17,13 +17,13 @@
 #include "support/EventMonitor.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
 
-constexpr int kMacrosTab = 3;
 constexpr int kDelete = 119;
 constexpr int kApostrophe = 48;
 constexpr int kE = 26;

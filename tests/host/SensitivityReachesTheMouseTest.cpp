@@ -10,6 +10,7 @@
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
 #include "support/SliderTools.h"
+#include "support/Tabs.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -17,7 +18,6 @@ using namespace quorvi::test;
 namespace {
 
 constexpr char kSliderX[] = "quorviSliderSensitivityX";
-constexpr int kSensitivityTab = 1;
 
 // Where the record holds the sensitivity, as (DPI - 100) / 25: in force, and of the first profile's second
 // stage, in which the default settings are.

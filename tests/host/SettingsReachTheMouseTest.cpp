@@ -8,12 +8,11 @@
 #include "host/OpenWindow.h"
 #include "host/Session.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kDeviceTab = 4;
 
 /// A panel with the mouse connected, at the device tab, and what the mouse held before anything was done.
 struct DeviceTab {

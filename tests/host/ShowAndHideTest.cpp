@@ -9,13 +9,13 @@
 #include "host/Session.h"
 #include "support/EnvironmentVariable.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi::test;
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kProfilesTab = 2;
 constexpr int kNameColumn = 1;
 
 /// A bundle with a helper whose start only leaves a mark.

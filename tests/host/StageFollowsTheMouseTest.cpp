@@ -13,6 +13,7 @@
 #include "host/Session.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -22,7 +23,6 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
-constexpr int kSensitivityTab = 1;
 constexpr std::uint8_t kSideButton = 4;
 constexpr int kNextStage = 18;
 constexpr int kPresses = 60; // or as often as QUORVI_STAGES says

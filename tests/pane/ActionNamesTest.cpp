@@ -12,6 +12,7 @@
 #include "pane/PaneTestMain.h"
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
+#include "support/Tabs.h"
 #include "widgets/KyvarQuorviSlider.h"
 
 using namespace quorvi;
@@ -19,9 +20,6 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kSensitivityTab = 1;
-constexpr int kProfilesTab = 2;
-constexpr int kDeviceTab = 4;
 constexpr const char* kProfileGear = "quorviButtonProfileGear";
 constexpr const char* kProfiles = "quorviTableProfiles";
 constexpr const char* kMacros = "quorviTableMacros";

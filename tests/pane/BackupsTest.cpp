@@ -10,6 +10,7 @@
 #include "pane/FilesFixture.h"
 #include "pane/PaneTestMain.h"
 #include "plist/DeepCopy.h"
+#include "support/Tabs.h"
 #include "window/BackupTexts.h"
 
 using namespace quorvi;
@@ -17,7 +18,6 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kDeviceTab = 4;
 constexpr const char* kBackUp = "quorviButtonBackUp";
 constexpr const char* kRestore = "quorviButtonRestoreBackup";
 constexpr const char* kEarlier = "quorviButtonEarlierSettings";

@@ -4,6 +4,7 @@
 
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
+#include "support/Tabs.h"
 #include "widgets/PopUpButton.h"
 
 using namespace quorvi;
@@ -11,8 +12,6 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kProfilesTab = 2;
-constexpr int kMacrosTab = 3;
 constexpr const char* kProfiles = "quorviTableProfiles";
 constexpr const char* kMacros = "quorviTableMacros";
 constexpr const char* kSteps = "quorviTableSteps";

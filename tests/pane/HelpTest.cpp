@@ -5,14 +5,13 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "support/EnvironmentVariable.h"
+#include "support/Tabs.h"
 #include "support/TemporaryFolder.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kMacrosTab = 3;
 
 void pressHelpKey(const PaneFixture& fixture) {
     QTest::keyClick(fixture.window->windowHandle(), Qt::Key_F1);

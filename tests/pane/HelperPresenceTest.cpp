@@ -6,6 +6,7 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "support/SliderTools.h"
+#include "support/Tabs.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/PopUpButton.h"
 
@@ -13,8 +14,6 @@ using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kDeviceTab = 4;
 
 const QString kConnected = QStringLiteral("Connected");
 const QString kLooking = QStringLiteral("Looking for the mouse…");

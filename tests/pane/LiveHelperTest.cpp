@@ -11,6 +11,7 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
+#include "support/Tabs.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/MarkedCells.h"
@@ -23,9 +24,6 @@ using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kProfilesTab = 2;
-constexpr int kDeviceTab = 4;
 
 MouseEntry mouse(const std::string& id, const std::string& name, bool inUse, const std::string& state) {
     return {.id = id, .name = name, .connection = "usb", .inUse = inUse, .state = state};

@@ -11,11 +11,11 @@
 #include "layouts/XkbKeyboardLayout.h"
 #include "pane/EventPatch.h"
 #include "pane/ListTools.h"
+#include "support/Tabs.h"
 
 namespace quorvi::test {
 
 inline constexpr const char* kStepsTable = "quorviTableSteps";
-inline constexpr int kMacrosTab = 3;
 
 /// Scan codes of keys.
 namespace scancodes {

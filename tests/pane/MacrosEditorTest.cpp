@@ -6,6 +6,7 @@
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
 #include "resources/MenuTags.h"
+#include "support/Tabs.h"
 #include "widgets/MarkedCells.h"
 #include "widgets/PopUpButton.h"
 #include "widgets/SymbolIcon.h"
@@ -15,7 +16,6 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kMacrosTab = 3;
 constexpr const char* kTable = "quorviTableMacros";
 constexpr const char* kSteps = "quorviTableSteps";
 

@@ -11,14 +11,13 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "pane/TellingHelper.h"
+#include "support/Tabs.h"
 #include "widgets/MouseView.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-constexpr int kDeviceTab = 4;
 
 MouseEntry mouse(const std::string& state = "driven") {
     return {.id = "mouse-1",

@@ -7,6 +7,7 @@
 #include "history/History.h"
 #include "pane/ListTools.h"
 #include "pane/PaneTestMain.h"
+#include "support/Tabs.h"
 #include "widgets/MarkedCells.h"
 #include "widgets/PopUpButton.h"
 
@@ -15,7 +16,6 @@ using namespace quorvi::test;
 
 namespace {
 
-constexpr int kProfilesTab = 2;
 constexpr const char* kTable = "quorviTableProfiles";
 constexpr const char* kGear = "quorviButtonProfileGear";
 

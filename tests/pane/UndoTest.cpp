@@ -16,6 +16,7 @@
 #include "plist/DeepCopy.h"
 #include "plist/Writer.h"
 #include "resources/MenuTags.h"
+#include "support/Tabs.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
@@ -25,8 +26,6 @@ namespace {
 constexpr const char* kUndo = "quorviButtonUndo";
 constexpr const char* kRedo = "quorviButtonRedo";
 constexpr const char* kWheelLight = "quorviBoxLightOnWheel";
-constexpr int kDeviceTab = 4;
-constexpr int kProfilesTab = 2;
 
 /// Undo as a user does it.
 class UndoFixture : public AssignmentFixture {

@@ -5,11 +5,11 @@
 
 #include <sys/stat.h>
 
+#include "support/Tabs.h"
+
 namespace quorvi::test {
 
 namespace {
-
-constexpr int kSensitivityTab = 1;
 
 QByteArray contentOf(const std::filesystem::path& path) {
     QFile file(QString::fromStdString(path.string()));

@@ -10,6 +10,7 @@
 #include "support/Compositors.h"
 #include "support/Keyboard.h"
 #include "support/SessionTestMain.h"
+#include "support/Tabs.h"
 #include "support/WindowTools.h"
 
 using namespace quorvi::test;
@@ -17,8 +18,6 @@ using namespace quorvi::test;
 namespace {
 
 const QString kKeyword = QStringLiteral("polling rate");
-constexpr int kMacrosTab = 3;
-constexpr int kDeviceTab = 4;
 
 /// System Settings where it shows no module; with settings, at the panel.
 struct Desktop {
