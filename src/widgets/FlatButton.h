@@ -1,16 +1,16 @@
 // A push button without a frame that still shows when it has the focus.
 #pragma once
 
-#include <QPushButton>
+#include "widgets/SignButton.h"
 
 namespace quorvi {
 
 /// Some styles draw nothing on a flat button that the Tab key has come to.
-class FlatButton : public QPushButton {
+class FlatButton : public SignButton {
     Q_OBJECT
 
   public:
-    explicit FlatButton(QWidget* parent = nullptr) : QPushButton(parent) { setFlat(true); }
+    explicit FlatButton(QWidget* parent = nullptr) : SignButton(parent) { setFlat(true); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -3,14 +3,15 @@
 
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
+
+#include "widgets/SignButton.h"
 
 namespace quorvi {
 
 /// The menu opens when the button is pressed, not when it is released, and with the keys that open a pop-up
 /// (see MenuItems.h) and Return. The button stays down while the menu is open. Opening does not block: an
 /// assistive program that presses the button gets its answer at once.
-class MenuButton : public QPushButton {
+class MenuButton : public SignButton {
     Q_OBJECT
 
   public:
