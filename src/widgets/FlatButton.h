@@ -5,7 +5,7 @@
 
 namespace quorvi {
 
-/// Some styles draw nothing on a flat button that the Tab key has come to.
+/// Some styles do not mark a flat button that has the focus.
 class FlatButton : public SignButton {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ class FlatButton : public SignButton {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Frames the widget in the colour of marks, if it has the focus and the user goes by the keyboard.
+/// Frames the widget in the mark colour if it has the focus and the user navigates with the keyboard.
 void paintFocusFrame(QWidget& widget, const QRect& around);
 
 } // namespace quorvi

@@ -24,14 +24,14 @@ class MenuButton : public SignButton {
     void pressByOthers();
 
   signals:
-    /// The menu comes, and can still be filled.
+    /// The menu is about to open and can still be filled.
     void menuIsAboutToOpen();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     /// Notifies assistive programs that the focus is back after the menu closes, which Qt does not always do.
     void focusInEvent(QFocusEvent* event) override;
-    /// Where it is flat, it frames itself as a FlatButton does.
+    /// A flat one frames itself like a FlatButton.
     void paintEvent(QPaintEvent* event) override;
 
   private:
