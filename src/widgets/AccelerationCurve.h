@@ -13,7 +13,7 @@ class AccelerationCurve : public QWidget {
     /// The labels of the two axes.
     Q_PROPERTY(QString handLabel READ handLabel WRITE setHandLabel)
     Q_PROPERTY(QString pointerLabel READ pointerLabel WRITE setPointerLabel)
-    /// What stands at the curve's end, with "^1" for the factor in percent.
+    /// The label at the curve's end, with "^1" for the factor in percent.
     Q_PROPERTY(QString nowLabel READ nowLabel WRITE setNowLabel)
 
   public:
@@ -30,7 +30,7 @@ class AccelerationCurve : public QWidget {
 
     [[nodiscard]] const QString& nowLabel() const { return m_nowLabel; }
     void setNowLabel(const QString& label);
-    /// The same for the factor that is shown.
+    /// That label with the shown factor.
     [[nodiscard]] QString nowText() const;
 
     /// The area of the curve, in widget coordinates: the lower left is standing still, the right edge the

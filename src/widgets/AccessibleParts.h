@@ -1,4 +1,4 @@
-// What assistive programs are told of a widget that draws a list of parts itself.
+// Accessible interfaces of a widget that draws a list of parts itself.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -9,7 +9,7 @@
 
 namespace quorvi {
 
-/// A list of parts. Each is made when it is first asked for, and belongs to the toolkit from then on.
+/// A list of parts. Each is created when first queried, and then owned by the toolkit.
 class AccessibleParts : public QAccessibleWidget {
   public:
     explicit AccessibleParts(QWidget* widget);
@@ -18,18 +18,18 @@ class AccessibleParts : public QAccessibleWidget {
     [[nodiscard]] QAccessibleInterface* child(int index) const override;
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
 
-    /// There are other parts, or another number of them.
+    /// Call this when the parts or their number have changed.
     void forgetChildren();
 
   protected:
-    /// The toolkit owns what comes back.
+    /// The toolkit owns the returned interface.
     [[nodiscard]] virtual QAccessibleInterface* makeChild(int index) const = 0;
 
   private:
-    mutable std::vector<QAccessible::Id> m_children; ///< of each part; 0 for those that are not made yet
+    mutable std::vector<QAccessible::Id> m_children; ///< of each part; 0 until it is created
 };
 
-/// A part of a widget, usually without parts of its own, and without an object.
+/// A part of a widget, without an object and usually without child parts.
 class AccessiblePart : public QAccessibleInterface {
   public:
     explicit AccessiblePart(QWidget& whole);
@@ -44,14 +44,14 @@ class AccessiblePart : public QAccessibleInterface {
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
   protected:
-    /// Null when it is gone.
+    /// Null if it no longer exists.
     [[nodiscard]] QWidget* whole() const { return m_whole; }
 
   private:
     QPointer<QWidget> m_whole;
 };
 
-/// One of AccessibleParts, on which something can be done.
+/// One of AccessibleParts, with actions.
 class AccessibleListPart : public AccessiblePart, public QAccessibleActionInterface {
   public:
     AccessibleListPart(QWidget& whole, int index);
@@ -66,10 +66,10 @@ class AccessibleListPart : public AccessiblePart, public QAccessibleActionInterf
     int m_index;
 };
 
-/// Tells assistive programs, if there are any, what has become of the widget's part; of one that does not
-/// exist nothing.
+/// Notifies assistive programs, if any, of an event of the widget's part. Does nothing if the part does not
+/// exist.
 void tellOfPart(QWidget& whole, int index, QAccessible::Event what);
-/// Its parts are others, or their number is.
+/// Call this when the widget's parts or their number have changed.
 void forgetAccessibleParts(QWidget& whole);
 
 } // namespace quorvi

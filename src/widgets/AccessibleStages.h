@@ -1,4 +1,4 @@
-// What assistive programs are told of the bar of stages: a list of buttons.
+// The bar of stages for assistive programs: a list of buttons.
 #pragma once
 
 #include "widgets/AccessibleParts.h"

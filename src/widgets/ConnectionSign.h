@@ -1,4 +1,4 @@
-// Whether a mouse is connected, beside the text that says it.
+// The sign next to the text that says whether a mouse is connected.
 #pragma once
 
 #include <QWidget>
@@ -9,8 +9,8 @@ namespace quorvi {
 
 enum class Connection : std::uint8_t { none, demonstration, mouse };
 
-/// A crossed ring, a ring and a disc: told apart by their shapes, and a mouse that is there by its colour
-/// too. Its text says all there is to say, so that it is nothing to assistive programs.
+/// A crossed ring, a ring and a disc: they differ in shape, and the sign of a connected mouse also in colour.
+/// Hidden from assistive programs, because the text next to it says the same.
 class ConnectionSign : public QWidget {
     Q_OBJECT
 

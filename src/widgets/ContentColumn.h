@@ -1,20 +1,20 @@
-// The layout of a page: its margins, and what is on it in one column that is never wider than can be read.
+// The layout of a page: its margins, and its content in one column of at most a readable width.
 #pragma once
 
 #include <QBoxLayout>
 
 namespace quorvi {
 
-/// Where a page's content stands across a page of that width, without its margins.
+/// The horizontal place of a page's content, without its margins.
 struct ContentSpan {
-    int margin; ///< at either side of it
+    int margin; ///< on each side
     int width;
 };
-/// As wide as the page allows, at most maxContentWidth, in the middle; with narrow margins on a narrow page,
-/// and where what needs that width would not fit between the usual ones.
+/// Returns a centred place, as wide as the page allows and at most maxContentWidth. The margins are narrow on
+/// a narrow page, and where the needed width would not fit between the usual ones.
 [[nodiscard]] ContentSpan contentSpan(int pageWidth, int needed = 0);
 
-/// A box layout with the margins of a page, whose content is centred. Its hints count the narrow margins.
+/// A box layout with a page's margins and centred content. Its size hints include the narrow margins.
 template <typename Box>
 class ContentBox : public Box {
   public:

@@ -1,4 +1,4 @@
-// What is seen of rows that the mouse drags through their table.
+// The picture of rows that the user drags within their table.
 #pragma once
 
 #include <QPixmap>
@@ -10,15 +10,16 @@ namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// Lies over the table's rows: a picture of the rows at the pointer, and a line where they would come to.
+/// Covers the table's rows. Shows the dragged rows at the pointer, and a line where they would be dropped.
 class DraggedRows final : public QWidget {
   public:
-    /// The grip is where the pointer has the first of the rows, from its left upper corner.
+    /// The grip is the pointer's offset from the upper left corner of the first row.
     DraggedRows(KyvarQuorviTableView& table, const QPoint& grip);
 
-    /// Shows the rows at the point of the viewport, and the line before the row, none for -1.
+    /// Shows the rows at the point, in viewport coordinates, and the line above the row "before"; no line for
+    /// -1.
     void showAt(const QPoint& point, const std::vector<int>& rows, int before);
-    /// Where the line is, of the viewport; -1 without one.
+    /// The line's y in the viewport; -1 if there is no line.
     [[nodiscard]] int line() const { return m_line; }
     [[nodiscard]] const std::vector<int>& rows() const { return m_rows; }
 

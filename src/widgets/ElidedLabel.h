@@ -1,11 +1,11 @@
-// A line that grows at its end: when it is too long, its beginning is left out.
+// A line of growing text. If the text is too long, its beginning is left out.
 #pragma once
 
 #include <QLabel>
 
 namespace quorvi {
 
-/// As wide as it is given, whatever its text is; a plain text in one line.
+/// A plain text in one line. Its size hint is 0 wide, whatever the text is.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace quorvi {
 
-/// Three keys with the bars of their presses in time, of the size that every such drawing has.
+/// Three keys with bars that show when each is pressed. All drawings of empty states have this size.
 class EmptyDrawing : public QWidget {
     Q_OBJECT
 

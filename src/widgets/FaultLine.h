@@ -1,4 +1,4 @@
-// A line that says what is probably not meant, with a button that puts it right.
+// A line that warns of a probable mistake, with a button that corrects it.
 #pragma once
 
 #include <QWidget>
@@ -10,7 +10,7 @@ namespace quorvi {
 
 class FaultSign;
 
-/// Takes no room while there is nothing to say, unless it is to keep its room.
+/// Takes no room while its text is empty, except after pause().
 class FaultLine : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString buttonTitle READ buttonTitle WRITE setButtonTitle)
@@ -19,22 +19,22 @@ class FaultLine : public QWidget {
   public:
     explicit FaultLine(QWidget* parent = nullptr);
 
-    /// Says the text, which is plain. The button is called like that, and is hidden without a title.
+    /// Shows the plain text, and the button with this title; hides the button if the title is empty.
     void say(const QString& text, const QString& buttonTitle);
-    /// There is nothing to say.
+    /// Empties the line and gives up its room.
     void clear();
-    /// Says nothing for a while, but keeps the room that it has: what is above does not move.
+    /// Empties the line but keeps its room, so that the controls above do not move.
     void pause();
 
     [[nodiscard]] QString text() const;
 
-    /// What the button is called, and what screen readers say of it: the text that the line says, and this
-    /// until it says one.
+    /// The button's title, and its description for screen readers while the line shows no text; otherwise the
+    /// description is that text.
     [[nodiscard]] QString buttonTitle() const;
     void setButtonTitle(const QString& title);
     [[nodiscard]] QString buttonPurpose() const;
     void setButtonPurpose(const QString& purpose);
-    /// Whether the keys go to the button.
+    /// Whether the button has the focus.
     [[nodiscard]] bool hasFocusedButton() const;
 
   signals:

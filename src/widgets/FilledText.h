@@ -15,7 +15,7 @@ using PanelText = std::function<QString(const char*)>;
 /// unchanged, even with such marks; a mark without a part stays. At most nine parts.
 [[nodiscard]] QString filledText(const QString& text, const QStringList& parts);
 
-/// The parts as one text, with what the pattern has between "^1" and "^2" between each two.
+/// Joins the parts with the pattern's text between "^1" and "^2" as the separator.
 [[nodiscard]] QString joinedText(const QString& pattern, const QStringList& parts);
 
 /// The name for insertion into the text: shortened (shownText), with its direction isolated (nameWithin), and

@@ -8,7 +8,7 @@
 namespace quorvi {
 
 void FlatButton::paintEvent(QPaintEvent* event) {
-    QPushButton::paintEvent(event);
+    SignButton::paintEvent(event);
     paintFocusFrame(*this, rect());
 }
 

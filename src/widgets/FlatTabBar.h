@@ -9,8 +9,8 @@ namespace quorvi {
 
 enum class Symbol : std::uint8_t;
 
-/// A tab bar in all but its looks: keys, letters that lead to tabs, and assistive programs find it as they
-/// know it. It takes the first of its forms that fits the room that it is given.
+/// Differs from QTabBar only in its look: keys, access keys and assistive programs work as usual. It uses the
+/// first of its forms that fits the available width.
 class FlatTabBar : public QTabBar {
     Q_OBJECT
 
@@ -18,11 +18,11 @@ class FlatTabBar : public QTabBar {
     explicit FlatTabBar(QWidget* parent = nullptr);
 
     void setSymbol(int tab, Symbol symbol);
-    /// Takes the form that fits the width: with signs and wide, with signs and narrow, titles alone.
+    /// Selects the first form that fits the width: wide with signs, narrow with signs, titles alone.
     void fitInto(int width);
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// That of the smallest form.
+    /// The size of the smallest form.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:

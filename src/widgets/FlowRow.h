@@ -1,4 +1,4 @@
-// A row that goes on in further rows where it does not fit.
+// A row that wraps into further rows if it does not fit.
 #pragma once
 
 #include <QLayout>
@@ -7,7 +7,8 @@
 
 namespace quorvi {
 
-/// Its items keep their own sizes and begin at the row's start. The last one may stand apart, at the end.
+/// Its items keep their size hints and are placed from the row's start. The last one may be apart, at the
+/// end.
 class FlowRow : public QLayout {
     Q_OBJECT
     Q_PROPERTY(bool lastApart READ isLastApart WRITE setLastApart)
@@ -42,7 +43,7 @@ class FlowRow : public QLayout {
     [[nodiscard]] int heightOf(const std::vector<Row>& rows) const;
     void placeRow(const Row& row, const QRect& place) const;
 
-    std::vector<QLayoutItem*> m_items; // as every layout of the toolkit owns its own
+    std::vector<QLayoutItem*> m_items; // owned, as in every layout of the toolkit
     bool m_lastApart = false;
 };
 

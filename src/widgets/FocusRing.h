@@ -5,12 +5,12 @@
 
 namespace quorvi {
 
-/// A frame around its parent, above all that is in it, while it is visible. The pointer does not meet it.
+/// A frame around its parent, above the parent's children. It ignores the pointer.
 class FocusRing : public QWidget {
   public:
     explicit FocusRing(QWidget& parent);
 
-    /// Follows the parent's size.
+    /// Adopts the parent's size. Call this when that changes.
     void fit();
 
   protected:

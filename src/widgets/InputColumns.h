@@ -8,10 +8,10 @@
 
 namespace quorvi {
 
-/// What is added before the drawing, a MouseView, stands in rows on its left, what is added after it on its
-/// right; never mirrored. The drawing is as large as fields of their usual width and the height allow, and
-/// the rows are as far apart as it is high, so that the lines between them stay short and never cross. What
-/// is left over is below.
+/// Widgets added before the drawing, a MouseView, form rows on its left, widgets added after it on its right;
+/// never mirrored. The drawing is as large as fields of their usual width and the height allow. The rows are
+/// spread over its height, so that the lines between them stay short and never cross. Spare height stays
+/// below.
 class InputColumns : public QLayout {
   public:
     explicit InputColumns(QWidget* parent = nullptr);

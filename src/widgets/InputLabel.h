@@ -1,27 +1,27 @@
-// The name of an input of the mouse beside its pop-up: its number in a disc, and after it, where there is
-// room, a note in small letters.
+// The name of a mouse input next to its pop-up: its number in a disc, the name, and a note in small letters
+// if there is room.
 #pragma once
 
 #include "widgets/LineLabel.h"
 
 namespace quorvi {
 
-/// The text is the digit, behind an ampersand that makes it a key, and the name: "&4  Rear side button". The
-/// disc shows the digit; whoever reads the label aloud reads the whole text.
+/// The text is an ampersand, the digit, which is thus the access key, and the name: "&4  Rear side button".
+/// The disc shows the digit; screen readers read the whole text.
 class InputLabel : public LineLabel {
     Q_OBJECT
 
   public:
     explicit InputLabel(QWidget* parent = nullptr) : LineLabel(parent) {}
 
-    /// Whether the number is drawn as that of the pointed or focused input.
+    /// Sets whether to draw the number as that of the pointed or focused input.
     void setMarked(bool marked);
     [[nodiscard]] bool isMarked() const { return m_marked; }
-    /// Sets what is said after the name, as a hint; empty for nothing. It is not drawn where it would be cut,
-    /// so say it in another place too.
+    /// Sets the note after the name; empty for none. A note that does not fit is not drawn, so show it in
+    /// another place too.
     void setNote(const QString& note);
     [[nodiscard]] QString note() const { return m_note; }
-    /// Whether there is a note and it is drawn.
+    /// Whether a note is drawn.
     [[nodiscard]] bool showsNote() const;
 
     [[nodiscard]] QSize sizeHint() const override;

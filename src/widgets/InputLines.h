@@ -23,8 +23,8 @@ class InputLines : public QWidget {
     /// focus.
     InputLines(MouseView& view, const Controls& controls);
 
-    /// From the edge of the control, level as far as its knee, and straight on to the circle of the input, 1
-    /// to 9, in this widget's coordinates.
+    /// The line of the input, 1 to 9, in this widget's coordinates: horizontal from the control's edge to the
+    /// knee, then straight to the input's circle.
     [[nodiscard]] QPolygonF lineOf(int input) const;
 
   protected:

@@ -36,7 +36,7 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
-    // A key typed by chance must not begin to replace a name.
+    // An accidental key press must not start replacing a name.
     setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
@@ -62,8 +62,8 @@ int KyvarQuorviTableView::selectedRow() const {
 }
 
 std::vector<int> KyvarQuorviTableView::selectedRows() const {
-    // The selection itself, not what of it the model still has: a row is selected until a reload says
-    // otherwise.
+    // The selection itself, including rows that the model no longer has: a row stays selected until the next
+    // reload.
     const QItemSelection selection = selectionModel() ? selectionModel()->selection() : QItemSelection();
     std::vector<int> rows;
     for (const QItemSelectionRange& range : selection)
@@ -88,14 +88,14 @@ void KyvarQuorviTableView::selectRows(const std::vector<int>& rows, int current)
     if (chosen < 0)
         return deselectAll();
     const QScopedValueRollback keeps(m_keepsSelection, true);
-    // This is also where a range begins that is selected next.
+    // The next range selection also starts here.
     setCurrentIndex(model()->index(chosen, 0));
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void KyvarQuorviTableView::deselectAll() {
     clearSelection();
-    // A row that is current without being selected would be what the next arrow key starts from.
+    // The next arrow key would start from a row that is current but not selected.
     if (selectionModel())
         selectionModel()->clearCurrentIndex();
 }
@@ -106,7 +106,7 @@ void KyvarQuorviTableView::editCell(int column, int row) {
         edit(cell);
 }
 
-// A click on a pop-up opens its menu and no field, whether its row is selected or not.
+// A click on a pop-up opens its menu, not a field, whether its row is selected or not.
 bool KyvarQuorviTableView::editsPopUp(
     const QModelIndex& cell, EditTrigger trigger, const QEvent* event) const {
     if (trigger == DoubleClicked && event)
@@ -126,7 +126,7 @@ bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, Q
 bool KyvarQuorviTableView::toggleCell(const QModelIndex& cell) {
     if (!(cell.flags() & Qt::ItemIsUserCheckable) || !(cell.flags() & Qt::ItemIsEnabled))
         return false;
-    // The cell need not be in the selected row, which stays selected.
+    // The cell may be in another row than the selected one, which stays selected.
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     const bool checked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     model()->setData(cell, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
@@ -134,9 +134,8 @@ bool KyvarQuorviTableView::toggleCell(const QModelIndex& cell) {
     return true;
 }
 
-// All that QTableView adds to these two is to tell of cells, by places among the children that are not those
-// here.
-// NOLINTBEGIN(bugprone-parent-virtual-call)
+// QTableView's versions of these two only add notifications of cells, with child indexes that differ from
+// ours. NOLINTBEGIN(bugprone-parent-virtual-call)
 void KyvarQuorviTableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (hasFocus())
         tellOfCell(*this, current, QAccessible::Focus);
@@ -158,7 +157,7 @@ void KyvarQuorviTableView::selectionChanged(
 void KyvarQuorviTableView::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
     showFocus(true);
-    // The table tells of itself when this is done.
+    // The table's own focus notification follows this handler.
     QMetaObject::invokeMethod(
         this,
         [this] {
@@ -220,7 +219,7 @@ void KyvarQuorviTableView::setLeastRows(int rows) {
     updateGeometry();
 }
 
-// The titles are not measured before they are shown.
+// Titles are not measured before they are first shown.
 int KyvarQuorviTableView::heightOfRows(int rows) const {
     const int titles = horizontalHeader()->isHidden() ? 0
                        : m_hasBeenShown               ? horizontalHeader()->sizeHint().height()
@@ -274,7 +273,7 @@ void KyvarQuorviTableView::resizeEvent(QResizeEvent* event) {
     m_emptyText->fit();
     if (m_focusRing)
         m_focusRing->fit();
-    // What comes below the table is often about the row.
+    // Controls that appear below the table often concern this row.
     const bool wasInView = row.top() >= 0 && row.bottom() < event->oldSize().height();
     if (wasInView && row.bottom() >= viewport()->height())
         scrollTo(currentIndex());
@@ -301,7 +300,7 @@ QMenu* KyvarQuorviTableView::menuForEvent(const QContextMenuEvent& event) {
     return m_menu;
 }
 
-// Here and not in the handlers of single events, because a disabled table has to ask too.
+// Here and not in the handlers of single events, because a disabled table must query the delegate too.
 bool KyvarQuorviTableView::viewportEvent(QEvent* event) {
     if (m_delegated.takes(*event) || (m_rowDrag && m_rowDrag->takes(*event)))
         return true;
@@ -324,7 +323,7 @@ void KyvarQuorviTableView::followDoubleClick(const QMouseEvent& event) {
 }
 
 void KyvarQuorviTableView::keyPressEvent(QKeyEvent* event) {
-    // A field hands on the keys that it has no use for.
+    // A text field passes on the keys that it does not use.
     const bool handled = (m_popUpCells && !isEditing() && m_popUpCells->keyPressed(*event)) ||
                          m_keys.pressed(*event) || m_delegated.takesKey(*event);
     if (!handled)
@@ -366,7 +365,7 @@ bool KyvarQuorviTableView::isOnCheckBox(const QModelIndex& cell, const QPoint& p
     return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this).contains(point);
 }
 
-// A check box is about its own row, whichever is selected.
+// A check box applies to its own row, whichever is selected.
 QItemSelectionModel::SelectionFlags KyvarQuorviTableView::selectionCommand(
     const QModelIndex& index, const QEvent* event) const {
     if (m_keepsSelection)

@@ -1,5 +1,5 @@
-// The panel's table: whole rows, one at a time unless it is told otherwise. The dynamic property "tag" tells
-// the tables apart: 1 profiles, 2 macros, 3 steps, 4 stages.
+// The panel's table. It selects whole rows, one at a time by default. The dynamic property "tag" identifies
+// the table: 1 profiles, 2 macros, 3 steps, 4 stages.
 #pragma once
 
 #include <QHeaderView>
@@ -27,111 +27,112 @@ class KyvarQuorviTableView : public QTableView {
   public:
     explicit KyvarQuorviTableView(QWidget* parent = nullptr);
 
-    /// The table's tag; 0 when it has none.
+    /// The table's tag; 0 if it has none.
     [[nodiscard]] int tag() const;
 
-    /// Lets several rows be selected, by the mouse and the keyboard as in other lists.
+    /// Allows the selection of several rows, by the mouse and the keyboard as in other lists.
     void setSeveralSelectable();
     [[nodiscard]] bool isSeveralSelectable() const { return selectionMode() == ExtendedSelection; }
 
-    /// The selected row; -1 when none is. Of several it is the current one, from which the keys move, or the
-    /// first when the current one is not selected.
+    /// The selected row; -1 if there is none. Of several rows, the current one, from which the keys move, or
+    /// the first if the current one is not selected.
     [[nodiscard]] int selectedRow() const;
-    /// All selected rows, from above.
+    /// All selected rows, from the top.
     [[nodiscard]] std::vector<int> selectedRows() const;
-    /// Selects the row and no other, and brings it into view; a row that does not exist selects none.
+    /// Selects only this row and scrolls to it. Clears the selection if the row does not exist.
     void selectRowAlone(int row) { selectRows({row}); }
-    /// Selects the rows and no others, of which one becomes the current one: the given one or, when that is
-    /// none of them, the last. Rows that do not exist are left out; without others nothing is selected.
+    /// Selects only these rows and makes one of them current: the given one, or the last if the given one is
+    /// not among them. Ignores rows that do not exist; if none exists, clears the selection.
     void selectRows(const std::vector<int>& rows, int current = -1);
     void deselectAll();
     using QTableView::edit;
-    /// Starts an edit where the trigger is one of those that do, and names the field that a name is typed
-    /// into; false where it is not, or where the cell cannot be edited.
+    /// Starts an edit if the trigger does so for this cell, and gives its field an accessible name. Returns
+    /// false if the trigger does not, or if the cell is read-only.
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
-    /// Starts an edit of the cell, with its text selected; does nothing where the cell cannot be edited.
+    /// Starts an edit of the cell, with its text selected. Does nothing if the cell is read-only.
     void editCell(int column, int row);
     /// Whether the user is typing into a cell.
     [[nodiscard]] bool isEditing() const { return state() == EditingState; }
-    /// Calls an edit of a cell off that is under way: what was typed is dropped.
+    /// Cancels a cell edit in progress and discards the typed text.
     void abortEditing();
 
-    /// Makes the cells of the column pop-ups of the menu, which belongs to the panel. The value of a cell is
-    /// the index of an item of the menu; choosing one sets it. A click opens the menu, and so do the keys
-    /// that open other pop-ups, for the selected row. A double click, F2 and a digit open a field in a cell
-    /// that is editable; its text is PopUpCells::typedRole.
+    /// Makes the column's cells pop-ups of the menu, which the panel owns. A cell's value is the index of a
+    /// menu item; choosing an item sets it. A click opens the menu, and so do the keys that open other
+    /// pop-ups, for the selected row. A double click, F2 and a digit open a text field in an editable cell;
+    /// its text is PopUpCells::typedRole.
     void setPopUpColumn(int column, QMenu* menu);
 
-    /// Gives the rows a second line (TwoLineCells.h) and the height for it.
+    /// Gives the rows a second line (TwoLineCells.h) and makes them higher.
     void setTwoLines();
     [[nodiscard]] bool hasTwoLines() const { return m_hasTwoLines; }
-    /// Gives the rows room for icons of listIconSize.
+    /// Makes the rows high enough for icons of listIconSize.
     void setTallRows();
-    /// Makes the table so many rows high, and at the least so many, with its titles. Nothing else makes it
-    /// higher.
+    /// Sets the table's height, with its titles, in rows: the preferred height, which is also the maximum,
+    /// and the minimum.
     void setRowsShown(int rows, int least);
-    /// The least height that shows so many rows.
+    /// Sets the minimum height, in rows.
     void setLeastRows(int rows);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    /// Whether the cell is such a pop-up.
+    /// Whether the cell is a pop-up of setPopUpColumn().
     [[nodiscard]] bool isPopUp(const QModelIndex& cell) const;
-    /// Opens the menu of such a cell; one that is not enabled opens nothing.
+    /// Opens the menu of a pop-up cell. Does nothing if the cell is disabled.
     void openMenuOf(const QModelIndex& cell);
-    /// Clicks the check box of the cell and makes the cell current; false when it has none that can be.
+    /// Clicks the cell's check box and makes the cell current. Returns false if it has no enabled check box.
     bool toggleCell(const QModelIndex& cell);
 
-    /// Numbers the rows, from 1. What shows the numbers is made when the table is shown first.
+    /// Numbers the rows, from 1. The header with the numbers is created when the table is first shown.
     void setRowsNumbered();
     [[nodiscard]] bool areRowsNumbered() const { return m_areRowsNumbered; }
-    /// Has the mouse move rows to other places.
+    /// Lets the user drag rows to other places.
     void setRowMoves(RowMoves moves);
 
-    /// What the table says while it has no rows.
+    /// The text shown while the table has no rows.
     [[nodiscard]] QString emptyText() const { return m_emptyText->text(); }
     void setEmptyText(const QString& text) { m_emptyText->setText(text); }
 
-    /// The context menu, which belongs to the panel; nullptr when there is none.
+    /// The context menu, owned by the panel; nullptr if there is none.
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     void setMenu(QMenu* menu);
-    /// The menu to open on the event; nullptr for none, and always while the table is disabled. A click picks
-    /// the row under it first, unless that is selected already, or none where there is no row; the menu key
-    /// leaves the selection.
+    /// Returns the menu to open on the event; nullptr if there is none or the table is disabled. A click
+    /// first selects the row under it unless it is already selected, or clears the selection if there is no
+    /// row there. The menu key keeps the selection.
     [[nodiscard]] QMenu* menuForEvent(const QContextMenuEvent& event);
 
-    /// Without a delegate the table does nothing on mouse buttons.
+    /// Without a delegate, the table ignores mouse buttons.
     void setDelegate(TableDelegate* delegate) { m_delegated.setDelegate(delegate); }
 
-    /// Lays the columns of the new model out as tableColumns() of this tag says; a table that has not been
-    /// shown yet does so when it is.
+    /// Lays out the new model's columns according to tableColumns() of this tag; a table that was never shown
+    /// does so when first shown.
     void setModel(QAbstractItemModel* model) override;
-    /// Has setModel() called when there is need of the model, which must live until then. That saves 1.6 ms
-    /// of the start where no mouse's list comes before the first drawing. Until then there is no row and no
-    /// selection. The first showing needs it; a table that has been shown gets it now.
+    /// Defers setModel() until the table is first shown or completeModel() is called; a table that was
+    /// already shown sets the model at once. The model must live until then. Until then the table has no rows
+    /// and no selection. This saves 1.6 ms of the start if no list of a mouse comes before the first paint.
     void setModelLater(QAbstractItemModel* model);
-    /// For whoever else is to know of rows, of columns or of changes of them. Does nothing once that is done.
+    /// Sets the deferred model now, for callers that need rows, columns or notification of their changes.
+    /// Does nothing if no model is deferred.
     void completeModel();
 
   signals:
-    /// Other rows are selected, or none.
+    /// The selection has changed.
     void selectedRowChanged();
-    /// The left button has come up again from a double click on the cell. What opens a sheet, or begins to
-    /// record clicks, waits for that: it would get the release.
+    /// The left button was released after a double click on the cell. Open a sheet or start recording clicks
+    /// only then: they would receive the release.
     void doubleClickEnded(const QModelIndex& cell);
 
   protected:
-    /// Measures nothing before the first showing: titles need a font that nothing else has. That saves 1.7 ms
-    /// of the start where the mouse's list comes before the first drawing.
+    /// Does nothing before the table is first shown: measuring the titles needs a font that no other control
+    /// has. This saves 1.7 ms of the start if the mouse's list comes before the first paint.
     void updateGeometries() override;
     void showEvent(QShowEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// Tells assistive programs which cell the keys are for, which the focus of the table alone does not say.
+    /// Notifies assistive programs of the current cell, which the table's focus alone does not identify.
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    /// Tells assistive programs of the current cell only while the table has the focus: the lists are filled
-    /// again and again behind other tabs.
+    /// Notifies assistive programs of the current cell only while the table has the focus: lists behind other
+    /// tabs are often refilled.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -139,7 +140,7 @@ class KyvarQuorviTableView : public QTableView {
     void changeEvent(QEvent* event) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
-    /// The cells keep their colours when something else has the focus.
+    /// Keeps the cells' colours while another control has the focus.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     void initViewItemOption(QStyleOptionViewItem* option) const override;
 #else
@@ -147,32 +148,32 @@ class KyvarQuorviTableView : public QTableView {
 #endif
 
   private:
-    /// Whether the trigger begins an edit of the pop-up cell.
+    /// Whether the trigger starts an edit of the pop-up cell.
     [[nodiscard]] bool editsPopUp(const QModelIndex& cell, EditTrigger trigger, const QEvent* event) const;
-    /// With the titles and the frame.
+    /// The height of that many rows with the titles and the frame.
     [[nodiscard]] int heightOfRows(int rows) const;
     void showFocus(bool focused);
     void makeNumbers();
     void followDoubleClick(const QMouseEvent& event);
-    /// Whether the point, of the viewport, is on the cell's check box.
+    /// Whether the point, in viewport coordinates, is on the cell's check box.
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& cell, const QPoint& point) const;
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QPointer<QMenu> m_menu;
-    QPointer<QAbstractItemModel> m_awaitedModel; ///< null once it is the table's
+    QPointer<QAbstractItemModel> m_awaitedModel; ///< null once it is set
     DelegatedEvents m_delegated{*this};
     TableKeys m_keys{*this};
-    QPersistentModelIndex m_doubleClickedCell; ///< while the button is held from the second press on
+    QPersistentModelIndex m_doubleClickedCell; ///< while the button is held after the second press
     PopUpCells* m_popUpCells = nullptr;        ///< null while no cell is a pop-up
     RowDrag* m_rowDrag = nullptr;              ///< null while rows cannot be moved
     EmptyText* m_emptyText;
-    FocusRing* m_focusRing = nullptr; ///< null until the focus has come for the first time
-    int m_rowsShown = 0;              ///< 0 for as many as there is room for
-    int m_leastRows = 0;              ///< 0 for what every list has
+    FocusRing* m_focusRing = nullptr; ///< null until the table first gets the focus
+    int m_rowsShown = 0;              ///< 0 for no preference
+    int m_leastRows = 0;              ///< 0 for the default minimum
     bool m_hasTwoLines = false;
     bool m_areRowsNumbered = false;
     bool m_hasBeenShown = false;
-    bool m_keepsSelection = false; ///< another row becomes the current one, and no other is selected by that
+    bool m_keepsSelection = false; ///< changing the current row does not change the selection
 };
 
 } // namespace quorvi

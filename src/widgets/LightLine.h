@@ -1,4 +1,4 @@
-// A line that separates what is below it from what is above, and says no more.
+// A decorative line that separates the content below from the content above.
 #pragma once
 
 #include <QWidget>

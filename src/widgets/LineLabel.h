@@ -18,8 +18,8 @@ class LineLabel : public QLabel {
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-    /// What is drawn where the label is narrower than its text: the text without the mark of its key; if that
-    /// is too long as well, without its last parts (as in "12 steps · 1.8 s"), and with dots for its end.
+    /// The text as drawn. If the label is too narrow, the mark of the access key is left out first, then the
+    /// last parts (as in "12 steps · 1.8 s"), and finally the end is replaced by an ellipsis.
     [[nodiscard]] QString shownText() const;
 
   protected:

@@ -10,9 +10,9 @@ class QPushButton;
 
 namespace quorvi {
 
-/// Its children are flat push buttons with a sign and a word each. They stand from the beginning of the line
-/// on, in the order in which they were made. Where the row is too narrow for all the words none is shown, and
-/// the tool tips say what the signs mean.
+/// Its children are flat push buttons, each with a sign and a word, placed from the start of the line in the
+/// order of their creation. If the row is too narrow for all the words, none is shown, and the tool tips
+/// explain the signs.
 class ListButtonRow : public QWidget {
     Q_OBJECT
 
@@ -29,11 +29,11 @@ class ListButtonRow : public QWidget {
     bool event(QEvent* event) override;
 
   private:
-    /// What the buttons need, by their order.
+    /// The sizes that the buttons need, in their order.
     struct Sizes {
         QStringList words;
         std::vector<int> widths; ///< with the words
-        int sign = 0;            ///< the width of one with its sign alone
+        int sign = 0;            ///< the width of a button without its word
         int height = 0;
     };
     [[nodiscard]] QList<QPushButton*> buttons() const;
@@ -42,7 +42,7 @@ class ListButtonRow : public QWidget {
     void showWords(bool shown);
     void place();
 
-    mutable Sizes m_sizes; ///< as they were when the words were shown last
+    mutable Sizes m_sizes; ///< from when the words were last shown
     QSize m_told;          ///< the size that the layout knows
     bool m_showsWords = true;
 };

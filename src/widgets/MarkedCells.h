@@ -1,4 +1,4 @@
-// Cells of a list with a sign before their text, a warning behind it, or a text that stands back.
+// Cells of a list with a sign before the text, a warning after it, or a muted text.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -10,16 +10,16 @@ class MarkedCells : public QStyledItemDelegate {
   public:
     /// True for a cell with the warning.
     static constexpr int markRole = Qt::UserRole;
-    /// The number of the Symbol before the text; nothing for none.
+    /// The number of the Symbol before the text; invalid for none.
     static constexpr int symbolRole = Qt::UserRole + 3;
-    /// True for a text that is none of the user's own, which is muted.
+    /// True for a text that is not the user's own and is therefore muted.
     static constexpr int mutedRole = Qt::UserRole + 4;
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
     void paint(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// Fills a new editor. What the user has typed since stays when the cell's signs change.
+    /// Fills a new editor. Later changes of the cell's signs do not overwrite the typed text.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
 
   protected:

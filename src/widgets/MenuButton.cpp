@@ -9,7 +9,7 @@
 
 namespace quorvi {
 
-MenuButton::MenuButton(QWidget* parent) : QPushButton(parent) {
+MenuButton::MenuButton(QWidget* parent) : SignButton(parent) {
     connect(this, &QPushButton::pressed, this, &MenuButton::openMenu);
 }
 
@@ -58,7 +58,7 @@ void MenuButton::focusInEvent(QFocusEvent* event) {
 }
 
 void MenuButton::paintEvent(QPaintEvent* event) {
-    QPushButton::paintEvent(event);
+    SignButton::paintEvent(event);
     if (isFlat())
         paintFocusFrame(*this, rect());
 }

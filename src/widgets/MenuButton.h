@@ -3,14 +3,15 @@
 
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
+
+#include "widgets/SignButton.h"
 
 namespace quorvi {
 
 /// The menu opens when the button is pressed, not when it is released, and with the keys that open a pop-up
 /// (see MenuItems.h) and Return. The button stays down while the menu is open. Opening does not block: an
 /// assistive program that presses the button gets its answer at once.
-class MenuButton : public QPushButton {
+class MenuButton : public SignButton {
     Q_OBJECT
 
   public:
@@ -23,14 +24,14 @@ class MenuButton : public QPushButton {
     void pressByOthers();
 
   signals:
-    /// The menu comes, and can still be filled.
+    /// The menu is about to open and can still be filled.
     void menuIsAboutToOpen();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     /// Notifies assistive programs that the focus is back after the menu closes, which Qt does not always do.
     void focusInEvent(QFocusEvent* event) override;
-    /// Where it is flat, it frames itself as a FlatButton does.
+    /// A flat one frames itself like a FlatButton.
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -1,14 +1,14 @@
-// The ground of a message, in the window or within a page.
+// The background of a message, in the window or on a page.
 #pragma once
 
 #include <QWidget>
 
 namespace quorvi {
 
-/// Frames the widget in the colour of marks and tints it with that.
+/// Frames and tints the widget in the mark colour.
 void paintMessageGround(QWidget& widget);
 
-/// What is in it is a message.
+/// A container with that background.
 class MessageFrame : public QWidget {
     Q_OBJECT
 

@@ -49,7 +49,7 @@ class MiceList : public QScrollArea {
     [[nodiscard]] QString boxDescription() const { return m_boxDescription; }
     void setBoxDescription(const QString& text) { m_boxDescription = text; }
 
-    /// As high as its mice, and three of them at most: then it scrolls.
+    /// As high as its mice, but at most as high as three: then it scrolls.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -1,5 +1,5 @@
-// The mouse as a thing: its outline, what it is made of, and the light on it from the upper left. In a theme
-// of high contrast it is flat.
+// The mouse as an object: its outline, its material, and light from the upper left. In a high-contrast theme
+// it is flat.
 #pragma once
 
 #include <QColor>
@@ -10,7 +10,7 @@
 
 namespace quorvi {
 
-/// The lightest and the darkest colour that a line over the mouse can meet.
+/// The lightest and the darkest colour under a line over the mouse.
 struct MouseTones {
     QColor lightest;
     QColor darkest;

@@ -12,14 +12,14 @@ inline constexpr QRectF mouseSheet(9.0, 8.0, 194.0, 318.0);
 /// The radius of the circle around an input's number, on the sheet.
 inline constexpr qreal badgeRadius = 11.0;
 
-/// Maps the sheet to an area of that size, with the picture centred and as large as it fits, up to
+/// Maps the sheet to an area of that size. The picture is centred and as large as fits, up to
 /// metrics::mostMouse.
 [[nodiscard]] QTransform sheetOn(const QSizeF& area);
 
 /// The middle of the number of the input, 1 to 9, on the sheet.
 [[nodiscard]] QPointF placeOfInput(int input);
-/// The outline of the light around the wheel and of the battery's indicator, on the sheet. Nobody tells how
-/// full the battery is, so the indicator is an outline, and nothing is drawn in it.
+/// The outlines of the light around the wheel and of the battery's indicator, on the sheet. The battery's
+/// level is unknown, so the indicator is an empty outline.
 [[nodiscard]] QRectF wheelLight();
 [[nodiscard]] QRectF batteryLight();
 
@@ -33,8 +33,8 @@ enum class BadgeState {
     Pressed
 };
 
-/// Draws the number of the input, 1 to 9, in the painter's font. Of 0 to 1, "pressed" says how much is left
-/// of a press that is over and fades.
+/// Draws the number of the input, 1 to 9, in the painter's font. "pressed" is the remaining part of a fading
+/// press, 0 to 1.
 void drawBadge(QPainter& painter, const QPalette& palette, int input, BadgeState state, qreal pressed = 0.0);
 
 } // namespace quorvi

@@ -14,12 +14,12 @@ namespace quorvi {
 
 class MousePicture {
   public:
-    /// Paints the mouse without its numbers over the whole view, in the colours of its palette. It is drawn
-    /// anew only after the view's size, colours or scale or the lights have changed: material and light take
-    /// longer to draw than all numbers and lines.
+    /// Paints the mouse without its numbers over the whole view, in the view's palette. Redraws the picture
+    /// only if the view's size, colours or scale or the lights have changed: material and light take longer
+    /// to draw than all numbers and lines.
     void paint(QPainter& painter, const QWidget& view, bool wheelIsLit, bool batteryIsLit);
 
-    /// How often it was drawn.
+    /// How many times the picture was drawn.
     [[nodiscard]] int drawings() const { return m_drawings; }
 
   private:

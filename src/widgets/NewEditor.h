@@ -1,12 +1,12 @@
-// Editors of cells keep what the user types.
+// Keeps the text that the user types into an editor of a cell.
 #pragma once
 
 #include <QWidget>
 
 namespace quorvi {
 
-/// Whether this is the first call for the editor. A delegate fills it then and never again: its cell also
-/// changes while the user types, when a sign or a second line of it does.
+/// Whether this is the first call for the editor. A delegate must fill the editor only then: the cell may
+/// change while the user types, for example its sign or its second line.
 [[nodiscard]] inline bool isNewEditor(QWidget& editor) {
     constexpr char filled[] = "quorviFilled";
     if (editor.property(filled).toBool())

@@ -21,16 +21,15 @@ enum class NoticeSign : std::uint8_t { information, warning };
 struct TextOfNotice {
     QString text; ///< plain; the user can select and copy it
     NoticeSign sign = NoticeSign::information;
-    std::function<void()> offer = {}; ///< what a second button does; without one, there is no such button
-    QString offerTitle = {};          ///< what that button is called; the bar's own title when empty
+    std::function<void()> offer = {}; ///< the action of a second button; empty for no second button
+    QString offerTitle = {};          ///< the title of that button; empty for the bar's own title
     std::function<void()> ended =
-        {}; ///< called when it was taken away, by whomever; not when it was replaced
+        {}; ///< called when the notice is removed for any reason, but not when it is replaced
 };
 
-/// Hidden until there is something to tell, and again after its button; the panel can be used meanwhile. It
-/// stands at the top of what is below the tabs, as wide as the content there. The page makes room where that
-/// is possible, and one that scrolls always can. Where it is not, on a small screen, the bar lies over it,
-/// and leaves the tabs free.
+/// Visible while there is a notice that the user has not dismissed; the panel stays usable. The bar is at the
+/// top of the page, below the tabs, as wide as the page's content. The page makes room for it if it can; a
+/// page that scrolls always can. Otherwise, on a small screen, the bar covers the page, but not the tabs.
 ///
 /// There can be several notices, each with its own number. The one with the lowest number is shown. The
 /// button removes it and shows the next; so does the button of its offer.
@@ -43,8 +42,7 @@ class NoticeBar : public QWidget {
         QString offer;
     };
 
-    /// The window holds the page, and the bar, which it gives the page's top. Of a stack of pages it is the
-    /// one that is seen.
+    /// The window contains the page and owns the bar. In a stack of pages, the bar is on the visible one.
     NoticeBar(const Titles& titles, QWidget& window, QWidget& page);
 
     /// The Tab key moves from that widget to the bar's buttons while they are visible.
@@ -78,7 +76,7 @@ class NoticeBar : public QWidget {
     Notices m_notices;
     TextOfNotice m_shown; ///< without a text while the bar is hidden
     QWidget& m_page;
-    QPointer<QWidget> m_roomy; ///< the page that has made room
+    QPointer<QWidget> m_roomy; ///< the page that has made room, if any
     SignView* m_sign;
     QLabel* m_text;
     QPushButton* m_offer;

@@ -1,4 +1,4 @@
-// A number in a disc: an input of the mouse, on its drawing and beside its pop-up.
+// A number in a disc: an input of the mouse, on its drawing and next to its pop-up.
 #pragma once
 
 #include <QPalette>
@@ -8,8 +8,8 @@ class QPointF;
 
 namespace quorvi {
 
-/// Draws the number around that middle in the palette's current group. Of 0 to 1, "marked" says how far it
-/// has the mark's colours in place of the plain ones; numbers fade from the one to the other.
+/// Draws the number around that middle in the palette's current group. "marked" blends from the plain
+/// colours, 0, to the mark's colours, 1.
 void paintBadge(QPainter& painter, const QPalette& palette, const QPointF& middle, qreal radius, int number,
     qreal marked);
 

@@ -1,4 +1,4 @@
-// A number that is typed beside a slider.
+// A field for the number of a slider.
 #pragma once
 
 #include <QPointer>
@@ -10,16 +10,16 @@ namespace quorvi {
 
 class KyvarQuorviSlider;
 
-/// Slider and field are one control: what is typed or chosen by an arrow moves the slider as a user does, by
-/// its whole steps, and the field shows where it stands. Nothing is chosen while a number is being typed, and
-/// the wheel turns the number only while the field has the focus.
+/// Slider and field are one control: a typed number or an arrow moves the slider as a user does, by whole
+/// steps, and the field shows the slider's value. A number takes effect only when its typing is finished. The
+/// wheel changes the number only while the field has the focus.
 class NumberField : public QSpinBox {
     Q_OBJECT
-    /// The number with what stands around it: "%d DPI".
+    /// The number with the text around it: "%d DPI".
     Q_PROPERTY(QString format READ format WRITE setFormat)
 
   public:
-    /// What the field calls the slider's values, where that is not the values themselves.
+    /// Converts the slider's values to the field's numbers, if they differ.
     struct Scale {
         std::function<int(int)> numberOfValue;
         std::function<int(int)> valueOfNumber; ///< the slider's nearest
@@ -27,7 +27,7 @@ class NumberField : public QSpinBox {
 
     explicit NumberField(QWidget* parent = nullptr);
 
-    /// The slider must live as long as the field is used. The field takes its range, and is enabled with it.
+    /// The slider must outlive the field's use. The field adopts its range and enabled state.
     void join(KyvarQuorviSlider& slider, Scale scale = {});
 
     [[nodiscard]] QString format() const;
@@ -40,7 +40,7 @@ class NumberField : public QSpinBox {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
-    /// Digits of any script count.
+    /// Accepts digits of any script.
     QValidator::State validate(QString& input, int& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

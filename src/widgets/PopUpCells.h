@@ -31,10 +31,11 @@ class PopUpCells : public QStyledItemDelegate {
     /// Call this after the table has handled the press: opens the menu for the left button on a cell, unless
     /// a key that selects is held.
     void mousePressed(const QMouseEvent& event);
-    /// Opens the menu or begins a text for the selected row, of several for the current one, and returns
-    /// true, if the key does that.
+    /// Opens the menu or starts a text for the selected row, or for the current one of several, if the key
+    /// does so. Returns true if it did.
     [[nodiscard]] bool keyPressed(const QKeyEvent& event);
-    /// Whether a double click at that point of the viewport edits the cell's text: not on the menu's sign.
+    /// Whether a double click at that point of the viewport edits the cell's text: true except on the menu's
+    /// sign.
     [[nodiscard]] bool isBesideSign(const QModelIndex& cell, const QPoint& point) const;
 
     /// The first press of a double click opens the menu, which receives the second one.
@@ -63,7 +64,7 @@ class PopUpCells : public QStyledItemDelegate {
     QTableView* m_table;
     int m_column;
     QPointer<QMenu> m_menu;
-    QPersistentModelIndex m_pressedCell; ///< the one whose menu a press of the mouse has opened
+    QPersistentModelIndex m_pressedCell; ///< the cell whose menu was opened by a mouse press
     QElapsedTimer m_sincePress;
     QMetaObject::Connection m_choice;
 };

@@ -1,5 +1,4 @@
-// Inputs of the mouse that have just been let go: their numbers fade from the colours of a press to their
-// own.
+// Fades the numbers of released mouse inputs from the press colours to their own.
 #pragma once
 
 #include <QElapsedTimer>
@@ -18,18 +17,18 @@ class PressFade : public QObject {
     Q_OBJECT
 
   public:
-    /// In milliseconds. Nothing fades in a style whose SH_Widget_Animation_Duration is 0, as desktops ask for
-    /// that want less motion.
+    /// In milliseconds. There is no fading in a style whose SH_Widget_Animation_Duration is 0, as desktops
+    /// with reduced motion request.
     static constexpr int duration = 200;
 
-    /// Works while both exist.
+    /// Active while both exist.
     PressFade(QWidget& view, const InputMarks& marks);
 
-    /// What is left of the input's press: 1 where it has just ended, 0 where nothing fades.
+    /// The remaining part of the input's press: 1 when it has just ended, 0 if it does not fade.
     [[nodiscard]] qreal left(int input) const;
 
   signals:
-    /// left() of some inputs has become less.
+    /// left() of some inputs has decreased.
     void changed();
 
   private:

@@ -15,7 +15,7 @@ class PressedInputs : public QObject {
     Q_OBJECT
 
   public:
-    /// Works while both exist.
+    /// Active while both exist.
     PressedInputs(QWidget& view, InputMarks& marks);
 
     /// Sets whether it is active; initially it is.

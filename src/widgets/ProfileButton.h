@@ -1,4 +1,4 @@
-// The title of the window: the profile that is edited, and the list of the others.
+// The title of the window: the edited profile, and a menu of the others.
 #pragma once
 
 #include "widgets/MenuButton.h"
@@ -7,16 +7,15 @@ class QLabel;
 
 namespace quorvi {
 
-/// A flat button that shows a label which stands in it, with a sign before it while the mouse runs what it
-/// names, and an arrow while it can be pressed. The label is not pointed at. It may be cut; everything else
-/// is shown.
+/// A flat button that contains a label, with a sign before it while the mouse runs the named profile, and an
+/// arrow while the button is enabled. The label ignores the pointer. Only the label may be cut.
 class ProfileButton : public MenuButton {
     Q_OBJECT
 
   public:
     explicit ProfileButton(QWidget* parent = nullptr);
 
-    /// The mouse runs the profile, or another one.
+    /// Sets whether the mouse runs the named profile.
     void setRunning(bool runs);
 
     [[nodiscard]] QSize sizeHint() const override;

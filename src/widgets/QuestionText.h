@@ -1,11 +1,12 @@
-// The text of a question: its first line is the heading of what follows.
+// The text of a question: its first line is the heading of the rest.
 #pragma once
 
 #include <QLabel>
 
 namespace quorvi {
 
-/// A plain text, wrapped. The blank lines after the first are a gap; text() and screen readers have it whole.
+/// A plain, wrapped text. The blank lines after the first line are drawn as a gap; text() and screen readers
+/// use the whole text.
 class QuestionText : public QLabel {
     Q_OBJECT
 
@@ -13,7 +14,7 @@ class QuestionText : public QLabel {
     explicit QuestionText(QWidget* parent = nullptr);
 
     [[nodiscard]] QString heading() const;
-    /// What follows the heading; empty for a question of one line.
+    /// The text after the heading; empty for a question of one line.
     [[nodiscard]] QString rest() const;
 
     [[nodiscard]] int heightForWidth(int width) const override;

@@ -1,4 +1,4 @@
-// Rows of a table that the mouse moves to another place of it.
+// Lets the user drag rows of a table to another place in it.
 #pragma once
 
 #include <QBasicTimer>
@@ -15,31 +15,31 @@ namespace quorvi {
 class DraggedRows;
 class KyvarQuorviTableView;
 
-/// What a table asks about rows that are dragged, and tells of ones that are dropped. The row before which
-/// they are dropped may be the one past the end. Alone, they are to leave behind whatever goes along else.
+/// The table's callbacks for dragged and dropped rows. "before" is the row at the place of the drop; it may
+/// be one past the end. With "alone", rows that would otherwise move along stay.
 struct RowMoves {
-    /// All rows that would go there, in order; none when nothing would.
+    /// Returns all rows that would move there, in order; empty if none would.
     std::function<std::vector<int>(const std::vector<int>& rows, int before, bool alone)> carried;
     std::function<void(const std::vector<int>& rows, int before, bool alone)> drop;
 };
 
-/// A press on a row and a move begin it; all selected rows are dragged when that row is one of them. Alt has
-/// them go alone. Escape calls it off, and so does whatever changes the rows.
+/// A press on a row and a move start a drag. If the row is selected, all selected rows are dragged. Alt drags
+/// them alone. Escape and any change of the rows cancel the drag.
 class RowDrag final : public QObject {
   public:
     /// Part of the table.
     RowDrag(KyvarQuorviTableView& table, RowMoves moves);
     ~RowDrag() override;
 
-    /// For events of the viewport that the table acts on. True when this one is none of its business.
+    /// Handles an event of the table's viewport. Returns true if the table must ignore it.
     [[nodiscard]] bool takes(const QEvent& event);
     [[nodiscard]] bool isRunning() const { return m_shown; }
 
-    /// The keys of the table while rows are dragged.
+    /// Handles the table's keys during a drag.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
-    /// Scrolls while the pointer is at the edge.
+    /// Scrolls the table while the pointer is at an edge.
     void timerEvent(QTimerEvent* event) override;
 
   private:
@@ -48,22 +48,22 @@ class RowDrag final : public QObject {
     void follow(const QPoint& point, bool alone);
     void drop();
     void end();
-    /// Nothing more comes of the press until the button is up.
+    /// Cancels the drag and ignores the pointer until the button is released.
     void cancel();
-    /// The row before which the point is.
+    /// The row above which the rows would be dropped.
     [[nodiscard]] int rowBehind(int y) const;
 
     KyvarQuorviTableView& m_table;
     RowMoves m_moves;
-    DraggedRows* m_shown = nullptr; ///< the table's; null while no rows are dragged
+    DraggedRows* m_shown = nullptr; ///< owned by the table; null while there is no drag
     QBasicTimer m_scrolling;
     std::vector<int> m_rows;
-    int m_pressedRow = -1; ///< while the button is down on it
+    int m_pressedRow = -1; ///< valid while the button is held
     QPoint m_pressed;
     QPoint m_point;
-    int m_before = -1; ///< where they would be dropped; -1 for nowhere
+    int m_before = -1; ///< the place of the drop; -1 if there is none
     bool m_alone = false;
-    bool m_isCancelled = false; ///< and the button is still down
+    bool m_isCancelled = false; ///< while the button is still held
 };
 
 } // namespace quorvi

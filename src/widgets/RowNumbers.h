@@ -1,4 +1,4 @@
-// The numbers beside the rows of a table, from 1.
+// The numbers of a table's rows, from 1.
 #pragma once
 
 #include <QHeaderView>
@@ -7,12 +7,12 @@ namespace quorvi {
 
 class KyvarQuorviTableView;
 
-/// Looks as a narrow first column of the table, and whatever the mouse does on a number it does on its row.
+/// Looks like a narrow first column of the table. Mouse events on a number act on its row.
 class RowNumbers final : public QHeaderView {
   public:
     explicit RowNumbers(KyvarQuorviTableView& table);
 
-    /// As wide as numbers of two digits need, or of more where there are so many rows.
+    /// Wide enough for numbers of two digits, or of more if there are more rows.
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
@@ -21,9 +21,9 @@ class RowNumbers final : public QHeaderView {
     void paintSection(QPainter* painter, const QRect& rectangle, int row) const override;
 
   private:
-    /// Of the table, whether it has the focus or not.
+    /// The table's colour, whether the table has the focus or not.
     [[nodiscard]] QColor colourOf(QPalette::ColorRole role) const;
-    /// Where the number stands.
+    /// The rectangle of the number.
     [[nodiscard]] QRect lineIn(const QRect& section) const;
     [[nodiscard]] QPoint pointInRow(const QPoint& point) const;
 

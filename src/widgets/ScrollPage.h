@@ -1,4 +1,4 @@
-// A page of the window that scrolls up and down where its content does not fit.
+// A page of the window that scrolls vertically if its content does not fit.
 #pragma once
 
 #include <QPointer>
@@ -8,12 +8,12 @@ class QScrollArea;
 
 namespace quorvi {
 
-/// Its one child is its content, which has a layout and fills it. Where the content needs more height, the
-/// page scrolls, by a frameless area that is made only then: most windows never need one, and it costs five
-/// widgets. Sideways it never scrolls: where the content's usual form does not fit, or the page is narrow,
-/// the page asks for the content's narrow form.
+/// Its only child is its content, which has a layout and fills the page. If the content needs more height,
+/// the page scrolls in a frameless scroll area. The area is created only then: most windows never need one,
+/// and it costs five widgets. The page never scrolls horizontally: if the content's usual form does not fit,
+/// or the page is narrow, the page requests the content's narrow form.
 ///
-/// A widget that takes the focus by a key is scrolled into sight.
+/// Scrolls to a widget that gets the focus by a key.
 class ScrollPage : public QWidget {
     Q_OBJECT
 
@@ -21,17 +21,17 @@ class ScrollPage : public QWidget {
     explicit ScrollPage(QWidget* parent = nullptr);
 
     [[nodiscard]] bool isNarrow() const { return m_narrow; }
-    /// Whether there is more than can be seen at once.
+    /// Whether the content is higher than the page.
     [[nodiscard]] bool scrolls() const;
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// Low: what does not fit is reached by scrolling.
+    /// Low, because the content can be scrolled.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   signals:
-    /// The content is to take its narrow form, or its usual one again.
+    /// The content must adopt its narrow form, or its usual one.
     void narrowChanged(bool narrow);
 
   protected:
@@ -51,7 +51,7 @@ class ScrollPage : public QWidget {
 
     QPointer<QWidget> m_content;
     QScrollArea* m_area = nullptr;
-    int m_usualWidth = 0; ///< that the content's usual form needs
+    int m_usualWidth = 0; ///< the width that the content's usual form needs
     bool m_narrow = false;
 };
 

@@ -1,17 +1,17 @@
-// What belongs together on a page, under a heading.
+// A group of controls on a page, under a heading.
 #pragma once
 
 #include <QWidget>
 
 namespace quorvi {
 
-/// Draws its heading, and keeps room for it above what is in it. It has no frame: the heading and the space
-/// around it separate enough, at less than what a group box costs. Assistive programs know it as a group of
-/// that name (see AccessibleWidgets.h).
+/// Draws its heading and reserves room for it above the content. It has no frame: heading and space separate
+/// enough, and cost less than a group box. Assistive programs see a group of that name (see
+/// AccessibleWidgets.h).
 class Section : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
-    /// False where a label in the section says the title, beside something else.
+    /// False if a label in the section shows the title, next to other content.
     Q_PROPERTY(bool headed READ isHeaded WRITE setHeaded)
 
   public:

@@ -19,7 +19,7 @@ inline constexpr int longestShownText = 80;
 /// be right-to-left in a left-to-right text, or hold direction marks. A name without such effects is returned
 /// unchanged.
 [[nodiscard]] QString nameWithin(const QString& text, const QString& name);
-/// The character begins or ends the isolation of a name.
+/// Whether the character begins or ends the isolation of a name.
 [[nodiscard]] bool isolatesName(QChar character);
 
 /// The text with right-to-left marks around it if it begins right-to-left. Styles draw the texts of controls

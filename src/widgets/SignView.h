@@ -1,4 +1,4 @@
-// A sign beside a text that says all there is to say.
+// A sign next to a text that says the same.
 #pragma once
 
 #include <QWidget>
@@ -7,7 +7,7 @@
 
 namespace quorvi {
 
-/// A label with a picture would be one thing more that screen readers come upon, and one without a name.
+/// Not a label with a picture, because screen readers would present that as another control, without a name.
 class SignView : public QWidget {
     Q_OBJECT
     /// Width and height, in logical pixels.

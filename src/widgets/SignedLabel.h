@@ -1,11 +1,11 @@
-// A text behind the sign of what runs now.
+// A text after the sign for the running profile.
 #pragma once
 
 #include "widgets/WrappedLabel.h"
 
 namespace quorvi {
 
-/// The sign stands beside the first line of the text, where the line begins.
+/// The sign is before the first line of the text.
 class SignedLabel : public WrappedLabel {
     Q_OBJECT
 

@@ -31,22 +31,22 @@ class StageBar : public QWidget {
     [[nodiscard]] const QList<StageField>& stages() const { return m_stages; }
     [[nodiscard]] QStringList texts() const;
     [[nodiscard]] int currentStage() const { return m_current; }
-    /// How far the level of a resolution reaches across its field: 0 to 1, and 1 for the highest of all.
+    /// The length of a resolution's level relative to its field: 0 to 1, with 1 for the highest of all.
     [[nodiscard]] qreal levelOf(int resolution) const;
 
-    /// Lets the current stage's ground come from that stage's cell, unless the desktop asks for no motion. An
-    /// index outside the list moves nothing.
+    /// Animates the current stage's highlight from that stage's cell, unless the desktop requests no motion.
+    /// Does nothing for an index outside the list.
     void moveGroundFrom(int stage);
-    /// Where the ground is: the index of a cell, or between two of them. -1 without a current stage.
+    /// The place of the highlight: the index of a cell, or a value between two. -1 without a current stage.
     [[nodiscard]] qreal groundPlace() const { return m_ground; }
 
     [[nodiscard]] QRect cellOf(int stage) const;
-    /// The stage of the cell there; -1 beside the cells.
+    /// The stage of the cell at the point; -1 outside the cells.
     [[nodiscard]] int stageAt(const QPoint& point) const;
     /// The cell of the arrow keys, while the bar has the focus.
     [[nodiscard]] int focusedStage() const { return m_focused; }
 
-    /// As a click on its cell does. Nothing for an index outside the list.
+    /// Acts like a click on the stage's cell. Does nothing for an index outside the list.
     void chooseStage(int stage);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -80,7 +80,7 @@ class StageBar : public QWidget {
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
     QList<StageField> m_stages;
-    QVariantAnimation* m_motion = nullptr; ///< made when something moves
+    QVariantAnimation* m_motion = nullptr; ///< created for the first animation
     qreal m_ground = -1;
     int m_current = -1;
     int m_focused = 0;

@@ -12,7 +12,7 @@ class StateLabel : public QLabel {
   public:
     explicit StateLabel(QWidget* parent = nullptr);
 
-    /// Whether what it says needs attention.
+    /// Whether the state needs attention.
     [[nodiscard]] bool isWarning() const { return m_warns; }
     void setWarning(bool warns);
 

@@ -1,8 +1,7 @@
-// A macro as a drawing in time: a lane for each key and for the mouse's buttons, bars from press to release,
-// and below them the delays. Dragging an edge changes the delay before it.
+// A timeline of a macro: a lane for each key and for the mouse buttons, bars from press to release, and the
+// delays below. Dragging an edge changes the delay before it.
 //
-// Keys: the arrows, Home and End choose a step; "+" and "-" choose the next longer and shorter of the usual
-// delays for it.
+// Keys: the arrows, Home and End select a step; "+" and "-" set its next longer and shorter usual delay.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -38,71 +37,70 @@ struct TimelineContent {
 
 class StepsTimeline : public QAbstractScrollArea {
     Q_OBJECT
-    /// What stands there while there are no steps.
+    /// The text shown while there are no steps.
     Q_PROPERTY(QString emptyText READ emptyText WRITE setEmptyText)
 
   public:
     explicit StepsTimeline(QWidget* parent = nullptr);
 
-    /// Shows another macro, or the same after a change. A drag of what is no longer so is over, and nothing
-    /// comes of it.
+    /// Shows another macro, or the same one after a change. A change cancels a drag in progress.
     void setContent(TimelineContent content);
     [[nodiscard]] const TimelineContent& content() const { return m_content; }
     [[nodiscard]] int stepCount() const { return int(m_content.timeline.steps()); }
 
-    /// Shows these steps as selected, and takes the keys for the current one.
+    /// Shows these steps as selected. Keys apply to the current one.
     void setSelectedSteps(std::vector<int> steps, int current);
     [[nodiscard]] const std::vector<int>& selectedSteps() const { return m_selected; }
-    /// -1 for none.
+    /// The step that keys apply to; -1 if there is none.
     [[nodiscard]] int currentStep() const { return m_current < stepCount() ? m_current : -1; }
-    /// Selects the step alone, as the user does; one that does not exist does nothing.
+    /// Selects only this step, as the user does. Does nothing if it does not exist.
     void chooseStep(int step);
-    /// Lengthens or shortens the delay of the step to the next of the usual ones, as the user does.
+    /// Sets the step's delay to the next longer or shorter usual one, as the user does.
     void stepDelay(int step, bool longer);
 
-    /// Whether the mouse and the keys do anything here.
+    /// Sets whether the mouse and the keys can change delays and the selection.
     void setEditable(bool editable);
     [[nodiscard]] bool isEditable() const { return m_editable; }
 
     /// The delays at which a drag snaps, in milliseconds and in order.
     void setUsualDelays(std::vector<std::int32_t> delays) { m_usualDelays = std::move(delays); }
-    /// How a delay is written.
+    /// Sets the function that returns the text of a delay.
     void setDelayText(std::function<QString(std::int32_t)> text);
     [[nodiscard]] QString emptyText() const { return m_emptyText; }
     void setEmptyText(const QString& text);
-    /// The menu of the steps, which belongs to the panel.
+    /// Sets the context menu of the steps, which the panel owns.
     void setMenu(QMenu* menu);
-    /// Has the list of steps take the keys that are none of those above: what is done there by keys is done
-    /// here too. A double click on a delay is F2 there.
+    /// Passes all other keys to the list of steps, so that its keys work here too. A double click on a delay
+    /// acts like F2 there.
     void setList(QWidget* list) { m_list = list; }
 
-    /// Shows how far the macro has been played, from its first step; nothing for not at all.
+    /// Shows how far the macro has been played, from its first step; std::nullopt hides the play head.
     void setPlayedTime(std::optional<std::chrono::milliseconds> time);
 
-    /// The delay that a drag would leave its step with; nothing while none is under way.
+    /// The delay that a drag would set; std::nullopt while there is no drag.
     [[nodiscard]] std::optional<std::int32_t> draggedDelay() const;
 
     // In the coordinates of the viewport.
 
-    /// The middle of the edge at the step, where a drag changes the delay before it. The number of steps
-    /// stands for the end of the macro, which is in the foot.
+    /// The middle of the step's edge, where a drag changes the delay before it. The number of steps means the
+    /// end of the macro, which is in the foot.
     [[nodiscard]] QPoint edgeOf(int step) const;
     /// The bar that begins or ends at the step.
     [[nodiscard]] QRect barOf(int step) const;
-    /// The step whose bar, or whose delay below the bars, is there; -1 for none.
+    /// The step whose bar, or whose delay below the bars, is at the point; -1 if there is none.
     [[nodiscard]] int stepAt(const QPoint& point) const;
-    /// Where the play head is; nothing while there is none.
+    /// The place of the play head; std::nullopt if there is none.
     [[nodiscard]] std::optional<qreal> playHead() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   signals:
-    /// It is about to be shown, which is soon enough for what it shows.
+    /// The timeline is about to be shown and needs its content now.
     void appears();
-    /// The user has selected these steps and no others. The first one given becomes the current one.
+    /// The user has selected exactly these steps. The first one becomes the current one.
     void stepsChosen(const std::vector<int>& steps);
-    /// The user has given the step another delay, in milliseconds.
+    /// The user has changed the step's delay, in milliseconds.
     void delayChosen(int step, int delay);
 
   protected:
@@ -160,7 +158,7 @@ class StepsTimeline : public QAbstractScrollArea {
     TimelineScale m_scale;
     TimelineGeometry m_geometry;
     std::optional<TimelineDrag> m_drag;
-    std::optional<std::size_t> m_edge; ///< that the pointer is on
+    std::optional<std::size_t> m_edge; ///< the edge under the pointer
     std::optional<std::chrono::milliseconds> m_played;
 };
 

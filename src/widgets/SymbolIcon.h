@@ -1,6 +1,6 @@
 // The small signs of the panel. They are drawn from outlines at any size, in the colour of the text around
-// them, so that they fit a light and a dark desktop, every scale, and a desktop without an icon theme. Asking
-// a theme for its first sign would cost 2 to 8 ms of the start.
+// them, so that they fit light and dark desktops, every scale, and desktops without an icon theme. Loading
+// the first sign from a theme would cost 2 to 8 ms of the start.
 #pragma once
 
 #include <QIcon>
@@ -34,7 +34,7 @@ enum class Symbol : std::uint8_t {
     Record,
     Information,
     Warning,
-    // What functions of the mouse do.
+    // Functions of the mouse.
     ClickLeft,
     ClickRight,
     ClickMiddle,
@@ -54,7 +54,7 @@ enum class Symbol : std::uint8_t {
     PlayPause,
     SkipForward,
     SkipBackward,
-    Halt, ///< of what plays; Stop is that of recording
+    Halt, ///< stops playing; Stop stops a recording
     VolumeUp,
     VolumeDown,
     Mute,

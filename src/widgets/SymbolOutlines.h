@@ -9,7 +9,7 @@ namespace quorvi {
 
 enum class Symbol : std::uint8_t;
 
-/// What a sign is made of: lines, which are drawn with a pen, and areas, which are filled.
+/// The parts of a sign: lines, drawn with a pen, and areas, which are filled.
 struct SymbolOutline {
     QPainterPath lines;
     QPainterPath areas;
@@ -21,9 +21,9 @@ inline constexpr qreal kSymbolGrid = 16.0;
 
 [[nodiscard]] SymbolOutline outlineOf(Symbol symbol);
 
-/// Reads a path in the notation of SVG's paths: the commands M, L, H, V, C, A and Z, absolute, each with its
-/// letter, and of arcs those of circles, written with both radii. The path must be well formed: it stands in
-/// the program.
+/// Parses a path in SVG notation: the absolute commands M, L, H, V, C, A and Z, each with its letter; arcs
+/// must be circular, written with both radii. The path must be well formed, because it comes from the program
+/// itself.
 [[nodiscard]] QPainterPath pathFrom(const char* notation);
 
 } // namespace quorvi

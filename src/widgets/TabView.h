@@ -16,9 +16,8 @@ enum class Symbol : std::uint8_t;
 /// not matter: that avoids wrapping the texts of every page repeatedly, and saves 0.9 ms of the start. The
 /// pages' own hints still make the window's minimum size, and each page wraps its texts when it is shown.
 ///
-/// It has no frame: its tabs stand in the middle above a line, and the pages reach from edge to edge. It
-/// places them itself, without the style: a style sheet or a second style would cost more of the start than
-/// there is.
+/// It has no frame: its tabs are centred above a line, and the pages reach from edge to edge. It places them
+/// itself, without the style: a style sheet or a second style would cost too much of the start.
 class TabView : public QTabWidget {
     Q_OBJECT
 
@@ -26,7 +25,7 @@ class TabView : public QTabWidget {
     explicit TabView(QWidget* parent = nullptr);
 
     void setSymbol(int tab, Symbol symbol);
-    /// What the pages stand in, below the tabs.
+    /// The stack of the pages, below the tabs.
     [[nodiscard]] QStackedWidget& pages() const { return *m_pages; }
 
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }

@@ -33,7 +33,7 @@ namespace quorvi {
 [[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share, const QColor& ground);
 [[nodiscard]] QColor lineOnWindow(const QPalette& palette, qreal share);
 
-/// A line that only decorates: under the tabs, between what stands below each other.
+/// A decorative line: under the tabs, between contents one below the other.
 [[nodiscard]] QColor lightLineColour(const QPalette& palette);
 
 /// The same on all these grounds at once.
@@ -42,7 +42,7 @@ namespace quorvi {
 /// The colour, moved towards the text colour until its contrast with a button suffices for a sign.
 [[nodiscard]] QColor signOnButton(const QPalette& palette, const QColor& colour);
 
-/// The same from the window.
+/// The same for a sign on the window.
 [[nodiscard]] QColor signOnWindow(const QPalette& palette, const QColor& colour);
 
 /// The background of disabled marked items; some themes do not grey theirs.
@@ -54,7 +54,7 @@ namespace quorvi {
 /// A secondary but readable text on a field.
 [[nodiscard]] QColor mutedTextColour(const QPalette& palette);
 
-/// The same on the window itself, as hints are. A theme of high contrast mutes nothing.
+/// The same on the window itself, for hints. In a high-contrast theme, the plain text colour.
 [[nodiscard]] QColor mutedTextOnWindow(const QPalette& palette);
 
 /// The styles' text colour of a list's cell.
@@ -62,9 +62,9 @@ namespace quorvi {
 
 /// The colour of a secondary but readable text in a list's cell.
 [[nodiscard]] QColor secondLineColour(const QStyleOptionViewItem& cell);
-/// Gives a list's cells the colours that they have in the active window and with the focus, whatever has it
-/// now, and the selected ones a ground on which small letters in the theme's colour can be read. Styles fade
-/// a selection without the focus, some until it can hardly be read.
+/// Gives a list's cells the colours of the active, focused window, whatever has the focus now, and gives
+/// selected cells a background on which small letters in the theme's colour are readable. Styles fade a
+/// selection without the focus, some until it is hardly readable.
 void keepColours(QStyleOptionViewItem& cell);
 
 /// A prominent line, on a window or a field; grey while the widget is disabled. A theme's highlight is meant
@@ -80,7 +80,7 @@ void keepColours(QStyleOptionViewItem& cell);
 /// The highlight behind highlighted text, darkened until the text is readable.
 [[nodiscard]] QColor markGroundColour(const QPalette& palette);
 
-/// Amber, and what is written on it: the two stand out from each other by more than 7 in every theme.
+/// Amber, and the colour of text on it. Their contrast exceeds 7 in every theme.
 [[nodiscard]] QColor warningGroundColour();
 [[nodiscard]] QColor warningTextColour();
 

@@ -1,4 +1,4 @@
-// A drag of an edge of a timeline, from the press of the button on.
+// A drag of a timeline's edge, from the button press on.
 #pragma once
 
 #include <QPoint>
@@ -12,14 +12,14 @@ namespace quorvi {
 
 class TimelineDrag {
   public:
-    /// The button went down at the point, and at that place of the scale, on the edge of the step, which is
+    /// Starts with a press at the point, and at that place of the scale, on the edge of the step, which is
     /// not the first one.
     TimelineDrag(const TimelineScale& scale, std::size_t edge, const QPoint& point, double place)
         : m_scale(scale), m_edge(edge), m_pointer(point), m_pressed(point),
           m_offset(scale.placeOf(edge) - place), m_before(scale.delayOf(edge - 1)) {}
 
-    /// The pointer is at that point and place now. Nothing moves before it has gone a little way. The edge
-    /// snaps at the delays within the reach.
+    /// Moves the edge to the pointer's point and place, once the pointer has left the place of the press by a
+    /// few pixels. The edge snaps to delays within the reach.
     void moveTo(const QPoint& point, double place, std::span<const std::int32_t> delays, double reach) {
         constexpr int toBegin = 3;
         m_pointer = point;
@@ -30,13 +30,13 @@ class TimelineDrag {
 
     [[nodiscard]] bool hasMoved() const { return m_hasMoved; }
     [[nodiscard]] std::size_t edge() const { return m_edge; }
-    /// The one whose delay the edge ends.
+    /// The step whose delay the edge ends.
     [[nodiscard]] std::size_t step() const { return m_edge - 1; }
     [[nodiscard]] std::int32_t delay() const { return m_scale.delayOf(step()); }
     [[nodiscard]] bool hasChanged() const { return delay() != m_before; }
     [[nodiscard]] const QPoint& pointer() const { return m_pointer; }
-    /// As it was when the drag began, but for that delay: all else keeps its length, and the edge stays under
-    /// the pointer.
+    /// The scale from the start of the drag with the new delay: all other lengths stay, and the edge stays
+    /// under the pointer.
     [[nodiscard]] const TimelineScale& scale() const { return m_scale; }
 
   private:

@@ -1,4 +1,4 @@
-// How a timeline looks. It only draws; what is where is TimelineGeometry's and TimelineScale's.
+// Draws a timeline. TimelineGeometry and TimelineScale supply the places.
 #pragma once
 
 #include <QFontMetricsF>
@@ -16,7 +16,7 @@
 
 namespace quorvi {
 
-/// What is drawn. All of it must outlive the drawing.
+/// The content of the drawing. References must outlive it.
 struct TimelineScene {
     const Timeline& timeline;
     const TimelineScale& scale;
@@ -30,16 +30,16 @@ struct TimelineScene {
     QFontMetricsF metrics;
 };
 
-/// In the painter's font.
+/// Draws the timeline in the painter's font.
 void drawTimeline(QPainter& painter, const TimelineScene& scene);
 
-/// The bar of the timeline with that index, in the view.
+/// The rectangle of the bar with that index, in the view.
 [[nodiscard]] QRectF rectangleOfBar(const TimelineScene& scene, std::size_t bar);
 
-/// The strip of the view in which a play head at the place is drawn.
+/// The strip of the view that a play head at the place covers.
 [[nodiscard]] QRectF rectangleOfPlayHead(const TimelineGeometry& geometry, qreal place);
 
-/// A value beside the pointer, wholly within the view.
+/// Draws a value next to the pointer, wholly within the view.
 void drawValue(QPainter& painter, const TimelineScene& scene, const QString& value, const QPointF& pointer,
     const QRectF& view);
 

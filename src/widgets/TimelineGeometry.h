@@ -1,5 +1,5 @@
-// Where the lanes of a timeline are in its view, and what places of the scale are in pixels there: the names
-// of the lanes first, in the direction of reading, then the lanes, and below them a foot with the delays.
+// The places of a timeline's lanes in its view, and the conversion from the scale to pixels. In the direction
+// of reading, the lanes' names come first, then the lanes; below them is a foot with the delays.
 #pragma once
 
 #include <QRectF>
@@ -8,7 +8,7 @@
 
 namespace quorvi {
 
-/// Lengths of letters, which all others follow: a desktop may scale its fonts alone.
+/// Sizes of the font, from which all others follow: a desktop may scale only its fonts.
 struct TimelineLetters {
     qreal height = 0;
     qreal widestName = 0; ///< of a lane
@@ -17,28 +17,28 @@ struct TimelineLetters {
 class TimelineGeometry {
   public:
     TimelineGeometry() = default;
-    /// In the view of that size, whose lanes are scrolled up by so much.
+    /// For a view of that size whose lanes are scrolled by that distance.
     TimelineGeometry(
         const QSizeF& view, std::size_t lanes, const TimelineLetters& letters, bool mirrored, qreal scrolled);
 
-    /// The height that a view needs for so many lanes: at the least, and for the eye.
+    /// The minimum and the preferred height of a view with that many lanes.
     [[nodiscard]] static qreal leastHeight(std::size_t lanes, qreal letters);
     [[nodiscard]] static qreal goodHeight(std::size_t lanes, qreal letters);
 
-    /// How far the lanes can be scrolled.
+    /// The distance by which the lanes can be scrolled.
     [[nodiscard]] qreal hidden() const;
     [[nodiscard]] qreal laneHeight() const { return m_lane; }
-    /// The whole of the lane, with its name; it may lie outside of the view.
+    /// The whole lane with its name; it may be outside the view.
     [[nodiscard]] QRectF lane(std::size_t lane) const;
     /// The lane's name.
     [[nodiscard]] QRectF name(std::size_t lane) const;
-    /// Where the lanes are seen, with and without their names.
+    /// The visible area of the lanes, with and without their names.
     [[nodiscard]] QRectF lanes() const { return {0, 0, m_view.width(), m_view.height() - m_foot}; }
     [[nodiscard]] QRectF drawing() const;
     [[nodiscard]] QRectF foot() const;
     [[nodiscard]] std::optional<std::size_t> laneAt(qreal y) const;
 
-    /// The width that there is for the scale.
+    /// The width available for the scale.
     [[nodiscard]] qreal width() const;
     [[nodiscard]] qreal xOf(qreal place) const;
     [[nodiscard]] qreal placeOf(qreal x) const;
@@ -47,7 +47,7 @@ class TimelineGeometry {
     [[nodiscard]] bool isMirrored() const { return m_mirrored; }
 
   private:
-    /// From the left, as if it were not mirrored.
+    /// The rectangle mirrored for a right-to-left view; unchanged otherwise.
     [[nodiscard]] QRectF mirrored(const QRectF& rectangle) const;
 
     QSizeF m_view;

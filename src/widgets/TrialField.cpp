@@ -51,7 +51,8 @@ constexpr std::array kHabits{
 QSize TrialField::minimumSizeHint() const {
     constexpr int letters = 16;
     const QSize usual = QLineEdit::minimumSizeHint();
-    return {std::max(usual.width(), letters * fontMetrics().averageCharWidth()), usual.height()};
+    return {
+        std::max(usual.width(), letters * fontMetrics().horizontalAdvance(QLatin1Char('x'))), usual.height()};
 }
 
 void TrialField::type(const QString& text) {

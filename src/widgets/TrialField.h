@@ -1,5 +1,5 @@
-// A field that a program types into as a keyboard would. What is typed there by program changes nothing but
-// the field: it neither takes the focus nor the clipboard, and no shortcut of the window hears of it.
+// A field into which the program types like a keyboard. This typing changes only the field: it does not take
+// the focus, write the clipboard or trigger the window's shortcuts.
 #pragma once
 
 #include <QLineEdit>
@@ -14,17 +14,16 @@ class TrialField : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
 
-    /// Wide enough for a word or two, before the buttons beside it have words.
+    /// Wide enough for a word or two; this has priority over the words of the buttons next to it.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
     /// Types the text in place of the selection.
     void type(const QString& text);
-    /// Does what the key does in a field by the desktop's habits, if it is one that edits or moves the
-    /// cursor. What is copied or cut is kept here for pasting; the clipboard is only read, and only as long
-    /// as nothing was copied here.
+    /// Performs the key's usual function in a field, if it edits or moves the cursor. Copied or cut text
+    /// stays within this field; pasting reads the clipboard only if no text was copied here.
     void pressKey(int key, Qt::KeyboardModifiers modifiers);
 
-    /// Empties the field and forgets what was copied, unless the user has changed what was typed last.
+    /// Clears the field and the copied text, unless the user has changed the text of the last trial.
     void beginTrial();
     void endTrial() { m_textOfTrial = text(); }
 
@@ -32,8 +31,8 @@ class TrialField : public QLineEdit {
     void copySelected();
     void pasteCopied();
 
-    std::optional<QString> m_copied; ///< nothing when nothing was
-    QString m_textOfTrial;           ///< what the last trial has left
+    std::optional<QString> m_copied; ///< std::nullopt if no text was copied
+    QString m_textOfTrial;           ///< the field's text after the last trial
 };
 
 } // namespace quorvi

@@ -6,7 +6,7 @@
 
 namespace quorvi {
 
-/// Each line is left out at its end when it is too long. A cell is edited as any other.
+/// A line that is too long ends in an ellipsis. Editing works as in any other cell.
 class TwoLineCells : public QStyledItemDelegate {
   public:
     /// The text of the second line.
@@ -14,15 +14,15 @@ class TwoLineCells : public QStyledItemDelegate {
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// The font of the second line beside that of the first.
+    /// The font of the second line for that of the first.
     [[nodiscard]] static QFont smallFont(QFont font);
-    /// What both lines need.
+    /// The height of both lines.
     [[nodiscard]] static int heightOfLines(const QFont& font);
 
     void paint(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// Gives a new editor the cell's text. What the user has typed since stays when the cell changes, which
-    /// it does with its second line.
+    /// Fills a new editor with the cell's text. Later changes of the cell, such as of its second line, do not
+    /// overwrite the typed text.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
 };
 

@@ -1,4 +1,4 @@
-// The sign beside what is probably not meant: a triangle with an exclamation mark.
+// The sign of a probable mistake: a triangle with an exclamation mark.
 #pragma once
 
 #include <QColor>
@@ -8,8 +8,8 @@ class QPainter;
 
 namespace quorvi {
 
-/// Draws the sign in amber with an outline of that colour, which stands out from what is behind; a square
-/// place suits it.
+/// Draws the sign in amber with an outline of that colour, which must contrast with the background. The place
+/// should be square.
 void drawWarningSign(QPainter& painter, const QRectF& place, const QColor& outline);
 
 } // namespace quorvi

@@ -1,4 +1,4 @@
-// A table of the window together with its rows: what a list editor holds of them.
+// A table of the window and its model, as a list editor uses them.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ class KyvarQuorviTableView;
 
 class TableList {
   public:
-    /// The table may go before, with the window; then only the model may be asked for anything.
+    /// The window may delete the table first; after that, use only the model.
     TableList(KyvarQuorviTableView& table, std::unique_ptr<TableModel> model);
     ~TableList();
     TableList(const TableList&) = delete;
@@ -21,18 +21,17 @@ class TableList {
     [[nodiscard]] KyvarQuorviTableView& table() const { return m_table; }
     [[nodiscard]] TableModel& model() const { return *m_model; }
 
-    /// Has that called when other rows are selected, or none, but not while the program itself selects
-    /// quietly.
+    /// Calls the action whenever the selection changes, except during the quiet functions below.
     void onSelectionChange(std::function<void()> action) { m_selectionChanged = std::move(action); }
-    /// Calls it now, unless that is to be quiet.
+    /// Calls that action, except during the quiet functions.
     void selectionDidChange() const;
 
-    /// Asks for every row anew. The selection stays, and nobody hears of anything; but when a selected row is
-    /// gone, it is not selected any more, which is a change of the selection.
+    /// Queries every row again and keeps the selection, without calling the action. If a selected row no
+    /// longer exists, the selection changes and the action is called.
     void reload();
-    /// The same, also when a selected row is gone.
+    /// The same, but never calls the action.
     void reloadQuietly();
-    /// Selects the row alone, none for one that does not exist, and nobody hears of it.
+    /// Selects only this row, or none if it does not exist, without calling the action.
     void selectQuietly(int row);
 
   private:

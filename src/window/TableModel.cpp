@@ -11,7 +11,7 @@ namespace quorvi {
 
 namespace {
 
-/// Nothing at all in place of an empty text: views look no further then.
+/// Returns an invalid value for an empty text, which views treat as no data.
 QVariant textIfAny(const QString& text) {
     return text.isEmpty() ? QVariant() : QVariant(text);
 }
@@ -138,7 +138,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) // views ask of rows that went with the mouse
+    if (!index.isValid()) // views still query rows of a disconnected mouse
         return Qt::NoItemFlags;
     const int identifier = identifierOf(index);
     const CellKind kind = cellKind(identifier, index.row());

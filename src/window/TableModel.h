@@ -1,5 +1,5 @@
-// The rows of one of the panel's lists, as its table shows them. Each list derives its own from this and says
-// what its cells hold.
+// The rows of one of the panel's lists, as its table shows them. Each list derives its own model, which
+// supplies the cells' values.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -14,46 +14,46 @@
 
 namespace quorvi {
 
-/// What the user can do with a cell.
+/// How the user can use a cell.
 enum class CellKind : std::uint8_t {
-    text, ///< read it; a pop-up cell is one of these (KyvarQuorviTableView::setPopUpColumn)
-    name, ///< type another one
+    text, ///< read-only, or a pop-up (KyvarQuorviTableView::setPopUpColumn)
+    name, ///< can be renamed
     checkBox,
-    typedPopUp, ///< a pop-up cell that takes what is typed too
+    typedPopUp, ///< a pop-up that also accepts typed text
 };
 
-/// Rows that bear a mark, and why each does.
+/// The marked rows, each with its reason.
 using RowMarks = std::map<int, QString>;
 
 class TableModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    /// The columns must outlive it. The text gives the headers in the user's language.
+    /// The columns must outlive the model. The text returns the headers in the user's language.
     TableModel(std::span<const TableColumn> columns, PanelText text);
 
-    // What a list says of its rows, from 0, and of its columns, by their identifiers. The row exists.
+    // Queried by row, from 0, and by the column's identifier. The row always exists.
     [[nodiscard]] virtual int numberOfRows() const = 0;
     /// A text, a boolean for a check box, the index of an item for a pop-up cell.
     [[nodiscard]] virtual QVariant cellValue(int columnIdentifier, int row) const = 0;
-    /// Takes what the user has set, of the same kind. Does nothing where nothing can be set.
+    /// Stores a value set by the user, of the same kind as cellValue(). Does nothing by default.
     virtual void setCellValue(const QVariant& value, int columnIdentifier, int row);
 
-    /// Asks for everything anew.
+    /// Makes views query all rows again.
     void reload();
-    /// Greys the column's cells and refuses edits of them, or takes that back.
+    /// Enables the column's cells, or greys them and refuses edits.
     void setColumnEnabled(int columnIdentifier, bool enabled);
 
-    /// The text to begin with when one types into a pop-up cell of that kind.
+    /// The initial text of the field in which a CellKind::typedPopUp cell is typed.
     [[nodiscard]] virtual QString typedText(int columnIdentifier, int row) const;
-    /// Takes what the user has typed there, which may be anything.
+    /// Handles the text typed there, which may be invalid.
     virtual void takeTypedText(const QString& typed, int columnIdentifier, int row);
 
-    /// Marks these rows and no others, by a sign in their cells of the column (MarkedCells.h): a warning
-    /// unless the list has another. The texts say why, to the pointer that rests there and to screen readers.
+    /// Marks only these rows, by a sign in their cells of the column (MarkedCells.h): a warning, unless the
+    /// list has its own sign. The reasons become the cells' tool tips, also for screen readers.
     void setMarks(int columnIdentifier, const RowMarks& marks);
 
-    /// The position of the column; -1 when the table has none like that.
+    /// The position of the column; -1 if the table has no such column.
     [[nodiscard]] int columnOf(int columnIdentifier) const;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const final;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const final;
@@ -64,27 +64,26 @@ class TableModel : public QAbstractTableModel {
 
   protected:
     [[nodiscard]] virtual CellKind cellKind(int columnIdentifier, int row) const;
-    /// What the cell shows; its value as a name is shown when the list says nothing else.
+    /// The cell's text; by default its value as a name (shownName()).
     [[nodiscard]] virtual QString shownCell(int columnIdentifier, int row) const;
-    /// What screen readers say of a cell whose text does not say it; empty where it does.
+    /// The cell's text for screen readers; empty if its shown text suffices.
     [[nodiscard]] virtual QString spokenText(int columnIdentifier, const QVariant& value) const;
-    /// What the cell says to the pointer that rests there; empty for nothing.
+    /// The cell's tool tip; empty if it has none.
     [[nodiscard]] virtual QString explanation(int columnIdentifier, const QVariant& value) const;
-    /// What this model alone has for the cell in the role, which goes before all others; nothing for what all
-    /// models have.
+    /// This model's own data for the role, which precede the common data; invalid if it has none.
     [[nodiscard]] virtual QVariant ownData(int columnIdentifier, int row, int role) const;
 
-    /// The text of the string table for the key, in the user's language.
+    /// Returns the string table's text for the key, in the user's language.
     [[nodiscard]] QString text(const char* key) const { return m_text(key); }
     [[nodiscard]] const PanelText& panelText() const { return m_text; }
-    /// Whether the row is one of setMarks(), and the column that of the marks.
+    /// Whether the cell has a mark of setMarks().
     [[nodiscard]] bool isMarked(int columnIdentifier, int row) const {
         return isMarked(index(row, columnOf(columnIdentifier)));
     }
 
   private:
     [[nodiscard]] int identifierOf(const QModelIndex& index) const;
-    /// Why the cell is marked; empty for one that is not.
+    /// The reason for the cell's mark; empty if it has none.
     [[nodiscard]] QString markText(const QModelIndex& index) const;
     [[nodiscard]] bool isMarked(const QModelIndex& index) const { return !markText(index).isEmpty(); }
 

@@ -22,20 +22,35 @@ QString reasonText(CopyReason reason, const PanelText& text) {
     return text("Before settings were restored");
 }
 
+/// The text with Latin digits, as all other numbers of the panel have.
+QString withPanelDigits(QString text) {
+    for (QChar& character : text)
+        if (const int digit = character.digitValue(); digit >= 0)
+            character = QLatin1Char(static_cast<char>('0' + digit));
+    return text;
+}
+
+/// The name of the day as a line begins with it: many languages write it small within a sentence.
+QString dayName(const QLocale& locale, int day) {
+    const QString name = locale.standaloneDayName(day);
+    return locale.toUpper(name.left(1)) + name.mid(1);
+}
+
 } // namespace
 
 QString whenText(std::chrono::system_clock::time_point time, const QDateTime& now, const QLocale& locale,
     const PanelText& text) {
     const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
     const QDateTime then = QDateTime::fromMSecsSinceEpoch(milliseconds.count());
-    const QString clock = locale.toString(then.time(), QLocale::ShortFormat);
+    const QString clock = withPanelDigits(locale.toString(then.time(), QLocale::ShortFormat));
     const qint64 days = then.date().daysTo(now.date());
     if (days == 0)
         return filledText(text("Today, ^1"), {clock});
     if (days == 1)
         return filledText(text("Yesterday, ^1"), {clock});
-    const QString day = days > 0 && days < kDaysByName ? locale.standaloneDayName(then.date().dayOfWeek())
-                                                       : locale.toString(then.date(), QLocale::ShortFormat);
+    const QString day = days > 0 && days < kDaysByName
+                            ? dayName(locale, then.date().dayOfWeek())
+                            : withPanelDigits(locale.toString(then.date(), QLocale::ShortFormat));
     return filledText(text("^1, ^2"), {day, clock});
 }
 
