@@ -12,6 +12,7 @@
 
 #include <array>
 #include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <thread>
 
@@ -115,6 +116,18 @@ class StormTest : public QObject {
         const auto ended = panel.program->end();
         QVERIFY2(ended.error.find("Sanitizer") == std::string::npos, ended.error.c_str());
         QCOMPARE(ended.exitCode, std::optional(0));
+    }
+
+    void aPanelThatStopsIsNoticed() {
+        const PanelProgram panel;
+        const WindowPing ping(panel.program->window());
+        QTRY_VERIFY_WITH_TIMEOUT(ping.answers() >= 5, kWindowPatienceMs);
+        kill(panel.program->pid(), SIGSTOP);
+        QTRY_VERIFY_WITH_TIMEOUT(ping.longestDelayMs() > kLongestDelayMs, kWindowPatienceMs);
+        kill(panel.program->pid(), SIGCONT);
+        const int answers = ping.answers();
+        QTRY_VERIFY_WITH_TIMEOUT(ping.answers() > answers, kWindowPatienceMs);
+        QVERIFY(ping.longestDelayMs() > kLongestDelayMs); // the answer that came late counts as well
     }
 
     void everyClickInTheStormReachesTheMouse() {

@@ -44,6 +44,13 @@ std::int64_t sleepsOf(pid_t process) {
     return sleeps;
 }
 
+std::chrono::nanoseconds processorWaitOf(pid_t thread) {
+    std::ifstream stream(folderOf(thread) / "task" / std::to_string(thread) / "schedstat");
+    std::int64_t running = 0;
+    std::int64_t waiting = 0; // the second number of the line
+    return std::chrono::nanoseconds(stream >> running >> waiting ? waiting : 0);
+}
+
 bool comesToRest(pid_t process) {
     constexpr auto stretch = std::chrono::milliseconds(500);
     const auto end = steady_clock::now() + kPatience;

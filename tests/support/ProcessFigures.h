@@ -1,6 +1,7 @@
 // The kernel's figures for a running process.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 #include <sys/types.h>
@@ -16,6 +17,10 @@ struct MemoryFigures {
 
 /// How often the threads of the process have gone to sleep since they were started.
 [[nodiscard]] std::int64_t sleepsOf(pid_t process);
+
+/// How long the thread has been ready to run while others had the processors, since it was started; 0 if it
+/// is gone or the kernel does not count it. A process's number stands for its main thread.
+[[nodiscard]] std::chrono::nanoseconds processorWaitOf(pid_t thread);
 
 /// Waits until all threads of the process sleep for half a second. Returns false if that takes longer than
 /// the test's patience.

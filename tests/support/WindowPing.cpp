@@ -7,7 +7,11 @@
 #include <string_view>
 
 #include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
+
+#include "support/ProcessFigures.h"
 
 namespace quorvi::test {
 
@@ -17,11 +21,6 @@ constexpr std::chrono::milliseconds kBetweenPings{5};
 
 template <typename Reply>
 using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
-
-std::int64_t nowUs() {
-    const auto time = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::microseconds>(time).count();
-}
 
 /// A connection that receives programs' messages to the root window.
 class PingConnection {
@@ -67,6 +66,24 @@ class PingConnection {
         return false;
     }
 
+    /// The process that shows the window, as it says itself; 0 if it does not.
+    [[nodiscard]] pid_t programOf(std::uint32_t window) const {
+        const auto cookie =
+            xcb_get_property(m_connection.get(), 0, window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 0, 1);
+        const Owned<xcb_get_property_reply_t> reply{
+            xcb_get_property_reply(m_connection.get(), cookie, nullptr), std::free};
+        if (!reply || xcb_get_property_value_length(reply.get()) != sizeof(std::uint32_t))
+            return 0;
+        return static_cast<pid_t>(*static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get())));
+    }
+    /// The display's server; 0 on another machine.
+    [[nodiscard]] pid_t server() const {
+        ucred peer{};
+        socklen_t size = sizeof peer;
+        const int socket = xcb_get_file_descriptor(m_connection.get());
+        return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 ? peer.pid : 0;
+    }
+
   private:
     [[nodiscard]] xcb_atom_t atom(std::string_view name) const {
         const auto cookie =
@@ -94,8 +111,9 @@ WindowPing::~WindowPing() {
 
 void WindowPing::run(std::uint32_t window) {
     const PingConnection connection;
+    m_threads = {connection.programOf(window), connection.server(), gettid()};
     for (std::uint32_t number = 1; !m_stop; ++number) {
-        const std::int64_t start = nowUs();
+        const std::int64_t start = countedUs();
         m_waitingSinceUs = start;
         connection.ping(window, number);
         while (!m_stop && !connection.hasAnswer(window, number)) {
@@ -103,15 +121,22 @@ void WindowPing::run(std::uint32_t window) {
         if (m_stop)
             return;
         m_waitingSinceUs = 0;
-        m_longestUs = std::max<std::int64_t>(m_longestUs, nowUs() - start);
+        m_longestUs = std::max<std::int64_t>(m_longestUs, countedUs() - start);
         ++m_answers;
         std::this_thread::sleep_for(kBetweenPings);
     }
 }
 
+std::int64_t WindowPing::countedUs() const {
+    std::chrono::nanoseconds time = std::chrono::steady_clock::now().time_since_epoch();
+    for (const pid_t thread : m_threads)
+        time -= processorWaitOf(thread);
+    return std::chrono::duration_cast<std::chrono::microseconds>(time).count();
+}
+
 int WindowPing::longestDelayMs() const {
     const std::int64_t since = m_waitingSinceUs;
-    const std::int64_t waiting = since == 0 ? 0 : nowUs() - since;
+    const std::int64_t waiting = since == 0 ? 0 : countedUs() - since;
     return static_cast<int>(std::max<std::int64_t>(m_longestUs, waiting) / 1000);
 }
 
