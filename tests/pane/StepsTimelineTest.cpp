@@ -1,73 +1,17 @@
 // The drawing of the current macro in time, by mouse and keyboard, in the real panel.
 
-#include "widgets/StepsTimeline.h"
-
 #include <QAccessible>
 #include <QCursor>
-#include <QHelpEvent>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QToolTip>
 
-#include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"
-#include "plist/Writer.h"
+#include "pane/TimelineFixture.h"
 #include "resources/MenuTags.h"
 
 using namespace quorvi;
 using namespace quorvi::test;
 
 namespace {
-
-constexpr const char* kTimeline = "quorviTimelineSteps";
-constexpr int kLongest = 0xFFFFFF; // milliseconds, as typed delays have it
-
-const QStringList kCtrlC{"1 224 70", "1 6 50", "0 6 30", "0 224 0"};
-
-class TimelineFixture : public MacroFixture {
-  public:
-    explicit TimelineFixture(const QStringList& steps = kCtrlC) : MacroFixture(steps) {}
-
-    /// The edge of the step goes so many pixels to the right, in small moves, and the button is still down.
-    void drag(int step, int pixels, Qt::KeyboardModifiers modifiers = {}) const {
-        const QPoint from = timeline->edgeOf(step);
-        QTest::mousePress(timeline->viewport(), Qt::LeftButton, modifiers, from);
-        for (int moved = 0; moved != pixels; moved += pixels > 0 ? 1 : -1)
-            move(from + QPoint(moved, 0), modifiers);
-        move(from + QPoint(pixels, 0), modifiers);
-    }
-    /// QTest::mouseMove() moves the pointer of the display, which misses a window that is still being placed.
-    void move(const QPoint& point, Qt::KeyboardModifiers modifiers = {},
-        Qt::MouseButton held = Qt::LeftButton) const {
-        QMouseEvent event(QEvent::MouseMove, point, timeline->viewport()->mapToGlobal(point), Qt::NoButton,
-            held, modifiers);
-        QApplication::sendEvent(timeline->viewport(), &event);
-    }
-    void release() const { QTest::mouseRelease(timeline->viewport(), Qt::LeftButton, {}, QPoint(1, 1)); }
-    void clickAt(const QPoint& point, Qt::KeyboardModifiers modifiers = {}) const {
-        QTest::mouseClick(timeline->viewport(), Qt::LeftButton, modifiers, point);
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
-        QTest::keyClick(window->windowHandle(), key, modifiers);
-        QCoreApplication::processEvents();
-    }
-    [[nodiscard]] std::vector<int> selected() const { return table->selectedRows(); }
-    [[nodiscard]] std::string bytes() const { return plist::writeXml(pane->deviceConfig()).value(); }
-    [[nodiscard]] std::string savedBytes() const { return plist::writeXml(savedSettings()).value(); }
-    [[nodiscard]] QString lastAction() const {
-        return find<QPushButton>("quorviButtonUndo")->toolTip().section(" (Ctrl", 0, 0);
-    }
-    /// What the pointer that rests there is told.
-    [[nodiscard]] QString tipAt(const QPoint& point) const {
-        QToolTip::hideText();
-        QHelpEvent event(QEvent::ToolTip, point, timeline->viewport()->mapToGlobal(point));
-        QApplication::sendEvent(timeline->viewport(), &event);
-        return QToolTip::text();
-    }
-
-    StepsTimeline* timeline = find<StepsTimeline>(kTimeline);
-    KyvarQuorviTableView* table = find<KyvarQuorviTableView>(kStepsTable);
-};
 
 QStringList sixteenKeys() {
     QStringList steps;
@@ -102,164 +46,6 @@ class StepsTimelineTest : public QObject {
         fixture.pane->setDelayForAllSteps(10);
         fixture.selectTab(3);
         QCOMPARE(fixture.timeline->content().timeline.delays, std::vector<std::int32_t>({10, 10, 10, 0}));
-    }
-
-    // A drag
-
-    void aDragOfABarsEndChangesTheDelayBeforeItAsOneAction() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 300, Qt::ShiftModifier);
-        const int shown = fixture.timeline->draggedDelay().value();
-        QVERIFY(shown > 100);
-        QCOMPARE(fixture.steps(), kCtrlC); // nothing comes of it before the end
-        fixture.release();
-        QCOMPARE(fixture.steps(), QStringList({"1 224 70", stepAsText(1, 6, shown), "0 6 30", "0 224 0"}));
-        QCOMPARE(fixture.savedSteps(), fixture.steps());
-        QCOMPARE(fixture.lastAction(), QStringLiteral("Undo Change Delay"));
-    }
-
-    void undoTakesADragBackByteForByte() {
-        const TimelineFixture fixture;
-        fixture.selectStep(0);
-        fixture.press(Qt::Key_D, Qt::ControlModifier); // so that the file has been written by the panel
-        const std::string before = fixture.savedBytes();
-        const std::string tree = fixture.bytes();
-        fixture.drag(2, 80);
-        fixture.release();
-        QVERIFY(fixture.savedBytes() != before);
-        fixture.click("quorviButtonUndo");
-        QCOMPARE(fixture.savedBytes(), before);
-        QCOMPARE(fixture.bytes(), tree);
-    }
-
-    void theEdgeFollowsThePointer() {
-        const TimelineFixture fixture;
-        const int from = fixture.timeline->edgeOf(2).x();
-        fixture.drag(2, 60, Qt::ShiftModifier);
-        QVERIFY(qAbs(fixture.timeline->edgeOf(2).x() - from - 60) <= 1);
-        fixture.release();
-    }
-
-    void aDragSnapsAtTheDelaysOfTheMenu() {
-        const TimelineFixture fixture;
-        QSet<int> seen;
-        const QPoint from = fixture.timeline->edgeOf(2);
-        QTest::mousePress(fixture.timeline->viewport(), Qt::LeftButton, {}, from);
-        int at100 = 0;
-        for (int moved = 3; moved < 300; ++moved) {
-            fixture.move(from + QPoint(moved, 0));
-            at100 += fixture.timeline->draggedDelay() == 100 ? 1 : 0;
-            seen << fixture.timeline->draggedDelay().value();
-        }
-        fixture.release();
-        QVERIFY(at100 >= 7); // one pixel and the reach on both sides of it
-        QVERIFY(seen.contains(100) && seen.contains(150) && seen.contains(200));
-    }
-
-    void withShiftItDoesNotSnap() {
-        const TimelineFixture fixture;
-        const QPoint from = fixture.timeline->edgeOf(2);
-        QTest::mousePress(fixture.timeline->viewport(), Qt::LeftButton, {}, from);
-        int at100 = 0;
-        for (int moved = 3; moved < 300; ++moved) {
-            fixture.move(from + QPoint(moved, 0), Qt::ShiftModifier);
-            at100 += fixture.timeline->draggedDelay() == 100 ? 1 : 0;
-        }
-        fixture.release();
-        QVERIFY(at100 <= 1);
-    }
-
-    void shiftCountsWithoutAMoveToo() {
-        const TimelineFixture fixture;
-        const QPoint from = fixture.timeline->edgeOf(2);
-        QTest::mousePress(fixture.timeline->viewport(), Qt::LeftButton, {}, from);
-        int moved = 3;
-        do
-            fixture.move(from + QPoint(++moved, 0));
-        while (fixture.timeline->draggedDelay() != 100);
-        QTest::keyPress(fixture.timeline, Qt::Key_Shift);
-        QVERIFY(fixture.timeline->draggedDelay() != 100);
-        QTest::keyRelease(fixture.timeline, Qt::Key_Shift);
-        QCOMPARE(fixture.timeline->draggedDelay().value(), 100);
-        fixture.release();
-        QCOMPARE(fixture.steps().at(1), stepAsText(1, 6, 100));
-    }
-
-    void escapeTakesADragBack() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 80);
-        QVERIFY(fixture.timeline->draggedDelay());
-        QTest::keyClick(fixture.timeline, Qt::Key_Escape);
-        QVERIFY(!fixture.timeline->draggedDelay());
-        fixture.release();
-        QCOMPARE(fixture.steps(), kCtrlC);
-        QVERIFY(!fixture.isEnabled("quorviButtonUndo"));
-    }
-
-    void aDragThatEndsWhereItBeganIsNoAction() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 40);
-        fixture.move(fixture.timeline->edgeOf(1)); // and back: to nothing before, to the old delay here
-        fixture.drag(2, 0);
-        QTest::keyClick(fixture.timeline, Qt::Key_Escape);
-        QCOMPARE(fixture.steps(), kCtrlC);
-        const QPoint from = fixture.timeline->edgeOf(2);
-        QTest::mousePress(fixture.timeline->viewport(), Qt::LeftButton, {}, from);
-        fixture.move(from + QPoint(40, 0));
-        fixture.move(from);
-        fixture.release();
-        QCOMPARE(fixture.steps(), kCtrlC);
-        QVERIFY(!fixture.isEnabled("quorviButtonUndo"));
-    }
-
-    void aDragBeyondTheStepLeavesNoDelayAndNeverLessThanNone() {
-        const TimelineFixture fixture;
-        fixture.drag(2, -2000);
-        QCOMPARE(fixture.timeline->draggedDelay().value(), 0);
-        fixture.release();
-        QCOMPARE(fixture.steps().at(1), stepAsText(1, 6, 0));
-    }
-
-    void aDragFarOutEndsAtTheLongestDelayThatCanBeTyped() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 20000);
-        QCOMPARE(fixture.timeline->draggedDelay().value(), kLongest);
-        fixture.release();
-        QCOMPARE(fixture.steps().at(1), stepAsText(1, 6, kLongest));
-    }
-
-    void theEndOfADelayIsDraggedInTheFootToo() {
-        const TimelineFixture fixture({"1 22 50", "0 22 100"});
-        fixture.drag(2, -20);
-        fixture.release();
-        QCOMPARE(fixture.steps().at(0), stepAsText(1, 22, 50));
-        QVERIFY(fixture.steps().at(1) != stepAsText(0, 22, 100));
-    }
-
-    void theFirstStepHasNothingBeforeItToBeDragged() {
-        const TimelineFixture fixture;
-        fixture.drag(0, 60);
-        QVERIFY(!fixture.timeline->draggedDelay());
-        fixture.release();
-        QCOMPARE(fixture.steps(), kCtrlC);
-    }
-
-    void whatBecomesOfTheMacroMeanwhileEndsADrag() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 60);
-        fixture.pane->setDelayForAllSteps(10);
-        QVERIFY(!fixture.timeline->draggedDelay());
-        fixture.release();
-        QCOMPARE(fixture.steps(), QStringList({"1 224 10", "1 6 10", "0 6 10", "0 224 0"}));
-    }
-
-    void anotherTabEndsADrag() {
-        const TimelineFixture fixture;
-        fixture.drag(2, 60);
-        fixture.selectTab(0);
-        fixture.selectTab(3);
-        QVERIFY(!fixture.timeline->draggedDelay());
-        QCOMPARE(fixture.steps(), kCtrlC);
     }
 
     // Selecting
@@ -491,9 +277,9 @@ class StepsTimelineTest : public QObject {
 
     void theEdgeUnderThePointerShowsThatItCanBeDragged() {
         const TimelineFixture fixture;
-        fixture.move(fixture.timeline->edgeOf(2), {}, Qt::NoButton);
+        fixture.pointAt(fixture.timeline->edgeOf(2));
         QCOMPARE(fixture.timeline->viewport()->cursor().shape(), Qt::SplitHCursor);
-        fixture.move(fixture.timeline->barOf(0).center() + QPoint(-1, 0), {}, Qt::NoButton);
+        fixture.pointAt(fixture.timeline->barOf(0).center() + QPoint(-1, 0));
         QCOMPARE(fixture.timeline->viewport()->cursor().shape(), Qt::ArrowCursor);
     }
 
