@@ -30,10 +30,9 @@ QString withPanelDigits(QString text) {
     return text;
 }
 
-/// The name of the day as a line begins with it: many languages write it small within a sentence.
-QString dayName(const QLocale& locale, int day) {
-    const QString name = locale.standaloneDayName(day);
-    return locale.toUpper(name.left(1)) + name.mid(1);
+/// The text with a capital at its beginning: many languages write days small within a sentence.
+QString asBeginning(const QString& text, const QLocale& locale) {
+    return locale.toUpper(text.left(1)) + text.mid(1);
 }
 
 } // namespace
@@ -49,7 +48,7 @@ QString whenText(std::chrono::system_clock::time_point time, const QDateTime& no
     if (days == 1)
         return filledText(text("Yesterday, ^1"), {clock});
     const QString day = days > 0 && days < kDaysByName
-                            ? dayName(locale, then.date().dayOfWeek())
+                            ? locale.standaloneDayName(then.date().dayOfWeek())
                             : withPanelDigits(locale.toString(then.date(), QLocale::ShortFormat));
     return filledText(text("^1, ^2"), {day, clock});
 }
@@ -98,9 +97,9 @@ QVariant EarlierCopies::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || role != Qt::DisplayRole)
         return {};
     const Row& row = m_rows[std::size_t(index.row())];
-    return QStringList{whenText(row.copy.time, m_now, QLocale(), m_text), reasonText(row.copy.reason, m_text),
-        outcomeOf(row)}
-        .join(QLatin1Char('\n'));
+    const QLocale locale;
+    const QString when = asBeginning(whenText(row.copy.time, m_now, locale, m_text), locale);
+    return QStringList{when, reasonText(row.copy.reason, m_text), outcomeOf(row)}.join(QLatin1Char('\n'));
 }
 
 } // namespace quorvi

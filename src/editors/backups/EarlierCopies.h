@@ -14,7 +14,7 @@
 namespace quorvi {
 
 /// The displayed time of a copy: "Today, 14:05", "Tuesday, 9:30", "22/10/2026 8:00". Days are relative to
-/// `now`; the locale determines the format.
+/// `now`; the locale determines the format, but digits are Latin, as everywhere in the panel.
 [[nodiscard]] QString whenText(std::chrono::system_clock::time_point time, const QDateTime& now,
     const QLocale& locale, const PanelText& text);
 
@@ -32,7 +32,7 @@ class EarlierCopies : public QAbstractListModel {
     void compare(int row, const History& history, const plist::Dictionary& now);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    /// Two lines: the time, then the reason and the number of differences.
+    /// Three lines: the time, the reason and the number of differences.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
