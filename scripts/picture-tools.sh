@@ -19,6 +19,20 @@ picture() {
     return 1
 }
 
+# Gives the panel a home folder of its own, $home, without settings, and a system bus of its own: the system's service for
+# real mice, or who stands in for it, is there. Both end with the script. Sets $preferences to the settings' folder.
+own_home() {
+    home=$(mktemp -d)
+    trap 'kill "$system" 2>/dev/null || true; rm -rf "$home"' EXIT
+    { read -r DBUS_SYSTEM_BUS_ADDRESS && read -r system; } < <(dbus-daemon --session --fork --print-address=1 --print-pid=1)
+    export DBUS_SYSTEM_BUS_ADDRESS
+    export HOME=$home XDG_RUNTIME_DIR=$home/runtime
+    unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
+    preferences=$home/Library/Preferences
+    mkdir -p "$preferences"
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+}
+
 # Starts the host and waits for its window and the panel's first list of devices: open_panel HOST...
 # Sets $host to the process and $window to its window.
 open_panel() {
