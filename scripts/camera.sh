@@ -80,10 +80,15 @@ glide() {
 
 # Clicks where the pointer is. A ring around it shows that.
 click() {
+    press
+    hold 12 pressing
+}
+
+# The same without waiting until the window is at rest again.
+press() {
     hold 25
     hold 12 pressing
     xdotool click 1
-    hold 12 pressing
 }
 
 # The pointer, and the same with the ring, each in the middle of a picture.
@@ -108,7 +113,7 @@ develop() {
         fi
         before=$now delays[shown]=$delay
         convert -size "${width}x$bar" "xc:$ground" -font DejaVu-Sans-Bold -pointsize 18 -fill white -gravity west \
-            -annotate +20+0 "$text" +gravity "$reel/$number.miff" -append \
+            -annotate +20+0 "$text" +gravity "$reel/$number.miff" -append +repage \
             "$reel/$pointer.png" -geometry "+$((x - 20))+$((y - 20 + bar))" -composite \
             -bordercolor "$ground" -border 1 -depth 8 "$reel/shown-$shown.miff"
         shown=$((shown + 1))
@@ -123,16 +128,11 @@ cut_film() {
     mapfile -t longest < <(for picture in "${!delays[@]}"; do echo "${delays[picture]} $reel/shown-$picture.miff"; done |
         sort -rn | head -n 16 | cut -d' ' -f2)
     convert "${longest[@]}" -append +dither -colors 255 -unique-colors "$reel/palette.miff"
-    # Of each picture only the part that differs from the one before.
     for picture in "${!delays[@]}"; do
-        convert "$reel/shown-$picture.miff" +dither -remap "$reel/palette.miff" "$reel/paled-$picture.miff"
-        if [ "$picture" -eq 0 ]; then
-            cp "$reel/paled-0.miff" "$reel/part-0.miff"
-        else
-            convert "$reel/paled-$((picture - 1)).miff" "$reel/paled-$picture.miff" -layers compare-any -delete 0 \
-                "$reel/part-$picture.miff"
-        fi
-        frames+=(-delay "${delays[picture]}" "$reel/part-$picture.miff")
+        mogrify +dither -remap "$reel/palette.miff" "$reel/shown-$picture.miff"
+        frames+=(-delay "${delays[picture]}" "$reel/shown-$picture.miff")
     done
-    convert -dispose none "${frames[@]}" -loop 0 -layers optimize-transparency "$1"
+    # Of each picture only the part that differs from the one before.
+    convert -dispose none "${frames[@]}" -loop 0 -layers remove-dups -layers optimize-frame \
+        -layers optimize-transparency "$1"
 }
