@@ -108,6 +108,29 @@ class MacroTrialTest : public QObject {
         QCOMPARE(trial.marked(), QList<int>());
     }
 
+    void theStepsFollowToTheLast() {
+        QStringList steps;
+        for (int count = 0; count < 4; ++count)
+            steps << pressed(h, 100) << pressed(i, 100);
+        steps.last() = stepAsText(0, i, 0);
+        Trial trial(steps);
+        auto* table = trial.find<KyvarQuorviTableView>(kStepsTable);
+        table->setFixedHeight(140);
+        QTRY_VERIFY(table->viewport()->height() < 140);
+        const auto isSeen = [table](int row) {
+            return table->viewport()->rect().contains(table->visualRect(table->model()->index(row, 0)));
+        };
+        const int last = static_cast<int>(steps.size()) - 1;
+        QVERIFY(!isSeen(last));
+        trial.play();
+        QVERIFY(isSeen(0));
+        for (int step = 0; step < last; ++step)
+            trial.wait(100);
+        QVERIFY(!trial.isPlaying());
+        QVERIFY(!isSeen(0));
+        QVERIFY(isSeen(last));
+    }
+
     void theTimelineFollows() {
         Trial trial(typed({h, i}, 100));
         const auto* timeline = trial.find<StepsTimeline>("quorviTimelineSteps");

@@ -100,8 +100,11 @@ void StepsEditor::showOtherMacro() {
 void StepsEditor::showPlayed(std::optional<std::size_t> step) {
     const int row = step ? static_cast<int>(*step) : -1;
     model().showPlayed(row);
-    if (step)
-        m_views.table.scrollTo(model().index(row, 0));
+    if (!step)
+        return;
+    // With the one that comes next: the last step is over too soon to be shown itself.
+    m_views.table.scrollTo(model().index(std::min(row + 1, model().rowCount() - 1), 0));
+    m_views.table.scrollTo(model().index(row, 0));
 }
 
 void StepsEditor::showKeyNames() {
