@@ -54,7 +54,7 @@ QRect signIn(const QStyleOptionViewItem& option) {
 } // namespace
 
 PopUpCells::PopUpCells(QTableView* table, int column, QMenu* menu)
-    : QStyledItemDelegate(table), m_table(table), m_column(column), m_menu(menu) {
+    : QStyledItemDelegate(table), m_table(table), m_column(column), m_menu(menu), m_watched(menu) {
     closeWhenChosen(*menu);
     menu->installEventFilter(this);
 }
@@ -130,7 +130,7 @@ bool PopUpCells::isSecondPress(const QMouseEvent& event) const {
 }
 
 bool PopUpCells::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_menu)
+    if (watched != m_watched)
         return QStyledItemDelegate::eventFilter(watched, event);
     const bool pressed =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;

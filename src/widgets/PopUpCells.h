@@ -64,6 +64,7 @@ class PopUpCells : public QStyledItemDelegate {
     QTableView* m_table;
     int m_column;
     QPointer<QMenu> m_menu;
+    const QObject* m_watched;            ///< the menu, to compare with: it can be in its destructor
     QPersistentModelIndex m_pressedCell; ///< the cell whose menu was opened by a mouse press
     QElapsedTimer m_sincePress;
     QMetaObject::Connection m_choice;

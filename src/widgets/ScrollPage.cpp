@@ -14,6 +14,11 @@ namespace quorvi {
 
 ScrollPage::ScrollPage(QWidget* parent) : QWidget(parent) {}
 
+ScrollPage::~ScrollPage() {
+    // A window that goes with its page gives its focus away then.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ScrollPage::childEvent(QChildEvent* event) {
     if (event->added() && !m_content && event->child()->isWidgetType()) {
         m_content = static_cast<QWidget*>(event->child());

@@ -19,6 +19,7 @@ class ScrollPage : public QWidget {
 
   public:
     explicit ScrollPage(QWidget* parent = nullptr);
+    ~ScrollPage() override;
 
     [[nodiscard]] bool isNarrow() const { return m_narrow; }
     /// Whether the content is higher than the page.
