@@ -195,8 +195,9 @@ class FitTest : public QObject {
         tree.set("version", 6);
         const QString name(20, 'W');
         setInterfaceTextLookup([&](const QString& english) { return spoken.text(english); });
-        const QStringList differences(
-            40, filledText(text("The macro “^1” is left out: it has more than 16 steps."), {name}));
+        const QString difference =
+            filledText(text("The macro “^1” is left out: it has more than 16 steps."), {name});
+        const QStringList differences = QVector<QString>(40, difference).toList();
         BackupPanel backup(nullptr, {.question = text("Restore the settings in this backup?\r\r^1") + name,
                                         .differences = differences,
                                         .leftOut = differences.mid(0, 3).join('\n')});
@@ -230,7 +231,7 @@ class FitTest : public QObject {
         list.setLayoutDirection(spoken.view->layoutDirection());
         const QString sentence =
             filledText(spoken.text("The macro “^1” is left out: it has more than 16 steps."), {"Build"});
-        list.setSentences(QStringList(12, sentence));
+        list.setSentences(QVector<QString>(12, sentence).toList());
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
         // At some of these widths a word more would fit without the scroll bar.
