@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QPointer>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -14,6 +15,9 @@ namespace {
 
 constexpr Qt::WindowFlags kSheetFlags =
     Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+/// What the window manager puts around a sheet: at most a title bar of 40 pixels.
+constexpr QSize kDecoration{8, 40};
 
 /// Keeps a sheet centred over its window, even while the window manager is still placing the window.
 class SheetPlacement : public QObject {
@@ -44,6 +48,16 @@ void giveFocusUp(const QWidget& sheet) {
         window->destroy();
 }
 
+/// Shows the sheet as large as it asks to be. Qt alone would open it no higher than two thirds of the screen,
+/// and cut its lists on a low one.
+void showWhole(QDialog& sheet) {
+    const bool resized = sheet.testAttribute(Qt::WA_Resized);
+    if (!resized)
+        sheet.resize(sheet.sizeHint().boundedTo(sheet.screen()->availableSize() - kDecoration));
+    sheet.show();
+    sheet.setAttribute(Qt::WA_Resized, resized); // its contents may be others the next time
+}
+
 } // namespace
 
 ModalSessions::~ModalSessions() {
@@ -71,7 +85,7 @@ int ModalSessions::run(QDialog* panel) {
     const auto accept = QObject::connect(panel, &QDialog::accepted, &loop, [this] { stop(1); });
     const SheetPlacement placement(panel, panel->parentWidget()->window());
     giveFocusUp(*panel);
-    panel->show();
+    showWhole(*panel);
     panel->raise();
     panel->activateWindow();
     const int code = loop.exec();

@@ -26,10 +26,16 @@ class TextHeights : public QObject {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         // The height of an empty text is negative.
-        if (auto* text = qobject_cast<QLabel*>(watched); text && event->type() == QEvent::Resize)
+        auto* text = qobject_cast<QLabel*>(watched);
+        if (text && event->type() == QEvent::Resize && !isBeingMade(*text->window()))
             text->setMinimumHeight(std::max(0, text->heightForWidth(text->width())));
         return QObject::eventFilter(watched, event);
     }
+
+  private:
+    /// A busy display reports the size that it made the window with, some dozens of pixels, after the window
+    /// was given its own. A text that is as high as that asks for would keep the window high.
+    static bool isBeingMade(const QWidget& window) { return window.width() < window.minimumWidth(); }
 };
 
 /// A page that scrolls asks for the heights itself. There, a least height from an earlier width would make

@@ -1,4 +1,6 @@
 #include <QLabel>
+#include <QScreen>
+#include <QVBoxLayout>
 
 #include <filesystem>
 
@@ -232,6 +234,29 @@ class ApplicationPanelTest : public ApplicationPanelFixture {
         QCOMPARE(sessions.run(m_panel.get()), 0);
         QCOMPARE(m_panel->chosenPath(), QString());
         QVERIFY(!sessions.isRunning());
+    }
+
+    // Qt would give it two thirds of the screen.
+    void aModalSessionShowsItsSheetWhole() {
+        class High : public QWidget {
+          public:
+            using QWidget::QWidget;
+            QSize sizeHint() const override { return {300, screen()->availableSize().height() * 3 / 4}; }
+        };
+        QDialog sheet(m_window.get());
+        sheet.setObjectName("quorviPanelHigh");
+        QVBoxLayout layout(&sheet);
+        High content(&sheet);
+        layout.addWidget(&content);
+        QSize shown;
+        whenSheetIsUp(m_window.get(), "quorviPanelHigh", [&](QDialog* up) {
+            shown = content.size();
+            QTest::keyClick(up, Qt::Key_Escape);
+        });
+        ModalSessions sessions;
+        QCOMPARE(sessions.run(&sheet), 0);
+        QCOMPARE(shown, content.sizeHint());
+        QVERIFY2(!sheet.testAttribute(Qt::WA_Resized), "it asks anew the next time");
     }
 
     void tabGoesThroughAllControlsInTheirOrder() {

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <set>
@@ -385,6 +386,26 @@ class InterfaceTest : public QObject {
         const int before = panel->height();
         m_interface->confirm.quorviTextConfirm->setText("One\n\nTwo\n\nThree\n\nFour");
         QTRY_VERIFY(panel->height() > before);
+    }
+
+    // A busy display reports the size of a window that is not yet given its own.
+    void aSheetThatWasNarrowForAMomentIsNotHigherForIt() {
+        QDialog* panel = m_interface->quorviPanelStages;
+        panel->show();
+        QVERIFY(QTest::qWaitForWindowExposed(panel));
+        QCoreApplication::processEvents();
+        const QSize before = panel->size();
+        const int least = panel->minimumHeight();
+        QWindow* window = panel->windowHandle();
+        window->setMinimumSize({});
+        window->resize(100, 30);
+        QTRY_COMPARE(panel->width(), 100);
+        QCoreApplication::processEvents();
+        window->resize(before);
+        QTRY_COMPARE(panel->width(), before.width());
+        QCoreApplication::processEvents();
+        QCOMPARE(panel->minimumHeight(), least);
+        QCOMPARE(panel->size(), before);
     }
 
     void fieldOfThePressedKeyTakesNoTyping() {
