@@ -48,8 +48,10 @@ void Sheets::cancel() {
 bool Sheets::confirm(const Question& question) {
     // A label does not break its lines at carriage returns.
     QString text = m_text(question.message).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    if (const auto end = text.indexOf(QLatin1Char('\n')); end >= 0 && !question.effect.isEmpty())
-        text.insert(end, QLatin1Char('\n') + question.effect);
+    if (!question.effect.isEmpty()) {
+        const auto end = text.indexOf(QLatin1Char('\n'));
+        text.insert(end < 0 ? text.size() : end, QLatin1Char('\n') + question.effect);
+    }
     const auto mark = text.indexOf(QStringLiteral("^1"));
     if (question.item && mark >= 0)
         text.replace(mark, 2, nameWithin(text, shownText(*question.item)));

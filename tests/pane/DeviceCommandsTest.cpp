@@ -104,7 +104,9 @@ class DeviceCommandsTest : public QObject {
             QTest::mouseClick(sheet->findChild<QPushButton*>("quorviConfirmButtonCancel"), Qt::LeftButton);
         });
         fixture.click("quorviButtonRestoreDefaults");
-        QCOMPARE(question, QStringLiteral("Are you sure you want to restore all settings to default?"));
+        QCOMPARE(question, QStringLiteral("Are you sure you want to restore all settings to default?\n"
+                                          "Resets this profile and the mouse's settings to the defaults. "
+                                          "Macros and other profiles are kept."));
         QVERIFY(plist::Value(fixture.savedSettings()) == plist::Value(PaneFixture::sampleTree()));
         QVERIFY(fixture.commandsBecome({}));
     }

@@ -98,7 +98,10 @@ void DeviceEditor::restoreFrom(const plist::Dictionary& defaults) {
 }
 
 void DeviceEditor::restoreDefaults() {
-    if (!m_sheets.confirm(Question{"Are you sure you want to restore all settings to default?"}))
+    const QString effect = m_text(
+        "Resets this profile and the mouse's settings to the defaults. Macros and other profiles are kept.");
+    if (!m_sheets.confirm(Question{
+            .message = "Are you sure you want to restore all settings to default?", .effect = effect}))
         return;
     if (const plist::Dictionary defaults = m_defaultSettings())
         restoreFrom(defaults);
