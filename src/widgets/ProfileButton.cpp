@@ -60,8 +60,21 @@ void ProfileButton::placeLabel() {
         layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, QSize(width, content.height()), content));
 }
 
+/// Without a mouse the button opens nothing, but its title is what the window has to say.
+void ProfileButton::keepColour() {
+    if (!label())
+        return; // while it is made
+    QPalette colours = label()->palette();
+    const QPalette::ColorRole role = label()->foregroundRole();
+    colours.setColor(QPalette::Disabled, role, palette().color(QPalette::Active, role));
+    label()->setPalette(colours);
+}
+
 bool ProfileButton::event(QEvent* event) {
     const bool handled = MenuButton::event(event);
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange ||
+        event->type() == QEvent::Show)
+        keepColour();
     switch (event->type()) {
     case QEvent::LayoutRequest: // the label has another text
     case QEvent::EnabledChange:

@@ -30,6 +30,7 @@ class ProfileButton : public MenuButton {
     [[nodiscard]] int signRoom() const;
     [[nodiscard]] QSize around(int labelWidth) const;
     void placeLabel();
+    void keepColour();
 
     bool m_runs = false;
 };
