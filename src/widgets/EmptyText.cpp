@@ -23,7 +23,13 @@ EmptyText::EmptyText(QAbstractItemView& list) : QLabel(list.viewport()), m_list(
 }
 
 void EmptyText::fit() {
-    setGeometry(m_list.viewport()->rect());
+    // In the middle of the list, not of what its numbers and the header leave.
+    const QWidget& viewport = *m_list.viewport();
+    const int before = viewport.x();
+    const int after = m_list.width() - before - viewport.width();
+    const QRect room = viewport.rect();
+    setGeometry(
+        before > after ? room.adjusted(0, 0, after - before, 0) : room.adjusted(after - before, 0, 0, 0));
     setMargin(kEmptyTextMargin);
     if (heightForWidth(width()) > height())
         setMargin(kLeastMargin);

@@ -1,8 +1,10 @@
 // How a list looks: how high it is, which one has the focus, and the buttons below it.
+#include <QHeaderView>
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
+#include "widgets/EmptyText.h"
 #include "widgets/FlatButton.h"
 #include "widgets/KyvarQuorviTableView.h"
 #include "widgets/ListButtonRow.h"
@@ -66,6 +68,24 @@ class ListLookTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void theTextOfAnEmptyListStandsInItsMiddle_data() {
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::newRow("from the left") << Qt::LeftToRight;
+        QTest::newRow("from the right") << Qt::RightToLeft;
+    }
+    void theTextOfAnEmptyListStandsInItsMiddle() {
+        QFETCH(const Qt::LayoutDirection, direction);
+        Page page(0);
+        page.window.setLayoutDirection(direction);
+        page.list.setEmptyText("Nothing yet");
+        page.list.verticalHeader()->setFixedWidth(40); // the room of the numbers
+        page.list.verticalHeader()->show();
+        page.show();
+        const auto* text = page.list.findChild<EmptyText*>();
+        QTRY_COMPARE(page.list.width() - page.list.viewport()->width(), 40 + 2 * page.list.frameWidth());
+        QTRY_COMPARE(text->mapTo(&page.list, text->rect().center()).x(), page.list.rect().center().x());
+    }
+
     void aListIsAsHighAsTheRowsThatItShows() {
         for (const int rows : {1, 5}) {
             Page page(rows);
