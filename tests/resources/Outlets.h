@@ -112,7 +112,7 @@ inline constexpr Outlet outlets[] = {
     {"quorviStageTableStages", table, nullptr, 4},
     {"quorviStageButtonAdd", "quorvi::FlatButton", "actionButtonStageAdd:"},
     {"quorviStageButtonRemove", "quorvi::FlatButton", "actionButtonStageRemove:"},
-    {"quorviStageGroupSettings", "QGroupBox"},
+    {"quorviStageGroupSettings", "quorvi::Section"},
     {"quorviStageSliderX", slider, "actionSliderStagesSensitivityX:"},
     {"quorviStageSliderY", slider, "actionSliderStagesSensitivityY:"},
     {"quorviStageFieldX", number},
