@@ -42,7 +42,7 @@ packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps 
 # To run commands on another release of Debian (scripts/on-debian), and a cache of the compiler's for it.
 packages_on_debian=(debootstrap)
 packages_ccache=(ccache)
-packages_gallery=(adwaita-qt6)
+packages_gallery=(adwaita-qt6 fonts-noto-cjk)
 # What a user of Plasma has around the module: its style and its colours.
 packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
