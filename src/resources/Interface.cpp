@@ -158,6 +158,8 @@ Interface::Interface(QWidget& mainView) {
     setTabSymbols(*main.quorviTabsMain);
     setSymbols(mainView); // before the walk, which measures buttons with their signs
     finish(mainView);
+    // As high as the row beside it, so that list and timeline begin at one height.
+    main.labelMacros->setMinimumHeight(main.quorviButtonStepRecord->sizeHint().height());
     keepTextsWhole(mainView);
     connectInputs(main);
     joinFields(main, stages);

@@ -40,6 +40,12 @@ class StepsTimelineTest : public QObject {
         QVERIFY(fixture.timeline->stepCount() != 4);
     }
 
+    void beginsAtTheHeightOfTheListOfMacros() {
+        const TimelineFixture fixture;
+        const auto top = [&](const QWidget* part) { return part->mapTo(fixture.window.get(), QPoint()).y(); };
+        QTRY_COMPARE(top(fixture.timeline), top(fixture.find<QWidget>("quorviTableMacros")));
+    }
+
     void whatChangesBehindAnotherTabIsShownWhenItAppears() {
         const TimelineFixture fixture;
         fixture.selectTab(0);
