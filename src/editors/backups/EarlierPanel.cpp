@@ -6,6 +6,7 @@
 
 #include "resources/Interface.h"
 #include "ui_EarlierPanel.h"
+#include "widgets/Metrics.h"
 
 namespace quorvi {
 
@@ -16,6 +17,7 @@ EarlierPanel::EarlierPanel(QWidget* parent, Surroundings surroundings)
     m_ui->setupUi(this);
     keepTextsWhole(*this);
     m_ui->quorviListEarlier->setModel(&m_copies);
+    m_ui->quorviListEarlier->setSpacing(metrics::fieldGap / 2); // each copy has three lines
     const bool isEmpty = m_copies.rowCount() == 0;
     m_ui->stackEarlier->setCurrentWidget(isEmpty ? m_ui->pageNoEarlier : m_ui->pageEarlier);
     if (isEmpty)
