@@ -21,6 +21,8 @@ const std::filesystem::path kSource = QUORVI_SOURCE;
 constexpr std::uintmax_t kMostOfPictures = 600'000;
 /// The drawings of designs, which stay as they are.
 constexpr std::uintmax_t kMostOfDrawings = 1'000'000;
+/// The film of the read-me, which pages on the web have to load.
+constexpr std::uintmax_t kMostOfFilm = 2'000'000;
 
 std::string contentOf(const std::filesystem::path& file) {
     std::ifstream stream(file);
@@ -105,10 +107,18 @@ TEST(Documents, EachDecisionIsInTheIndexWithItsTitleAndDate) {
 TEST(Documents, PicturesStaySmall) {
     std::uintmax_t size = 0;
     std::uintmax_t drawings = 0;
-    for (const auto& file : filesBelow(kSource / "docs"))
-        if (file.extension() != ".md")
-            (file.parent_path().filename() == "look" ? drawings : size) += std::filesystem::file_size(file);
+    std::uintmax_t film = 0;
+    for (const auto& file : filesBelow(kSource / "docs")) {
+        if (file.extension() == ".md")
+            continue;
+        auto& kind = file.extension() == ".gif"                ? film
+                     : file.parent_path().filename() == "look" ? drawings
+                                                               : size;
+        kind += std::filesystem::file_size(file);
+    }
     EXPECT_GT(size, 0U);
+    EXPECT_GT(film, 0U);
+    EXPECT_LT(film, kMostOfFilm);
     EXPECT_LE(drawings, kMostOfDrawings);
     EXPECT_LE(size, kMostOfPictures) << "the gallery belongs in the build folder (scripts/gallery)";
 }
