@@ -27,11 +27,14 @@ packages_kde_test=(kde-cli-tools systemsettings)
 if [[ $(cat /etc/debian_version 2>/dev/null) == 12.* ]]; then
     kde_preset=qt5
     packages_kde=(libkf5coreaddons-dev libkf5configwidgets-dev)
+    packages_qt5+=(kde-style-breeze) # for Qt 6 since Debian 13
 else
     kde_preset=default
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
     packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
     packages_test+=(labwc) # not in Debian before 13
+    packages_test+=(kde-style-breeze)
+    packages_qt5+=(kde-style-breeze-qt5)
 fi
 # A machine of its own for the service that drives mice. What runs in it is fetched by tests/vm/image, and not installed.
 packages_vm=(qemu-system-x86)

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
 
@@ -128,6 +130,33 @@ void KyvarQuorviSlider::takeMarkColour() {
     own.setColor(QPalette::Active, QPalette::Highlight, mark);
     own.setColor(QPalette::Inactive, QPalette::Highlight, mark);
     setPalette(own);
+}
+
+void KyvarQuorviSlider::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    if (isEnabled() && style()->objectName() == QLatin1String("breeze"))
+        fillAgain();
+}
+
+void KyvarQuorviSlider::fillAgain() {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto partOf = [&](QStyle::SubControl part) {
+        return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+    };
+    const QRectF handle = partOf(QStyle::SC_SliderHandle);
+    QRectF filled = partOf(QStyle::SC_SliderGroove);
+    if (option.upsideDown)
+        filled.setLeft(handle.center().x());
+    else
+        filled.setRight(handle.center().x());
+    QPainterPath fill;
+    fill.addRoundedRect(filled, filled.height() / 2, filled.height() / 2);
+    QPainterPath knob;
+    knob.addEllipse(handle);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(fill.subtracted(knob), palette().color(QPalette::Highlight));
 }
 
 bool KyvarQuorviSlider::event(QEvent* event) {

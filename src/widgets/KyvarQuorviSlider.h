@@ -56,6 +56,7 @@ class KyvarQuorviSlider : public QSlider {
     void wheelEvent(QWheelEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
@@ -65,6 +66,8 @@ class KyvarQuorviSlider : public QSlider {
     /// Styles fill the part up to the handle with the theme's highlight, which can be too close to the
     /// window.
     void takeMarkColour();
+    /// Breeze of Plasma 6 fills it with a colour of the desktop's scheme in place of the palette's.
+    void fillAgain();
     [[nodiscard]] QSize withWholeHandle(QSize size) const;
 
     std::shared_ptr<void> m_accessibleWidgets = accessibleWidgets();
