@@ -21,6 +21,8 @@ packages_test=(
     sway weston wtype qt6-wayland
 )
 packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
+# What a user of Plasma has around the module: its style and its colours.
+packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # The module for System Settings: to build it, and to try it in its hosts. The preset is of their version of Qt, which
 # was 5 up to Debian 12.
 packages_kde_test=(kde-cli-tools systemsettings)
@@ -31,6 +33,7 @@ else
     kde_preset=default
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
     packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
+    packages_kde_pictures+=(qml6-module-org-kde-desktop qt6-svg-plugins) # Plasma 5 comes with them
     packages_test+=(labwc) # not in Debian before 13
 fi
 # A machine of its own for the service that drives mice. What runs in it is fetched by tests/vm/image, and not installed.
@@ -43,8 +46,6 @@ packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps 
 packages_on_debian=(debootstrap)
 packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6)
-# What a user of Plasma has around the module: its style and its colours.
-packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 # The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.
