@@ -18,9 +18,11 @@ packages_test=(
     shared-mime-info strace xkb-data
     fish zsh
     appstream at-spi2-core dpkg-dev lintian man-db systemd
-    sway weston wtype qt6-wayland
+    sway weston wtype qt6-wayland adwaita-qt6
 )
-packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5)
+packages_qt5=(qtbase5-dev qtbase5-private-dev qtwayland5 adwaita-qt)
+# What a user of Plasma has around the module: its style and its colours.
+packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # The module for System Settings: to build it, and to try it in its hosts. The preset is of their version of Qt, which
 # was 5 up to Debian 12.
 packages_kde_test=(kde-cli-tools systemsettings)
@@ -32,6 +34,7 @@ else
     kde_preset=default
     packages_kde=(libkf6coreaddons-dev libkf6kcmutils-dev)
     packages_kde_test+=(kwin-wayland plasma-wayland-protocols)
+    packages_kde_pictures+=(qml6-module-org-kde-desktop qt6-svg-plugins) # Plasma 5 comes with them
     packages_test+=(labwc) # not in Debian before 13
     packages_test+=(kde-style-breeze)
     packages_qt5+=(kde-style-breeze-qt5)
@@ -46,8 +49,6 @@ packages_clean_system=(dbus-daemon fonts-dejavu-core imagemagick openbox procps 
 packages_on_debian=(debootstrap)
 packages_ccache=(ccache)
 packages_gallery=(adwaita-qt6 fonts-noto-cjk)
-# What a user of Plasma has around the module: its style and its colours.
-packages_kde_pictures=(kde-style-breeze plasma-integration breeze-icon-theme)
 # What scripts/help-pictures needs beside a display: fonts for Japanese and Chinese, a reader of the string tables.
 packages_help_pictures=(fonts-noto-cjk libxml2-utils)
 # The fuzzer and the sanitizers come with the compiler; their runtime is a package of its own.

@@ -1,11 +1,20 @@
 # For scripts that leave pictures of the panel: source it from the project's folder.
 
+# Waits until the panel's process has nothing left to do, which on a busy machine takes a while.
+at_rest() {
+    for _ in $(seq 1000); do
+        grep -qs '^[0-9]* (.*) R ' "/proc/$host/task/"*/stat || return 0
+        sleep 0.05
+    done
+}
+
 # Saves a picture of the display, or with QUORVI_PICTURE_OF=window of the panel's window without its frame, once it has
 # stopped changing: picture FILE.
 picture() {
     local before='' now shown=root
     [ "${QUORVI_PICTURE_OF:-}" != window ] || shown=$window
     for _ in $(seq 100); do
+        at_rest # what has not been drawn yet does not change either
         import -window "$shown" "$1"
         now=$(convert "$1" rgb:- | md5sum)
         if [ "$now" = "$before" ]; then
@@ -33,15 +42,22 @@ own_home() {
     mkdir -m 700 "$XDG_RUNTIME_DIR"
 }
 
+# The windows of the panel's process that are shown.
+panel_windows() { xdotool search --onlyvisible --pid "$host" 2>/dev/null || true; } # fails if one goes meanwhile
+
 # Starts the host and waits for its window and the panel's first list of devices: open_panel HOST...
 # Sets $host to the process and $window to its window.
 open_panel() {
     "$@" &
     host=$!
     trap 'kill "$host" 2>/dev/null || true' EXIT
-    window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$host" | tail -n 1)
+    for _ in $(seq 1000); do
+        window=$(panel_windows | tail -n 1)
+        [ -z "$window" ] || break
+        sleep 0.1
+    done
     # The panel has its first list when the helper, which the panel has launched, answers others too.
-    timeout 10 bash -c 'until "${QUORVICTL:-build/bin/quorvictl}" devices >/dev/null 2>&1; do sleep 0.1; done'
+    timeout 60 bash -c 'until "${QUORVICTL:-build/bin/quorvictl}" devices >/dev/null 2>&1; do sleep 0.1; done'
     xdotool windowactivate --sync "$window"
 }
 

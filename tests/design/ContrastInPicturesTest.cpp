@@ -138,6 +138,11 @@ class Picture {
     QList<Found> m_found;
 };
 
+/// Elsewhere scripts/setup installs no packages.
+bool isDebian() {
+    return QFile::exists("/etc/debian_version");
+}
+
 QString breezeColours() {
     return qEnvironmentVariable("QUORVI_BREEZE_COLOURS");
 }
@@ -164,9 +169,14 @@ class ContrastInPicturesTest : public QObject {
         everyTheme();
         if (!breezeColours().isEmpty())
             return;
+        int found = 0;
         for (const QString& style : QStyleFactory::keys())
-            if (style.contains("adwaita", Qt::CaseInsensitive))
+            if (style.contains("adwaita", Qt::CaseInsensitive)) {
                 QTest::newRow(qPrintable("style " + style)) << style;
+                ++found;
+            }
+        QVERIFY2(found > 1 || !isDebian(),
+            "Adwaita is not installed: run scripts/setup test, and with Qt 5 scripts/setup qt5.");
     }
     void everyTextAndSignStandsOut() {
         useStyleOfRow();
@@ -246,7 +256,7 @@ class ContrastInPicturesTest : public QObject {
     /// Breeze reads its colours once in a program, from the desktop's settings.
     void giveColoursToBreeze() {
         if (!QStyleFactory::keys().contains("breeze", Qt::CaseInsensitive)) {
-            if (!QFile::exists("/etc/debian_version")) // elsewhere scripts/setup installs no packages
+            if (!isDebian())
                 QSKIP("Breeze is not installed.");
             QFAIL("Breeze is not installed: run scripts/setup test, and with Qt 5 scripts/setup qt5.");
         }
