@@ -18,6 +18,10 @@ class PanePage : public QWidget {
     explicit PanePage(std::unique_ptr<LoadedPane> pane, QWidget* parent = nullptr);
     ~PanePage() override;
 
+    /// False: a host that scrolls its pages would give this one the height of its highest tab, and scroll all
+    /// of it away with that. The tabs scroll by themselves.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+
   protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;

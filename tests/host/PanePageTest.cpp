@@ -4,8 +4,11 @@
 #include "host/PanePage.h"
 
 #include <QDir>
+#include <QScrollArea>
 #include <QStackedWidget>
+#include <QTabWidget>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include "host/Session.h"
 #include "host/ShownAndHidden.h"
@@ -75,6 +78,27 @@ class PanePageTest : public QObject {
         Host host;
         host.pages.reset();
         QCOMPARE(host.panel.toldAtLast(), std::string());
+    }
+
+    void aHostThatScrollsItsPagesLeavesThatToTheTabs() {
+        Session session;
+        session.startHelper();
+        QScrollArea host;
+        host.setWidgetResizable(true);
+        auto* module = new QWidget;
+        auto* layout = new QVBoxLayout(module);
+        layout->addWidget(new PanePage(paneOf(QUORVI_BUNDLE)));
+        host.setWidget(module);
+        host.resize(643, 610); // what System Settings 6 leaves in its usual window
+        host.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&host));
+        auto* tabs = module->findChild<QTabWidget*>("quorviTabsMain");
+        QVERIFY(tabs);
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setCurrentIndex(tab);
+            QCoreApplication::processEvents();
+            QCOMPARE(module->height(), host.viewport()->height());
+        }
     }
 
     void shownHiddenAndShownAgain() {
