@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string>
 #include <utility>
 
 #include "base/Pattern.h"
@@ -57,6 +59,14 @@ std::u16string signInText(const TypedPiece& piece) {
     if (piece.text == nameOfKey(returnUsage))
         return u"\u23CE";
     return piece.text == nameOfKey(tabUsage) ? u"\u21E5" : u"";
+}
+
+/// Behind what is done that often; empty for once. The same in every language.
+std::u16string timesSign(std::ptrdiff_t times) {
+    if (times == 1)
+        return {};
+    const std::string digits = std::to_string(times);
+    return u"\u00A0\u00D7" + std::u16string(digits.begin(), digits.end());
 }
 
 /// The pieces, with keys that belong to the text before them as signs in it.
@@ -214,9 +224,13 @@ std::u16string typedLine(const std::vector<TypedPiece>& pieces, const TextLookup
     const std::u16string pattern = lookup(u"^1, ^2, ^3");
     const std::u16string_view separator = separatorIn(pattern);
     std::u16string line;
-    for (const TypedPiece& piece : all) {
-        const std::u16string shown = piece.isText ? filledPattern(lookup(u"“^1”"), {piece.text}) : piece.text;
-        line.append(line.empty() ? u"" : separator).append(shown);
+    for (auto piece = all.begin(); piece != all.end();) {
+        const auto next =
+            std::find_if_not(piece, all.end(), [&](const auto& other) { return other == *piece; });
+        line.append(line.empty() ? u"" : separator);
+        line.append(piece->isText ? filledPattern(lookup(u"“^1”"), {piece->text})
+                                  : piece->text + timesSign(next - piece));
+        piece = next;
     }
     return line;
 }

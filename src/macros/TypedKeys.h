@@ -87,8 +87,8 @@ class TypedKeys {
     const plist::Array& steps, KeyboardLayoutRef layout, const TextLookup& lookup);
 
 /// The pieces in one line: a single text as it is ("Regards,⏎"), otherwise as a list with texts in quotation
-/// marks
-/// ("“Hello”, Ctrl+S"). A plain Return or Tab after a text is shown as a sign in it. Empty without pieces.
+/// marks ("“Hello”, Ctrl+S"). A combination is named once for all its presses in a row ("Left button ×2"). A
+/// plain Return or Tab after a text is shown as a sign in it. Empty without pieces.
 [[nodiscard]] std::u16string typedLine(const std::vector<TypedPiece>& pieces, const TextLookup& lookup);
 
 } // namespace quorvi

@@ -89,6 +89,12 @@ TEST_F(TypedLine, NamesClicksWithTheModifiersHeldForThem) {
     EXPECT_EQ(line({{1, kControl}, {130, 0}, {128, 0}, {0, kControl}}), u"Control+Right button");
 }
 
+TEST_F(TypedLine, NamesRepeatedPressesOnce) {
+    EXPECT_EQ(line({{129, 0}, {128, 0}, {129, 0}, {128, 0}}), u"Left button\u00A0×2");
+    EXPECT_EQ(line(inTurn({{kLeft}, {kLeft}, {kLeft}, {kH}, {kH}, {kLeft}})), u"left\u00A0×3, “hh”, left");
+    EXPECT_EQ(line(inTurn({{kControl, kS}, {kS}, {kControl, kS}})), u"Control+S, “s”, Control+S");
+}
+
 TEST_F(TypedLine, FollowsTheLayout) {
     EXPECT_EQ(line(inTurn({{kAltGr, kE}})), u"Option+E") << "this layout has no AltGr";
     use("de");
