@@ -225,8 +225,9 @@ std::u16string typedLine(const std::vector<TypedPiece>& pieces, const TextLookup
     const std::u16string_view separator = separatorIn(pattern);
     std::u16string line;
     for (auto piece = all.begin(); piece != all.end();) {
-        const auto next =
-            std::find_if_not(piece, all.end(), [&](const auto& other) { return other == *piece; });
+        const auto next = piece->isText ? piece + 1
+                                        : std::find_if_not(piece, all.end(),
+                                              [&](const auto& other) { return other == *piece; });
         line.append(line.empty() ? u"" : separator);
         line.append(piece->isText ? filledPattern(lookup(u"“^1”"), {piece->text})
                                   : piece->text + timesSign(next - piece));
