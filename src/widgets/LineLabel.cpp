@@ -53,6 +53,7 @@ void LineLabel::paintEvent(QPaintEvent* event) {
         return;
     }
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection()); // that of a host's window can be another
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
     style()->drawItemText(&painter, rect(), int(side), palette(), isEnabled(), shownText(), foregroundRole());
 }

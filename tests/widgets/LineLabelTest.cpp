@@ -79,6 +79,19 @@ class LineLabelTest : public QObject {
         m_line.setBuddy(nullptr);
     }
 
+    void aCutTextRunsInTheDirectionOfItsLabelWhateverTheHostsIs() {
+        LineLabel label;
+        label.setLayoutDirection(Qt::RightToLeft);
+        label.setText(QStringLiteral("12 من 16 خطوة"));
+        label.resize(label.sizeHint().width() * 3 / 4, 24);
+        QVERIFY(label.shownText().startsWith("12") && label.shownText() != label.text());
+        const QImage inAnotherHost = label.grab().toImage();
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+        const QImage inOurs = label.grab().toImage();
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(inAnotherHost, inOurs);
+    }
+
     void aNarrowLabelGivesUpItsLastPartBeforeItCutsOne() {
         const QString part = QStringLiteral("12 of 16 steps");
         m_line.setText(part + QStringLiteral(" · 1.8 s"));
