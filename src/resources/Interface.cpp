@@ -139,6 +139,9 @@ Interface::Interface(QWidget& mainView) {
     main.setupUi(&mainView);
     menus = createMenus(mainView);
     main.quorviMenuPollingRate->setMenu(createPollingRateMenu().release());
+    // Not in the interface file, which would disable it before its label is made: of what begins disabled,
+    // Qt 5 tells screen readers neither the kind nor the text.
+    main.quorviMenuProfile->setEnabled(false);
     main.quorviMenuProfile->setCommands(menus.quorviMenuProfiles);
     main.quorviButtonProfileGear->setCommands(menus.quorviMenuProfileGear);
     main.quorviButtonMacroGear->setCommands(menus.quorviMenuMacroGear);

@@ -63,6 +63,7 @@ void ScrollPage::chooseForm() {
 }
 
 void ScrollPage::makeArea() {
+    QWidget* const focused = window()->focusWidget(); // the content loses it with its parent
     m_area = new QScrollArea(this);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setFocusPolicy(Qt::NoFocus); // what is in it takes the focus
@@ -71,6 +72,8 @@ void ScrollPage::makeArea() {
     connect(qApp, &QApplication::focusChanged, this,
         [this](QWidget* /*before*/, QWidget* now) { showFocused(now); });
     m_area->show();
+    if (focused && m_content->isAncestorOf(focused))
+        focused->setFocus();
 }
 
 void ScrollPage::place() {

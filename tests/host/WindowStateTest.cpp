@@ -2,6 +2,7 @@
 
 #include "host/WindowState.h"
 
+#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 

@@ -34,7 +34,7 @@ enum KeyPlace : int {
     tab = 0x2B,
     minus = 0x2D,
     f4 = 0x3D,
-    left = 0x50,
+    leftArrow = 0x50,
     control = 0xE0,
     shift = 0xE1,
     alt = 0xE2,
@@ -216,7 +216,7 @@ class MacroTrialTest : public QObject {
     }
 
     void editingKeysEdit() {
-        const Trial trial(typed({h, i, backspace, a, left, b}));
+        const Trial trial(typed({h, i, backspace, a, leftArrow, b}));
         trial.play();
         QCOMPARE(trial.field(), QStringLiteral("hba"));
     }

@@ -432,10 +432,11 @@ class SettingsFollowingTest : public QObject {
         const QWidget& page = panel.find<TabView>("quorviTabsMain")->pages();
         for (const int width : {view.width(), view.width() + 300}) {
             panel.window->resize(panel.window->width() + width - view.width(), panel.window->height());
-            const int side =
+            const int margin =
                 view.width() < metrics::narrowWidth ? metrics::narrowPageMargin : metrics::pageMargin;
             const int top = page.mapTo(&view, QPoint()).y() + metrics::rowGap;
-            const int across = view.width() - 2 * side;
+            const int across = qMin(view.width() - 2 * margin, metrics::maxContentWidth);
+            const int side = (view.width() - across) / 2;
             QTRY_COMPARE(bar.geometry(), QRect(side, top, across, bar.heightForWidth(across)));
             QVERIFY(panel.notice()->height() >= panel.notice()->heightForWidth(panel.notice()->width()));
         }

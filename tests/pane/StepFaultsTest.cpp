@@ -110,7 +110,7 @@ class StepFaultsTest : public QObject {
         QTest::newRow("a button stays down") << QStringList{"130 0 10"} << "Add the Missing Release"
                                              << QStringList{"130 0 10", "128 0 0"} << 1;
         QTest::newRow("a key stays down in a full macro")
-            << fullWithControlDown() << "Remove the Press" << fullWithControlDown().mid(1) << 0;
+            << fullWithControlDown() << "Remove the Press" << QStringList(fullWithControlDown().mid(1)) << 0;
         QTest::newRow("a key was never pressed")
             << QStringList{"0 4 10", "1 5 10", "0 5 0"} << "Remove the Release"
             << QStringList{"1 5 10", "0 5 0"} << 0;

@@ -2,6 +2,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QTest>
+#include <QTextDocument>
 
 #include "pane/MacroFixture.h"
 #include "pane/PaneTestMain.h"

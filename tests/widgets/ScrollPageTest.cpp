@@ -65,6 +65,14 @@ class ScrollPageTest : public QObject {
         QTRY_VERIFY(m_page->scrolls());
     }
 
+    void keepsTheFocusWhenItBeginsToScroll() {
+        open(800, 600);
+        m_buttons[1]->setFocus();
+        m_buttons[0]->setFixedHeight(400);
+        QTRY_VERIFY(m_page->scrolls());
+        QVERIFY(m_buttons[1]->hasFocus());
+    }
+
     void whatTheKeysReachIsScrolledIntoSight() {
         open(800, 200);
         m_buttons[0]->setFocus();
