@@ -24,8 +24,10 @@ class Mouse {
   public:
     [[nodiscard]] int clicks() const { return m_clicks; }
 
+    /// As a hand, in more than one movement: Qt 5 ignores the one that comes into a menu.
     void moveTo(QPoint spot) const {
-        run({"mousemove", QString::number(spot.x()), QString::number(spot.y())});
+        for (const int x : {spot.x() - 1, spot.x()})
+            run({"mousemove", QString::number(x), QString::number(spot.y())});
     }
     void click(QPoint spot, int button = 1) {
         moveTo(spot);
