@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include "widgets/Metrics.h"
 #include "widgets/WarningSign.h"
 #include "widgets/WrappedLabel.h"
 
@@ -26,18 +27,21 @@ class FaultSign : public QWidget {
 
 FaultLine::FaultLine(QWidget* parent)
     : QWidget(parent), m_contents(new QWidget(this)), m_sign(new FaultSign), m_text(new WrappedLabel),
-      m_button(new QPushButton) {
+      m_button(new QPushButton), m_row(new QHBoxLayout) {
     m_sign->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_text->setObjectName(QStringLiteral("textFault"));
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_button->setObjectName(QStringLiteral("quorviButtonMend"));
     m_button->setAutoDefault(false);
+    m_row->setSpacing(metrics::rowGap);
+    m_row->addWidget(m_text, 1);
+    m_row->addWidget(m_button);
     auto* row = new QHBoxLayout(m_contents);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(metrics::rowGap);
     row->addWidget(m_sign);
-    row->addWidget(m_text, 1);
-    row->addWidget(m_button);
+    row->addLayout(m_row, 1);
     QSizePolicy policy = m_contents->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_contents->setSizePolicy(policy);
@@ -57,6 +61,22 @@ void FaultLine::say(const QString& text, const QString& buttonTitle) {
     m_button->setVisible(!buttonTitle.isEmpty());
     m_contents->show();
     show();
+    placeButton();
+}
+
+void FaultLine::placeButton() {
+    constexpr int lines = 2; // no higher than the button beside it
+    const int room = width() - m_sign->sizeHint().width() - metrics::rowGap;
+    const int beside = room - metrics::rowGap - m_button->sizeHint().width();
+    const bool fits =
+        m_button->isHidden() || m_text->heightForWidth(beside) <= lines * m_text->fontMetrics().lineSpacing();
+    m_row->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_row->setAlignment(m_button, fits ? Qt::Alignment() : Qt::AlignLeft);
+}
+
+void FaultLine::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    placeButton();
 }
 
 void FaultLine::clear() {

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -10,7 +11,8 @@ namespace quorvi {
 
 class FaultSign;
 
-/// Takes no room while its text is empty, except after pause().
+/// Takes no room while its text is empty, except after pause(). The button stands next to the text, or below
+/// it where the text would be squeezed.
 class FaultLine : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString buttonTitle READ buttonTitle WRITE setButtonTitle)
@@ -41,11 +43,17 @@ class FaultLine : public QWidget {
     /// The button was clicked.
     void mendingChosen();
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    void placeButton();
+
     QWidget* m_contents;
     FaultSign* m_sign;
     QLabel* m_text;
     QPushButton* m_button;
+    QBoxLayout* m_row; ///< of text and button
 };
 
 } // namespace quorvi

@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace quorvi {
 
 namespace {
@@ -38,13 +40,26 @@ QSize LineLabel::sizeHint() const {
     return m_measured->size.expandedTo(minimumSize());
 }
 
+QStringList LineLabel::forms() const {
+    const QString between = QStringLiteral(" · ");
+    QStringList forms{buddy() ? withoutKey(text()) : text()};
+    while (forms.last().contains(between))
+        forms << forms.last().left(forms.last().lastIndexOf(between));
+    if (!m_shortText.isEmpty())
+        forms << m_shortText;
+    return forms;
+}
+
+int LineLabel::leastWidth() const {
+    return fontMetrics().horizontalAdvance(forms().last());
+}
+
 QString LineLabel::shownText() const {
     const QFontMetrics font = fontMetrics();
-    QString shown = buddy() ? withoutKey(text()) : text();
-    const QString between = QStringLiteral(" · ");
-    while (font.horizontalAdvance(shown) > width() && shown.contains(between))
-        shown.truncate(shown.lastIndexOf(between));
-    return font.elidedText(shown, Qt::ElideRight, width());
+    const QStringList all = forms();
+    const auto fits = [&](const QString& form) { return font.horizontalAdvance(form) <= width(); };
+    const auto longest = std::ranges::find_if(all, fits);
+    return longest != all.end() ? *longest : font.elidedText(all.last(), Qt::ElideRight, width());
 }
 
 void LineLabel::paintEvent(QPaintEvent* event) {

@@ -5,13 +5,14 @@
 
 #include <utility>
 
+#include "widgets/Metrics.h"
 #include "widgets/ThemeColours.h"
 
 namespace quorvi {
 
 StateLabel::StateLabel(QWidget* parent) : QLabel(parent) {
     setForegroundRole(QPalette::HighlightedText);
-    setAttribute(Qt::WA_TransparentForMouseEvents); // the pointer reaches the label below
+    setAttribute(Qt::WA_TransparentForMouseEvents); // the pointer reaches what is below
 }
 
 void StateLabel::setWarning(bool warns) {
@@ -23,13 +24,23 @@ void StateLabel::paintEvent(QPaintEvent* event) {
     if (m_warns && !text().isEmpty())
         return paintWarning();
     if (!text().isEmpty())
-        QPainter(this).fillRect(rect(), markGroundColour(palette()));
+        paintGround(markGroundColour(palette()));
     QLabel::paintEvent(event);
 }
 
-void StateLabel::paintWarning() {
+/// Nothing of what it covers is seen at its corners.
+void StateLabel::paintGround(const QColor& colour) {
     QPainter painter(this);
-    painter.fillRect(rect(), warningGroundColour());
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(rect(), metrics::corner, metrics::corner);
+}
+
+void StateLabel::paintWarning() {
+    paintGround(warningGroundColour());
+    QPainter painter(this);
     QPalette colours = palette();
     colours.setColor(foregroundRole(), warningTextColour());
     const auto place = QStyle::visualAlignment(layoutDirection(), alignment());

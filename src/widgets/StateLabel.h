@@ -1,5 +1,5 @@
 // A label for a state, on the theme's highlight colour, which nothing around it has, or on amber for a
-// warning. Without a text it is invisible to the eye and the pointer, so it can cover another label.
+// warning. Without a text it is invisible to the eye and the pointer, so it can cover other controls.
 #pragma once
 
 #include <QLabel>
@@ -20,6 +20,7 @@ class StateLabel : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void paintGround(const QColor& colour);
     void paintWarning();
 
     bool m_warns = false;

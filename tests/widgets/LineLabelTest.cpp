@@ -102,6 +102,20 @@ class LineLabelTest : public QObject {
         QVERIFY(m_line.shownText().endsWith(QChar(0x2026)));
     }
 
+    void theShortFormStandsForATextThatDoesNotFit() {
+        LineLabel label;
+        label.setText("12 of 16 steps · 1.8 s");
+        QCOMPARE(label.leastWidth(), label.fontMetrics().horizontalAdvance("12 of 16 steps"));
+        label.setShortText("12 of 16");
+        QCOMPARE(label.leastWidth(), label.fontMetrics().horizontalAdvance("12 of 16"));
+        label.resize(label.leastWidth(), 20);
+        QCOMPARE(label.shownText(), QStringLiteral("12 of 16"));
+        label.resize(label.leastWidth() / 2, 20);
+        QVERIFY(label.shownText().startsWith("1") && label.shownText().endsWith(QChar(0x2026)));
+        label.resize(label.sizeHint());
+        QCOMPARE(label.shownText(), label.text());
+    }
+
   private:
     std::array<QLabel*, 2> labels() { return {&m_plain, &m_line}; }
 

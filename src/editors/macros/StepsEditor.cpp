@@ -20,6 +20,7 @@
 #include "resources/MenuTags.h"
 #include "resources/TableTags.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/LineLabel.h"
 #include "widgets/ShownText.h"
 #include "window/ActionNames.h"
 #include "window/ListButtons.h"
@@ -72,10 +73,12 @@ void StepsEditor::showHeading() {
     const bool isShown = document.hasDevice() && document.macroIndex() >= 0;
     m_views.heading.setText(
         isShown ? shownName(QString::fromStdU16String(document.macro().string(keys::name))) : QString());
-    const QString steps = filledText(m_context.text("^1 of ^2 s&teps"),
-        {QString::number(document.macroSteps().size()), QString::number(limits::macroSteps)});
+    const QStringList numbers{
+        QString::number(document.macroSteps().size()), QString::number(limits::macroSteps)};
+    const QString steps = filledText(m_context.text("^1 of ^2 s&teps"), numbers);
     const QString length = shownLength();
     m_views.count.setText(length.isEmpty() ? steps : filledText(m_context.text("^1 · ^2"), {steps, length}));
+    m_views.count.setShortText(filledText(m_context.text("^1 of ^2"), numbers));
 }
 
 // The delay behind the last step takes no time: nothing comes after it.

@@ -19,12 +19,14 @@ class QPushButton;
 
 namespace quorvi {
 
+class LineLabel;
+
 /// The recording of a macro, and of a single key, as the commands of the lists see it.
 struct RecordingCommands {
     std::function<bool()> isRunning;
-    /// Starts or stops one. One of a single step replaces the selected step.
     /// What the recording has left is offered to be put right, elsewhere than at the steps.
     std::function<bool(const StepCheck& fault)> offersToMend;
+    /// Starts or stops one. One of a single step replaces the selected step.
     std::function<void(bool start, bool oneStep)> startOrStop;
     /// What the command that starts and stops is called now.
     std::function<QString()> title;
@@ -45,8 +47,8 @@ class StepsEditor final {
         QPushButton& gearButton;
         QMenu& delays; ///< the items of the cells with delays
         FaultLine& faults;
-        QLabel& heading; ///< the macro's name
-        QLabel& count;   ///< of its steps, and how long they take
+        QLabel& heading;  ///< the macro's name
+        LineLabel& count; ///< of its steps, and how long they take
     };
 
     StepsEditor(const EditorContext& context, const Views& views, RecordingCommands recording);
