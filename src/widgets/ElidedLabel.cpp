@@ -3,7 +3,15 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace quorvi {
+
+QSize ElidedLabel::sizeHint() const {
+    constexpr int letters = 10;
+    const QFontMetrics font = fontMetrics();
+    return {std::min(font.horizontalAdvance(text()), letters * font.averageCharWidth()), font.height()};
+}
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);

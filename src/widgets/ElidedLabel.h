@@ -5,14 +5,14 @@
 
 namespace quorvi {
 
-/// A plain text in one line. Its size hint is 0 wide, whatever the text is.
+/// A plain text in one line. A longer text asks for no more room than some letters need.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
   public:
     explicit ElidedLabel(QWidget* parent = nullptr) : QLabel(parent) {}
 
-    [[nodiscard]] QSize sizeHint() const override { return {0, fontMetrics().height()}; }
+    [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:

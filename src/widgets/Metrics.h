@@ -23,7 +23,7 @@ inline constexpr int narrowPageMargin = 12; ///< the same on a narrow page
 inline constexpr int pageTop = 12;
 inline constexpr int pageBottom = 8;
 inline constexpr int maxContentWidth = 900; ///< of a page without its margins; it is centred beyond
-inline constexpr int narrowWidth = 700;     ///< a page below this width is narrow
+inline constexpr int narrowWidth = 620;     ///< a page below this width is narrow
 inline constexpr int leastWidth = 580;      ///< the minimum of the window; every control stays reachable
 inline constexpr int leastPage = 160;       ///< height of a page that scrolls
 

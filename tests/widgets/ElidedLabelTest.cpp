@@ -35,6 +35,18 @@ class ElidedLabelTest : public QObject {
   private slots:
     void cleanup() { QGuiApplication::setLayoutDirection(Qt::LeftToRight); }
 
+    void asksForTheRoomOfSomeLettersWhileItHasAText() {
+        ElidedLabel label;
+        QCOMPARE(label.minimumSizeHint().width(), 0);
+        label.setText("s");
+        QCOMPARE(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance("s"));
+        label.setText("Ctrl+S, Ctrl+Shift+E");
+        const int some = label.minimumSizeHint().width();
+        QVERIFY(some >= label.fontMetrics().horizontalAdvance("…Shift+E"));
+        label.setText(label.text() + label.text());
+        QCOMPARE(label.minimumSizeHint().width(), some);
+    }
+
     void theDotsStandWhereTheTextBeginsInEitherWindow() {
         ElidedLabel label;
         label.setText(QStringLiteral("Ctrl+S, Ctrl+Shift+E, Enter, Ctrl+S, Ctrl+Shift+E, Enter"));
