@@ -1,5 +1,6 @@
 #include "widgets/KyvarQuorviTableView.h"
 
+#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -249,6 +250,10 @@ void KyvarQuorviTableView::makeNumbers() {
     setRowHeights(*this);
     verticalHeader()->setDefaultSectionSize(height);
     verticalHeader()->show();
+    // A disabled corner has another colour than the titles beside it.
+    setCornerButtonEnabled(true);
+    findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)
+        ->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void KyvarQuorviTableView::setRowMoves(RowMoves moves) {

@@ -1,5 +1,6 @@
 #include "widgets/MarkedCells.h"
 
+#include <QApplication>
 #include <QPainter>
 
 #include "widgets/Metrics.h"
@@ -26,6 +27,24 @@ void drawFocus(QPainter& painter, const QStyleOptionViewItem& option) {
     painter.drawRect(option.rect.adjusted(1, 1, -2, -2));
 }
 
+/// On the list's own ground: styles draw the box of a selected row with the frame or the tick of another one,
+/// which the row's colour hides.
+void drawSelectedBox(QPainter& painter, const QStyleOptionViewItem& cell) {
+    const QStyle* style = cell.widget ? cell.widget->style() : QApplication::style();
+    QStyleOptionViewItem box = cell;
+    box.rect = style->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &cell, cell.widget);
+    box.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    box.state |= cell.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(cell.palette.color(QPalette::Base));
+    constexpr int corner = 2; // no rounder than the box itself
+    painter.drawRoundedRect(box.rect.adjusted(-1, -1, 1, 1), corner, corner);
+    painter.restore();
+    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, cell.widget);
+}
+
 } // namespace
 
 void MarkedCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
@@ -44,6 +63,9 @@ void MarkedCells::paint(
     QStyleOptionViewItem cell = option;
     cell.state &= ~QStyle::State_HasFocus;
     QStyledItemDelegate::paint(painter, cell, index);
+    initStyleOption(&cell, index);
+    if ((cell.features & QStyleOptionViewItem::HasCheckIndicator) && (cell.state & QStyle::State_Selected))
+        drawSelectedBox(*painter, cell);
     if (index.data(markRole).toBool())
         drawWarningSign(*painter, warningIn(option), cellTextColour(option));
     if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange))

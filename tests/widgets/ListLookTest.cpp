@@ -1,4 +1,5 @@
 // How a list looks: how high it is, which one has the focus, and the buttons below it.
+#include <QAbstractButton>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -68,6 +69,19 @@ class ListLookTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void theCornerAboveTheNumbersLooksLikeTheTitlesAndSelectsNothing() {
+        Page page(3);
+        page.list.setSeveralSelectable();
+        page.list.setRowsNumbered();
+        page.show();
+        auto* corner = page.list.findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+        QVERIFY(corner && corner->isVisible());
+        QVERIFY(corner->isEnabled());
+        QTest::mouseClick(page.window.windowHandle(), Qt::LeftButton, {},
+            corner->mapTo(&page.window, corner->rect().center()));
+        QCOMPARE(page.list.selectedRows().size(), std::size_t(0));
+    }
+
     void theTextOfAnEmptyListStandsInItsMiddle_data() {
         QTest::addColumn<Qt::LayoutDirection>("direction");
         QTest::newRow("from the left") << Qt::LeftToRight;

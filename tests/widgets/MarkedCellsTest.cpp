@@ -70,6 +70,27 @@ class MarkedCellsTest : public QObject {
         QVERIFY(cells.hasColour(0, Qt::red));
     }
 
+    void theBoxOfASelectedRowStandsOnTheListsGround() {
+        Cells cells;
+        auto* item = new QStandardItem;
+        item->setCheckable(true);
+        item->setCheckState(Qt::Checked);
+        cells.model.setItem(0, item);
+        cells.table.selectRow(0);
+        const QImage selected = cells.drawn(0);
+        QStyleOptionViewItem option;
+        option.initFrom(&cells.table);
+        option.rect = QRect(QPoint(), selected.size());
+        option.features |= QStyleOptionViewItem::HasCheckIndicator;
+        const QRect box =
+            cells.table.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &cells.table);
+        QVERIFY(box.isValid());
+        QCOMPARE(selected.pixelColor(box.right() + 1, box.center().y()), QColor(Qt::white));
+        QCOMPARE(selected.pixelColor(box.right() + 4, box.center().y()), QColor(Qt::black));
+        cells.table.clearSelection();
+        QCOMPARE(cells.drawn(0).copy(box), selected.copy(box));
+    }
+
     void theMarkHasTheColourOfTheText() {
         Cells cells;
         cells.mark(0);
