@@ -1,8 +1,10 @@
 #include "widgets/NumberField.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QWheelEvent>
 
 #include <utility>
@@ -24,6 +26,7 @@ NumberField::NumberField(QWidget* parent) : QSpinBox(parent) {
     // The panel writes its numbers in these digits everywhere, without separators.
     setLocale(QLocale::c());
     connect(this, QOverload<int>::of(&QSpinBox::valueChanged), this, &NumberField::choose);
+    chooseDirection();
 }
 
 void NumberField::join(KyvarQuorviSlider& slider, Scale scale) {
@@ -94,6 +97,21 @@ void NumberField::keyPressEvent(QKeyEvent* event) {
         event->ignore(); // the panel's own undo is meant
     else
         QSpinBox::keyPressEvent(event);
+}
+
+/// Adwaita covers the buttons of a mirrored field with its text; the minus then stands before the number like
+/// a sign. Numbers are written from the left anyway.
+void NumberField::chooseDirection() {
+    if (QApplication::style()->objectName().startsWith(QLatin1String("adwaita")))
+        setLayoutDirection(Qt::LeftToRight);
+    else
+        unsetLayoutDirection();
+}
+
+void NumberField::changeEvent(QEvent* event) {
+    QSpinBox::changeEvent(event);
+    if (event->type() == QEvent::StyleChange)
+        chooseDirection();
 }
 
 void NumberField::wheelEvent(QWheelEvent* event) {

@@ -44,10 +44,12 @@ class NumberField : public QSpinBox {
     QValidator::State validate(QString& input, int& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void choose(int number);
     void showSlider();
+    void chooseDirection();
 
     QPointer<KyvarQuorviSlider> m_slider;
     Scale m_scale;

@@ -16,6 +16,32 @@ class NumberFieldTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void noButtonHidesBehindTheNumberOfAMirroredField_data() {
+        QTest::addColumn<QString>("style");
+        for (const char* style : {"fusion", "adwaita"})
+            QTest::newRow(style) << style;
+    }
+    void noButtonHidesBehindTheNumberOfAMirroredField() {
+        QFETCH(QString, style);
+        const QString usual = QApplication::style()->objectName();
+        if (!QApplication::setStyle(style))
+            QFAIL("the style is not installed");
+        m_window->setLayoutDirection(Qt::RightToLeft);
+        m_window->adjustSize();
+        QStyleOptionSpinBox option;
+        option.initFrom(m_field);
+        option.buttonSymbols = m_field->buttonSymbols();
+        option.frame = m_field->hasFrame();
+        const auto part = [&](QStyle::SubControl control) {
+            return m_field->style()->subControlRect(QStyle::CC_SpinBox, &option, control, m_field);
+        };
+        const QRect number = m_field->findChild<QLineEdit*>()->geometry();
+        const bool covers = number.intersects(part(QStyle::SC_SpinBoxUp).adjusted(2, 0, -2, 0)) ||
+                            number.intersects(part(QStyle::SC_SpinBoxDown).adjusted(2, 0, -2, 0));
+        QApplication::setStyle(usual);
+        QVERIFY(!covers);
+    }
+
     void init() {
         m_window = std::make_unique<QWidget>();
         auto* layout = new QVBoxLayout(m_window.get());
