@@ -9,7 +9,7 @@ namespace quorvi {
 namespace {
 
 constexpr int kEmptyTextMargin = 24;
-constexpr int kLeastMargin = 4; // in a list that is too low for the text and the usual one
+constexpr int kLeastMargin = 4; // at the sides, in a list that is too low for the text and the usual one
 
 } // namespace
 
@@ -31,8 +31,12 @@ void EmptyText::fit() {
     setGeometry(
         before > after ? room.adjusted(0, 0, after - before, 0) : room.adjusted(after - before, 0, 0, 0));
     setMargin(kEmptyTextMargin);
-    if (heightForWidth(width()) > height())
-        setMargin(kLeastMargin);
+    setContentsMargins(0, 0, 0, 0);
+    if (heightForWidth(width()) > height()) {
+        // Lines in the middle need no margin above and below them.
+        setMargin(0);
+        setContentsMargins(kLeastMargin, 0, kLeastMargin, 0);
+    }
     setVisible(!m_list.model() || m_list.model()->rowCount() == 0);
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/GrabFocusFilter.h"
 #include "widgets/AccessibleTable.h"
 #include "widgets/ColumnLayout.h"
 #include "widgets/FocusRing.h"
@@ -119,8 +120,10 @@ bool KyvarQuorviTableView::edit(const QModelIndex& index, EditTrigger trigger, Q
     if (isPopUp(index) && !editsPopUp(index, trigger, event))
         return false;
     const bool editing = QTableView::edit(index, trigger, event);
-    if (QWidget* field = editing ? indexWidget(index) : nullptr)
+    if (QWidget* field = editing ? indexWidget(index) : nullptr) {
         field->setAccessibleName(model()->headerData(index.column(), Qt::Horizontal).toString());
+        hideGrabsDuring(*field);
+    }
     return editing;
 }
 

@@ -66,6 +66,9 @@ void ProfileButton::keepColour() {
         return; // while it is made
     QPalette colours = label()->palette();
     const QPalette::ColorRole role = label()->foregroundRole();
+    // All groups: Qt 5 no longer takes the role from the button's palette once one of them is set.
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        colours.setColor(group, role, palette().color(group, role));
     colours.setColor(QPalette::Disabled, role, palette().color(QPalette::Active, role));
     label()->setPalette(colours);
 }

@@ -190,8 +190,8 @@ class SpokenProfilesTest : public QObject {
         QVERIFY(controls.press("push button 'Other application'", controls.opens("Choose an Application")));
         QVERIFY(controls.type(
             kFileName, "/bin/true", [&] { return controls.find(kFileName).text() == "/bin/true"; }));
-        tab.walk.press({"Return"});
-        QTRY_VERIFY(tab.assigned(1, u"true")());
+        // Not by Return: Qt's bridge for screen readers leaks the release of a key whose window has gone.
+        QVERIFY(controls.press("push button 'Choose'", tab.assigned(1, u"true")));
         QVERIFY(tab.choose("Remove Application", tab.assigned(1, u"")));
         const QStringList operated{"Assign Application…", "Remove Application"};
         QStringList leftOut = leftToTheTab(operated);

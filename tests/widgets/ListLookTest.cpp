@@ -100,6 +100,19 @@ class ListLookTest : public QObject {
         QTRY_COMPARE(text->mapTo(&page.list, text->rect().center()).x(), page.list.rect().center().x());
     }
 
+    void theTextOfAnEmptyListIsWholeInAListAsLowAsItsLines() {
+        Page page(0);
+        page.list.setEmptyText("Nothing yet.\nAdd something.");
+        page.show();
+        const auto* text = page.list.viewport()->findChild<QLabel*>();
+        const QRect room(0, 0, 300, 300);
+        const int lines = text->fontMetrics().boundingRect(room, Qt::TextWordWrap, text->text()).height();
+        page.list.setFixedHeight(page.list.height() - page.list.viewport()->height() + lines);
+        QTRY_COMPARE(text->height(), lines);
+        QVERIFY(text->heightForWidth(text->width()) <= lines);
+        QVERIFY(text->contentsRect().left() > 0); // letters do not touch the list's frame
+    }
+
     void aListIsAsHighAsTheRowsThatItShows() {
         for (const int rows : {1, 5}) {
             Page page(rows);
