@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <charconv>
 #include <csignal>
 #include <fstream>
@@ -67,9 +68,20 @@ void Session::activateHelper() {
 }
 
 void Session::killHelper() {
-    for (const pid_t id : helpers())
+    const std::vector<pid_t> killed = helpers();
+    ProcessSerialNumber before;
+    const bool wasKnown = m_bus->findProcessByName(kHelperName, &before) == noErr;
+    for (const pid_t id : killed)
         ::kill(id, SIGKILL);
-    if (!QTest::qWaitFor([this] { return !runs(kHelperName) && helpers().empty(); }, kWindowPatienceMs))
+    // The panel may start another one before anybody has looked.
+    const auto hasGone = [&] {
+        ProcessSerialNumber now;
+        const bool isKnown = m_bus->findProcessByName(kHelperName, &now) == noErr;
+        const std::vector<pid_t> running = helpers();
+        return !(wasKnown && isKnown && now == before) &&
+               std::ranges::find_first_of(running, killed) == running.end();
+    };
+    if (!QTest::qWaitFor(hasGone, kWindowPatienceMs))
         qFatal("the helper cannot be killed");
 }
 

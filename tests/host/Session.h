@@ -35,7 +35,8 @@ class Session {
     /// Has the bus start the bundle's helper, as it does for whoever calls it, and waits until it can be
     /// found.
     void activateHelper();
-    /// Ends the helper by force, and waits until it has left the bus.
+    /// Ends the helper by force, and waits until it has left the bus. The panel starts another one as soon as
+    /// it has something to tell it.
     void killHelper();
     /// The ids of the helper processes of this session.
     [[nodiscard]] std::vector<pid_t> helpers() const;
