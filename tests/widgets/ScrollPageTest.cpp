@@ -86,10 +86,10 @@ class ScrollPageTest : public QObject {
     }
 
     void asksForTheNarrowFormBelowTheNarrowWidth() {
-        open(699, 600);
+        open(619, 600);
         QVERIFY(m_page->isNarrow());
         QCOMPARE(m_narrow->takeFirst().first().toBool(), true);
-        m_page->resize(700, 600);
+        m_page->resize(620, 600);
         QTRY_COMPARE(m_narrow->count(), 1);
         QCOMPARE(m_narrow->takeFirst().first().toBool(), false);
     }
