@@ -40,7 +40,9 @@ KyvarQuorviTableView::KyvarQuorviTableView(QWidget* parent)
     setTabKeyNavigation(false);
     // An accidental key press must not start replacing a name.
     setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed);
-    setCornerButtonEnabled(false);
+    // It selects nothing. Disabled it would have another colour than the titles beside it.
+    findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)
+        ->setAttribute(Qt::WA_TransparentForMouseEvents);
     verticalHeader()->hide();
     setRowHeights(*this);
     horizontalHeader()->setHighlightSections(false);
@@ -253,10 +255,6 @@ void KyvarQuorviTableView::makeNumbers() {
     setRowHeights(*this);
     verticalHeader()->setDefaultSectionSize(height);
     verticalHeader()->show();
-    // A disabled corner has another colour than the titles beside it.
-    setCornerButtonEnabled(true);
-    findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)
-        ->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void KyvarQuorviTableView::setRowMoves(RowMoves moves) {
