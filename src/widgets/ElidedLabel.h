@@ -5,7 +5,8 @@
 
 namespace quorvi {
 
-/// A plain text in one line. A longer text asks for no more room than some letters need.
+/// A plain text in one line. It asks for the room of some letters at most, and gives it up where a page is
+/// narrow: what is being played must not widen the window.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -13,7 +14,7 @@ class ElidedLabel : public QLabel {
     explicit ElidedLabel(QWidget* parent = nullptr) : QLabel(parent) {}
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

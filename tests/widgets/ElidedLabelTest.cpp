@@ -37,14 +37,15 @@ class ElidedLabelTest : public QObject {
 
     void asksForTheRoomOfSomeLettersWhileItHasAText() {
         ElidedLabel label;
-        QCOMPARE(label.minimumSizeHint().width(), 0);
+        QCOMPARE(label.sizeHint().width(), 0);
         label.setText("s");
-        QCOMPARE(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance("s"));
+        QCOMPARE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance("s"));
         label.setText("Ctrl+S, Ctrl+Shift+E");
-        const int some = label.minimumSizeHint().width();
+        const int some = label.sizeHint().width();
         QVERIFY(some >= label.fontMetrics().horizontalAdvance("…Shift+E"));
         label.setText(label.text() + label.text());
-        QCOMPARE(label.minimumSizeHint().width(), some);
+        QCOMPARE(label.sizeHint().width(), some);
+        QCOMPARE(label.minimumSizeHint().width(), 0); // or it would widen the window
     }
 
     void theDotsStandWhereTheTextBeginsInEitherWindow() {
