@@ -9,7 +9,6 @@
 #include "document/Document.h"
 #include "live/LiveHelper.h"
 #include "model/Keys.h"
-#include "platform/ViewActivation.h"
 #include "session/HelperLink.h"
 #include "widgets/ConnectionSign.h"
 #include "widgets/KyvarQuorviTableView.h"
@@ -17,6 +16,7 @@
 #include "widgets/ProfileButton.h"
 #include "widgets/ShownText.h"
 #include "widgets/SymbolIcon.h"
+#include "widgets/ViewActivation.h"
 
 namespace quorvi {
 

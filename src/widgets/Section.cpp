@@ -26,6 +26,11 @@ void Section::setHeaded(bool headed) {
     update();
 }
 
+void Section::setHeadingActive(bool active) {
+    m_headingActive = active;
+    update();
+}
+
 QFont Section::headingFont() const {
     QFont heading = font();
     heading.setBold(true);
@@ -63,7 +68,11 @@ void Section::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(headingFont());
     const QRect place(0, 0, width(), painter.fontMetrics().height());
     const int alignment = int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter));
-    style()->drawItemText(&painter, place, alignment, palette(), isEnabled(), m_title, QPalette::WindowText);
+    QPalette colours = palette();
+    if (!m_headingActive)
+        colours.setCurrentColorGroup(QPalette::Disabled);
+    const bool isActive = isEnabled() && m_headingActive;
+    style()->drawItemText(&painter, place, alignment, colours, isActive, m_title, QPalette::WindowText);
 }
 
 } // namespace quorvi

@@ -23,6 +23,9 @@ class Section : public QWidget {
     [[nodiscard]] bool isHeaded() const { return m_headed; }
     void setHeaded(bool headed);
 
+    /// Greys the heading, or takes that back; the section itself stays enabled. See makeViewActive().
+    void setHeadingActive(bool active);
+
     /// Wide enough for the heading.
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QSize sizeHint() const override;
@@ -38,6 +41,7 @@ class Section : public QWidget {
 
     QString m_title;
     bool m_headed = true;
+    bool m_headingActive = true;
 };
 
 } // namespace quorvi

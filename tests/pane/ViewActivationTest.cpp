@@ -1,6 +1,6 @@
 // Greying a tree of views.
 
-#include "platform/ViewActivation.h"
+#include "widgets/ViewActivation.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -12,6 +12,8 @@
 #include <QTableView>
 #include <QTest>
 #include <QVBoxLayout>
+
+#include "widgets/Section.h"
 
 using namespace quorvi;
 
@@ -49,6 +51,21 @@ class ViewActivationTest : public QObject {
         for (const QLabel* label : texts())
             QCOMPARE(
                 colourOf(label), QApplication::palette(label).color(QPalette::Active, QPalette::WindowText));
+    }
+
+    void headingsOfSectionsAreGreyedLikeTexts() {
+        Section section;
+        section.setTitle(QStringLiteral("Stages"));
+        const QImage active = section.grab().toImage();
+        makeViewActive(&section, false);
+        QVERIFY(section.isEnabled());
+        const QImage inactive = section.grab().toImage();
+        section.setEnabled(false);
+        QVERIFY(inactive == section.grab().toImage());
+        section.setEnabled(true);
+        makeViewActive(&section, true);
+        QVERIFY(active != inactive);
+        QVERIFY(section.grab().toImage() == active);
     }
 
     void containersKeepTheirOwnState() {

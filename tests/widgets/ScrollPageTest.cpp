@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
-#include "platform/ViewActivation.h"
+#include "widgets/ViewActivation.h"
 #include "widgets/WidgetTestMain.h"
 
 using namespace quorvi;

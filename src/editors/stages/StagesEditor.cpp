@@ -9,10 +9,10 @@
 #include "editors/stages/StagesModel.h"
 #include "model/Keys.h"
 #include "model/Limits.h"
-#include "platform/ViewActivation.h"
 #include "widgets/CheckBox.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/KyvarQuorviTableView.h"
+#include "widgets/ViewActivation.h"
 #include "window/ActionNames.h"
 #include "window/Sheets.h"
 

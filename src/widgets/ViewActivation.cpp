@@ -1,4 +1,4 @@
-#include "platform/ViewActivation.h"
+#include "widgets/ViewActivation.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -11,6 +11,8 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QTabWidget>
+
+#include "widgets/Section.h"
 
 namespace quorvi {
 
@@ -50,6 +52,8 @@ void makeViewActive(QWidget* view, bool active) {
     } else if (isControl(view)) {
         view->setEnabled(active);
     } else {
+        if (auto* section = qobject_cast<Section*>(view))
+            section->setHeadingActive(active);
         const auto children = view->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
         for (QWidget* child : children)
             if (!child->isWindow())
