@@ -20,6 +20,14 @@ namespace {
 /// For calls without their own timeout: the bus itself answers well within a millisecond.
 constexpr milliseconds kBusCallTimeout{500};
 
+/// Whether the called process made the answer. One that was called by a well-known name answers as itself.
+bool isAnswerTo(sd_bus_message* call, sd_bus_message* reply) {
+    const std::string_view called = sd_bus_message_get_destination(call);
+    const char* sender = sd_bus_message_get_sender(reply);
+    return called.starts_with(':') ? sender && called == sender
+                                   : called != events::kBusName || events::isOfTheBus(reply);
+}
+
 /// Exchanges greetings with the bus. Gives up in time on a bus that accepts the connection but never answers.
 bool becomeReady(sd_bus* bus, milliseconds timeout) {
     const auto deadline = steady_clock::now() + timeout;
@@ -69,9 +77,13 @@ events::MessageRef EventBus::Private::send(
     sd_bus_message* reply = nullptr;
     const int result =
         sd_bus_call(bus.get(), message.get(), static_cast<std::uint64_t>(left.count()), error.get(), &reply);
+    const auto answer = events::adopt(reply);
     status = result < 0 ? events::statusOf(*error.get(), result) : noErr;
     notifyPending();
-    return events::adopt(reply);
+    if (!answer || isAnswerTo(message.get(), answer.get()))
+        return answer;
+    status = connectionInvalid;
+    return {};
 }
 
 bool EventBus::Private::hasPending() const {

@@ -59,7 +59,7 @@ int KnownProcesses::receiveChange(sd_bus_message* message, void* known, sd_bus_e
 
 int KnownProcesses::receiveRuleAdded(sd_bus_message* message, void* known, sd_bus_error*) {
     auto& self = *static_cast<KnownProcesses*>(known);
-    self.m_refused = sd_bus_message_is_method_error(message, nullptr) > 0;
+    self.m_refused = isOfTheBus(message) && sd_bus_message_is_method_error(message, nullptr) > 0;
     if (self.m_refused)
         self.m_found.clear();
     return 1;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cerrno>
 
 #include "events/EventBusPrivate.h"
 #include "events/EventsInterface.h"
@@ -10,18 +11,31 @@ using std::chrono::steady_clock;
 
 namespace {
 
-constexpr char kBusName[] = "org.freedesktop.DBus";
-constexpr char kBusPath[] = "/org/freedesktop/DBus";
-
 /// For a whole look-up, however many queries it needs.
 constexpr std::chrono::milliseconds kLookupTimeout{1000};
+
+/// How often the bus is asked the same. A foreign answer that bears the number of a question takes the place
+/// of its own (SdBus.h); the next question has another number.
+constexpr int kAttempts = 3;
+
+/// Asks until the answer is not a failure that the bus is not known to give.
+template <typename... Arguments>
+events::MessageRef askBus(EventBus::Private& connection, const char* member,
+    EventBus::Private::Deadline deadline, Status& status, const char* signature, Arguments... arguments) {
+    using events::kBusName;
+    for (int attempt = 1;; ++attempt) {
+        auto reply = connection.call(
+            kBusName, events::kBusPath, kBusName, member, deadline, status, signature, arguments...);
+        if (status != connectionInvalid || attempt == kAttempts || !connection.isOpen())
+            return reply;
+    }
+}
 
 /// The serial number of a name's owner; procNotFound if it no longer has one.
 Status ownerOf(EventBus::Private& connection, const std::string& name, EventBus::Private::Deadline deadline,
     ProcessSerialNumber& psn) {
     Status status = noErr;
-    const auto reply =
-        connection.call(kBusName, kBusPath, kBusName, "GetNameOwner", deadline, status, "s", name.c_str());
+    const auto reply = askBus(connection, "GetNameOwner", deadline, status, "s", name.c_str());
     const char* owner = nullptr;
     if (!reply)
         return status;
@@ -37,7 +51,7 @@ template <typename Wanted>
 Status listNames(EventBus::Private& connection, EventBus::Private::Deadline deadline, Wanted&& wanted,
     std::vector<std::string>& processNames) {
     Status status = noErr;
-    const auto reply = connection.call(kBusName, kBusPath, kBusName, "ListNames", deadline, status, "");
+    const auto reply = askBus(connection, "ListNames", deadline, status, "");
     if (!reply)
         return status;
     if (sd_bus_message_enter_container(reply.get(), 'a', "s") < 0)
@@ -126,8 +140,8 @@ std::vector<ProcessSerialNumber> EventBus::processesInLine(std::string_view proc
     std::vector<ProcessSerialNumber> line;
     Status status = noErr;
     const std::string name = events::wellKnownName(processName);
-    const auto reply = d->call(kBusName, kBusPath, kBusName, "ListQueuedOwners",
-        steady_clock::now() + kLookupTimeout, status, "s", name.c_str());
+    const auto reply =
+        askBus(*d, "ListQueuedOwners", steady_clock::now() + kLookupTimeout, status, "s", name.c_str());
     if (!reply || sd_bus_message_enter_container(reply.get(), 'a', "s") < 0)
         return line;
     const char* process = nullptr;
@@ -157,7 +171,10 @@ void EventBus::Private::dispatch(ProcessesChanged) {
 NameResult EventBus::ownName(std::string_view processName, NameMode mode) {
     const std::string name = events::wellKnownName(processName);
     const std::uint64_t flags = mode == NameMode::queueBehindOwner ? SD_BUS_NAME_QUEUE : 0;
-    const int result = sd_bus_request_name(d->bus.get(), name.c_str(), flags);
+    int result = -EIO;
+    const auto isAnswered = [&] { return result >= 0 || result == -EEXIST || result == -EALREADY; };
+    for (int attempt = 0; attempt < kAttempts && !isAnswered() && d->isOpen(); ++attempt)
+        result = sd_bus_request_name(d->bus.get(), name.c_str(), flags);
     d->notifyPending();
     if (result == -EEXIST)
         return NameResult::taken;

@@ -19,7 +19,7 @@ int receiveLeft(sd_bus_message* message, void* watch, sd_bus_error*) {
 
 int receiveHasOwner(sd_bus_message* message, void* watch, sd_bus_error*) {
     int hasOwner = 1;
-    if (sd_bus_message_read_basic(message, 'b', &hasOwner) > 0 && !hasOwner)
+    if (events::isOfTheBus(message) && sd_bus_message_read_basic(message, 'b', &hasOwner) > 0 && !hasOwner)
         reportGone(*static_cast<const Watch*>(watch));
     return 1;
 }
@@ -39,8 +39,8 @@ void EventBus::watchProcess(const ProcessSerialNumber& psn) {
     // The process may have left before the rule existed. The bus answers in order, so this check leaves no
     // gap.
     slot = nullptr;
-    sd_bus_call_method_async(d->bus.get(), &slot, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-        "org.freedesktop.DBus", "NameHasOwner", receiveHasOwner, &entry->second, "s", name.c_str());
+    sd_bus_call_method_async(d->bus.get(), &slot, events::kBusName, events::kBusPath, events::kBusName,
+        "NameHasOwner", receiveHasOwner, &entry->second, "s", name.c_str());
     entry->second.leftBefore.reset(slot);
     d->notifyPending();
 }

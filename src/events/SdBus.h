@@ -41,11 +41,16 @@ class BusError {
     sd_bus_error m_error = {nullptr, nullptr, 0};
 };
 
-/// Whether the bus itself sent the signal. A match rule with this sender's name does not ensure it: the
-/// library also delivers signals that any connection addresses to this one.
-[[nodiscard]] inline bool isOfTheBus(sd_bus_message* signal) {
-    const char* sender = sd_bus_message_get_sender(signal);
-    return sender && std::string_view(sender) == "org.freedesktop.DBus";
+/// The bus itself, as a process that is called. Its interface has the same name.
+constexpr char kBusName[] = "org.freedesktop.DBus";
+constexpr char kBusPath[] = "/org/freedesktop/DBus";
+
+/// Whether the bus itself sent the signal or answer. Neither a match rule with this sender's name nor a call
+/// to it ensures that: the library also delivers signals that any connection addresses to this one, and takes
+/// any answer that bears the number of a call.
+[[nodiscard]] inline bool isOfTheBus(sd_bus_message* message) {
+    const char* sender = sd_bus_message_get_sender(message);
+    return sender && std::string_view(sender) == kBusName;
 }
 
 /// The rule for the bus's signal that the connection with that unique name has left it.

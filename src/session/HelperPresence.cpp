@@ -87,8 +87,8 @@ void HelperLink::follow() {
         return;
     ProcessSerialNumber helper;
     const Status found = findProcess(kHelperName, &helper);
-    if (found == errAETimeout)
-        return; // a busy bus answers neither
+    if (found != noErr && found != procNotFound && m_panel.bus->isConnected())
+        return; // not known: the bus is too busy, or its answers are disturbed by another program's
     if (std::exchange(m_helper, helper) != helper)
         m_listHasCome = false; // another helper's list has not arrived yet
     if (m_panel.bus)
@@ -123,7 +123,7 @@ void HelperLink::tellOfSave() {
     Status told = sendMessage(kMessageSettingsSaved, profile);
     // A bus too busy to look up the helper still delivers messages to the known one. If another has replaced
     // it, that one reads the file when it starts.
-    if (told == errAETimeout)
+    if (told != noErr && told != procNotFound)
         told = m_panel.bus->send(m_helper, makeCommand(kMessageSettingsSaved, profile));
     if (told != noErr)
         bringBack();

@@ -6,6 +6,7 @@
 #include "pane/PaneFixture.h"
 #include "pane/PaneTestMain.h"
 #include "support/SliderTools.h"
+#include "support/Storm.h"
 #include "support/Tabs.h"
 #include "widgets/KyvarQuorviSlider.h"
 #include "widgets/PopUpButton.h"
@@ -70,6 +71,23 @@ class HelperPresenceTest : public QObject {
         bus.goOn();
         QVERIFY(panel.commandsBecome({"KyPR 0"}));
         QCOMPARE(panel.notice(), QString());
+        QCOMPARE(int(panel.launches()), 0);
+    }
+
+    void answersThatAnotherProgramMakesUpHideNeitherTheHelperNorASave() {
+        Panel panel;
+        panel.openWith(PaneFixture::sampleTree());
+        ProcessSerialNumber itself;
+        QCOMPARE(EventBus::connect()->findProcessByName("KyvarQuorviPane", &itself), noErr);
+        Storm forger(itself);
+        for (std::uint64_t number = 1; number <= 1000; ++number)
+            forger.sendUnwantedReply(number, true);
+        forger.awaitPassedOn();
+        emit panel.pane->sysPrefWindowDidBecomeKey(); // looks for the helper
+        QVERIFY(panel.pane->saveSettings(panel.pane->deviceConfig()));
+        QVERIFY(panel.commandsBecome({"KyPR 0"}));
+        QCOMPARE(panel.notice(), QString());
+        QCOMPARE(panel.state(), kConnected);
         QCOMPARE(int(panel.launches()), 0);
     }
 

@@ -12,6 +12,7 @@
 #include "events/DeviceList.h"
 #include "events/EventsInterface.h"
 #include "events/ProcessName.h"
+#include "events/SdBus.h"
 #include "support/ChildProcess.h"
 
 namespace quorvi::test {
@@ -105,6 +106,13 @@ void Storm::drain() {
     }
 }
 
+void Storm::awaitPassedOn() {
+    drain();
+    if (sd_bus_call_method(m_bus.get(), events::kBusName, events::kBusPath, "org.freedesktop.DBus.Peer",
+            "Ping", nullptr, nullptr, "") < 0)
+        throw std::runtime_error("the bus does not answer the storm");
+}
+
 bool Storm::isTakenIn() {
     drain();
     const auto call = newCall("/", "org.freedesktop.DBus.Peer", "Ping");
@@ -139,7 +147,7 @@ void Storm::sendCommand(FourCharCode command, std::int32_t parameter) {
 void Storm::sendMalformed() {
     constexpr std::array<Kind, 9> kinds{&Storm::sendWrongCodes, &Storm::sendWrongParameter,
         &Storm::sendWrongSize, &Storm::sendManyParameters, &Storm::sendWrongSignature, &Storm::sendToNobody,
-        &Storm::sendUnwantedReply, &Storm::sendForgedSignal, &Storm::sendUnknownCommand};
+        &Storm::sendUnwantedReplyToAnyCall, &Storm::sendForgedSignal, &Storm::sendUnknownCommand};
     (this->*kinds[random(kinds.size())])();
 }
 
@@ -236,14 +244,18 @@ void Storm::sendToNobody() {
     send(message);
 }
 
-void Storm::sendUnwantedReply() {
-    // An answer to a call that the target never made of us: only its number can be guessed.
+void Storm::sendUnwantedReplyToAnyCall() {
+    const std::size_t number = 1 + random(1000); // which can only be guessed
+    sendUnwantedReply(number, random(2) != 0);
+}
+
+void Storm::sendUnwantedReply(std::uint64_t number, bool isError) {
     const auto call = newSend();
-    sd_bus_message_seal(call.get(), 1 + random(1000), 0);
+    sd_bus_message_seal(call.get(), number, 0);
     sd_bus_message* answer = nullptr;
-    const int made = random(2) == 0
-                         ? sd_bus_message_new_method_return(call.get(), &answer)
-                         : sd_bus_message_new_method_errorf(call.get(), &answer, SD_BUS_ERROR_FAILED, "No.");
+    const int made = isError
+                         ? sd_bus_message_new_method_errorf(call.get(), &answer, SD_BUS_ERROR_FAILED, "No.")
+                         : sd_bus_message_new_method_return(call.get(), &answer);
     if (made < 0 || sd_bus_message_set_destination(answer, m_target.c_str()) < 0)
         throw std::runtime_error("the answer cannot be made");
     send(owned(answer));

@@ -29,9 +29,15 @@ class Storm {
     void sendMalformed();
     /// A device list whose bytes are that many; the count is said to be 1.
     void sendListOfSize(std::size_t bytes);
+    /// An answer to the call with that number, which the target never made of us: an error, or an empty
+    /// reply.
+    void sendUnwantedReply(std::uint64_t number, bool isError);
     /// A command, without wanting a reply.
     void sendCommand(FourCharCode message, std::int32_t parameter);
 
+    /// Waits until the bus has taken everything sent so far: the target receives it before any answer to its
+    /// own later calls.
+    void awaitPassedOn();
     /// Waits until the target has received everything sent so far. Returns false if it does not answer.
     [[nodiscard]] bool isTakenIn();
 
@@ -54,7 +60,7 @@ class Storm {
     void sendManyParameters();
     void sendWrongSignature();
     void sendToNobody();
-    void sendUnwantedReply();
+    void sendUnwantedReplyToAnyCall();
     void sendForgedSignal();
     void sendUnknownCommand();
 

@@ -7,13 +7,6 @@
 
 namespace quorvi::front {
 
-namespace {
-
-constexpr char kBusName[] = "org.freedesktop.DBus";
-constexpr char kBusPath[] = "/org/freedesktop/DBus";
-
-} // namespace
-
 WatchedName::WatchedName(const EventBus& bus, std::string name, std::function<void()> function)
     : m_name(std::move(name)), m_function(std::move(function)) {
     auto* connection = bus.connection().bus.get();
@@ -23,8 +16,8 @@ WatchedName::WatchedName(const EventBus& bus, std::string name, std::function<vo
     m_match = events::matchSignal(connection, rule.c_str(), receiveChange, this);
     sd_bus_slot* slot = nullptr;
     // After the rule, so that no change is missed.
-    if (sd_bus_call_method_async(connection, &slot, kBusName, kBusPath, kBusName, "GetNameOwner",
-            receiveOwner, this, "s", m_name.c_str()) >= 0)
+    if (sd_bus_call_method_async(connection, &slot, events::kBusName, events::kBusPath, events::kBusName,
+            "GetNameOwner", receiveOwner, this, "s", m_name.c_str()) >= 0)
         m_question.reset(slot);
 }
 

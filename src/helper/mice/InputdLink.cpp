@@ -15,8 +15,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char kBusName[] = "org.freedesktop.DBus";
-constexpr char kBusPath[] = "/org/freedesktop/DBus";
 constexpr char kOwnerRule[] =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
     "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='com.kyvar.Inputd1'";
@@ -112,8 +110,9 @@ InputdLink::InputdLink(sd_bus* bus, InputdListener& listener)
     : m_bus(bus), m_listener(listener), m_calls(bus),
       m_ownerMatch(events::matchSignal(bus, kOwnerRule, ownerChanged, this)),
       m_signalMatch(events::matchSignal(bus, kSignalRule, signalled, this)) {
-    m_calls.call(m_calls.newCall(kBusName, kBusPath, kBusName, "GetNameOwner", "s", kName), kServicePatience,
-        [this](sd_bus_message* reply, std::string_view error) {
+    m_calls.call(
+        m_calls.newCall(events::kBusName, events::kBusPath, events::kBusName, "GetNameOwner", "s", kName),
+        kServicePatience, [this](sd_bus_message* reply, std::string_view error) {
             const char* owner = nullptr;
             if (error.empty() && sd_bus_message_read_basic(reply, 's', &owner) > 0 && m_owner.empty())
                 setOwner(owner);

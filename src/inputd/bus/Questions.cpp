@@ -47,8 +47,8 @@ int Questions::answered(sd_bus_message* reply, void* question, sd_bus_error* /*e
 }
 
 bool Questions::userOf(const char* connection, std::function<void(std::optional<uid_t>)> answer) {
-    const auto call = newCall(m_bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-        "GetConnectionUnixUser");
+    const auto call =
+        newCall(m_bus, events::kBusName, events::kBusPath, events::kBusName, "GetConnectionUnixUser");
     if (!call || !hasRoom() || sd_bus_message_append_basic(call.get(), 's', connection) < 0)
         return false;
     return ask(call, kUsualTimeout, [answer = std::move(answer)](sd_bus_message* reply) {
