@@ -262,6 +262,41 @@ class Merger {
     bool m_conflict = false;
 };
 
+/// Whether the tree has the profile and the stage that these settings name.
+bool hasCurrent(const Dictionary& tree, const Dictionary& settings) {
+    const auto isNumberOf = [&](std::string_view key, const Array& list) {
+        const std::int32_t number = settings.integer(key);
+        return number >= 1 && static_cast<std::size_t>(number) <= list.size();
+    };
+    const Array profiles = tree.array(keys::profiles);
+    return isNumberOf(keys::profileId, profiles) &&
+           isNumberOf(keys::stage,
+               profiles.dictionary(static_cast<std::size_t>(settings.integer(keys::profileId) - 1))
+                   .array(keys::stages));
+}
+
+void takeCurrent(const Dictionary& settings, const Dictionary& from) {
+    for (const auto key : kCurrent)
+        if (const Value& value = from.value(key); value.isNothing())
+            settings.remove(key);
+        else
+            settings.set(key, value);
+}
+
+/// If what one side has chosen as current went with the other's change, what the other has chosen is current.
+/// Returns whether that was so.
+bool replacesCurrent(const Dictionary& merged, const Dictionary& side, const Dictionary& other) {
+    const Dictionary settings = merged.dictionary(keys::settings);
+    const Dictionary choice = side.dictionary(keys::settings);
+    const Dictionary instead = other.dictionary(keys::settings);
+    const bool isGone = settings && equalIn(settings, choice, kChosen) && hasCurrent(side, choice) &&
+                        !hasCurrent(merged, choice);
+    if (!isGone || !hasCurrent(merged, instead))
+        return false;
+    takeCurrent(settings, instead);
+    return true;
+}
+
 /// Sets the other value, or updates in place if both are containers of one kind.
 template <typename Set>
 void bringValueTo(const Value& now, const Value& other, Set&& set);
@@ -311,8 +346,10 @@ MergedSettings mergeSettings(const Value& base, const Dictionary& ours, const Di
     Merger merger;
     const auto merged = merger.merge(Role::tree, base, copyOfOurs, copyOfTheirs);
     const auto tree = plist::mutableDeepCopy(merged.dictionary());
+    replacesCurrent(tree, copyOfOurs.dictionary(), copyOfTheirs.dictionary());
+    const bool losesTheirs = replacesCurrent(tree, copyOfTheirs.dictionary(), copyOfOurs.dictionary());
     cleanUpSettings(tree);
-    return {tree, merger.conflict()};
+    return {tree, merger.conflict() || losesTheirs};
 }
 
 void bringTo(const Dictionary& tree, const Dictionary& other) {

@@ -14,7 +14,8 @@ struct MergedSettings {
 /// - a key of a dictionary, and an item of an array whose length neither has changed; else the array,
 /// - each light of "ledstate",
 /// - an assignment of a button, and the application of a profile, whole,
-/// - the current profile and stage with their resolution, if either has changed,
+/// - the current profile and stage with their resolution, if either has changed; the other's if they went
+///   with the other's change,
 /// - a profile's stages with the default one, if their number has changed.
 /// The result has all profiles and macros that either has appended, ours first, with unique names and
 /// identifiers, within the limits: if two new macros have the same identifier, ours gets a free one, and our

@@ -95,6 +95,50 @@ TEST_F(SettingsMerge, agreesWhereBothHaveChangedTheSameAlike) {
     EXPECT_EQ(Value(merged), Value(ours));
 }
 
+TEST_F(SettingsMerge, leavesAProfileThatTheOtherHasRemoved) {
+    settingsOf(ours).set("profileid", 2);
+    settingsOf(ours).set("dpix", 1600);
+    profileOf(theirs, 0).set("defaultstage", 2);
+    settingsOf(theirs).set("stage", 2);
+    theirs.array("profiles").remove(1);
+    EXPECT_FALSE(merge()); // both have chosen
+    EXPECT_EQ(Value(settingsOf(merged)), Value(settingsOf(theirs)));
+    settingsOf(theirs).set("stage", 1);
+    EXPECT_TRUE(merge());
+    EXPECT_EQ(Value(settingsOf(merged)), Value(settingsOf(theirs)));
+}
+
+TEST_F(SettingsMerge, saysThatTheirChosenProfileIsGone) {
+    settingsOf(theirs).set("profileid", 2);
+    ours.array("profiles").remove(1);
+    EXPECT_FALSE(merge());
+    EXPECT_EQ(Value(settingsOf(merged)), Value(settingsOf(ours)));
+}
+
+TEST_F(SettingsMerge, leavesAStageThatTheOtherHasRemoved) {
+    settingsOf(ours).set("stage", 2);
+    profileOf(theirs, 0).array("stages").remove(1);
+    EXPECT_TRUE(merge());
+    EXPECT_EQ(settingsOf(merged).integer("stage"), 1);
+}
+
+TEST_F(SettingsMerge, keepsAStageThatWasNeverThere) {
+    settingsOf(ours).set("profileid", 2);
+    settingsOf(ours).set("stage", 5); // shown as the last one
+    settingsOf(theirs).set("pollingrate", 125);
+    EXPECT_TRUE(merge());
+    EXPECT_EQ(settingsOf(merged).integer("profileid"), 2);
+    EXPECT_EQ(settingsOf(merged).integer("stage"), 5);
+}
+
+TEST_F(SettingsMerge, leavesACurrentProfileAloneThatNeitherHas) {
+    settingsOf(base).set("profileid", 7);
+    settingsOf(theirs).set("profileid", 8);
+    settingsOf(ours).set("profileid", 7);
+    EXPECT_TRUE(merge());
+    EXPECT_EQ(settingsOf(merged).integer("profileid"), 8);
+}
+
 TEST_F(SettingsMerge, takesRemovedAndNewKeysForChanges) {
     base.set("firmware", 1);
     ours.set("ours", 1);
