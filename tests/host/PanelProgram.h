@@ -64,7 +64,7 @@ class PanelProgram {
     }
     [[nodiscard]] bool clickReachesTheMouse() const { return clickIsSaved() && mouseFollows(); }
 
-    Session session;
+    Session session{Storage::memory};
     std::unique_ptr<OpenProgram> program;
 
   private:

@@ -36,7 +36,7 @@ pid_t processId(const fs::path& folder) {
 
 } // namespace
 
-Session::Session() = default;
+Session::Session(Storage storage) : home(storage) {}
 
 Session::~Session() {
     m_bus.reset();

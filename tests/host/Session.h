@@ -23,7 +23,7 @@ constexpr int kFirstProfileLights = 212 + 1; ///< bit 0 the wheel, bit 1 the bat
 /// every panel; it ends with the bus, and its staying ends the test program.
 class Session {
   public:
-    Session();
+    explicit Session(Storage storage = Storage::disk);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

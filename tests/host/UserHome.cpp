@@ -1,6 +1,7 @@
 #include "host/UserHome.h"
 
 #include <QDirIterator>
+#include <QFileInfo>
 
 #include <fstream>
 #include <iterator>
@@ -13,9 +14,16 @@ namespace {
 
 constexpr std::int32_t kSensitivityInForce = 1200; // the defaults' second stage, the current one, has 800
 
+/// What the name of the folder begins with.
+QString templateIn(Storage storage) {
+    const QFileInfo memory(QStringLiteral("/dev/shm"));
+    const bool inMemory = storage == Storage::memory && memory.isDir() && memory.isWritable();
+    return (inMemory ? memory.filePath() : QDir::tempPath()) + QStringLiteral("/quorvi-home-XXXXXX");
+}
+
 } // namespace
 
-UserHome::UserHome() {
+UserHome::UserHome(Storage storage) : m_folder(templateIn(storage)) {
     if (!m_folder.isValid())
         qFatal("no home folder");
 }

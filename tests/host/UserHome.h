@@ -10,9 +10,15 @@
 
 namespace quorvi::test {
 
+enum class Storage : bool {
+    disk,
+    memory, ///< where there is one: what a disk takes for others' writes is not in the times that a test
+            ///< measures
+};
+
 class UserHome {
   public:
-    UserHome();
+    explicit UserHome(Storage storage = Storage::disk);
 
     [[nodiscard]] std::string path() const { return m_folder.path().toStdString(); }
     [[nodiscard]] std::filesystem::path settingsFile() const;
